@@ -1,0 +1,210 @@
+#include "drawing/DrawingSurface.h"
+
+#include "drawing/PixelRows.h"
+
+#include <QTransform>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+/// Beyond this distance from the raster, coordinates are no drawing any more and only endanger the rasteriser.
+constexpr double farthestCoordinate = 1 << 22;
+
+/// Length of a mitre, in line widths, up to which corners are pointed.
+constexpr double sharpestMiter = 10;
+
+QPainter::CompositionMode painterMode(Compositing mode)
+{
+    switch (mode) {
+    case Compositing::Replace:
+        return QPainter::CompositionMode_Source;
+    case Compositing::SourceOver:
+        return QPainter::CompositionMode_SourceOver;
+    case Compositing::SourceAtop:
+        return QPainter::CompositionMode_SourceAtop;
+    }
+    Q_UNREACHABLE();
+}
+
+bool isWithinReach(const QRectF &bounds)
+{
+    return std::abs(bounds.left()) < farthestCoordinate && std::abs(bounds.right()) < farthestCoordinate &&
+           std::abs(bounds.top()) < farthestCoordinate && std::abs(bounds.bottom()) < farthestCoordinate;
+}
+
+QPen penOf(const Colour &colour, double width, const std::vector<double> &dash)
+{
+    // Corners sharper than the limit are cut flat, so that a line that turns back does not grow a spike.
+    QPen pen(colour.toQColor(), width, Qt::SolidLine, Qt::FlatCap, Qt::SvgMiterJoin);
+    pen.setMiterLimit(sharpestMiter);
+    if (!dash.empty() && width > 0) {
+        QList<qreal> inPenWidths;
+        for (const double length : dash)
+            inPenWidths.append(length / width);
+        pen.setDashPattern(inPenWidths);
+    }
+    return pen;
+}
+} // namespace
+
+DrawingSurface::DrawingSurface(QImage &raster)
+    : m_raster(raster), m_bits(raster.bits()), m_clip(raster.rect()), m_painter(&raster)
+{
+    m_painter.setRenderHint(QPainter::Antialiasing);
+    m_painter.setRenderHint(QPainter::SmoothPixmapTransform);
+}
+
+DrawingSurface::~DrawingSurface() = default;
+
+void DrawingSurface::setColour(const OptionalColour &colour)
+{
+    if (colour)
+        m_colours = {*colour, *colour};
+}
+
+void DrawingSurface::setFillColour(const OptionalColour &colour)
+{
+    m_colours.fill = colour.value_or(m_colours.fill);
+}
+
+void DrawingSurface::clipToRows(int bottom, int count)
+{
+    m_clip = toDevice(QRect(0, bottom, m_raster.width(), count)) & m_raster.rect();
+    m_painter.setClipRect(m_clip);
+}
+
+void DrawingSurface::fillRect(const QRect &rect, Compositing mode)
+{
+    const QRect target = toDevice(rect) & m_clip;
+    if (target.isEmpty())
+        return;
+    if (mode == Compositing::Replace)
+        return replacePixels(target, m_colours.fill.toPremultipliedPixel());
+    m_painter.setCompositionMode(painterMode(mode));
+    m_painter.fillRect(target, m_colours.fill.toQColor());
+}
+
+void DrawingSurface::frameRect(const QRect &rect, int width)
+{
+    if (width <= 0 || rect.isEmpty())
+        return;
+    const int across = std::min(width, rect.width());
+    const int up = std::min(width, rect.height());
+    fillRect(QRect(rect.left(), rect.top(), rect.width(), up));
+    fillRect(QRect(rect.left(), rect.top() + rect.height() - up, rect.width(), up));
+    fillRect(QRect(rect.left(), rect.top(), across, rect.height()));
+    fillRect(QRect(rect.left() + rect.width() - across, rect.top(), across, rect.height()));
+}
+
+void DrawingSurface::fillPath(const QPainterPath &path)
+{
+    const QPainterPath devicePath = toDevice(path);
+    const QRectF bounds = devicePath.controlPointRect();
+    if (!isWithinReach(bounds) || isOutsideClip(bounds))
+        return;
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.fillPath(devicePath, m_colours.fill.toQColor());
+}
+
+void DrawingSurface::strokePath(const QPainterPath &path, double width, const std::vector<double> &dash)
+{
+    if (!(width >= 0) || path.isEmpty())
+        return;
+    const QPainterPath devicePath = toDevice(path);
+    const QRectF bounds = devicePath.controlPointRect();
+    const double reach = sharpestMiter * width + 2; // mitres and antialiasing
+    if (!isWithinReach(bounds.adjusted(-reach, -reach, reach, reach)) ||
+        isOutsideClip(bounds.adjusted(-reach, -reach, reach, reach)))
+        return;
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    m_painter.strokePath(devicePath, penOf(m_colours.stroke, width, dash));
+}
+
+void DrawingSurface::drawText(const QPoint &bottomLeft, const TextLine &text, const TextColours &colours)
+{
+    const QRect box = toDevice(QRect(bottomLeft, text.size()));
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
+    if (colours.background && box.intersects(m_clip))
+        m_painter.fillRect(box, colours.background->toQColor());
+    if (text.hasMasks())
+        return drawMasks(bottomLeft, text.size().height(), text.masks(), colours.foreground);
+    for (const QPainterPath &outline : text.outlines()) {
+        const QPainterPath glyph = outline.translated(box.topLeft());
+        if (isWithinReach(glyph.controlPointRect()) && !isOutsideClip(glyph.controlPointRect()))
+            m_painter.fillPath(glyph, colours.foreground.toQColor());
+    }
+}
+
+void DrawingSurface::drawMasks(const QPoint &bottomLeft, int boxHeight, std::span<const TextLine::PlacedMask> masks,
+                               const Colour &colour)
+{
+    const QRgb pixel = colour.toPremultipliedPixel();
+    const QPoint boxTopLeft = toDevice(QRect(bottomLeft, QSize(0, boxHeight))).topLeft();
+    QRect bounds;
+    for (const auto &[mask, offset] : masks)
+        bounds |= QRect(boxTopLeft + offset, mask->size());
+    bounds &= m_clip;
+
+    for (int y = bounds.top(); y <= bounds.bottom(); ++y) {
+        QRgb *row = pixels(y);
+        for (const auto &[mask, offset] : masks) {
+            const QPoint topLeft = boxTopLeft + offset;
+            const int left = std::max(topLeft.x(), m_clip.left());
+            const int right = std::min(topLeft.x() + mask->width(), m_clip.right() + 1);
+            if (y < topLeft.y() || y >= topLeft.y() + mask->height() || left >= right)
+                continue;
+            const uchar *coverage = mask->constScanLine(y - topLeft.y()) + left - topLeft.x();
+            PixelRows::blend(row + left, coverage, right - left, pixel);
+        }
+    }
+}
+
+void DrawingSurface::drawImage(const QImage &image, const QRectF &rect, Compositing mode, double opacity)
+{
+    const QRectF target(rect.x(), m_raster.height() - rect.y() - rect.height(), rect.width(), rect.height());
+    m_painter.setCompositionMode(painterMode(mode));
+    m_painter.setOpacity(opacity);
+    m_painter.drawImage(target, image);
+    m_painter.setOpacity(1);
+}
+
+void DrawingSurface::saveState()
+{
+    m_saved.push_back(m_colours);
+}
+
+void DrawingSurface::restoreState()
+{
+    if (m_saved.empty())
+        return;
+    m_colours = m_saved.back();
+    m_saved.pop_back();
+}
+
+QRect DrawingSurface::toDevice(const QRect &rect) const
+{
+    return {rect.left(), m_raster.height() - rect.top() - rect.height(), rect.width(), rect.height()};
+}
+
+QPainterPath DrawingSurface::toDevice(const QPainterPath &path) const
+{
+    return QTransform(1, 0, 0, -1, 0, m_raster.height()).map(path);
+}
+
+bool DrawingSurface::isOutsideClip(const QRectF &deviceBounds) const
+{
+    return deviceBounds.bottom() <= m_clip.top() || deviceBounds.top() >= m_clip.bottom() + 1 ||
+           deviceBounds.right() <= m_clip.left() || deviceBounds.left() >= m_clip.right() + 1;
+}
+
+void DrawingSurface::replacePixels(const QRect &deviceRect, QRgb pixel)
+{
+    for (int y = deviceRect.top(); y <= deviceRect.bottom(); ++y)
+        std::fill_n(pixels(y) + deviceRect.left(), deviceRect.width(), pixel);
+}
+
+QRgb *DrawingSurface::pixels(int y)
+{
+    return reinterpret_cast<QRgb *>(m_bits + m_raster.bytesPerLine() * y);
+}

@@ -1,0 +1,55 @@
+#include "drawing/Raster.h"
+
+#include <cstdlib>
+#include <sys/mman.h>
+#include <utility>
+
+namespace {
+constexpr std::size_t hugePage = std::size_t{2} << 20;
+/// Vector loops split rows by the alignment of their memory; the same alignment everywhere, the same pixels everywhere.
+constexpr std::size_t vectorAlignment = 64;
+
+/// A large raster stands on huge pages: it is filled without a page fault for every 4 KiB, and what is drawn across
+/// its rows does not wait for the address of each.
+QImage allocated(const QSize &size)
+{
+    const qsizetype rowBytes = qsizetype{size.width()} * qsizetype{sizeof(QRgb)};
+    const auto bytes = static_cast<std::size_t>(rowBytes * size.height());
+    const std::size_t alignment = bytes < hugePage ? vectorAlignment : hugePage;
+    const std::size_t whole = (bytes + alignment - 1) / alignment * alignment;
+    auto *memory = static_cast<uchar *>(std::aligned_alloc(alignment, whole));
+    if (!memory)
+        return {};
+    if (alignment == hugePage)
+        madvise(memory, whole, MADV_HUGEPAGE); // where the kernel refuses, ordinary pages serve
+    return QImage(memory, size.width(), size.height(), rowBytes, Raster::format, std::free, memory);
+}
+} // namespace
+
+namespace Raster {
+
+bool canHold(qint64 width, qint64 height)
+{
+    return width > 0 && height > 0 && width <= longestSide && height <= longestSide && width * height <= mostPixels;
+}
+
+QImage make(qint64 width, qint64 height)
+{
+    QImage raster = reuse({}, width, height);
+    if (!raster.isNull())
+        raster.fill(Qt::transparent);
+    return raster;
+}
+
+QImage reuse(QImage old, qint64 width, qint64 height)
+{
+    if (!canHold(width, height))
+        return {};
+    const QSize size(static_cast<int>(width), static_cast<int>(height));
+    if (old.size() == size && old.format() == format && old.isDetached())
+        return old;
+    old = {};
+    return allocated(size);
+}
+
+} // namespace Raster

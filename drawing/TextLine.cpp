@@ -1,0 +1,197 @@
+#include "drawing/TextLine.h"
+
+#include <QFont>
+#include <QFontDatabase>
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QHash>
+#include <QPainter>
+#include <QRawFont>
+#include <QTextLayout>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+/// Texts are shaped at this size and scaled from there: unhinted outlines scale exactly, and Qt's fonts know
+/// whole pixel sizes only.
+constexpr int shapingSize = 256;
+/// Wider than the longest text at the shaping size.
+constexpr double widestLine = 16'000'000;
+/// Masks are widened to whole vectors of pixels, so that blending a row of one has no odd end to care for.
+constexpr int vectorPixels = 16;
+/// Letters below this code need no shaping; without it each letter's place depends on the letters before it alone.
+constexpr ushort firstShapedCharacter = 0x250;
+
+const QString &houseFontFamily()
+{
+    static const QString family = [] {
+        const int font = QFontDatabase::addApplicationFont(":/fonts/Inter-Regular.otf");
+        return QFontDatabase::applicationFontFamilies(font).value(0);
+    }();
+    return family;
+}
+
+QFont shapingFont(const QString &text)
+{
+    QFont font(houseFontFamily());
+    font.setPixelSize(shapingSize);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setKerning(false);
+    const bool isPlain = std::ranges::all_of(text, [](QChar c) { return c.unicode() < firstShapedCharacter; });
+    if (isPlain)
+        font.setStyleStrategy(QFont::PreferNoShaping);
+    return font;
+}
+
+QString singleLine(const QString &text)
+{
+    QString line = text.left(TextLine::longestText);
+    for (QChar &c : line) {
+        const bool isBreak =
+            c == u'\n' || c == u'\r' || c == u'\t' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+        if (isBreak)
+            c = u' ';
+    }
+    return line;
+}
+
+struct ShapedGlyph
+{
+    QRawFont font;
+    quint32 index;
+    QPointF position; ///< on the base line, at the shaping size
+};
+
+struct ShapedText
+{
+    std::vector<ShapedGlyph> glyphs; ///< from left to right
+    double width = 0;
+};
+
+ShapedText shape(const QString &text)
+{
+    QTextLayout layout(text, shapingFont(text));
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setFlags(QTextOption::IncludeTrailingSpaces);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(widestLine);
+    layout.endLayout();
+
+    ShapedText shaped;
+    const double ascent = line.ascent();
+    for (const QGlyphRun &run : line.glyphRuns()) {
+        const QList<quint32> indexes = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        for (qsizetype i = 0; i < indexes.size(); ++i)
+            shaped.glyphs.push_back({run.rawFont(), indexes[i], positions[i] - QPointF(0, ascent)});
+    }
+    std::ranges::stable_sort(shaped.glyphs, {}, [](const ShapedGlyph &glyph) { return glyph.position.x(); });
+    shaped.width = line.naturalTextWidth();
+    return shaped;
+}
+
+/// The coverage of an outline whose origin stands at a whole pixel.
+TextLine::PlacedMask maskOf(const QPainterPath &outline)
+{
+    QRect bounds = outline.boundingRect().toAlignedRect();
+    bounds.setWidth((bounds.width() + vectorPixels - 1) / vectorPixels * vectorPixels);
+    QImage mask(bounds.size(), QImage::Format_Alpha8);
+    mask.fill(0);
+    QPainter painter(&mask);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-bounds.topLeft());
+    painter.fillPath(outline, Qt::black);
+    painter.end();
+    return {std::make_shared<const QImage>(mask), bounds.topLeft()};
+}
+
+/// The glyphs of the house's font that have been drawn so far, by size.
+class GlyphCache
+{
+public:
+    struct Glyph
+    {
+        QPainterPath outline;
+        TextLine::PlacedMask mask; ///< relative to the glyph's origin; null for blanks and large sizes
+    };
+
+    static GlyphCache &instance()
+    {
+        static GlyphCache cache;
+        return cache;
+    }
+
+    const Glyph &glyph(const ShapedGlyph &shaped, double pointSize, bool withMask)
+    {
+        if (shaped.font.familyName() != houseFontFamily())
+            return m_foreign = made(shaped, pointSize, withMask);
+        const Key key{pointSize, shaped.index};
+        const auto known = m_glyphs.constFind(key);
+        if (known != m_glyphs.constEnd())
+            return *known;
+        if (m_glyphs.size() >= mostGlyphs)
+            m_glyphs.clear();
+        return *m_glyphs.insert(key, made(shaped, pointSize, withMask));
+    }
+
+private:
+    using Key = std::pair<double, quint32>;
+    /// A chart uses a few dozen glyphs in three sizes; this many take a few megabytes.
+    static constexpr qsizetype mostGlyphs = 1024;
+
+    static Glyph made(const ShapedGlyph &shaped, double pointSize, bool withMask)
+    {
+        const double scale = pointSize / shapingSize;
+        Glyph glyph;
+        glyph.outline = QTransform::fromScale(scale, scale).map(shaped.font.pathForGlyph(shaped.index));
+        glyph.outline.setFillRule(Qt::WindingFill);
+        if (withMask && !glyph.outline.isEmpty())
+            glyph.mask = maskOf(glyph.outline);
+        return glyph;
+    }
+
+    QHash<Key, Glyph> m_glyphs;
+    Glyph m_foreign;
+};
+} // namespace
+
+TextLine::TextLine(const QString &text, double pointSize) : m_pointSize(pointSize)
+{
+    if (text.isEmpty() || !(pointSize > 0) || pointSize > largestPointSize)
+        return;
+
+    const ShapedText shaped = shape(singleLine(text));
+    const double scale = pointSize / shapingSize;
+    const QFontMetricsF metrics(shapingFont({}));
+    const int ascent = static_cast<int>(std::ceil(metrics.ascent() * scale));
+    const int descent = static_cast<int>(std::ceil(metrics.descent() * scale));
+
+    int pen = 0;
+    for (std::size_t i = 0; i < shaped.glyphs.size(); ++i) {
+        const ShapedGlyph &glyph = shaped.glyphs[i];
+        const QPoint origin(pen, ascent + qRound(glyph.position.y() * scale));
+        const auto &[outline, mask] = GlyphCache::instance().glyph(glyph, pointSize, hasMasks());
+        if (!outline.isEmpty())
+            m_outlines.push_back({outline, origin});
+        if (mask.mask)
+            m_masks.push_back({mask.mask, origin + mask.topLeft});
+
+        const bool isLast = i + 1 == shaped.glyphs.size();
+        const double next = isLast ? shaped.width : shaped.glyphs[i + 1].position.x();
+        pen += qRound((next - glyph.position.x()) * scale);
+    }
+    m_size = QSize(pen, ascent + descent);
+}
+
+std::vector<QPainterPath> TextLine::outlines() const
+{
+    std::vector<QPainterPath> outlines;
+    for (const auto &[path, origin] : m_outlines)
+        outlines.push_back(path.translated(origin));
+    return outlines;
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QImage>
+#include <QPainterPath>
+#include <QPoint>
+#include <QSize>
+#include <QString>
+
+#include <memory>
+#include <vector>
+
+/// One line of text in the house's font (Inter, embedded, so that a wall looks the same on every machine), shaped once
+/// and drawn any number of times. One point is one pixel. Glyphs are not hinted and stand at whole pixels, so that a
+/// glyph has one mask per size. What Inter lacks comes from the machine's fonts; line breaks and tabs become blanks.
+/// Main thread only.
+class TextLine
+{
+public:
+    /// Sizes above this, and sizes of 0 or less, give an empty line: nothing readable would fit a raster.
+    static constexpr double largestPointSize = 16384;
+    /// Longer texts are cut here, so that a damaged file cannot keep the program busy.
+    static constexpr qsizetype longestText = 16384;
+
+    TextLine() = default;
+    TextLine(const QString &text, double pointSize);
+
+    /// The text's box in pixels: the sum of the advances by the font's ascent and descent. (0, 0) for an empty line.
+    QSize size() const { return m_size; }
+
+    /// The outline of each glyph, y down, with the top left of the text's box at (0, 0). Glyphs are filled one after
+    /// the other: where two share a pixel, the second lies over the first.
+    std::vector<QPainterPath> outlines() const;
+
+    /// A glyph's coverage (`QImage::Format_Alpha8`) and where its top left stands in the text's box, y down.
+    struct PlacedMask
+    {
+        std::shared_ptr<const QImage> mask;
+        QPoint topLeft;
+    };
+    /// Empty for a size whose masks would be too large to keep; then outlines() serves.
+    const std::vector<PlacedMask> &masks() const { return m_masks; }
+    bool hasMasks() const { return m_pointSize <= largestMaskSize; }
+
+private:
+    static constexpr double largestMaskSize = 1024;
+
+    struct PlacedOutline
+    {
+        QPainterPath path; ///< y down, origin at the glyph's own
+        QPoint origin;     ///< in the text's box
+    };
+
+    QSize m_size{0, 0};
+    double m_pointSize = 0;
+    std::vector<PlacedOutline> m_outlines;
+    std::vector<PlacedMask> m_masks;
+};

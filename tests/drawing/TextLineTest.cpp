@@ -1,0 +1,110 @@
+#include "drawing/TextLine.h"
+
+#include <QPainter>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+/// The text as the painter fills its outlines, black on white.
+QImage paintedOutline(const TextLine &line)
+{
+    QImage image(line.size(), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QPainterPath &outline : line.outlines())
+        painter.fillPath(outline, Qt::black);
+    return image;
+}
+} // namespace
+
+TEST(TextLine, TheBoxIsAdvancesByAscentAndDescent)
+{
+    const TextLine line("A1 ", 50);
+
+    EXPECT_EQ(line.size().height(), 49 + 13); // Inter: 0.96875 and 0.2415 of the size, rounded up
+    EXPECT_EQ(line.size().width(),
+              TextLine("A", 50).size().width() + TextLine("1", 50).size().width() + TextLine(" ", 50).size().width());
+    EXPECT_GT(TextLine(" ", 50).size().width(), 5);
+}
+
+TEST(TextLine, WidthsAddUpWhateverStandsBeside)
+{
+    const auto width = [](const char *text) { return TextLine(QString(text), 40).size().width(); };
+
+    EXPECT_EQ(width("AVAVA"), 3 * width("A") + 2 * width("V"));
+    EXPECT_EQ(width("ZZ27 "), 2 * width("Z") + width("27 "));
+}
+
+TEST(TextLine, SizesOfNothingReadableAreEmpty)
+{
+    for (const double size :
+         {0.0, -1.0, 16385.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+        const TextLine line("A", size);
+        EXPECT_EQ(line.size(), QSize(0, 0)) << size;
+        EXPECT_TRUE(line.masks().empty());
+        EXPECT_TRUE(line.outlines().empty());
+    }
+    EXPECT_EQ(TextLine("", 50).size(), QSize(0, 0));
+}
+
+TEST(TextLine, FractionalSizesCount)
+{
+    const QRectF smaller = TextLine("H", 12).outlines().front().boundingRect();
+    const QRectF larger = TextLine("H", 12.7).outlines().front().boundingRect();
+
+    EXPECT_NEAR(larger.height() / smaller.height(), 12.7 / 12, 0.01);
+}
+
+TEST(TextLine, CapitalsAreAsTallAsTheFontSays)
+{
+    EXPECT_NEAR(TextLine("H", 100).outlines().front().boundingRect().height(), 72.7, 0.5); // Inter's cap height, 0.727
+}
+
+TEST(TextLine, MasksAreThePaintersFillOfTheOutlines)
+{
+    const TextLine line("Hg&8", 37.5);
+    QImage fromMasks(line.size(), QImage::Format_ARGB32_Premultiplied);
+    fromMasks.fill(Qt::white);
+    const QImage painted = paintedOutline(line);
+
+    for (const auto &[mask, topLeft] : line.masks()) {
+        for (int y = 0; y < mask->height(); ++y) {
+            for (int x = 0; x < mask->width(); ++x) {
+                const int coverage = mask->constScanLine(y)[x];
+                const QPoint at = topLeft + QPoint(x, y);
+                if (coverage == 0 || !painted.rect().contains(at))
+                    continue;
+                EXPECT_EQ(qRed(painted.pixel(at)), 255 - coverage) << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST(TextLine, LargeSizesHaveOutlinesButNoMasks)
+{
+    const TextLine line("A", 2000);
+
+    EXPECT_FALSE(line.hasMasks());
+    EXPECT_TRUE(line.masks().empty());
+    EXPECT_GT(line.outlines().front().boundingRect().height(), 1400);
+}
+
+TEST(TextLine, LineBreaksAndTabsAreBlanks)
+{
+    EXPECT_EQ(TextLine("A\nB\tC", 30).size(), TextLine("A B C", 30).size());
+}
+
+TEST(TextLine, VeryLongTextsAreCut)
+{
+    const TextLine longest(QString(TextLine::longestText, u'A'), 10);
+    const TextLine longer(QString(TextLine::longestText * 4, u'A'), 10);
+
+    EXPECT_EQ(longer.size(), longest.size());
+}
+
+TEST(TextLine, WhatTheFontLacksIsStillMeasured)
+{
+    EXPECT_GT(TextLine(u"\u4E3B\u5C4F"_qs, 40).size().width(), 20);
+}
