@@ -33,7 +33,7 @@ void CoverageStrip::unite(const CoverageStrip &strip, int left)
     unite(strip.m_coverage, QPoint(left, 0));
 }
 
-TextLine::PlacedMask CoverageStrip::mask() const
+CoverageMask CoverageStrip::mask() const
 {
     return {std::make_shared<const QImage>(m_coverage), QPoint(0, 0)};
 }

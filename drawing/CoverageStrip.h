@@ -19,7 +19,7 @@ public:
     void unite(const CoverageStrip &strip, int left);
 
     /// The coverage, placed at the top left of the strip.
-    TextLine::PlacedMask mask() const;
+    CoverageMask mask() const;
 
 private:
     void unite(const QImage &added, const QPoint &topLeft);

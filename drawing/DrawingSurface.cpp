@@ -11,6 +11,8 @@ namespace {
 /// Beyond this distance from the raster, coordinates are no drawing any more and only endanger the rasteriser.
 constexpr double farthestCoordinate = 1 << 22;
 
+/// Rasters from this many bytes on are out of the caches when their panels are painted.
+constexpr qsizetype largerThanCaches = 8 << 20;
 /// Length of a mitre, in line widths, up to which corners are pointed.
 constexpr double sharpestMiter = 10;
 
@@ -81,8 +83,7 @@ void DrawingSurface::fillRect(const QRect &rect, Compositing mode)
         return;
     if (mode == Compositing::Replace)
         return replacePixels(target, m_colours.fill.toPremultipliedPixel());
-    m_painter.setCompositionMode(painterMode(mode));
-    m_painter.fillRect(target, m_colours.fill.toQColor());
+    paintRect(target, m_colours.fill, mode);
 }
 
 void DrawingSurface::frameRect(const QRect &rect, int width)
@@ -117,6 +118,7 @@ void DrawingSurface::strokePath(const QPainterPath &path, double width, const st
     if (!isWithinReach(bounds.adjusted(-reach, -reach, reach, reach)) ||
         isOutsideClip(bounds.adjusted(-reach, -reach, reach, reach)))
         return;
+    prefetchAlong(devicePath);
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     m_painter.strokePath(devicePath, penOf(m_colours.stroke, width, dash));
 }
@@ -124,11 +126,11 @@ void DrawingSurface::strokePath(const QPainterPath &path, double width, const st
 void DrawingSurface::drawText(const QPoint &bottomLeft, const TextLine &text, const TextColours &colours)
 {
     const QRect box = toDevice(QRect(bottomLeft, text.size()));
-    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     if (colours.background && box.intersects(m_clip))
-        m_painter.fillRect(box, colours.background->toQColor());
+        paintRect(box & m_clip, *colours.background, Compositing::SourceOver);
     if (text.hasMasks())
         return drawMasks(bottomLeft, text.size().height(), text.masks(), colours.foreground);
+    m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     for (const QPainterPath &outline : text.outlines()) {
         const QPainterPath glyph = outline.translated(box.topLeft());
         if (isWithinReach(glyph.controlPointRect()) && !isOutsideClip(glyph.controlPointRect()))
@@ -136,7 +138,7 @@ void DrawingSurface::drawText(const QPoint &bottomLeft, const TextLine &text, co
     }
 }
 
-void DrawingSurface::drawMasks(const QPoint &bottomLeft, int boxHeight, std::span<const TextLine::PlacedMask> masks,
+void DrawingSurface::drawMasks(const QPoint &bottomLeft, int boxHeight, std::span<const CoverageMask> masks,
                                const Colour &colour)
 {
     const QRgb pixel = colour.toPremultipliedPixel();
@@ -196,6 +198,32 @@ bool DrawingSurface::isOutsideClip(const QRectF &deviceBounds) const
 {
     return deviceBounds.bottom() <= m_clip.top() || deviceBounds.top() >= m_clip.bottom() + 1 ||
            deviceBounds.right() <= m_clip.left() || deviceBounds.left() >= m_clip.right() + 1;
+}
+
+void DrawingSurface::prefetchAlong(const QPainterPath &devicePath)
+{
+    if (m_raster.sizeInBytes() < largerThanCaches)
+        return;
+    for (const QPolygonF &polygon : devicePath.toSubpathPolygons()) {
+        for (qsizetype i = 1; i < polygon.size(); ++i) {
+            const QLineF edge(polygon[i - 1], polygon[i]);
+            const int steps = static_cast<int>(std::abs(edge.dy()));
+            for (int step = 0; step < steps; ++step) {
+                const QPoint pixel = edge.pointAt(double(step) / steps).toPoint();
+                if (m_clip.contains(pixel))
+                    PixelRows::prefetch(pixels(pixel.y()) + pixel.x());
+            }
+        }
+    }
+}
+
+void DrawingSurface::paintRect(const QRect &deviceRect, const Colour &colour, Compositing mode)
+{
+    // With antialiasing Qt treats the raster's outermost pixels as if they were partly covered.
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    m_painter.setCompositionMode(painterMode(mode));
+    m_painter.fillRect(deviceRect, colour.toQColor());
+    m_painter.setRenderHint(QPainter::Antialiasing, true);
 }
 
 void DrawingSurface::replacePixels(const QRect &deviceRect, QRgb pixel)

@@ -62,8 +62,7 @@ public:
 
     /// Lays a colour over the raster as far as masks say, in their order. They stand in a box of `boxHeight` rows whose
     /// bottom left is at a point, as those of a text do. Row by row, which the memory of a large raster rewards.
-    void drawMasks(const QPoint &bottomLeft, int boxHeight, std::span<const TextLine::PlacedMask> masks,
-                   const Colour &colour);
+    void drawMasks(const QPoint &bottomLeft, int boxHeight, std::span<const CoverageMask> masks, const Colour &colour);
 
     /// Draws the whole image, upright, scaled into a rectangle (left, bottom, width, height).
     void drawImage(const QImage &image, const QRectF &rect, Compositing mode, double opacity = 1);
@@ -84,6 +83,9 @@ private:
     QPainterPath toDevice(const QPainterPath &path) const;
     bool isOutsideClip(const QRectF &deviceBounds) const;
     QRgb *pixels(int y);
+    /// A stroke across a large raster waits for memory in every row; asked for beforehand, all rows arrive together.
+    void prefetchAlong(const QPainterPath &devicePath);
+    void paintRect(const QRect &deviceRect, const Colour &colour, Compositing mode);
     void replacePixels(const QRect &deviceRect, QRgb pixel);
 
     QImage &m_raster;

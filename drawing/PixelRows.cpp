@@ -134,7 +134,6 @@ void copyRow(QRgb *pixels, const QRgb *source, size_t count)
     for (; i + lanes <= count; i += lanes)
         hn::Stream(hn::LoadU(d32, source + i), d32, pixels + i);
     std::memcpy(pixels + i, source + i, (count - i) * sizeof(QRgb));
-    hwy::FlushStream();
 }
 
 #endif
@@ -162,6 +161,11 @@ void unite(uchar *coverage, const uchar *added, qsizetype count)
 void copyPastCache(QRgb *pixels, const QRgb *source, qsizetype count)
 {
     HWY_DYNAMIC_DISPATCH(copyRow)(pixels, source, static_cast<size_t>(count));
+}
+
+void finishCopies()
+{
+    hwy::FlushStream();
 }
 
 } // namespace PixelRows

@@ -13,7 +13,15 @@ void blend(QRgb *pixels, const uchar *coverage, qsizetype count, QRgb colour);
 /// Coverage of two shapes laid over each other: each byte becomes 1 - (1 - a)(1 - b).
 void unite(uchar *coverage, const uchar *added, qsizetype count);
 
-/// Copies a row into a raster too large for the cache, without first reading what it replaces.
+/// Copies a row into a raster too large for the cache, without first reading what it replaces. Other threads see the
+/// pixels after finishCopies().
 void copyPastCache(QRgb *pixels, const QRgb *source, qsizetype count);
+void finishCopies();
+
+/// Has the processor fetch a pixel that will soon be drawn over; a hint only.
+inline void prefetch(const QRgb *pixel)
+{
+    __builtin_prefetch(pixel, 1);
+}
 
 } // namespace PixelRows

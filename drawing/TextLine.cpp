@@ -5,7 +5,6 @@
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QHash>
-#include <QPainter>
 #include <QRawFont>
 #include <QTextLayout>
 #include <QTextOption>
@@ -19,8 +18,6 @@ namespace {
 constexpr int shapingSize = 256;
 /// Wider than the longest text at the shaping size.
 constexpr double widestLine = 16'000'000;
-/// Masks are widened to whole vectors of pixels, so that blending a row of one has no odd end to care for.
-constexpr int vectorPixels = 16;
 /// Letters below this code need no shaping; without it each letter's place depends on the letters before it alone.
 constexpr ushort firstShapedCharacter = 0x250;
 
@@ -95,21 +92,6 @@ ShapedText shape(const QString &text)
     return shaped;
 }
 
-/// The coverage of an outline whose origin stands at a whole pixel.
-TextLine::PlacedMask maskOf(const QPainterPath &outline)
-{
-    QRect bounds = outline.boundingRect().toAlignedRect();
-    bounds.setWidth((bounds.width() + vectorPixels - 1) / vectorPixels * vectorPixels);
-    QImage mask(bounds.size(), QImage::Format_Alpha8);
-    mask.fill(0);
-    QPainter painter(&mask);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(-bounds.topLeft());
-    painter.fillPath(outline, Qt::black);
-    painter.end();
-    return {std::make_shared<const QImage>(mask), bounds.topLeft()};
-}
-
 /// The glyphs of the house's font that have been drawn so far, by size.
 class GlyphCache
 {
@@ -117,7 +99,7 @@ public:
     struct Glyph
     {
         QPainterPath outline;
-        TextLine::PlacedMask mask; ///< relative to the glyph's origin; null for blanks and large sizes
+        CoverageMask mask; ///< relative to the glyph's origin; null for blanks and large sizes
     };
 
     static GlyphCache &instance()
@@ -150,8 +132,8 @@ private:
         Glyph glyph;
         glyph.outline = QTransform::fromScale(scale, scale).map(shaped.font.pathForGlyph(shaped.index));
         glyph.outline.setFillRule(Qt::WindingFill);
-        if (withMask && !glyph.outline.isEmpty())
-            glyph.mask = maskOf(glyph.outline);
+        if (withMask)
+            glyph.mask = CoverageMask::of(glyph.outline);
         return glyph;
     }
 

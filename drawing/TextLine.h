@@ -1,12 +1,12 @@
 #pragma once
 
-#include <QImage>
+#include "drawing/CoverageMask.h"
+
 #include <QPainterPath>
 #include <QPoint>
 #include <QSize>
 #include <QString>
 
-#include <memory>
 #include <vector>
 
 /// One line of text in the house's font (Inter, embedded, so that a wall looks the same on every machine), shaped once
@@ -31,14 +31,9 @@ public:
     /// the other: where two share a pixel, the second lies over the first.
     std::vector<QPainterPath> outlines() const;
 
-    /// A glyph's coverage (`QImage::Format_Alpha8`) and where its top left stands in the text's box, y down.
-    struct PlacedMask
-    {
-        std::shared_ptr<const QImage> mask;
-        QPoint topLeft;
-    };
-    /// Empty for a size whose masks would be too large to keep; then outlines() serves.
-    const std::vector<PlacedMask> &masks() const { return m_masks; }
+    /// The glyphs' coverage, placed in the text's box. Empty for a size whose masks would be too large to keep; then
+    /// outlines() serves.
+    const std::vector<CoverageMask> &masks() const { return m_masks; }
     bool hasMasks() const { return m_pointSize <= largestMaskSize; }
 
 private:
@@ -53,5 +48,5 @@ private:
     QSize m_size{0, 0};
     double m_pointSize = 0;
     std::vector<PlacedOutline> m_outlines;
-    std::vector<PlacedMask> m_masks;
+    std::vector<CoverageMask> m_masks;
 };

@@ -1,0 +1,24 @@
+#include "drawing/CoverageMask.h"
+
+#include <QPainter>
+
+namespace {
+/// Masks are widened to whole vectors of pixels, so that blending a row of one has no odd end to care for.
+constexpr int vectorPixels = 16;
+} // namespace
+
+CoverageMask CoverageMask::of(const QPainterPath &outline)
+{
+    QRect bounds = outline.boundingRect().toAlignedRect();
+    if (bounds.isEmpty())
+        return {};
+    bounds.setWidth((bounds.width() + vectorPixels - 1) / vectorPixels * vectorPixels);
+    QImage mask(bounds.size(), QImage::Format_Alpha8);
+    mask.fill(0);
+    QPainter painter(&mask);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(-bounds.topLeft());
+    painter.fillPath(outline, Qt::black);
+    painter.end();
+    return {std::make_shared<const QImage>(mask), bounds.topLeft()};
+}
