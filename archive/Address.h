@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+#include <QStringList>
+
+/// Where a file or page is, kept as the texts that were written, so that an address nobody can open here
+/// still survives the next save unchanged.
+struct Address
+{
+    /// The address itself, or its part relative to `bases`: "file:///show/plate.png", "plates/logo.png". Null: no
+    /// address.
+    QString relative;
+    /// What `relative` is relative to, nearest first; empty for an address that stands alone.
+    QStringList bases;
+
+    bool operator==(const Address &) const = default;
+
+    bool isNil() const { return relative.isNull(); }
+    /// "file:///..." of a local path.
+    static Address fromLocalFile(const QString &path);
+    /// The path of the file meant, escapes undone: only for `file:` addresses with an empty host or "localhost"
+    /// and for plain paths; empty for anything else, which is never opened.
+    QString toLocalFile() const;
+};
+
+Q_DECLARE_METATYPE(Address)

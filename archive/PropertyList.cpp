@@ -1,0 +1,162 @@
+#include "archive/PropertyList.h"
+
+#include "archive/PropertyListGuard.h"
+
+#include <cstdlib>
+#include <limits>
+#include <locale.h>
+
+namespace {
+struct Free
+{
+    void operator()(void *memory) const { std::free(memory); }
+};
+/// Memory that libplist hands out for the C library's free().
+template <typename T>
+using Allocated = std::unique_ptr<T, Free>;
+
+/// libplist reads reals with the C library, which would expect a comma in half of Europe.
+class PointLocale
+{
+public:
+    PointLocale() : m_locale(newlocale(LC_NUMERIC_MASK, "C", nullptr)), m_former(uselocale(m_locale)) {}
+    ~PointLocale()
+    {
+        uselocale(m_former);
+        if (m_locale)
+            freelocale(m_locale);
+    }
+    Q_DISABLE_COPY_MOVE(PointLocale)
+
+private:
+    locale_t m_locale;
+    locale_t m_former;
+};
+
+bool isOfType(plist_t node, plist_type type)
+{
+    return node && plist_get_node_type(node) == type;
+}
+} // namespace
+
+Result<PropertyList::Pointer> PropertyList::parse(const QByteArray &bytes)
+{
+    plist_t root = nullptr;
+    if (bytes.startsWith("bplist")) {
+        if (const Result<void> checked = PropertyListGuard::checkBinary(bytes); !checked)
+            return tl::unexpected(checked.error());
+        plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &root);
+    } else {
+        const Result<QByteArray> plain = PropertyListGuard::rewriteXml(bytes);
+        if (!plain)
+            return tl::unexpected(plain.error());
+        const PointLocale locale;
+        plist_from_xml(plain->constData(), static_cast<uint32_t>(plain->size()), &root);
+    }
+    if (!root)
+        return fail("The property list is damaged.");
+    return Pointer(root);
+}
+
+Result<QByteArray> PropertyList::toBinary(plist_t root)
+{
+    char *bytes = nullptr;
+    uint32_t size = 0;
+    plist_to_bin(root, &bytes, &size);
+    const Allocated<char> owner(bytes);
+    if (!bytes)
+        return fail("There is not enough memory to write the archive.");
+    QByteArray result(bytes, size);
+    // What is too large to be read again must not replace a file.
+    return PropertyListGuard::checkBinary(result).map([&result] { return result; });
+}
+
+std::optional<QString> PropertyList::text(plist_t node)
+{
+    if (!isOfType(node, PLIST_STRING))
+        return {};
+    uint64_t size = 0;
+    const char *letters = plist_get_string_ptr(node, &size);
+    if (!letters || size == 0)
+        return QString("");
+    return QString::fromUtf8(letters, static_cast<qsizetype>(size));
+}
+
+std::optional<QByteArray> PropertyList::data(plist_t node)
+{
+    if (!isOfType(node, PLIST_DATA))
+        return {};
+    uint64_t size = 0;
+    const char *bytes = plist_get_data_ptr(node, &size);
+    return bytes ? QByteArray(bytes, static_cast<qsizetype>(size)) : QByteArray("");
+}
+
+std::optional<qint64> PropertyList::integer(plist_t node)
+{
+    if (!isOfType(node, PLIST_UINT))
+        return {};
+    uint64_t bits = 0;
+    plist_get_uint_val(node, &bits);
+    if (bits <= uint64_t{std::numeric_limits<qint64>::max()})
+        return static_cast<qint64>(bits);
+    // libplist gives a number past 2^63 and a negative one by the same bits; only its comparison knows them apart.
+    const Pointer negative(plist_new_uint(bits));
+    if (!plist_compare_node_value(node, negative.get()))
+        return {};
+    return static_cast<qint64>(bits);
+}
+
+std::optional<quint64> PropertyList::reference(plist_t node)
+{
+    if (isOfType(node, PLIST_UID)) {
+        uint64_t index = 0;
+        plist_get_uid_val(node, &index);
+        return index;
+    }
+    if (!isOfType(node, PLIST_DICT) || plist_dict_get_size(node) != 1)
+        return {};
+    const std::optional<qint64> index = integer(value(node, "CF$UID"));
+    if (!index || *index < 0)
+        return {};
+    return static_cast<quint64>(*index);
+}
+
+plist_t PropertyList::value(plist_t node, const char *key)
+{
+    return isOfType(node, PLIST_DICT) ? plist_dict_get_item(node, key) : nullptr;
+}
+
+std::vector<plist_t> PropertyList::entries(plist_t node)
+{
+    std::vector<plist_t> result;
+    if (!isOfType(node, PLIST_ARRAY))
+        return result;
+    result.reserve(plist_array_get_size(node));
+    plist_array_iter position = nullptr;
+    plist_array_new_iter(node, &position);
+    const Allocated<void> owner(position);
+    plist_t entry = nullptr;
+    for (plist_array_next_item(node, position, &entry); entry; plist_array_next_item(node, position, &entry))
+        result.push_back(entry);
+    return result;
+}
+
+std::vector<std::pair<QString, plist_t>> PropertyList::members(plist_t node)
+{
+    std::vector<std::pair<QString, plist_t>> result;
+    if (!isOfType(node, PLIST_DICT))
+        return result;
+    result.reserve(plist_dict_get_size(node));
+    plist_dict_iter position = nullptr;
+    plist_dict_new_iter(node, &position);
+    const Allocated<void> owner(position);
+    for (;;) {
+        char *letters = nullptr;
+        plist_t item = nullptr;
+        plist_dict_next_item(node, position, &letters, &item);
+        const Allocated<char> key(letters);
+        if (!item)
+            return result;
+        result.emplace_back(QString::fromUtf8(letters), item);
+    }
+}

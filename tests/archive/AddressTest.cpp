@@ -1,0 +1,50 @@
+#include "archive/Address.h"
+
+#include <gtest/gtest.h>
+
+TEST(Address, LocalFileAddressIsEscapedAndComesBack)
+{
+    const Address address = Address::fromLocalFile(QString::fromUtf8("/show/50% f\u00FCr #1?.png"));
+
+    EXPECT_EQ(address.relative.left(15), "file:///show/50");
+    EXPECT_EQ(address.relative, "file:///show/50%25%20f%C3%BCr%20%231%3F.png");
+    EXPECT_TRUE(address.bases.isEmpty());
+    EXPECT_EQ(address.toLocalFile(), QString::fromUtf8("/show/50% f\u00FCr #1?.png"));
+}
+
+TEST(Address, EscapesAreUndone)
+{
+    EXPECT_EQ((Address{"file:///stage%20left/f%C3%BCr.png", {}}.toLocalFile()),
+              QString::fromUtf8("/stage left/f\u00FCr.png"));
+}
+
+TEST(Address, HostMayBeEmptyOrLocalhost)
+{
+    EXPECT_EQ((Address{"file://localhost/show/plate.png", {}}.toLocalFile()), "/show/plate.png");
+    EXPECT_EQ((Address{"FILE:///show/plate.png", {}}.toLocalFile()), "/show/plate.png");
+    EXPECT_EQ((Address{"file:/show/plate.png", {}}.toLocalFile()), "/show/plate.png");
+}
+
+TEST(Address, PlainPathIsAFile)
+{
+    EXPECT_EQ((Address{"/show/plate.png", {}}.toLocalFile()), "/show/plate.png");
+    EXPECT_EQ((Address{"/stage%20left/plate.png", {}}.toLocalFile()), "/stage left/plate.png");
+}
+
+TEST(Address, RelativePartIsResolvedAgainstItsBases)
+{
+    EXPECT_EQ((Address{"plates/logo.png", {"file:///show/"}}.toLocalFile()), "/show/plates/logo.png");
+    EXPECT_EQ((Address{"logo.png", {"../plates/", "file:///show/day%201/"}}.toLocalFile()), "/show/plates/logo.png");
+    EXPECT_EQ((Address{"logo.png", {"/show/"}}.toLocalFile()), "/show/logo.png");
+    EXPECT_EQ((Address{"file:///own.png", {"http://example.com/"}}.toLocalFile()), "/own.png");
+}
+
+TEST(Address, AnythingElseIsNeverOpened)
+{
+    for (const char *foreign : {"http://example.com/plate.png", "https://localhost/plate.png",
+                                "file://server/plate.png", "//server/plate.png", "data:image/png;base64,AAAA",
+                                "qrc:/plate.png", "file:///show/%00plate.png", "smb://server/plate.png", ""})
+        EXPECT_EQ((Address{foreign, {}}.toLocalFile()), "") << foreign;
+    EXPECT_EQ((Address{"plate.png", {"http://example.com/"}}.toLocalFile()), "");
+    EXPECT_EQ(Address().toLocalFile(), "");
+}
