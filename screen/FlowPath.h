@@ -1,0 +1,62 @@
+#pragma once
+
+#include "drawing/DrawingSurface.h"
+#include "screen/PortSplit.h"
+
+#include <QPainterPath>
+#include <QPointF>
+
+#include <vector>
+
+/// The data path of a wall, one run per port: a serpentine through the panel centres with an arrowhead where it begins,
+/// one in the middle of each row, one at each turn and one where it ends. Raster coordinates, y up, double precision.
+namespace FlowPath {
+
+enum class Direction
+{
+    Right,
+    Left,
+    Up,
+    Down
+};
+
+/// A triangle `Constants::arrowSize` long either way from its centre.
+struct Arrowhead
+{
+    QPointF centre;
+    Direction direction;
+
+    bool operator==(const Arrowhead &) const = default;
+    QPainterPath path() const;
+};
+
+/// One port's run, as it is drawn: `start`, `passing`, `line`, `end`, in this order.
+struct Run
+{
+    Arrowhead start;
+    std::vector<Arrowhead> passing;
+    QPainterPath line;
+    Arrowhead end;
+};
+
+/// A run that snakes along rows. `y` is the centre of its first row; 0 or less: none is given, and the run starts at
+/// its bottom row (`fromBottom`) or its top one. `x` receives the last panel centre, if a row was walked at all.
+/// `andDelimiter` is the number of rows, truncated; 0: all. The direction of the end arrowhead follows `andRight` and
+/// the parity of the wall's rows, not of the run's.
+Run rowsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, double &x, const double &y, bool andRight,
+            float andDelimiter);
+
+/// The transpose: a run that snakes along columns. `x` is the centre of its first column, `y` receives the last one.
+Run columnsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, const double &x, double &y, bool andEnd,
+               float andDelimiter);
+
+void draw(DrawingSurface &surface, const Run &run);
+
+/// Draws one run along rows; see rowsRun().
+void drawFlowPathRowsFromRight(DrawingSurface &surface, const PanelGrid &grid, bool fromRight, bool fromBottom,
+                               double &x, const double &y, bool andRight, float andDelimiter);
+/// Draws one run along columns; see columnsRun().
+void drawFlowPathColumnsFromRight(DrawingSurface &surface, const PanelGrid &grid, bool fromRight, bool fromBottom,
+                                  const double &x, double &y, bool andEnd, float andDelimiter);
+
+} // namespace FlowPath

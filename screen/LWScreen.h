@@ -1,0 +1,109 @@
+#pragma once
+
+#include "layer/Layer.h"
+#include "screen/ScreenChart.h"
+
+#include <QPointer>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+
+/// A wall of `col` x `row` LED panels that renders itself as a test chart for the wall's processor.
+/// Rows of panels are drawn from the bottom up; hidden panels are named by their row from the top.
+class LWScreen final : public Layer
+{
+    Q_OBJECT
+    /// Keys "row,column" of the switched-off panels, row from the top, column from the left; nullopt: no list at all,
+    /// every panel is on.
+    Q_PROPERTY(std::optional<QStringList> hiddenBoxes READ hiddenBoxes WRITE setHiddenBoxes)
+    /// The choices of a label position; nullopt where there are none.
+    Q_PROPERTY(std::optional<QStringList> PositionArray READ PositionArray WRITE setPositionArray)
+
+    // Stored for bindings of the interface; no operation of the screen reads them.
+    Q_PROPERTY(bool label9Hidden MEMBER m_label9Hidden)
+    Q_PROPERTY(bool drawBackground MEMBER m_drawBackground)
+    Q_PROPERTY(bool drawBorder MEMBER m_drawBorder)
+    Q_PROPERTY(qint64 columnCount MEMBER m_columnCount)
+    Q_PROPERTY(qint64 rowCount MEMBER m_rowCount)
+    Q_PROPERTY(double width MEMBER m_width)
+    Q_PROPERTY(double height MEMBER m_height)
+    Q_PROPERTY(QObject *pixelPerLimitField READ pixelPerLimitField WRITE setPixelPerLimitField)
+
+public:
+    /// What the long initialisers are told. `hpos` and `vpos` become `xpoint` and `ypoint`.
+    struct Arguments
+    {
+        int row = 0;
+        int col = 0;
+        int panelWidth = 0;
+        int panelHeight = 0;
+        OptionalColour rectColor;
+        OptionalColour rectColor2;
+        OptionalColour boarderColor;
+        OptionalColour circleColor;
+        OptionalColour xyColor;
+        OptionalColour sfColor;
+        int xyFontSize = 0;
+        bool bgEnable = false;
+        bool boarderEnable = false;
+        QString label;
+        bool circleEnable = false;
+        int hpos = 0;
+        int vpos = 0;
+        std::optional<QStringList> hiddenBoxes;
+    };
+
+    /// The plain object, all zero, false and nil, not rendered.
+    explicit LWScreen(LayerHost &host);
+    ~LWScreen() override;
+
+    /// A screen with the defaults: 5 x 5 panels of 48 x 48. Rendered.
+    static std::shared_ptr<LWScreen> init(LayerHost &host);
+    /// A screen of the given look and place; without a list of hidden panels it gets an empty one. Rendered.
+    static std::shared_ptr<LWScreen> initWithrow(LayerHost &host, const Arguments &arguments);
+    /// The same with `power` watts per panel and no hidden panels.
+    static std::shared_ptr<LWScreen> initWithrow(LayerHost &host, Arguments arguments, int power);
+    /// A screen as an archive holds it; what the archive does not hold is zero, false or nil. Rendered.
+    /// Error: a value of a wrong kind; the message names the key.
+    [[nodiscard]] static Result<std::shared_ptr<LWScreen>> initWithCoder(LayerHost &host, const ArchiveObject &coder);
+
+    QImage thumbnail() const override;
+    void setThumbnail(const QImage &picture) override;
+    /// Recomputes the sizes, has the host choose voltage and phases where a text needs them, and takes over the look;
+    /// the pixels are drawn when the thumbnail is first asked for.
+    void drawInRect() override;
+    /// Switches the panel under the point off or on again; right of or below the wall nothing happens. Left of or
+    /// above it the index is truncated toward zero or stored as a key that no panel has.
+    void onImageClick(qint64 x, qint64 y) override;
+    /// A fresh screen with this one's look and geometry: captions, aspect and power switches are the defaults.
+    LayerPointer copyWithZone() const override;
+    void encodeWithCoder(ArchiveObject &coder) const override;
+    std::span<const ArchiveField> keptFields() const override;
+
+    /// An arrow button was pressed: hands its tag to the host as the chosen pattern. The screen itself stays as it is.
+    void changeArrows(int tag);
+
+    const std::optional<QStringList> &hiddenBoxes() const { return m_hiddenBoxes; }
+    void setHiddenBoxes(const std::optional<QStringList> &keys) { m_hiddenBoxes = keys; }
+    const std::optional<QStringList> &PositionArray() const { return m_PositionArray; }
+    void setPositionArray(const std::optional<QStringList> &positions) { m_PositionArray = positions; }
+    QObject *pixelPerLimitField() const { return m_pixelPerLimitField; }
+    void setPixelPerLimitField(QObject *field) { m_pixelPerLimitField = field; }
+
+private:
+    std::optional<QStringList> m_hiddenBoxes;
+    std::optional<QStringList> m_PositionArray;
+    bool m_label9Hidden = false;
+    bool m_drawBackground = false;
+    bool m_drawBorder = false;
+    qint64 m_columnCount = 0;
+    qint64 m_rowCount = 0;
+    double m_width = 0;
+    double m_height = 0;
+    QPointer<QObject> m_pixelPerLimitField;
+
+    /// The look to draw when the thumbnail is next asked for; none while the thumbnail is up to date.
+    mutable std::unique_ptr<ScreenChart> m_pendingChart;
+    mutable QImage m_thumbnail;
+};

@@ -1,0 +1,126 @@
+#include "screen/PanelPainter.h"
+
+#include "drawing/PixelRows.h"
+#include "screen/ScreenChart.h"
+
+#include <algorithm>
+
+PanelColours PanelColours::of(const ScreenChart &chart)
+{
+    const OptionalColour frame = chart.BoarderEnable ? chart.boarderColor : OptionalColour();
+    const Colour initial = NamedColour::black;
+    PanelColours colours;
+    if (chart.bgEnable) {
+        // What a panel without a colour of its own finds: the last frame's, or else the other panels'.
+        const Colour left = frame.value_or(chart.rectColor.value_or(chart.rectColor2.value_or(initial)));
+        colours.panel = {chart.rectColor.value_or(left), chart.rectColor2.value_or(left)};
+        colours.firstPanel = chart.rectColor.value_or(initial);
+        colours.strokeAfterwards = frame.value_or(colours.panel[0]);
+    } else {
+        colours.panel = {NamedColour::clear, NamedColour::clear};
+        colours.firstPanel = NamedColour::clear;
+        colours.strokeAfterwards = frame.value_or(initial);
+    }
+    colours.frame = {frame.value_or(colours.panel[0]), frame.value_or(colours.panel[1])};
+    colours.firstFrame = frame.value_or(colours.firstPanel);
+    if (chart.row <= 0 || chart.col <= 0)
+        colours.strokeAfterwards = initial;
+    return colours;
+}
+
+PanelPainter::PanelPainter(const ScreenChart &chart)
+    : m_columns(std::max(chart.col, 0)), m_rows(std::max(chart.row, 0)), m_panelWidth(chart.panelWidth),
+      m_panelHeight(chart.panelHeight), m_frameWidth(chart.BoarderEnable ? std::max(chart.boarderWidth, 0) : 0),
+      m_colours(PanelColours::of(chart)), m_firstIsSpecial(m_colours.firstPanel != m_colours.panel[0]),
+      m_hidden(chart.hiddenBoxes, m_columns, m_rows)
+{
+    const auto width = static_cast<std::size_t>(chart.wallWidth());
+    for (int phase = 0; phase < 2; ++phase) {
+        m_inner[phase].resize(width);
+        fillPanels(m_inner[phase], m_colours.panel, phase);
+        addUprightFrames(m_inner[phase], phase);
+        m_edge[phase].resize(width);
+        fillPanels(m_edge[phase], m_colours.frame, phase);
+    }
+}
+
+void PanelPainter::paint(QImage &raster) const
+{
+    if (m_columns == 0 || m_rows == 0) // a wall counted in negative panels has pixels, but no panel
+        return raster.fill(Qt::transparent);
+    for (int panelRow = 0; panelRow < m_rows; ++panelRow)
+        paintPanelRow(raster, panelRow);
+    PixelRows::finishCopies();
+}
+
+void PanelPainter::paintPanelRow(QImage &raster, int panelRow) const
+{
+    const PixelRow *inner = &m_inner[panelRow % 2];
+    const PixelRow *edge = &m_edge[panelRow % 2];
+    PixelRow ownInner;
+    PixelRow ownEdge;
+    const bool isFirst = panelRow == 0 && m_firstIsSpecial;
+    const bool hasHidden = m_hidden.containsAnyInRow(m_rows - 1 - panelRow);
+    if (isFirst || hasHidden) {
+        ownInner = *inner;
+        ownEdge = *edge;
+        if (isFirst)
+            paintFirstPanel(ownInner, ownEdge);
+        if (hasHidden)
+            clearHiddenPanels(ownInner, panelRow);
+        inner = &ownInner;
+        edge = &ownEdge;
+    }
+
+    const int bottom = raster.height() - 1 - panelRow * m_panelHeight;
+    const int inset = frameInset(m_panelHeight);
+    for (int inPanel = 0; inPanel < m_panelHeight; ++inPanel) {
+        const bool isEdge = inPanel < inset || inPanel >= m_panelHeight - inset;
+        auto *pixels = reinterpret_cast<QRgb *>(raster.scanLine(bottom - inPanel));
+        PixelRows::copyPastCache(pixels, (isEdge ? edge : inner)->data(), raster.width());
+    }
+}
+
+int PanelPainter::frameInset(int side) const
+{
+    return std::min(m_frameWidth, side);
+}
+
+void PanelPainter::fillPanels(PixelRow &pixels, const std::array<Colour, 2> &colours, int phase) const
+{
+    for (int column = 0; column < m_columns; ++column) {
+        const Colour &colour = colours[static_cast<std::size_t>((phase + column) % 2)];
+        std::fill_n(pixels.begin() + qsizetype{column} * m_panelWidth, m_panelWidth, colour.toPremultipliedPixel());
+    }
+}
+
+void PanelPainter::addUprightFrames(PixelRow &pixels, int phase) const
+{
+    const int inset = frameInset(m_panelWidth);
+    for (int column = 0; column < m_columns; ++column) {
+        const QRgb pixel = m_colours.frame[static_cast<std::size_t>((phase + column) % 2)].toPremultipliedPixel();
+        const auto left = pixels.begin() + qsizetype{column} * m_panelWidth;
+        std::fill_n(left, inset, pixel);
+        std::fill_n(left + m_panelWidth - inset, inset, pixel);
+    }
+}
+
+void PanelPainter::clearHiddenPanels(PixelRow &pixels, int panelRow) const
+{
+    const int inset = frameInset(m_panelWidth);
+    const int holeWidth = std::max(m_panelWidth - 2 * inset, 0);
+    for (int column = 0; column < m_columns; ++column) {
+        if (m_hidden.contains(m_rows - 1 - panelRow, column))
+            std::fill_n(pixels.begin() + qsizetype{column} * m_panelWidth + inset, holeWidth, QRgb{0});
+    }
+}
+
+void PanelPainter::paintFirstPanel(PixelRow &inner, PixelRow &edge) const
+{
+    const QRgb frame = m_colours.firstFrame.toPremultipliedPixel();
+    const int inset = frameInset(m_panelWidth);
+    std::fill_n(edge.begin(), m_panelWidth, frame);
+    std::fill_n(inner.begin(), m_panelWidth, m_colours.firstPanel.toPremultipliedPixel());
+    std::fill_n(inner.begin(), inset, frame);
+    std::fill_n(inner.begin() + m_panelWidth - inset, inset, frame);
+}

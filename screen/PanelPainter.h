@@ -1,0 +1,58 @@
+#pragma once
+
+#include "drawing/Colour.h"
+#include "screen/HiddenPanels.h"
+
+#include <QImage>
+
+#include <array>
+#include <vector>
+
+class ScreenChart;
+
+/// The colours that panels and frames get, nil colours resolved: a nil colour leaves the colour in force, which is what
+/// the panels before it, in a walk over twice the wall in each direction, have left.
+struct PanelColours
+{
+    std::array<Colour, 2> panel; ///< where row + column is even, and where it is odd
+    std::array<Colour, 2> frame; ///< likewise
+    Colour firstPanel;           ///< of the bottom-left panel, which has no panel before it
+    Colour firstFrame;
+    Colour strokeAfterwards; ///< in force for strokes when all panels are drawn
+
+    static PanelColours of(const ScreenChart &chart);
+};
+
+/// Writes the panels of a wall, row of pixels by row of pixels: within a row of panels all rows of pixels are alike but
+/// for the frames at its top and bottom, and every second row of panels repeats.
+class PanelPainter
+{
+public:
+    /// For a wall whose raster can be had.
+    explicit PanelPainter(const ScreenChart &chart);
+
+    /// Replaces every pixel of the raster.
+    void paint(QImage &raster) const;
+
+private:
+    using PixelRow = std::vector<QRgb>;
+
+    /// The frame's share of a panel side.
+    int frameInset(int side) const;
+    void fillPanels(PixelRow &pixels, const std::array<Colour, 2> &colours, int phase) const;
+    void addUprightFrames(PixelRow &pixels, int phase) const;
+    void paintPanelRow(QImage &raster, int panelRow) const;
+    void clearHiddenPanels(PixelRow &pixels, int panelRow) const;
+    void paintFirstPanel(PixelRow &inner, PixelRow &edge) const;
+
+    int m_columns;
+    int m_rows;
+    int m_panelWidth;
+    int m_panelHeight;
+    int m_frameWidth;
+    PanelColours m_colours;
+    bool m_firstIsSpecial;
+    HiddenPanels m_hidden;
+    std::array<PixelRow, 2> m_inner; ///< by parity of the panel row: between the frames
+    std::array<PixelRow, 2> m_edge;  ///< the frames along top and bottom
+};

@@ -1,0 +1,110 @@
+#include "screen/ScreenChart.h"
+
+#include "drawing/Raster.h"
+#include "layer/Logging.h"
+#include "screen/FlowPath.h"
+#include "screen/PanelLabels.h"
+#include "screen/PanelPainter.h"
+
+#include <algorithm>
+
+namespace {
+bool hasPixels(qint64 width, qint64 height)
+{
+    return width > 0 && height > 0;
+}
+} // namespace
+
+const ScreenChart::Constants &ScreenChart::init2()
+{
+    static const Constants constants{
+        .arrowSize = 10.0,
+        .startColor = NamedColour::green,
+        .endColor = NamedColour::red,
+        .pathColor = NamedColour::white,
+        .pathLineWidth = 5.0,
+        .arrowGlyphs = {u"\u2B05\uFE0F"_qs, u"\u27A1\uFE0F"_qs, u"\u2B07\uFE0F"_qs, u"\u2B06\uFE0F"_qs, u"\u23F9"_qs},
+        .labelMargin = 5.0,
+    };
+    return constants;
+}
+
+QImage ScreenChart::draw(QImage old) const
+{
+    QImage raster = Raster::reuse(std::move(old), wallWidth(), wallHeight());
+    if (raster.isNull()) {
+        if (hasPixels(wallWidth(), wallHeight()))
+            qCWarning(lcScreen, "A wall of %lld x %lld pixels is too large to draw; make it smaller.", wallWidth(),
+                      wallHeight());
+        return {};
+    }
+
+    PanelPainter(*this).paint(raster);
+    DrawingSurface surface(raster);
+    drawCircleAndDiagonals(surface);
+    for (const auto &[bottomLeft, text, colours] : texts())
+        surface.drawText(bottomLeft, text, colours);
+    drawRect2(surface);
+    return raster;
+}
+
+void ScreenChart::drawRect2(DrawingSurface &surface) const
+{
+    if (drawLabels && labelColor)
+        PanelLabels(*this).draw(surface);
+    if (drawFlowPath)
+        drawDataPath(surface);
+}
+
+void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
+{
+    if (!CircleEnable)
+        return;
+    const double width = static_cast<double>(wallWidth());
+    const double height = static_cast<double>(wallHeight());
+    const double b = circleBWidth;
+    const double h = circleBWidth / 2;
+    const double halfWidth = static_cast<double>(wallWidth() / 2);
+    const double halfHeight = static_cast<double>(wallHeight() / 2);
+
+    QPainterPath diagonalA(QPointF(width - h + b, height - h + b));
+    diagonalA.lineTo(-(width - h + b), -(height - h + b));
+    QPainterPath diagonalB(QPointF(-h, height + h));
+    diagonalB.lineTo(width + h, -h);
+    QPainterPath circle;
+    if (width > height)
+        circle.addEllipse(halfWidth + h - halfHeight, h, height - b, height - b);
+    else
+        circle.addEllipse(h, h - halfWidth + halfHeight, width - b, width - b);
+
+    surface.setColour(circleColor.value_or(PanelColours::of(*this).strokeAfterwards));
+    for (const QPainterPath &path : {diagonalB, diagonalA, circle})
+        surface.strokePath(path, b);
+}
+
+void ScreenChart::drawDataPath(DrawingSurface &surface) const
+{
+    const auto flow = FlowPattern::ofCode(pattern);
+    if (!flow)
+        return;
+    const auto split = PortSplit::of(panelGrid(), *flow, pixelLimit);
+    if (!split)
+        return;
+    double x = 0;
+    double y = 0;
+    for (qint64 index = 0; index < split->portCount(); ++index) {
+        const auto [start, lines] = split->port(index);
+        const auto delimiter = static_cast<float>(lines);
+        if (flow->along == FlowPattern::Along::Rows) {
+            y = start;
+            FlowPath::drawFlowPathRowsFromRight(surface, panelGrid(), flow->fromRight, flow->fromBottom, x, y,
+                                                flow->end, delimiter);
+            continue;
+        }
+        x = start;
+        if (!split->isOneRun && index < split->fullPorts)
+            qCDebug(lcScreen, "%.f", x);
+        FlowPath::drawFlowPathColumnsFromRight(surface, panelGrid(), flow->fromRight, flow->fromBottom, x, y, flow->end,
+                                               delimiter);
+    }
+}
