@@ -59,6 +59,8 @@ private:
             Open,
             Known
         } state = Unseen;
+        /// Looked at as a dictionary's key, and found fit to be one.
+        bool isKey = false;
     };
     /// An object as its marker describes it.
     struct Object
@@ -66,6 +68,7 @@ private:
         quint64 copiedBytes = 0;
         quint64 references = 0; ///< how many
         quint64 referencesAt = 0;
+        quint64 keys = 0; ///< how many of the references, from the first on, are a dictionary's keys
     };
     struct Visit
     {
@@ -79,6 +82,8 @@ private:
     Result<quint64> longCount(quint64 &position) const;
     Result<Object> object(quint64 index) const;
     Result<Object> sized(quint8 type, quint64 count, quint64 position) const;
+    Result<void> checkKeys(const Object &dictionary);
+    Result<bool> isKey(quint64 index) const;
     Result<void> open(quint64 index);
     Result<void> follow(quint64 child);
     Result<void> add(Cost &parent, const Cost &child) const;
@@ -197,8 +202,51 @@ Result<BinaryGuard::Object> BinaryGuard::sized(quint8 type, quint64 count, quint
     if (pieces > (m_tableAt - position) / unit)
         return damaged("a value is longer than the file");
     if (type < Array)
-        return Object{pieces * copied, 0, 0};
-    return Object{0, type == Dictionary ? 2 * count : count, position};
+        return Object{pieces * copied, 0, 0, 0};
+    const bool isDictionary = type == Dictionary;
+    return Object{0, isDictionary ? 2 * count : count, position, isDictionary ? count : 0};
+}
+
+/// libplist ends the program where a key is no text or holds a NUL.
+Result<void> BinaryGuard::checkKeys(const Object &dictionary)
+{
+    for (quint64 i = 0; i < dictionary.keys; ++i) {
+        const quint64 index = number(dictionary.referencesAt + i * m_referenceSize, m_referenceSize);
+        if (index >= m_count)
+            return damaged("it refers beyond its offset table");
+        if (m_costs[index].isKey)
+            continue;
+        const Result<bool> fit = isKey(index);
+        if (!fit)
+            return tl::unexpected(fit.error());
+        if (!*fit)
+            return damaged(QString("object %1 is no text for a key").arg(index));
+        m_costs[index].isKey = true;
+    }
+    return {};
+}
+
+Result<bool> BinaryGuard::isKey(quint64 index) const
+{
+    const Result<Object> found = object(index);
+    if (!found)
+        return tl::unexpected(found.error());
+    const quint64 offset = number(m_tableAt + index * m_offsetSize, m_offsetSize);
+    const quint8 marker = static_cast<quint8>(m_bytes[static_cast<qsizetype>(offset)]);
+    const quint8 type = marker >> 4;
+    if (type != Ascii && type != Utf16)
+        return false;
+
+    quint64 position = offset + 1;
+    quint64 count = marker & 0xF;
+    if (count == 0xF)
+        count = longCount(position).value();
+    const quint64 unit = type == Utf16 ? 2 : 1;
+    for (quint64 i = 0; i < count; ++i) {
+        if (number(position + i * unit, unit) == 0)
+            return false;
+    }
+    return true;
 }
 
 Result<void> BinaryGuard::open(quint64 index)
@@ -211,7 +259,10 @@ Result<void> BinaryGuard::open(quint64 index)
     if (m_visits.size() > PropertyListGuard::maximumDepth)
         return damaged(QString("it is nested more than %1 deep").arg(PropertyListGuard::maximumDepth));
     const quint8 depth = found->referencesAt == 0 ? 0 : 1;
-    m_costs[index] = {1, static_cast<quint32>(found->copiedBytes), depth, Cost::Open};
+    const Result<void> keys = checkKeys(*found);
+    if (!keys)
+        return keys;
+    m_costs[index] = {1, static_cast<quint32>(found->copiedBytes), depth, Cost::Open, m_costs[index].isKey};
     m_visits.push_back({index, *found, 0});
     return {};
 }

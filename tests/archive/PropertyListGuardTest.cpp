@@ -209,6 +209,19 @@ TEST(PropertyListGuard, RefusesOffsetsAndLengthsBeyondTheFile)
               "The binary property list is damaged: it holds a value of the unknown type 7.");
 }
 
+TEST(PropertyListGuard, RefusesKeysThatAreNoTextOrHoldANul)
+{
+    const auto withKey = [](const QByteArray &key) {
+        return binaryError(rawList({rawContainer(0xD, {1, 2}), key, QByteArray("\x10\x07", 2)}));
+    };
+    const QString noKey = "The binary property list is damaged: object 1 is no text for a key.";
+
+    EXPECT_EQ(withKey("\x52no"), "no error");
+    EXPECT_EQ(withKey(QByteArray("\x53n\0o", 4)), noKey);
+    EXPECT_EQ(withKey(QByteArray("\x62\0n\0\0", 5)), noKey);
+    EXPECT_EQ(withKey(QByteArray("\x10\x05", 2)), noKey);
+}
+
 TEST(PropertyListGuard, XmlIsRewrittenToElementsAndTheirText)
 {
     const QByteArray odd = "<?xml version='1.0'?>\n<!DOCTYPE plist SYSTEM \"x.dtd\">\n<?tool note?>"
