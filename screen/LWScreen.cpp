@@ -9,8 +9,6 @@
 #include <array>
 #include <limits>
 
-Q_DECLARE_METATYPE(std::optional<QStringList>)
-
 namespace {
 /// The archive of a screen, in the order of writing. Spellings and forms are those of every file ever saved.
 constexpr std::array archiveFields{

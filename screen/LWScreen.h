@@ -38,20 +38,20 @@ public:
         int col = 0;
         int panelWidth = 0;
         int panelHeight = 0;
-        OptionalColour rectColor;
-        OptionalColour rectColor2;
-        OptionalColour boarderColor;
-        OptionalColour circleColor;
-        OptionalColour xyColor;
-        OptionalColour sfColor;
+        OptionalColour rectColor = {};
+        OptionalColour rectColor2 = {};
+        OptionalColour boarderColor = {};
+        OptionalColour circleColor = {};
+        OptionalColour xyColor = {};
+        OptionalColour sfColor = {};
         int xyFontSize = 0;
         bool bgEnable = false;
         bool boarderEnable = false;
-        QString label;
+        QString label = {};
         bool circleEnable = false;
         int hpos = 0;
         int vpos = 0;
-        std::optional<QStringList> hiddenBoxes;
+        std::optional<QStringList> hiddenBoxes = {};
     };
 
     /// The plain object, all zero, false and nil, not rendered.

@@ -9,6 +9,10 @@
 #include <algorithm>
 
 namespace {
+/// Pixels that the lines of a data path may run through, up and down the raster, before drawing them takes seconds. The
+/// largest walls need a hundredth of it; where panels are single pixels the path would only be a white field.
+constexpr double longestDataPath = 5e7;
+
 bool hasPixels(qint64 width, qint64 height)
 {
     return width > 0 && height > 0;
@@ -90,12 +94,19 @@ void ScreenChart::drawDataPath(DrawingSurface &surface) const
     const auto split = PortSplit::of(panelGrid(), *flow, pixelLimit);
     if (!split)
         return;
+    const bool alongRows = flow->along == FlowPattern::Along::Rows;
+    if (alongRows ? double(row) * double(wallWidth()) > longestDataPath
+                  : double(col) * double(wallHeight()) > longestDataPath) {
+        qCWarning(lcScreen, "The data path through %d x %d panels is left out: its lines would only cover each other.",
+                  col, row);
+        return;
+    }
     double x = 0;
     double y = 0;
     for (qint64 index = 0; index < split->portCount(); ++index) {
         const auto [start, lines] = split->port(index);
         const auto delimiter = static_cast<float>(lines);
-        if (flow->along == FlowPattern::Along::Rows) {
+        if (alongRows) {
             y = start;
             FlowPath::drawFlowPathRowsFromRight(surface, panelGrid(), flow->fromRight, flow->fromBottom, x, y,
                                                 flow->end, delimiter);
