@@ -1,0 +1,216 @@
+#include "still/LWStill.h"
+
+#include "drawing/Raster.h"
+#include "still/PictureFile.h"
+
+#include <QVariant>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <iterator>
+#include <vector>
+
+namespace {
+/// The archive of a still, in the order of writing. It differs from what is read: every file ever saved holds
+/// "rectcolor2", which no reader takes, and older writers left "pixelLimit" and "pattern", which no writer gives.
+constexpr std::array writtenFields{
+    ArchiveField{"col", "col", StoredAs::Integer32},
+    ArchiveField{"bgenable", "bgEnable", StoredAs::Boolean},
+    ArchiveField{"boarderenable", "BoarderEnable", StoredAs::Boolean},
+    ArchiveField{"panelwidth", "panelWidth", StoredAs::Integer32},
+    ArchiveField{"panelheight", "panelHeight", StoredAs::Integer32},
+    ArchiveField{"row", "row", StoredAs::Integer32},
+    ArchiveField{"rectcolor", "rectColor", StoredAs::Colour},
+    ArchiveField{"rectcolor2", "rectColor2", StoredAs::Colour},
+    ArchiveField{"visible", "visible", StoredAs::Boolean},
+    ArchiveField{"screenheight", "screenSizeHeight", StoredAs::Integer32},
+    ArchiveField{"screenwidth", "screenSizeWidth", StoredAs::Integer32},
+    ArchiveField{"xpoint", "xpoint", StoredAs::Integer32},
+    ArchiveField{"ypoint", "ypoint", StoredAs::Integer32},
+    ArchiveField{"xyfontsize", "XYFontSize", StoredAs::Integer32},
+    ArchiveField{"xyenable", "XYFontEnable", StoredAs::Boolean},
+    ArchiveField{"fontenable", "screenFontEnable", StoredAs::Boolean},
+    ArchiveField{"circleenable", "CircleEnable", StoredAs::Boolean},
+    ArchiveField{"screenfontsize", "screenFontSize", StoredAs::Integer32},
+    ArchiveField{"circlecolor", "circleColor", StoredAs::Colour},
+    ArchiveField{"xycolor", "xyColor", StoredAs::Colour},
+    ArchiveField{"sfcolor", "sfColor", StoredAs::Colour},
+    ArchiveField{"boardercolor", "boarderColor", StoredAs::Colour},
+    ArchiveField{"label", "label", StoredAs::Text},
+    ArchiveField{"boarderwidth", "boarderWidth", StoredAs::Integer32},
+    ArchiveField{"circlebwidth", "circleBWidth", StoredAs::Integer32},
+    ArchiveField{"imageURL", "ImageURL", StoredAs::Address},
+    ArchiveField{"drawLabels", "drawLabels", StoredAs::Integer32},
+    ArchiveField{"labelColor", "labelColor", StoredAs::Colour},
+    ArchiveField{"labelFontSize", "labelFontSize", StoredAs::Integer32},
+    ArchiveField{"drawFlowPath", "drawFlowPath", StoredAs::Integer32},
+};
+
+constexpr std::array fieldsOnlyRead{
+    ArchiveField{"pixelLimit", "pixelLimit", StoredAs::Integer32},
+    ArchiveField{"pattern", "pattern", StoredAs::Integer32},
+};
+
+/// What is written and read again, in the order of writing.
+const std::vector<ArchiveField> &fieldsKept()
+{
+    static const std::vector<ArchiveField> fields = [] {
+        std::vector<ArchiveField> kept;
+        std::copy_if(writtenFields.begin(), writtenFields.end(), std::back_inserter(kept),
+                     [](const ArchiveField &field) { return std::strcmp(field.key, "rectcolor2") != 0; });
+        return kept;
+    }();
+    return fields;
+}
+
+/// What a copy takes over by property, in this order; the picture is shared beside it.
+constexpr std::array copiedProperties{
+    "screenFontEnable",
+    "BoarderEnable",
+    "panelWidth",
+    "panelHeight",
+    "col",
+    "row",
+    "rectColor",
+    "rectColor2",
+    "visible",
+    "screenSizeHeight",
+    "screenSizeWidth",
+    "xpoint",
+    "ypoint",
+    "xyColor",
+    "sfColor",
+    "XYFontSize",
+    "XYFontEnable",
+    "screenFontSize",
+    "CircleEnable",
+    "bgEnable",
+    "circleColor",
+    "boarderColor",
+    "label",
+    "boarderWidth",
+    "circleBWidth",
+    "ImageURL",
+    "labelGroupRightHidden",
+    "label1",
+    "label2",
+    "label3",
+    "label4",
+    "label5",
+    "label6",
+    "label7",
+    "label8",
+    "label1Hidden",
+    "label2Hidden",
+    "label3Hidden",
+    "label4Hidden",
+    "label5Hidden",
+    "label6Hidden",
+    "label7Hidden",
+    "label8Hidden",
+    "drawLabels",
+    "labelColor",
+    "labelFontSize",
+    "drawFlowPath",
+    "pixelLimit",
+    "pattern",
+};
+
+void setCaptions(LWStill &still)
+{
+    still.setLabel1("Width");
+    still.setLabel2("Height");
+    still.setLabel3("Pos-H");
+    still.setLabel4("Pos-V");
+    still.setLabel5("H-Start");
+    still.setLabel6("V-Start");
+    still.setLabel7("XY Label Size");
+    still.setLabel8("Label Screen Size");
+    still.setLabel3Hidden(true);
+    still.setLabel4Hidden(true);
+    still.setLabel7Hidden(true);
+    still.setLabel8Hidden(true);
+    still.setLabelGroupRightHidden(true);
+}
+} // namespace
+
+LWStill::LWStill(LayerHost &host) : Layer(host) {}
+
+LWStill::~LWStill() = default;
+
+std::shared_ptr<LWStill> LWStill::initWithimage(LayerHost &host, const QImage &image)
+{
+    auto still = std::make_shared<LWStill>(host);
+    still->setThumbnail(image);
+    still->setPanelWidth(image.width());
+    still->setPanelHeight(image.height());
+    still->setScreenSizeWidth(image.width());
+    still->setScreenSizeHeight(image.height());
+    still->setVisible(true);
+    still->setBoarderWidth(1);
+    setCaptions(*still);
+    still->setAspectValue(image.size());
+    return still;
+}
+
+Result<std::shared_ptr<LWStill>> LWStill::initWithCoder(LayerHost &host, const ArchiveObject &coder)
+{
+    auto still = std::make_shared<LWStill>(host);
+    Result<void> decoded = decodeFields(*still, fieldsKept(), coder);
+    if (decoded)
+        decoded = decodeFields(*still, fieldsOnlyRead, coder);
+    if (!decoded)
+        return tl::unexpected(decoded.error());
+    still->loadThumbnail();
+    return still;
+}
+
+QImage LWStill::thumbnail() const
+{
+    if (m_pictureWaitsInFile) {
+        m_pictureWaitsInFile = false;
+        m_picture = PictureFile::load(m_ImageURL.toLocalFile());
+    }
+    return m_picture ? *m_picture : QImage();
+}
+
+void LWStill::setThumbnail(const QImage &picture)
+{
+    m_pictureWaitsInFile = false;
+    m_picture = std::make_shared<const QImage>(picture.convertToFormat(Raster::format));
+}
+
+void LWStill::loadThumbnail()
+{
+    m_picture.reset();
+    m_pictureWaitsInFile = true;
+}
+
+void LWStill::drawInRect()
+{
+    setScreenSizeWidth(panelWidth());
+    setScreenSizeHeight(panelHeight());
+}
+
+void LWStill::onImageClick(qint64, qint64) {}
+
+LayerPointer LWStill::copyWithZone() const
+{
+    auto copy = std::make_shared<LWStill>(host());
+    for (const char *property : copiedProperties)
+        copy->setProperty(property, this->property(property));
+    copy->m_pictureWaitsInFile = m_pictureWaitsInFile;
+    copy->m_picture = m_picture;
+    return copy;
+}
+
+void LWStill::encodeWithCoder(ArchiveObject &coder) const
+{
+    encodeFields(*this, writtenFields, coder);
+}
+
+std::span<const ArchiveField> LWStill::keptFields() const
+{
+    return fieldsKept();
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "archive/Address.h"
+#include "layer/Layer.h"
+
+#include <QImage>
+
+#include <memory>
+
+/// A picture on the output. It draws nothing itself: its picture is its thumbnail, composed at the still's size.
+class LWStill final : public Layer
+{
+    Q_OBJECT
+    /// Where the picture was loaded from. Files keep this address, not the pixels. Setting it loads nothing.
+    Q_PROPERTY(Address ImageURL READ ImageURL WRITE setImageURL)
+
+public:
+    /// The plain object: all zero, false and nil, without a picture.
+    explicit LWStill(LayerHost &host);
+    ~LWStill() override;
+
+    /// A visible still of a loaded picture, at the picture's size; null gives one of size 0. The caller sets its
+    /// address.
+    static std::shared_ptr<LWStill> initWithimage(LayerHost &host, const QImage &image);
+    /// A still as an archive holds it; what the archive does not hold is zero, false or nil. Its picture comes from its
+    /// address. Error: a value of a wrong kind; the message names the key.
+    [[nodiscard]] static Result<std::shared_ptr<LWStill>> initWithCoder(LayerHost &host, const ArchiveObject &coder);
+
+    /// The picture in its own size, whatever size the still has; null where the file is missing or no picture.
+    QImage thumbnail() const override;
+    void setThumbnail(const QImage &picture) override;
+    /// Has the picture loaded from the address when it is next asked for.
+    void loadThumbnail();
+
+    /// Takes panelWidth and panelHeight over as the size on the output.
+    void drawInRect() override;
+    /// Clicks do nothing to a picture.
+    void onImageClick(qint64 x, qint64 y) override;
+    /// A plain still with this one's picture, place, look and captions; aspect and power are zero.
+    LayerPointer copyWithZone() const override;
+    void encodeWithCoder(ArchiveObject &coder) const override;
+    std::span<const ArchiveField> keptFields() const override;
+
+    const Address &ImageURL() const { return m_ImageURL; }
+    void setImageURL(const Address &address) { m_ImageURL = address; }
+
+private:
+    Address m_ImageURL;
+    mutable bool m_pictureWaitsInFile = false;
+    mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file
+};

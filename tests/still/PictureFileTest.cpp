@@ -1,0 +1,107 @@
+#include "still/PictureFile.h"
+
+#include "drawing/Raster.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+class PictureFileTest : public ::testing::Test
+{
+protected:
+    QString saved(const QString &name, const QSize &size, Qt::GlobalColor colour)
+    {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(colour);
+        const QString path = folder.filePath(name);
+        EXPECT_TRUE(image.save(path));
+        return path;
+    }
+
+    QString written(const QString &name, const QByteArray &bytes)
+    {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        return file.fileName();
+    }
+
+    QTemporaryDir folder;
+};
+} // namespace
+
+TEST_F(PictureFileTest, ComesInTheRasterFormatAndItsOwnSize)
+{
+    const auto picture = PictureFile::load(saved("plate.png", {31, 17}, Qt::red));
+
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->size(), QSize(31, 17));
+    EXPECT_EQ(picture->format(), Raster::format);
+    EXPECT_EQ(picture->pixel(30, 16), 0xffff0000U);
+}
+
+TEST_F(PictureFileTest, APhotographIsTurnedUpright)
+{
+    QFile file(saved("photograph.jpg", {40, 24}, Qt::white));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    QByteArray bytes = file.readAll();
+    // An Exif segment with one entry: orientation 6, the camera was held upright.
+    bytes.insert(
+        2, QByteArray::fromHex("ffe1 0022 457869660000 49492a0008000000 0100 1201 0300 01000000 06000000 00000000"));
+
+    const auto picture = PictureFile::load(written("upright.jpg", bytes));
+
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->size(), QSize(24, 40));
+}
+
+TEST_F(PictureFileTest, WhatIsNoPictureGivesNone)
+{
+    EXPECT_EQ(PictureFile::load(folder.filePath("missing.png")), nullptr);
+    EXPECT_EQ(PictureFile::load(written("text.png", "this is no picture")), nullptr);
+    EXPECT_EQ(PictureFile::load(folder.path()), nullptr);
+    EXPECT_EQ(PictureFile::load(QString()), nullptr);
+}
+
+TEST_F(PictureFileTest, APipeIsNotWaitedFor)
+{
+    const QString path = folder.filePath("pipe.png");
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+}
+
+TEST_F(PictureFileTest, APictureLargerThanARasterGivesNone)
+{
+    EXPECT_EQ(PictureFile::load(saved("wide.png", {32769, 1}, Qt::red)), nullptr);
+    EXPECT_NE(PictureFile::load(saved("fits.png", {32768, 1}, Qt::red)), nullptr);
+}
+
+TEST_F(PictureFileTest, StillsOfOneFileShareItsPixels)
+{
+    const QString path = saved("plate.png", {31, 17}, Qt::red);
+
+    EXPECT_EQ(PictureFile::load(path), PictureFile::load(path)); // the first one lives until the line ends
+
+    const auto first = PictureFile::load(path);
+    EXPECT_EQ(PictureFile::load(path), first);
+}
+
+TEST_F(PictureFileTest, AFileThatWasReplacedIsReadAgain)
+{
+    const QString path = saved("plate.png", {31, 17}, Qt::red);
+    const auto first = PictureFile::load(path);
+    saved("plate.png", {31, 17}, Qt::blue);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
+
+    const auto second = PictureFile::load(path);
+
+    ASSERT_NE(second, nullptr);
+    EXPECT_EQ(second->pixel(0, 0), 0xff0000ffU);
+    EXPECT_EQ(first->pixel(0, 0), 0xffff0000U);
+}
