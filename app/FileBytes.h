@@ -1,0 +1,24 @@
+#pragma once
+
+#include "archive/Result.h"
+
+#include <QByteArray>
+#include <QString>
+
+/// Whole files, in and out.
+namespace FileBytes {
+
+/// Error: no regular file, unreadable, or more than `mostBytes` (told before a byte is read). The message begins with
+/// the path.
+[[nodiscard]] Result<QByteArray> read(const QString &path, qint64 mostBytes);
+
+/// Puts `bytes` into the file at `path`. Whatever stood there stays whole until its successor is complete on disk.
+/// Error: the file cannot be made, filled or put into its place; nothing half-written is left. The message begins with
+/// the path.
+[[nodiscard]] Result<void> write(const QString &path, const QByteArray &bytes);
+
+/// The path with exactly one `extension` at its end: "show" and "show.Orv" become "show.Orv", "wall.png" becomes
+/// "wall.png.Orv". Upper and lower case differ.
+QString withExtension(const QString &path, const QString &extension);
+
+} // namespace FileBytes

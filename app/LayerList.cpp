@@ -1,0 +1,129 @@
+#include "app/LayerList.h"
+
+#include <QMetaProperty>
+
+#include <algorithm>
+
+namespace {
+/// The name of the property that a key path names; empty where it names none.
+QByteArray propertyName(const QString &keyPath)
+{
+    return keyPath.startsWith(LayerList::keyPathPrefix) ? keyPath.mid(LayerList::keyPathPrefix.size()).toLatin1()
+                                                        : QByteArray();
+}
+
+QString keyPathOfRole(int role)
+{
+    if (role == Qt::EditRole || role == Qt::DisplayRole)
+        return LayerList::keyPathPrefix + QString("label");
+    return role == Qt::CheckStateRole ? LayerList::keyPathPrefix + QString("visible") : QString();
+}
+} // namespace
+
+LayerPointer LayerList::layer(qsizetype index) const
+{
+    return index >= 0 && index < std::ssize(m_layers) ? m_layers[static_cast<std::size_t>(index)] : nullptr;
+}
+
+void LayerList::setSelectionIndex(qsizetype index)
+{
+    if (!layer(index) || index == m_selectionIndex)
+        return;
+    m_selectionIndex = index;
+    emit selectionIndexDidChange(index);
+}
+
+void LayerList::insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsizetype index)
+{
+    const qsizetype row = std::clamp<qsizetype>(index, 0, std::ssize(m_layers));
+    beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
+    m_layers.insert(m_layers.begin() + row, layer);
+    endInsertRows();
+
+    if (row > m_selectionIndex && m_selectionIndex >= 0)
+        return;
+    m_selectionIndex = m_selectionIndex < 0 ? row : m_selectionIndex + 1;
+    emit selectionIndexDidChange(m_selectionIndex);
+}
+
+void LayerList::removeObjectAtArrangedObjectIndex(qsizetype index)
+{
+    if (!layer(index))
+        return;
+    beginRemoveRows({}, static_cast<int>(index), static_cast<int>(index));
+    m_layers.erase(m_layers.begin() + index);
+    endRemoveRows();
+
+    if (index > m_selectionIndex)
+        return;
+    const bool selectionMovesUp = index < m_selectionIndex || m_selectionIndex == std::ssize(m_layers);
+    if (selectionMovesUp)
+        --m_selectionIndex;
+    emit selectionIndexDidChange(m_selectionIndex);
+}
+
+void LayerList::removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes)
+{
+    // From the end, so that no index moves before its turn.
+    std::sort(indexes.begin(), indexes.end(), std::greater<>());
+    indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
+    for (const qsizetype index : indexes)
+        removeObjectAtArrangedObjectIndex(index);
+}
+
+bool LayerList::setValue(const QVariant &value, const QString &keyPath)
+{
+    return setLayerValue(m_selectionIndex, value, keyPath);
+}
+
+bool LayerList::setLayerValue(qsizetype index, const QVariant &value, const QString &keyPath)
+{
+    const LayerPointer edited = layer(index);
+    const QByteArray property = propertyName(keyPath);
+    // Only declared properties: QObject would make a new one of any other name.
+    if (!edited || edited->metaObject()->indexOfProperty(property) < 0 || !edited->setProperty(property, value))
+        return false;
+    const QModelIndex row = this->index(static_cast<int>(index));
+    emit dataChanged(row, row);
+    emit valueDidChange(keyPath);
+    return true;
+}
+
+QVariant LayerList::value(const QString &keyPath) const
+{
+    const LayerPointer selected = selectedLayer();
+    return selected ? selected->property(propertyName(keyPath)) : QVariant();
+}
+
+int LayerList::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : static_cast<int>(m_layers.size());
+}
+
+QVariant LayerList::data(const QModelIndex &index, int role) const
+{
+    const LayerPointer shown = layer(index.row());
+    if (!shown)
+        return {};
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::EditRole:
+        return shown->label();
+    case Qt::CheckStateRole:
+        return shown->visible() ? Qt::Checked : Qt::Unchecked;
+    default:
+        return {};
+    }
+}
+
+bool LayerList::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    // A check state of 2 is the flag's "yes", as for every other whole number.
+    return setLayerValue(index.row(), value, keyPathOfRole(role));
+}
+
+Qt::ItemFlags LayerList::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags editing = Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
+    return QAbstractListModel::flags(index) | (index.isValid() ? editing : Qt::NoItemFlags);
+}

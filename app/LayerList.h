@@ -1,0 +1,62 @@
+#pragma once
+
+#include "layer/Layer.h"
+
+#include <QAbstractListModel>
+
+#include <vector>
+
+/// An ordered list of layers with a selection: what a layer table shows and an inspector edits. Index 0 is the first
+/// row and the topmost layer. Every change of the list goes through here, so that views follow.
+///
+/// Views see one column: the label (DisplayRole, EditRole) and the eye (CheckStateRole); layer() gives the rest.
+class LayerList final : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    /// What the key path of a layer's property begins with.
+    static constexpr QLatin1StringView keyPathPrefix{"arrangedObjects."};
+
+    const std::vector<LayerPointer> &layers() const { return m_layers; }
+    /// The layer of a row; null where there is no such row.
+    LayerPointer layer(qsizetype index) const;
+
+    /// The selected row; -1 only while the list is empty.
+    qsizetype selectionIndex() const { return m_selectionIndex; }
+    /// Rows that do not exist are not selected; the selection stays.
+    void setSelectionIndex(qsizetype index);
+    /// Null while the list is empty.
+    LayerPointer selectedLayer() const { return layer(m_selectionIndex); }
+
+    /// Inserts before the row `index` (0 to the number of layers; others are moved to the nearer end). The selection
+    /// stays with its layer.
+    void insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsizetype index);
+    /// Removes a row, if it exists. The selection stays with its layer; if that goes, the one that takes its row is
+    /// selected, or the last one.
+    void removeObjectAtArrangedObjectIndex(qsizetype index);
+    void removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes);
+
+    /// Edits a property of the selected layer, "arrangedObjects.panelWidth", and tells it with valueDidChange().
+    /// Returns whether there was such a property to edit and the value fits it; otherwise nothing happens.
+    bool setValue(const QVariant &value, const QString &keyPath);
+    /// The selected layer's property; an invalid value where there is none.
+    QVariant value(const QString &keyPath) const;
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    /// An edit in the table: like setValue(), of the row that was edited.
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+signals:
+    /// A property was edited by its key path; plain setters of a layer do not lead here.
+    void valueDidChange(const QString &keyPath);
+    void selectionIndexDidChange(qsizetype index);
+
+private:
+    bool setLayerValue(qsizetype index, const QVariant &value, const QString &keyPath);
+
+    std::vector<LayerPointer> m_layers;
+    qsizetype m_selectionIndex = -1;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+#include <optional>
+
+/// What the document needs of the person at the screen. The windows implement it; tests script it; the command line
+/// does without, since it works on projects and compositions directly.
+class UserInterface
+{
+public:
+    virtual ~UserInterface() = default;
+
+    /// Asks for a file to open; any file can be chosen. Returns its path, nullopt when the panel was cancelled.
+    virtual std::optional<QString> runModalOpenPanel() = 0;
+    /// Asks where to save; the name comes back as it was typed. Returns nullopt when the panel was cancelled.
+    virtual std::optional<QString> runModalSavePanel() = 0;
+    /// Shows a message with an "OK" button and returns when it was closed. `informativeText` may be empty.
+    virtual void alert(const QString &message, const QString &informativeText) = 0;
+    /// Tells, in the status line and without stopping anyone, that something could not be done.
+    virtual void tellFailure(const QString &sentence) = 0;
+
+    /// A new output was composed, of the output's size in pixels; null where there is none. It shares its pixels with
+    /// the composition: whoever keeps a copy past the next call of releaseOutput() costs the program a second buffer.
+    virtual void showOutput(const QImage &output) = 0;
+    /// The next output is about to be composed: let go of the last one. showOutput() follows at once.
+    virtual void releaseOutput() = 0;
+    /// Paints the canvas again with the output it has.
+    virtual void repaintCanvas() = 0;
+    /// Hides the marker around a selected still.
+    virtual void hideRectangle() = 0;
+    /// Rows of the layer table may look different: a layer was rendered again.
+    virtual void reloadTable() = 0;
+    /// The power line, as it is to be shown: "Total Power: 72.73Amp".
+    virtual void showPowerResult(const QString &text) = 0;
+    /// Adds a file to the recent documents.
+    virtual void noteRecentDocument(const QString &path) = 0;
+};

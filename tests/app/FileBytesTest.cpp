@@ -1,0 +1,152 @@
+#include "app/FileBytes.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+/// No file may grow beyond `bytes` while this lives: a disk that runs full.
+class FullDisk
+{
+public:
+    explicit FullDisk(rlim_t bytes)
+    {
+        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+        getrlimit(RLIMIT_FSIZE, &m_oldLimit);
+        const rlimit limit{bytes, m_oldLimit.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FullDisk()
+    {
+        setrlimit(RLIMIT_FSIZE, &m_oldLimit);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+    FullDisk(const FullDisk &) = delete;
+    FullDisk &operator=(const FullDisk &) = delete;
+
+private:
+    rlimit m_oldLimit{};
+    void (*m_oldHandler)(int) = nullptr;
+};
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+} // namespace
+
+TEST(FileBytes, ComeBackAsTheyWereWritten)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    const QByteArray bytes("\0\r\n\xff", 4);
+
+    ASSERT_TRUE(FileBytes::write(path, bytes).has_value());
+
+    EXPECT_EQ(FileBytes::read(path, 4).value(), bytes);
+}
+
+TEST(FileBytes, ReplaceWhateverStoodThere)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "a much longer text").has_value());
+
+    ASSERT_TRUE(FileBytes::write(path, "short").has_value());
+
+    EXPECT_EQ(contents(path), "short");
+}
+
+TEST(FileBytes, AFullDiskLeavesTheOldFileAndNothingElse)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "the old show").has_value());
+
+    Result<void> written;
+    {
+        const FullDisk disk(4096);
+        written = FileBytes::write(path, QByteArray(1 << 20, 'x'));
+    }
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_TRUE(written.error().text.startsWith(path + ": cannot be written: ")) << qPrintable(written.error().text);
+    EXPECT_EQ(contents(path), "the old show");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"show.Orv"});
+}
+
+TEST(FileBytes, ADeviceIsNotReplacedByAFile)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(qPrintable(path), 0600), 0);
+
+    const Result<void> written = FileBytes::write(path, "show");
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().text, path + ": cannot be written: this is a folder or a device, not a file");
+    struct stat status
+    {};
+    ASSERT_EQ(stat(qPrintable(path), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST(FileBytes, AFolderThatIsNotThereIsNamed)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("nowhere/show.Orv");
+
+    const Result<void> written = FileBytes::write(path, "show");
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_TRUE(written.error().text.startsWith(path)) << qPrintable(written.error().text);
+}
+
+TEST(FileBytes, AFolderIsNotWrittenOver)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir("show.Orv"));
+
+    EXPECT_FALSE(FileBytes::write(folder.filePath("show.Orv"), "show").has_value());
+    EXPECT_TRUE(QDir(folder.filePath("show.Orv")).exists());
+}
+
+TEST(FileBytes, OnlyFilesAreRead)
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+
+    EXPECT_EQ(FileBytes::read(folder.filePath("missing"), 10).error().text,
+              folder.filePath("missing") + ": there is no such file");
+    EXPECT_EQ(FileBytes::read(folder.path(), 10).error().text,
+              folder.path() + ": this is a folder or a device, not a file");
+    EXPECT_EQ(FileBytes::read(pipe, 10).error().text, pipe + ": this is a folder or a device, not a file");
+}
+
+TEST(FileBytes, ALargerFileIsRefusedUnread)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{1} << 32));
+
+    EXPECT_EQ(FileBytes::read(path, 512 << 20).error().text,
+              path + ": the file has 4.00 GiB; more than 512.00 MiB is not read");
+}
+
+TEST(FileBytes, AnExtensionStandsAtTheEndOnce)
+{
+    EXPECT_EQ(FileBytes::withExtension("/a/show", "Orv"), "/a/show.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/show.Orv", "Orv"), "/a/show.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/wall.png", "Orv"), "/a/wall.png.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/show.orv", "Orv"), "/a/show.orv.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/wallOrv", "Orv"), "/a/wallOrv.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a.png/wall", "png"), "/a.png/wall.png");
+}

@@ -1,0 +1,159 @@
+#include "app/LayerList.h"
+
+#include "screen/LWScreen.h"
+#include "tests/screen/TestHost.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace {
+class LayerListTest : public ::testing::Test
+{
+protected:
+    void insert(const QString &label, qsizetype index)
+    {
+        const auto screen = LWScreen::init(host);
+        screen->setLabel(label);
+        list.insertObjectAtArrangedObjectIndex(screen, index);
+    }
+    QString labels() const
+    {
+        QStringList all;
+        for (const LayerPointer &layer : list.layers())
+            all.append(layer->label());
+        return all.join(' ');
+    }
+    QString selectedLabel() const { return list.selectedLayer() ? list.selectedLayer()->label() : "none"; }
+
+    TestHost host;
+    LayerList list;
+    const QAbstractItemModelTester tester{&list, QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+} // namespace
+
+TEST_F(LayerListTest, AnEmptyListSelectsNothing)
+{
+    EXPECT_EQ(list.selectionIndex(), -1);
+    EXPECT_EQ(list.selectedLayer(), nullptr);
+    EXPECT_EQ(list.layer(0), nullptr);
+    EXPECT_FALSE(list.setValue(5, "arrangedObjects.col"));
+    EXPECT_FALSE(list.value("arrangedObjects.col").isValid());
+
+    list.removeObjectAtArrangedObjectIndex(0);
+    list.setSelectionIndex(0);
+    EXPECT_EQ(list.selectionIndex(), -1);
+}
+
+TEST_F(LayerListTest, TheSelectionStaysWithItsLayer)
+{
+    insert("a", 0);
+    EXPECT_EQ(selectedLabel(), "a");
+
+    insert("b", 0);
+    insert("c", 2);
+    EXPECT_EQ(labels(), "b a c");
+    EXPECT_EQ(list.selectionIndex(), 1);
+    EXPECT_EQ(selectedLabel(), "a");
+
+    list.removeObjectAtArrangedObjectIndex(0);
+    EXPECT_EQ(labels(), "a c");
+    EXPECT_EQ(selectedLabel(), "a");
+}
+
+TEST_F(LayerListTest, ARemovedSelectionPassesToTheNextLayerAndAtTheEndToTheLast)
+{
+    insert("a", 0);
+    insert("b", 1);
+    insert("c", 2);
+    list.setSelectionIndex(1);
+
+    list.removeObjectAtArrangedObjectIndex(1);
+    EXPECT_EQ(selectedLabel(), "c");
+    list.removeObjectAtArrangedObjectIndex(1);
+    EXPECT_EQ(selectedLabel(), "a");
+    list.removeObjectAtArrangedObjectIndex(0);
+    EXPECT_EQ(list.selectionIndex(), -1);
+}
+
+TEST_F(LayerListTest, IndexesBeyondTheListAreTakenToItsEnds)
+{
+    insert("a", 7);
+    insert("b", -3);
+    insert("c", 99);
+
+    EXPECT_EQ(labels(), "b a c");
+}
+
+TEST_F(LayerListTest, SeveralRowsGoAtOnceInAnyOrder)
+{
+    for (const char *label : {"a", "b", "c", "d", "e"})
+        insert(label, list.rowCount());
+
+    list.removeObjectsAtArrangedObjectIndexes({3, 0, 3, 17, -1});
+
+    EXPECT_EQ(labels(), "b c e");
+}
+
+TEST_F(LayerListTest, AnEditByKeyPathReachesTheSelectedLayerAndIsTold)
+{
+    insert("a", 0);
+    insert("b", 1);
+    list.setSelectionIndex(1);
+    const QSignalSpy edits(&list, &LayerList::valueDidChange);
+
+    EXPECT_TRUE(list.setValue(31, "arrangedObjects.panelWidth"));
+
+    EXPECT_EQ(list.layer(1)->panelWidth(), 31);
+    EXPECT_EQ(list.layer(0)->panelWidth(), 48);
+    EXPECT_EQ(list.value("arrangedObjects.panelWidth"), QVariant(31));
+    ASSERT_EQ(edits.size(), 1);
+    EXPECT_EQ(edits[0][0].toString(), "arrangedObjects.panelWidth");
+}
+
+TEST_F(LayerListTest, APlainSetterIsNotTold)
+{
+    insert("a", 0);
+    const QSignalSpy edits(&list, &LayerList::valueDidChange);
+
+    list.layer(0)->setPanelWidth(31);
+
+    EXPECT_EQ(edits.size(), 0);
+}
+
+TEST_F(LayerListTest, WhatIsNoPropertyIsNotEdited)
+{
+    insert("a", 0);
+    const QSignalSpy edits(&list, &LayerList::valueDidChange);
+
+    EXPECT_FALSE(list.setValue(1, "arrangedObjects.patternBool"));
+    EXPECT_FALSE(list.setValue(1, "panelWidth"));
+    EXPECT_FALSE(list.setValue("no number", "arrangedObjects.panelWidth"));
+    EXPECT_FALSE(list.setValue(1, ""));
+
+    EXPECT_EQ(edits.size(), 0);
+    EXPECT_EQ(list.layer(0)->panelWidth(), 48);
+    EXPECT_TRUE(list.layer(0)->dynamicPropertyNames().isEmpty());
+}
+
+TEST_F(LayerListTest, TheTableShowsNameAndEyeAndEditsThem)
+{
+    insert("a", 0);
+    insert("b", 1);
+    const QSignalSpy edits(&list, &LayerList::valueDidChange);
+    const QModelIndex second = list.index(1);
+
+    EXPECT_EQ(second.data(Qt::DisplayRole), QVariant("b"));
+    EXPECT_EQ(second.data(Qt::CheckStateRole).toInt(), Qt::Checked);
+    EXPECT_TRUE(list.setData(second, Qt::Unchecked, Qt::CheckStateRole));
+    EXPECT_TRUE(list.setData(second, "Banner", Qt::EditRole));
+    EXPECT_FALSE(list.setData(second, "Banner", Qt::ToolTipRole));
+
+    EXPECT_FALSE(list.layer(1)->visible());
+    EXPECT_EQ(list.layer(1)->label(), "Banner");
+    EXPECT_TRUE(list.layer(0)->visible());
+    ASSERT_EQ(edits.size(), 2);
+    EXPECT_EQ(edits[0][0].toString(), "arrangedObjects.visible");
+    EXPECT_EQ(edits[1][0].toString(), "arrangedObjects.label");
+}
