@@ -1,0 +1,95 @@
+#include "bench/Operations.h"
+
+#include "bench/ChartSubjects.h"
+#include "bench/CompositionSubjects.h"
+#include "bench/PngSubjects.h"
+#include "bench/Timing.h"
+
+#include <QSize>
+
+#include <utility>
+
+using ChartSubjects::Labels;
+
+namespace {
+constexpr QSize fullHd(1920, 1080);
+constexpr QSize ultraHd(3840, 2160);
+constexpr QSize eightK(7680, 4320);
+
+constexpr Colour halfBlue{0, 0.2, 0.6, 0.5};
+
+/// The subject is made when it is measured, so that no two of them fill the memory.
+using MakeSubject = std::function<Subject()>;
+
+Operation againstMemset(std::string name, double goal, MakeSubject make)
+{
+    return {std::move(name), "memset", goal, [make] { return timeOfMemset(make()); }};
+}
+
+Operation againstMemcpy(std::string name, double goal, MakeSubject make)
+{
+    return {std::move(name), "memcpy", goal, [make] { return timeOfMemcpy(make()); }};
+}
+
+/// What a wall and an output of one size cost.
+std::vector<Operation> operationsOfSize(const std::string &size, const QSize &output)
+{
+    constexpr int panelSide = 120;
+    const int columns = output.width() / panelSide;
+    const int rows = output.height() / panelSide;
+    return {
+        againstMemset("screen, everything on, " + size, noGoal,
+                      [=] { return ChartSubjects::wall(columns, rows, panelSide); }),
+        againstMemset("screen, without labels, " + size, noGoal,
+                      [=] { return ChartSubjects::wall(columns, rows, panelSide, Labels::LeftOut); }),
+        againstMemcpy("composition, 1 full layer, " + size, noGoal,
+                      [=] { return CompositionSubjects::oneFullLayer(output); }),
+        againstMemcpy("composition, 12 tiled layers, " + size, noGoal,
+                      [=] { return CompositionSubjects::tiledLayers(output); }),
+        againstMemcpy("composition, 50 overlapping layers, " + size, noGoal,
+                      [=] { return CompositionSubjects::overlappingLayers(output, 50, NamedColour::black); }),
+        againstMemset("composition, translucent background, " + size, noGoal,
+                      [=] { return CompositionSubjects::overlappingLayers(output, 12, halfBlue); }),
+        againstMemset("composition, transparent background, " + size, noGoal,
+                      [=] { return CompositionSubjects::overlappingLayers(output, 12, NamedColour::clear); }),
+        againstMemcpy("PNG, " + size, noGoal, [=] { return PngSubjects::encode(output); }),
+    };
+}
+} // namespace
+
+std::vector<Operation> plainOperations()
+{
+    std::vector<Operation> operations;
+    for (const auto &[name, size] : {std::pair("1080p", fullHd), std::pair("4K", ultraHd), std::pair("8K", eightK)}) {
+        for (Operation &operation : operationsOfSize(name, size))
+            operations.push_back(std::move(operation));
+    }
+    return operations;
+}
+
+std::vector<Operation> operationsWithGoals()
+{
+    return {
+        againstMemset("screen, everything on, 30 x 17 panels of 128 (4K)", 3,
+                      [] { return ChartSubjects::wall(30, 17, 128); }),
+        againstMemset("screen, everything on, 60 x 34 panels of 128 (8K)", 3,
+                      [] { return ChartSubjects::wall(60, 34, 128); }),
+        againstMemset("screen, everything on, 500 x 500 panels of 4", 100,
+                      [] { return ChartSubjects::wall(500, 500, 4); }),
+        againstMemset("screen, without labels, 500 x 500 panels of 4", 9,
+                      [] { return ChartSubjects::wall(500, 500, 4, Labels::LeftOut); }),
+        againstMemcpy("composition, 1 full layer, 8K", 1.3, [] { return CompositionSubjects::oneFullLayer(eightK); }),
+        againstMemcpy("composition, 12 tiled layers, 8K", 1.7, [] { return CompositionSubjects::tiledLayers(eightK); }),
+        againstMemcpy("composition, 50 overlapping layers, 8K", 3.5,
+                      [] { return CompositionSubjects::overlappingLayers(eightK, 50, NamedColour::black); }),
+        againstMemset("composition, translucent background, 12 layers, 8K", 8,
+                      [] { return CompositionSubjects::overlappingLayers(eightK, 12, halfBlue); }),
+        againstMemset("composition, transparent background, 12 layers, 8K", 1.2,
+                      [] { return CompositionSubjects::overlappingLayers(eightK, 12, NamedColour::clear); }),
+        againstMemcpy("PNG, 1080p", 5, [] { return PngSubjects::encode(fullHd); }),
+        againstMemcpy("PNG, 4K", 5, [] { return PngSubjects::encode(ultraHd); }),
+        againstMemcpy("PNG, 8K", 5, [] { return PngSubjects::encode(eightK); }),
+        {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
+        {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},
+    };
+}

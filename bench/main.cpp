@@ -1,0 +1,62 @@
+#include "bench/Operations.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace {
+constexpr char usage[] =
+    "usage: wallwright_bench [--goals] [TEXT]\n"
+    "Prints how many times longer operations take than a plain memset or memcpy of the same bytes.\n"
+    "  --goals  measure only what has a goal; ends with 1 where one is not held\n"
+    "  TEXT     measure only operations whose name contains it\n";
+
+enum ExitStatus
+{
+    done = 0,
+    goalMissed = 1,
+    misused = 2
+};
+
+void printLine(const Operation &operation, double ratio)
+{
+    std::printf("%-52s %-7s %7.2f", operation.name.c_str(), operation.reference.c_str(), ratio);
+    if (operation.goal != noGoal)
+        std::printf(" %7.2f  %s", operation.goal, ratio <= operation.goal ? "ok" : "over");
+    std::printf("\n");
+    std::fflush(stdout); // the next one may take a while
+}
+
+ExitStatus measure(const std::vector<Operation> &operations, const std::string &text)
+{
+    int goals = 0;
+    int held = 0;
+    std::printf("%-52s %-7s %7s %7s\n", "operation", "to", "ratio", "goal");
+    for (const Operation &operation : operations) {
+        if (operation.name.find(text) == std::string::npos)
+            continue;
+        const double ratio = operation.ratio();
+        printLine(operation, ratio);
+        goals += operation.goal != noGoal ? 1 : 0;
+        held += operation.goal != noGoal && ratio <= operation.goal ? 1 : 0;
+    }
+    if (goals > 0)
+        std::printf("%d of %d goals are held\n", held, goals);
+    return held == goals ? done : goalMissed;
+}
+} // namespace
+
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv); // fonts need one
+    std::vector<std::string> arguments(argv + 1, argv + argc);
+    const bool goals = std::erase(arguments, "--goals") > 0;
+    if (arguments.size() > 1 || (!arguments.empty() && arguments[0].starts_with('-'))) {
+        std::fputs(usage, stderr);
+        return misused;
+    }
+    return measure(goals ? operationsWithGoals() : plainOperations(), arguments.empty() ? "" : arguments[0]);
+}
