@@ -1,6 +1,6 @@
 #include "screen/FlowPath.h"
 
-#include "screen/ScreenChart.h"
+#include "screen/ChartConstants.h"
 
 #include <QTransform>
 
@@ -49,7 +49,7 @@ public:
     {
         const bool startsLow = m_serpentine.startsLow;
         const double start = startsLow ? m_low : m_high;
-        const double arrowSize = ScreenChart::init2().arrowSize;
+        const double arrowSize = ChartConstants::init2().arrowSize;
 
         Run run;
         run.start = arrowhead(start, m_serpentine.first, along(startsLow));
@@ -156,7 +156,7 @@ int lineCount(float delimiter, int all)
 
 QPainterPath Arrowhead::path() const
 {
-    const double a = ScreenChart::init2().arrowSize;
+    const double a = ChartConstants::init2().arrowSize;
     const QPointF forward = direction == Direction::Right  ? QPointF(a, 0)
                             : direction == Direction::Left ? QPointF(-a, 0)
                             : direction == Direction::Up   ? QPointF(0, a)
@@ -200,7 +200,7 @@ Run columnsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, const dou
 
 void draw(DrawingSurface &surface, const Run &run)
 {
-    const ScreenChart::Constants &constants = ScreenChart::init2();
+    const ChartConstants &constants = ChartConstants::init2();
     const auto drawOutlined = [&](const Arrowhead &arrowhead, const Colour &colour) {
         surface.setColour(colour);
         surface.fillPath(arrowhead.path());

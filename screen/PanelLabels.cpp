@@ -2,6 +2,7 @@
 
 #include "drawing/PixelRows.h"
 #include "layer/Logging.h"
+#include "screen/ChartConstants.h"
 #include "screen/ScreenChart.h"
 
 #include <algorithm>
@@ -90,7 +91,7 @@ const PanelLabels::Part &PanelLabels::number(int row, int column) const
 
 QPoint PanelLabels::labelPoint(int row, int column) const
 {
-    const double margin = ScreenChart::init2().labelMargin;
+    const double margin = ChartConstants::init2().labelMargin;
     const double y = (row + 1.0) * m_panelHeight - m_fontSize - margin;
     return {static_cast<int>(column * m_panelWidth + margin), static_cast<int>(y)};
 }

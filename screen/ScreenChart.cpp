@@ -19,20 +19,6 @@ bool hasPixels(qint64 width, qint64 height)
 }
 } // namespace
 
-const ScreenChart::Constants &ScreenChart::init2()
-{
-    static const Constants constants{
-        .arrowSize = 10.0,
-        .startColor = NamedColour::green,
-        .endColor = NamedColour::red,
-        .pathColor = NamedColour::white,
-        .pathLineWidth = 5.0,
-        .arrowGlyphs = {u"\u2B05\uFE0F"_qs, u"\u27A1\uFE0F"_qs, u"\u2B07\uFE0F"_qs, u"\u2B06\uFE0F"_qs, u"\u23F9"_qs},
-        .labelMargin = 5.0,
-    };
-    return constants;
-}
-
 QImage ScreenChart::draw(QImage old) const
 {
     QImage raster = Raster::reuse(std::move(old), wallWidth(), wallHeight());

@@ -10,7 +10,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <array>
 #include <vector>
 
 /// The look of a wall at the moment of one rendering: all that its picture depends on, and the drawing.
@@ -18,21 +17,6 @@
 class ScreenChart
 {
 public:
-    /// Values that all screens draw their overlay with.
-    struct Constants
-    {
-        double arrowSize;     ///< half the width and height of an arrowhead
-        Colour startColor;    ///< arrowhead where a run begins
-        Colour endColor;      ///< arrowhead where it ends
-        Colour pathColor;     ///< the line, the other arrowheads, all outlines
-        double pathLineWidth; ///< of the serpentine line
-        /// Left, right, down, up and stop. All arrows are drawn as triangles; the glyphs are for texts about them.
-        std::array<QString, 5> arrowGlyphs;
-        double labelMargin; ///< inset of the panel labels
-    };
-    /// Fills the constants the first time, from whichever thread, and gives them ever after.
-    static const Constants &init2();
-
     // The screen's properties of the same names.
     int col = 0;
     int row = 0;

@@ -1,5 +1,6 @@
 #include "screen/FlowPath.h"
 
+#include "screen/ChartConstants.h"
 #include "screen/ScreenChart.h"
 
 #include <gtest/gtest.h>
@@ -49,9 +50,9 @@ WalkedColumns columns(const PanelGrid &grid, bool fromRight, bool fromBottom, do
 
 TEST(FlowPath, ItsConstantsAreFilledOnce)
 {
-    const ScreenChart::Constants &constants = ScreenChart::init2();
+    const ChartConstants &constants = ChartConstants::init2();
 
-    EXPECT_EQ(&constants, &ScreenChart::init2());
+    EXPECT_EQ(&constants, &ChartConstants::init2());
     EXPECT_EQ(constants.arrowSize, 10.0);
     EXPECT_EQ(constants.pathLineWidth, 5.0);
     EXPECT_EQ(constants.labelMargin, 5);
