@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+/// Numbers as they are read aloud; never for fields that are typed into.
+namespace NumberText {
+
+/// With thousands separators: "-12,800".
+QString grouped(qint64 number);
+/// Width by height: "1,920 × 1,080".
+QString size(const QSize &size);
+
+} // namespace NumberText

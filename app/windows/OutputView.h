@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+/// Shows the composed output, fitted and framed, on the theme's ground. Below 100 % by area averaging, so that no
+/// one-pixel line vanishes; from 100 % up by whole factors, so that every output pixel is equally large. 100 % is one
+/// output pixel to one device pixel.
+class OutputView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit OutputView(QWidget *parent = nullptr);
+
+    /// Shares the picture's pixels until releaseOutput(). Null: there is no output.
+    void showOutput(const QImage &output);
+    /// Lets go of the picture; showOutput() follows before the next painting.
+    void releaseOutput();
+
+    /// Size in device pixels that an output of size `output` is shown in on a view of `room` device pixels; empty where
+    /// there is no output or no room.
+    static QSize fittedSize(const QSize &output, const QSize &room);
+
+    QSize minimumSizeHint() const override { return {160, 120}; }
+
+signals:
+    /// The output or the size that it is shown in changed. `shown` is in device pixels, `output` in its own; both are
+    /// empty where there is nothing to show.
+    void shownSizeDidChange(const QSize &output, const QSize &shown);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QSize sizeInDevicePixels() const;
+    QSize shownSize() const;
+    void tellShownSize();
+    const QImage &reduced(const QSize &size);
+
+    QImage m_output;
+    QImage m_reduced; ///< the output at the size that it was last painted in; null when it has to be made
+};

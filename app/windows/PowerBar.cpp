@@ -1,0 +1,104 @@
+#include "app/windows/PowerBar.h"
+
+#include "app/windows/NumberText.h"
+#include "app/windows/Theme.h"
+
+#include <QButtonGroup>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QRadioButton>
+
+namespace {
+constexpr int verticalMargin = 6;
+
+QLabel *plainLabel(const QString &accessibleName, const QString &tip)
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setAccessibleName(accessibleName);
+    label->setToolTip(tip);
+    return label;
+}
+
+void colourText(QWidget *label, const QColor &colour)
+{
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::WindowText, colour);
+    label->setPalette(colours);
+}
+} // namespace
+
+PowerBar::PowerBar(QWidget *parent)
+    : QWidget(parent), m_row(new QHBoxLayout(this)),
+      m_powerResult(plainLabel({}, "Current of all walls, hidden ones too")), m_failure(plainLabel({}, {})),
+      m_outputSize(plainLabel({}, "Size of the output, and at what scale it is shown"))
+{
+    setAttribute(Qt::WA_StyledBackground);
+    m_row->setContentsMargins(Theme::edge, verticalMargin, Theme::edge, verticalMargin);
+    m_row->setSpacing(Theme::gap);
+
+    m_voltages =
+        addChoices({{110, "110 V", "Walls are supplied with 110 V"}, {208, "208 V", "Walls are supplied with 208 V"}});
+    m_row->addSpacing(Theme::gap);
+    m_phases = addChoices(
+        {{1, "1 phase", "The load is on one phase"}, {3, "3 phases", "The load is spread over three phases"}});
+    m_row->addSpacing(Theme::gap);
+    m_row->addWidget(m_powerResult);
+    m_row->addSpacing(Theme::gap);
+    m_failure->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    colourText(m_failure, Theme::warning);
+    m_row->addWidget(m_failure, 1);
+    colourText(m_outputSize, Theme::dimText);
+    m_row->addWidget(m_outputSize);
+
+    connect(m_voltages, &QButtonGroup::idClicked, this, &PowerBar::voltageChosen);
+    connect(m_phases, &QButtonGroup::idClicked, this, &PowerBar::phaseChosen);
+}
+
+QButtonGroup *PowerBar::addChoices(const std::vector<Choice> &choices)
+{
+    auto *group = new QButtonGroup(this);
+    for (const Choice &choice : choices) {
+        auto *button = new QRadioButton(choice.title);
+        button->setToolTip(choice.tip);
+        button->setChecked(group->buttons().isEmpty());
+        group->addButton(button, choice.tag);
+        m_row->addWidget(button);
+    }
+    return group;
+}
+
+void PowerBar::showPowerResult(const QString &text)
+{
+    m_powerResult->setText(text);
+}
+
+void PowerBar::showFailure(const QString &sentence)
+{
+    m_failureSentence = sentence;
+    m_failure->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");
+    m_failure->setAccessibleName(sentence);
+    m_failure->setAccessibleDescription("What could not be done");
+    elideFailure();
+}
+
+void PowerBar::elideFailure()
+{
+    m_failure->setText(m_failure->fontMetrics().elidedText(m_failureSentence, Qt::ElideRight, m_failure->width()));
+}
+
+void PowerBar::showOutputSize(const QSize &output, const QSize &shown)
+{
+    if (output.isEmpty() || shown.isEmpty())
+        return m_outputSize->clear();
+    const int percent = qRound(100.0 * shown.width() / output.width());
+    m_outputSize->setText(QString("%1 px, %2 %").arg(NumberText::size(output)).arg(percent));
+}
+
+void PowerBar::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    // The label has its new width only when the layout has had its turn.
+    m_row->activate();
+    elideFailure();
+}

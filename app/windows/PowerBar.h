@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QWidget>
+
+#include <vector>
+
+class QButtonGroup;
+class QHBoxLayout;
+class QLabel;
+
+/// The line along the window's bottom: supply voltage and phases to choose from, the power line, what could not be
+/// done, and what of the output is shown.
+class PowerBar final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// 110 V and 1 phase are chosen at first, as in a new document.
+    explicit PowerBar(QWidget *parent = nullptr);
+
+    /// The power line, as it is to be read.
+    void showPowerResult(const QString &text);
+    /// A sentence about what could not be done; it stays until clearFailure().
+    void showFailure(const QString &sentence);
+    void clearFailure() { showFailure({}); }
+    /// "1,920 × 1,080 px, 52 %"; sizes as OutputView tells them.
+    void showOutputSize(const QSize &output, const QSize &shown);
+
+signals:
+    /// Someone chose a voltage (110, 208) or a number of phases (1, 3).
+    void voltageChosen(int tag);
+    void phaseChosen(int tag);
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    /// One of several that exclude each other.
+    struct Choice
+    {
+        int tag;
+        QString title;
+        QString tip;
+    };
+    /// Radio buttons side by side, the first one checked.
+    QButtonGroup *addChoices(const std::vector<Choice> &choices);
+    void elideFailure();
+
+    QHBoxLayout *m_row;
+    QButtonGroup *m_voltages;
+    QButtonGroup *m_phases;
+    QLabel *m_powerResult;
+    QLabel *m_failure;
+    QLabel *m_outputSize;
+    QString m_failureSentence;
+};

@@ -1,0 +1,87 @@
+#include "app/windows/Theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFontDatabase>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QToolTip>
+
+#include <utility>
+
+namespace {
+const QString &family()
+{
+    static const QString name = [] {
+        QFontDatabase::addApplicationFont(":/fonts/Inter-SemiBold.otf");
+        const int regular = QFontDatabase::addApplicationFont(":/fonts/Inter-Regular.otf");
+        return QFontDatabase::applicationFontFamilies(regular).value(0);
+    }();
+    return name;
+}
+
+QFont fontOfSize(int pixels)
+{
+    QFont font(family());
+    font.setPixelSize(pixels);
+    return font;
+}
+
+QPalette palette()
+{
+    QPalette colours(Theme::raised, Theme::panel);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(role, Theme::text);
+    colours.setColor(QPalette::BrightText, Theme::text);
+    colours.setColor(QPalette::PlaceholderText, Theme::dimText);
+    colours.setColor(QPalette::Base, Theme::ground);
+    colours.setColor(QPalette::AlternateBase, Theme::panel);
+    colours.setColor(QPalette::ToolTipBase, Theme::raised);
+    colours.setColor(QPalette::ToolTipText, Theme::text);
+    colours.setColor(QPalette::Highlight, Theme::accent);
+    colours.setColor(QPalette::HighlightedText, Theme::ground);
+    colours.setColor(QPalette::Link, Theme::accent);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(QPalette::Disabled, role, Theme::dimText);
+    return colours;
+}
+
+QString styleSheet()
+{
+    QFile file(":/windows/theme.qss");
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The program lacks its own style sheet.");
+    QString sheet = QString::fromUtf8(file.readAll());
+    const std::pair<const char *, QColor> names[] = {
+        {"@ground", Theme::ground}, {"@panel", Theme::panel},     {"@raised", Theme::raised},
+        {"@line", Theme::line},     {"@text", Theme::text},       {"@dimText", Theme::dimText},
+        {"@accent", Theme::accent}, {"@warning", Theme::warning}, {"@danger", Theme::danger},
+    };
+    for (const auto &[name, colour] : names)
+        sheet.replace(name, colour.name());
+    return sheet;
+}
+} // namespace
+
+void Theme::apply()
+{
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(palette());
+    QApplication::setFont(fontOfSize(textSize));
+    QToolTip::setPalette(palette());
+    QToolTip::setFont(fontOfSize(textSize));
+    qApp->setStyleSheet(styleSheet());
+}
+
+QFont Theme::smallFont()
+{
+    return fontOfSize(smallTextSize);
+}
+
+QFont Theme::titleFont()
+{
+    QFont font = smallFont();
+    font.setWeight(QFont::DemiBold);
+    font.setCapitalization(QFont::AllUppercase);
+    return font;
+}

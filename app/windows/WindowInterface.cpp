@@ -1,0 +1,126 @@
+#include "app/windows/WindowInterface.h"
+
+#include "app/FileBytes.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace {
+/// Wide enough for a long name, its size and its date.
+constexpr QSize panelSize{880, 520};
+
+/// Tells files by their names. Qt's own provider reads each file to tell its kind, and waits for ever for those that
+/// only speak when there is news, such as some of the system's.
+class NameIcons final : public QFileIconProvider
+{
+public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo &info) const override { return icon(info.isDir() ? Folder : File); }
+    QString type(const QFileInfo &info) const override
+    {
+        return info.isDir() ? QString("Folder") : QString("%1 file").arg(info.suffix()).trimmed();
+    }
+};
+
+QString startFolder(const QString &lastFolder)
+{
+    return lastFolder.isNull() ? QDir::homePath() : lastFolder;
+}
+
+/// Qt's own panel, so that it looks like the rest. Any file can be chosen in it.
+void setUp(QFileDialog &panel, QAbstractFileIconProvider &icons)
+{
+    panel.setOption(QFileDialog::DontUseNativeDialog);
+    panel.setIconProvider(&icons);
+    panel.setViewMode(QFileDialog::Detail);
+    panel.resize(panelSize);
+}
+
+/// The message as it is, whatever signs are in it.
+void setUp(QMessageBox &box, const QString &informativeText)
+{
+    constexpr int iconSize = 48;
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(informativeText);
+    box.setIconPixmap(box.windowIcon().pixmap(QSize(iconSize, iconSize), box.devicePixelRatioF()));
+}
+
+std::optional<QString> run(QFileDialog &panel)
+{
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return panel.selectedFiles().constFirst();
+}
+} // namespace
+
+WindowInterface::WindowInterface(QWidget &window) : m_window(window), m_icons(std::make_unique<NameIcons>()) {}
+
+WindowInterface::~WindowInterface() = default;
+
+void WindowInterface::prepareSavePanel(const QString &title, const QString &extension)
+{
+    m_saveTitle = title;
+    m_saveExtension = extension;
+}
+
+std::optional<QString> WindowInterface::runModalOpenPanel()
+{
+    QFileDialog panel(&m_window, "Open project", startFolder(m_folder));
+    setUp(panel, *m_icons);
+    panel.setFileMode(QFileDialog::ExistingFile);
+    const std::optional<QString> path = run(panel);
+    if (path)
+        m_folder = QFileInfo(*path).path();
+    return path;
+}
+
+std::optional<QString> WindowInterface::runModalSavePanel()
+{
+    QFileDialog panel(&m_window, m_saveTitle, startFolder(m_folder));
+    setUp(panel, *m_icons);
+    panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setFileMode(QFileDialog::AnyFile);
+    // Qt would ask about the name as it was typed, which is not the file that is replaced.
+    panel.setOption(QFileDialog::DontConfirmOverwrite);
+    const QString name = m_file.isNull() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
+    panel.selectFile(name + '.' + m_saveExtension);
+
+    std::optional<QString> path = run(panel);
+    while (path && !mayReplace(FileBytes::withExtension(*path, m_saveExtension)))
+        path = run(panel);
+    if (path)
+        m_folder = QFileInfo(*path).path();
+    return path;
+}
+
+bool WindowInterface::mayReplace(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile())
+        return true; // new, or a folder: the document tells that this cannot be written
+    QMessageBox question(QMessageBox::NoIcon, "Wallwright", QString("\"%1\" exists already.").arg(file.fileName()),
+                         QMessageBox::Cancel, &m_window);
+    setUp(question, "Replacing it cannot be undone.");
+    const QPushButton *replace = question.addButton("Replace", QMessageBox::AcceptRole);
+    question.setDefaultButton(QMessageBox::Cancel);
+    question.exec();
+    return question.clickedButton() == replace;
+}
+
+void WindowInterface::alert(const QString &message, const QString &informativeText)
+{
+    QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Ok, &m_window);
+    setUp(box, informativeText);
+    box.exec();
+}
+
+void WindowInterface::noteRecentDocument(const QString &path)
+{
+    m_file = path;
+    m_folder = QFileInfo(path).absolutePath();
+    emit fileDidChange(path);
+}

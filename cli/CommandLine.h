@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+
+/// How the program ends when it is used without a window.
+enum class ExitStatus
+{
+    Done = 0,
+    Failed = 1, ///< it could not be done; one line on standard error, beginning with the file
+    Misused = 2 ///< the arguments make no sense; one line on standard error says what would
+};
+
+/// Whether these arguments (without the program's name) ask for the window: none at all, or one file that exists.
+bool asksForWindow(const QStringList &arguments);
+
+/// Runs the command that `arguments` (without the program's name) ask for. Results go to `out`, reasons to `err`; both
+/// are flushed. Needs a QGuiApplication, of any platform.
+ExitStatus runCommandLine(const QStringList &arguments, QTextStream &out, QTextStream &err);

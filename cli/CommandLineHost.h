@@ -1,0 +1,24 @@
+#pragma once
+
+#include "layer/LayerHost.h"
+
+/// The surroundings of layers where there is no window: what its controls would say comes from the arguments.
+class CommandLineHost final : public LayerHost
+{
+public:
+    /// `volts` and `phases` as in LayerHost, 0: not chosen; `corners` is its popupIndex().
+    CommandLineHost(qint64 volts, qint64 phases, int corners) : m_volts(volts), m_phases(phases), m_corners(corners) {}
+
+    qint64 voltageCalc() const override { return m_volts; }
+    void setVoltageCalc(qint64 volts) override { m_volts = volts; }
+    qint64 phaseCalc() const override { return m_phases; }
+    void setPhaseCalc(qint64 phases) override { m_phases = phases; }
+    int popupIndex() const override { return m_corners; }
+    void hideRectangle() override {}
+    void choosePattern(qint64 /*pattern*/) override {}
+
+private:
+    qint64 m_volts;
+    qint64 m_phases;
+    int m_corners;
+};

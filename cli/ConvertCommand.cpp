@@ -1,0 +1,105 @@
+#include "cli/ConvertCommand.h"
+
+#include "cli/CommandLineHost.h"
+#include "cli/FileFormat.h"
+#include "cli/Options.h"
+#include "still/LWStill.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+constexpr int highestNumber = std::numeric_limits<int>::max();
+
+Result<void> takeFiles(ConvertCommand &command, const QStringList &files)
+{
+    if (files.size() < 2)
+        return fail("give one INPUT and at least one OUTPUT");
+    command.input = files.first();
+    command.outputs = files.mid(1);
+    if (const auto format = FileFormat::toRead(command.input); !format)
+        return tl::unexpected(format.error());
+    for (const QString &output : command.outputs) {
+        if (const auto format = FileFormat::toWrite(output); !format)
+            return tl::unexpected(format.error());
+    }
+    return {};
+}
+
+Result<void> takeNumber(int &target, const QCommandLineParser &parser, const QString &name, int highest)
+{
+    return Options::number(parser, name, highest, 0).map([&](int given) { target = given; });
+}
+
+Result<void> takeColour(Colour &target, const QCommandLineParser &parser, const QString &name)
+{
+    return Options::colour(parser, name, target).map([&](const Colour &given) { target = given; });
+}
+
+Result<void> takeSettings(ConvertCommand &command, const QCommandLineParser &parser)
+{
+    int layer = 0;
+    Result<void> taken = takeNumber(layer, parser, "layer", highestNumber);
+    if (parser.isSet("layer"))
+        command.picture.layer = layer;
+    return taken.and_then([&] { return takeNumber(command.corners, parser, "corners", 2); })
+        .and_then([&] { return takeNumber(command.volts, parser, "voltage", highestNumber); })
+        .and_then([&] { return takeNumber(command.phases, parser, "phases", highestNumber); })
+        .and_then([&] { return takeColour(command.picture.background, parser, "background"); })
+        .and_then([&] { return takeColour(command.picture.edge, parser, "edge"); });
+}
+
+bool isPicture(const QString &output)
+{
+    const Result<FileFormat> format = FileFormat::toWrite(output);
+    return format && format->isPicture;
+}
+
+/// Stills whose file is gone leave a gap that nobody would notice; walls that cannot be drawn log it themselves.
+void tellMissingPictures(const Project &project, const QString &path, const ConvertCommand::Teller &notice)
+{
+    for (int i = 0; i < std::ssize(project.layers); ++i) {
+        const Layer &layer = *project.layers[static_cast<std::size_t>(i)];
+        if (!layer.visible() || !qobject_cast<const LWStill *>(&layer))
+            continue;
+        if (const auto reason = PictureOutput::reasonForNoPicture(project, i))
+            notice(path + ": " + *reason);
+    }
+}
+} // namespace
+
+Result<ConvertCommand> ConvertCommand::parse(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    const Result<void> parsed =
+        Options::parse(parser,
+                       {Options::withValue("layer"), Options::withValue("corners"), Options::withValue("voltage"),
+                        Options::withValue("phases"), Options::withValue("background"), Options::withValue("edge")},
+                       arguments);
+    ConvertCommand command;
+    return parsed.and_then([&] { return takeSettings(command, parser); })
+        .and_then([&] { return takeFiles(command, parser.positionalArguments()); })
+        .map([&] { return command; });
+}
+
+Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) const
+{
+    // Layers take the host's values over while they are read, so it comes first.
+    CommandLineHost host(volts, phases, corners);
+    const Result<Project> project =
+        FileFormat::toRead(input).and_then([&](const FileFormat &format) { return format.read(input, host); });
+    if (!project)
+        return tl::unexpected(project.error());
+
+    const bool showsAllLayers = !picture.layer && std::any_of(outputs.begin(), outputs.end(), isPicture);
+    if (showsAllLayers)
+        tellMissingPictures(*project, input, notice);
+    for (const QString &output : outputs) {
+        const Result<void> done = FileFormat::toWrite(output).and_then(
+            [&](const FileFormat &format) { return format.write(output, *project, picture); });
+        if (!done)
+            return done;
+        written(output);
+    }
+    return {};
+}

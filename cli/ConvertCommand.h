@@ -1,0 +1,29 @@
+#pragma once
+
+#include "archive/Result.h"
+#include "cli/PictureOutput.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+/// `convert INPUT OUTPUT...`: a project in other formats, each known by its extension.
+struct ConvertCommand
+{
+    QString input;
+    QStringList outputs;
+    PictureSettings picture;
+    int corners = 0; ///< which corner coordinates are drawn, as LayerHost::popupIndex()
+    int volts = 0;   ///< 0: not chosen
+    int phases = 0;  ///< 0: not chosen
+
+    /// Error: arguments that make no sense, a format that cannot be read or written among them.
+    [[nodiscard]] static Result<ConvertCommand> parse(const QStringList &arguments);
+
+    using Teller = std::function<void(const QString &)>;
+    /// Writes the outputs one by one and hands each path to `written` when the file is complete; stops at the first
+    /// that fails. `notice` is told in a sentence what a picture had to leave out.
+    /// Error: a file that cannot be read or written; the message begins with its path.
+    [[nodiscard]] Result<void> run(const Teller &written, const Teller &notice) const;
+};

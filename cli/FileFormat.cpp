@@ -1,0 +1,78 @@
+#include "cli/FileFormat.h"
+
+#include "app/ProjectText.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <array>
+
+namespace {
+Result<void> writeProject(const QString &path, const Project &project, const PictureSettings & /*settings*/)
+{
+    return ProjectFile::write(path, project);
+}
+
+Result<void> writeText(const QString &path, const Project &project, const PictureSettings & /*settings*/)
+{
+    return ProjectText::write(path, project);
+}
+
+constexpr std::array formats{
+    FileFormat{ProjectFile::extension, false, &ProjectFile::read, &writeProject},
+    FileFormat{ProjectText::extension, false, &ProjectText::read, &writeText},
+    FileFormat{"png", true, nullptr, &PictureOutput::writePng},
+};
+
+/// ".Orv, .json or .png"
+QString listOf(const QStringList &extensions)
+{
+    return extensions.mid(0, extensions.size() - 1).join(", ") + " or " + extensions.last();
+}
+
+QString readableExtensions()
+{
+    QStringList extensions;
+    for (const FileFormat &format : formats) {
+        if (format.read)
+            extensions.append(QString(".") + format.extension);
+    }
+    return listOf(extensions);
+}
+
+QString writableExtensions()
+{
+    QStringList extensions;
+    for (const FileFormat &format : formats)
+        extensions.append(QString(".") + format.extension);
+    return listOf(extensions);
+}
+
+const FileFormat *formatOf(const QString &path)
+{
+    const QString extension = QFileInfo(path).suffix();
+    const auto *const format = std::find_if(formats.begin(), formats.end(), [&](const FileFormat &known) {
+        return extension.compare(QLatin1StringView(known.extension), Qt::CaseInsensitive) == 0;
+    });
+    return format == formats.end() ? nullptr : format;
+}
+} // namespace
+
+Result<FileFormat> FileFormat::toRead(const QString &path)
+{
+    const FileFormat *format = formatOf(path);
+    if (!format)
+        return fail(QString("%1: the name must end in %2").arg(path, readableExtensions()));
+    if (!format->read)
+        return fail(QString("%1: a .%2 file holds no project any more and can only be written; read a %3 file")
+                        .arg(path, format->extension, readableExtensions()));
+    return *format;
+}
+
+Result<FileFormat> FileFormat::toWrite(const QString &path)
+{
+    const FileFormat *format = formatOf(path);
+    if (!format)
+        return fail(QString("%1: the name must end in %2").arg(path, writableExtensions()));
+    return *format;
+}

@@ -1,0 +1,62 @@
+#include "cli/Help.h"
+
+namespace Help {
+
+QString general()
+{
+    return R"(Wallwright designs pixel maps of LED video walls.
+
+  wallwright                          opens the window
+  wallwright FILE                     opens the window with a project
+  wallwright convert INPUT OUTPUT...  turns a project into other files, without a window
+  wallwright info INPUT               tells what a project holds: walls, ports, current
+  wallwright --help                   prints this; "wallwright convert --help" tells more
+  wallwright --version                prints the version
+
+Exit status: 0 done, 1 could not be done, 2 the arguments make no sense.
+)";
+}
+
+QString convert()
+{
+    return R"(Usage: wallwright convert INPUT OUTPUT... [options]
+
+Reads a project and writes it to each output, in the format of the output's extension:
+
+  .Orv   project, read and written
+  .json  project as readable text, read and written
+  .png   picture of the output, written only
+
+Each path is printed once it is written. A file is replaced only by a complete one.
+
+Options:
+  --layer N            a .png holds layer N alone, in its own size; 0 is the top of the list
+  --corners 0|1|2      corner coordinates: 0 top left, 1 bottom, 2 all (0)
+  --voltage V          supply voltage in volts that texts about power use (110)
+  --phases P           number of phases of the supply (1)
+  --background COLOUR  fill of the output ("#000000")
+  --edge COLOUR        outline of the output, one pixel wide ("#000000")
+  --help               prints this
+  --                   all that follows is file names
+
+A COLOUR is "#rrggbb", "#rrggbbaa" or "[red, green, blue, alpha]" with numbers from 0 to 1.
+)";
+}
+
+QString info()
+{
+    return R"(Usage: wallwright info INPUT [options]
+
+Tells of a project (.Orv or .json): the size of the output; for each layer its kind, name, place and size; for each
+wall its panels, the panels and pixels on each port of the processor, and the current; the current in total.
+
+Options:
+  --json       prints JSON, its members always in the same order
+  --voltage V  supply voltage in volts (110)
+  --phases P   number of phases of the supply (1)
+  --help       prints this
+  --           all that follows is file names
+)";
+}
+
+} // namespace Help

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// What --help prints, ended by a line break.
+namespace Help {
+
+QString general();
+QString convert();
+QString info();
+
+} // namespace Help

@@ -1,0 +1,133 @@
+#include "cli/InfoText.h"
+
+#include "app/JsonValues.h"
+#include "app/PowerCalculator.h"
+#include "cli/InfoFacts.h"
+
+#include <QLocale>
+
+namespace {
+constexpr int nameWidth = 11;
+
+QString figure(qint64 number)
+{
+    return QLocale(QLocale::English).toString(number);
+}
+
+QString size(qint64 width, qint64 height)
+{
+    return figure(width) + " x " + figure(height);
+}
+
+/// "1 row", "2 rows"
+QString counted(qint64 number, const QString &what)
+{
+    return figure(number) + u' ' + what + (number == 1 ? "" : "s");
+}
+
+QString line(const QString &name, const QString &text)
+{
+    return "  " + name.leftJustified(nameWidth) + text + u'\n';
+}
+
+/// In quotes, with everything escaped that could break the line.
+QString quoted(const QString &text)
+{
+    return QString::fromUtf8(JsonValues::text(text));
+}
+
+QString heading(const LayerFacts &layer, std::size_t index)
+{
+    const QString kind = layer.wall ? "screen" : "still";
+    const QString name = layer.label.isNull() ? QString("without a name") : quoted(layer.label);
+    const QString hidden = layer.isVisible ? QString() : QString(", not visible");
+    return QString("Layer %1: ").arg(index) + kind + u' ' + name + hidden + u'\n';
+}
+
+QString panelsText(const WallFacts &wall)
+{
+    QString text =
+        QString("%1 of %2 pixels, %3 in all")
+            .arg(size(wall.columns, wall.rows), size(wall.panelWidth, wall.panelHeight), figure(wall.panels));
+    if (wall.hiddenPanels > 0)
+        text += QString(", %1 of them hidden").arg(figure(wall.hiddenPanels));
+    return text;
+}
+
+QString pathText(const WallFacts &wall)
+{
+    if (!wall.path)
+        return QString("none, there is no pattern %1").arg(wall.pattern);
+    const QString along = wall.path->along == FlowPattern::Along::Rows ? "rows" : "columns";
+    const QString corner =
+        QString(wall.path->fromBottom ? "bottom" : "top") + (wall.path->fromRight ? " right" : " left");
+    const QString drawn = wall.isPathDrawn ? QString() : QString(", not drawn");
+    return QString("pattern %1, %2 from the %3%4").arg(QString::number(wall.pattern), along, corner, drawn);
+}
+
+QString portName(const PortGroup &group)
+{
+    if (group.count() == 1)
+        return QString("port %1").arg(figure(group.first));
+    return QString("ports %1 to %2").arg(figure(group.first), figure(group.last));
+}
+
+QString portText(const WallFacts &wall, const PortGroup &group)
+{
+    const QString lineKind = wall.path->along == FlowPattern::Along::Rows ? "row" : "column";
+    const QString pixels = group.pixels ? counted(*group.pixels, "pixel") : QString("more pixels than can be counted");
+    const QString each = group.count() == 1 ? QString() : QString(" each");
+    return QString("%1: %2, %3, %4%5")
+        .arg(portName(group), counted(group.lines, lineKind), counted(group.panels, "panel"), pixels, each);
+}
+
+/// How many ports there are, and how it comes that there is only one where the limit would ask for more.
+QString portsText(const WallFacts &wall)
+{
+    if (wall.ports.empty())
+        return "none";
+    const PortGroup &last = wall.ports.back();
+    if (wall.pixelLimit == 0)
+        return "1, no limit";
+    const QString text = QString("%1, limit %2").arg(figure(last.last), counted(wall.pixelLimit, "pixel"));
+    const bool isOverLimit = wall.pixelLimit > 0 && (!last.pixels || *last.pixels > wall.pixelLimit);
+    return isOverLimit ? text + ", too few for one row or column: all panels on one port" : text;
+}
+
+QString wallText(const WallFacts &wall)
+{
+    QString text = line("Panels", panelsText(wall));
+    text += line("Data path", pathText(wall));
+    text += line("Ports", portsText(wall));
+    for (const PortGroup &group : wall.ports)
+        text += line("", portText(wall, group));
+    text += line("Power", QString("%1 W, %2 W a panel").arg(figure(wall.watts), figure(wall.wattsPerPanel)));
+    return text + line("Current", QString::asprintf("%.2f A", static_cast<double>(wall.amperes)));
+}
+
+QString layerText(const LayerFacts &layer, std::size_t index)
+{
+    QString text = heading(layer, index);
+    text += line("Position", QString("x %1, y %2").arg(figure(layer.x), figure(layer.y)));
+    const QString warning = layer.isTooLargeToDraw ? QString(", too large to draw") : QString();
+    text += line("Size", size(layer.width, layer.height) + " pixels" + warning);
+    if (!layer.wall)
+        return text + line("Picture", layer.picture.isNull() ? QString("none") : quoted(layer.picture));
+    return text + wallText(*layer.wall);
+}
+} // namespace
+
+namespace InfoText {
+
+QString of(const ProjectFacts &facts)
+{
+    QString text = QString("Output: %1 pixels\n").arg(size(facts.outputWidth, facts.outputHeight));
+    text += QString("Layers: %1\n\n").arg(figure(qint64(facts.layers.size())));
+    for (std::size_t i = 0; i < facts.layers.size(); ++i)
+        text += layerText(facts.layers[i], i) + u'\n';
+    return text + QString("%1 (%2 W at %3 V, %4)\n")
+                      .arg(PowerCalculator::resultText(facts.amperes), figure(facts.watts), figure(facts.volts),
+                           counted(facts.phases, "phase"));
+}
+
+} // namespace InfoText

@@ -1,0 +1,53 @@
+#include "cli/Options.h"
+
+#include "app/ColourText.h"
+
+namespace Options {
+
+QCommandLineOption withValue(const QString &name)
+{
+    return QCommandLineOption(name, QString(), name);
+}
+
+QCommandLineOption flag(const QString &name)
+{
+    return QCommandLineOption(name);
+}
+
+Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options, const QStringList &arguments)
+{
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.addOptions(options);
+    const QStringList withProgramName = QStringList("wallwright") + arguments;
+    if (parser.parse(withProgramName))
+        return {};
+    const QStringList unknown = parser.unknownOptionNames();
+    if (!unknown.isEmpty())
+        return fail(QString("there is no option --%1").arg(unknown.first()));
+    const QString reason = parser.errorText().remove(u'.');
+    return fail(reason.left(1).toLower() + reason.mid(1));
+}
+
+Result<int> number(const QCommandLineParser &parser, const QString &name, int highest, int otherwise)
+{
+    if (!parser.isSet(name))
+        return otherwise;
+    bool isNumber = false;
+    const int value = parser.value(name).toInt(&isNumber);
+    if (isNumber && value >= 0 && value <= highest)
+        return value;
+    return fail(QString("--%1 expects a whole number from 0 to %2, found \"%3\"")
+                    .arg(name, QString::number(highest), parser.value(name)));
+}
+
+Result<Colour> colour(const QCommandLineParser &parser, const QString &name, const Colour &otherwise)
+{
+    if (!parser.isSet(name))
+        return otherwise;
+    const Result<Colour> given = ColourText::decodeText(parser.value(name));
+    if (!given)
+        return fail(QString("--%1 %2").arg(name, given.error().text));
+    return given;
+}
+
+} // namespace Options

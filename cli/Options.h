@@ -1,0 +1,28 @@
+#pragma once
+
+#include "archive/Result.h"
+#include "drawing/Colour.h"
+
+#include <QCommandLineParser>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// Options of commands: "--layer 2" or "--layer=2", anywhere among the files; behind "--" all is files.
+namespace Options {
+
+/// An option with a value, and one without.
+QCommandLineOption withValue(const QString &name);
+QCommandLineOption flag(const QString &name);
+
+/// Takes the arguments of a command apart. Error: an unknown option, or one without its value.
+[[nodiscard]] Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options,
+                                 const QStringList &arguments);
+
+/// A whole number from 0 to `highest`; `otherwise` where the option is not given. Error: anything else.
+[[nodiscard]] Result<int> number(const QCommandLineParser &parser, const QString &name, int highest, int otherwise);
+
+/// A colour as ColourText reads it; `otherwise` where the option is not given. Error: anything else.
+[[nodiscard]] Result<Colour> colour(const QCommandLineParser &parser, const QString &name, const Colour &otherwise);
+
+} // namespace Options

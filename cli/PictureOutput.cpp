@@ -1,0 +1,55 @@
+#include "cli/PictureOutput.h"
+
+#include "app/Composition.h"
+#include "app/PngFile.h"
+#include "drawing/Raster.h"
+#include "still/LWStill.h"
+
+namespace {
+QImage composed(const Project &project, const PictureSettings &settings)
+{
+    const QSize size(project.outputWidth, project.outputHeight);
+    return Composition().compose(placedPictures(project.layers), {size, settings.background, settings.edge});
+}
+
+std::optional<QString> reasonForNoPicture(const Layer &layer)
+{
+    if (const auto *still = qobject_cast<const LWStill *>(&layer)) {
+        if (!still->thumbnail().isNull())
+            return std::nullopt;
+        const QString &address = still->ImageURL().relative;
+        return address.isEmpty() ? QString("it names no file")
+                                 : QString("\"%1\" is missing or no picture").arg(address);
+    }
+    const qint64 width = qint64{layer.col()} * layer.panelWidth();
+    const qint64 height = qint64{layer.row()} * layer.panelHeight();
+    if (Raster::canHold(width, height))
+        return std::nullopt;
+    const char *const fault = width > 0 && height > 0 ? ", too large to draw" : "";
+    return QString("it is %1 x %2 pixels%3").arg(width).arg(height).arg(QLatin1StringView(fault));
+}
+} // namespace
+
+namespace PictureOutput {
+
+std::optional<QString> reasonForNoPicture(const Project &project, int layer)
+{
+    const auto reason = ::reasonForNoPicture(*project.layers[static_cast<std::size_t>(layer)]);
+    if (!reason)
+        return std::nullopt;
+    return QString("layer %1 has no picture: %2").arg(QString::number(layer), *reason);
+}
+
+Result<void> writePng(const QString &path, const Project &project, const PictureSettings &settings)
+{
+    if (!settings.layer)
+        return PngFile::write(path, composed(project, settings));
+    if (*settings.layer >= std::ssize(project.layers))
+        return fail(QString("%1: there is no layer %2; the project has %3, counted from 0")
+                        .arg(path, QString::number(*settings.layer), QString::number(project.layers.size())));
+    if (const auto reason = reasonForNoPicture(project, *settings.layer))
+        return fail(path + ": " + *reason);
+    return PngFile::write(path, project.layers[static_cast<std::size_t>(*settings.layer)]->thumbnail());
+}
+
+} // namespace PictureOutput

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/ProjectFile.h"
+#include "drawing/Colour.h"
+
+#include <QString>
+
+#include <optional>
+
+/// What a picture of a project shows, beside the project itself.
+struct PictureSettings
+{
+    std::optional<int> layer; ///< the one layer to show, 0 the topmost; nullopt: the composed output
+    Colour background = NamedColour::black;
+    Colour edge = NamedColour::black;
+};
+
+/// Pictures of projects, for the command line.
+namespace PictureOutput {
+
+/// Writes the composed output, or the raster of the one layer asked for.
+/// Error: there is no such layer, it has no picture, or the file cannot be written; the message begins with the path.
+[[nodiscard]] Result<void> writePng(const QString &path, const Project &project, const PictureSettings &settings);
+
+/// Why a layer has no picture, told without drawing it: `layer 2 has no picture: it is 0 x 0 pixels`. Nullopt: it has
+/// one.
+std::optional<QString> reasonForNoPicture(const Project &project, int layer);
+
+} // namespace PictureOutput

@@ -1,0 +1,47 @@
+#include "tests/cli/CommandRun.h"
+
+#include "cli/CommandLine.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTextStream>
+
+Outcome runCommand(const QStringList &arguments)
+{
+    Outcome outcome;
+    QTextStream out(&outcome.out);
+    QTextStream err(&outcome.err);
+    outcome.status = static_cast<int>(runCommandLine(arguments, out, err));
+    return outcome;
+}
+
+QString CommandTest::file(const QString &name, const QByteArray &bytes) const
+{
+    QFile file(path(name));
+    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    return path(name);
+}
+
+QByteArray CommandTest::bytes(const QString &name) const
+{
+    QFile file(path(name));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(name);
+    return file.readAll();
+}
+
+QStringList CommandTest::names() const
+{
+    return QDir(m_folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+}
+
+QString CommandTest::show(const QByteArray &layers) const
+{
+    return file("show.json", R"({"format": 1, "OutputWidth": 40, "OutputHeight": 30, "layers": [)" + layers + "]}");
+}
+
+QByteArray CommandTest::plainWall(const QByteArray &more)
+{
+    return R"({"class": "LWScreen", "col": 2, "row": 1, "panelWidth": 10, "panelHeight": 10, "xpoint": 5, "ypoint": 5,
+               "rectColor": "#ff0000", "rectColor2": "#0000ff", "BoarderEnable": false)" +
+           (more.isEmpty() ? QByteArray() : ", " + more) + '}';
+}

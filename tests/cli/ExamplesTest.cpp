@@ -1,0 +1,97 @@
+#include "app/ProjectText.h"
+#include "cli/CommandLineHost.h"
+#include "tests/cli/CommandRun.h"
+
+#include <QDir>
+#include <QRect>
+
+namespace {
+class ExamplesTest : public CommandTest
+{
+protected:
+    static QStringList examples() { return QDir(EXAMPLES).entryList({"*.json"}, QDir::Files, QDir::Name); }
+    static QByteArray bytesOf(const QString &example)
+    {
+        QFile file(EXAMPLES + example);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll();
+    }
+};
+} // namespace
+
+TEST_F(ExamplesTest, ThereAreThreeShows)
+{
+    EXPECT_EQ(examples(), QStringList({"corporate.json", "festival.json", "studio.json"}));
+}
+
+TEST_F(ExamplesTest, AreWrittenAsTheProgramWritesThem)
+{
+    for (const QString &example : examples()) {
+        const Outcome outcome = runCommand({"convert", EXAMPLES + example, path("first.json"), path("show.Orv")});
+        ASSERT_EQ(outcome.status, 0) << qPrintable(outcome.err);
+        ASSERT_EQ(runCommand({"convert", path("show.Orv"), path("second.json")}).status, 0);
+
+        EXPECT_EQ(bytes("first.json"), bytesOf(example)) << qPrintable(example);
+        EXPECT_EQ(bytes("second.json"), bytesOf(example)) << qPrintable(example);
+    }
+}
+
+TEST_F(ExamplesTest, InfoOfTheProjectIsInfoOfTheText)
+{
+    for (const QString &example : examples()) {
+        ASSERT_EQ(runCommand({"convert", EXAMPLES + example, path("show.Orv")}).status, 0);
+
+        const Outcome ofText = runCommand({"info", EXAMPLES + example});
+        const Outcome ofProject = runCommand({"info", path("show.Orv")});
+
+        EXPECT_EQ(ofText.status, 0);
+        EXPECT_FALSE(ofText.out.isEmpty());
+        EXPECT_EQ(ofProject.out, ofText.out);
+    }
+}
+
+TEST_F(ExamplesTest, WallsStandWhollyOnTheOutputAndBesideEachOther)
+{
+    for (const QString &example : examples()) {
+        CommandLineHost host(0, 0, 0);
+        const Result<Project> project = ProjectText::read(EXAMPLES + example, host);
+        ASSERT_TRUE(project.has_value());
+
+        const QRect output(0, 0, project->outputWidth, project->outputHeight);
+        QList<QRect> places;
+        for (const LayerPointer &layer : project->layers) {
+            const QRect place(layer->xpoint(), layer->ypoint(), layer->screenSizeWidth(), layer->screenSizeHeight());
+            EXPECT_TRUE(output.contains(place)) << qPrintable(layer->label());
+            for (const QRect &other : places)
+                EXPECT_FALSE(place.intersects(other)) << qPrintable(layer->label());
+            places.append(place);
+        }
+    }
+}
+
+TEST_F(ExamplesTest, TheFestivalsPictureShowsItsWallsAndTheirHoles)
+{
+    ASSERT_EQ(runCommand({"convert", EXAMPLES "festival.json", path("out.png")}).status, 0);
+
+    const QImage output = picture("out.png");
+    ASSERT_EQ(output.size(), QSize(3840, 2160));
+    // The upper right corner of panels, where there is neither label nor path.
+    const auto panelColour = [&](int wallX, int wallY, int column, int row) {
+        return output.pixelColor(wallX + column * 104 + 90, wallY + row * 104 + 10).name();
+    };
+    EXPECT_EQ(panelColour(672, 357, 0, 2), "#17396d");
+    EXPECT_EQ(panelColour(672, 357, 1, 2), "#1e4b8f");
+    EXPECT_EQ(panelColour(672, 357, 3, 2), "#000000");  // hidden: "2,3"
+    EXPECT_EQ(panelColour(672, 149, 23, 0), "#b04f18"); // the banner
+    EXPECT_EQ(panelColour(76, 149, 0, 13), "#1b7c4e");  // bottom left of the left wall
+    EXPECT_EQ(panelColour(3244, 149, 0, 13), "#8a2f57");
+    EXPECT_EQ(output.pixelColor(0, 0), QColor(Qt::black));
+}
+
+TEST_F(ExamplesTest, TheStudioIsInUltraHighDefinition)
+{
+    ASSERT_EQ(runCommand({"convert", EXAMPLES "studio.json", path("out.png")}).status, 0);
+    EXPECT_EQ(picture("out.png").size(), QSize(3840, 2160));
+    ASSERT_EQ(runCommand({"convert", EXAMPLES "studio.json", path("desk.png"), "--layer", "3"}).status, 0);
+    EXPECT_EQ(picture("desk.png").size(), QSize(8 * 192, 2 * 192));
+}

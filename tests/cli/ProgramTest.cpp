@@ -1,0 +1,88 @@
+#include "tests/cli/CommandRun.h"
+
+#include <QProcess>
+#include <QProcessEnvironment>
+
+namespace {
+/// The program itself, started as on a server: no display, no UTF-8 locale, nobody logged in.
+class ProgramTest : public CommandTest
+{
+protected:
+    static Outcome start(const QStringList &arguments)
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LC_ALL"})
+            environment.remove(name);
+        environment.insert("LANG", "C");
+        QProcess process;
+        process.setProcessEnvironment(environment);
+        process.start(PROGRAM, arguments);
+        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
+        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
+                QString::fromUtf8(process.readAllStandardError())};
+    }
+};
+} // namespace
+
+TEST_F(ProgramTest, ConvertsWithoutADisplay)
+{
+    const QString input = show(plainWall(R"("screenFontEnable": true, "sfColor": "#ffffff")"));
+
+    const Outcome outcome = start({"convert", input, path("Größe.png"), "--background", "#102030"});
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.out, path("Größe.png") + '\n');
+    EXPECT_EQ(outcome.err, QString());
+    EXPECT_EQ(picture("Größe.png").pixelColor(1, 1), QColor("#102030"));
+}
+
+TEST_F(ProgramTest, PicturesAreTheSameAsInTheTests)
+{
+    const QString input = EXAMPLES "corporate.json";
+    ASSERT_EQ(start({"convert", input, path("a.png")}).status, 0);
+    ASSERT_EQ(runCommand({"convert", input, path("b.png")}).status, 0);
+
+    EXPECT_EQ(bytes("a.png"), bytes("b.png"));
+}
+
+TEST_F(ProgramTest, ExitStatusAndReasonReachTheShell)
+{
+    const Outcome missing = start({"info", path("none.Orv")});
+    EXPECT_EQ(missing.status, 1);
+    EXPECT_EQ(missing.err, path("none.Orv") + ": there is no such file\n");
+
+    const Outcome unknown = start({"frobnicate"});
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_EQ(unknown.err.count('\n'), 1);
+
+    EXPECT_EQ(start({"--version"}).status, 0);
+}
+
+TEST_F(ProgramTest, QtTakesNoneOfTheArgumentsForItself)
+{
+    const Outcome outcome = start({"-platform", "xcb", "--help"});
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(outcome.out.contains("wallwright convert INPUT OUTPUT..."));
+}
+
+TEST_F(ProgramTest, TheWindowNeedsADisplayAndSaysSo)
+{
+    const Outcome outcome = start({});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "wallwright: there is no display for a window; \"wallwright --help\" tells what works without\n");
+}
+
+TEST_F(ProgramTest, ResultsThatCannotBePrintedAreAFailure)
+{
+    QProcess process;
+    process.setStandardOutputFile("/dev/full");
+    process.start(PROGRAM, {"info", EXAMPLES "festival.json"});
+    ASSERT_TRUE(process.waitForFinished());
+
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_EQ(process.readAllStandardError(), "standard output: cannot be written\n");
+}

@@ -1,0 +1,140 @@
+#include "app/windows/LayerTable.h"
+
+#include "app/windows/LayerDelegate.h"
+#include "app/windows/Theme.h"
+#include "screen/LWScreen.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QApplication>
+#include <QTest>
+
+class LayerTableTest : public WindowFixture
+{
+protected:
+    LayerTableTest()
+    {
+        for (const char *name : {"Banner", "Side"})
+            addWall(name, list().rowCount());
+    }
+
+    LayerList &list() { return window.document().arraycontroller(); }
+
+    LayerPointer addWall(const QString &name, int row)
+    {
+        LWScreen::Arguments arguments;
+        arguments.row = 2;
+        arguments.col = 3;
+        arguments.panelWidth = 400;
+        arguments.panelHeight = 300;
+        arguments.rectColor = NamedColour::red;
+        arguments.rectColor2 = NamedColour::red;
+        arguments.bgEnable = true;
+        arguments.label = name;
+        arguments.hpos = 1920;
+        arguments.vpos = -5;
+        const LayerPointer wall = LWScreen::initWithrow(window.document(), arguments);
+        list().insertObjectAtArrangedObjectIndex(wall, row);
+        return wall;
+    }
+
+    QPoint middleOfRow(int row) { return table().visualRect(list().index(row)).center(); }
+
+    /// The middle of the layer's picture in a row.
+    QColor seenInPicture(int row)
+    {
+        QApplication::processEvents(); // the rows are laid out
+        const QImage rows = table().viewport()->grab().toImage();
+        const QPoint middle(Theme::edge + LayerDelegate::pictureSize.width() / 2, middleOfRow(row).y());
+        return rows.pixelColor((QPointF(middle) * rows.devicePixelRatio()).toPoint());
+    }
+};
+
+TEST_F(LayerTableTest, AClickSelectsTheLayerEverywhere)
+{
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, middleOfRow(2));
+    EXPECT_EQ(list().selectionIndex(), 2);
+    EXPECT_EQ(list().selectedLayer()->label(), "Side");
+}
+
+TEST_F(LayerTableTest, TheArrowKeysSelectToo)
+{
+    table().setFocus();
+    QTest::keyClick(&table(), Qt::Key_Down);
+    EXPECT_EQ(list().selectionIndex(), 1);
+    QTest::keyClick(&table(), Qt::Key_Up);
+    EXPECT_EQ(list().selectionIndex(), 0);
+}
+
+TEST_F(LayerTableTest, AClickBelowTheRowsKeepsTheSelection)
+{
+    list().setSelectionIndex(1);
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, middleOfRow(2) + QPoint(0, 100));
+    EXPECT_EQ(list().selectionIndex(), 1);
+    EXPECT_EQ(table().currentIndex().row(), 1);
+}
+
+TEST_F(LayerTableTest, TheRowFollowsTheSelection)
+{
+    list().setSelectionIndex(2);
+    EXPECT_EQ(table().currentIndex().row(), 2);
+    EXPECT_TRUE(table().selectionModel()->isSelected(list().index(2)));
+}
+
+TEST_F(LayerTableTest, RowAndSelectionStayTogetherWhenRowsComeAndGo)
+{
+    list().setSelectionIndex(1);
+    addWall("Above", 0);
+    EXPECT_EQ(table().currentIndex().row(), 2);
+    EXPECT_EQ(table().currentIndex().data().toString(), "Banner");
+
+    list().removeObjectAtArrangedObjectIndex(2);
+    EXPECT_EQ(list().selectedLayer()->label(), "Side");
+    EXPECT_EQ(table().currentIndex().data().toString(), "Side");
+
+    list().removeObjectAtArrangedObjectIndex(2);
+    EXPECT_EQ(list().selectedLayer()->label(), "Layer 0");
+    EXPECT_EQ(table().currentIndex().data().toString(), "Layer 0");
+}
+
+TEST_F(LayerTableTest, ARowShowsTheLayersPicture)
+{
+    EXPECT_EQ(seenInPicture(1), QColor(255, 0, 0));
+}
+
+TEST_F(LayerTableTest, AHiddenLayerIsDimmed)
+{
+    list().layer(1)->setVisible(false);
+    const QColor dimmed = seenInPicture(1);
+    EXPECT_GT(dimmed.red(), Theme::ground.red());
+    EXPECT_LT(dimmed.red(), 128);
+}
+
+TEST_F(LayerTableTest, APictureFollowsAnEdit)
+{
+    list().setSelectionIndex(1);
+    ASSERT_EQ(seenInPicture(1), QColor(255, 0, 0));
+    list().setValue(QVariant::fromValue(OptionalColour(Colour{0, 0, 1, 1})), "arrangedObjects.rectColor");
+    list().setValue(QVariant::fromValue(OptionalColour(Colour{0, 0, 1, 1})), "arrangedObjects.rectColor2");
+    EXPECT_EQ(seenInPicture(1), QColor(0, 0, 255));
+}
+
+TEST_F(LayerTableTest, NumbersAreGroupedByThousands)
+{
+    EXPECT_EQ(LayerDelegate::placeAndSize(*list().layer(1)), "x 1,920  y -5  ·  1,200 × 600");
+    EXPECT_EQ(LayerDelegate::placeAndSize(*list().layer(0)), "x 0  y 0  ·  1,024 × 640");
+}
+
+TEST_F(LayerTableTest, ALayerWithoutANameIsCalledSo)
+{
+    list().layer(1)->setLabel({});
+    EXPECT_EQ(LayerDelegate::name(*list().layer(1)), "Unnamed");
+    EXPECT_EQ(LayerDelegate::name(*list().layer(2)), "Side");
+}
+
+TEST_F(LayerTableTest, AWallThatCannotBeDrawnHasARowAllTheSame)
+{
+    const LayerPointer wall = addWall("Huge", 1);
+    wall->setCol(2'000'000'000);
+    wall->drawInRect();
+    EXPECT_EQ(seenInPicture(1), Theme::ground);
+}

@@ -1,0 +1,160 @@
+#include "app/windows/LayerTable.h"
+#include "app/windows/PowerBar.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace {
+void writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+} // namespace
+
+class MainWindowFilesTest : public WindowFixture
+{
+protected:
+    void expectFirstDocument(MainWindow &shown)
+    {
+        EXPECT_EQ(shown.windowTitle(), "Untitled — Wallwright");
+        EXPECT_EQ(shown.document().OutputWidth(), 1920);
+        EXPECT_EQ(shown.document().arraycontroller().rowCount(), 1);
+        EXPECT_EQ(shown.document().arraycontroller().selectedLayer()->label(), "Layer 0");
+    }
+};
+
+TEST_F(MainWindowFilesTest, AnOpenedProjectIsShown)
+{
+    const QString file = greenProject("show.Orv");
+    pressControl(Qt::Key_O, {entering(file)});
+
+    EXPECT_EQ(window.windowTitle(), "show.Orv — Wallwright");
+    EXPECT_EQ(table().model()->rowCount(), 1);
+    EXPECT_EQ(table().currentIndex().data().toString(), "Green");
+    EXPECT_TRUE(shows("400 × 300 px, 200 %"));
+    EXPECT_TRUE(shows("Total Power: 1.00Amp"));
+    const QRect place = placeOfOutput();
+    EXPECT_EQ(seen().pixelColor(place.topLeft() + QPoint(199, 99)), QColor(0, 255, 0));
+    EXPECT_EQ(seen().pixelColor(place.topLeft() + QPoint(200, 99)), QColor(0, 0, 0));
+}
+
+TEST_F(MainWindowFilesTest, ACancelledPanelChangesNothing)
+{
+    pressControl(Qt::Key_O, {pressing("Cancel")});
+    pressControl(Qt::Key_S, {pressing("Cancel")});
+    pressControl(Qt::Key_E, {pressing("Cancel")});
+    expectFirstDocument(window);
+}
+
+TEST_F(MainWindowFilesTest, ADamagedFileIsAnAlertAndChangesNothing)
+{
+    const QString file = greenProject("broken <b>.Orv");
+    writeFile(file, bytesOf(file).left(200));
+    pressControl(Qt::Key_O, {entering(file), readingAndPressing("OK")});
+
+    EXPECT_TRUE(said.startsWith("Cannot open " + file + ": ")) << qPrintable(said);
+    EXPECT_TRUE(said.endsWith("\nThe document is unchanged.")) << qPrintable(said);
+    expectFirstDocument(window);
+}
+
+TEST_F(MainWindowFilesTest, AFileHandedOverBeforeTheLaunchIsOpened)
+{
+    MainWindow second;
+    EXPECT_TRUE(second.applicationOpenFile(greenProject("show.Orv")));
+    second.start();
+    EXPECT_EQ(second.windowTitle(), "show.Orv — Wallwright");
+    EXPECT_EQ(second.document().OutputWidth(), 400);
+}
+
+TEST_F(MainWindowFilesTest, AMissingFileAtTheLaunchIsAnAlertOverTheFirstWall)
+{
+    MainWindow second;
+    EXPECT_TRUE(second.applicationOpenFile(path("nowhere.Orv")));
+    answer([&] { second.start(); }, {readingAndPressing("OK")});
+
+    EXPECT_TRUE(said.startsWith("Cannot open " + path("nowhere.Orv") + ": ")) << qPrintable(said);
+    EXPECT_TRUE(second.isVisible());
+    expectFirstDocument(second);
+}
+
+TEST_F(MainWindowFilesTest, ASavedProjectHasItsNameInTheTitleAndOpensAgain)
+{
+    pressControl(Qt::Key_S, {entering(path("wall"))});
+    EXPECT_EQ(window.windowTitle(), "wall.Orv — Wallwright");
+
+    pressControl(Qt::Key_O, {entering(greenProject("show.Orv"))});
+    pressControl(Qt::Key_O, {entering(path("wall.Orv"))});
+    EXPECT_EQ(window.windowTitle(), "wall.Orv — Wallwright");
+    EXPECT_TRUE(shows("Total Power: 72.73Amp"));
+}
+
+TEST_F(MainWindowFilesTest, AFileIsReplacedOnlyWhenThatIsWanted)
+{
+    const QString file = path("wall.Orv");
+    writeFile(file, "precious");
+    // The name is typed without its ending; the file that it would replace counts.
+    pressControl(Qt::Key_S, {entering(path("wall")), readingAndPressing("Cancel"), pressing("Cancel")});
+    EXPECT_EQ(said, "\"wall.Orv\" exists already.\nReplacing it cannot be undone.");
+    EXPECT_EQ(bytesOf(file), "precious");
+    expectFirstDocument(window);
+
+    pressControl(Qt::Key_S, {entering(path("wall")), readingAndPressing("Replace")});
+    EXPECT_TRUE(bytesOf(file).startsWith("bplist00"));
+}
+
+TEST_F(MainWindowFilesTest, AProjectThatCannotBeSavedIsAnAlert)
+{
+    ASSERT_TRUE(QDir().mkdir(path("wall.Orv")));
+    pressControl(Qt::Key_S, {entering(path("wall")), readingAndPressing("OK")});
+    EXPECT_TRUE(said.startsWith("Cannot save " + path("wall.Orv") + ": ")) << qPrintable(said);
+    expectFirstDocument(window);
+}
+
+TEST_F(MainWindowFilesTest, AnExportedPictureIsTheOutputPixelByPixel)
+{
+    pressControl(Qt::Key_E, {entering(path("wall.png"))});
+
+    const QImage written(path("wall.png"));
+    ASSERT_EQ(written.size(), QSize(1920, 1080));
+    EXPECT_EQ(written.convertToFormat(QImage::Format_ARGB32_Premultiplied), window.document().offscreenRep());
+    EXPECT_EQ(window.windowTitle(), "Untitled — Wallwright");
+}
+
+TEST_F(MainWindowFilesTest, AFailedExportIsToldUntilTheNextAttempt)
+{
+    resizeTo({2560, 1440});
+    auto *told = window.findChild<PowerBar *>()->findChildren<QLabel *>().value(1);
+    ASSERT_TRUE(QDir().mkdir(path("wall.png")));
+    pressControl(Qt::Key_E, {entering(path("wall"))});
+    EXPECT_TRUE(told->text().startsWith("Cannot export " + path("wall.png") + ": ")) << qPrintable(told->text());
+    EXPECT_EQ(told->accessibleName(), told->text());
+
+    resizeTo({1000, 600});
+    EXPECT_TRUE(told->text().endsWith(QChar(0x2026))) << qPrintable(told->text());
+
+    pressControl(Qt::Key_E, {entering(path("other.png"))});
+    EXPECT_EQ(told->text(), QString());
+}
+
+TEST_F(MainWindowFilesTest, TheDocumentNamesWhatIsExportedFromIt)
+{
+    pressControl(Qt::Key_O, {entering(greenProject("show.Orv"))});
+    pressControl(Qt::Key_E, {[](QWidget &panel) {
+                     const auto *field = panel.findChild<QLineEdit *>("fileNameEdit");
+                     ASSERT_NE(field, nullptr);
+                     EXPECT_EQ(field->text(), "show.png");
+                     EXPECT_EQ(panel.windowTitle(), "Export PNG");
+                     click(panel, "Cancel");
+                 }});
+}

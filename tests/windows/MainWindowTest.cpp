@@ -1,0 +1,114 @@
+#include "app/windows/LayerTable.h"
+#include "app/windows/OutputView.h"
+#include "app/windows/Theme.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QIcon>
+#include <QLabel>
+#include <QRadioButton>
+#include <QTest>
+
+using MainWindowTest = WindowFixture;
+
+TEST_F(MainWindowTest, ItOpensWithTheFirstWall)
+{
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.windowTitle(), "Untitled — Wallwright");
+    EXPECT_EQ(table().model()->rowCount(), 1);
+    EXPECT_EQ(table().currentIndex().data().toString(), "Layer 0");
+    EXPECT_TRUE(shows("Total Power: 72.73Amp"));
+    EXPECT_TRUE(shows("1,920 × 1,080 px, 52 %"));
+}
+
+TEST_F(MainWindowTest, TheFirstWallIsSeenAtTheTopLeftOfABlackOutput)
+{
+    const QImage picture = seen();
+    const QRect place = placeOfOutput();
+    const auto seenAt = [&](int x, int y) {
+        return picture.pixelColor(place.left() + x * place.width() / 1920, place.top() + y * place.height() / 1080);
+    };
+
+    EXPECT_EQ(seenAt(100, 540), QColor(255, 0, 0)); // the bottom left panel
+    EXPECT_EQ(seenAt(230, 540), QColor(170, 170, 170));
+    EXPECT_EQ(seenAt(64, 100), QColor(255, 0, 0));
+    EXPECT_EQ(seenAt(1100, 100), QColor(0, 0, 0));
+    EXPECT_EQ(seenAt(100, 700), QColor(0, 0, 0));
+}
+
+TEST_F(MainWindowTest, ThePowerLineFollowsVoltageAndPhases)
+{
+    click(window, "208 V");
+    EXPECT_TRUE(shows("Total Power: 38.46Amp"));
+    click(window, "3 phases");
+    EXPECT_TRUE(shows("Total Power: 12.82Amp"));
+    click(window, "110 V");
+    EXPECT_TRUE(shows("Total Power: 24.24Amp"));
+    click(window, "1 phase");
+    EXPECT_TRUE(shows("Total Power: 72.73Amp"));
+}
+
+TEST_F(MainWindowTest, VoltageAndPhasesAreChosenWithTheKeyboardToo)
+{
+    table().setFocus();
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(window.document().voltageCalc(), 208);
+    QTest::keyClick(&window, Qt::Key_Tab);
+    QTest::keyClick(window.focusWidget(), Qt::Key_Right);
+    EXPECT_EQ(window.document().phaseCalc(), 3);
+    EXPECT_TRUE(shows("Total Power: 12.82Amp"));
+}
+
+TEST_F(MainWindowTest, AnEditIsSeenAtOnce)
+{
+    window.document().timerupdate();
+    window.document().setValue(QVariant::fromValue(OptionalColour(Colour{0, 0, 1, 1})), "arrangedObjects.rectColor");
+
+    const QRect place = placeOfOutput();
+    EXPECT_EQ(seen().pixelColor(place.left() + 52, place.top() + 280), QColor(0, 0, 255));
+}
+
+TEST_F(MainWindowTest, NothingIsCutOffInSmallAndLargeWindows)
+{
+    for (const QSize size : {QSize(800, 500), QSize(1280, 780), QSize(2560, 1440)}) {
+        resizeTo(size);
+        QList<QWidget *> parts{&table(), &outputView()};
+        for (QRadioButton *button : window.findChildren<QRadioButton *>())
+            parts.append(button);
+        for (QLabel *label : window.findChildren<QLabel *>())
+            parts.append(label);
+        ASSERT_EQ(parts.size(), 2 + 4 + 4);
+        for (const QWidget *part : parts) {
+            const QRect place(part->mapTo(&window, QPoint()), part->size());
+            EXPECT_TRUE(window.rect().contains(place)) << qPrintable(part->accessibleName());
+            EXPECT_GE(part->width(), part->minimumSizeHint().width());
+            EXPECT_GE(part->height(), part->minimumSizeHint().height());
+        }
+        EXPECT_GT(placeOfOutput().width(), size.width() / 2);
+    }
+}
+
+TEST_F(MainWindowTest, TheIconShowsTheSerpentine)
+{
+    const QImage icon = window.windowIcon().pixmap(64).toImage();
+    ASSERT_EQ(icon.size(), QSize(64, 64) * icon.devicePixelRatio());
+    EXPECT_EQ(icon.scaled(64, 64).pixelColor(32, 32), Theme::accent);
+    EXPECT_EQ(icon.scaled(64, 64).pixelColor(0, 0).alpha(), 0);
+}
+
+TEST_F(MainWindowTest, ControlQClosesTheWindow)
+{
+    pressControl(Qt::Key_Q, {});
+    EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, EveryControlHasANameAndATip)
+{
+    for (const QRadioButton *button : window.findChildren<QRadioButton *>()) {
+        EXPECT_FALSE(button->text().isEmpty());
+        EXPECT_FALSE(button->toolTip().isEmpty());
+    }
+    EXPECT_EQ(table().accessibleName(), "Layers");
+    EXPECT_EQ(outputView().accessibleName(), "Output");
+    EXPECT_EQ(outputView().accessibleDescription(), "1,920 × 1,080 pixels");
+}

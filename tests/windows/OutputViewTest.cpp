@@ -1,0 +1,150 @@
+#include "app/windows/OutputView.h"
+
+#include "app/windows/Theme.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QSignalSpy>
+
+namespace {
+constexpr int lineDistance = 60;
+
+/// White lines of one pixel on black, upright and level, 60 pixels apart.
+QImage picturedLines(const QSize &size)
+{
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::black);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            if (x % lineDistance == 7 || y % lineDistance == 7)
+                picture.setPixelColor(x, y, Qt::white);
+        }
+    }
+    return picture;
+}
+
+QImage picturedNoise(const QSize &size)
+{
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            picture.setPixelColor(x, y, QColor(x * 37 % 256, y * 53 % 256, (x + y) * 11 % 256));
+    }
+    return picture;
+}
+} // namespace
+
+using OutputViewTest = WindowFixture;
+
+TEST(OutputView, FitsByTheTighterSide)
+{
+    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {1000, 700}), QSize(1000, 563));
+    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {1000, 200}), QSize(356, 200));
+    EXPECT_EQ(OutputView::fittedSize({1080, 1920}, {1000, 960}), QSize(540, 960));
+}
+
+TEST(OutputView, EnlargesByWholeFactorsOnly)
+{
+    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {1920, 1080}), QSize(1920, 1080));
+    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {3839, 2159}), QSize(1920, 1080));
+    EXPECT_EQ(OutputView::fittedSize({640, 480}, {2000, 1500}), QSize(1920, 1440));
+    EXPECT_EQ(OutputView::fittedSize({1, 1}, {1000, 700}), QSize(700, 700));
+}
+
+TEST(OutputView, NeverFitsToNothingWhileThereIsRoom)
+{
+    EXPECT_EQ(OutputView::fittedSize({32767, 1}, {1000, 700}), QSize(1000, 1));
+    EXPECT_EQ(OutputView::fittedSize({1, 32767}, {1000, 700}), QSize(1, 700));
+    EXPECT_EQ(OutputView::fittedSize({0, 1080}, {1000, 700}), QSize());
+    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {0, 700}), QSize());
+    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {-4, -4}), QSize());
+}
+
+TEST_F(OutputViewTest, NoOnePixelLineVanishesWhenReduced)
+{
+    const QSize size(1920, 1080);
+    for (const QSize windowSize : {QSize(800, 500), QSize(1280, 780)}) {
+        resizeTo(windowSize);
+        outputView().showOutput(picturedLines(size));
+        const QRect place = placeOfOutput();
+        const QImage picture = seen().copy(place);
+        ASSERT_LT(picture.width(), size.width());
+
+        const double scale = double(picture.width()) / size.width();
+        const auto brightness = [&](int x, int y) { return picture.pixelColor(x, y).red(); };
+        // A line's light, spread over two pixels at worst.
+        const int least = static_cast<int>(255 * scale / 2) - 2;
+        const int between = static_cast<int>(37 * scale);
+        for (int line = 7; line < size.width(); line += lineDistance) {
+            const int x = static_cast<int>((line + 0.5) * scale);
+            EXPECT_GE(brightness(x, between), least) << "upright line " << line;
+        }
+        for (int line = 7; line < size.height(); line += lineDistance) {
+            const int y = static_cast<int>((line + 0.5) * picture.height() / size.height());
+            EXPECT_GE(brightness(between, y), least) << "level line " << line;
+        }
+    }
+}
+
+TEST_F(OutputViewTest, AtFullSizeEveryPixelIsTheOutputs)
+{
+    const QImage output = picturedNoise({601, 301});
+    outputView().showOutput(output);
+    resizeTo({900, 450});
+    const QRect place(QPoint((seen().width() - 601) / 2, (seen().height() - 301) / 2), output.size());
+    EXPECT_EQ(seen().copy(place), output);
+}
+
+TEST_F(OutputViewTest, AboveFullSizeEveryPixelIsABlock)
+{
+    const QImage output = picturedNoise({101, 51});
+    outputView().showOutput(output);
+    const QImage picture = seen();
+    const qreal ratio = outputView().devicePixelRatioF();
+    const int margins = 2 * qRound(Theme::edge * ratio);
+    const QSize shown = OutputView::fittedSize(output.size(), picture.size() - QSize(margins, margins));
+    const QRect place(QPoint((picture.width() - shown.width()) / 2, (picture.height() - shown.height()) / 2), shown);
+    ASSERT_GE(shown.width() / 101, 2);
+    EXPECT_EQ(picture.copy(place), output.scaled(shown));
+}
+
+TEST_F(OutputViewTest, AFrameOfOnePixelLiesOutsideTheOutput)
+{
+    const QImage picture = seen();
+    const QRect place = placeOfOutput();
+    const QRect frame = place.adjusted(-1, -1, 1, 1);
+    for (const QPoint corner : {frame.topLeft(), frame.topRight(), frame.bottomLeft(), frame.bottomRight()})
+        EXPECT_EQ(picture.pixelColor(corner), Theme::line);
+    EXPECT_EQ(picture.pixelColor(frame.topLeft() - QPoint(1, 1)), Theme::ground);
+    EXPECT_EQ(picture.pixelColor(place.bottomRight()), QColor(Qt::black));
+}
+
+TEST_F(OutputViewTest, TheGroundShowsThroughATransparentOutput)
+{
+    QImage output(400, 300, QImage::Format_ARGB32_Premultiplied);
+    output.fill(Qt::transparent);
+    outputView().showOutput(output);
+    EXPECT_EQ(seen().pixelColor(seen().rect().center()), Theme::ground);
+}
+
+TEST_F(OutputViewTest, NoOutputIsSaidInWords)
+{
+    const QSignalSpy told(&outputView(), &OutputView::shownSizeDidChange);
+    outputView().showOutput({});
+    ASSERT_EQ(told.size(), 1);
+    EXPECT_TRUE(told.first().value(0).toSize().isEmpty());
+    EXPECT_FALSE(shows("1,920 × 1,080 px, 52 %"));
+    const QImage picture = seen();
+    const QRect middle(picture.rect().center() - QPoint(40, 8), QSize(80, 16));
+    QImage empty = picture.copy(middle);
+    empty.fill(Theme::ground);
+    EXPECT_NE(picture.copy(middle), empty);
+}
+
+TEST_F(OutputViewTest, TheOutputsPixelsAreNotHeldPastTheirRelease)
+{
+    const QImage output = picturedNoise({640, 480});
+    outputView().showOutput(output);
+    EXPECT_FALSE(output.isDetached());
+    outputView().releaseOutput();
+    EXPECT_TRUE(output.isDetached());
+}

@@ -1,0 +1,141 @@
+#include "tests/windows/WindowFixture.h"
+
+#include "app/ProjectFile.h"
+#include "app/windows/LayerTable.h"
+#include "app/windows/OutputView.h"
+#include "app/windows/Theme.h"
+#include "screen/LWScreen.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPixmap>
+#include <QTest>
+#include <QTimer>
+
+#include <algorithm>
+
+WindowFixture::WindowFixture()
+{
+    window.start();
+    if (!QTest::qWaitForWindowExposed(&window))
+        ADD_FAILURE() << "the window does not show";
+    resizeTo({1280, 780});
+}
+
+LayerTable &WindowFixture::table()
+{
+    return *window.findChild<LayerTable *>();
+}
+
+OutputView &WindowFixture::outputView()
+{
+    return *window.findChild<OutputView *>();
+}
+
+void WindowFixture::click(QWidget &parent, const QString &buttonText)
+{
+    for (QAbstractButton *button : parent.findChildren<QAbstractButton *>()) {
+        if (button->isVisible() && button->text().remove('&') == buttonText)
+            return QTest::mouseClick(button, Qt::LeftButton);
+    }
+    ADD_FAILURE() << "no button says " << qPrintable(buttonText);
+}
+
+bool WindowFixture::shows(const QString &text)
+{
+    const QList<QLabel *> labels = window.findChildren<QLabel *>();
+    return std::any_of(labels.begin(), labels.end(),
+                       [&](const QLabel *label) { return label->isVisible() && label->text() == text; });
+}
+
+void WindowFixture::resizeTo(const QSize &size)
+{
+    window.showNormal();
+    window.resize(size);
+    QApplication::processEvents();
+    EXPECT_EQ(window.size(), size);
+}
+
+void WindowFixture::answer(const std::function<void()> &act, const std::vector<Answer> &answers)
+{
+    std::size_t next = 0;
+    QTimer person;
+    QObject::connect(&person, &QTimer::timeout, &person, [&] {
+        QWidget *dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            return;
+        if (next < answers.size())
+            return answers[next++](*dialog);
+        ADD_FAILURE() << "nobody expects " << qPrintable(dialog->windowTitle());
+        dialog->close();
+    });
+    person.start(1);
+    act();
+    EXPECT_EQ(next, answers.size()) << "fewer dialogs came up than were expected";
+}
+
+WindowFixture::Answer WindowFixture::entering(const QString &name)
+{
+    return [name](QWidget &panel) {
+        auto *field = panel.findChild<QLineEdit *>("fileNameEdit");
+        ASSERT_NE(field, nullptr) << "this is no file panel";
+        // In one go, as from the clipboard: no list of completions comes up and takes the key.
+        field->setText(name);
+        QTest::keyClick(field, Qt::Key_Return);
+    };
+}
+
+WindowFixture::Answer WindowFixture::pressing(const QString &buttonText)
+{
+    return [buttonText](QWidget &dialog) { click(dialog, buttonText); };
+}
+
+WindowFixture::Answer WindowFixture::readingAndPressing(const QString &buttonText)
+{
+    return [this, buttonText](QWidget &dialog) {
+        const auto *box = qobject_cast<QMessageBox *>(&dialog);
+        ASSERT_NE(box, nullptr) << "this is neither alert nor question";
+        EXPECT_EQ(box->textFormat(), Qt::PlainText);
+        said = box->text() + '\n' + box->informativeText();
+        click(dialog, buttonText);
+    };
+}
+
+void WindowFixture::pressControl(Qt::Key key, const std::vector<Answer> &answers)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    answer([&] { QTest::keyClick(&window, key, Qt::ControlModifier); }, answers);
+}
+
+QString WindowFixture::greenProject(const QString &name)
+{
+    LWScreen::Arguments arguments;
+    arguments.row = 1;
+    arguments.col = 1;
+    arguments.panelWidth = 100;
+    arguments.panelHeight = 50;
+    arguments.rectColor = Colour{0, 1, 0, 1};
+    arguments.bgEnable = true;
+    arguments.label = "Green";
+    const Project project{300, 400, {LWScreen::initWithrow(window.document(), arguments, 110)}};
+    EXPECT_TRUE(ProjectFile::write(path(name), project));
+    return path(name);
+}
+
+QImage WindowFixture::seen()
+{
+    return outputView().grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+QRect WindowFixture::placeOfOutput()
+{
+    const qreal ratio = outputView().devicePixelRatioF();
+    const QSize room = (QSizeF(outputView().size()) * ratio).toSize();
+    const int margins = 2 * qRound(Theme::edge * ratio);
+    const QSize shown = OutputView::fittedSize(window.document().offscreenRep().size(), room - QSize(margins, margins));
+    return {QPoint((room.width() - shown.width()) / 2, (room.height() - shown.height()) / 2), shown};
+}
