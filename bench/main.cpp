@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -31,11 +32,16 @@ void printLine(const Operation &operation, double ratio)
 
 ExitStatus measure(const std::vector<Operation> &operations, const std::string &text)
 {
+    const auto isAsked = [&](const Operation &operation) { return operation.name.find(text) != std::string::npos; };
+    if (std::ranges::none_of(operations, isAsked)) {
+        std::fprintf(stderr, "no operation has \"%s\" in its name\n", text.c_str());
+        return misused;
+    }
     int goals = 0;
     int held = 0;
     std::printf("%-52s %-7s %7s %7s\n", "operation", "to", "ratio", "goal");
     for (const Operation &operation : operations) {
-        if (operation.name.find(text) == std::string::npos)
+        if (!isAsked(operation))
             continue;
         const double ratio = operation.ratio();
         printLine(operation, ratio);

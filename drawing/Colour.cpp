@@ -6,7 +6,9 @@
 namespace {
 int toByte(double component)
 {
-    return static_cast<int>(std::lround(std::clamp(component, 0.0, 1.0) * 255));
+    if (!(component > 0)) // neither is what is no number
+        return 0;
+    return static_cast<int>(std::lround(std::min(component, 1.0) * 255));
 }
 } // namespace
 

@@ -50,8 +50,7 @@ QPen penOf(const Colour &colour, double width, const std::vector<double> &dash)
 }
 } // namespace
 
-DrawingSurface::DrawingSurface(QImage &raster)
-    : m_raster(raster), m_bits(raster.bits()), m_clip(raster.rect()), m_painter(&raster)
+DrawingSurface::DrawingSurface(QImage &raster) : m_raster(raster), m_bits(raster.bits()), m_painter(&raster)
 {
     m_painter.setRenderHint(QPainter::Antialiasing);
     m_painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -70,15 +69,9 @@ void DrawingSurface::setFillColour(const OptionalColour &colour)
     m_colours.fill = colour.value_or(m_colours.fill);
 }
 
-void DrawingSurface::clipToRows(int bottom, int count)
-{
-    m_clip = toDevice(QRect(0, bottom, m_raster.width(), count)) & m_raster.rect();
-    m_painter.setClipRect(m_clip);
-}
-
 void DrawingSurface::fillRect(const QRect &rect, Compositing mode)
 {
-    const QRect target = toDevice(rect) & m_clip;
+    const QRect target = toDevice(rect) & m_raster.rect();
     if (target.isEmpty())
         return;
     if (mode == Compositing::Replace)
@@ -102,7 +95,7 @@ void DrawingSurface::fillPath(const QPainterPath &path)
 {
     const QPainterPath devicePath = toDevice(path);
     const QRectF bounds = devicePath.controlPointRect();
-    if (!isWithinReach(bounds) || isOutsideClip(bounds))
+    if (!isWithinReach(bounds) || isOutside(bounds))
         return;
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     m_painter.fillPath(devicePath, m_colours.fill.toQColor());
@@ -116,7 +109,7 @@ void DrawingSurface::strokePath(const QPainterPath &path, double width, const st
     const QRectF bounds = devicePath.controlPointRect();
     const double reach = sharpestMiter * width + 2; // mitres and antialiasing
     if (!isWithinReach(bounds.adjusted(-reach, -reach, reach, reach)) ||
-        isOutsideClip(bounds.adjusted(-reach, -reach, reach, reach)))
+        isOutside(bounds.adjusted(-reach, -reach, reach, reach)))
         return;
     prefetchAlong(devicePath);
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -126,14 +119,14 @@ void DrawingSurface::strokePath(const QPainterPath &path, double width, const st
 void DrawingSurface::drawText(const QPoint &bottomLeft, const TextLine &text, const TextColours &colours)
 {
     const QRect box = toDevice(QRect(bottomLeft, text.size()));
-    if (colours.background && box.intersects(m_clip))
-        paintRect(box & m_clip, *colours.background, Compositing::SourceOver);
+    if (colours.background && box.intersects(m_raster.rect()))
+        paintRect(box & m_raster.rect(), *colours.background, Compositing::SourceOver);
     if (text.hasMasks())
         return drawMasks(bottomLeft, text.size().height(), text.masks(), colours.foreground);
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
     for (const QPainterPath &outline : text.outlines()) {
         const QPainterPath glyph = outline.translated(box.topLeft());
-        if (isWithinReach(glyph.controlPointRect()) && !isOutsideClip(glyph.controlPointRect()))
+        if (isWithinReach(glyph.controlPointRect()) && !isOutside(glyph.controlPointRect()))
             m_painter.fillPath(glyph, colours.foreground.toQColor());
     }
 }
@@ -146,14 +139,14 @@ void DrawingSurface::drawMasks(const QPoint &bottomLeft, int boxHeight, std::spa
     QRect bounds;
     for (const auto &[mask, offset] : masks)
         bounds |= QRect(boxTopLeft + offset, mask->size());
-    bounds &= m_clip;
+    bounds &= m_raster.rect();
 
     for (int y = bounds.top(); y <= bounds.bottom(); ++y) {
         QRgb *row = pixels(y);
         for (const auto &[mask, offset] : masks) {
             const QPoint topLeft = boxTopLeft + offset;
-            const int left = std::max(topLeft.x(), m_clip.left());
-            const int right = std::min(topLeft.x() + mask->width(), m_clip.right() + 1);
+            const int left = std::max(topLeft.x(), 0);
+            const int right = std::min(topLeft.x() + mask->width(), m_raster.width());
             if (y < topLeft.y() || y >= topLeft.y() + mask->height() || left >= right)
                 continue;
             const uchar *coverage = mask->constScanLine(y - topLeft.y()) + left - topLeft.x();
@@ -194,10 +187,10 @@ QPainterPath DrawingSurface::toDevice(const QPainterPath &path) const
     return QTransform(1, 0, 0, -1, 0, m_raster.height()).map(path);
 }
 
-bool DrawingSurface::isOutsideClip(const QRectF &deviceBounds) const
+bool DrawingSurface::isOutside(const QRectF &deviceBounds) const
 {
-    return deviceBounds.bottom() <= m_clip.top() || deviceBounds.top() >= m_clip.bottom() + 1 ||
-           deviceBounds.right() <= m_clip.left() || deviceBounds.left() >= m_clip.right() + 1;
+    return deviceBounds.bottom() <= 0 || deviceBounds.top() >= m_raster.height() || deviceBounds.right() <= 0 ||
+           deviceBounds.left() >= m_raster.width();
 }
 
 void DrawingSurface::prefetchAlong(const QPainterPath &devicePath)
@@ -210,7 +203,7 @@ void DrawingSurface::prefetchAlong(const QPainterPath &devicePath)
             const int steps = static_cast<int>(std::abs(edge.dy()));
             for (int step = 0; step < steps; ++step) {
                 const QPoint pixel = edge.pointAt(double(step) / steps).toPoint();
-                if (m_clip.contains(pixel))
+                if (m_raster.rect().contains(pixel))
                     PixelRows::prefetch(pixels(pixel.y()) + pixel.x());
             }
         }

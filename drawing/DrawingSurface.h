@@ -31,7 +31,9 @@ struct TextColours
 /// Draws into a raster (drawing/Raster.h) with the origin bottom-left, y upwards, one unit = one pixel = one point.
 /// A QRect here is (left, bottom, width, height). A new surface draws in opaque black; a nil colour leaves the
 /// colour in force. Rectangles and frames are pixel exact, paths are antialiased; what lies outside the raster costs
-/// no more than finding that out. The raster outlives the surface and is not shared meanwhile. Main thread only.
+/// no more than finding that out, and paths that reach further than four million pixels are not drawn. The coordinates
+/// of rectangles and points are within 2^30. The raster outlives the surface and is not shared meanwhile. Main thread
+/// only.
 class DrawingSurface
 {
 public:
@@ -44,9 +46,6 @@ public:
     void setColour(const OptionalColour &colour);
     /// Colour of fills alone.
     void setFillColour(const OptionalColour &colour);
-
-    /// Draws only into `count` rows from `bottom` up, until the next call. Not part of the saved state.
-    void clipToRows(int bottom, int count);
 
     void fillRect(const QRect &rect, Compositing mode = Compositing::Replace);
     /// Fills the `width` pixels along the inside of the rectangle's edges in the fill colour, replacing pixels.
@@ -81,7 +80,7 @@ private:
     /// The same pixels with the top left as origin and y down.
     QRect toDevice(const QRect &rect) const;
     QPainterPath toDevice(const QPainterPath &path) const;
-    bool isOutsideClip(const QRectF &deviceBounds) const;
+    bool isOutside(const QRectF &deviceBounds) const;
     QRgb *pixels(int y);
     /// A stroke across a large raster waits for memory in every row; asked for beforehand, all rows arrive together.
     void prefetchAlong(const QPainterPath &devicePath);
@@ -90,7 +89,6 @@ private:
 
     QImage &m_raster;
     uchar *m_bits;
-    QRect m_clip; ///< device pixels
     QPainter m_painter;
     Colours m_colours;
     std::vector<Colours> m_saved;

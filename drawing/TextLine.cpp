@@ -4,13 +4,14 @@
 #include <QFontDatabase>
 #include <QFontMetricsF>
 #include <QGlyphRun>
-#include <QHash>
 #include <QRawFont>
 #include <QTextLayout>
 #include <QTextOption>
 
 #include <algorithm>
 #include <cmath>
+#include <map>
+#include <tuple>
 
 namespace {
 /// Texts are shaped at this size and scaled from there: unhinted outlines scale exactly, and Qt's fonts know
@@ -92,7 +93,7 @@ ShapedText shape(const QString &text)
     return shaped;
 }
 
-/// The glyphs of the house's font that have been drawn so far, by size.
+/// The glyphs that have been drawn so far, by font and size.
 class GlyphCache
 {
 public:
@@ -110,21 +111,24 @@ public:
 
     const Glyph &glyph(const ShapedGlyph &shaped, double pointSize, bool withMask)
     {
-        if (shaped.font.familyName() != houseFontFamily())
-            return m_foreign = made(shaped, pointSize, withMask);
-        const Key key{pointSize, shaped.index};
-        const auto known = m_glyphs.constFind(key);
-        if (known != m_glyphs.constEnd())
-            return *known;
-        if (m_glyphs.size() >= mostGlyphs)
+        const Key key{shaped.font.familyName() + shaped.font.styleName(), pointSize, shaped.index};
+        const auto known = m_glyphs.find(key);
+        if (known != m_glyphs.end())
+            return known->second;
+        if (m_maskBytes >= mostMaskBytes || m_glyphs.size() >= mostGlyphs) {
             m_glyphs.clear();
-        return *m_glyphs.insert(key, made(shaped, pointSize, withMask));
+            m_maskBytes = 0;
+        }
+        const Glyph &glyph = m_glyphs.emplace(key, made(shaped, pointSize, withMask)).first->second;
+        m_maskBytes += glyph.mask.mask ? glyph.mask.mask->sizeInBytes() : 0;
+        return glyph;
     }
 
 private:
-    using Key = std::pair<double, quint32>;
-    /// A chart uses a few dozen glyphs in three sizes; this many take a few megabytes.
-    static constexpr qsizetype mostGlyphs = 1024;
+    using Key = std::tuple<QString, double, quint32>;
+    /// A chart uses a few dozen glyphs in three sizes, a few hundred kilobytes.
+    static constexpr std::size_t mostGlyphs = 4096;
+    static constexpr qsizetype mostMaskBytes = 16 << 20;
 
     static Glyph made(const ShapedGlyph &shaped, double pointSize, bool withMask)
     {
@@ -137,14 +141,14 @@ private:
         return glyph;
     }
 
-    QHash<Key, Glyph> m_glyphs;
-    Glyph m_foreign;
+    std::map<Key, Glyph> m_glyphs;
+    qsizetype m_maskBytes = 0;
 };
 } // namespace
 
 TextLine::TextLine(const QString &text, double pointSize) : m_pointSize(pointSize)
 {
-    if (text.isEmpty() || !(pointSize > 0) || pointSize > largestPointSize)
+    if (text.isEmpty() || !(pointSize >= smallestPointSize) || pointSize > largestPointSize)
         return;
 
     const ShapedText shaped = shape(singleLine(text));

@@ -16,10 +16,11 @@
 class TextLine
 {
 public:
-    /// Sizes above this, and sizes of 0 or less, give an empty line: nothing readable would fit a raster.
+    /// Sizes outside these give an empty line: nobody could read it.
+    static constexpr double smallestPointSize = 1;
     static constexpr double largestPointSize = 16384;
     /// Longer texts are cut here, so that a damaged file cannot keep the program busy.
-    static constexpr qsizetype longestText = 16384;
+    static constexpr qsizetype longestText = 1024;
 
     TextLine() = default;
     TextLine(const QString &text, double pointSize);
@@ -37,7 +38,7 @@ public:
     bool hasMasks() const { return m_pointSize <= largestMaskSize; }
 
 private:
-    static constexpr double largestMaskSize = 1024;
+    static constexpr double largestMaskSize = 256;
 
     struct PlacedOutline
     {

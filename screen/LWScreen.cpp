@@ -10,7 +10,7 @@
 #include <limits>
 
 namespace {
-/// The archive of a screen, in the order of writing. Spellings and forms are those of every file ever saved.
+/// The archive of a screen, in the order of writing. Spellings and forms are what makes saved files readable.
 constexpr std::array archiveFields{
     ArchiveField{"col", "col", StoredAs::Integer32},
     ArchiveField{"bgenable", "bgEnable", StoredAs::Boolean},

@@ -1,6 +1,5 @@
 #include "screen/PanelLabels.h"
 
-#include "drawing/PixelRows.h"
 #include "layer/Logging.h"
 #include "screen/ChartConstants.h"
 #include "screen/ScreenChart.h"
@@ -15,6 +14,8 @@ constexpr double mostOutlinePixels = 1e9;
 constexpr double mostLayersSingly = 4;
 
 constexpr int alphabet = 26;
+/// However small a letter is, its mask has this many columns.
+constexpr int leastMaskWidth = 16;
 } // namespace
 
 PanelLabels::PanelLabels(const ScreenChart &chart)
@@ -23,8 +24,12 @@ PanelLabels::PanelLabels(const ScreenChart &chart)
       m_panelHeight(chart.panelHeight), m_fontSize(chart.labelFontSize), m_colour(chart.labelColor.value()),
       m_lettersByColumn(!chart.XYLabelDirection)
 {
-    const bool isDrawable = m_fontSize > 0 && m_fontSize <= TextLine::largestPointSize;
-    if (!isDrawable || m_columns == 0 || m_rows == 0)
+    const TextLine widest("W", m_fontSize);
+    if (widest.size().isEmpty() || m_columns == 0 || m_rows == 0)
+        return;
+    m_labelPixels = estimatedPixels(widest.size());
+    m_isAffordable = m_labelPixels <= (widest.hasMasks() ? mostMaskPixels : mostOutlinePixels);
+    if (!m_isAffordable)
         return;
     makeLetters();
     makeNumbers();
@@ -42,16 +47,14 @@ QString PanelLabels::rowLetter(int rowFromTop)
 
 void PanelLabels::draw(DrawingSurface &surface) const
 {
+    if (!m_isAffordable)
+        qCWarning(lcScreen, "The labels of %d x %d panels are left out: together they have too many pixels.", m_columns,
+                  m_rows);
     if (m_letters.empty())
         return;
-    if (!isAffordable()) {
-        qCWarning(lcScreen, "The labels of %d x %d panels are left out: they would only cover each other.", m_columns,
-                  m_rows);
-        return;
-    }
     if (!m_letters.front().text.hasMasks())
         drawOutlines(surface);
-    else if (labelPixels() > mostLayersSingly * m_rasterWidth * m_rasterHeight)
+    else if (m_labelPixels > mostLayersSingly * m_rasterWidth * m_rasterHeight)
         drawJoinedMasks(surface);
     else
         drawMasks(surface);
@@ -96,19 +99,13 @@ QPoint PanelLabels::labelPoint(int row, int column) const
     return {static_cast<int>(column * m_panelWidth + margin), static_cast<int>(y)};
 }
 
-double PanelLabels::labelPixels() const
+double PanelLabels::estimatedPixels(const QSize &letter) const
 {
-    const auto widest = [](const std::vector<Part> &parts) {
-        return std::ranges::max_element(parts, {}, &Part::width)->width();
-    };
-    const double visibleWidth = std::min(widest(m_letters) + widest(m_numbers), m_rasterWidth);
-    const double visibleHeight = std::min(boxHeight(), m_rasterHeight);
-    return double(m_columns) * m_rows * visibleWidth * visibleHeight;
-}
-
-bool PanelLabels::isAffordable() const
-{
-    return labelPixels() <= (m_letters.front().text.hasMasks() ? mostMaskPixels : mostOutlinePixels);
+    const int letters = m_lettersByColumn ? (m_columns - 1) / alphabet + 1 : 1;
+    const int digits = static_cast<int>(QString::number(m_lettersByColumn ? m_rows : m_columns).size());
+    const double width = double(letters + digits) * std::max(letter.width(), leastMaskWidth);
+    return double(m_columns) * m_rows * std::min<double>(width, m_rasterWidth + leastMaskWidth) *
+           std::min(letter.height(), m_rasterHeight);
 }
 
 void PanelLabels::drawOutlines(DrawingSurface &surface) const

@@ -7,11 +7,23 @@
 #include "screen/PanelPainter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
-/// Pixels that the lines of a data path may run through, up and down the raster, before drawing them takes seconds. The
-/// largest walls need a hundredth of it; where panels are single pixels the path would only be a white field.
-constexpr double longestDataPath = 5e7;
+/// Length of all lines of a data path together, in pixels, and the sum of the squares of the runs' line counts (a
+/// stroke that lies over itself costs that) before drawing takes a second. Real walls need a tenth; where panels are
+/// single pixels the path would only be a white field.
+constexpr double longestDataPath = 1e7;
+constexpr double mostCrossings = 2e6;
+
+bool isAffordable(const ScreenChart &chart, const FlowPattern &flow, const PortSplit &split)
+{
+    const bool alongRows = flow.along == FlowPattern::Along::Rows;
+    const double lines = alongRows ? chart.row : chart.col;
+    const double length = static_cast<double>(alongRows ? chart.wallWidth() : chart.wallHeight());
+    const double linesPerRun = split.isOneRun ? lines : std::min(lines, std::abs(double(split.linesPerPort)));
+    return lines * length <= longestDataPath && lines * linesPerRun <= mostCrossings;
+}
 
 bool hasPixels(qint64 width, qint64 height)
 {
@@ -81,8 +93,7 @@ void ScreenChart::drawDataPath(DrawingSurface &surface) const
     if (!split)
         return;
     const bool alongRows = flow->along == FlowPattern::Along::Rows;
-    if (alongRows ? double(row) * double(wallWidth()) > longestDataPath
-                  : double(col) * double(wallHeight()) > longestDataPath) {
+    if (!isAffordable(*this, *flow, *split)) {
         qCWarning(lcScreen, "The data path through %d x %d panels is left out: its lines would only cover each other.",
                   col, row);
         return;

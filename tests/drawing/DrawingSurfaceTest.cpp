@@ -218,32 +218,6 @@ TEST(DrawingSurface, ATextWithoutBackgroundLeavesThePixelsBetweenItsGlyphs)
     EXPECT_GT(countPixels(raster, black), 100);
 }
 
-TEST(DrawingSurface, ClippedRowsTogetherAreTheWholePicture)
-{
-    const auto draw = [](DrawingSurface &surface) {
-        surface.setColour(NamedColour::red);
-        surface.fillRect(QRect(3, 3, 50, 20));
-        QPainterPath circle;
-        circle.addEllipse(QRectF(5, 5, 80, 80));
-        surface.setColour(NamedColour::orange);
-        surface.strokePath(circle, 7);
-        surface.drawText(QPoint(10, 30), TextLine("Wall", 33), {NamedColour::blue, Colour::gray(0, 0.75)});
-    };
-    QImage whole = whiteRaster(90, 90);
-    {
-        DrawingSurface surface(whole);
-        draw(surface);
-    }
-    QImage banded = whiteRaster(90, 90);
-    DrawingSurface surface(banded);
-    for (int bottom = 0; bottom < 90; bottom += 16) {
-        surface.clipToRows(bottom, 16);
-        draw(surface);
-    }
-
-    EXPECT_EQ(banded, whole);
-}
-
 TEST(DrawingSurface, ImagesStandUprightAndScaled)
 {
     QImage picture(2, 2, QImage::Format_RGB32);

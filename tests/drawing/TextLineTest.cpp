@@ -40,7 +40,7 @@ TEST(TextLine, WidthsAddUpWhateverStandsBeside)
 TEST(TextLine, SizesOfNothingReadableAreEmpty)
 {
     for (const double size :
-         {0.0, -1.0, 16385.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
+         {0.0, 0.9, -1.0, 16385.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity()}) {
         const TextLine line("A", size);
         EXPECT_EQ(line.size(), QSize(0, 0)) << size;
         EXPECT_TRUE(line.masks().empty());

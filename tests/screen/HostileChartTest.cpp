@@ -64,7 +64,7 @@ TEST(HostileChart, SizesThatOverflow32BitsAreNotTakenForSmallOnes)
     EXPECT_TRUE(screen->thumbnail().isNull());
 }
 
-TEST(HostileChart, LineWidthsAndInsetsOfAnySizeAreDrawn)
+TEST(HostileChart, LineWidthsAndInsetsOfAnySizeEndAtOnce)
 {
     for (const int width : {most, most - 1, least, least + 1, 1'000'000, -1'000'000}) {
         ScreenChart chart = decoratedWall();
@@ -105,7 +105,7 @@ TEST(HostileChart, LabelSizesThatAreNoNumbersDrawNoLabels)
     }
 }
 
-TEST(HostileChart, LabelsOfTheSmallestSizesAreDrawn)
+TEST(HostileChart, LabelsTooSmallToReadAreNotDrawn)
 {
     ScreenChart chart = decoratedWall();
     for (const double size : {std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::min(), 1e-9}) {
@@ -162,4 +162,59 @@ TEST(HostileChart, AsManyPanelsAsARasterHasPixelsAreDrawn)
     chart.drawLabels = false; // a million labels are a matter of speed
     chart.pixelLimit = 32768;
     EXPECT_EQ(chart.draw({}).size(), QSize(32768, 64));
+}
+
+TEST(HostileChart, APathThroughThousandsOfTinyRowsIsLeftOut)
+{
+    for (const bool alongRows : {true, false}) {
+        ScreenChart chart;
+        chart.col = alongRows ? 1 : 32768;
+        chart.row = alongRows ? 32768 : 1;
+        chart.panelWidth = alongRows ? 50 : 1;
+        chart.panelHeight = alongRows ? 1 : 50;
+        chart.drawFlowPath = true;
+        chart.pattern = alongRows ? 2 : 6;
+
+        const QImage raster = chart.draw({});
+
+        ASSERT_FALSE(raster.isNull());
+        EXPECT_EQ(drawnArea(raster), QRect());
+    }
+}
+
+TEST(HostileChart, APathThroughHundredsOfRowsIsDrawn)
+{
+    ScreenChart chart;
+    chart.col = 500;
+    chart.row = 500;
+    chart.panelWidth = 4;
+    chart.panelHeight = 4;
+    chart.drawFlowPath = true;
+    chart.pattern = 2;
+
+    EXPECT_FALSE(drawnArea(chart.draw({})).isEmpty());
+}
+
+TEST(HostileChart, TinyLabelsOnThousandsOfColumnsEndAtOnce)
+{
+    ScreenChart chart;
+    chart.col = 32768;
+    chart.row = 64;
+    chart.panelWidth = 1;
+    chart.panelHeight = 1;
+    chart.drawLabels = true;
+    chart.labelColor = NamedColour::white;
+    chart.labelFontSize = 0.3;
+
+    EXPECT_EQ(chart.draw({}).size(), QSize(32768, 64));
+}
+
+TEST(HostileChart, ALongNameInForeignLettersTakesLittleMemory)
+{
+    ScreenChart chart = decoratedWall();
+    chart.screenFontSize = 1000;
+    for (int i = 0; i < 16384; ++i)
+        chart.label.append(QChar(0x531 + i % 38));
+
+    EXPECT_FALSE(chart.draw({}).isNull());
 }
