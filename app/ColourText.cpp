@@ -16,7 +16,7 @@ Result<OptionalColour> decodeHexadecimal(const QString &text)
     static const QRegularExpression form("\\A#([0-9A-Fa-f]{6})([0-9A-Fa-f]{2})?\\z");
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch())
-        return fail(QString("expected %1, found \"%2\"").arg(expectation, text));
+        return fail(QString("expected %1, found \"%2\"").arg(expectation, JsonValues::excerpt(text)));
     const uint alpha = match.hasCaptured(2) ? match.capturedView(2).toUInt(nullptr, 16) : 255;
     return Colour::fromRgba8(match.capturedView(1).toUInt(nullptr, 16) | alpha << 24);
 }

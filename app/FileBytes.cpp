@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <QSaveFile>
 
+#include <cerrno>
+
 namespace FileBytes {
 
 Result<QByteArray> read(const QString &path, qint64 mostBytes)
@@ -34,9 +36,13 @@ Result<void> write(const QString &path, const QByteArray &bytes)
     if (existing.exists() && !existing.isFile()) // committing would put a file in the place of a device
         return fail(QString("%1: cannot be written: this is a folder or a device, not a file").arg(path));
     QSaveFile file(path);
-    const bool isComplete = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-    if (!isComplete)
+    if (!file.open(QIODevice::WriteOnly))
         return fail(QString("%1: cannot be written: %2").arg(path, file.errorString()));
+    // QSaveFile keeps no reason of a failed write; the system does.
+    errno = 0;
+    const bool isComplete = file.write(bytes) == bytes.size() && file.flush() && file.commit();
+    if (!isComplete)
+        return fail(QString("%1: cannot be written: %2").arg(path, qt_error_string(errno)));
     return {};
 }
 

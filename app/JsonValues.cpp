@@ -26,6 +26,12 @@ QString kind(const QJsonValue &value)
     return "nothing";
 }
 
+QString excerpt(const QString &text)
+{
+    constexpr qsizetype mostLetters = 40;
+    return text.size() <= mostLetters ? text : text.left(mostLetters) + QChar(0x2026);
+}
+
 tl::unexpected<Error> failExpecting(const QString &expected, const QJsonValue &found)
 {
     return fail(QString("expected %1, found %2").arg(expected, kind(found)));

@@ -11,6 +11,9 @@ namespace JsonValues {
 /// What a value is, for messages: "nothing", "null", "true or false", "a number", "a text", "a list", "an object".
 QString kind(const QJsonValue &value);
 
+/// The text, cut after 40 letters, for messages about what was found.
+QString excerpt(const QString &text);
+
 /// "expected a colour such as "#ff0000", found a number"
 [[nodiscard]] tl::unexpected<Error> failExpecting(const QString &expected, const QJsonValue &found);
 

@@ -5,6 +5,7 @@
 #include "app/PowerCalculator.h"
 #include "app/ProjectFile.h"
 #include "app/ProjectText.h"
+#include "drawing/Raster.h"
 #include "screen/LWScreen.h"
 
 #include <QFileInfo>
@@ -228,6 +229,22 @@ void LWAppDelegate::load(const QString &path)
     m_OutputHeight = project->outputHeight;
     m_OutputWidth = project->outputWidth;
     replaceLayers(project->layers);
+    tellWallsTooLarge();
+}
+
+void LWAppDelegate::tellWallsTooLarge()
+{
+    for (int index = 0; index < std::ssize(allScreensArray()); ++index) {
+        const Layer &layer = *allScreensArray()[static_cast<std::size_t>(index)];
+        const qint64 width = qint64{layer.col()} * layer.panelWidth();
+        const qint64 height = qint64{layer.row()} * layer.panelHeight();
+        if (width > 0 && height > 0 && !Raster::canHold(width, height))
+            return m_userInterface.tellFailure(
+                QString("Layer %1 is a wall of %2 x %3 pixels, too large to draw; make it smaller.")
+                    .arg(index)
+                    .arg(width)
+                    .arg(height));
+    }
 }
 
 void LWAppDelegate::replaceLayers(const std::vector<LayerPointer> &layers)

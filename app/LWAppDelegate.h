@@ -101,6 +101,8 @@ private:
     void applyAspectLock(Layer &layer) const;
     void gateTimerFired();
     void load(const QString &path);
+    /// Tells of the first wall that shows nothing because no raster can hold it.
+    void tellWallsTooLarge();
     void replaceLayers(const std::vector<LayerPointer> &layers);
 
     UserInterface &m_userInterface;

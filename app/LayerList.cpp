@@ -38,12 +38,12 @@ void LayerList::insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsi
     const qsizetype row = std::clamp<qsizetype>(index, 0, std::ssize(m_layers));
     beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
     m_layers.insert(m_layers.begin() + row, layer);
+    const bool selectionMoves = row <= m_selectionIndex || m_selectionIndex < 0;
+    if (selectionMoves)
+        m_selectionIndex = m_selectionIndex < 0 ? row : m_selectionIndex + 1;
     endInsertRows();
-
-    if (row > m_selectionIndex && m_selectionIndex >= 0)
-        return;
-    m_selectionIndex = m_selectionIndex < 0 ? row : m_selectionIndex + 1;
-    emit selectionIndexDidChange(m_selectionIndex);
+    if (selectionMoves)
+        emit selectionIndexDidChange(m_selectionIndex);
 }
 
 void LayerList::removeObjectAtArrangedObjectIndex(qsizetype index)
@@ -52,14 +52,13 @@ void LayerList::removeObjectAtArrangedObjectIndex(qsizetype index)
         return;
     beginRemoveRows({}, static_cast<int>(index), static_cast<int>(index));
     m_layers.erase(m_layers.begin() + index);
-    endRemoveRows();
-
-    if (index > m_selectionIndex)
-        return;
+    const bool isAnother = index <= m_selectionIndex;
     const bool selectionMovesUp = index < m_selectionIndex || m_selectionIndex == std::ssize(m_layers);
     if (selectionMovesUp)
         --m_selectionIndex;
-    emit selectionIndexDidChange(m_selectionIndex);
+    endRemoveRows();
+    if (isAnother)
+        emit selectionIndexDidChange(m_selectionIndex);
 }
 
 void LayerList::removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes)
@@ -118,6 +117,8 @@ QVariant LayerList::data(const QModelIndex &index, int role) const
 
 bool LayerList::setData(const QModelIndex &index, const QVariant &value, int role)
 {
+    // The observer renders the selected layer, so what is edited in the table is selected first.
+    setSelectionIndex(index.row());
     // A check state of 2 is the flag's "yes", as for every other whole number.
     return setLayerValue(index.row(), value, keyPathOfRole(role));
 }

@@ -52,7 +52,7 @@ HWY_INLINE hn::Vec<D> pixelsAtop(D d, hn::Vec<D> in, hn::Vec<D> out, int alpha)
     return hn::Or(divideBy255(d, even), hn::ShiftLeft<8>(divideBy255(d, odd)));
 }
 
-/// Calls `pixels(d, i)` for all i of 0 to `count` - 1: for as many at once as vectors hold, then one by one.
+/// Calls `pixels(d, i)` for all i of `first` to `count` - 1: for as many at once as vectors hold, then one by one.
 template <class Function>
 HWY_INLINE void forPixels(qint64 first, qint64 count, const Function &pixels)
 {

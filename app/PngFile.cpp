@@ -14,6 +14,7 @@
 #include <functional>
 #include <isa-l/crc.h>
 #include <isa-l/igzip_lib.h>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -106,11 +107,12 @@ class SectionMaker
 public:
     explicit SectionMaker(const Rows &rows) : m_rows(rows), m_levelBuffer(ISAL_DEF_LVL1_DEFAULT) {}
 
-    Section section(int index);
+    /// Nullopt: its rows could not be compressed.
+    std::optional<Section> section(int index);
 
 private:
     void filter(int top, int bottom);
-    QByteArrayView compress();
+    QByteArrayView compress(); ///< empty: it failed
 
     const Rows &m_rows;
     std::vector<uchar> m_filtered; ///< rows, each behind the number of its filter
@@ -118,12 +120,15 @@ private:
     QByteArray m_compressed;
 };
 
-Section SectionMaker::section(int index)
+std::optional<Section> SectionMaker::section(int index)
 {
     const int top = index * m_rows.perSection;
     filter(top, std::min(top + m_rows.perSection, m_rows.picture.height()));
-    return {chunkOf("IDAT", compress()), isal_adler32(checksumOfNothing, m_filtered.data(), m_filtered.size()),
-            m_filtered.size()};
+    const QByteArrayView compressed = compress();
+    if (compressed.isEmpty())
+        return std::nullopt;
+    return Section{chunkOf("IDAT", compressed), isal_adler32(checksumOfNothing, m_filtered.data(), m_filtered.size()),
+                   m_filtered.size()};
 }
 
 void SectionMaker::filter(int top, int bottom)
@@ -167,8 +172,8 @@ QByteArrayView SectionMaker::compress()
     stream.avail_in = static_cast<quint32>(bytes);
     stream.next_out = reinterpret_cast<uchar *>(m_compressed.data());
     stream.avail_out = static_cast<quint32>(m_compressed.size());
-    [[maybe_unused]] const int outcome = isal_deflate_stateless(&stream);
-    Q_ASSERT(outcome == COMP_OK);
+    if (isal_deflate_stateless(&stream) != COMP_OK)
+        return {};
     return QByteArrayView(m_compressed).first(stream.total_out);
 }
 
@@ -188,9 +193,9 @@ void shareOut(int mostHelpers, const std::function<void()> &work)
     done.acquire(helpers);
 }
 
-std::vector<Section> allSections(const Rows &rows)
+std::vector<std::optional<Section>> allSections(const Rows &rows)
 {
-    std::vector<Section> sections(rows.sections());
+    std::vector<std::optional<Section>> sections(rows.sections());
     std::atomic<int> next = 0;
     shareOut(rows.sections() - 1, [&] {
         SectionMaker maker(rows);
@@ -210,13 +215,15 @@ QByteArray headerOf(const Rows &rows)
     return header;
 }
 
-QByteArray fileOf(const Rows &rows)
+Result<QByteArray> fileOf(const Rows &rows)
 {
     QByteArray file = signature + chunkOf("IHDR", headerOf(rows)) + chunkOf("IDAT", streamHeader);
     quint32 checksum = checksumOfNothing;
-    for (Section &section : allSections(rows)) {
-        file += std::exchange(section.chunk, {}); // the memory of one goes as that of the other comes
-        checksum = joinedChecksum(checksum, section.checksum, section.bytes);
+    for (std::optional<Section> &section : allSections(rows)) {
+        if (!section)
+            return fail("The picture could not be compressed; nothing is written.");
+        file += std::exchange(section->chunk, {}); // the memory of one goes as that of the other comes
+        checksum = joinedChecksum(checksum, section->checksum, section->bytes);
     }
     return file + chunkOf("IDAT", lastBlock.toByteArray() + bigEndian(checksum)) + chunkOf("IEND", {});
 }

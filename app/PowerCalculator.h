@@ -6,7 +6,8 @@
 
 #include <vector>
 
-/// The electrical current of walls. Integers wrap in 32 bits (the sum) and 64 bits (the divisor), as they always have.
+/// The electrical current of walls. Integers wrap in 32 bits (the sum) and 64 bits (the divisor), for compatibility
+/// with saved files.
 namespace PowerCalculator {
 
 /// Watts of a wall: columns x rows x watts per panel.

@@ -40,9 +40,6 @@ Result<Project> decodeOutputSize(const std::vector<ArchiveValue> &root)
         return tl::unexpected(width.error());
     return ProjectFile::checkOutputSize(*width, *height).map([&] { return Project{*height, *width, {}}; });
 }
-
-/// A small file may name one layer very many times.
-constexpr std::size_t mostLayers = 100'000;
 } // namespace
 
 namespace ProjectFile {
@@ -58,8 +55,17 @@ Result<void> checkOutputSize(qint64 width, qint64 height)
                     .arg(Raster::mostPixels));
 }
 
+Result<void> checkLayerCount(qint64 count)
+{
+    if (count <= mostLayers)
+        return {};
+    return fail(QString("the project has %1 layers; more than %2 cannot be kept").arg(count).arg(mostLayers));
+}
+
 Result<void> checkLayers(const std::vector<LayerPointer> &layers)
 {
+    if (const Result<void> isKept = checkLayerCount(std::ssize(layers)); !isKept)
+        return isKept;
     qint64 pixels = 0;
     for (const LayerPointer &layer : layers) {
         const qint64 width = qint64{layer->col()} * layer->panelWidth();
@@ -72,11 +78,18 @@ Result<void> checkLayers(const std::vector<LayerPointer> &layers)
         QString("the walls have %1 pixels together; more than %2 cannot be held").arg(pixels).arg(mostWallPixels));
 }
 
+Result<void> check(const Project &project)
+{
+    return checkOutputSize(project.outputWidth, project.outputHeight).and_then([&] {
+        return checkLayers(project.layers);
+    });
+}
+
 Result<QByteArray> encode(const Project &project)
 {
-    const Result<void> isDrawable = checkOutputSize(project.outputWidth, project.outputHeight);
-    if (!isDrawable)
-        return tl::unexpected(isDrawable.error());
+    const Result<void> isReadable = check(project);
+    if (!isReadable)
+        return tl::unexpected(isReadable.error());
 
     std::vector<ArchiveValue> layers;
     layers.reserve(project.layers.size());
@@ -105,9 +118,8 @@ Result<Project> decode(const QByteArray &bytes, LayerHost &host)
     const Result<ArchiveList> layers = (**root)[2].toList("the layer list");
     if (!project || !layers)
         return tl::unexpected(project ? layers.error() : project.error());
-    if ((*layers)->size() > mostLayers)
-        return fail(
-            QString("the project has %1 layers; more than %2 are not read").arg((*layers)->size()).arg(mostLayers));
+    if (const Result<void> isKept = checkLayerCount(std::ssize(**layers)); !isKept)
+        return tl::unexpected(isKept.error());
     for (const ArchiveValue &value : **layers) {
         Result<LayerPointer> layer = decodeLayer(value, QString("layer %1").arg(project->layers.size()), host);
         if (!layer)

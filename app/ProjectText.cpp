@@ -34,7 +34,7 @@ Result<void> checkNames(const QJsonObject &object, const QStringList &known)
 {
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
         if (!known.contains(entry.key()))
-            return fail(QString("%1: unknown name").arg(entry.key()));
+            return fail(QString("%1: unknown name").arg(JsonValues::excerpt(entry.key())));
     }
     return {};
 }
@@ -107,7 +107,8 @@ Result<LayerPointer> decodeLayer(const QJsonValue &value, const QString &folder,
         return decodeScreen(object, folder, host);
     if (className == "LWStill")
         return decodeStill(object, folder, host);
-    const QString found = className.isString() ? "\"" + className.toString() + "\"" : JsonValues::kind(className);
+    const QString found =
+        className.isString() ? "\"" + JsonValues::excerpt(className.toString()) + "\"" : JsonValues::kind(className);
     return fail(QString("class: expected \"LWScreen\" or \"LWStill\", found %1").arg(found));
 }
 
@@ -118,15 +119,22 @@ tl::unexpected<Error> failInLayer(qsizetype index, const QJsonValue &layer, cons
     return layer.isObject() ? fail(place + "." + error.text) : failWithin(place, error);
 }
 
+Result<int> decodeInt(const QJsonValue &value)
+{
+    using Limits = std::numeric_limits<int>;
+    return PropertyText::decodeInteger(value, Limits::min(), Limits::max()).map([](qint64 number) {
+        return static_cast<int>(number);
+    });
+}
+
 Result<int> decodeSide(const QJsonObject &root, const QString &name, int ofNewDocument)
 {
     if (!root.contains(name))
         return ofNewDocument;
-    const Result<qint64> side =
-        PropertyText::decodeInteger(root.value(name), std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
+    const Result<int> side = decodeInt(root.value(name));
     if (!side)
         return failWithin(name, side.error());
-    return static_cast<int>(*side);
+    return side;
 }
 
 /// The document without its layers.
@@ -135,9 +143,11 @@ Result<Project> decodeHead(const QJsonObject &root)
     const Result<void> known = checkNames(root, {"format", "OutputWidth", "OutputHeight", "layers"});
     if (!known)
         return tl::unexpected(known.error());
-    const Result<qint64> format = PropertyText::decodeInteger(root.value("format"), formatNumber, formatNumber);
+    const Result<int> format = decodeInt(root.value("format"));
     if (!format)
         return failWithin("format", format.error());
+    if (*format != formatNumber)
+        return fail(QString("format: expected %1, found %2").arg(formatNumber).arg(*format));
     const Result<int> width = decodeSide(root, "OutputWidth", newOutputWidth);
     const Result<int> height = decodeSide(root, "OutputHeight", newOutputHeight);
     if (!width || !height)
@@ -186,7 +196,10 @@ Result<Project> decode(const QByteArray &json, const QString &folder, LayerHost 
     const QJsonValue layers = root->value("layers");
     if (!layers.isArray())
         return failWithin("layers", JsonValues::failExpecting("a list of layers", layers).value());
-    for (const QJsonValue &value : layers.toArray()) {
+    const QJsonArray list = layers.toArray();
+    if (const Result<void> isKept = ProjectFile::checkLayerCount(list.size()); !isKept)
+        return failWithin("layers", isKept.error());
+    for (const QJsonValue &value : list) {
         Result<LayerPointer> layer = decodeLayer(value, folder, host);
         if (!layer)
             return failInLayer(std::ssize(project->layers), value, layer.error());
@@ -211,9 +224,9 @@ Result<Project> read(const QString &path, LayerHost &host)
 
 Result<void> write(const QString &path, const Project &project)
 {
-    const Result<void> isDrawable = ProjectFile::checkOutputSize(project.outputWidth, project.outputHeight);
-    if (!isDrawable)
-        return failWithin(path, isDrawable.error());
+    const Result<void> isReadable = ProjectFile::check(project);
+    if (!isReadable)
+        return failWithin(path, isReadable.error());
     return FileBytes::write(path, encode(project));
 }
 

@@ -21,7 +21,7 @@ inline constexpr qint64 mostBytes = qint64{64} << 20;
 /// Error: the file cannot be read, or decode() refused it; the message begins with the path.
 [[nodiscard]] Result<Project> read(const QString &path, LayerHost &host);
 /// Replaces the file at `path` once the new one is complete on disk.
-/// Error: it cannot be written, or its output size is impossible; the message begins with the path.
+/// Error: it cannot be written, or read() would refuse it (ProjectFile::check()); the message begins with the path.
 [[nodiscard]] Result<void> write(const QString &path, const Project &project);
 
 } // namespace ProjectText

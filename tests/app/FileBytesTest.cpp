@@ -76,9 +76,25 @@ TEST(FileBytes, AFullDiskLeavesTheOldFileAndNothingElse)
     }
 
     ASSERT_FALSE(written.has_value());
-    EXPECT_TRUE(written.error().text.startsWith(path + ": cannot be written: ")) << qPrintable(written.error().text);
+    EXPECT_EQ(written.error().text, path + ": cannot be written: File too large");
     EXPECT_EQ(contents(path), "the old show");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"show.Orv"});
+}
+
+TEST(FileBytes, AFullDiskIsToldOfAFewBytesToo)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+
+    Result<void> written;
+    {
+        const FullDisk disk(1);
+        written = FileBytes::write(path, "show"); // fits into a buffer
+    }
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().text, path + ": cannot be written: File too large");
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
 TEST(FileBytes, ADeviceIsNotReplacedByAFile)

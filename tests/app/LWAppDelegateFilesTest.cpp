@@ -49,6 +49,23 @@ TEST_F(LWAppDelegateFiles, OpeningReplacesTheLayersAndTakesTheOutputSize)
     EXPECT_TRUE(person.alerts.isEmpty());
 }
 
+TEST_F(LWAppDelegateFiles, AWallTooLargeToDrawIsTold)
+{
+    const auto screen = std::make_shared<LWScreen>(document);
+    screen->setCol(2'000'000'000);
+    screen->setRow(3);
+    screen->setPanelWidth(128);
+    screen->setPanelHeight(128);
+    const QTemporaryDir files;
+    const QString path = files.filePath("huge.Orv");
+    ASSERT_TRUE(ProjectFile::write(path, {1080, 1920, {screen}}));
+
+    document.openProjectPre(path);
+
+    EXPECT_EQ(person.failures,
+              QStringList{"Layer 0 is a wall of 256000000000 x 384 pixels, too large to draw; make it smaller."});
+}
+
 TEST_F(LWAppDelegateFiles, OpeningTwiceDoesNotMerge)
 {
     person.openPanelAnswer = sample();

@@ -298,12 +298,42 @@ TEST_F(ProjectTextTest, ADocumentOfAnotherShapeIsRefused)
 {
     EXPECT_EQ(refusal("[]"), "expected an object with \"format\" and \"layers\", found a list");
     EXPECT_EQ(refusal("{}"), "format: expected a whole number, found nothing");
-    EXPECT_EQ(refusal(R"({"format": 2, "layers": []})"), "format: expected a whole number from 1 to 1, found 2");
+    EXPECT_EQ(refusal(R"({"format": 2, "layers": []})"), "format: expected 1, found 2");
     EXPECT_EQ(refusal(R"({"format": 1})"), "layers: expected a list of layers, found nothing");
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [5]})"), "layers[0]: expected an object, found a number");
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [], "OutputWidth": "5"})"),
               "OutputWidth: expected a whole number, found a text");
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [], "OutputWidth": 0})").startsWith("the output is 0 x 1080"), true);
+}
+
+TEST_F(ProjectTextTest, WhatWouldBeRefusedIsNotWritten)
+{
+    const QString path = folder.filePath("show.json");
+    const Project project{5, 5, std::vector<LayerPointer>(100'001, LWScreen::init(host))};
+
+    EXPECT_EQ(ProjectText::write(path, project).error().text,
+              path + ": the project has 100001 layers; more than 100000 cannot be kept");
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(ProjectTextTest, TooManyLayersAreRefusedBeforeTheFirstIsRead)
+{
+    const QByteArray layers = QByteArray("1,").repeated(100'000) + "1";
+
+    EXPECT_EQ(refusal(R"({"format": 1, "layers": [)" + layers + "]}"),
+              "layers: the project has 100001 layers; more than 100000 cannot be kept");
+}
+
+TEST_F(ProjectTextTest, WhatWasFoundIsCutInMessages)
+{
+    const QByteArray longText(1000, 'x');
+    const QString cut = QString(40, u'x') + QChar(0x2026);
+
+    EXPECT_EQ(refusalOf('"' + longText + R"(": 1)"), "layers[0]." + cut + ": unknown name");
+    EXPECT_EQ(refusal(document(longText, {})),
+              "layers[0].class: expected \"LWScreen\" or \"LWStill\", found \"" + cut + '"');
+    EXPECT_EQ(refusalOf(R"("rectColor": ")" + longText + '"'),
+              "layers[0].rectColor: expected a colour such as \"#ff0000\", found \"" + cut + '"');
 }
 
 TEST_F(ProjectTextTest, BrokenJsonIsNamedByItsLine)
