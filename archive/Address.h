@@ -19,8 +19,9 @@ struct Address
     bool isNil() const { return relative.isNull(); }
     /// "file:///..." of a local path.
     static Address fromLocalFile(const QString &path);
-    /// The path of the file meant, escapes undone: only for `file:` addresses with an empty host or "localhost"
-    /// and for plain paths; empty for anything else, which is never opened.
+    /// The absolute path of the file meant, escapes undone: only for `file:` addresses with an empty host or
+    /// "localhost" and for plain paths, in which '#' and '?' belong to the name; empty for anything else, which is
+    /// never opened, and for an address that is relative to nothing.
     QString toLocalFile() const;
 };
 

@@ -76,7 +76,7 @@ ArchiveValue ArchiveTable::scalar(plist_t node)
     }
     case PLIST_UINT: {
         const std::optional<qint64> integer = PropertyList::integer(node);
-        return integer ? ArchiveValue{*integer} : fault("a number beyond 64 bits");
+        return integer ? ArchiveValue{*integer} : fault("a number beyond 2^63 - 1");
     }
     case PLIST_REAL: {
         double real = 0;

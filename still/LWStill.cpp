@@ -12,8 +12,9 @@
 #include <vector>
 
 namespace {
-/// The archive of a still, in the order of writing. It differs from what is read: every file ever saved holds
-/// "rectcolor2", which no reader takes, and older writers left "pixelLimit" and "pattern", which no writer gives.
+/// The archive of a still, in the order of writing. For compatibility with saved files it differs from what
+/// is read: "rectcolor2" is held and no reader takes it, and older writers left "pixelLimit" and "pattern", which no
+/// writer gives.
 constexpr std::array writtenFields{
     ArchiveField{"col", "col", StoredAs::Integer32},
     ArchiveField{"bgenable", "bgEnable", StoredAs::Boolean},

@@ -9,8 +9,9 @@
 namespace PictureFile {
 
 /// The picture in the file at `path`, turned upright, in the raster format and its own size. Null when there is no such
-/// file, when it cannot be read, or when it is larger than a raster can be. Stills of one unchanged file share one
-/// picture for as long as one of them holds it. Main thread only.
+/// file, when it cannot be read, when it has more than 1 GiB, or when it is larger than a raster can be. No other file
+/// is ever opened: a drawing (SVG) that shows pictures or style sheets from elsewhere gives none, nor does a compressed
+/// one. Stills of one unchanged file share one picture for as long as one of them holds it. Main thread only.
 std::shared_ptr<const QImage> load(const QString &path);
 
 } // namespace PictureFile

@@ -48,3 +48,23 @@ TEST(Address, AnythingElseIsNeverOpened)
     EXPECT_EQ((Address{"plate.png", {"http://example.com/"}}.toLocalFile()), "");
     EXPECT_EQ(Address().toLocalFile(), "");
 }
+
+TEST(Address, PlainPathMayHoldAnyLetter)
+{
+    EXPECT_EQ((Address{"/show/wall #1?.png", {}}.toLocalFile()), "/show/wall #1?.png");
+    EXPECT_EQ((Address{"/show/10:30.png", {}}.toLocalFile()), "/show/10:30.png");
+}
+
+TEST(Address, RelativeToNothingIsNoFile)
+{
+    EXPECT_EQ((Address{"plates/logo.png", {}}.toLocalFile()), "");
+    EXPECT_EQ((Address{"logo.png", {"plates/"}}.toLocalFile()), "");
+    EXPECT_EQ((Address{"file:logo.png", {}}.toLocalFile()), "");
+}
+
+TEST(Address, WhatIsEmbeddedInTheProgramIsNoFile)
+{
+    EXPECT_EQ((Address{"file::/windows/wallwright.svg", {}}.toLocalFile()), "");
+    EXPECT_EQ((Address{":/windows/wallwright.svg", {}}.toLocalFile()), "");
+    EXPECT_EQ((Address{"windows/wallwright.svg", {"file::/"}}.toLocalFile()), "");
+}

@@ -177,7 +177,7 @@ TEST(KeyedArchiveRead, NumbersStandInPlaceOrInTheTable)
     EXPECT_EQ(valueOf(uid(3), {"<false/>"}).storage, ArchiveValue::Storage(false));
     EXPECT_EQ(valueOf("<integer>9223372036854775807</integer>").storage,
               ArchiveValue::Storage(qint64{9223372036854775807}));
-    EXPECT_EQ(valueOf("<integer>18446744073709551615</integer>").kind(), "a number beyond 64 bits");
+    EXPECT_EQ(valueOf("<integer>18446744073709551615</integer>").kind(), "a number beyond 2^63 - 1");
 }
 
 TEST(KeyedArchiveRead, DataStandsInPlaceOrInTheTableOrInARecord)

@@ -29,6 +29,13 @@ protected:
         return file.fileName();
     }
 
+    static QByteArray drawing(const QByteArray &content)
+    {
+        return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' width='20' "
+               "height='20'>" +
+               content + "</svg>";
+    }
+
     QTemporaryDir folder;
 };
 } // namespace
@@ -72,6 +79,54 @@ TEST_F(PictureFileTest, APipeIsNotWaitedFor)
     ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
 
     EXPECT_EQ(PictureFile::load(path), nullptr);
+}
+
+TEST_F(PictureFileTest, ADrawingThatShowsAnotherFileGivesNone)
+{
+    const QByteArray pipe = QFile::encodeName(folder.filePath("pipe"));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    const QByteArray nested = drawing("<image width='9' height='9' xlink:href='" + pipe + "'/>").toBase64();
+
+    for (const QByteArray &content :
+         {QByteArray("<image width='9' height='9' xlink:href='pipe'/>"),
+          "<image width='9' height='9' xlink:href='" + pipe + "'/>",
+          "<image width='9' height='9' href='file://" + pipe + "'/>",
+          "<s:image width='9' height='9' x:href='" + pipe + "'/>",
+          "<image width='9' height='9' xlink:href='data:image/png;base64," + nested + "'/>"})
+        EXPECT_EQ(PictureFile::load(written("drawing.svg", drawing(content))), nullptr) << content.constData();
+    EXPECT_EQ(PictureFile::load(written("style.svg", "<?xml version='1.0'?><?xml-stylesheet type=\"text/css\" href=\"" +
+                                                         pipe + "\"?>" + drawing({}))),
+              nullptr);
+}
+
+TEST_F(PictureFileTest, ADrawingMayEmbedPicturesAndReferToItself)
+{
+    QFile plate(saved("plate.png", {4, 4}, Qt::blue));
+    ASSERT_TRUE(plate.open(QIODevice::ReadOnly));
+    const QByteArray embedded =
+        "<image width='20' height='20' xlink:href='data:image/png;base64," + plate.readAll().toBase64() + "'/>";
+
+    const auto picture = PictureFile::load(written("drawing.svg", drawing(embedded)));
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->pixel(10, 10), 0xff0000ffU);
+
+    EXPECT_NE(PictureFile::load(written("use.svg", drawing("<g id='a'/><use xlink:href='#a'/>"))), nullptr);
+}
+
+TEST_F(PictureFileTest, ACompressedDrawingGivesNone)
+{
+    const QByteArray compressed = QByteArray::fromHex(
+        "1f8b0800000000000203b3292e4b57a8c8cdc92bb655cf282929b0d2d72f2f2fd72b37d6cb2f4ad737323030d007aa505728cf4c29c9b0"
+        "55375257c848cd4ccf280131f5ed0008e7f2533e000000");
+    EXPECT_EQ(PictureFile::load(written("drawing.svgz", compressed)), nullptr);
+}
+
+TEST_F(PictureFileTest, ALargePhotographIsRead)
+{
+    const auto picture = PictureFile::load(saved("photograph.bmp", {6000, 6000}, Qt::white));
+
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->size(), QSize(6000, 6000));
 }
 
 TEST_F(PictureFileTest, APictureLargerThanARasterGivesNone)
