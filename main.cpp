@@ -10,9 +10,9 @@ namespace {
 int runWithoutWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // What Qt misses on a server (a UTF-8 locale, a runtime folder) does not matter here and would mix with the
-    // reasons.
-    QLoggingCategory::setFilterRules("default.warning=false");
+    // What Qt misses on a server (a UTF-8 locale, a runtime folder) or finds in a picture does not matter here and
+    // would mix with the reasons.
+    QLoggingCategory::setFilterRules("*.warning=false\nwallwright.*.warning=true");
     const QGuiApplication application(programNameAlone, argv);
     QTextStream out(stdout);
     QTextStream err(stderr);

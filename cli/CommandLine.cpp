@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 
 #include "cli/ConvertCommand.h"
+#include "cli/FileFormat.h"
 #include "cli/Help.h"
 #include "cli/InfoCommand.h"
 
@@ -92,6 +93,8 @@ ExitStatus runWithoutVerb(const QStringList &arguments, QTextStream &out, QTextS
         return misused(err, "wallwright", QString("there is no option %1").arg(first));
     if (arguments.size() > 1 && QFileInfo::exists(first))
         return misused(err, "wallwright", "one file can be opened at a time");
+    if (arguments.size() == 1 && (first.contains(u'/') || FileFormat::toRead(first)))
+        return failed(err, {first + ": there is no such file"});
     return misused(err, "wallwright", QString("\"%1\" is neither a command nor a file").arg(first));
 }
 

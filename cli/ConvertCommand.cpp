@@ -9,7 +9,14 @@
 #include <limits>
 
 namespace {
-constexpr int highestNumber = std::numeric_limits<int>::max();
+constexpr Options::Range anyFromNought{0, std::numeric_limits<int>::max()};
+constexpr Options::Range anyFromOne{1, std::numeric_limits<int>::max()};
+
+bool isPicture(const QString &output)
+{
+    const Result<FileFormat> format = FileFormat::toWrite(output);
+    return format && format->isPicture;
+}
 
 Result<void> takeFiles(ConvertCommand &command, const QStringList &files)
 {
@@ -23,12 +30,14 @@ Result<void> takeFiles(ConvertCommand &command, const QStringList &files)
         if (const auto format = FileFormat::toWrite(output); !format)
             return tl::unexpected(format.error());
     }
+    if (command.picture.layer && std::none_of(command.outputs.begin(), command.outputs.end(), isPicture))
+        return fail("--layer concerns .png outputs, and there is none");
     return {};
 }
 
-Result<void> takeNumber(int &target, const QCommandLineParser &parser, const QString &name, int highest)
+Result<void> takeNumber(int &target, const QCommandLineParser &parser, const QString &name, Options::Range range)
 {
-    return Options::number(parser, name, highest, 0).map([&](int given) { target = given; });
+    return Options::number(parser, name, range, 0).map([&](int given) { target = given; });
 }
 
 Result<void> takeColour(Colour &target, const QCommandLineParser &parser, const QString &name)
@@ -39,20 +48,16 @@ Result<void> takeColour(Colour &target, const QCommandLineParser &parser, const 
 Result<void> takeSettings(ConvertCommand &command, const QCommandLineParser &parser)
 {
     int layer = 0;
-    Result<void> taken = takeNumber(layer, parser, "layer", highestNumber);
+    Result<void> taken = takeNumber(layer, parser, "layer", anyFromNought);
     if (parser.isSet("layer"))
         command.picture.layer = layer;
-    return taken.and_then([&] { return takeNumber(command.corners, parser, "corners", 2); })
-        .and_then([&] { return takeNumber(command.volts, parser, "voltage", highestNumber); })
-        .and_then([&] { return takeNumber(command.phases, parser, "phases", highestNumber); })
+    return taken.and_then([&] {
+                    return takeNumber(command.corners, parser, "corners", {0, 2});
+                })
+        .and_then([&] { return takeNumber(command.volts, parser, "voltage", anyFromOne); })
+        .and_then([&] { return takeNumber(command.phases, parser, "phases", anyFromOne); })
         .and_then([&] { return takeColour(command.picture.background, parser, "background"); })
         .and_then([&] { return takeColour(command.picture.edge, parser, "edge"); });
-}
-
-bool isPicture(const QString &output)
-{
-    const Result<FileFormat> format = FileFormat::toWrite(output);
-    return format && format->isPicture;
 }
 
 /// Stills whose file is gone leave a gap that nobody would notice; walls that cannot be drawn log it themselves.
@@ -91,9 +96,6 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
     if (!project)
         return tl::unexpected(project.error());
 
-    const bool showsAllLayers = !picture.layer && std::any_of(outputs.begin(), outputs.end(), isPicture);
-    if (showsAllLayers)
-        tellMissingPictures(*project, input, notice);
     for (const QString &output : outputs) {
         const Result<void> done = FileFormat::toWrite(output).and_then(
             [&](const FileFormat &format) { return format.write(output, *project, picture); });
@@ -101,5 +103,8 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
             return done;
         written(output);
     }
+    const bool showsAllLayers = !picture.layer && std::any_of(outputs.begin(), outputs.end(), isPicture);
+    if (showsAllLayers)
+        tellMissingPictures(*project, input, notice);
     return {};
 }

@@ -23,7 +23,7 @@ struct ConvertCommand
 
     using Teller = std::function<void(const QString &)>;
     /// Writes the outputs one by one and hands each path to `written` when the file is complete; stops at the first
-    /// that fails. `notice` is told in a sentence what a picture had to leave out.
+    /// that fails. Once all are written, `notice` is told in a sentence each what the pictures had to leave out.
     /// Error: a file that cannot be read or written; the message begins with its path.
     [[nodiscard]] Result<void> run(const Teller &written, const Teller &notice) const;
 };

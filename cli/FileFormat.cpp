@@ -64,7 +64,7 @@ Result<FileFormat> FileFormat::toRead(const QString &path)
     if (!format)
         return fail(QString("%1: the name must end in %2").arg(path, readableExtensions()));
     if (!format->read)
-        return fail(QString("%1: a .%2 file holds no project any more and can only be written; read a %3 file")
+        return fail(QString("%1: a .%2 file holds no project and can only be written; read a %3 file")
                         .arg(path, format->extension, readableExtensions()));
     return *format;
 }

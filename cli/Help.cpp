@@ -32,8 +32,8 @@ Each path is printed once it is written. A file is replaced only by a complete o
 Options:
   --layer N            a .png holds layer N alone, in its own size; 0 is the top of the list
   --corners 0|1|2      corner coordinates: 0 top left, 1 bottom, 2 all (0)
-  --voltage V          supply voltage in volts that texts about power use (110)
-  --phases P           number of phases of the supply (1)
+  --voltage V          supply voltage in volts (110), for charts that show power; none that a file holds does
+  --phases P           number of phases of the supply (1), likewise
   --background COLOUR  fill of the output ("#000000")
   --edge COLOUR        outline of the output, one pixel wide ("#000000")
   --help               prints this

@@ -10,7 +10,7 @@
 #include <limits>
 
 namespace {
-constexpr int highestNumber = std::numeric_limits<int>::max();
+constexpr Options::Range anyFromOne{1, std::numeric_limits<int>::max()};
 constexpr int noCorners = -1;
 } // namespace
 
@@ -21,8 +21,8 @@ Result<InfoCommand> InfoCommand::parse(const QStringList &arguments)
         parser, {Options::flag("json"), Options::withValue("voltage"), Options::withValue("phases")}, arguments);
     if (!parsed)
         return tl::unexpected(parsed.error());
-    const Result<int> volts = Options::number(parser, "voltage", highestNumber, 0);
-    const Result<int> phases = Options::number(parser, "phases", highestNumber, 0);
+    const Result<int> volts = Options::number(parser, "voltage", anyFromOne, 0);
+    const Result<int> phases = Options::number(parser, "phases", anyFromOne, 0);
     if (!volts || !phases)
         return tl::unexpected(volts ? phases.error() : volts.error());
     const QStringList files = parser.positionalArguments();

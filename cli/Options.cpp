@@ -28,16 +28,16 @@ Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &
     return fail(reason.left(1).toLower() + reason.mid(1));
 }
 
-Result<int> number(const QCommandLineParser &parser, const QString &name, int highest, int otherwise)
+Result<int> number(const QCommandLineParser &parser, const QString &name, Range range, int otherwise)
 {
     if (!parser.isSet(name))
         return otherwise;
     bool isNumber = false;
     const int value = parser.value(name).toInt(&isNumber);
-    if (isNumber && value >= 0 && value <= highest)
+    if (isNumber && value >= range.lowest && value <= range.highest)
         return value;
-    return fail(QString("--%1 expects a whole number from 0 to %2, found \"%3\"")
-                    .arg(name, QString::number(highest), parser.value(name)));
+    return fail(QString("--%1 expects a whole number from %2 to %3, found \"%4\"")
+                    .arg(name, QString::number(range.lowest), QString::number(range.highest), parser.value(name)));
 }
 
 Result<Colour> colour(const QCommandLineParser &parser, const QString &name, const Colour &otherwise)

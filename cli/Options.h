@@ -19,8 +19,15 @@ QCommandLineOption flag(const QString &name);
 [[nodiscard]] Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options,
                                  const QStringList &arguments);
 
-/// A whole number from 0 to `highest`; `otherwise` where the option is not given. Error: anything else.
-[[nodiscard]] Result<int> number(const QCommandLineParser &parser, const QString &name, int highest, int otherwise);
+/// Whole numbers, both ends included.
+struct Range
+{
+    int lowest;
+    int highest;
+};
+
+/// A whole number within `range`; `otherwise` where the option is not given. Error: anything else.
+[[nodiscard]] Result<int> number(const QCommandLineParser &parser, const QString &name, Range range, int otherwise);
 
 /// A colour as ColourText reads it; `otherwise` where the option is not given. Error: anything else.
 [[nodiscard]] Result<Colour> colour(const QCommandLineParser &parser, const QString &name, const Colour &otherwise);

@@ -85,6 +85,24 @@ TEST_F(CommandLineTest, WhatIsNoCommandIsAMisuse)
     expectMisuse({show, show}, R"(wallwright: one file can be opened at a time; "wallwright --help" tells more)");
 }
 
+TEST_F(CommandLineTest, WhatLooksLikeAFileAndIsNoneIsAFailure)
+{
+    for (const char *name : {"missing.Orv", "missing.json", "./missing"}) {
+        const Outcome outcome = runCommand({name});
+
+        EXPECT_EQ(outcome.status, 1);
+        EXPECT_EQ(outcome.out, QString());
+        EXPECT_EQ(outcome.err, QString(name) + ": there is no such file\n");
+    }
+}
+
+TEST_F(CommandLineTest, ALayerNeedsAPictureToStandIn)
+{
+    expectMisuse({"convert", "a.Orv", "b.json", "--layer", "0"},
+                 "wallwright convert: --layer concerns .png outputs, and there is none; "
+                 R"("wallwright convert --help" tells more)");
+}
+
 TEST_F(CommandLineTest, TooFewFilesAreAMisuse)
 {
     const QString more = R"(; "wallwright convert --help" tells more)";
@@ -107,7 +125,7 @@ TEST_F(CommandLineTest, UnknownFormatsAreAMisuse)
 TEST_F(CommandLineTest, PicturesCannotBeReadBack)
 {
     expectMisuse({"convert", "wall.PNG", "wall.Orv"},
-                 "wallwright convert: wall.PNG: a .png file holds no project any more and can only be written; "
+                 "wallwright convert: wall.PNG: a .png file holds no project and can only be written; "
                  R"(read a .Orv or .json file; "wallwright convert --help" tells more)");
     EXPECT_EQ(runCommand({"info", "wall.png"}).status, 2);
 }
@@ -122,9 +140,14 @@ TEST_F(CommandLineTest, OptionsWithWrongValuesAreAMisuse)
     expectMisuse(files + QStringList{"--layer=-1"},
                  R"(wallwright convert: --layer expects a whole number from 0 to 2147483647, found "-1")" + more);
     expectMisuse(files + QStringList{"--voltage", "230V"},
-                 R"(wallwright convert: --voltage expects a whole number from 0 to 2147483647, found "230V")" + more);
+                 R"(wallwright convert: --voltage expects a whole number from 1 to 2147483647, found "230V")" + more);
     expectMisuse(files + QStringList{"--phases="},
-                 R"(wallwright convert: --phases expects a whole number from 0 to 2147483647, found "")" + more);
+                 R"(wallwright convert: --phases expects a whole number from 1 to 2147483647, found "")" + more);
+    expectMisuse(files + QStringList{"--voltage", "0"},
+                 R"(wallwright convert: --voltage expects a whole number from 1 to 2147483647, found "0")" + more);
+    expectMisuse({"info", "a.Orv", "--phases", "0"},
+                 R"(wallwright info: --phases expects a whole number from 1 to 2147483647, found "0"; )"
+                 R"("wallwright info --help" tells more)");
     expectMisuse(files + QStringList{"--background", "red"},
                  R"(wallwright convert: --background expected a colour such as "#ff0000", found "red")" + more);
     expectMisuse(files + QStringList{"--edge", "[1, 2]"},

@@ -197,7 +197,6 @@ TEST_F(InfoCommandTest, VoltageAndPhasesDivideTheCurrent)
     EXPECT_NEAR(layerNamed(show, "MAIN")["amperes"].toDouble(), 54720 / 624.0, singlePrecision);
     EXPECT_TRUE(infoOf(splitWall, {"--voltage=208", "--phases", "3"})
                     .endsWith("\nTotal Power: 1.92Amp (1,200 W at 208 V, 3 phases)\n"));
-    EXPECT_TRUE(infoOf(splitWall, {"--voltage", "0"}).endsWith("at 110 V, 1 phase)\n"));
 }
 
 TEST_F(InfoCommandTest, PathsThatAreNotDrawnHavePortsAllTheSame)

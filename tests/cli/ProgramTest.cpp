@@ -59,6 +59,18 @@ TEST_F(ProgramTest, ExitStatusAndReasonReachTheShell)
     EXPECT_EQ(start({"--version"}).status, 0);
 }
 
+TEST_F(ProgramTest, AFailureIsOneLineWhateverQtFindsInAPicture)
+{
+    const QString plate = file("plate.svg", "<svg><path d='M 0 0 L' stroke='url(#none)'></svg");
+    const QString input = show(R"({"class": "LWStill", "ImageURL": ")" + plate.toUtf8() + "\"}");
+
+    const Outcome outcome = start({"convert", input, path("none/a.png")});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.err.startsWith(path("none/a.png") + ": cannot be written: "));
+    EXPECT_EQ(outcome.err.count('\n'), 1) << qPrintable(outcome.err);
+}
+
 TEST_F(ProgramTest, QtTakesNoneOfTheArgumentsForItself)
 {
     const Outcome outcome = start({"-platform", "xcb", "--help"});
