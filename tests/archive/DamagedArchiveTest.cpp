@@ -2,6 +2,7 @@
 #include "archive/KeyedArchive.h"
 
 #include <gtest/gtest.h>
+#include <plist/plist.h>
 #include <random>
 
 // Every damaged archive must end in an error or in values that can be asked; what the error says is tested elsewhere.
@@ -25,6 +26,21 @@ QByteArray goodArchive()
     }
     const ArchiveValue rows{IndexSet{{{1, 2}, {500, 3}}}};
     return *KeyedArchive::write(ArchiveValue::list({{qint64{1080}}, {qint64{1920}}, ArchiveValue::list(layers), rows}));
+}
+
+/// The property list as XML text. Of the binary form libplist does not always make the same bytes: whether it writes
+/// equal values once or twice differs from call to call.
+QByteArray textOf(const QByteArray &archive)
+{
+    plist_t list = nullptr;
+    plist_from_bin(archive.constData(), static_cast<uint32_t>(archive.size()), &list);
+    char *text = nullptr;
+    uint32_t length = 0;
+    plist_to_xml(list, &text, &length);
+    const QByteArray copy(text, length);
+    plist_to_xml_free(text);
+    plist_free(list);
+    return copy;
 }
 
 /// Asks for everything; returns how many answers were errors.
@@ -68,7 +84,7 @@ struct Outcome
         if (written) {
             const Result<ArchiveValue> again = KeyedArchive::read(*written, {"LWScreen", "LWStill"});
             ASSERT_TRUE(again);
-            EXPECT_EQ(KeyedArchive::write(*again), written);
+            EXPECT_EQ(textOf(KeyedArchive::write(*again).value()), textOf(*written));
         }
     }
 };
