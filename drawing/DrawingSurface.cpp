@@ -35,6 +35,14 @@ bool isWithinReach(const QRectF &bounds)
            std::abs(bounds.top()) < farthestCoordinate && std::abs(bounds.bottom()) < farthestCoordinate;
 }
 
+/// The part of a mask that lies on the raster: where, and the coverage of its first row.
+struct VisibleMask
+{
+    QRect place;
+    const uchar *coverage;
+    qsizetype stride;
+};
+
 QPen penOf(const Colour &colour, double width, const std::vector<double> &dash)
 {
     // Corners sharper than the limit are cut flat, so that a line that turns back does not grow a spike.
@@ -134,23 +142,26 @@ void DrawingSurface::drawText(const QPoint &bottomLeft, const TextLine &text, co
 void DrawingSurface::drawMasks(const QPoint &bottomLeft, int boxHeight, std::span<const CoverageMask> masks,
                                const Colour &colour)
 {
-    const QRgb pixel = colour.toPremultipliedPixel();
     const QPoint boxTopLeft = toDevice(QRect(bottomLeft, QSize(0, boxHeight))).topLeft();
+    std::vector<VisibleMask> visible;
+    visible.reserve(masks.size());
     QRect bounds;
-    for (const auto &[mask, offset] : masks)
-        bounds |= QRect(boxTopLeft + offset, mask->size());
-    bounds &= m_raster.rect();
+    for (const auto &[mask, offset] : masks) {
+        const QRect place(boxTopLeft + offset, mask->size());
+        const QRect shown = place & m_raster.rect();
+        if (shown.isEmpty())
+            continue;
+        const QPoint inMask = shown.topLeft() - place.topLeft();
+        visible.push_back({shown, mask->constScanLine(inMask.y()) + inMask.x(), mask->bytesPerLine()});
+        bounds |= shown;
+    }
 
+    const QRgb pixel = colour.toPremultipliedPixel();
     for (int y = bounds.top(); y <= bounds.bottom(); ++y) {
         QRgb *row = pixels(y);
-        for (const auto &[mask, offset] : masks) {
-            const QPoint topLeft = boxTopLeft + offset;
-            const int left = std::max(topLeft.x(), 0);
-            const int right = std::min(topLeft.x() + mask->width(), m_raster.width());
-            if (y < topLeft.y() || y >= topLeft.y() + mask->height() || left >= right)
-                continue;
-            const uchar *coverage = mask->constScanLine(y - topLeft.y()) + left - topLeft.x();
-            PixelRows::blend(row + left, coverage, right - left, pixel);
+        for (const auto &[place, coverage, stride] : visible) {
+            if (y >= place.top() && y <= place.bottom())
+                PixelRows::blend(row + place.left(), coverage + stride * (y - place.top()), place.width(), pixel);
         }
     }
 }
