@@ -14,7 +14,7 @@ Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subje
 {
     const Result<ArchiveObjectPointer> object = value.toObject(subject);
     if (!object)
-        return tl::unexpected(object.error());
+        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
 
     const auto asLayer = [](auto layer) { return LayerPointer(std::move(layer)); };
     Result<LayerPointer> layer;
