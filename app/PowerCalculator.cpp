@@ -1,11 +1,12 @@
 #include "app/PowerCalculator.h"
 
+#include "layer/Power.h"
+
 namespace PowerCalculator {
 
 qint32 watts(const Layer &layer)
 {
-    // Unsigned, since only unsigned numbers may wrap.
-    return static_cast<qint32>(quint32(layer.col()) * quint32(layer.row()) * quint32(layer.powerOnCell()));
+    return Power::watts(layer.col(), layer.row(), layer.powerOnCell());
 }
 
 qint32 watts(const std::vector<LayerPointer> &layers)
@@ -18,12 +19,12 @@ qint32 watts(const std::vector<LayerPointer> &layers)
 
 qint64 divisor(qint64 volts, qint64 phases)
 {
-    return static_cast<qint64>(quint64(volts) * quint64(phases));
+    return Power::divisor(volts, phases);
 }
 
 float amperes(qint32 watts, qint64 divisor)
 {
-    return divisor == 0 ? 0.0F : static_cast<float>(watts) / static_cast<float>(divisor);
+    return Power::amperes(watts, divisor);
 }
 
 QString resultText(float amperes)

@@ -1,3 +1,4 @@
+#include "layer/Power.h"
 #include "screen/ScreenChart.h"
 
 #include <cmath>
@@ -16,12 +17,6 @@ QPoint wholePoint(double x, double y)
     return {static_cast<int>(qBound(-farthest, x, farthest)), static_cast<int>(qBound(-farthest, y, farthest))};
 }
 
-/// A product as 32-bit integers give it: the low 32 bits.
-qint32 wrappedProduct(qint32 a, qint32 b)
-{
-    return static_cast<qint32>(static_cast<quint32>(a) * static_cast<quint32>(b));
-}
-
 QString cornerText(qint64 x, qint64 y)
 {
     return QString("X %1 ,Y %2").arg(x).arg(y);
@@ -30,10 +25,7 @@ QString cornerText(qint64 x, qint64 y)
 
 float ScreenChart::amperes() const
 {
-    const qint32 total = wrappedProduct(wrappedProduct(col, row), powerOnCell);
-    const qint64 product = static_cast<qint64>(static_cast<quint64>(phases) * static_cast<quint64>(voltage));
-    const qint64 divisor = phases == 1 ? voltage : product;
-    return divisor == 0 ? 0.0f : static_cast<float>(total) / static_cast<float>(divisor);
+    return Power::amperes(Power::watts(col, row, powerOnCell), Power::divisor(voltage, phases));
 }
 
 std::vector<ScreenChart::PlacedText> ScreenChart::texts() const
