@@ -6,6 +6,28 @@
 #include <QSaveFile>
 
 #include <cerrno>
+#include <unistd.h>
+
+namespace {
+constexpr qsizetype pieceLength = qsizetype{8} << 20;
+
+// QSaveFile keeps no reason of a failed write; the system does.
+tl::unexpected<Error> failedWrite(const QString &path)
+{
+    return fail(QString("%1: cannot be written: %2").arg(path, qt_error_string(errno)));
+}
+
+bool append(QSaveFile &file, QByteArrayView bytes)
+{
+    errno = 0;
+    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush();
+}
+
+bool reachesDisk(const QSaveFile &file)
+{
+    return fdatasync(file.handle()) == 0 || errno == EINVAL; // that one: there is no disk behind
+}
+} // namespace
 
 namespace FileBytes {
 
@@ -32,18 +54,30 @@ Result<QByteArray> read(const QString &path, qint64 mostBytes)
 
 Result<void> write(const QString &path, const QByteArray &bytes)
 {
+    return write(path, bytes, {}).map([](Outcome) {});
+}
+
+Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progress &progress)
+{
     const QFileInfo existing(path);
     if (existing.exists() && !existing.isFile()) // committing would put a file in the place of a device
         return fail(QString("%1: cannot be written: this is a folder or a device, not a file").arg(path));
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         return fail(QString("%1: cannot be written: %2").arg(path, file.errorString()));
-    // QSaveFile keeps no reason of a failed write; the system does.
+
+    const qsizetype length = progress ? pieceLength : bytes.size();
+    for (qsizetype done = 0; done < bytes.size(); done += length) {
+        if (progress && !progress(static_cast<double>(done) / static_cast<double>(bytes.size())))
+            return Outcome::Cancelled;
+        const QByteArrayView piece = QByteArrayView(bytes).sliced(done, qMin(length, bytes.size() - done));
+        if (!append(file, piece) || (progress && !reachesDisk(file)))
+            return failedWrite(path);
+    }
     errno = 0;
-    const bool isComplete = file.write(bytes) == bytes.size() && file.flush() && file.commit();
-    if (!isComplete)
-        return fail(QString("%1: cannot be written: %2").arg(path, qt_error_string(errno)));
-    return {};
+    if (!file.commit())
+        return failedWrite(path);
+    return Outcome::Written;
 }
 
 QString withExtension(const QString &path, const QString &extension)

@@ -5,6 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
+
 /// Whole files, in and out.
 namespace FileBytes {
 
@@ -16,6 +18,19 @@ namespace FileBytes {
 /// Error: the file cannot be made, filled or put into its place; nothing half-written is left. The message begins with
 /// the path.
 [[nodiscard]] Result<void> write(const QString &path, const QByteArray &bytes);
+
+/// Told how much is done, 0 to 1; may run events. False cancels the rest.
+using Progress = std::function<bool(double done)>;
+
+enum class Outcome
+{
+    Written,
+    Cancelled ///< the old file stays, if there was one
+};
+
+/// The same in pieces, each on the disk before the next begins, for files that take long: a stick is a hundred times
+/// slower than memory.
+[[nodiscard]] Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progress &progress);
 
 /// The path with exactly one `extension` at its end: "show" and "show.Orv" become "show.Orv", "wall.png" becomes
 /// "wall.png.Orv". Upper and lower case differ.

@@ -1,6 +1,7 @@
 #include "app/LWAppDelegate.h"
 
 #include "app/FileBytes.h"
+#include "app/PSDExport.h"
 #include "app/PngFile.h"
 #include "app/PowerCalculator.h"
 #include "app/ProjectFile.h"
@@ -272,11 +273,37 @@ void LWAppDelegate::saveAction()
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;
-    const Result<void> written = PngFile::write(FileBytes::withExtension(*chosen, "png"), m_offscreenRep);
-    if (written)
+    const QString path = FileBytes::withExtension(*chosen, "png");
+    if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
+        return tellFailedExport("PNG", written.error());
+    m_userInterface.tellStatus("Exported " + QFileInfo(path).fileName());
+}
+
+void LWAppDelegate::savePSD()
+{
+    if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
+        return tellFailedExport("PSD", fits.error());
+    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
+    if (!chosen)
         return;
-    qWarning("There was an error writing the PNG: %s", qUtf8Printable(written.error().text));
-    m_userInterface.tellFailure("Cannot export " + written.error().text);
+
+    const QString path = *chosen + '.' + PSDExport::extension; // whatever was typed: "a.psd" becomes "a.psd.psd"
+    const QString name = QFileInfo(path).fileName();
+    const auto progress = [&](double done) { return m_userInterface.showProgress("Exporting " + name, done); };
+    const Result<PSDExport::Outcome> outcome =
+        PSDExport::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()}, m_screenNumber, progress);
+    progress(1);
+    m_userInterface.reloadTable(); // layers may have got names
+    if (!outcome)
+        return tellFailedExport("PSD", outcome.error());
+    const bool isWritten = *outcome == PSDExport::Outcome::Written;
+    m_userInterface.tellStatus(isWritten ? "Exported " + name : "Cancelled the export of " + name);
+}
+
+void LWAppDelegate::tellFailedExport(const char *format, const Error &error)
+{
+    qWarning("There was an error writing the %s: %s", format, qUtf8Printable(error.text));
+    m_userInterface.tellFailure("Cannot export " + error.text);
 }
 
 void LWAppDelegate::voltageSelect(qint64 tag)

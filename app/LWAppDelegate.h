@@ -11,7 +11,7 @@
 #include <QString>
 
 /// The document and its controller: owns the layers, carries the actions by name, and conducts the pieces that do the
-/// work (Composition, ProjectFile, PngFile, PowerCalculator). Main thread only.
+/// work (Composition, ProjectFile, PngFile, PSDExport, PowerCalculator). Main thread only.
 class LWAppDelegate final : public QObject, public LayerHost
 {
     Q_OBJECT
@@ -32,9 +32,9 @@ public:
     LayerList &arraycontroller() { return m_arraycontroller; }
     const std::vector<LayerPointer> &allScreensArray() const { return m_arraycontroller.layers(); }
 
-    int OutputWidth() const { return m_OutputWidth; }
+    int OutputWidth() const override { return m_OutputWidth; }
     void setOutputWidth(int pixels) { m_OutputWidth = pixels; }
-    int OutputHeight() const { return m_OutputHeight; }
+    int OutputHeight() const override { return m_OutputHeight; }
     void setOutputHeight(int pixels) { m_OutputHeight = pixels; }
     /// Fill and outline of the output; opaque black at first. Not part of a file.
     const Colour &bgColor() const { return m_bgColor; }
@@ -78,6 +78,10 @@ public:
     const QString &preOpenFile() const { return m_preOpenFile; }
     /// Asks where, and writes the composed output as PNG; a failure goes to the log and the status line.
     void saveAction();
+    /// Asks where, and exports the layers as a layered file; ".psd" is appended to whatever name was chosen. Layers
+    /// without a label get one. A failure goes to the log and the status line; a size that no such file can have is
+    /// told before anything is asked.
+    void savePSD();
 
     /// The control's tag becomes the voltage (110, 208) or the number of phases (1, 3).
     void voltageSelect(qint64 tag);
@@ -93,6 +97,9 @@ public:
     qint64 phaseCalc() const override { return m_phaseCalc; }
     void setPhaseCalc(qint64 phases) override { m_phaseCalc = phases; }
     int popupIndex() const override { return m_popupIndex; }
+    QSizeF canvasFrameSize() const override { return m_userInterface.canvasFrameSize(); }
+    void setKScaleFactor(float factor) override { m_userInterface.setKScaleFactor(factor); }
+    void drawRectangle(const QRectF &rectangle) override { m_userInterface.drawRectangle(rectangle); }
     void hideRectangle() override { m_userInterface.hideRectangle(); }
     void choosePattern(qint64 pattern) override;
 
@@ -104,6 +111,8 @@ private:
     /// Tells of the first wall that shows nothing because no raster can hold it.
     void tellWallsTooLarge();
     void replaceLayers(const std::vector<LayerPointer> &layers);
+    /// `format`: "PNG". The error's text begins with what could not be exported.
+    void tellFailedExport(const char *format, const Error &error);
 
     UserInterface &m_userInterface;
     LayerList m_arraycontroller;

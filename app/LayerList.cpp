@@ -1,5 +1,7 @@
 #include "app/LayerList.h"
 
+#include "app/RowPasteboard.h"
+
 #include <QMetaProperty>
 
 #include <algorithm>
@@ -70,6 +72,31 @@ void LayerList::removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> inde
         removeObjectAtArrangedObjectIndex(index);
 }
 
+void LayerList::moveObjectAtArrangedObjectIndex(qsizetype index, qsizetype row)
+{
+    const bool staysInPlace = row == index || row == index + 1;
+    if (!layer(index) || row < 0 || row > std::ssize(m_layers) || staysInPlace)
+        return;
+    beginMoveRows({}, static_cast<int>(index), static_cast<int>(index), {}, static_cast<int>(row));
+    const auto moved = m_layers.begin() + index;
+    const auto place = m_layers.begin() + row;
+    if (row < index)
+        std::rotate(place, moved, moved + 1);
+    else
+        std::rotate(moved, moved + 1, place);
+
+    const qsizetype previousSelection = m_selectionIndex;
+    if (m_selectionIndex == index)
+        m_selectionIndex = row < index ? row : row - 1;
+    else if (m_selectionIndex > index && m_selectionIndex < row)
+        --m_selectionIndex;
+    else if (m_selectionIndex < index && m_selectionIndex >= row)
+        ++m_selectionIndex;
+    endMoveRows();
+    if (m_selectionIndex != previousSelection)
+        emit selectionIndexDidChange(m_selectionIndex);
+}
+
 bool LayerList::setValue(const QVariant &value, const QString &keyPath)
 {
     return setLayerValue(m_selectionIndex, value, keyPath);
@@ -125,6 +152,41 @@ bool LayerList::setData(const QModelIndex &index, const QVariant &value, int rol
 
 Qt::ItemFlags LayerList::flags(const QModelIndex &index) const
 {
-    const Qt::ItemFlags editing = Qt::ItemIsEditable | Qt::ItemIsUserCheckable;
-    return QAbstractListModel::flags(index) | (index.isValid() ? editing : Qt::NoItemFlags);
+    const Qt::ItemFlags ofRows = Qt::ItemIsEditable | Qt::ItemIsUserCheckable | Qt::ItemIsDragEnabled;
+    return QAbstractListModel::flags(index) | Qt::ItemIsDropEnabled | (index.isValid() ? ofRows : Qt::NoItemFlags);
+}
+
+QStringList LayerList::mimeTypes() const
+{
+    return {RowPasteboard::type};
+}
+
+QMimeData *LayerList::mimeData(const QModelIndexList &indexes) const
+{
+    return RowPasteboard::write(indexes);
+}
+
+Qt::DropActions LayerList::supportedDragActions() const
+{
+    return Qt::CopyAction;
+}
+
+Qt::DropActions LayerList::supportedDropActions() const
+{
+    return Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+}
+
+bool LayerList::dropMimeData(const QMimeData *data, [[maybe_unused]] Qt::DropAction action, int row,
+                             [[maybe_unused]] int column, const QModelIndex &parent)
+{
+    const Result<std::vector<qsizetype>> dropped = RowPasteboard::read(*data);
+    if (!dropped) {
+        qWarning("Nothing was dropped: %s", qUtf8Printable(dropped.error().text));
+        return false;
+    }
+    // On a row means before it, beside all rows behind them.
+    const bool isOnRow = row < 0 && parent.isValid();
+    const int place = isOnRow ? parent.row() : row;
+    emit rowWasDropped(dropped->front(), place < 0 ? rowCount() : place);
+    return true;
 }

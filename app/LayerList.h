@@ -10,7 +10,9 @@
 /// row and the topmost layer. Every change of the list goes through here, so that views follow.
 ///
 /// Views see one column: the label (DisplayRole, EditRole) and the eye (CheckStateRole); layer() gives the rest.
-class LayerList final : public QAbstractListModel
+/// Rows are dragged as a RowPasteboard and dropped anywhere, under every operation; what a drop does is up to the
+/// receiver of rowWasDropped().
+class LayerList : public QAbstractListModel
 {
     Q_OBJECT
 
@@ -36,6 +38,9 @@ public:
     /// selected, or the last one.
     void removeObjectAtArrangedObjectIndex(qsizetype index);
     void removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes);
+    /// Moves the row `index` before what is now the row `row` (0 to the number of layers): 1 before 4 ends at 3,
+    /// 4 before 1 ends at 1. The selection stays with its layer. Rows that do not exist change nothing.
+    void moveObjectAtArrangedObjectIndex(qsizetype index, qsizetype row);
 
     /// Edits a property of the selected layer, "arrangedObjects.panelWidth", and tells it with valueDidChange().
     /// Returns whether there was such a property to edit and the value fits it; otherwise nothing happens.
@@ -49,10 +54,22 @@ public:
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
+    QStringList mimeTypes() const override;
+    QMimeData *mimeData(const QModelIndexList &indexes) const override;
+    /// Copies only, since views clear the rows that they believe to have moved; the drop does the moving.
+    Qt::DropActions supportedDragActions() const override;
+    Qt::DropActions supportedDropActions() const override;
+    /// Tells the drop with rowWasDropped(). Returns whether `data` was a drag of rows; anything else changes nothing.
+    bool dropMimeData(const QMimeData *data, Qt::DropAction action, int row, int column,
+                      const QModelIndex &parent) override;
+
 signals:
     /// A property was edited by its key path; plain setters of a layer do not lead here.
     void valueDidChange(const QString &keyPath);
     void selectionIndexDidChange(qsizetype index);
+    /// Rows were dropped before the row `row`, 0 to the number of layers. Only the first of them, `index`, counts; it
+    /// is a row of the list that the drag began in, and may be beyond it.
+    void rowWasDropped(qsizetype index, qsizetype row);
 
 private:
     bool setLayerValue(qsizetype index, const QVariant &value, const QString &keyPath);

@@ -1,34 +1,14 @@
 #include "app/ProjectFile.h"
 
 #include "app/FileBytes.h"
+#include "app/LayerArchive.h"
+#include "app/LayerLimits.h"
 #include "archive/KeyedArchive.h"
 #include "drawing/Raster.h"
-#include "screen/LWScreen.h"
-#include "still/LWStill.h"
 
-#include <memory>
 #include <utility>
 
 namespace {
-Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subject, LayerHost &host)
-{
-    const Result<ArchiveObjectPointer> object = value.toObject(subject);
-    if (!object)
-        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
-
-    const auto asLayer = [](auto layer) { return LayerPointer(std::move(layer)); };
-    Result<LayerPointer> layer;
-    if ((*object)->className() == "LWScreen")
-        layer = LWScreen::initWithCoder(host, **object).map(asLayer);
-    else if ((*object)->className() == "LWStill")
-        layer = LWStill::initWithCoder(host, **object).map(asLayer);
-    else
-        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
-    if (!layer)
-        return failWithin(subject, layer.error());
-    return layer;
-}
-
 /// Output height and width, the first two elements of the root.
 Result<Project> decodeOutputSize(const std::vector<ArchiveValue> &root)
 {
@@ -55,33 +35,10 @@ Result<void> checkOutputSize(qint64 width, qint64 height)
                     .arg(Raster::mostPixels));
 }
 
-Result<void> checkLayerCount(qint64 count)
-{
-    if (count <= mostLayers)
-        return {};
-    return fail(QString("the project has %1 layers; more than %2 cannot be kept").arg(count).arg(mostLayers));
-}
-
-Result<void> checkLayers(const std::vector<LayerPointer> &layers)
-{
-    if (const Result<void> isKept = checkLayerCount(std::ssize(layers)); !isKept)
-        return isKept;
-    qint64 pixels = 0;
-    for (const LayerPointer &layer : layers) {
-        const qint64 width = qint64{layer->col()} * layer->panelWidth();
-        const qint64 height = qint64{layer->row()} * layer->panelHeight();
-        pixels += Raster::canHold(width, height) ? width * height : 0;
-    }
-    if (pixels <= mostWallPixels)
-        return {};
-    return fail(
-        QString("the walls have %1 pixels together; more than %2 cannot be held").arg(pixels).arg(mostWallPixels));
-}
-
 Result<void> check(const Project &project)
 {
     return checkOutputSize(project.outputWidth, project.outputHeight).and_then([&] {
-        return checkLayers(project.layers);
+        return LayerLimits::check(project.layers);
     });
 }
 
@@ -91,20 +48,13 @@ Result<QByteArray> encode(const Project &project)
     if (!isReadable)
         return tl::unexpected(isReadable.error());
 
-    std::vector<ArchiveValue> layers;
-    layers.reserve(project.layers.size());
-    for (const LayerPointer &layer : project.layers) {
-        auto object = std::make_shared<ArchiveObject>(layer->className());
-        layer->encodeWithCoder(*object);
-        layers.push_back({ArchiveObjectPointer(std::move(object))});
-    }
     return KeyedArchive::write(ArchiveValue::list(
-        {{qint64{project.outputHeight}}, {qint64{project.outputWidth}}, ArchiveValue::list(std::move(layers))}));
+        {{qint64{project.outputHeight}}, {qint64{project.outputWidth}}, LayerArchive::encode(project.layers)}));
 }
 
 Result<Project> decode(const QByteArray &bytes, LayerHost &host)
 {
-    const Result<ArchiveValue> archive = KeyedArchive::read(bytes, {"LWScreen", "LWStill"});
+    const Result<ArchiveValue> archive = LayerArchive::read(bytes);
     if (!archive)
         return tl::unexpected(archive.error());
     const Result<ArchiveList> root = archive->toList("the root");
@@ -118,23 +68,16 @@ Result<Project> decode(const QByteArray &bytes, LayerHost &host)
     const Result<ArchiveList> layers = (**root)[2].toList("the layer list");
     if (!project || !layers)
         return tl::unexpected(project ? layers.error() : project.error());
-    if (const Result<void> isKept = checkLayerCount(std::ssize(**layers)); !isKept)
-        return tl::unexpected(isKept.error());
-    for (const ArchiveValue &value : **layers) {
-        Result<LayerPointer> layer = decodeLayer(value, QString("layer %1").arg(project->layers.size()), host);
-        if (!layer)
-            return tl::unexpected(layer.error());
-        project->layers.push_back(std::move(*layer));
-    }
-    const Result<void> areHeld = checkLayers(project->layers);
-    if (!areHeld)
-        return tl::unexpected(areHeld.error());
+    Result<std::vector<LayerPointer>> decoded = LayerArchive::decode(**layers, "layer", host);
+    if (!decoded)
+        return tl::unexpected(decoded.error());
+    project->layers = std::move(*decoded);
     return project;
 }
 
 Result<Project> read(const QString &path, LayerHost &host)
 {
-    const Result<QByteArray> bytes = FileBytes::read(path, mostBytes);
+    const Result<QByteArray> bytes = FileBytes::read(path, LayerArchive::mostBytes);
     if (!bytes)
         return tl::unexpected(bytes.error());
     Result<Project> project = decode(*bytes, host);

@@ -20,26 +20,13 @@ struct Project
 namespace ProjectFile {
 
 inline constexpr char extension[] = "Orv";
-/// Larger files are refused before they are read.
-inline constexpr qint64 mostBytes = qint64{512} << 20;
 
 /// Whether an output of this size can be drawn at all.
 /// Error: it cannot; the message names the size and the limits.
 [[nodiscard]] Result<void> checkOutputSize(qint64 width, qint64 height);
 
-/// Whether so many layers can be kept. Error: more than `mostLayers`; a small file may name one layer very many times.
-[[nodiscard]] Result<void> checkLayerCount(qint64 count);
-inline constexpr qint64 mostLayers = 100'000;
-
-/// Whether the layers can be held together.
-/// Error: there are too many (checkLayerCount()), or the walls have more pixels than `mostWallPixels`; a small file may
-/// name many large walls.
-[[nodiscard]] Result<void> checkLayers(const std::vector<LayerPointer> &layers);
-/// Pixels of all walls of a document together: 4 GiB of memory.
-inline constexpr qint64 mostWallPixels = qint64{1} << 30;
-
 /// Whether a project can be opened again once it is written.
-/// Error: that of checkOutputSize() or checkLayers().
+/// Error: that of checkOutputSize() or LayerLimits::check().
 [[nodiscard]] Result<void> check(const Project &project);
 
 /// Error: a project that decode() would refuse, as check() tells.

@@ -2,6 +2,7 @@
 
 #include "app/FileBytes.h"
 #include "app/JsonValues.h"
+#include "app/LayerLimits.h"
 #include "app/PropertyText.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
@@ -197,7 +198,7 @@ Result<Project> decode(const QByteArray &json, const QString &folder, LayerHost 
     if (!layers.isArray())
         return failWithin("layers", JsonValues::failExpecting("a list of layers", layers).value());
     const QJsonArray list = layers.toArray();
-    if (const Result<void> isKept = ProjectFile::checkLayerCount(list.size()); !isKept)
+    if (const Result<void> isKept = LayerLimits::checkCount(list.size()); !isKept)
         return failWithin("layers", isKept.error());
     for (const QJsonValue &value : list) {
         Result<LayerPointer> layer = decodeLayer(value, folder, host);
@@ -205,7 +206,7 @@ Result<Project> decode(const QByteArray &json, const QString &folder, LayerHost 
             return failInLayer(std::ssize(project->layers), value, layer.error());
         project->layers.push_back(std::move(*layer));
     }
-    const Result<void> areHeld = ProjectFile::checkLayers(project->layers);
+    const Result<void> areHeld = LayerLimits::check(project->layers);
     if (!areHeld)
         return failWithin("layers", areHeld.error());
     return project;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QImage>
+#include <QRectF>
+#include <QSizeF>
 #include <QString>
 
 #include <optional>
@@ -20,6 +22,11 @@ public:
     virtual void alert(const QString &message, const QString &informativeText) = 0;
     /// Tells, in the status line and without stopping anyone, that something could not be done.
     virtual void tellFailure(const QString &sentence) = 0;
+    /// Tells in the same place what has been done.
+    virtual void tellStatus(const QString &sentence) = 0;
+    /// Shows how much of some long work is done, 0 to 1; 1 ends it, whatever came of it. `what` is said as "Exporting
+    /// show.psd". Meanwhile the person can edit nothing, only cancel: then this returns false until the work has ended.
+    virtual bool showProgress(const QString &what, double done) = 0;
 
     /// A new output was composed, of the output's size in pixels; null where there is none. It shares its pixels with
     /// the composition: whoever keeps a copy past the next call of releaseOutput() costs the program a second buffer.
@@ -28,6 +35,10 @@ public:
     virtual void releaseOutput() = 0;
     /// Paints the canvas again with the output it has.
     virtual void repaintCanvas() = 0;
+    /// The canvas and the marker in it, as LayerHost has them.
+    virtual QSizeF canvasFrameSize() const = 0;
+    virtual void setKScaleFactor(float factor) = 0;
+    virtual void drawRectangle(const QRectF &rectangle) = 0;
     /// Hides the marker around a selected still.
     virtual void hideRectangle() = 0;
     /// Rows of the layer table may look different: a layer was rendered again.

@@ -3,6 +3,7 @@
 #include "bench/ChartSubjects.h"
 #include "bench/CompositionSubjects.h"
 #include "bench/PngSubjects.h"
+#include "bench/PsdSubjects.h"
 #include "bench/Timing.h"
 
 #include <QSize>
@@ -53,6 +54,7 @@ std::vector<Operation> operationsOfSize(const std::string &size, const QSize &ou
         againstMemset("composition, transparent background, " + size, noGoal,
                       [=] { return CompositionSubjects::overlappingLayers(output, 12, NamedColour::clear); }),
         againstMemcpy("PNG, " + size, noGoal, [=] { return PngSubjects::encode(output); }),
+        againstMemcpy("PSD, 12 tiled layers, " + size, noGoal, [=] { return PsdSubjects::tiledLayers(output); }),
     };
 }
 } // namespace
@@ -64,6 +66,9 @@ std::vector<Operation> plainOperations()
         for (Operation &operation : operationsOfSize(name, size))
             operations.push_back(std::move(operation));
     }
+    for (const QString name : {"corporate", "festival", "studio"})
+        operations.push_back(againstMemcpy("PSD, " + name.toStdString() + " example", noGoal,
+                                           [=] { return PsdSubjects::example(name); }));
     return operations;
 }
 
@@ -89,6 +94,11 @@ std::vector<Operation> operationsWithGoals()
         againstMemcpy("PNG, 1080p", 5, [] { return PngSubjects::encode(fullHd); }),
         againstMemcpy("PNG, 4K", 5, [] { return PngSubjects::encode(ultraHd); }),
         againstMemcpy("PNG, 8K", 5, [] { return PngSubjects::encode(eightK); }),
+        againstMemcpy("channels of a PSD, chart with circle, 8K", 3.2,
+                      [] { return PsdSubjects::channels(eightK, PsdSubjects::Rows::Differ); }),
+        againstMemcpy("channels of a PSD, chart whose rows repeat, 8K", 2.2,
+                      [] { return PsdSubjects::channels(eightK, PsdSubjects::Rows::Repeat); }),
+        againstMemcpy("PSD, 12 overlapping layers, 8K", 4, [] { return PsdSubjects::overlappingLayers(eightK, 12); }),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},
     };

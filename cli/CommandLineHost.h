@@ -14,6 +14,12 @@ public:
     qint64 phaseCalc() const override { return m_phases; }
     void setPhaseCalc(qint64 phases) override { m_phases = phases; }
     int popupIndex() const override { return m_corners; }
+    /// Without a canvas there is nothing to fit an output into.
+    int OutputWidth() const override { return 0; }
+    int OutputHeight() const override { return 0; }
+    QSizeF canvasFrameSize() const override { return {0, 0}; }
+    void setKScaleFactor(float /*factor*/) override {}
+    void drawRectangle(const QRectF & /*rectangle*/) override {}
     void hideRectangle() override {}
     void choosePattern(qint64 /*pattern*/) override {}
 

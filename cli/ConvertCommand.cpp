@@ -12,10 +12,10 @@ namespace {
 constexpr Options::Range anyFromNought{0, std::numeric_limits<int>::max()};
 constexpr Options::Range anyFromOne{1, std::numeric_limits<int>::max()};
 
-bool isPicture(const QString &output)
+bool usesSettings(const QString &output)
 {
     const Result<FileFormat> format = FileFormat::toWrite(output);
-    return format && format->isPicture;
+    return format && format->usesSettings;
 }
 
 Result<void> takeFiles(ConvertCommand &command, const QStringList &files)
@@ -30,7 +30,7 @@ Result<void> takeFiles(ConvertCommand &command, const QStringList &files)
         if (const auto format = FileFormat::toWrite(output); !format)
             return tl::unexpected(format.error());
     }
-    if (command.picture.layer && std::none_of(command.outputs.begin(), command.outputs.end(), isPicture))
+    if (command.picture.layer && std::none_of(command.outputs.begin(), command.outputs.end(), usesSettings))
         return fail("--layer concerns .png outputs, and there is none");
     return {};
 }
@@ -103,8 +103,11 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
             return done;
         written(output);
     }
-    const bool showsAllLayers = !picture.layer && std::any_of(outputs.begin(), outputs.end(), isPicture);
-    if (showsAllLayers)
+    const auto showsAllLayers = [&](const QString &output) {
+        const Result<FileFormat> format = FileFormat::toWrite(output);
+        return format && format->isPicture && !(picture.layer && format->usesSettings);
+    };
+    if (std::any_of(outputs.begin(), outputs.end(), showsAllLayers))
         tellMissingPictures(*project, input, notice);
     return {};
 }

@@ -1,5 +1,6 @@
 #include "cli/FileFormat.h"
 
+#include "app/PSDExport.h"
 #include "app/ProjectText.h"
 
 #include <QFileInfo>
@@ -18,13 +19,19 @@ Result<void> writeText(const QString &path, const Project &project, const Pictur
     return ProjectText::write(path, project);
 }
 
+Result<void> writePsd(const QString &path, const Project &project, const PictureSettings & /*settings*/)
+{
+    return PictureOutput::writePsd(path, project);
+}
+
 constexpr std::array formats{
-    FileFormat{ProjectFile::extension, false, &ProjectFile::read, &writeProject},
-    FileFormat{ProjectText::extension, false, &ProjectText::read, &writeText},
-    FileFormat{"png", true, nullptr, &PictureOutput::writePng},
+    FileFormat{ProjectFile::extension, false, false, &ProjectFile::read, &writeProject},
+    FileFormat{ProjectText::extension, false, false, &ProjectText::read, &writeText},
+    FileFormat{"png", true, true, nullptr, &PictureOutput::writePng},
+    FileFormat{PSDExport::extension, true, false, nullptr, &writePsd},
 };
 
-/// ".Orv, .json or .png"
+/// ".Orv, .json, .png or .psd"
 QString listOf(const QStringList &extensions)
 {
     return extensions.mid(0, extensions.size() - 1).join(", ") + " or " + extensions.last();

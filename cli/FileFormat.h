@@ -9,7 +9,8 @@
 struct FileFormat
 {
     const char *extension;
-    bool isPicture; ///< shows the project instead of holding it
+    bool isPicture;    ///< shows the project instead of holding it
+    bool usesSettings; ///< can be a single layer, and shows what is behind the layers: PictureSettings concern it
     /// Null: files of this format are only written.
     Result<Project> (*read)(const QString &path, LayerHost &host);
     Result<void> (*write)(const QString &path, const Project &project, const PictureSettings &settings);

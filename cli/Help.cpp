@@ -26,6 +26,7 @@ Reads a project and writes it to each output, in the format of the output's exte
   .Orv   project, read and written
   .json  project as readable text, read and written
   .png   picture of the output, written only
+  .psd   layered picture, each layer of the project one of its own, hidden ones too, written only
 
 Each path is printed once it is written. A file is replaced only by a complete one.
 
@@ -34,8 +35,8 @@ Options:
   --corners 0|1|2      corner coordinates: 0 top left, 1 bottom, 2 all (0)
   --voltage V          supply voltage in volts (110), for charts that show power; none that a file holds does
   --phases P           number of phases of the supply (1), likewise
-  --background COLOUR  fill of the output ("#000000")
-  --edge COLOUR        outline of the output, one pixel wide ("#000000")
+  --background COLOUR  fill of a .png's output ("#000000")
+  --edge COLOUR        outline of a .png's output, one pixel wide ("#000000")
   --help               prints this
   --                   all that follows is file names
 

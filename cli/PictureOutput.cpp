@@ -1,6 +1,7 @@
 #include "cli/PictureOutput.h"
 
 #include "app/Composition.h"
+#include "app/PSDExport.h"
 #include "app/PngFile.h"
 #include "drawing/Raster.h"
 #include "still/LWStill.h"
@@ -50,6 +51,19 @@ Result<void> writePng(const QString &path, const Project &project, const Picture
     if (const auto reason = reasonForNoPicture(project, *settings.layer))
         return fail(path + ": " + *reason);
     return PngFile::write(path, project.layers[static_cast<std::size_t>(*settings.layer)]->thumbnail());
+}
+
+Result<void> writePsd(const QString &path, const Project &project)
+{
+    // The export names layers that have no label; other outputs hold the project as it was read.
+    QStringList labels;
+    for (const LayerPointer &layer : project.layers)
+        labels.append(layer->label());
+    int screenNumber = 0;
+    const auto written = PSDExport::write(path, project, screenNumber);
+    for (const LayerPointer &layer : project.layers)
+        layer->setLabel(labels.takeFirst());
+    return written.map([](PSDExport::Outcome) {});
 }
 
 } // namespace PictureOutput

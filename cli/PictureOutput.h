@@ -22,6 +22,10 @@ namespace PictureOutput {
 /// Error: there is no such layer, it has no picture, or the file cannot be written; the message begins with the path.
 [[nodiscard]] Result<void> writePng(const QString &path, const Project &project, const PictureSettings &settings);
 
+/// Writes all layers as a layered file; the project stays as it is.
+/// Error: that of PSDExport::write(); the message begins with the path.
+[[nodiscard]] Result<void> writePsd(const QString &path, const Project &project);
+
 /// Why a layer has no picture, told without drawing it: `layer 2 has no picture: it is 0 x 0 pixels`. Nullopt: it has
 /// one.
 std::optional<QString> reasonForNoPicture(const Project &project, int layer);

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QRectF>
+#include <QSizeF>
 
 /// What a layer needs of its surroundings. The document's controller implements it; so does the command line.
 class LayerHost
@@ -18,7 +19,17 @@ public:
     /// Which corner coordinates are drawn: 0 the top left, 1 the bottom, 2 all, anything else none.
     virtual int popupIndex() const = 0;
 
-    /// Hides the marker that the canvas shows around a selected still.
+    /// Size of the output in pixels; any 32-bit number, a file may hold it.
+    virtual int OutputWidth() const = 0;
+    virtual int OutputHeight() const = 0;
+
+    /// Size of the frame in which the canvas shows the whole output; 0 x 0 where there is no canvas.
+    virtual QSizeF canvasFrameSize() const = 0;
+    /// Output pixels that the marker around a selected still moves for one unit of the canvas.
+    virtual void setKScaleFactor(float factor) = 0;
+    /// Draws that marker, at a finite place in the canvas: origin top-left, y down. One of no width stays where it is.
+    virtual void drawRectangle(const QRectF &rectangle) = 0;
+    /// Hides it.
     virtual void hideRectangle() = 0;
 
     /// A flow pattern was chosen with one of the arrow buttons: takes it over into the selected layer.

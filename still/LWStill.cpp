@@ -188,10 +188,13 @@ void LWStill::loadThumbnail()
     m_pictureWaitsInFile = true;
 }
 
-void LWStill::drawInRect()
+bool LWStill::isPictureMissing() const
 {
-    setScreenSizeWidth(panelWidth());
-    setScreenSizeHeight(panelHeight());
+    if (m_ImageURL.isNil())
+        return false;
+    if (m_pictureWaitsInFile)
+        return !PictureFile::isPicture(m_ImageURL.toLocalFile());
+    return !m_picture || m_picture->isNull();
 }
 
 void LWStill::onImageClick(qint64, qint64) {}

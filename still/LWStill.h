@@ -29,10 +29,24 @@ public:
     /// The picture in its own size, whatever size the still has; null where the file is missing or no picture.
     QImage thumbnail() const override;
     void setThumbnail(const QImage &picture) override;
-    /// Has the picture loaded from the address when it is next asked for.
+    /// Has the picture loaded from the address when it is next asked for. After a new address this is how a missing
+    /// picture is found again; place and size stay.
     void loadThumbnail();
+    /// Whether there is an address and no picture. A picture that nobody asked for yet is not loaded to know: a file
+    /// that begins like a picture is taken for one until then.
+    bool isPictureMissing() const;
 
-    /// Takes panelWidth and panelHeight over as the size on the output.
+    /// How the canvas shows the output: the canvas is the output times `coefficient` with a margin on both sides.
+    struct PreviewScale
+    {
+        float coefficient; ///< canvas units per output pixel; 0 without a canvas, or where no scale would be finite
+        float freeWidth;   ///< left and right margin in canvas units
+        float freeHeight;  ///< top and bottom margin
+    };
+    /// For the output's size less 8 x 10 pixels. All three are finite, and negative for outputs smaller than that.
+    PreviewScale calculateCoeff() const;
+
+    /// Takes panelWidth and panelHeight over as the size on the output, and has the canvas draw its marker around it.
     void drawInRect() override;
     /// Clicks do nothing to a picture.
     void onImageClick(qint64 x, qint64 y) override;
@@ -45,6 +59,8 @@ public:
     void setImageURL(const Address &address) { m_ImageURL = address; }
 
 private:
+    void showMarker(const PreviewScale &scale) const;
+
     Address m_ImageURL;
     mutable bool m_pictureWaitsInFile = false;
     mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file

@@ -10,8 +10,11 @@ namespace PictureFile {
 
 /// The picture in the file at `path`, turned upright, in the raster format and its own size. Null when there is no such
 /// file, when it cannot be read, when it has more than 1 GiB, or when it is larger than a raster can be. No other file
-/// is ever opened: a drawing (SVG) that shows pictures or style sheets from elsewhere gives none, nor does a compressed
-/// one. Stills of one unchanged file share one picture for as long as one of them holds it. Main thread only.
+/// is ever opened: a drawing (SVG) for which Qt would do that gives none, nor does one that would take for ever; see
+/// DrawingCheck. Stills of one unchanged file share one picture for as long as one of them holds it. Main thread only.
 std::shared_ptr<const QImage> load(const QString &path);
+
+/// Whether there is a file at `path` that begins like a picture; reads no further.
+bool isPicture(const QString &path);
 
 } // namespace PictureFile

@@ -56,6 +56,7 @@ void MainWindow::addFileMenu()
     menu->addAction("&Save...", Qt::CTRL | Qt::Key_S, this, &MainWindow::saveProject);
     menu->addSeparator();
     menu->addAction("&Export PNG...", Qt::CTRL | Qt::Key_E, this, &MainWindow::exportPng);
+    menu->addAction("Export &PSD...", Qt::CTRL | Qt::SHIFT | Qt::Key_E, this, &MainWindow::exportPsd);
     menu->addSeparator();
     menu->addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &MainWindow::close);
 }
@@ -109,6 +110,7 @@ void MainWindow::connectDocument()
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::powerComputed, m_powerBar, &PowerBar::showPowerResult);
     connect(&m_interface, &WindowInterface::failureTold, m_powerBar, &PowerBar::showFailure);
+    connect(&m_interface, &WindowInterface::statusTold, m_powerBar, &PowerBar::showStatus);
     connect(&m_interface, &WindowInterface::fileDidChange, this, &MainWindow::showFile);
 }
 
@@ -128,20 +130,27 @@ void MainWindow::showFile(const QString &path)
 
 void MainWindow::openProject()
 {
-    m_powerBar->clearFailure();
+    m_powerBar->clearMessage();
     m_document.openProject();
 }
 
 void MainWindow::saveProject()
 {
-    m_powerBar->clearFailure();
+    m_powerBar->clearMessage();
     m_interface.prepareSavePanel("Save project", "Orv");
     m_document.saveProject();
 }
 
 void MainWindow::exportPng()
 {
-    m_powerBar->clearFailure();
+    m_powerBar->clearMessage();
     m_interface.prepareSavePanel("Export PNG", "png");
     m_document.saveAction();
+}
+
+void MainWindow::exportPsd()
+{
+    m_powerBar->clearMessage();
+    m_interface.prepareSavePanel("Export PSD", "psd", WindowInterface::Appended::Always);
+    m_document.savePSD();
 }

@@ -37,6 +37,7 @@ private:
     void openProject();
     void saveProject();
     void exportPng();
+    void exportPsd();
 
     WindowInterface m_interface{*this};
     LWAppDelegate m_document{m_interface};

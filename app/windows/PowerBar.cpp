@@ -30,7 +30,7 @@ void colourText(QWidget *label, const QColor &colour)
 
 PowerBar::PowerBar(QWidget *parent)
     : QWidget(parent), m_row(new QHBoxLayout(this)),
-      m_powerResult(plainLabel({}, "Current of all walls, hidden ones too")), m_failure(plainLabel({}, {})),
+      m_powerResult(plainLabel({}, "Current of all walls, hidden ones too")), m_message(plainLabel({}, {})),
       m_outputSize(plainLabel({}, "Size of the output, and at what scale it is shown"))
 {
     setAttribute(Qt::WA_StyledBackground);
@@ -45,9 +45,8 @@ PowerBar::PowerBar(QWidget *parent)
     m_row->addSpacing(Theme::gap);
     m_row->addWidget(m_powerResult);
     m_row->addSpacing(Theme::gap);
-    m_failure->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    colourText(m_failure, Theme::warning);
-    m_row->addWidget(m_failure, 1);
+    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_row->addWidget(m_message, 1);
     colourText(m_outputSize, Theme::dimText);
     m_row->addWidget(m_outputSize);
 
@@ -75,16 +74,27 @@ void PowerBar::showPowerResult(const QString &text)
 
 void PowerBar::showFailure(const QString &sentence)
 {
-    m_failureSentence = sentence;
-    m_failure->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");
-    m_failure->setAccessibleName(sentence);
-    m_failure->setAccessibleDescription("What could not be done");
-    elideFailure();
+    showMessage(sentence, Theme::warning, "What could not be done");
 }
 
-void PowerBar::elideFailure()
+void PowerBar::showStatus(const QString &sentence)
 {
-    m_failure->setText(m_failure->fontMetrics().elidedText(m_failureSentence, Qt::ElideRight, m_failure->width()));
+    showMessage(sentence, Theme::text, "What was done");
+}
+
+void PowerBar::showMessage(const QString &sentence, const QColor &colour, const QString &kind)
+{
+    m_messageSentence = sentence;
+    colourText(m_message, colour);
+    m_message->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");
+    m_message->setAccessibleName(sentence);
+    m_message->setAccessibleDescription(kind);
+    elideMessage();
+}
+
+void PowerBar::elideMessage()
+{
+    m_message->setText(m_message->fontMetrics().elidedText(m_messageSentence, Qt::ElideRight, m_message->width()));
 }
 
 void PowerBar::showOutputSize(const QSize &output, const QSize &shown)
@@ -100,5 +110,5 @@ void PowerBar::resizeEvent(QResizeEvent *event)
     QWidget::resizeEvent(event);
     // The label has its new width only when the layout has had its turn.
     m_row->activate();
-    elideFailure();
+    elideMessage();
 }

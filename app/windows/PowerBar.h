@@ -8,8 +8,8 @@ class QButtonGroup;
 class QHBoxLayout;
 class QLabel;
 
-/// The line along the window's bottom: supply voltage and phases to choose from, the power line, what could not be
-/// done, and what of the output is shown.
+/// The line along the window's bottom: supply voltage and phases to choose from, the power line, what was done
+/// or could not be, and what of the output is shown.
 class PowerBar final : public QWidget
 {
     Q_OBJECT
@@ -20,9 +20,10 @@ public:
 
     /// The power line, as it is to be read.
     void showPowerResult(const QString &text);
-    /// A sentence about what could not be done; it stays until clearFailure().
+    /// A sentence about what could not be done, or about what was; it stays until the next one or clearMessage().
     void showFailure(const QString &sentence);
-    void clearFailure() { showFailure({}); }
+    void showStatus(const QString &sentence);
+    void clearMessage() { showStatus({}); }
     /// "1,920 × 1,080 px, 52 %"; sizes as OutputView tells them.
     void showOutputSize(const QSize &output, const QSize &shown);
 
@@ -44,13 +45,14 @@ private:
     };
     /// Radio buttons side by side, the first one checked.
     QButtonGroup *addChoices(const std::vector<Choice> &choices);
-    void elideFailure();
+    void showMessage(const QString &sentence, const QColor &colour, const QString &kind);
+    void elideMessage();
 
     QHBoxLayout *m_row;
     QButtonGroup *m_voltages;
     QButtonGroup *m_phases;
     QLabel *m_powerResult;
-    QLabel *m_failure;
+    QLabel *m_message;
     QLabel *m_outputSize;
-    QString m_failureSentence;
+    QString m_messageSentence;
 };

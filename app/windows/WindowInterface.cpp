@@ -1,6 +1,7 @@
 #include "app/windows/WindowInterface.h"
 
 #include "app/FileBytes.h"
+#include "app/windows/ProgressDialog.h"
 
 #include <QDir>
 #include <QFileDialog>
@@ -61,10 +62,23 @@ WindowInterface::WindowInterface(QWidget &window) : m_window(window), m_icons(st
 
 WindowInterface::~WindowInterface() = default;
 
-void WindowInterface::prepareSavePanel(const QString &title, const QString &extension)
+void WindowInterface::prepareSavePanel(const QString &title, const QString &extension, Appended appended)
 {
     m_saveTitle = title;
     m_saveExtension = extension;
+    m_saveAppended = appended;
+}
+
+QString WindowInterface::proposedName() const
+{
+    const QString name = m_file.isNull() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
+    return m_saveAppended == Appended::Always ? name : name + '.' + m_saveExtension;
+}
+
+QString WindowInterface::finalPath(const QString &typed) const
+{
+    return m_saveAppended == Appended::Always ? typed + '.' + m_saveExtension
+                                              : FileBytes::withExtension(typed, m_saveExtension);
 }
 
 std::optional<QString> WindowInterface::runModalOpenPanel()
@@ -86,11 +100,10 @@ std::optional<QString> WindowInterface::runModalSavePanel()
     panel.setFileMode(QFileDialog::AnyFile);
     // Qt would ask about the name as it was typed, which is not the file that is replaced.
     panel.setOption(QFileDialog::DontConfirmOverwrite);
-    const QString name = m_file.isNull() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
-    panel.selectFile(name + '.' + m_saveExtension);
+    panel.selectFile(proposedName());
 
     std::optional<QString> path = run(panel);
-    while (path && !mayReplace(FileBytes::withExtension(*path, m_saveExtension)))
+    while (path && !mayReplace(finalPath(*path)))
         path = run(panel);
     if (path)
         m_folder = QFileInfo(*path).path();
@@ -116,6 +129,24 @@ void WindowInterface::alert(const QString &message, const QString &informativeTe
     QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Ok, &m_window);
     setUp(box, informativeText);
     box.exec();
+}
+
+bool WindowInterface::showProgress(const QString &what, double done)
+{
+    if (done >= 1) {
+        m_workTime.invalidate();
+        m_progressDialog.reset();
+        return true;
+    }
+    if (!m_workTime.isValid())
+        m_workTime.start();
+    // No event is handled before the dialog is there to keep input from the window.
+    if (!m_progressDialog && m_workTime.hasExpired(patience.count()))
+        m_progressDialog = std::make_unique<ProgressDialog>(what, m_window);
+    if (!m_progressDialog)
+        return true;
+    m_progressDialog->showDone(done);
+    return !m_progressDialog->isCancelled();
 }
 
 void WindowInterface::noteRecentDocument(const QString &path)

@@ -3,9 +3,13 @@
 #include "app/UserInterface.h"
 
 #include <QAbstractFileIconProvider>
+#include <QElapsedTimer>
 #include <QObject>
 
+#include <chrono>
 #include <memory>
+
+class ProgressDialog;
 
 /// What the document needs of a person, asked in panels and alerts over the main window; what it has to show goes on to
 /// the views as signals.
@@ -18,18 +22,30 @@ public:
     explicit WindowInterface(QWidget &window);
     ~WindowInterface() override;
 
-    /// What the next save panel is for. The document appends the `extension` to the name that was typed; the panel asks
-    /// before a file of that final name is replaced.
-    void prepareSavePanel(const QString &title, const QString &extension);
+    /// How the document appends an extension to the name that was typed.
+    enum class Appended
+    {
+        WhereMissing, ///< "show" and "show.png" both become "show.png"
+        Always        ///< "show.psd" becomes "show.psd.psd"
+    };
+    /// What the next save panel is for. The panel asks before a file of the final name is replaced.
+    void prepareSavePanel(const QString &title, const QString &extension, Appended appended = Appended::WhereMissing);
 
     std::optional<QString> runModalOpenPanel() override;
     std::optional<QString> runModalSavePanel() override;
     void alert(const QString &message, const QString &informativeText) override;
     void tellFailure(const QString &sentence) override { emit failureTold(sentence); }
+    void tellStatus(const QString &sentence) override { emit statusTold(sentence); }
+    /// Work that is done within `patience` shows nothing.
+    bool showProgress(const QString &what, double done) override;
+    static constexpr std::chrono::milliseconds patience{500};
     void showOutput(const QImage &output) override { emit outputComposed(output); }
     void releaseOutput() override { emit outputReleased(); }
     void repaintCanvas() override { emit canvasRepaintAsked(); }
-    /// No marker is shown yet, so there is none to hide.
+    /// The window shows the output without a marker.
+    QSizeF canvasFrameSize() const override { return {0, 0}; }
+    void setKScaleFactor(float /*factor*/) override {}
+    void drawRectangle(const QRectF & /*rectangle*/) override {}
     void hideRectangle() override {}
     void reloadTable() override { emit layersRendered(); }
     void showPowerResult(const QString &text) override { emit powerComputed(text); }
@@ -37,6 +53,7 @@ public:
 
 signals:
     void failureTold(const QString &sentence);
+    void statusTold(const QString &sentence);
     void outputComposed(const QImage &output);
     void outputReleased();
     void canvasRepaintAsked();
@@ -46,12 +63,17 @@ signals:
     void fileDidChange(const QString &path);
 
 private:
+    QString proposedName() const;
+    QString finalPath(const QString &typed) const;
     bool mayReplace(const QString &path);
 
     QWidget &m_window;
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
-    QString m_file;   ///< the document's; null while it has none
-    QString m_folder; ///< where the last panel was closed; null: the person's own
+    QString m_file;                                     ///< the document's; null while it has none
+    QString m_folder;                                   ///< where the last panel was closed; null: the person's own
     QString m_saveTitle;
     QString m_saveExtension;
+    Appended m_saveAppended = Appended::WhereMissing;
+    QElapsedTimer m_workTime; ///< since the work began; invalid while there is none
+    std::unique_ptr<ProgressDialog> m_progressDialog;
 };

@@ -1,5 +1,7 @@
 #include "app/ProjectFile.h"
 #include "archive/KeyedArchive.h"
+#include "tests/app/ArchiveNodes.h"
+#include "tests/app/Damage.h"
 #include "tests/app/SampleProject.h"
 #include "tests/screen/TestHost.h"
 
@@ -7,15 +9,11 @@
 
 #include <gtest/gtest.h>
 #include <memory>
-#include <plist/plist.h>
-#include <random>
 
 // Three hundred damaged files made from a good one. Each is an error that says why, or a document that can be saved and
 // opened again; the sanitizers watch the rest.
 
 namespace {
-using PropertyList = std::unique_ptr<void, void (*)(plist_t)>;
-
 class DamagedProject : public ::testing::Test
 {
 protected:
@@ -38,26 +36,13 @@ protected:
         EXPECT_EQ(archiveText(*reopened), archiveText(*project)) << variant;
     }
 
-    /// A number from 0 to `count` - 1.
-    std::size_t pick(std::size_t count) { return m_random() % count; }
-    quint64 random() { return m_random(); }
-
     TestHost host;
+    Damage damage;
     const QByteArray good = ProjectFile::encode(sampleProject(host)).value();
     int errors = 0;
-
-private:
-    std::mt19937_64 m_random{20240229};
 };
 
-PropertyList parsed(const QByteArray &bytes)
-{
-    plist_t list = nullptr;
-    plist_from_bin(bytes.constData(), static_cast<uint32_t>(bytes.size()), &list);
-    return {list, plist_free};
-}
-
-QByteArray binary(const PropertyList &list)
+QByteArray binary(const ArchiveNodes &list)
 {
     char *bytes = nullptr;
     uint32_t length = 0;
@@ -85,7 +70,7 @@ void collect(plist_t node, std::vector<plist_t> &nodes)
     free(place);
 }
 
-std::vector<plist_t> nodesOfType(const PropertyList &list, plist_type type)
+std::vector<plist_t> nodesOfType(const ArchiveNodes &list, plist_type type)
 {
     std::vector<plist_t> nodes;
     collect(list.get(), nodes);
@@ -97,32 +82,21 @@ std::vector<plist_t> nodesOfType(const PropertyList &list, plist_type type)
 TEST_F(DamagedProject, Truncated)
 {
     for (int variant = 0; variant < variants; ++variant)
-        expectErrorOrDocument(good.first(static_cast<qsizetype>(pick(static_cast<std::size_t>(good.size())))), variant);
+        expectErrorOrDocument(damage.truncated(good), variant);
     EXPECT_EQ(errors, variants);
 }
 
 TEST_F(DamagedProject, FlippedBits)
 {
-    for (int variant = 0; variant < variants; ++variant) {
-        QByteArray bytes = good;
-        for (std::size_t flips = 1 + pick(4); flips > 0; --flips) {
-            const auto byte = static_cast<qsizetype>(pick(static_cast<std::size_t>(good.size())));
-            bytes[byte] = static_cast<char>(bytes[byte] ^ (1 << pick(8)));
-        }
-        expectErrorOrDocument(bytes, variant);
-    }
+    for (int variant = 0; variant < variants; ++variant)
+        expectErrorOrDocument(damage.withFlippedBits(good), variant);
     EXPECT_GT(errors, 0);
 }
 
 TEST_F(DamagedProject, FlippedBitsInTheTail)
 {
-    // The offset table and the trailer: what leads a parser astray most.
-    for (int variant = 0; variant < variants; ++variant) {
-        QByteArray bytes = good;
-        const qsizetype byte = good.size() - 1 - static_cast<qsizetype>(pick(400));
-        bytes[byte] = static_cast<char>(bytes[byte] ^ (1 << pick(8)));
-        expectErrorOrDocument(bytes, variant);
-    }
+    for (int variant = 0; variant < variants; ++variant)
+        expectErrorOrDocument(damage.withFlippedTail(good), variant);
     EXPECT_GT(errors, 0);
 }
 
@@ -130,13 +104,13 @@ TEST_F(DamagedProject, SwappedTypes)
 {
     for (int variant = 0; variant < variants; ++variant) {
         const Project project = sampleProject(host);
-        const LayerPointer layer = project.layers[pick(project.layers.size())];
+        const LayerPointer layer = project.layers[damage.pick(project.layers.size())];
         auto object = std::make_shared<ArchiveObject>(layer->className());
         layer->encodeWithCoder(*object);
         const std::vector<ArchiveValue> others{
             {},
             {true},
-            {static_cast<qint64>(random())},
+            {static_cast<qint64>(damage.random())},
             {1e300},
             {QString("text")},
             {QByteArray("data")},
@@ -146,8 +120,8 @@ TEST_F(DamagedProject, SwappedTypes)
             ArchiveValue::list({{QString("0,0")}, {qint64{1}}}),
             {std::make_shared<const ArchiveObject>("LWStill")},
         };
-        const QString key = object->entries()[pick(object->entries().size())].first;
-        object->encode(key, others[pick(others.size())]);
+        const QString key = object->entries()[damage.pick(object->entries().size())].first;
+        object->encode(key, others[damage.pick(others.size())]);
         const Result<QByteArray> bytes = KeyedArchive::write(ArchiveValue::list(
             {{qint64{5}}, {qint64{5}}, ArchiveValue::list({{ArchiveObjectPointer(std::move(object))}})}));
         ASSERT_TRUE(bytes.has_value());
@@ -160,14 +134,14 @@ TEST_F(DamagedProject, SwappedTypes)
 TEST_F(DamagedProject, RedirectedReferencesAndCycles)
 {
     for (int variant = 0; variant < variants; ++variant) {
-        const PropertyList list = parsed(good);
+        const ArchiveNodes list = parsedArchive(good);
         ASSERT_NE(list, nullptr);
         const std::vector<plist_t> references = nodesOfType(list, PLIST_UID);
         ASSERT_GT(references.size(), 50U);
-        for (std::size_t count = 1 + pick(3); count > 0; --count) {
+        for (std::size_t count = 1 + damage.pick(3); count > 0; --count) {
             // To anywhere in the table, itself included, and sometimes beyond it.
-            const std::size_t target = pick(references.size() + references.size() / 8);
-            plist_set_uid_val(references[pick(references.size())], target);
+            const std::size_t target = damage.pick(references.size() + references.size() / 8);
+            plist_set_uid_val(references[damage.pick(references.size())], target);
         }
         expectErrorOrDocument(binary(list), variant);
     }

@@ -1,39 +1,16 @@
 #include "app/FileBytes.h"
 
+#include "tests/app/FullDisk.h"
+
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <csignal>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
+#include <vector>
 
 namespace {
-/// No file may grow beyond `bytes` while this lives: a disk that runs full.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        m_oldHandler = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &m_oldLimit);
-        const rlimit limit{bytes, m_oldLimit.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_oldLimit);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-    FullDisk(const FullDisk &) = delete;
-    FullDisk &operator=(const FullDisk &) = delete;
-
-private:
-    rlimit m_oldLimit{};
-    void (*m_oldHandler)(int) = nullptr;
-};
-
 QByteArray contents(const QString &path)
 {
     QFile file(path);
@@ -94,6 +71,56 @@ TEST(FileBytes, AFullDiskIsToldOfAFewBytesToo)
 
     ASSERT_FALSE(written.has_value());
     EXPECT_EQ(written.error().text, path + ": cannot be written: File too large");
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST(FileBytes, InPiecesTheyAreTheSame)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.psd");
+    QByteArray bytes((20 << 20) + 7, 'x');
+    bytes[9 << 20] = 'y';
+    std::vector<double> told;
+
+    const auto outcome = FileBytes::write(path, bytes, [&](double done) {
+        told.push_back(done);
+        return true;
+    });
+
+    EXPECT_EQ(outcome, FileBytes::Outcome::Written);
+    EXPECT_TRUE(contents(path) == bytes);
+    const double piece = (8 << 20) / static_cast<double>(bytes.size());
+    EXPECT_EQ(told, (std::vector<double>{0, piece, 2 * piece}));
+}
+
+TEST(FileBytes, CancelledBetweenPiecesTheOldFileStaysAndNothingElse)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.psd");
+    ASSERT_TRUE(FileBytes::write(path, "the old show").has_value());
+
+    const auto outcome = FileBytes::write(path, QByteArray(20 << 20, 'x'), [](double done) { return done < 0.5; });
+
+    EXPECT_EQ(outcome, FileBytes::Outcome::Cancelled);
+    EXPECT_EQ(contents(path), "the old show");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"show.psd"});
+}
+
+TEST(FileBytes, ADiskThatRunsFullBetweenPiecesIsTold)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.psd");
+    int pieces = 0;
+
+    Result<FileBytes::Outcome> outcome;
+    {
+        const FullDisk disk(9 << 20);
+        outcome = FileBytes::write(path, QByteArray(20 << 20, 'x'), [&](double) { return ++pieces > 0; });
+    }
+
+    ASSERT_FALSE(outcome.has_value());
+    EXPECT_EQ(outcome.error().text, path + ": cannot be written: File too large");
+    EXPECT_EQ(pieces, 2);
     EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 

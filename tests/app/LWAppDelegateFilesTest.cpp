@@ -244,6 +244,7 @@ TEST_F(LWAppDelegateFiles, TheOutputIsExportedAsItIs)
     const QImage exported(folder.filePath("wall.png"));
     EXPECT_EQ(exported.convertToFormat(document.offscreenRep().format()), document.offscreenRep());
     EXPECT_TRUE(person.failures.isEmpty());
+    EXPECT_EQ(person.statuses, QStringList({"Exported wall.png", "Exported wall.png", "Exported wall.Orv.png"}));
 }
 
 TEST_F(LWAppDelegateFiles, AFailedExportIsToldInTheStatusLine)

@@ -282,6 +282,42 @@ TEST_F(LWAppDelegateTest, SwitchesFollowTheKindOfTheSelectedLayer)
     EXPECT_TRUE(still->showPowerl());
 }
 
+TEST_F(LWAppDelegateTest, AStillHasTheCanvasDrawItsMarkerAndAScreenHasNot)
+{
+    const LayerPointer still = LWStill::initWithimage(document, QImage(400, 200, QImage::Format_RGB32));
+    still->setXpoint(100);
+    still->setYpoint(50);
+    setLayers({solidScreen(NamedColour::red, {0, 0, 5, 5}), still});
+    document.setOutputWidth(1928);
+    document.setOutputHeight(1090);
+    person.canvasFrame = {960, 540};
+    compose();
+    EXPECT_TRUE(person.drawnRectangles.isEmpty());
+
+    document.arraycontroller().setSelectionIndex(1);
+    compose();
+    ASSERT_FALSE(person.drawnRectangles.isEmpty());
+    EXPECT_EQ(person.drawnRectangles.last(), QRectF(51, 26, 200, 100));
+    EXPECT_EQ(person.scaleFactor, 1.5F);
+}
+
+TEST_F(LWAppDelegateTest, AStillIsComposedAtTheSizeThatWasEdited)
+{
+    QImage picture(31, 17, QImage::Format_RGB32);
+    picture.fill(Qt::blue);
+    setLayers({LWStill::initWithimage(document, picture)});
+    selected()->setXpoint(10);
+    selected()->setPanelWidth(400);
+    selected()->setPanelHeight(3);
+    compose();
+
+    EXPECT_EQ(outputPixel(9, 1), 0xff000000U);
+    EXPECT_EQ(outputPixel(10, 1), 0xff0000ffU);
+    EXPECT_EQ(outputPixel(409, 2), 0xff0000ffU);
+    EXPECT_EQ(outputPixel(410, 1), 0xff000000U);
+    EXPECT_EQ(outputPixel(20, 3), 0xff000000U);
+}
+
 TEST_F(LWAppDelegateTest, ThePowerTextLastsUntilTheNextComposition)
 {
     selected()->setScreenFontEnable(true);

@@ -4,9 +4,11 @@
 #include "tests/screen/TestHost.h"
 
 #include <QAbstractItemModelTester>
+#include <QMimeData>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
+#include <memory>
 
 namespace {
 class LayerListTest : public ::testing::Test
@@ -94,6 +96,62 @@ TEST_F(LayerListTest, SeveralRowsGoAtOnceInAnyOrder)
     list.removeObjectsAtArrangedObjectIndexes({3, 0, 3, 17, -1});
 
     EXPECT_EQ(labels(), "b c e");
+}
+
+TEST_F(LayerListTest, AMovedRowEndsBeforeTheRowThatItWasDroppedOn)
+{
+    for (const char *label : {"a", "b", "c", "d", "e"})
+        insert(label, list.rowCount());
+
+    list.moveObjectAtArrangedObjectIndex(1, 4);
+    EXPECT_EQ(labels(), "a c d b e");
+    list.moveObjectAtArrangedObjectIndex(4, 1);
+    EXPECT_EQ(labels(), "a e c d b");
+    list.moveObjectAtArrangedObjectIndex(0, 5);
+    EXPECT_EQ(labels(), "e c d b a");
+
+    for (const auto &[index, row] : {std::pair{2, 2}, {2, 3}, {-1, 0}, {5, 0}, {0, 6}, {0, -1}})
+        list.moveObjectAtArrangedObjectIndex(index, row);
+    EXPECT_EQ(labels(), "e c d b a");
+}
+
+TEST_F(LayerListTest, TheSelectionStaysWithItsLayerInEveryMove)
+{
+    for (const char *label : {"a", "b", "c", "d"})
+        insert(label, list.rowCount());
+    for (int selected = 0; selected < 4; ++selected) {
+        for (int index = 0; index < 4; ++index) {
+            for (int row = 0; row <= 4; ++row) {
+                list.setSelectionIndex(selected);
+                const LayerPointer layer = list.selectedLayer();
+                const QSignalSpy told(&list, &LayerList::selectionIndexDidChange);
+
+                list.moveObjectAtArrangedObjectIndex(index, row);
+
+                EXPECT_EQ(list.selectedLayer(), layer) << selected << ": " << index << " to " << row;
+                EXPECT_EQ(told.size(), list.selectionIndex() == selected ? 0 : 1);
+            }
+        }
+    }
+}
+
+TEST_F(LayerListTest, ADropIsToldWithTheFirstDraggedRowAndThePlace)
+{
+    for (const char *label : {"a", "b", "c"})
+        insert(label, list.rowCount());
+    const std::unique_ptr<QMimeData> dragged(list.mimeData({list.index(2), list.index(1)}));
+    ASSERT_NE(dragged, nullptr);
+    QSignalSpy drops(&list, &LayerList::rowWasDropped);
+
+    EXPECT_TRUE(list.dropMimeData(dragged.get(), Qt::CopyAction, 0, 0, {}));
+    EXPECT_TRUE(list.dropMimeData(dragged.get(), Qt::MoveAction, -1, -1, list.index(2)));
+    EXPECT_TRUE(list.dropMimeData(dragged.get(), Qt::LinkAction, -1, -1, {}));
+
+    ASSERT_EQ(drops.size(), 3);
+    EXPECT_EQ(drops[0], (QVariantList{qsizetype{1}, qsizetype{0}}));
+    EXPECT_EQ(drops[1], (QVariantList{qsizetype{1}, qsizetype{2}}));
+    EXPECT_EQ(drops[2], (QVariantList{qsizetype{1}, qsizetype{3}}));
+    EXPECT_EQ(labels(), "a b c");
 }
 
 TEST_F(LayerListTest, AnEditByKeyPathReachesTheSelectedLayerAndIsTold)

@@ -12,6 +12,11 @@ public:
     qint64 phaseCalc() const override { return 0; }
     void setPhaseCalc(qint64) override {}
     int popupIndex() const override { return 0; }
+    int OutputWidth() const override { return 0; }
+    int OutputHeight() const override { return 0; }
+    QSizeF canvasFrameSize() const override { return {0, 0}; }
+    void setKScaleFactor(float) override {}
+    void drawRectangle(const QRectF &) override {}
     void hideRectangle() override {}
     void choosePattern(qint64) override {}
 };

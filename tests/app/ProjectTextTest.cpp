@@ -312,7 +312,7 @@ TEST_F(ProjectTextTest, WhatWouldBeRefusedIsNotWritten)
     const Project project{5, 5, std::vector<LayerPointer>(100'001, LWScreen::init(host))};
 
     EXPECT_EQ(ProjectText::write(path, project).error().text,
-              path + ": the project has 100001 layers; more than 100000 cannot be kept");
+              path + ": there are 100001 layers; more than 100000 cannot be kept");
     EXPECT_FALSE(QFile::exists(path));
 }
 
@@ -321,7 +321,7 @@ TEST_F(ProjectTextTest, TooManyLayersAreRefusedBeforeTheFirstIsRead)
     const QByteArray layers = QByteArray("1,").repeated(100'000) + "1";
 
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [)" + layers + "]}"),
-              "layers: the project has 100001 layers; more than 100000 cannot be kept");
+              "layers: there are 100001 layers; more than 100000 cannot be kept");
 }
 
 TEST_F(ProjectTextTest, WhatWasFoundIsCutInMessages)

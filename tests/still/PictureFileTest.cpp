@@ -121,6 +121,25 @@ TEST_F(PictureFileTest, ACompressedDrawingGivesNone)
     EXPECT_EQ(PictureFile::load(written("drawing.svgz", compressed)), nullptr);
 }
 
+TEST_F(PictureFileTest, ADrawingThatWouldNeverEndOrNestsTooDeepGivesNone)
+{
+    const auto groups = [](int count, int uses) {
+        QByteArray content = "<g id='g0'><rect width='9' height='9'/></g>";
+        for (int i = 1; i < count; ++i) {
+            const QByteArray use = "<use xlink:href='#g" + QByteArray::number(i - 1) + "'/>";
+            content += "<g id='g" + QByteArray::number(i) + "'>" + use.repeated(uses) + "</g>";
+        }
+        return content;
+    };
+    const auto load = [&](const QByteArray &content) {
+        return PictureFile::load(written("drawing.svg", drawing(content).replace("width='20' height='20'>", ">")));
+    };
+    EXPECT_EQ(load(groups(40, 2)), nullptr);
+    EXPECT_EQ(load(groups(100'000, 1)), nullptr);
+    EXPECT_NE(load(groups(17, 2)), nullptr);
+    EXPECT_NE(load(groups(400, 1)), nullptr);
+}
+
 TEST_F(PictureFileTest, ALargePhotographIsRead)
 {
     const auto picture = PictureFile::load(saved("photograph.bmp", {6000, 6000}, Qt::white));

@@ -143,8 +143,11 @@ TEST_F(MainWindowFilesTest, AFailedExportIsToldUntilTheNextAttempt)
     resizeTo({1000, 600});
     EXPECT_TRUE(told->text().endsWith(QChar(0x2026))) << qPrintable(told->text());
 
+    const QColor warning = told->palette().color(QPalette::WindowText);
     pressControl(Qt::Key_E, {entering(path("other.png"))});
-    EXPECT_EQ(told->text(), QString());
+    EXPECT_EQ(told->text(), "Exported other.png");
+    EXPECT_EQ(told->accessibleName(), "Exported other.png");
+    EXPECT_NE(told->palette().color(QPalette::WindowText), warning);
 }
 
 TEST_F(MainWindowFilesTest, TheDocumentNamesWhatIsExportedFromIt)

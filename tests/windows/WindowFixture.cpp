@@ -3,6 +3,7 @@
 #include "app/ProjectFile.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/OutputView.h"
+#include "app/windows/ProgressDialog.h"
 #include "app/windows/Theme.h"
 #include "screen/LWScreen.h"
 
@@ -65,7 +66,8 @@ void WindowFixture::answer(const std::function<void()> &act, const std::vector<A
     QTimer person;
     QObject::connect(&person, &QTimer::timeout, &person, [&] {
         QWidget *dialog = QApplication::activeModalWidget();
-        if (!dialog)
+        const auto *progress = qobject_cast<ProgressDialog *>(dialog);
+        if (!dialog || (progress && progress->isCancelled())) // that one goes by itself
             return;
         if (next < answers.size())
             return answers[next++](*dialog);
@@ -104,11 +106,11 @@ WindowFixture::Answer WindowFixture::readingAndPressing(const QString &buttonTex
     };
 }
 
-void WindowFixture::pressControl(Qt::Key key, const std::vector<Answer> &answers)
+void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::vector<Answer> &answers)
 {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    answer([&] { QTest::keyClick(&window, key, Qt::ControlModifier); }, answers);
+    answer([&] { QTest::keyClick(&window, key, modifiers); }, answers);
 }
 
 QString WindowFixture::greenProject(const QString &name)

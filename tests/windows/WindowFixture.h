@@ -38,7 +38,8 @@ protected:
     /// Notes what an alert or a question says, and presses a button of it.
     Answer readingAndPressing(const QString &buttonText);
     /// Presses Ctrl and this key in the window, and gives the answers to what comes up.
-    void pressControl(Qt::Key key, const std::vector<Answer> &answers);
+    void pressControl(Qt::Key key, const std::vector<Answer> &answers) { press(key, Qt::ControlModifier, answers); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::vector<Answer> &answers);
 
     QString path(const QString &name) const { return m_folder.filePath(name); }
     /// Writes a project with one green panel of 100 x 50 and 110 W at the top left of an output of 400 x 300.

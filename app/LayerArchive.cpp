@@ -1,0 +1,67 @@
+#include "app/LayerArchive.h"
+
+#include "app/LayerLimits.h"
+#include "archive/KeyedArchive.h"
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+
+#include <utility>
+
+namespace {
+Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subject, LayerHost &host)
+{
+    const Result<ArchiveObjectPointer> object = value.toObject(subject);
+    if (!object)
+        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
+
+    const auto asLayer = [](auto layer) { return LayerPointer(std::move(layer)); };
+    Result<LayerPointer> layer;
+    if ((*object)->className() == "LWScreen")
+        layer = LWScreen::initWithCoder(host, **object).map(asLayer);
+    else if ((*object)->className() == "LWStill")
+        layer = LWStill::initWithCoder(host, **object).map(asLayer);
+    else
+        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
+    if (!layer)
+        return failWithin(subject, layer.error());
+    return layer;
+}
+} // namespace
+
+namespace LayerArchive {
+
+Result<ArchiveValue> read(const QByteArray &bytes)
+{
+    return KeyedArchive::read(bytes, {"LWScreen", "LWStill"});
+}
+
+ArchiveValue encode(const std::vector<LayerPointer> &layers)
+{
+    std::vector<ArchiveValue> records;
+    records.reserve(layers.size());
+    for (const LayerPointer &layer : layers) {
+        auto record = std::make_shared<ArchiveObject>(layer->className());
+        layer->encodeWithCoder(*record);
+        records.push_back({ArchiveObjectPointer(std::move(record))});
+    }
+    return ArchiveValue::list(std::move(records));
+}
+
+Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun, LayerHost &host)
+{
+    if (const Result<void> isKept = LayerLimits::checkCount(std::ssize(records)); !isKept)
+        return tl::unexpected(isKept.error());
+    std::vector<LayerPointer> layers;
+    layers.reserve(records.size());
+    for (const ArchiveValue &record : records) {
+        Result<LayerPointer> layer = decodeLayer(record, QString("%1 %2").arg(noun).arg(layers.size()), host);
+        if (!layer)
+            return tl::unexpected(layer.error());
+        layers.push_back(std::move(*layer));
+    }
+    if (const Result<void> areHeld = LayerLimits::check(layers); !areHeld)
+        return tl::unexpected(areHeld.error());
+    return layers;
+}
+
+} // namespace LayerArchive

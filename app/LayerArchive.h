@@ -1,0 +1,31 @@
+#pragma once
+
+#include "archive/ArchiveObject.h"
+#include "archive/Result.h"
+#include "layer/Layer.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <vector>
+
+/// Layers as values of a keyed archive: what project files and preset libraries have in common.
+namespace LayerArchive {
+
+/// Larger files are refused before they are read.
+inline constexpr qint64 mostBytes = qint64{512} << 20;
+
+/// The root of an archive in which layers may stand. Error: that of KeyedArchive::read().
+[[nodiscard]] Result<ArchiveValue> read(const QByteArray &bytes);
+
+/// The list of the layers' records, in their order.
+[[nodiscard]] ArchiveValue encode(const std::vector<LayerPointer> &layers);
+
+/// The layers of such a list, each an object of its own even where the table shares one record. `noun` is what the
+/// caller calls one of them, "layer", "preset".
+/// Error: a record that is no layer or holds a wrong value, `layer 3: "rectcolor" is a number, expected a colour`; or
+/// more than LayerLimits allows.
+[[nodiscard]] Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun,
+                                                       LayerHost &host);
+
+} // namespace LayerArchive

@@ -1,0 +1,69 @@
+#include "app/PresetLibrary.h"
+
+#include "app/FileBytes.h"
+#include "app/LayerArchive.h"
+#include "app/LayerLimits.h"
+#include "archive/KeyedArchive.h"
+
+namespace {
+/// Opening a library replaces the presets of before, and the table keeps at least one.
+Result<void> checkIsNotEmpty(std::size_t count)
+{
+    if (count > 0)
+        return {};
+    return fail("a preset library has at least one preset, this one has none");
+}
+
+/// Projects are lists as well: two numbers and the list of the layers.
+bool isProject(const std::vector<ArchiveValue> &root)
+{
+    return root.size() == 3 && std::holds_alternative<ArchiveList>(root[2].storage);
+}
+} // namespace
+
+namespace PresetLibrary {
+
+Result<QByteArray> encode(const std::vector<LayerPointer> &presets)
+{
+    const Result<void> isReadable =
+        checkIsNotEmpty(presets.size()).and_then([&] { return LayerLimits::check(presets); });
+    if (!isReadable)
+        return tl::unexpected(isReadable.error());
+    return KeyedArchive::write(LayerArchive::encode(presets));
+}
+
+Result<std::vector<LayerPointer>> decode(const QByteArray &bytes, LayerHost &host)
+{
+    const Result<ArchiveValue> archive = LayerArchive::read(bytes);
+    if (!archive)
+        return tl::unexpected(archive.error());
+    const Result<ArchiveList> root = archive->toList("the root");
+    if (!root)
+        return failWithin("this is no preset library", root.error());
+    if (const Result<void> isLibrary = checkIsNotEmpty((*root)->size()); !isLibrary)
+        return tl::unexpected(isLibrary.error());
+    if (isProject(**root))
+        return fail("this is a project, no preset library; open it as a project");
+    return LayerArchive::decode(**root, "preset", host);
+}
+
+Result<std::vector<LayerPointer>> read(const QString &path, LayerHost &host)
+{
+    const Result<QByteArray> bytes = FileBytes::read(path, LayerArchive::mostBytes);
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    Result<std::vector<LayerPointer>> presets = decode(*bytes, host);
+    if (!presets)
+        return failWithin(path, presets.error());
+    return presets;
+}
+
+Result<void> write(const QString &path, const std::vector<LayerPointer> &presets)
+{
+    const Result<QByteArray> bytes = encode(presets);
+    if (!bytes)
+        return failWithin(path, bytes.error());
+    return FileBytes::write(path, *bytes);
+}
+
+} // namespace PresetLibrary

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace DrawingCheck {
+
+/// Whether these bytes of a picture file can be given to Qt's reader. Always so unless they are a drawing (SVG): Qt
+/// follows the addresses in a drawing wherever they lead, even into a pipe, and draws what is repeated as often as it
+/// is asked to. A drawing is refused
+/// - that shows pictures or style sheets from elsewhere; what it embeds may be a drawing, for which the same holds,
+/// - that is compressed, since it cannot be looked through,
+/// - that has more than 128 MiB, or embeds more pixels than a raster can have,
+/// - that draws more than 2^20 elements, repeated ones counted each time, more than 2^41 elements times pixels, or
+///   elements nested deeper than 1000.
+bool isHarmless(const QByteArray &bytes);
+
+} // namespace DrawingCheck
