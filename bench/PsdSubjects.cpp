@@ -37,10 +37,13 @@ Subject PsdSubjects::channels(const QSize &output, Rows rows)
     ScreenChart chart = Charts::everythingOn(output.width() / 120, output.height() / 120, 120);
     chart.CircleEnable = rows == Rows::Differ;
     chart.drawFlowPath = rows == Rows::Differ;
-    const auto layer = std::make_shared<KXPSDLayer>();
-    layer->setDocumentSize(output);
-    layer->setImage(chart.draw({}));
-    return {layer->image().sizeInBytes(), [layer] { benchmark::DoNotOptimize(layer->layerChannels()); }};
+    const QImage picture = chart.draw({});
+    const auto packer = std::make_shared<ChannelPacker>(); // a document packs its layers with one
+    const auto run = [picture, packer] {
+        const PixelView pixels = PixelView::ofRaster(picture);
+        benchmark::DoNotOptimize(packer->pack(pixels, Placement::filledBy(pixels), 4));
+    };
+    return {picture.sizeInBytes(), run};
 }
 
 Subject PsdSubjects::overlappingLayers(const QSize &output, int count)
@@ -50,7 +53,7 @@ Subject PsdSubjects::overlappingLayers(const QSize &output, int count)
     for (int i = 0; i < count; ++i) {
         // Steps that have no factor in common with the count spread the pictures over the output.
         const QPoint topLeft(i * 7 % count * quarter.width() / count, i * 11 % count * quarter.height() / count);
-        charts.push_back({Charts::picture(quarter, i), topLeft});
+        charts.push_back({Charts::picture(quarter), topLeft});
     }
     return documentOf(output, std::move(charts));
 }

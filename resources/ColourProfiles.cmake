@@ -11,6 +11,7 @@ function(embed_colour_profiles target)
         OUTPUT ${profiles}
         COMMAND ${CMAKE_COMMAND} -E make_directory ${folder}
         COMMAND make_colour_profiles ${folder}
+        DEPENDS make_colour_profiles
         COMMENT "Making the colour profiles")
     qt_add_resources(${target} colour_profiles PREFIX /colour-profiles BASE ${folder} FILES ${profiles})
 endfunction()
