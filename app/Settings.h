@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+/// What the program remembers from one run to the next: one file in the platform's place (on Linux
+/// ~/.config/wallwright/wallwright.conf), read when something of it is asked for and written when something is set.
+/// Values that are damaged or of another kind are as good as not there. What cannot be written is not remembered.
+namespace Settings {
+
+/// Recent files beyond these are forgotten, the oldest first.
+inline constexpr qsizetype mostRecentFiles = 10;
+
+/// Absolute paths, the most recent first, none twice; a file that is gone stays among them.
+QStringList recentFiles();
+/// Puts the file first. A relative path is one of the current folder.
+void noteRecentFile(const QString &path);
+/// Takes the file out, after it could not be opened.
+void forgetRecentFile(const QString &path);
+
+/// As QWidget::saveGeometry() and QMainWindow::saveState() give them; empty where there is nothing.
+QByteArray windowGeometry();
+void setWindowGeometry(const QByteArray &geometry);
+QByteArray windowState();
+void setWindowState(const QByteArray &state);
+
+} // namespace Settings

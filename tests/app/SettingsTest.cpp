@@ -1,0 +1,194 @@
+#include "app/Settings.h"
+
+#include <QColor>
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSettings>
+
+#include <gtest/gtest.h>
+
+namespace {
+/// Begins and ends without a settings file.
+class SettingsTest : public ::testing::Test
+{
+protected:
+    SettingsTest() { QFile::remove(path); }
+    ~SettingsTest() override { QFile::remove(path); }
+
+    void write(const QByteArray &bytes) const
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+    void store(const QString &key, const QVariant &value) const
+    {
+        QSettings(path, QSettings::IniFormat).setValue(key, value);
+    }
+    static void expectNothing()
+    {
+        EXPECT_TRUE(Settings::recentFiles().isEmpty());
+        EXPECT_TRUE(Settings::windowGeometry().isEmpty());
+        EXPECT_TRUE(Settings::windowState().isEmpty());
+    }
+
+    const QString path = qEnvironmentVariable("XDG_CONFIG_HOME") + "/wallwright/wallwright.conf";
+};
+
+/// Lists within lists, as many, as a settings file has them.
+QByteArray nestedLists(int depth)
+{
+    QByteArray bytes;
+    QDataStream stream(&bytes, QIODevice::WriteOnly);
+    stream.setVersion(QDataStream::Qt_4_0);
+    for (int i = 0; i < depth; ++i)
+        stream << quint32{9} << quint32{1}; // a list of one value
+    stream << quint32{2} << qint32{5};
+    return "[General]\nrecentFiles=\"@Variant(" + bytes + ")\"\n";
+}
+} // namespace
+
+TEST_F(SettingsTest, AreEmptyAtFirstAndLeaveNoFile)
+{
+    expectNothing();
+
+    EXPECT_FALSE(QFile::exists(path));
+}
+
+TEST_F(SettingsTest, LieInThePlatformsPlace)
+{
+    Settings::noteRecentFile("/shows/stage.Orv");
+
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(SettingsTest, TheMostRecentFileComesFirstAndNoneTwice)
+{
+    for (const char *file : {"/a.Orv", "/b.Orv", "/c.Orv", "/b.Orv", "/x/../b.Orv"})
+        Settings::noteRecentFile(file);
+
+    EXPECT_EQ(Settings::recentFiles(), (QStringList{"/b.Orv", "/c.Orv", "/a.Orv"}));
+}
+
+TEST_F(SettingsTest, TenFilesAreRemembered)
+{
+    for (int i = 0; i < 13; ++i)
+        Settings::noteRecentFile(QString("/%1.Orv").arg(i));
+
+    EXPECT_EQ(Settings::recentFiles().size(), 10);
+    EXPECT_EQ(Settings::recentFiles().first(), "/12.Orv");
+    EXPECT_EQ(Settings::recentFiles().last(), "/3.Orv");
+}
+
+TEST_F(SettingsTest, PathsAreAbsoluteWhateverWasGiven)
+{
+    Settings::noteRecentFile("shows/Bühne, 左; \"1\".Orv");
+    Settings::noteRecentFile("");
+
+    EXPECT_EQ(Settings::recentFiles(), QStringList{QDir::currentPath() + "/shows/Bühne, 左; \"1\".Orv"});
+}
+
+TEST_F(SettingsTest, AFileThatIsGoneStaysUntilItIsForgotten)
+{
+    Settings::noteRecentFile("/nowhere/gone.Orv");
+    Settings::noteRecentFile("/nowhere/other.Orv");
+    EXPECT_EQ(Settings::recentFiles().size(), 2);
+
+    Settings::forgetRecentFile("/nowhere/gone.Orv");
+    Settings::forgetRecentFile("/nowhere/never.Orv");
+
+    EXPECT_EQ(Settings::recentFiles(), QStringList{"/nowhere/other.Orv"});
+}
+
+TEST_F(SettingsTest, TheLastFileCanBeForgotten)
+{
+    Settings::noteRecentFile("/a.Orv");
+
+    Settings::forgetRecentFile("/a.Orv");
+
+    EXPECT_TRUE(Settings::recentFiles().isEmpty());
+}
+
+TEST_F(SettingsTest, TheWindowComesBackByteForByte)
+{
+    const QByteArray geometry("\x01\xd9\xd0\xcb\0\0\xff,;\"\n", 11);
+    Settings::setWindowGeometry(geometry);
+    Settings::setWindowState("state");
+    Settings::noteRecentFile("/a.Orv");
+
+    EXPECT_EQ(Settings::windowGeometry(), geometry);
+    EXPECT_EQ(Settings::windowState(), "state");
+}
+
+TEST_F(SettingsTest, AnotherProgramsFilesAreNotForgotten)
+{
+    Settings::noteRecentFile("/a.Orv");
+    store("recentFiles", QStringList{"/other.Orv", "/a.Orv"});
+
+    Settings::noteRecentFile("/b.Orv");
+
+    EXPECT_EQ(Settings::recentFiles(), (QStringList{"/b.Orv", "/other.Orv", "/a.Orv"}));
+}
+
+TEST_F(SettingsTest, ADamagedFileIsAsGoodAsNone)
+{
+    QByteArray noise(5000, 0);
+    for (int i = 0; i < noise.size(); ++i)
+        noise[i] = static_cast<char>(i * 7919 >> 3);
+    for (const QByteArray &bytes :
+         {QByteArray("not settings at all"), noise,
+          QByteArray("[General]\nrecentFiles=@Variant(\\0\\0\\0\\x7f\\xff)\n"),
+          QByteArray(
+              "[General]\nrecentFiles=@Variant(\\0\\0\\0\\n\\x7f\\xff\\xff\\xff)\n[window]\ngeometry=@Point(1)\n")}) {
+        write(bytes);
+        expectNothing();
+    }
+
+    Settings::noteRecentFile("/b.Orv");
+    EXPECT_EQ(Settings::recentFiles(), QStringList{"/b.Orv"});
+}
+
+TEST_F(SettingsTest, ValuesOfAnotherKindAreAsGoodAsNone)
+{
+    for (const QVariant &value : {QVariant(5), QVariant(2.5), QVariant("a text"), QVariant(QColor(Qt::red)),
+                                  QVariant(QVariantMap{{"a", 1}}), QVariant(QVariantList{1, QColor(Qt::blue)})}) {
+        for (const char *key : {"recentFiles", "window/geometry", "window/state"})
+            store(key, value);
+        expectNothing();
+    }
+}
+
+TEST_F(SettingsTest, AListFromElsewhereIsKeptInOrder)
+{
+    QStringList files{"relative.Orv", "/a/../a.Orv", "/a.Orv", ""};
+    for (int i = 0; i < 30; ++i)
+        files.append(QString("/%1.Orv").arg(i));
+    store("recentFiles", files);
+
+    EXPECT_EQ(Settings::recentFiles().size(), 10);
+    EXPECT_EQ(Settings::recentFiles().mid(0, 3), (QStringList{"/a.Orv", "/0.Orv", "/1.Orv"}));
+}
+
+TEST_F(SettingsTest, ValuesNestedWithoutEndAreNotRead)
+{
+    for (const int depth : {1, 8000, 300'000}) {
+        write(nestedLists(depth));
+        expectNothing();
+    }
+
+    Settings::noteRecentFile("/a.Orv");
+
+    EXPECT_EQ(Settings::recentFiles(), QStringList{"/a.Orv"});
+    EXPECT_LT(QFileInfo(path).size(), 1000);
+}
+
+TEST_F(SettingsTest, AFolderInTheirPlaceIsAsGoodAsNone)
+{
+    ASSERT_TRUE(QDir().mkpath(path));
+
+    expectNothing();
+
+    EXPECT_TRUE(QDir().rmdir(path));
+}
