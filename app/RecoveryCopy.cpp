@@ -30,17 +30,20 @@ void RecoveryCopy::flush()
     if (!m_unwritten.isValid())
         return;
     const Result<void> isWritten = write();
-    if (isWritten) {
-        m_unwritten.invalidate();
-        m_timer.stop();
-        m_hasToldFailure = false;
-        return;
-    }
+    if (isWritten)
+        return stopClock();
     m_unwritten.start();
     m_timer.start();
     if (!std::exchange(m_hasToldFailure, true))
         emit couldNotKeep(QString("Unsaved changes have no recovery copy; save the project to keep them. %1")
                               .arg(isWritten.error().text));
+}
+
+void RecoveryCopy::stopClock()
+{
+    m_unwritten.invalidate();
+    m_timer.stop();
+    m_hasToldFailure = false;
 }
 
 Result<void> RecoveryCopy::write()
@@ -60,8 +63,7 @@ Result<void> RecoveryCopy::write()
 
 void RecoveryCopy::documentWasSaved(const QString &projectPath)
 {
-    m_unwritten.invalidate();
-    m_timer.stop();
+    stopClock();
     m_projectPath = projectPath;
     const Result<void> isRemoved = m_copy ? m_copy->remove() : Result<void>();
     m_copy.reset();
@@ -72,8 +74,7 @@ void RecoveryCopy::documentWasSaved(const QString &projectPath)
 void RecoveryCopy::leave()
 {
     flush();
-    m_unwritten.invalidate();
-    m_timer.stop();
+    stopClock();
     m_copy.reset();
 }
 

@@ -55,11 +55,13 @@ public:
 
 signals:
     /// A copy cannot be written or removed; a sentence for the person. A write that fails is tried again every
-    /// `longestWait`, and told again only after one has succeeded.
+    /// `longestWait`, and told again only after one has succeeded or
+    /// the document was saved.
     void couldNotKeep(const QString &sentence);
 
 private:
     Result<void> write();
+    void stopClock();
 
     Contents m_contents;
     QString m_folder;

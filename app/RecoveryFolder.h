@@ -24,7 +24,7 @@ struct FoundCopy
 /// path of the project it belongs to ("project-path", UTF-8, where there is one) and a lock that its program holds.
 namespace RecoveryFolder {
 
-/// The person's state folder, as the XDG Base Directory Specification has it, and "wallwright/recovery" in it.
+/// The state folder of the person ($XDG_STATE_HOME, else ~/.local/state), and "wallwright/recovery" in it.
 QString standardPath();
 
 /// The copies that no running program holds, newest first. None is opened: a damaged one is among them.
