@@ -12,7 +12,7 @@ constexpr double addingShare = 0.2;
 constexpr double encodingShare = 0.7;
 
 /// The progress of a part of the work.
-PSDExport::Progress part(const PSDExport::Progress &whole, double begin, double end)
+PSDExport::Progress shareOf(const PSDExport::Progress &whole, double begin, double end)
 {
     if (!whole)
         return {};
@@ -28,15 +28,6 @@ struct Span
     /// Sticks out of the output at both of its ends.
     bool overhangsBothEndsOf(int output) const { return start < 0 && start + length > output; }
 };
-
-/// A part of the picture, without a copy of its pixels.
-QImage viewOf(const QImage &picture, const QRect &part)
-{
-    const uchar *const firstPixel = picture.constScanLine(part.y()) + qsizetype{part.x()} * (picture.depth() / 8);
-    const auto letGo = [](void *shared) { delete static_cast<QImage *>(shared); };
-    return QImage(firstPixel, part.width(), part.height(), picture.bytesPerLine(), picture.format(), letGo,
-                  new QImage(picture));
-}
 
 struct PictureAtPlace
 {
@@ -55,9 +46,9 @@ PictureAtPlace readablePart(const Layer &layer, const QSize &output)
     if (!cutsWidth && !cutsHeight)
         return {picture, place};
 
-    const QRect part(cutsWidth ? -place.x() : 0, cutsHeight ? -place.y() : 0,
-                     cutsWidth ? output.width() : picture.width(), cutsHeight ? output.height() : picture.height());
-    return {viewOf(picture, part), place + part.topLeft()};
+    const QRect inside(cutsWidth ? -place.x() : 0, cutsHeight ? -place.y() : 0,
+                       cutsWidth ? output.width() : picture.width(), cutsHeight ? output.height() : picture.height());
+    return {Raster::view(picture, inside), place + inside.topLeft()};
 }
 
 /// The length of a name has one byte in the file; editors refuse one where it wrapped.
@@ -125,8 +116,8 @@ Result<QByteArray> encode(const Project &project, int &screenNumber, const Progr
         return tl::unexpected(fits.error());
 
     KXPSDWriter writer(QSizeF(project.outputWidth, project.outputHeight));
-    writer.setProgress(part(progress, addingShare, 1));
-    if (!addLayers(writer, project, screenNumber, part(progress, 0, addingShare)))
+    writer.setProgress(shareOf(progress, addingShare, 1));
+    if (!addLayers(writer, project, screenNumber, shareOf(progress, 0, addingShare)))
         return QByteArray();
     return bytesOf(writer);
 }
@@ -134,12 +125,12 @@ Result<QByteArray> encode(const Project &project, int &screenNumber, const Progr
 Result<Outcome> write(const QString &path, const Project &project, int &screenNumber, const Progress &progress)
 {
     // The writer has gone by now: from here on only the bytes themselves take memory.
-    const Result<QByteArray> bytes = encode(project, screenNumber, part(progress, 0, encodingShare));
+    const Result<QByteArray> bytes = encode(project, screenNumber, shareOf(progress, 0, encodingShare));
     if (!bytes)
         return failWithin(path, bytes.error());
     if (bytes->isEmpty())
         return Outcome::Cancelled;
-    return FileBytes::write(path, *bytes, part(progress, encodingShare, 1));
+    return FileBytes::write(path, *bytes, shareOf(progress, encodingShare, 1));
 }
 
 } // namespace PSDExport

@@ -1,27 +1,25 @@
 #include "drawing/Raster.h"
 
+#include "drawing/HugePages.h"
+
 #include <cstdlib>
-#include <sys/mman.h>
 #include <utility>
 
 namespace {
-constexpr std::size_t hugePage = std::size_t{2} << 20;
 /// Vector loops split rows by the alignment of their memory; the same alignment everywhere, the same pixels everywhere.
 constexpr std::size_t vectorAlignment = 64;
 
-/// A large raster stands on huge pages: it is filled without a page fault for every 4 KiB, and what is drawn across
-/// its rows does not wait for the address of each.
+/// A large raster stands on huge pages, so that what is drawn across its rows does not wait for the address of each.
 QImage allocated(const QSize &size)
 {
     const qsizetype rowBytes = qsizetype{size.width()} * qsizetype{sizeof(QRgb)};
     const auto bytes = static_cast<std::size_t>(rowBytes * size.height());
-    const std::size_t alignment = bytes < hugePage ? vectorAlignment : hugePage;
+    const std::size_t alignment = bytes < HugePages::size ? vectorAlignment : HugePages::size;
     const std::size_t whole = (bytes + alignment - 1) / alignment * alignment;
     auto *memory = static_cast<uchar *>(std::aligned_alloc(alignment, whole));
     if (!memory)
         return {};
-    if (alignment == hugePage)
-        madvise(memory, whole, MADV_HUGEPAGE); // where the kernel refuses, ordinary pages serve
+    HugePages::adviseFor(memory, whole);
     return QImage(memory, size.width(), size.height(), rowBytes, Raster::format, std::free, memory);
 }
 } // namespace
@@ -50,6 +48,13 @@ QImage reuse(QImage old, qint64 width, qint64 height)
         return old;
     old = {};
     return allocated(size);
+}
+
+QImage view(const QImage &picture, const QRect &part)
+{
+    const uchar *const first = picture.constScanLine(part.y()) + qsizetype{part.x()} * (picture.depth() / 8);
+    const auto letGo = [](void *shared) { delete static_cast<QImage *>(shared); };
+    return {first, part.width(), part.height(), picture.bytesPerLine(), picture.format(), letGo, new QImage(picture)};
 }
 
 } // namespace Raster

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
 #include <QSize>
 
 /// Bitmaps of the house: `QImage::Format_ARGB32_Premultiplied`, top row first, new ones fully transparent.
@@ -22,5 +23,9 @@ QImage make(qint64 width, qint64 height);
 /// A raster of this size with undefined pixels, for those who write each of them: `old` itself where it has the size
 /// and nobody else holds it, since fresh memory costs more than drawing does.
 QImage reuse(QImage old, qint64 width, qint64 height);
+
+/// A part of a picture without copying its pixels, which the view keeps until it is written to. `part` lies within a
+/// picture whose pixels are whole bytes.
+[[nodiscard]] QImage view(const QImage &picture, const QRect &part);
 
 } // namespace Raster

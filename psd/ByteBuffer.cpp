@@ -1,8 +1,12 @@
 #include "psd/ByteBuffer.h"
 
+#include "drawing/HugePages.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <new>
+#include <utility>
 
 namespace {
 constexpr int longestValue = 8;
@@ -40,6 +44,22 @@ qint64 colourWord(double component)
     return static_cast<qint64>(std::isfinite(word) ? std::clamp(word, -furthest, furthest) : 0) & 0xffff;
 }
 } // namespace
+
+void ByteBuffer::reserve(qsizetype count)
+{
+    try {
+        m_bytes.reserve(count);
+    } catch (const std::bad_alloc &) {
+        return;
+    }
+    HugePages::adviseFor(m_bytes.data(), static_cast<std::size_t>(m_bytes.capacity()));
+}
+
+QByteArray ByteBuffer::takeBytes()
+{
+    m_bytes.squeeze();
+    return std::exchange(m_bytes, {});
+}
 
 void ByteBuffer::kxAppendValue(qint64 value, int length)
 {

@@ -6,13 +6,15 @@
 #include <QByteArrayView>
 #include <QStringView>
 
-#include <utility>
-
 /// The bytes of a layered document as they are written, one append after the other. Values are big-endian. Memory that
 /// cannot be had is a std::bad_alloc, which the document writer turns into an error.
 class ByteBuffer
 {
 public:
+    /// Takes room for `count` bytes at once, so that they are not moved as they grow. Without that much memory they
+    /// grow as they can.
+    void reserve(qsizetype count);
+
     /// Appends the low `length` (0 to 8) bytes of `value`. Of a negative one only the last byte is two's complement:
     /// each byte is the low byte of value / 256^k, truncated toward zero, so that -1 over two bytes is 00 FF.
     void kxAppendValue(qint64 value, int length);
@@ -32,8 +34,8 @@ public:
 
     qsizetype length() const { return m_bytes.size(); }
     const QByteArray &bytes() const { return m_bytes; }
-    /// Hands the bytes over and leaves the buffer empty.
-    QByteArray takeBytes() { return std::exchange(m_bytes, {}); }
+    /// Hands the bytes over, without the room left behind them, and leaves the buffer empty.
+    QByteArray takeBytes();
 
 private:
     char *grown(qsizetype count);

@@ -71,21 +71,17 @@ Placement placementOf(const WholeRegion &region, const QSizeF &document, uchar b
 
 bool isLongerThanCounts(const PackedChannel &channel)
 {
-    return std::any_of(channel.counts.begin(), channel.counts.end(),
-                       [](quint32 count) { return count > longestPackedRow; });
+    const auto isTooLong = [](quint32 count) { return count > longestPackedRow; };
+    return std::any_of(channel.begin(), channel.end(), [isTooLong](const PackedRows &rows) {
+        return std::any_of(rows.counts.begin(), rows.counts.end(), isTooLong);
+    });
 }
 
 void writeChannel(ByteBuffer &buffer, const PackedChannel &channel)
 {
     buffer.kxAppendValue(packBits, 2);
-    for (const quint32 count : channel.counts)
-        buffer.kxAppendValue(count, 2);
-    buffer.append(channel.rows);
-}
-
-void forgetImage(void *image)
-{
-    delete static_cast<QImage *>(image);
+    appendCounts(buffer, channel);
+    appendRows(buffer, channel);
 }
 
 QString regionText(const QRectF &region)
@@ -155,9 +151,8 @@ QImage KXPSDLayer::croppedImage() const
     const qint64 height = std::min(crop.height, m_image.height() - crop.y);
     if (width <= 0 || height <= 0)
         return {};
-    const uchar *const first = m_image.constScanLine(static_cast<int>(crop.y)) + crop.x * LayerPixels::bytesPerPixel;
-    return {first,       static_cast<int>(width), static_cast<int>(height), m_image.bytesPerLine(), Raster::format,
-            forgetImage, new QImage(m_image)};
+    return Raster::view(m_image, QRect(static_cast<int>(crop.x), static_cast<int>(crop.y), static_cast<int>(width),
+                                       static_cast<int>(height)));
 }
 
 bool KXPSDLayer::hasValidSize() const

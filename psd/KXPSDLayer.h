@@ -82,7 +82,8 @@ public:
 
     /// The pixels of the crop region: rows of whole width from the top down, red, green, blue and alpha premultiplied
     /// with alpha, transparent where there is no image. Made when first asked for and kept until image or document size
-    /// are set. Empty where there is nothing, or the memory cannot be had.
+    /// are set, or an offset leaves a region of another size. Empty where there is nothing, or the memory cannot be
+    /// had.
     const QByteArray &visibleImageData();
     /// Replaces those pixels; a block of another length counts as none.
     void setVisibleImageData(QByteArray pixels) { m_visibleImageData = std::move(pixels); }

@@ -38,12 +38,16 @@ std::vector<std::shared_ptr<KXPSDGroupOpeningLayer>> openGroupsOf(const std::vec
     return open;
 }
 
-/// Applies the flags of a layer to its visible pixels, in their own memory.
-void applyFlags(KXPSDLayer &layer, const QSizeF &document)
+/// Applies the flags of a layer to its visible pixels, in their own memory. Error: they cannot be had.
+bool applyFlags(KXPSDLayer &layer, const QSizeF &document, KXPSDError *error)
 {
     if (!layer.shouldUnpremultiplyLayerData() && !layer.shouldFlipLayerData())
-        return;
+        return true;
     QByteArray pixels = layer.visibleImageData();
+    if (pixels.isEmpty() && !layer.croppedImage().isNull()) {
+        return KXPSDError::tell(error, KXPSDError::OutOfMemory,
+                                QString("Layer \"%1\": there is not enough memory for its pixels.").arg(layer.name()));
+    }
     layer.setVisibleImageData({});
     if (layer.shouldUnpremultiplyLayerData())
         LayerPixels::unpremultiply(pixels);
@@ -51,6 +55,7 @@ void applyFlags(KXPSDLayer &layer, const QSizeF &document)
         LayerPixels::flip(pixels, WholeNumbers::truncated(document.width()),
                           WholeNumbers::truncated(document.height()));
     layer.setVisibleImageData(std::move(pixels));
+    return true;
 }
 } // namespace
 
@@ -187,12 +192,26 @@ bool KXPSDWriter::canBeWritten(KXPSDError *error) const
 
 bool KXPSDWriter::writeSections(ByteBuffer &buffer, KXPSDError *error)
 {
-    preprocess();
+    if (!preprocess(error))
+        return false;
+    buffer.reserve(likelyBytes());
     writeFileHeaderSectionOn(buffer);
     writeColorModeDataSectionOn(buffer);
     writeImageResourceSectionOn(buffer);
     return writeLayerAndMaskInformationSectionOn(buffer, error) && writeImageDataSectionOn(buffer, error) &&
            tellProgress(1, error);
+}
+
+/// A quarter of what the pixels are before they are packed; charts pack to an eighth, pictures grow beyond it.
+qint64 KXPSDWriter::likelyBytes() const
+{
+    double pixels = m_documentSize.width() * m_documentSize.height();
+    for (const LayerPointer &layer : visibleLayers()) {
+        const QRectF region = layer->imageInDocumentRegion();
+        pixels += region.width() * region.height();
+    }
+    const double bytes = pixels * LayerPixels::bytesPerPixel / 4;
+    return bytes > 0 && bytes < static_cast<double>(mostBytes) ? static_cast<qint64>(bytes) : 0;
 }
 
 void KXPSDWriter::resetFlattenedContext()
@@ -207,10 +226,14 @@ void KXPSDWriter::resetFlattenedContext()
 
     // Both lists by the same index: where layers are not visible, others are given the size than are drawn. Kept, since
     // files are compared to the byte.
-    const std::vector<LayerPointer> visible = visibleLayers();
+    std::vector<LayerPointer> visible = visibleLayers();
     for (std::size_t i = 0; i < visible.size(); ++i) {
+        const bool wasVisible = m_layers[i]->hasValidSize();
         m_layers[i]->setDocumentSize(m_documentSize);
-        addLayerToFlattenedContext(visible[i].get(), nullptr);
+        if (m_layers[i]->hasValidSize() != wasVisible)
+            visible = visibleLayers();
+        if (i < visible.size())
+            addLayerToFlattenedContext(visible[i].get(), nullptr);
     }
 }
 
@@ -235,13 +258,16 @@ bool KXPSDWriter::addLayerToFlattenedContext(const KXPSDLayer *layer, KXPSDError
     return true;
 }
 
-void KXPSDWriter::preprocess()
+bool KXPSDWriter::preprocess(KXPSDError *error)
 {
     m_flattenedSnapshot = m_flattenedContext;
-    for (const LayerPointer &layer : m_layers)
-        applyFlags(*layer, m_documentSize);
+    for (const LayerPointer &layer : m_layers) {
+        if (!applyFlags(*layer, m_documentSize, error))
+            return false;
+    }
     for (qint64 unclosed = groupBalance(); unclosed > 0; --unclosed)
         closeCurrentGroupLayer();
+    return true;
 }
 
 /// Opening layers less closing ones.

@@ -22,7 +22,8 @@ struct KXPSDResolution
 
 /// Collects layers and groups, keeps a merged picture of them, and writes it all as a layered document: version 1, RGB,
 /// 8 bits per channel, PackBits. https://www.adobe.com/devnet-apps/photoshop/fileformatashtml/ describes the format.
-/// Nothing here throws or ends the program: what cannot be done is an error through an argument.
+/// What cannot be done, the memory for pictures and files included, is an error through an argument; nothing here ends
+/// the program. Only where there is no room for the few bytes of a new layer or a list is it a std::bad_alloc.
 class KXPSDWriter
 {
 public:
@@ -118,8 +119,9 @@ public:
     /// Draws a layer (nullptr: none) into the merged picture. Error: the document has no size yet, or the merged
     /// picture is more than memory holds.
     bool addLayerToFlattenedContext(const KXPSDLayer *layer, KXPSDError *error);
-    /// Takes the merged picture as it is now for the file's, applies the flags of layers and closes open groups.
-    void preprocess();
+    /// Takes the merged picture as it is now for the file's, applies the flags of layers and closes open groups. Error:
+    /// the pixels of a layer with flags are more than memory holds; what comes after it is not done.
+    bool preprocess(KXPSDError *error = nullptr);
     void writeFileHeaderSectionOn(ByteBuffer &buffer) const;
     void writeColorModeDataSectionOn(ByteBuffer &buffer) const;
     void writeImageResourceSectionOn(ByteBuffer &buffer) const;
@@ -132,6 +134,7 @@ private:
     using OpeningPointer = std::shared_ptr<KXPSDGroupOpeningLayer>;
 
     bool canBeWritten(KXPSDError *error) const;
+    qint64 likelyBytes() const;
     bool writeSections(ByteBuffer &buffer, KXPSDError *error);
     bool writeLayersOn(ByteBuffer &buffer, KXPSDError *error);
     bool tellProgress(double share, KXPSDError *error) const;

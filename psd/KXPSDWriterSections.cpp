@@ -157,12 +157,10 @@ bool KXPSDWriter::writeImageDataSectionOn(ByteBuffer &buffer, KXPSDError *error)
         const PixelView pixels = PixelView::ofRaster(m_flattenedSnapshot);
         const auto channels = m_packer.pack(pixels, Placement::filledBy(pixels), numberOfChannels());
         buffer.kxAppendValue(packBits, 2);
-        for (const PackedChannel &channel : channels) {
-            for (const quint32 count : channel.counts)
-                buffer.kxAppendValue(count, 2);
-        }
         for (const PackedChannel &channel : channels)
-            buffer.append(channel.rows);
+            appendCounts(buffer, channel);
+        for (const PackedChannel &channel : channels)
+            appendRows(buffer, channel);
         return fitsFile(buffer, error);
     } catch (const std::bad_alloc &) {
         return KXPSDError::tellOutOfMemory(error);

@@ -4,9 +4,13 @@
 #include "psd/RowPacker.h"
 
 #include <QSysInfo>
+#include <QThread>
 
 #include <algorithm>
 #include <cstring>
+#include <functional>
+#include <future>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -28,43 +32,43 @@ QByteArray packedBlank(qint64 count, uchar value)
 class ChannelRows
 {
 public:
-    explicit ChannelRows(PackedChannel &channel) : m_channel(channel)
+    explicit ChannelRows(PackedRows &rows) : m_rows(rows)
     {
-        m_channel.counts.clear();
-        m_channel.rows.resize(0); // keeps the memory
+        m_rows.counts.clear();
+        m_rows.bytes.resize(0); // keeps the memory
     }
 
     void append(const QByteArray &packedRow)
     {
-        m_channel.rows.append(packedRow);
-        m_channel.counts.push_back(static_cast<quint32>(packedRow.size()));
+        m_rows.bytes.append(packedRow);
+        m_rows.counts.push_back(static_cast<quint32>(packedRow.size()));
     }
 
     void appendPacked(RowPacker &packer, const uchar *plane, qint64 width, const QByteArray &left,
                       const QByteArray &right)
     {
-        const qsizetype start = m_channel.rows.size();
-        m_channel.rows.append(left);
-        const qsizetype row = m_channel.rows.size();
-        m_channel.rows.resize(row + RowPacker::roomFor(width));
-        char *const out = m_channel.rows.data() + row;
-        m_channel.rows.resize(row + (packer.pack(plane, width, out) - out));
-        m_channel.rows.append(right);
-        m_channel.counts.push_back(static_cast<quint32>(m_channel.rows.size() - start));
+        const qsizetype start = m_rows.bytes.size();
+        m_rows.bytes.append(left);
+        const qsizetype row = m_rows.bytes.size();
+        m_rows.bytes.resize(row + RowPacker::roomFor(width));
+        char *const out = m_rows.bytes.data() + row;
+        m_rows.bytes.resize(row + (packer.pack(plane, width, out) - out));
+        m_rows.bytes.append(right);
+        m_rows.counts.push_back(static_cast<quint32>(m_rows.bytes.size() - start));
     }
 
     void repeatLast()
     {
-        const qsizetype length = m_channel.counts.back();
-        const qsizetype end = m_channel.rows.size();
-        m_channel.rows.resize(end + length);
-        char *const out = m_channel.rows.data() + end;
+        const qsizetype length = m_rows.counts.back();
+        const qsizetype end = m_rows.bytes.size();
+        m_rows.bytes.resize(end + length);
+        char *const out = m_rows.bytes.data() + end;
         std::memcpy(out, out - length, static_cast<std::size_t>(length));
-        m_channel.counts.push_back(m_channel.counts.back());
+        m_rows.counts.push_back(m_rows.counts.back());
     }
 
 private:
-    PackedChannel &m_channel;
+    PackedRows &m_rows;
 };
 
 /// The bytes of a row of pixels, side by side by their place in the pixel.
@@ -87,12 +91,12 @@ private:
     std::vector<uchar> m_bytes;
 };
 
-/// The channels of one layer, row by row.
-class LayerRows
+/// One band of the channels of a layer, row by row.
+class BandRows
 {
 public:
-    LayerRows(const PixelView &pixels, const Placement &placement, std::vector<PackedChannel> &channels)
-        : m_pixels(pixels), m_rows(channels.begin(), channels.end()), m_packer(pixels.width), m_planes(pixels.width),
+    BandRows(const PixelView &pixels, const Placement &placement, std::vector<PackedChannel> &channels, qint64 band)
+        : m_pixels(pixels), m_rows(rowsOf(channels, band)), m_packer(pixels.width), m_planes(pixels.width),
           m_planesAbove(pixels.width), m_left(packedBlank(placement.left, placement.blank)),
           m_right(packedBlank(placement.right, placement.blank)),
           m_blank(packedBlank(placement.blankWidth, placement.blank))
@@ -106,20 +110,28 @@ public:
         }
     }
 
-    void appendPixelRows(qint64 count)
+    void appendPixelRows(qint64 first, qint64 end)
     {
-        for (qint64 y = 0; y < count; ++y)
-            appendPixelRow(y);
+        for (qint64 y = first; y < end; ++y)
+            appendPixelRow(y, y > first);
     }
 
 private:
+    static std::vector<ChannelRows> rowsOf(std::vector<PackedChannel> &channels, qint64 band)
+    {
+        std::vector<ChannelRows> rows;
+        for (PackedChannel &channel : channels)
+            rows.emplace_back(channel[static_cast<std::size_t>(band)]);
+        return rows;
+    }
+
     const uchar *row(qint64 y) const { return m_pixels.pixels + y * m_pixels.bytesPerRow; }
 
     /// Test charts repeat their rows, and where not whole rows, then those of one channel.
-    void appendPixelRow(qint64 y)
+    void appendPixelRow(qint64 y, bool hasRowAbove)
     {
         const auto rowLength = static_cast<std::size_t>(m_pixels.width * bytesPerPixel);
-        if (y > 0 && std::memcmp(row(y), row(y - 1), rowLength) == 0) {
+        if (hasRowAbove && std::memcmp(row(y), row(y - 1), rowLength) == 0) {
             for (ChannelRows &rows : m_rows)
                 rows.repeatLast();
             return;
@@ -129,7 +141,8 @@ private:
         for (std::size_t channel = 0; channel < m_rows.size(); ++channel) {
             const int byte = m_pixels.channelBytes[channel];
             const uchar *const plane = m_planes.plane(byte);
-            if (y > 0 && std::memcmp(plane, m_planesAbove.plane(byte), static_cast<std::size_t>(m_pixels.width)) == 0)
+            if (hasRowAbove &&
+                std::memcmp(plane, m_planesAbove.plane(byte), static_cast<std::size_t>(m_pixels.width)) == 0)
                 m_rows[channel].repeatLast();
             else
                 m_rows[channel].appendPacked(m_packer, plane, m_pixels.width, m_left, m_right);
@@ -145,6 +158,34 @@ private:
     QByteArray m_right;
     QByteArray m_blank;
 };
+
+/// As many as keep all processors busy, each with enough pixels to be worth waking one.
+qint64 bandsFor(qint64 pixels)
+{
+    constexpr qint64 leastPixels = qint64{1} << 17;
+    return std::clamp<qint64>(pixels / leastPixels, 1, std::max(1, QThread::idealThreadCount()));
+}
+
+/// Begins `work` on another thread; where none can be had it is done when its end is waited for.
+std::future<void> begun(const std::function<void(qint64)> &work, qint64 number)
+{
+    try {
+        return std::async(std::launch::async, work, number);
+    } catch (const std::system_error &) {
+        return std::async(std::launch::deferred, work, number);
+    }
+}
+
+/// Does `work` for 0 to `count` - 1 and throws what it throws.
+void inParallel(qint64 count, const std::function<void(qint64)> &work)
+{
+    std::vector<std::future<void>> others;
+    for (qint64 number = 1; number < count; ++number)
+        others.push_back(begun(work, number));
+    work(0);
+    for (std::future<void> &other : others)
+        other.get();
+}
 } // namespace
 
 PixelView PixelView::ofRaster(const QImage &raster)
@@ -159,6 +200,20 @@ Placement Placement::filledBy(const PixelView &pixels)
     return {pixels.height, pixels.width, 0, 0, 0, 0};
 }
 
+void appendCounts(ByteBuffer &buffer, const PackedChannel &channel)
+{
+    for (const PackedRows &rows : channel) {
+        for (const quint32 count : rows.counts)
+            buffer.kxAppendValue(count, 2);
+    }
+}
+
+void appendRows(ByteBuffer &buffer, const PackedChannel &channel)
+{
+    for (const PackedRows &rows : channel)
+        buffer.append(rows.bytes);
+}
+
 ChannelPacker::ChannelPacker() = default;
 ChannelPacker::~ChannelPacker() = default;
 
@@ -166,18 +221,18 @@ std::span<const PackedChannel> ChannelPacker::pack(const PixelView &pixels, cons
 {
     const qint64 above = std::clamp<qint64>(placement.top, 0, placement.rows);
     const qint64 withPixels = pixels.width > 0 ? std::clamp<qint64>(pixels.height, 0, placement.rows - above) : 0;
-
+    const qint64 bands = bandsFor(pixels.width * withPixels);
     m_channels.resize(static_cast<std::size_t>(count));
-    LayerRows rows(pixels, placement, m_channels);
-    rows.appendBlankRows(above);
-    rows.appendPixelRows(withPixels);
-    rows.appendBlankRows(placement.rows - above - withPixels);
-    return m_channels;
-}
+    for (PackedChannel &channel : m_channels)
+        channel.resize(static_cast<std::size_t>(bands));
 
-std::vector<PackedChannel> packChannels(const PixelView &pixels, const Placement &placement, int count)
-{
-    ChannelPacker packer;
-    const std::span<const PackedChannel> channels = packer.pack(pixels, placement, count);
-    return {channels.begin(), channels.end()};
+    inParallel(bands, [&](qint64 band) {
+        BandRows rows(pixels, placement, m_channels, band);
+        if (band == 0)
+            rows.appendBlankRows(above);
+        rows.appendPixelRows(withPixels * band / bands, withPixels * (band + 1) / bands);
+        if (band == bands - 1)
+            rows.appendBlankRows(placement.rows - above - withPixels);
+    });
+    return m_channels;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "psd/ByteBuffer.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QtGlobal>
@@ -36,14 +38,22 @@ struct Placement
     static Placement filledBy(const PixelView &pixels);
 };
 
-/// One channel, row after row, each row a PackBits stream of its own.
-struct PackedChannel
+/// Rows of one channel, each a PackBits stream of its own.
+struct PackedRows
 {
     std::vector<quint32> counts; ///< bytes of each row
-    QByteArray rows;             ///< all rows, one after the other
+    QByteArray bytes;            ///< all rows, one after the other
 };
 
-/// Packs layers' pixels, keeping its memory from one layer to the next.
+/// One channel: its rows in bands, from top to bottom.
+using PackedChannel = std::vector<PackedRows>;
+
+/// Appends the byte counts of all rows, two bytes each: the low ones of a count that is larger.
+void appendCounts(ByteBuffer &buffer, const PackedChannel &channel);
+/// Appends the bytes of all rows.
+void appendRows(ByteBuffer &buffer, const PackedChannel &channel);
+
+/// Packs layers' pixels, large ones in bands on several threads, keeping its memory from one layer to the next.
 class ChannelPacker
 {
 public:
@@ -54,12 +64,9 @@ public:
 
     /// Packs the first `count` (3 or 4) channels in the order red, green, blue, alpha. A row that repeats the one above
     /// is copied instead of being packed again. Rows of the pixels that lie below the last row are left out. The result
-    /// is good until the next call.
+    /// is good until the next call. Memory that cannot be had is a std::bad_alloc.
     std::span<const PackedChannel> pack(const PixelView &pixels, const Placement &placement, int count);
 
 private:
     std::vector<PackedChannel> m_channels;
 };
-
-/// The same, once.
-std::vector<PackedChannel> packChannels(const PixelView &pixels, const Placement &placement, int count);

@@ -52,3 +52,16 @@ TEST(Raster, AnotherSizeOrFormatIsNotReused)
     EXPECT_EQ(Raster::reuse(Raster::make(5, 5), 6, 5).size(), QSize(6, 5));
     EXPECT_EQ(Raster::reuse(QImage(5, 5, QImage::Format_RGB32), 5, 5).format(), Raster::format);
 }
+
+TEST(Raster, AViewHasThePixelsOfItsPartAndKeepsThem)
+{
+    QImage raster = Raster::make(5, 4);
+    raster.setPixel(2, 3, 0xff112233);
+    const uchar *memory = raster.constScanLine(3);
+    const QImage view = Raster::view(raster, {2, 1, 3, 3});
+    raster = {};
+
+    EXPECT_EQ(view.size(), QSize(3, 3));
+    EXPECT_EQ(view.pixel(0, 2), 0xff112233);
+    EXPECT_EQ(view.constScanLine(2), memory + 8);
+}

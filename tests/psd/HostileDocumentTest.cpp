@@ -199,6 +199,24 @@ TEST(HostileDocument, AnImageThatCouldNotBeConvertedIsNotLeftOutInSilence)
     EXPECT_EQ(errorOf(writer).code, KXPSDError::OutOfMemory);
 }
 
+TEST(HostileDocument, FlagsThatCannotBeAppliedAreNotLeftOutInSilence)
+{
+    // Of the pixels of the layer, 20,000 x 13,501, there can be no block to turn; the document shows one row of them.
+    QImage tall(20'000, 14'000, Raster::format);
+    ASSERT_FALSE(tall.isNull());
+    KXPSDWriter writer(QSizeF(20'000, 1));
+    const auto layer = writer.addLayerWithCGImage(tall, "tall", 1, {0, -13'500});
+    EXPECT_FALSE(writer.createPSDData().isEmpty());
+
+    layer->setShouldFlipLayerData(true);
+    const KXPSDError error = errorOf(writer);
+    EXPECT_EQ(error.code, KXPSDError::OutOfMemory);
+    EXPECT_TRUE(error.message.contains("\"tall\"")) << qPrintable(error.message);
+    layer->setShouldFlipLayerData(false);
+    layer->setShouldUnpremultiplyLayerData(true);
+    EXPECT_EQ(errorOf(writer).code, KXPSDError::OutOfMemory);
+}
+
 TEST(HostileDocument, FortyThousandGroupsAreRefused)
 {
     KXPSDWriter writer(QSizeF(3, 3));

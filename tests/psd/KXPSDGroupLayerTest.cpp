@@ -1,5 +1,6 @@
 #include "psd/KXPSDGroupLayer.h"
 
+#include "psd/KXPSDWriter.h"
 #include "tests/psd/PsdFixtures.h"
 
 #include <gtest/gtest.h>
@@ -44,6 +45,16 @@ TEST(KXPSDGroupLayer, HasEmptyUncompressedChannels)
     EXPECT_EQ(layer.layerChannels(), std::vector<QByteArray>(4, QByteArray(2, '\0')));
     layer.setNumberOfChannels(3);
     EXPECT_EQ(layer.layerChannels().size(), 3u);
+}
+
+TEST(KXPSDGroupLayer, HasFourChannelsInADocumentOfThree)
+{
+    KXPSDWriter writer({3, 1}, false);
+    const auto opening = writer.openGroupLayerWithName("A");
+    const auto member = writer.addLayerWithCGImage(raster(1, 1, Qt::red), "member");
+    EXPECT_EQ(opening->numberOfChannels(), 4);
+    EXPECT_EQ(member->numberOfChannels(), 3);
+    EXPECT_EQ(writer.closeCurrentGroupLayer()->numberOfChannels(), 4);
 }
 
 TEST(KXPSDGroupLayer, IsAlwaysVisible)

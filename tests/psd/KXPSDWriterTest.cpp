@@ -245,6 +245,37 @@ TEST(KXPSDWriter, AResetGivesTheSizeByTheIndexOfVisibleLayers)
     EXPECT_EQ(merged(writer, 1, 1), QColor(Qt::red)); // first of the visible ones
 }
 
+TEST(KXPSDWriter, AResetDrawsWhatItsSizesMakeVisible)
+{
+    const auto late = layerOf(raster(1, 1, Qt::blue), "late");
+    const auto shown = layerOf(raster(3, 3, Qt::red), "shown");
+    shown->setDocumentSize({2, 2});
+    shown->setOffset({1, 1});
+    KXPSDWriter writer({8, 8}, true, {late, shown});
+
+    writer.resetFlattenedContext();
+
+    EXPECT_EQ(merged(writer, 0, 0), QColor(Qt::blue));
+    EXPECT_EQ(shown->documentSize(), QSizeF(8, 8));
+    EXPECT_EQ(merged(writer, 3, 3), QColor(Qt::red));
+}
+
+TEST(KXPSDWriter, AResetLeavesOutWhatItsSizesMakeInvisible)
+{
+    const auto lost = layerOf(raster(1, 1, Qt::blue), "lost");
+    lost->setDocumentSize({20, 20});
+    lost->setOffset({9, 9});
+    const auto shown = layerOf(raster(1, 1, Qt::red), "shown");
+    shown->setDocumentSize({20, 20});
+    KXPSDWriter writer({8, 8}, true, {lost, shown});
+
+    writer.resetFlattenedContext(); // by the first index the list of two becomes a list of one
+
+    EXPECT_EQ(lost->documentSize(), QSizeF(8, 8));
+    EXPECT_EQ(shown->documentSize(), QSizeF(20, 20));
+    EXPECT_EQ(merged(writer, 0, 0), QColor(Qt::red));
+}
+
 TEST(KXPSDWriter, VisibleLayersAreThoseWithPixelsAndAllGroups)
 {
     KXPSDWriter writer(QSizeF(10, 10));

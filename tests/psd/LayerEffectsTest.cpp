@@ -63,6 +63,15 @@ TEST(LayerEffects, ADropShadowIsWrittenFieldByField)
     EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn), shadowRecord("64 73 64 77", multiply));
 }
 
+TEST(LayerEffects, AnOpacityAboveFullIsWrittenAsFull)
+{
+    KXPSDLayer layer;
+    auto &shadow = layer.effects().dropShadowEffectLayerInformation.emplace();
+    shadow.setOpacity(150);
+    EXPECT_EQ(shadow.opacity(), 100);
+    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn).substr(52 * 3, 2), "fe");
+}
+
 TEST(LayerEffects, AnInnerShadowIsNormallyBlendedWhateverItsMode)
 {
     KXPSDLayer layer;
@@ -172,6 +181,7 @@ TEST(LayerEffects, DisabledOnesAloneAreLeftOut)
     KXPSDLayer layer;
     EXPECT_EQ(effectsBlock(layer), QByteArray());
     layer.effects().dropShadowEffectLayerInformation.emplace();
+    EXPECT_EQ(effectsBlock(layer), QByteArray());
     layer.effects().bevelEffectLayerInformation.emplace();
     EXPECT_EQ(effectsBlock(layer), QByteArray());
 }

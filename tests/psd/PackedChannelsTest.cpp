@@ -2,6 +2,9 @@
 
 #include "tests/psd/PlainPackBits.h"
 
+#include <QThread>
+
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -27,12 +30,32 @@ QByteArray plane(const QImage &image, int y, int channel)
     return bytes;
 }
 
-QByteArray row(const PackedChannel &channel, int y)
+/// A channel's rows without their bands.
+PackedRows joined(const PackedChannel &channel)
+{
+    PackedRows all;
+    for (const PackedRows &rows : channel) {
+        all.counts.insert(all.counts.end(), rows.counts.begin(), rows.counts.end());
+        all.bytes += rows.bytes;
+    }
+    return all;
+}
+
+std::vector<PackedRows> packChannels(const PixelView &pixels, const Placement &placement, int count)
+{
+    ChannelPacker packer;
+    std::vector<PackedRows> channels;
+    for (const PackedChannel &channel : packer.pack(pixels, placement, count))
+        channels.push_back(joined(channel));
+    return channels;
+}
+
+QByteArray row(const PackedRows &rows, int y)
 {
     qsizetype start = 0;
     for (int i = 0; i < y; ++i)
-        start += channel.counts[i];
-    return channel.rows.mid(start, channel.counts[y]);
+        start += rows.counts[i];
+    return rows.bytes.mid(start, rows.counts[y]);
 }
 
 void expectPlain(const QImage &image)
@@ -55,7 +78,7 @@ TEST(PackedChannels, ChannelsComeInTheOrderRedGreenBlueAlpha)
     const PixelView pixels = PixelView::ofRaster(image);
     const auto channels = packChannels(pixels, Placement::filledBy(pixels), 4);
     for (int channel = 0; channel < 4; ++channel)
-        EXPECT_EQ(channels[channel].rows, QByteArray("\0", 1) + char(channel + 1));
+        EXPECT_EQ(channels[channel].bytes, QByteArray("\0", 1) + char(channel + 1));
 }
 
 TEST(PackedChannels, BytesMayStandInAnyOrder)
@@ -64,7 +87,7 @@ TEST(PackedChannels, BytesMayStandInAnyOrder)
     const PixelView pixels{reinterpret_cast<const uchar *>(rgba.constData()), 4, 1, 1, {0, 1, 2, 3}};
     const auto channels = packChannels(pixels, Placement::filledBy(pixels), 3);
     ASSERT_EQ(channels.size(), 3u);
-    EXPECT_EQ(channels[2].rows, QByteArray("\0\3", 2));
+    EXPECT_EQ(channels[2].bytes, QByteArray("\0\3", 2));
 }
 
 TEST(PackedChannels, EveryWidthIsPackedAsByThePlainWay)
@@ -84,6 +107,16 @@ TEST(PackedChannels, RowsThatRepeatInOneChannelOrInAllArePackedAlike)
         if (random() % 3 == 0)
             image.setPixel(static_cast<int>(random() % 97), y, qRgba(200, 0, 0, 255));
     }
+    expectPlain(image);
+}
+
+TEST(PackedChannels, LargeImagesArePackedInBands)
+{
+    const QImage image = pattern(1000, 700);
+    const PixelView pixels = PixelView::ofRaster(image);
+    ChannelPacker packer;
+    const auto channels = packer.pack(pixels, Placement::filledBy(pixels), 4);
+    EXPECT_EQ(channels[0].size(), std::clamp(QThread::idealThreadCount(), 1, 5));
     expectPlain(image);
 }
 
@@ -107,7 +140,7 @@ TEST(PackedChannels, PixelsAtAnEdgeHaveNoMarginThere)
 {
     const QImage image = pattern(5, 1);
     const auto channels = packChannels(PixelView::ofRaster(image), {1, 5, 0, 0, 0, 0}, 4);
-    EXPECT_EQ(channels[0].rows, PlainPackBits::pack(plane(image, 0, 0)));
+    EXPECT_EQ(channels[0].bytes, PlainPackBits::pack(plane(image, 0, 0)));
 }
 
 TEST(PackedChannels, RowsBelowTheLastAreLeftOut)
@@ -121,5 +154,5 @@ TEST(PackedChannels, RowsBelowTheLastAreLeftOut)
 TEST(PackedChannels, WithoutPixelsEveryRowIsBlank)
 {
     const auto channels = packChannels({}, {3, 4, 0, 0, 0, 0}, 4);
-    EXPECT_EQ(channels[3].rows.toHex(), "fd00fd00fd00");
+    EXPECT_EQ(channels[3].bytes.toHex(), "fd00fd00fd00");
 }
