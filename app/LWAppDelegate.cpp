@@ -1,16 +1,10 @@
 #include "app/LWAppDelegate.h"
 
-#include "app/FileBytes.h"
-#include "app/PSDExport.h"
-#include "app/PngFile.h"
+#include "app/EditNames.h"
 #include "app/PowerCalculator.h"
-#include "app/ProjectFile.h"
-#include "app/ProjectText.h"
-#include "drawing/Raster.h"
 #include "screen/LWScreen.h"
+#include "still/LWStill.h"
 
-#include <QFileInfo>
-#include <QLoggingCategory>
 #include <QTimer>
 
 #include <algorithm>
@@ -18,7 +12,6 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
-#include <numeric>
 
 namespace {
 constexpr std::chrono::milliseconds gateTime{100};
@@ -27,6 +20,7 @@ constexpr QLatin1StringView panelHeightPath{"arrangedObjects.panelHeight"};
 constexpr QLatin1StringView outputWidthPath{"OutputWidth"};
 constexpr QLatin1StringView outputHeightPath{"OutputHeight"};
 constexpr QLatin1StringView updatePatternPath{"updatePattern"};
+constexpr QLatin1StringView thumbnailPath{"arrangedObjects.thumbnail"};
 
 /// The properties whose edits lead to a redraw: what the inspector's controls are bound to.
 constexpr std::array observedProperties{
@@ -45,6 +39,17 @@ bool isObserved(const QString &keyPath)
     });
 }
 
+/// The layers, looking as their states say.
+std::vector<LayerPointer> restored(const std::vector<LayerState> &states)
+{
+    std::vector<LayerPointer> layers;
+    for (const LayerState &state : states) {
+        state.apply();
+        layers.push_back(state.layer);
+    }
+    return layers;
+}
+
 /// Truncated toward zero; the nearest end for what 32 bits cannot hold.
 int truncated(double value)
 {
@@ -52,52 +57,43 @@ int truncated(double value)
     constexpr double highest = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(value, lowest, highest));
 }
-
-LWScreen::Arguments firstScreen()
-{
-    LWScreen::Arguments arguments;
-    arguments.row = 5;
-    arguments.col = 8;
-    arguments.panelWidth = 128;
-    arguments.panelHeight = 128;
-    arguments.rectColor = NamedColour::red;
-    arguments.rectColor2 = NamedColour::lightGray;
-    arguments.boarderColor = NamedColour::white;
-    arguments.circleColor = NamedColour::white;
-    arguments.xyColor = NamedColour::white;
-    arguments.sfColor = NamedColour::white;
-    arguments.xyFontSize = 50;
-    arguments.bgEnable = true;
-    arguments.boarderEnable = true;
-    arguments.circleEnable = true;
-    return arguments;
-}
-
-constexpr int firstScreenWatts = 200;
 } // namespace
 
-LWAppDelegate::LWAppDelegate(UserInterface &userInterface) : m_userInterface(userInterface)
+LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder)
+    : m_userInterface(userInterface)
 {
-    connect(&m_arraycontroller, &LayerList::valueDidChange, this, [this](const QString &keyPath) {
-        if (isObserved(keyPath))
-            observeValueForKeyPath(keyPath);
-    });
+    connectLists();
+    if (!recoveryFolder.isEmpty()) {
+        const auto contents = [this] { return Project{m_OutputHeight, m_OutputWidth, allScreensArray()}; };
+        m_recovery.emplace(contents, recoveryFolder);
+        connectRecovery();
+    }
 }
 
 LWAppDelegate::~LWAppDelegate() = default;
 
-void LWAppDelegate::applicationDidFinishLaunching()
+void LWAppDelegate::connectLists()
 {
-    LWScreen::Arguments arguments = firstScreen();
-    arguments.label = QString::asprintf("Layer %i", m_screenNumber);
-    const LayerPointer layer = LWScreen::initWithrow(*this, arguments, firstScreenWatts);
-    m_OutputHeight = 1080;
-    m_OutputWidth = 1920;
-    m_shouldUpdate = true;
-    replaceLayers({layer});
-    update();
-    if (!m_preOpenFile.isNull())
-        openProjectPre(m_preOpenFile);
+    connect(&m_arraycontroller, &LayerList::valueDidChange, this, [this](const QString &keyPath) {
+        if (isObserved(keyPath))
+            observeValueForKeyPath(keyPath);
+        else
+            m_history.record(EditNames::ofKeyPath(keyPath));
+    });
+    connect(&m_presetarraycontroller, &LayerList::valueDidChange, this, [this](const QString &keyPath) {
+        if (keyPath == thumbnailPath)
+            observeValueForKeyPath(keyPath);
+        else
+            m_history.record("Preset " + EditNames::ofKeyPath(keyPath));
+    });
+    connect(&m_arraycontroller, &LayerList::selectionIndexesDidChange, this,
+            [this] { tableViewSelectionDidChange(m_arraycontroller.selectionIndex()); });
+    connect(&m_arraycontroller, &LayerList::selectionIndexDidChange, this, &LWAppDelegate::tableViewSelectionDidChange);
+    for (LayerList *list : {&m_arraycontroller, &m_presetarraycontroller}) {
+        connect(list, &LayerList::dragDidStart, this, [this, list] { tableViewWriteRowsWithIndexes(*list); });
+        connect(list, &LayerList::rowWasDropped, this,
+                [this, list](qsizetype index, qsizetype row) { tableViewAcceptDrop(*list, index, row); });
+    }
 }
 
 void LWAppDelegate::update([[maybe_unused]] QObject *sender)
@@ -120,16 +116,25 @@ void LWAppDelegate::gateTimerFired()
 void LWAppDelegate::compose()
 {
     m_shouldUpdate = false;
-    if (const LayerPointer selected = m_arraycontroller.selectedLayer()) {
-        const bool isScreen = qobject_cast<LWScreen *>(selected.get()) != nullptr;
-        selected->setAspectHidden(isScreen);
-        selected->setShowPower(!isScreen);
-        selected->setShowPowerl(!isScreen);
-        applyAspectLock(*selected);
-        selected->drawInRect();
-        m_userInterface.reloadTable();
-    }
+    if (const LayerPointer selected = m_arraycontroller.selectedLayer())
+        renderForInspector(*selected);
+    composeOutput();
+    m_history.absorb();
+}
 
+void LWAppDelegate::renderForInspector(Layer &layer)
+{
+    const bool isScreen = qobject_cast<LWScreen *>(&layer) != nullptr;
+    layer.setAspectHidden(isScreen);
+    layer.setShowPower(!isScreen);
+    layer.setShowPowerl(!isScreen);
+    applyAspectLock(layer);
+    layer.drawInRect();
+    m_userInterface.reloadTable();
+}
+
+void LWAppDelegate::composeOutput()
+{
     // The composition's buffer can be used again only when nobody else holds it.
     m_userInterface.releaseOutput();
     m_offscreenRep = {};
@@ -184,6 +189,21 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
     m_hwchange = keyPath == panelWidthPath || keyPath == panelHeightPath;
     if (m_hwchange)
         m_hwchangeVal = keyPath;
+    finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
+}
+
+/// What edits in a row are one step by: the same value of the same layer, unless it is a switch.
+QString LWAppDelegate::typingOn(const QString &keyPath) const
+{
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    if (m_arraycontroller.value(keyPath).typeId() == QMetaType::Bool)
+        return {};
+    return keyPath + QString(" %1").arg(reinterpret_cast<quintptr>(selected.get()));
+}
+
+void LWAppDelegate::finishEdit(const QString &name, const QString &typing)
+{
+    m_history.record(name, typing);
     update();
 }
 
@@ -193,117 +213,51 @@ void LWAppDelegate::choosePattern(qint64 pattern)
     observeValueForKeyPath(updatePatternPath);
 }
 
-void LWAppDelegate::saveProject()
+DocumentState LWAppDelegate::state(const DocumentState &before) const
 {
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
-    if (!chosen)
-        return;
-    const QString path = FileBytes::withExtension(*chosen, ProjectFile::extension);
-    const Result<void> written = ProjectFile::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()});
-    if (!written)
-        return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
-    m_userInterface.noteRecentDocument(path);
+    return {m_file,
+            QSize(m_OutputWidth, m_OutputHeight),
+            statesOf(allScreensArray(), before.layers),
+            statesOf(presetScreensArray(), before.presets),
+            m_arraycontroller.selectionIndexes(),
+            m_arraycontroller.selectionIndex(),
+            m_presetarraycontroller.selectionIndexes(),
+            m_selectedRow};
 }
 
-void LWAppDelegate::openProject()
+void LWAppDelegate::setState(const DocumentState &state)
 {
-    if (const std::optional<QString> path = m_userInterface.runModalOpenPanel())
-        load(*path);
-    m_shouldUpdate = true;
-    update();
-}
-
-void LWAppDelegate::openProjectPre(const QString &path)
-{
-    load(path);
-    m_shouldUpdate = true;
-    update();
-}
-
-void LWAppDelegate::load(const QString &path)
-{
-    const bool isText = QFileInfo(path).suffix().compare(ProjectText::extension, Qt::CaseInsensitive) == 0;
-    const Result<Project> project = isText ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
-    if (!project)
-        return m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
-    m_userInterface.noteRecentDocument(path);
-    m_OutputHeight = project->outputHeight;
-    m_OutputWidth = project->outputWidth;
-    replaceLayers(project->layers);
-    tellWallsTooLarge();
-}
-
-void LWAppDelegate::tellWallsTooLarge()
-{
-    for (int index = 0; index < std::ssize(allScreensArray()); ++index) {
-        const Layer &layer = *allScreensArray()[static_cast<std::size_t>(index)];
-        const qint64 width = qint64{layer.col()} * layer.panelWidth();
-        const qint64 height = qint64{layer.row()} * layer.panelHeight();
-        if (width > 0 && height > 0 && !Raster::canHold(width, height))
-            return m_userInterface.tellFailure(
-                QString("Layer %1 is a wall of %2 x %3 pixels, too large to draw; make it smaller.")
-                    .arg(index)
-                    .arg(width)
-                    .arg(height));
+    if (m_recovery && state.file != m_file) {
+        m_recovery->leave();
+        m_recovery->documentWasSaved(*state.file);
     }
+    setFile(state.file);
+    m_OutputWidth = state.output.width();
+    m_OutputHeight = state.output.height();
+    m_arraycontroller.setLayers(restored(state.layers), state.selection, state.shown);
+    m_presetarraycontroller.setLayers(restored(state.presets), state.presetSelection);
+    m_selectedRow = state.selectedRow;
+
+    // Shown as it was: an update would render the selected layer anew, and its aspect lock would change it.
+    m_hwchange = true;
+    m_hwchangeVal.clear();
+    m_updateWasSwallowed = false;
+    showMarker(state);
+    composeOutput();
+    m_userInterface.reloadTable();
+    calculatePower();
+    m_userInterface.repaintCanvas();
 }
 
-void LWAppDelegate::replaceLayers(const std::vector<LayerPointer> &layers)
+/// Has a selected still draw its marker where it is now.
+void LWAppDelegate::showMarker(const DocumentState &state)
 {
-    std::vector<qsizetype> previous(allScreensArray().size());
-    std::iota(previous.begin(), previous.end(), std::ssize(layers));
-    qsizetype index = 0;
-    for (const LayerPointer &layer : layers)
-        m_arraycontroller.insertObjectAtArrangedObjectIndex(layer, index++);
-    m_arraycontroller.removeObjectsAtArrangedObjectIndexes(previous);
-    m_arraycontroller.setSelectionIndex(0);
-}
-
-bool LWAppDelegate::applicationOpenFile(const QString &path)
-{
-    if (path.isEmpty())
-        m_userInterface.alert("No File Found", "File Not Found");
-    else
-        m_preOpenFile = path;
-    return true;
-}
-
-void LWAppDelegate::saveAction()
-{
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
-    if (!chosen)
+    tableViewSelectionDidChange(m_arraycontroller.selectionIndex());
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    if (!qobject_cast<LWStill *>(selected.get()))
         return;
-    const QString path = FileBytes::withExtension(*chosen, "png");
-    if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
-        return tellFailedExport("PNG", written.error());
-    m_userInterface.tellStatus("Exported " + QFileInfo(path).fileName());
-}
-
-void LWAppDelegate::savePSD()
-{
-    if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
-        return tellFailedExport("PSD", fits.error());
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
-    if (!chosen)
-        return;
-
-    const QString path = *chosen + '.' + PSDExport::extension; // whatever was typed: "a.psd" becomes "a.psd.psd"
-    const QString name = QFileInfo(path).fileName();
-    const auto progress = [&](double done) { return m_userInterface.showProgress("Exporting " + name, done); };
-    const Result<PSDExport::Outcome> outcome =
-        PSDExport::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()}, m_screenNumber, progress);
-    progress(1);
-    m_userInterface.reloadTable(); // layers may have got names
-    if (!outcome)
-        return tellFailedExport("PSD", outcome.error());
-    const bool isWritten = *outcome == PSDExport::Outcome::Written;
-    m_userInterface.tellStatus(isWritten ? "Exported " + name : "Cancelled the export of " + name);
-}
-
-void LWAppDelegate::tellFailedExport(const char *format, const Error &error)
-{
-    qWarning("There was an error writing the %s: %s", format, qUtf8Printable(error.text));
-    m_userInterface.tellFailure("Cannot export " + error.text);
+    selected->drawInRect();
+    state.layers[static_cast<std::size_t>(m_arraycontroller.selectionIndex())].apply(); // the sizes that it wrote
 }
 
 void LWAppDelegate::voltageSelect(qint64 tag)

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "app/Composition.h"
+#include "app/DocumentHistory.h"
 #include "app/LayerList.h"
+#include "app/ManagedObjectContext.h"
+#include "app/RecoveryCopy.h"
 #include "app/UserInterface.h"
 #include "drawing/Colour.h"
 #include "layer/LayerHost.h"
@@ -10,27 +13,58 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+#include <optional>
+#include <vector>
+
 /// The document and its controller: owns the layers, carries the actions by name, and conducts the pieces that do the
 /// work (Composition, ProjectFile, PngFile, PSDExport, PowerCalculator). Main thread only.
-class LWAppDelegate final : public QObject, public LayerHost
+class LWAppDelegate final : public QObject, public LayerHost, private UndoableDocument
 {
     Q_OBJECT
     /// Output size in pixels. Plain setters notify nobody; setValue() does.
     Q_PROPERTY(int OutputWidth READ OutputWidth WRITE setOutputWidth)
     Q_PROPERTY(int OutputHeight READ OutputHeight WRITE setOutputHeight)
+    /// Parts of a store that quitting would take care of; nothing makes them, so they stay empty.
+    Q_PROPERTY(QObject *persistentStoreCoordinator MEMBER m_persistentStoreCoordinator)
+    Q_PROPERTY(QObject *managedObjectModel MEMBER m_managedObjectModel)
 
 public:
-    /// An empty document. `userInterface` outlives it.
-    explicit LWAppDelegate(UserInterface &userInterface);
+    /// An empty document. `userInterface` outlives it. Unsaved work is kept in `recoveryFolder`; where that is empty,
+    /// nowhere.
+    explicit LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder = {});
     ~LWAppDelegate() override;
 
-    /// Makes the first document: one screen named "Layer 0" on an output of 1920 x 1080; then opens the file that was
-    /// handed over before, if any.
+    /// Makes the first document: one screen named "Layer 0" on an output of 1920 x 1080; the 31 presets; then opens the
+    /// file that was handed over before, if any.
     void applicationDidFinishLaunching();
+    /// What becomes of a request to quit.
+    enum class TerminateReply
+    {
+        Now,
+        Cancel
+    };
+    /// Without a store, which is always: to end now. The document itself is never asked about.
+    TerminateReply applicationShouldTerminate();
+    /// The store; null: none. It outlives the document.
+    void setManagedObjectContext(ManagedObjectContext *context) { m_managedObjectContext = context; }
+    /// Where the platform keeps programs' files, with this one's identifier behind it. Nothing is kept there.
+    QString applicationFilesDirectory() const;
 
     /// The list that table and inspector share; the document's layers, topmost first.
     LayerList &arraycontroller() { return m_arraycontroller; }
     const std::vector<LayerPointer> &allScreensArray() const { return m_arraycontroller.layers(); }
+    /// The presets, in the order of their table.
+    LayerList &presetarraycontroller() { return m_presetarraycontroller; }
+    const std::vector<LayerPointer> &presetScreensArray() const { return m_presetarraycontroller.layers(); }
+    /// The row after which new layers come in; written by duplicating alone.
+    qint64 selectedRow() const { return m_selectedRow; }
+    /// The number in the name of the layer that was named last. It only grows.
+    int screenNumber() const { return m_screenNumber; }
+    /// Undo and redo.
+    QUndoStack &undoStack() { return m_history.stack(); }
+    /// The project file that the document belongs to; empty: none.
+    const QString &projectPath() const { return *m_file; }
 
     int OutputWidth() const override { return m_OutputWidth; }
     void setOutputWidth(int pixels) { m_OutputWidth = pixels; }
@@ -65,8 +99,63 @@ public:
     /// A value was edited: renders the selected layer and updates. "updatePattern" takes pattern() over into it first.
     void observeValueForKeyPath(const QString &keyPath);
 
+    /// Typing in a field has ended: the next edit of the same value is a step of its own.
+    void endTyping() { m_history.endTyping(); }
+    /// An edit was made with plain setters: it becomes a step of the history under that name, and is shown. Edits in a
+    /// row with the same `typing` that is not empty are one step.
+    void finishEdit(const QString &name, const QString &typing = {});
+
+    /// Shows the sheet that offers what to add, and hides it.
+    void add();
+    void CancelAddWindow();
+    /// Adds a small red screen under the next name.
+    void AddScreen();
+    /// Asks for a picture and adds it as a still; one that cannot be read becomes a still without a picture.
+    void AddImage();
+    /// There are no masks: a line in the log is all.
+    void AddMask(const QObject *sender = nullptr);
+    /// Removes the selected layers; an alert where the list has but one.
+    void remove();
+    /// Nothing; there for what is bound to it.
+    void removeSelectedScreen() {}
+    /// Duplicates the selected layer and selects the copy.
+    void copyLayer();
+    /// A copy that holds exactly what an archive of the layer holds; null, told in the status line, where it cannot be
+    /// made.
+    LayerPointer createCopyOfLayerThroughArch(const LayerPointer &layer);
+
+    /// A drag of rows began in one of the two tables.
+    void tableViewWriteRowsWithIndexes(const LayerList &table);
+    /// Rows were dropped on a table before its row `row`. Of those dragged only `index` counts: within a table it is
+    /// moved, from the other one it is copied.
+    void tableViewAcceptDrop(LayerList &table, qsizetype index, qsizetype row);
+    /// Another row is selected; -1 leaves the selection as it was. Shows its pattern and its marker.
+    void tableViewSelectionDidChange(qsizetype selectedRow);
+
+    /// Removes the selected presets; an alert where the list has but one.
+    void removePreset();
+    /// Asks where, and writes the presets; a failure is an alert.
+    void savePresets();
+    /// Asks which, and opens a preset library in place of the presets. A file that cannot be opened is an alert and
+    /// changes nothing.
+    void openPresets();
+
+    void openAbout();
+    void closeAbout();
+    void openHelp();
+    void closeHelp();
+    /// Shows the output preview.
+    void openPvw();
+    /// Open the maker's pages in the browser.
+    void Orvurllink();
+    void orvsoftwareurl();
+    void webupdatecheck();
+    void orvsoftwarehelpurl();
+
     /// Asks where, and writes the project; a failure is an alert.
     void saveProject();
+    /// Writes the project to the file that it belongs to; saveProject() where there is none.
+    void save();
     /// Asks which, and opens it. A file that cannot be opened is an alert and changes nothing.
     void openProject();
     /// Opens the project at `path`; where its name ends in ".json", its JSON form.
@@ -76,6 +165,14 @@ public:
     bool applicationOpenFile(const QString &path);
     /// The file to open at launch; null: none.
     const QString &preOpenFile() const { return m_preOpenFile; }
+    /// Unsaved work of programs that have ended, newest first.
+    std::vector<FoundCopy> recoverable() const;
+    /// Puts such work in the place of the document. An alert where that cannot be done.
+    void recover(const FoundCopy &copy);
+    /// Removes such work for good. An alert where that cannot be done.
+    void discardRecoverable(const FoundCopy &copy);
+    /// Keeps at once what has no copy yet.
+    void keepUnsavedWork();
     /// Asks where, and writes the composed output as PNG; a failure goes to the log and the status line.
     void saveAction();
     /// Asks where, and exports the layers as a layered file; ".psd" is appended to whatever name was chosen. Layers
@@ -103,20 +200,53 @@ public:
     void hideRectangle() override { m_userInterface.hideRectangle(); }
     void choosePattern(qint64 pattern) override;
 
+signals:
+    /// The document belongs to another file now; empty: to none.
+    void projectPathDidChange(const QString &path);
+
 private:
+    /// Which table the last drag began in.
+    enum class DraggedTable
+    {
+        None,
+        Layers,
+        Presets
+    };
+
+    DocumentState state(const DocumentState &before) const override;
+    void setState(const DocumentState &state) override;
+    void connectLists();
+    void connectRecovery();
+
     void compose();
+    void composeOutput();
+    void renderForInspector(Layer &layer);
+    void showMarker(const DocumentState &state);
+    QString typingOn(const QString &keyPath) const;
+    void updateAgainSoon();
     void applyAspectLock(Layer &layer) const;
     void gateTimerFired();
     void load(const QString &path);
     /// Tells of the first wall that shows nothing because no raster can hold it.
     void tellWallsTooLarge();
-    void replaceLayers(const std::vector<LayerPointer> &layers);
+    /// Puts another document in the place of this one. `name` is what undoing that is called after.
+    void showProject(const Project &project, const QString &path, const QString &name);
+    void setFile(std::shared_ptr<QString> file);
+    void writeProject(const QString &path);
+    void documentIsInFile();
+    void insertAndSelect(const LayerPointer &layer, qsizetype index);
+    void insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row);
+    void tellListCannotBeEmpty();
     /// `format`: "PNG". The error's text begins with what could not be exported.
     void tellFailedExport(const char *format, const Error &error);
 
     UserInterface &m_userInterface;
     LayerList m_arraycontroller;
+    LayerList m_presetarraycontroller;
     Composition m_composition;
+    DocumentHistory m_history{*this};
+    std::optional<RecoveryCopy> m_recovery;
+    std::shared_ptr<QString> m_file = std::make_shared<QString>();
 
     int m_OutputWidth = 0;
     int m_OutputHeight = 0;
@@ -131,9 +261,15 @@ private:
     QString m_hwchangeVal;
 
     int m_screenNumber = 0;
+    qint64 m_selectedRow = 0;
+    DraggedTable m_draggedTV = DraggedTable::None;
     int m_popupIndex = 0;
     qint64 m_pattern = 0;
     qint64 m_voltageCalc = 0;
     qint64 m_phaseCalc = 0;
     QString m_preOpenFile;
+
+    ManagedObjectContext *m_managedObjectContext = nullptr;
+    QObject *m_persistentStoreCoordinator = nullptr;
+    QObject *m_managedObjectModel = nullptr;
 };

@@ -64,4 +64,14 @@ Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &record
     return layers;
 }
 
+Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host)
+{
+    const Result<ArchiveValue> archive = KeyedArchive::write(encode(layers)).and_then(read);
+    if (!archive)
+        return tl::unexpected(archive.error());
+    return archive->toList("the root").and_then([&](const ArchiveList &records) {
+        return decode(*records, "layer", host);
+    });
+}
+
 } // namespace LayerArchive

@@ -5,8 +5,13 @@
 #include <QMetaProperty>
 
 #include <algorithm>
+#include <iterator>
+#include <utility>
 
 namespace {
+/// What no row has, not even none.
+constexpr qsizetype noRow = -2;
+
 /// The name of the property that a key path names; empty where it names none.
 QByteArray propertyName(const QString &keyPath)
 {
@@ -29,10 +34,58 @@ LayerPointer LayerList::layer(qsizetype index) const
 
 void LayerList::setSelectionIndex(qsizetype index)
 {
-    if (!layer(index) || index == m_selectionIndex)
+    if (layer(index))
+        select({index}, index);
+}
+
+void LayerList::setSelectionIndexes(std::vector<qsizetype> indexes, qsizetype shown)
+{
+    std::sort(indexes.begin(), indexes.end());
+    indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
+    std::erase_if(indexes, [this](qsizetype index) { return !layer(index); });
+    if (indexes.empty())
         return;
-    m_selectionIndex = index;
-    emit selectionIndexDidChange(index);
+    const bool isSelected = std::binary_search(indexes.begin(), indexes.end(), shown);
+    const qsizetype first = indexes.front();
+    select(std::move(indexes), isSelected ? shown : first);
+}
+
+void LayerList::select(std::vector<qsizetype> indexes, qsizetype shown)
+{
+    const bool isSame = indexes == m_selectionIndexes;
+    m_selectionIndexes = std::move(indexes);
+    if (std::exchange(m_selectionIndex, shown) != shown)
+        emit selectionIndexDidChange(shown);
+    if (!isSame)
+        emit selectionIndexesDidChange();
+}
+
+void LayerList::setLayers(std::vector<LayerPointer> layers, std::vector<qsizetype> selection, qsizetype shown)
+{
+    if (layers == m_layers && !layers.empty()) {
+        emit dataChanged(index(0), index(rowCount() - 1)); // views keep their place
+        return setSelectionIndexes(std::move(selection), shown);
+    }
+    beginResetModel();
+    m_layers = std::move(layers);
+    m_selectionIndexes.clear();
+    m_selectionIndex = noRow;
+    endResetModel();
+    setSelectionIndexes(std::move(selection), shown);
+    if (m_selectionIndex == noRow)
+        setSelectionIndexes({0});
+    if (m_selectionIndex == noRow)
+        select({}, -1);
+}
+
+/// Takes the selection to where its rows are now.
+void LayerList::moveSelection(const std::function<qsizetype(qsizetype)> &placeOf)
+{
+    std::vector<qsizetype> moved;
+    std::transform(m_selectionIndexes.begin(), m_selectionIndexes.end(), std::back_inserter(moved), placeOf);
+    std::sort(moved.begin(), moved.end());
+    const qsizetype shown = m_selectionIndex < 0 ? -1 : placeOf(m_selectionIndex);
+    select(std::move(moved), shown);
 }
 
 void LayerList::insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsizetype index)
@@ -40,12 +93,11 @@ void LayerList::insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsi
     const qsizetype row = std::clamp<qsizetype>(index, 0, std::ssize(m_layers));
     beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
     m_layers.insert(m_layers.begin() + row, layer);
-    const bool selectionMoves = row <= m_selectionIndex || m_selectionIndex < 0;
-    if (selectionMoves)
-        m_selectionIndex = m_selectionIndex < 0 ? row : m_selectionIndex + 1;
     endInsertRows();
-    if (selectionMoves)
-        emit selectionIndexDidChange(m_selectionIndex);
+    if (m_selectionIndex < 0)
+        setSelectionIndex(row);
+    else
+        moveSelection([row](qsizetype selected) { return selected < row ? selected : selected + 1; });
 }
 
 void LayerList::removeObjectAtArrangedObjectIndex(qsizetype index)
@@ -54,13 +106,20 @@ void LayerList::removeObjectAtArrangedObjectIndex(qsizetype index)
         return;
     beginRemoveRows({}, static_cast<int>(index), static_cast<int>(index));
     m_layers.erase(m_layers.begin() + index);
-    const bool isAnother = index <= m_selectionIndex;
-    const bool selectionMovesUp = index < m_selectionIndex || m_selectionIndex == std::ssize(m_layers);
-    if (selectionMovesUp)
-        --m_selectionIndex;
     endRemoveRows();
-    if (isAnother)
-        emit selectionIndexDidChange(m_selectionIndex);
+    std::vector<qsizetype> stay = m_selectionIndexes;
+    std::erase(stay, index);
+    for (qsizetype &selected : stay)
+        selected -= selected > index ? 1 : 0;
+    if (m_selectionIndex != index)
+        return select(std::move(stay), m_selectionIndex - (m_selectionIndex > index ? 1 : 0));
+
+    // Another comes before the inspector: one that is selected too, or the neighbour.
+    if (stay.empty() && !m_layers.empty())
+        stay = {std::min<qsizetype>(index, std::ssize(m_layers) - 1)};
+    m_selectionIndex = noRow; // it may have the same row
+    const qsizetype shown = stay.empty() ? -1 : stay.front();
+    select(std::move(stay), shown);
 }
 
 void LayerList::removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes)
@@ -85,16 +144,14 @@ void LayerList::moveObjectAtArrangedObjectIndex(qsizetype index, qsizetype row)
     else
         std::rotate(moved, moved + 1, place);
 
-    const qsizetype previousSelection = m_selectionIndex;
-    if (m_selectionIndex == index)
-        m_selectionIndex = row < index ? row : row - 1;
-    else if (m_selectionIndex > index && m_selectionIndex < row)
-        --m_selectionIndex;
-    else if (m_selectionIndex < index && m_selectionIndex >= row)
-        ++m_selectionIndex;
     endMoveRows();
-    if (m_selectionIndex != previousSelection)
-        emit selectionIndexDidChange(m_selectionIndex);
+    moveSelection([index, row](qsizetype selected) {
+        if (selected == index)
+            return row < index ? row : row - 1;
+        if (selected > index && selected < row)
+            return selected - 1;
+        return selected < index && selected >= row ? selected + 1 : selected;
+    });
 }
 
 bool LayerList::setValue(const QVariant &value, const QString &keyPath)
@@ -163,6 +220,7 @@ QStringList LayerList::mimeTypes() const
 
 QMimeData *LayerList::mimeData(const QModelIndexList &indexes) const
 {
+    emit dragDidStart();
     return RowPasteboard::write(indexes);
 }
 

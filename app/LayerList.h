@@ -4,10 +4,11 @@
 
 #include <QAbstractListModel>
 
+#include <functional>
 #include <vector>
 
-/// An ordered list of layers with a selection: what a layer table shows and an inspector edits. Index 0 is the first
-/// row and the topmost layer. Every change of the list goes through here, so that views follow.
+/// An ordered list of layers with a selection of one or more rows: what a layer table shows and an inspector edits.
+/// Index 0 is the first row and the topmost layer. Every change of the list goes through here, so that views follow.
 ///
 /// Views see one column: the label (DisplayRole, EditRole) and the eye (CheckStateRole); layer() gives the rest.
 /// Rows are dragged as a RowPasteboard and dropped anywhere, under every operation; what a drop does is up to the
@@ -24,10 +25,15 @@ public:
     /// The layer of a row; null where there is no such row.
     LayerPointer layer(qsizetype index) const;
 
-    /// The selected row; -1 only while the list is empty.
+    /// The selected row that the inspector shows; -1 only while the list is empty.
     qsizetype selectionIndex() const { return m_selectionIndex; }
-    /// Rows that do not exist are not selected; the selection stays.
+    /// Selects this row alone. Rows that do not exist are not selected; the selection stays.
     void setSelectionIndex(qsizetype index);
+    /// All selected rows, rising; selectionIndex() is among them.
+    const std::vector<qsizetype> &selectionIndexes() const { return m_selectionIndexes; }
+    /// Selects several rows; `shown`, one of them, becomes selectionIndex(), or else the first does. Rows that do not
+    /// exist are left out; without any row the selection stays.
+    void setSelectionIndexes(std::vector<qsizetype> indexes, qsizetype shown = -1);
     /// Null while the list is empty.
     LayerPointer selectedLayer() const { return layer(m_selectionIndex); }
 
@@ -41,6 +47,9 @@ public:
     /// Moves the row `index` before what is now the row `row` (0 to the number of layers): 1 before 4 ends at 3,
     /// 4 before 1 ends at 1. The selection stays with its layer. Rows that do not exist change nothing.
     void moveObjectAtArrangedObjectIndex(qsizetype index, qsizetype row);
+
+    /// Replaces all layers at once, and selects as setSelectionIndexes() does, or the first row.
+    void setLayers(std::vector<LayerPointer> layers, std::vector<qsizetype> selection, qsizetype shown = -1);
 
     /// Edits a property of the selected layer, "arrangedObjects.panelWidth", and tells it with valueDidChange().
     /// Returns whether there was such a property to edit and the value fits it; otherwise nothing happens.
@@ -67,6 +76,10 @@ signals:
     /// A property was edited by its key path; plain setters of a layer do not lead here.
     void valueDidChange(const QString &keyPath);
     void selectionIndexDidChange(qsizetype index);
+    /// Any change of selectionIndexes(); after selectionIndexDidChange() where that changes too.
+    void selectionIndexesDidChange();
+    /// A drag of rows has begun.
+    void dragDidStart() const;
     /// Rows were dropped before the row `row`, 0 to the number of layers. Only the first of them, `index`, counts; it
     /// is a row of the list that the drag began in, and may be beyond it.
     void rowWasDropped(qsizetype index, qsizetype row);
@@ -74,6 +87,10 @@ signals:
 private:
     bool setLayerValue(qsizetype index, const QVariant &value, const QString &keyPath);
 
+    void select(std::vector<qsizetype> indexes, qsizetype shown);
+    void moveSelection(const std::function<qsizetype(qsizetype)> &placeOf);
+
     std::vector<LayerPointer> m_layers;
+    std::vector<qsizetype> m_selectionIndexes;
     qsizetype m_selectionIndex = -1;
 };

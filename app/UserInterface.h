@@ -4,6 +4,7 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -18,6 +19,24 @@ public:
     virtual std::optional<QString> runModalOpenPanel() = 0;
     /// Asks where to save; the name comes back as it was typed. Returns nullopt when the panel was cancelled.
     virtual std::optional<QString> runModalSavePanel() = 0;
+    /// Shows a message with buttons and returns when one of them closed it.
+    virtual void ask(const QString &message, const QString &informativeText, const QStringList &buttons) = 0;
+    /// Shows why something failed. Returns whether that was dealt with, so that what was under way is called off.
+    virtual bool presentError(const QString &text) = 0;
+    /// Sheets over the main window.
+    enum class Sheet
+    {
+        AddWindow,
+        About,
+        Help
+    };
+    virtual void beginSheet(Sheet sheet) = 0;
+    /// Hides it, if it is shown.
+    virtual void endSheet(Sheet sheet) = 0;
+    /// Shows the window with the composed output alone.
+    virtual void showOutputPreview() = 0;
+    /// Opens a page in the person's browser.
+    virtual void openWebAddress(const QString &address) = 0;
     /// Shows a message with an "OK" button and returns when it was closed. `informativeText` may be empty.
     virtual void alert(const QString &message, const QString &informativeText) = 0;
     /// Tells, in the status line and without stopping anyone, that something could not be done.
@@ -39,8 +58,11 @@ public:
     virtual QSizeF canvasFrameSize() const = 0;
     virtual void setKScaleFactor(float factor) = 0;
     virtual void drawRectangle(const QRectF &rectangle) = 0;
-    /// Hides the marker around a selected still.
+    /// Shows and hides the marker around a selected still.
+    virtual void showRectangle() = 0;
     virtual void hideRectangle() = 0;
+    /// Turns on the button of a pattern, 0 to 7, and the others off.
+    virtual void showPattern(int pattern) = 0;
     /// Rows of the layer table may look different: a layer was rendered again.
     virtual void reloadTable() = 0;
     /// The power line, as it is to be shown: "Total Power: 72.73Amp".

@@ -146,6 +146,8 @@ public:
 
     /// Renders the layer: takes over its properties into its picture and sizes.
     virtual void drawInRect() = 0;
+    /// Lets go of a picture that the layer can draw again when it is asked for; any other stays.
+    virtual void releasePicture() {}
     /// A click at an output pixel, top-left origin.
     virtual void onImageClick(qint64 x, qint64 y) = 0;
     /// A copy by the rules of its kind, which do not take over everything.

@@ -73,6 +73,7 @@ public:
     /// Recomputes the sizes, has the host choose voltage and phases where a text needs them, and takes over the look;
     /// the pixels are drawn when the thumbnail is first asked for.
     void drawInRect() override;
+    void releasePicture() override;
     /// Switches the panel under the point off or on again; right of or below the wall nothing happens. Left of or
     /// above it the index is truncated toward zero or stored as a key that no panel has.
     void onImageClick(qint64 x, qint64 y) override;

@@ -88,6 +88,13 @@ QImage LWScreen::thumbnail() const
     return m_thumbnail;
 }
 
+void LWScreen::releasePicture()
+{
+    if (!m_pendingChart && !m_thumbnail.isNull())
+        m_pendingChart = std::make_unique<ScreenChart>(chartOf(*this, host()));
+    m_thumbnail = {};
+}
+
 void LWScreen::setThumbnail(const QImage &picture)
 {
     m_pendingChart.reset();

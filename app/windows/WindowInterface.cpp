@@ -3,12 +3,14 @@
 #include "app/FileBytes.h"
 #include "app/windows/ProgressDialog.h"
 
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QUrl>
 
 namespace {
 /// Wide enough for a long name, its size and its date.
@@ -129,6 +131,27 @@ void WindowInterface::alert(const QString &message, const QString &informativeTe
     QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Ok, &m_window);
     setUp(box, informativeText);
     box.exec();
+}
+
+void WindowInterface::ask(const QString &message, const QString &informativeText, const QStringList &buttons)
+{
+    QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::NoButton, &m_window);
+    setUp(box, informativeText);
+    for (const QString &button : buttons)
+        box.addButton(button, QMessageBox::ActionRole);
+    box.exec();
+}
+
+bool WindowInterface::presentError(const QString &text)
+{
+    alert(text, {});
+    return true;
+}
+
+void WindowInterface::openWebAddress(const QString &address)
+{
+    if (!QDesktopServices::openUrl(QUrl(address)))
+        tellFailure("Cannot open " + address + "; open it in a browser.");
 }
 
 bool WindowInterface::showProgress(const QString &what, double done)

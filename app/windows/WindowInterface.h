@@ -34,6 +34,12 @@ public:
     std::optional<QString> runModalOpenPanel() override;
     std::optional<QString> runModalSavePanel() override;
     void alert(const QString &message, const QString &informativeText) override;
+    void ask(const QString &message, const QString &informativeText, const QStringList &buttons) override;
+    bool presentError(const QString &text) override;
+    void beginSheet(Sheet sheet) override { emit sheetAsked(sheet); }
+    void endSheet(Sheet sheet) override { emit sheetDone(sheet); }
+    void showOutputPreview() override { emit outputPreviewAsked(); }
+    void openWebAddress(const QString &address) override;
     void tellFailure(const QString &sentence) override { emit failureTold(sentence); }
     void tellStatus(const QString &sentence) override { emit statusTold(sentence); }
     /// Work that is done within `patience` shows nothing.
@@ -46,12 +52,17 @@ public:
     QSizeF canvasFrameSize() const override { return {0, 0}; }
     void setKScaleFactor(float /*factor*/) override {}
     void drawRectangle(const QRectF & /*rectangle*/) override {}
+    void showRectangle() override {}
     void hideRectangle() override {}
+    void showPattern(int /*pattern*/) override {}
     void reloadTable() override { emit layersRendered(); }
     void showPowerResult(const QString &text) override { emit powerComputed(text); }
     void noteRecentDocument(const QString &path) override;
 
 signals:
+    void sheetAsked(Sheet sheet);
+    void sheetDone(Sheet sheet);
+    void outputPreviewAsked();
     void failureTold(const QString &sentence);
     void statusTold(const QString &sentence);
     void outputComposed(const QImage &output);

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QStringList>
 
+#include <set>
+
 /// A person who does what the test wrote down, and remembers what was said.
 class ScriptedInterface final : public UserInterface
 {
@@ -13,6 +15,13 @@ public:
     {
         QString message;
         QString informativeText;
+    };
+
+    struct Question
+    {
+        QString message;
+        QString informativeText;
+        QStringList buttons;
     };
 
     std::optional<QString> runModalOpenPanel() override { return openPanelAnswer; }
@@ -25,6 +34,19 @@ public:
     {
         alerts.append({message, informativeText});
     }
+    void ask(const QString &message, const QString &informativeText, const QStringList &buttons) override
+    {
+        questions.append({message, informativeText, buttons});
+    }
+    bool presentError(const QString &text) override
+    {
+        presentedErrors.append(text);
+        return dealsWithErrors;
+    }
+    void beginSheet(Sheet sheet) override { sheets.insert(sheet); }
+    void endSheet(Sheet sheet) override { sheets.erase(sheet); }
+    void showOutputPreview() override { ++timesPreviewed; }
+    void openWebAddress(const QString &address) override { webAddresses.append(address); }
     void tellFailure(const QString &sentence) override { failures.append(sentence); }
     void tellStatus(const QString &sentence) override { statuses.append(sentence); }
     bool showProgress(const QString &what, double done) override
@@ -43,7 +65,13 @@ public:
     QSizeF canvasFrameSize() const override { return canvasFrame; }
     void setKScaleFactor(float factor) override { scaleFactor = factor; }
     void drawRectangle(const QRectF &rectangle) override { drawnRectangles.append(rectangle); }
-    void hideRectangle() override { ++timesHidden; }
+    void showRectangle() override { isMarkerShown = true; }
+    void hideRectangle() override
+    {
+        isMarkerShown = false;
+        ++timesHidden;
+    }
+    void showPattern(int shown) override { pattern = shown; }
     void reloadTable() override { ++timesReloaded; }
     void showPowerResult(const QString &text) override { powerResult = text; }
     void noteRecentDocument(const QString &path) override { recentDocuments.append(path); }
@@ -52,7 +80,14 @@ public:
     std::optional<QString> savePanelAnswer;
     double cancelsFrom = 2; ///< how much of a work is done when the person cancels it
 
+    bool dealsWithErrors = false;
+
     QList<Alert> alerts;
+    QList<Question> questions;
+    QStringList presentedErrors;
+    std::set<Sheet> sheets; ///< that are shown
+    int timesPreviewed = 0;
+    QStringList webAddresses;
     int timesAskedWhereToSave = 0;
     QStringList failures;
     QStringList statuses;
@@ -65,6 +100,8 @@ public:
     float scaleFactor = 0;    ///< of the marker, as last given
     QList<QRectF> drawnRectangles;
     int timesHidden = 0;
+    bool isMarkerShown = false;
+    int pattern = -1; ///< whose button is on; -1: none was turned on
     int timesReloaded = 0;
     QString powerResult;
     QStringList recentDocuments;

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/DocumentState.h"
+
+#include <QObject>
+#include <QString>
+#include <QUndoStack>
+
+/// What a history keeps steps of.
+class UndoableDocument
+{
+public:
+    virtual ~UndoableDocument() = default;
+
+    /// The document as it is. `before`: the last known state, whose unchanged parts are shared.
+    virtual DocumentState state(const DocumentState &before) const = 0;
+    /// Makes the document look like that again, and shows it.
+    virtual void setState(const DocumentState &state) = 0;
+};
+
+/// Undo and redo for a document. A step holds the whole document before and after it, shared where nothing changed, so
+/// that undoing brings back exactly what was there, whatever an edit has led to besides. Main thread only.
+class DocumentHistory final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Steps that are kept; the oldest goes first.
+    static constexpr int mostSteps = 500;
+
+    /// `document` outlives this.
+    explicit DocumentHistory(UndoableDocument &document);
+    ~DocumentHistory() override;
+
+    /// The steps, for menus and shortcuts: canUndo(), undoText(), isClean() and their signals.
+    QUndoStack &stack() { return m_stack; }
+
+    /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
+    /// nothing has. `name` follows "Undo": "Panel Width". Edits in a row with the same `typing` that is not empty are
+    /// one step.
+    void record(const QString &name, const QString &typing = {});
+    /// The next edit begins a step of its own, whatever it types on.
+    void endTyping() { m_typing.clear(); }
+    /// The document was rendered: what that has filled in belongs to the last edit.
+    void absorb();
+    /// Something else is selected: where undoing the next edit leads back to. Nothing in the middle of an edit, when
+    /// the content is another than after the last one.
+    void noteSelection();
+    /// Begins anew with the document as it is.
+    void clear();
+
+signals:
+    /// The document's content has changed, by an edit, by undo or by redo; stack() knows already.
+    void contentDidChange();
+
+private:
+    class Step;
+
+    void push(const QString &name, DocumentState before);
+    void replaceAfter();
+    bool lastStepIsOnTop() const;
+    void show(const DocumentState &state);
+
+    UndoableDocument &m_document;
+    QUndoStack m_stack;
+    DocumentState m_state;      ///< as last seen
+    Step *m_lastStep = nullptr; ///< the one that was made last; on top of the stack unless something was undone
+    QString m_typing;
+    bool m_isShowing = false; ///< a state is being brought back
+};

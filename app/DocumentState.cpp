@@ -1,0 +1,76 @@
+#include "app/DocumentState.h"
+
+#include "still/LWStill.h"
+
+#include <QMetaProperty>
+
+#include <unordered_map>
+
+namespace {
+/// The declared properties that are values of their own: neither the picture that is made from the others nor what
+/// lives elsewhere.
+std::vector<QMetaProperty> valueProperties(const QMetaObject &meta)
+{
+    static const int thumbnail = Layer::staticMetaObject.indexOfProperty("thumbnail");
+    std::vector<QMetaProperty> properties;
+    for (int i = Layer::staticMetaObject.propertyOffset(); i < meta.propertyCount(); ++i) {
+        const bool isReference = meta.property(i).metaType().flags().testFlag(QMetaType::PointerToQObject);
+        if (i != thumbnail && !isReference)
+            properties.push_back(meta.property(i));
+    }
+    return properties;
+}
+
+QVariantList valuesOf(const Layer &layer)
+{
+    QVariantList values;
+    for (const QMetaProperty &property : valueProperties(*layer.metaObject()))
+        values.append(property.read(&layer));
+    return values;
+}
+
+void setValues(Layer &layer, const QVariantList &values)
+{
+    auto value = values.begin();
+    for (const QMetaProperty &property : valueProperties(*layer.metaObject()))
+        property.write(&layer, *value++);
+}
+} // namespace
+
+LayerState LayerState::of(const LayerPointer &layer, const LayerState *before)
+{
+    QVariantList values = valuesOf(*layer);
+    if (before && *before->values == values)
+        return *before;
+    return {layer, std::make_shared<const QVariantList>(std::move(values))};
+}
+
+void LayerState::apply() const
+{
+    if (valuesOf(*layer) == *values)
+        return;
+    const auto still = std::dynamic_pointer_cast<LWStill>(layer);
+    const Address shownAddress = still ? still->ImageURL() : Address();
+    setValues(*layer, *values);
+    if (!still) {
+        layer->drawInRect();
+        setValues(*layer, *values); // rendering fills in what is missing
+    } else if (still->ImageURL() != shownAddress) {
+        still->loadThumbnail();
+    }
+}
+
+std::vector<LayerState> statesOf(const std::vector<LayerPointer> &layers, const std::vector<LayerState> &before)
+{
+    std::unordered_map<const Layer *, const LayerState *> known;
+    for (const LayerState &state : before)
+        known.emplace(state.layer.get(), &state);
+
+    std::vector<LayerState> states;
+    states.reserve(layers.size());
+    for (const LayerPointer &layer : layers) {
+        const auto found = known.find(layer.get());
+        states.push_back(LayerState::of(layer, found == known.end() ? nullptr : found->second));
+    }
+    return states;
+}

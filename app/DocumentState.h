@@ -1,0 +1,53 @@
+#pragma once
+
+#include "layer/Layer.h"
+
+#include <QSize>
+#include <QString>
+#include <QVariantList>
+
+#include <memory>
+#include <vector>
+
+/// Everything about a layer that an edit can change, with the layer that it belongs to. Pictures are not kept: a wall
+/// draws its own, and a still loads it again when its address changes.
+struct LayerState
+{
+    LayerPointer layer;
+    /// In the order of the layer's declared properties; shared by the states between which they did not change.
+    std::shared_ptr<const QVariantList> values;
+
+    bool operator==(const LayerState &other) const
+    {
+        return layer == other.layer && (values == other.values || *values == *other.values);
+    }
+
+    /// The layer as it is now. `before`: an earlier state of it or null; its values are shared where they are the same.
+    static LayerState of(const LayerPointer &layer, const LayerState *before);
+    /// Gives the layer these values, and the picture that belongs to them.
+    void apply() const;
+};
+
+/// A document at one moment, to come back to: the layers themselves, in their order, and what they looked like.
+struct DocumentState
+{
+    /// The project file that the document belongs to, empty while there is none. One string for all states of one
+    /// document: saving it under another name is no edit.
+    std::shared_ptr<QString> file;
+    QSize output; ///< pixels
+    std::vector<LayerState> layers;
+    std::vector<LayerState> presets;
+    std::vector<qsizetype> selection;       ///< rows of layers
+    qsizetype shown = -1;                   ///< the one of them that the inspector shows
+    std::vector<qsizetype> presetSelection; ///< rows of presets
+    qint64 selectedRow = 0;                 ///< see LWAppDelegate::selectedRow()
+
+    /// Whether both have the same content; the selection is not content.
+    bool hasContentOf(const DocumentState &other) const
+    {
+        return file == other.file && output == other.output && layers == other.layers && presets == other.presets;
+    }
+};
+
+/// The states of a list's layers; values are shared with those of `before`, where they are the same.
+std::vector<LayerState> statesOf(const std::vector<LayerPointer> &layers, const std::vector<LayerState> &before);

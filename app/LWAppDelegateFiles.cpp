@@ -1,0 +1,200 @@
+#include "app/FileBytes.h"
+#include "app/LWAppDelegate.h"
+#include "app/PSDExport.h"
+#include "app/PngFile.h"
+#include "app/ProjectText.h"
+#include "drawing/Raster.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace {
+bool isText(const QString &path)
+{
+    return QFileInfo(path).suffix().compare(ProjectText::extension, Qt::CaseInsensitive) == 0;
+}
+} // namespace
+
+void LWAppDelegate::saveProject()
+{
+    if (const std::optional<QString> chosen = m_userInterface.runModalSavePanel())
+        writeProject(FileBytes::withExtension(*chosen, ProjectFile::extension));
+}
+
+void LWAppDelegate::save()
+{
+    if (projectPath().isEmpty() || isText(projectPath()))
+        saveProject();
+    else
+        writeProject(projectPath());
+}
+
+void LWAppDelegate::writeProject(const QString &path)
+{
+    const Result<void> written = ProjectFile::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()});
+    if (!written)
+        return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
+    m_userInterface.noteRecentDocument(path);
+    *m_file = path;
+    documentIsInFile();
+    emit projectPathDidChange(path);
+}
+
+void LWAppDelegate::openProject()
+{
+    if (const std::optional<QString> path = m_userInterface.runModalOpenPanel())
+        load(*path);
+    m_shouldUpdate = true;
+    update();
+}
+
+void LWAppDelegate::openProjectPre(const QString &path)
+{
+    load(path);
+    m_shouldUpdate = true;
+    update();
+}
+
+void LWAppDelegate::load(const QString &path)
+{
+    const Result<Project> project = isText(path) ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
+    if (!project)
+        return m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
+    m_userInterface.noteRecentDocument(path);
+    if (m_recovery)
+        m_recovery->leave();
+    showProject(*project, path, "Open Project");
+    documentIsInFile();
+    tellWallsTooLarge();
+}
+
+void LWAppDelegate::showProject(const Project &project, const QString &path, const QString &name)
+{
+    setFile(std::make_shared<QString>(path));
+    m_OutputHeight = project.outputHeight;
+    m_OutputWidth = project.outputWidth;
+    m_arraycontroller.setLayers(project.layers, {0});
+    m_history.record(name);
+}
+
+void LWAppDelegate::setFile(std::shared_ptr<QString> file)
+{
+    if (std::exchange(m_file, file) == file)
+        return;
+    emit projectPathDidChange(projectPath());
+}
+
+void LWAppDelegate::documentIsInFile()
+{
+    m_history.endTyping();
+    m_history.stack().setClean();
+    if (m_recovery)
+        m_recovery->documentWasSaved(projectPath());
+}
+
+void LWAppDelegate::tellWallsTooLarge()
+{
+    for (int index = 0; index < std::ssize(allScreensArray()); ++index) {
+        const Layer &layer = *allScreensArray()[static_cast<std::size_t>(index)];
+        const qint64 width = qint64{layer.col()} * layer.panelWidth();
+        const qint64 height = qint64{layer.row()} * layer.panelHeight();
+        if (width > 0 && height > 0 && !Raster::canHold(width, height))
+            return m_userInterface.tellFailure(
+                QString("Layer %1 is a wall of %2 x %3 pixels, too large to draw; make it smaller.")
+                    .arg(index)
+                    .arg(width)
+                    .arg(height));
+    }
+}
+
+bool LWAppDelegate::applicationOpenFile(const QString &path)
+{
+    if (path.isEmpty())
+        m_userInterface.alert("No File Found", "File Not Found");
+    else
+        m_preOpenFile = path;
+    return true;
+}
+
+void LWAppDelegate::saveAction()
+{
+    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
+    if (!chosen)
+        return;
+    const QString path = FileBytes::withExtension(*chosen, "png");
+    if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
+        return tellFailedExport("PNG", written.error());
+    m_userInterface.tellStatus("Exported " + QFileInfo(path).fileName());
+}
+
+void LWAppDelegate::savePSD()
+{
+    if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
+        return tellFailedExport("PSD", fits.error());
+    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
+    if (!chosen)
+        return;
+
+    const QString path = *chosen + '.' + PSDExport::extension; // whatever was typed: "a.psd" becomes "a.psd.psd"
+    const QString name = QFileInfo(path).fileName();
+    const auto progress = [&](double done) { return m_userInterface.showProgress("Exporting " + name, done); };
+    const Result<PSDExport::Outcome> outcome =
+        PSDExport::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()}, m_screenNumber, progress);
+    progress(1);
+    m_userInterface.reloadTable(); // layers may have got names
+    m_history.record("Layer Names");
+    if (!outcome)
+        return tellFailedExport("PSD", outcome.error());
+    const bool isWritten = *outcome == PSDExport::Outcome::Written;
+    m_userInterface.tellStatus(isWritten ? "Exported " + name : "Cancelled the export of " + name);
+}
+
+void LWAppDelegate::tellFailedExport(const char *format, const Error &error)
+{
+    qWarning("There was an error writing the %s: %s", format, qUtf8Printable(error.text));
+    m_userInterface.tellFailure("Cannot export " + error.text);
+}
+
+void LWAppDelegate::connectRecovery()
+{
+    connect(&m_history, &DocumentHistory::contentDidChange, this, [this] {
+        if (m_history.stack().isClean())
+            m_recovery->documentWasSaved(projectPath());
+        else
+            m_recovery->contentDidChange();
+    });
+    connect(&*m_recovery, &RecoveryCopy::couldNotKeep, this,
+            [this](const QString &sentence) { m_userInterface.tellFailure(sentence); });
+}
+
+std::vector<FoundCopy> LWAppDelegate::recoverable() const
+{
+    return m_recovery ? m_recovery->found() : std::vector<FoundCopy>();
+}
+
+void LWAppDelegate::recover(const FoundCopy &copy)
+{
+    if (!m_recovery)
+        return;
+    const Result<Project> project = m_recovery->take(copy, *this);
+    if (!project)
+        return m_userInterface.alert("Cannot recover " + project.error().text, "The document is unchanged.");
+    showProject(*project, copy.projectPath, "Recover Project");
+    m_shouldUpdate = true;
+    update();
+}
+
+void LWAppDelegate::discardRecoverable(const FoundCopy &copy)
+{
+    if (!m_recovery)
+        return;
+    if (const Result<void> discarded = m_recovery->discard(copy); !discarded)
+        m_userInterface.alert("Cannot remove " + discarded.error().text, "It stays.");
+}
+
+void LWAppDelegate::keepUnsavedWork()
+{
+    if (m_recovery)
+        m_recovery->flush();
+}

@@ -1,0 +1,165 @@
+#include "app/DocumentLog.h"
+#include "app/LWAppDelegate.h"
+#include "app/LayerArchive.h"
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+#include "still/PictureFile.h"
+
+#include <QTimer>
+
+#include <algorithm>
+
+namespace {
+constexpr QLatin1StringView nameOfLayerTable{"mainTView"};
+constexpr QLatin1StringView nameOfPresetTable{"presetTView"};
+/// There is a button for each of these.
+constexpr qint64 patterns = 8;
+
+/// What a new screen looks like: one red panel, whose colours the person picks afterwards.
+LWScreen::Arguments newScreen(const QString &label)
+{
+    LWScreen::Arguments arguments;
+    arguments.row = 1;
+    arguments.col = 1;
+    arguments.panelWidth = 80;
+    arguments.panelHeight = 80;
+    arguments.rectColor = NamedColour::red;
+    arguments.rectColor2 = NamedColour::red;
+    arguments.boarderColor = NamedColour::white;
+    arguments.circleColor = NamedColour::white;
+    arguments.xyColor = NamedColour::white;
+    arguments.sfColor = NamedColour::white;
+    arguments.xyFontSize = 50;
+    arguments.bgEnable = true;
+    arguments.boarderEnable = true;
+    arguments.label = label;
+    arguments.circleEnable = true;
+    arguments.hiddenBoxes = QStringList();
+    return arguments;
+}
+} // namespace
+
+void LWAppDelegate::AddScreen()
+{
+    ++m_screenNumber;
+    const QString label = QString::asprintf("Layer %i", m_screenNumber);
+    insertAndSelect(LWScreen::initWithrow(*this, newScreen(label)), m_selectedRow + 1);
+    m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
+    finishEdit("Add Screen");
+}
+
+void LWAppDelegate::AddImage()
+{
+    const std::optional<QString> path = m_userInterface.runModalOpenPanel();
+    if (!path)
+        return;
+    const std::shared_ptr<const QImage> picture = PictureFile::load(*path);
+    const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
+    insertAndSelect(still, m_selectedRow + 1);
+    m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
+    still->setImageURL(Address::fromLocalFile(*path));
+    if (!picture)
+        m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
+    finishEdit("Add Image");
+}
+
+void LWAppDelegate::AddMask(const QObject *sender)
+{
+    qCDebug(lcDocument, "add mask %s", sender ? sender->metaObject()->className() : "(null)");
+}
+
+void LWAppDelegate::insertAndSelect(const LayerPointer &layer, qsizetype index)
+{
+    const qsizetype row = std::clamp<qsizetype>(index, 0, std::ssize(allScreensArray()));
+    m_arraycontroller.insertObjectAtArrangedObjectIndex(layer, row);
+    m_arraycontroller.setSelectionIndex(row);
+}
+
+void LWAppDelegate::tellListCannotBeEmpty()
+{
+    m_userInterface.alert("List Cannot be empty, Function was cancelled", {});
+}
+
+void LWAppDelegate::remove()
+{
+    if (allScreensArray().size() < 2)
+        return tellListCannotBeEmpty();
+    m_arraycontroller.removeObjectsAtArrangedObjectIndexes(m_arraycontroller.selectionIndexes());
+    finishEdit("Remove Layer");
+}
+
+void LWAppDelegate::copyLayer()
+{
+    qCDebug(lcDocument, "duplicate layer");
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    const LayerPointer copy = selected ? createCopyOfLayerThroughArch(selected) : nullptr;
+    if (!copy)
+        return;
+    copy->setLabel(copy->label() + " Copy");
+    insertAndSelect(copy, m_selectedRow + 1);
+    m_selectedRow = m_arraycontroller.selectionIndex();
+    finishEdit("Duplicate Layer");
+}
+
+LayerPointer LWAppDelegate::createCopyOfLayerThroughArch(const LayerPointer &layer)
+{
+    const Result<std::vector<LayerPointer>> copy = LayerArchive::copies({layer}, *this);
+    if (copy)
+        return copy->front();
+    m_userInterface.tellFailure("Cannot copy " + copy.error().text);
+    return nullptr;
+}
+
+void LWAppDelegate::tableViewWriteRowsWithIndexes(const LayerList &table)
+{
+    m_draggedTV = &table == &m_presetarraycontroller ? DraggedTable::Presets : DraggedTable::Layers;
+}
+
+void LWAppDelegate::tableViewAcceptDrop(LayerList &table, qsizetype index, qsizetype row)
+{
+    const bool isLayerTable = &table == &m_arraycontroller;
+    qCDebug(lcDocument, "MAKING COPY == %s %d", (isLayerTable ? nameOfLayerTable : nameOfPresetTable).data(),
+            static_cast<int>(m_draggedTV));
+    const DraggedTable own = isLayerTable ? DraggedTable::Layers : DraggedTable::Presets;
+    const LayerList &other = isLayerTable ? m_presetarraycontroller : m_arraycontroller;
+    if (m_draggedTV == own)
+        table.moveObjectAtArrangedObjectIndex(index, row);
+    else if (const LayerPointer dragged = other.layer(index))
+        insertCopy(dragged, table, row);
+    const QString what = isLayerTable ? "Layer" : "Preset";
+    finishEdit((m_draggedTV == own ? "Move " : "Insert ") + what);
+    updateAgainSoon();
+}
+
+void LWAppDelegate::insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row)
+{
+    const LayerPointer copy = createCopyOfLayerThroughArch(layer);
+    if (!copy)
+        return;
+    table.insertObjectAtArrangedObjectIndex(copy, row);
+    table.setSelectionIndex(row);
+}
+
+/// On the next turn of the event loop, and on the one after it.
+void LWAppDelegate::updateAgainSoon()
+{
+    QTimer::singleShot(0, this, [this] {
+        QTimer::singleShot(0, this, [this] { update(); });
+        update();
+    });
+}
+
+void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
+{
+    if (selectedRow >= 0 && selectedRow != m_arraycontroller.selectionIndex())
+        m_arraycontroller.setSelectionIndex(selectedRow);
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    if (selected && selected->pattern() >= 0 && selected->pattern() < patterns)
+        m_userInterface.showPattern(static_cast<int>(selected->pattern()));
+    if (qobject_cast<LWStill *>(selected.get()))
+        m_userInterface.showRectangle();
+    else
+        m_userInterface.hideRectangle();
+    m_history.endTyping();
+    m_history.noteSelection();
+}

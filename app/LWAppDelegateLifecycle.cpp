@@ -1,0 +1,136 @@
+#include "app/BuiltInPresets.h"
+#include "app/DocumentLog.h"
+#include "app/LWAppDelegate.h"
+#include "app/WebAddresses.h"
+#include "screen/LWScreen.h"
+
+#include <QStandardPaths>
+
+Q_LOGGING_CATEGORY(lcDocument, "wallwright.document", QtWarningMsg)
+
+using Sheet = UserInterface::Sheet;
+
+namespace {
+LWScreen::Arguments firstScreen()
+{
+    LWScreen::Arguments arguments;
+    arguments.row = 5;
+    arguments.col = 8;
+    arguments.panelWidth = 128;
+    arguments.panelHeight = 128;
+    arguments.rectColor = NamedColour::red;
+    arguments.rectColor2 = NamedColour::lightGray;
+    arguments.boarderColor = NamedColour::white;
+    arguments.circleColor = NamedColour::white;
+    arguments.xyColor = NamedColour::white;
+    arguments.sfColor = NamedColour::white;
+    arguments.xyFontSize = 50;
+    arguments.bgEnable = true;
+    arguments.boarderEnable = true;
+    arguments.circleEnable = true;
+    return arguments;
+}
+
+constexpr int firstScreenWatts = 200;
+} // namespace
+
+void LWAppDelegate::applicationDidFinishLaunching()
+{
+    LWScreen::Arguments arguments = firstScreen();
+    arguments.label = QString::asprintf("Layer %i", m_screenNumber);
+    const LayerPointer layer = LWScreen::initWithrow(*this, arguments, firstScreenWatts);
+    const std::vector<LayerPointer> presets = BuiltInPresets::make(*this);
+    m_OutputHeight = 1080;
+    m_OutputWidth = 1920;
+    m_shouldUpdate = true;
+    m_arraycontroller.setLayers({layer}, {0});
+    m_presetarraycontroller.setLayers(presets, {0});
+    update();
+    if (!m_preOpenFile.isNull())
+        openProjectPre(m_preOpenFile);
+    m_history.clear(); // nobody undoes the start
+}
+
+LWAppDelegate::TerminateReply LWAppDelegate::applicationShouldTerminate()
+{
+    if (!m_managedObjectContext)
+        return TerminateReply::Now;
+    if (!m_managedObjectContext->commitEditing()) {
+        qCDebug(lcDocument, "%s:%s unable to commit editing to terminate", metaObject()->className(),
+                "applicationShouldTerminate:");
+        return TerminateReply::Cancel;
+    }
+    if (!m_managedObjectContext->hasChanges())
+        return TerminateReply::Now;
+    const Result<void> saved = m_managedObjectContext->save();
+    if (saved)
+        return TerminateReply::Now;
+    if (m_userInterface.presentError(saved.error().text))
+        return TerminateReply::Cancel;
+    // Whichever button closes it, the program ends.
+    m_userInterface.ask("Could not save changes while quitting. Quit anyway?",
+                        "Quitting now will lose any changes you have made since the last successful save",
+                        {"Quit anyway", "Cancel"});
+    return TerminateReply::Now;
+}
+
+void LWAppDelegate::add()
+{
+    m_userInterface.beginSheet(Sheet::AddWindow);
+}
+
+void LWAppDelegate::CancelAddWindow()
+{
+    m_userInterface.endSheet(Sheet::AddWindow);
+}
+
+void LWAppDelegate::openAbout()
+{
+    m_userInterface.beginSheet(Sheet::About);
+}
+
+void LWAppDelegate::closeAbout()
+{
+    m_userInterface.endSheet(Sheet::About);
+}
+
+void LWAppDelegate::openHelp()
+{
+    m_userInterface.beginSheet(Sheet::Help);
+}
+
+void LWAppDelegate::closeHelp()
+{
+    m_userInterface.endSheet(Sheet::Help);
+}
+
+void LWAppDelegate::openPvw()
+{
+    m_userInterface.showOutputPreview();
+    qCDebug(lcDocument, "test");
+}
+
+void LWAppDelegate::Orvurllink()
+{
+    m_userInterface.openWebAddress(WebAddresses::home);
+}
+
+void LWAppDelegate::orvsoftwareurl()
+{
+    m_userInterface.openWebAddress(WebAddresses::software);
+}
+
+void LWAppDelegate::webupdatecheck()
+{
+    m_userInterface.openWebAddress(WebAddresses::software);
+}
+
+void LWAppDelegate::orvsoftwarehelpurl()
+{
+    m_userInterface.openWebAddress(WebAddresses::help);
+}
+
+QString LWAppDelegate::applicationFilesDirectory() const
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/" + WebAddresses::identifier;
+}

@@ -1,0 +1,31 @@
+#include "app/LWAppDelegate.h"
+#include "app/PresetLibrary.h"
+
+void LWAppDelegate::removePreset()
+{
+    if (presetScreensArray().size() < 2)
+        return tellListCannotBeEmpty();
+    m_presetarraycontroller.removeObjectsAtArrangedObjectIndexes(m_presetarraycontroller.selectionIndexes());
+    finishEdit("Remove Preset");
+}
+
+void LWAppDelegate::savePresets()
+{
+    const std::optional<QString> path = m_userInterface.runModalSavePanel();
+    if (!path)
+        return;
+    if (const Result<void> written = PresetLibrary::write(*path, presetScreensArray()); !written)
+        m_userInterface.alert("Cannot save " + written.error().text, "The presets are not saved.");
+}
+
+void LWAppDelegate::openPresets()
+{
+    const std::optional<QString> path = m_userInterface.runModalOpenPanel();
+    if (!path)
+        return;
+    const Result<std::vector<LayerPointer>> presets = PresetLibrary::read(*path, *this);
+    if (!presets)
+        return m_userInterface.alert("Cannot open " + presets.error().text, "The presets are unchanged.");
+    m_presetarraycontroller.setLayers(*presets, {0});
+    finishEdit("Open Presets");
+}
