@@ -152,6 +152,8 @@ public:
     void webupdatecheck();
     void orvsoftwarehelpurl();
 
+    /// Begins anew with one screen, as after the start.
+    void newProject();
     /// Asks where, and writes the project; a failure is an alert.
     void saveProject();
     /// Writes the project to the file that it belongs to; saveProject() where there is none.
@@ -215,6 +217,7 @@ private:
 
     DocumentState state(const DocumentState &before) const override;
     void setState(const DocumentState &state) override;
+    LayerPointer firstLayer();
     void connectLists();
     void connectRecovery();
 

@@ -32,16 +32,22 @@ LWScreen::Arguments firstScreen()
 }
 
 constexpr int firstScreenWatts = 200;
+constexpr QSize firstOutput{1920, 1080};
 } // namespace
 
-void LWAppDelegate::applicationDidFinishLaunching()
+LayerPointer LWAppDelegate::firstLayer()
 {
     LWScreen::Arguments arguments = firstScreen();
     arguments.label = QString::asprintf("Layer %i", m_screenNumber);
-    const LayerPointer layer = LWScreen::initWithrow(*this, arguments, firstScreenWatts);
+    return LWScreen::initWithrow(*this, arguments, firstScreenWatts);
+}
+
+void LWAppDelegate::applicationDidFinishLaunching()
+{
+    const LayerPointer layer = firstLayer();
     const std::vector<LayerPointer> presets = BuiltInPresets::make(*this);
-    m_OutputHeight = 1080;
-    m_OutputWidth = 1920;
+    m_OutputHeight = firstOutput.height();
+    m_OutputWidth = firstOutput.width();
     m_shouldUpdate = true;
     m_arraycontroller.setLayers({layer}, {0});
     m_presetarraycontroller.setLayers(presets, {0});
@@ -49,6 +55,16 @@ void LWAppDelegate::applicationDidFinishLaunching()
     if (!m_preOpenFile.isNull())
         openProjectPre(m_preOpenFile);
     m_history.clear(); // nobody undoes the start
+}
+
+void LWAppDelegate::newProject()
+{
+    if (m_recovery)
+        m_recovery->leave();
+    showProject({firstOutput.height(), firstOutput.width(), {firstLayer()}}, {}, "New Project");
+    documentIsInFile();
+    m_shouldUpdate = true;
+    update();
 }
 
 LWAppDelegate::TerminateReply LWAppDelegate::applicationShouldTerminate()

@@ -5,6 +5,9 @@
 
 #include <QScopedValueRollback>
 
+#include <utility>
+#include <vector>
+
 LayerTable::LayerTable(LayerList &list, QWidget *parent) : QListView(parent), m_list(list)
 {
     setAccessibleName("Layers");
@@ -13,29 +16,57 @@ LayerTable::LayerTable(LayerList &list, QWidget *parent) : QListView(parent), m_
     viewport()->setBackgroundRole(QPalette::Window);
     setUniformItemSizes(true);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setDragDropMode(QAbstractItemView::DragDrop);
+    setDragDropOverwriteMode(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
     setItemDelegate(new LayerDelegate(list, this));
+    // Around the views and selections that look for other rows when theirs go: nobody has chosen those.
+    connect(&list, &LayerList::rowsAboutToBeRemoved, this, [this] { m_rowsGo = true; });
     setModel(&list);
+    connect(&list, &LayerList::rowsRemoved, this, [this] { m_rowsGo = false; });
     connect(&list, &LayerList::selectionIndexDidChange, this, &LayerTable::followSelection);
+    connect(&list, &LayerList::selectionIndexesDidChange, this, &LayerTable::followSelection);
     followSelection();
 }
 
 void LayerTable::followSelection()
 {
-    setCurrentIndex(m_list.index(static_cast<int>(m_list.selectionIndex())));
+    const QScopedValueRollback guard(m_follows, true);
+    QItemSelection rows;
+    for (const qsizetype row : m_list.selectionIndexes()) {
+        const QModelIndex index = m_list.index(static_cast<int>(row));
+        rows.select(index, index);
+    }
+    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    const QModelIndex shown = m_list.index(static_cast<int>(m_list.selectionIndex()));
+    selectionModel()->setCurrentIndex(shown, QItemSelectionModel::NoUpdate);
+    scrollTo(shown);
 }
 
 void LayerTable::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
-    if (m_rowsGo || !current.isValid() || current.row() == m_list.selectionIndex())
-        return;
-    m_list.setSelectionIndex(current.row());
+    leadSelection();
 }
 
-void LayerTable::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+void LayerTable::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
-    const QScopedValueRollback guard(m_rowsGo, true);
-    QListView::rowsAboutToBeRemoved(parent, start, end);
+    QListView::selectionChanged(selected, deselected);
+    leadSelection();
+}
+
+/// Someone has selected rows. To select none is no choice: the list keeps what it had.
+void LayerTable::leadSelection()
+{
+    if (m_follows || m_rowsGo)
+        return;
+    std::vector<qsizetype> rows;
+    for (const QModelIndex &index : selectedIndexes())
+        rows.push_back(index.row());
+    if (rows.empty())
+        followSelection();
+    else
+        m_list.setSelectionIndexes(std::move(rows), currentIndex().row());
 }

@@ -4,7 +4,8 @@
 
 class LayerList;
 
-/// The layers of the document, topmost first. Its selected row and the list's selection are always the same.
+/// The layers of the document, topmost first. Its selected rows and the list's are always the same.
+/// Rows are dragged to another place, and from and to other tables.
 class LayerTable final : public QListView
 {
     Q_OBJECT
@@ -15,11 +16,13 @@ public:
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
-    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
+    void selectionChanged(const QItemSelection &selected, const QItemSelection &deselected) override;
 
 private:
     void followSelection();
+    void leadSelection();
 
     LayerList &m_list;
-    bool m_rowsGo = false; ///< Qt looks for another current row; nobody has chosen it
+    bool m_follows = false; ///< the list leads
+    bool m_rowsGo = false;  ///< from before rows are removed until they are
 };

@@ -1,22 +1,29 @@
 #include "app/windows/MainWindow.h"
 
+#include "app/Settings.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/OutputView.h"
 #include "app/windows/PowerBar.h"
 #include "app/windows/Theme.h"
 
+#include <QCloseEvent>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
-#include <QMenuBar>
+#include <QLocale>
 #include <QScreen>
 #include <QSplitter>
+#include <QTimer>
 #include <QVBoxLayout>
+
+#include <chrono>
 
 namespace {
 constexpr QSize firstSize{1280, 800};
 constexpr int layersWidth = 260;
 constexpr int leastLayersWidth = 160;
+/// Nobody waits for a folder to be read before there is a window.
+constexpr std::chrono::milliseconds afterFirstPaint{500};
 constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
 } // namespace
 
@@ -24,10 +31,10 @@ MainWindow::MainWindow()
 {
     Theme::apply();
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
-    showFile(nameOfNewDocument);
+    showFile({});
     resize(firstSize);
-    addFileMenu();
     addViews();
+    addMenus();
     connectDocument();
     connectViews();
 }
@@ -42,23 +49,13 @@ void MainWindow::start()
 {
     // On a screen that is no larger than the window wants to be, a frame would push its edges out of sight.
     const QSize room = screen()->availableSize();
-    if (room.width() > firstSize.width() && room.height() > firstSize.height())
+    if (restoreGeometry(Settings::windowGeometry()) ||
+        (room.width() > firstSize.width() && room.height() > firstSize.height()))
         show();
     else
         showMaximized();
     m_document.applicationDidFinishLaunching();
-}
-
-void MainWindow::addFileMenu()
-{
-    QMenu *menu = menuBar()->addMenu("&File");
-    menu->addAction("&Open...", Qt::CTRL | Qt::Key_O, this, &MainWindow::openProject);
-    menu->addAction("&Save...", Qt::CTRL | Qt::Key_S, this, &MainWindow::saveProject);
-    menu->addSeparator();
-    menu->addAction("&Export PNG...", Qt::CTRL | Qt::Key_E, this, &MainWindow::exportPng);
-    menu->addAction("Export &PSD...", Qt::CTRL | Qt::SHIFT | Qt::Key_E, this, &MainWindow::exportPsd);
-    menu->addSeparator();
-    menu->addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &MainWindow::close);
+    QTimer::singleShot(afterFirstPaint, this, &MainWindow::tellUnsavedWork);
 }
 
 QWidget *MainWindow::layersPanel()
@@ -111,7 +108,9 @@ void MainWindow::connectDocument()
     connect(&m_interface, &WindowInterface::powerComputed, m_powerBar, &PowerBar::showPowerResult);
     connect(&m_interface, &WindowInterface::failureTold, m_powerBar, &PowerBar::showFailure);
     connect(&m_interface, &WindowInterface::statusTold, m_powerBar, &PowerBar::showStatus);
-    connect(&m_interface, &WindowInterface::fileDidChange, this, &MainWindow::showFile);
+    connect(&m_document, &LWAppDelegate::projectPathDidChange, this, &MainWindow::showFile);
+    connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this,
+            [this](bool isClean) { setWindowModified(!isClean); });
 }
 
 void MainWindow::connectViews()
@@ -123,34 +122,30 @@ void MainWindow::connectViews()
 
 void MainWindow::showFile(const QString &path)
 {
+    m_interface.setFile(path);
     // "[*]" in a title is Qt's sign for a changed document; twice it is the text itself.
-    const QString name = QFileInfo(path).fileName().replace("[*]", "[*][*]");
-    setWindowTitle(name + " — Wallwright");
+    const QString name = path.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(path).fileName();
+    setWindowTitle(QString(name).replace("[*]", "[*][*]") + "[*] — Wallwright");
 }
 
-void MainWindow::openProject()
+void MainWindow::tellUnsavedWork()
 {
-    m_powerBar->clearMessage();
-    m_document.openProject();
+    const std::vector<FoundCopy> copies = m_document.recoverable();
+    if (!copies.empty())
+        m_powerBar->showStatus("Unsaved work: " + titleOf(copies.front()) + ". File > Recover");
 }
 
-void MainWindow::saveProject()
+QString MainWindow::titleOf(const FoundCopy &copy)
 {
-    m_powerBar->clearMessage();
-    m_interface.prepareSavePanel("Save project", "Orv");
-    m_document.saveProject();
+    const QString name =
+        copy.projectPath.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(copy.projectPath).fileName();
+    return name + ", " + QLocale().toString(copy.time.toLocalTime(), QLocale::ShortFormat);
 }
 
-void MainWindow::exportPng()
+void MainWindow::closeEvent(QCloseEvent *event)
 {
-    m_powerBar->clearMessage();
-    m_interface.prepareSavePanel("Export PNG", "png");
-    m_document.saveAction();
-}
-
-void MainWindow::exportPsd()
-{
-    m_powerBar->clearMessage();
-    m_interface.prepareSavePanel("Export PSD", "psd", WindowInterface::Appended::Always);
-    m_document.savePSD();
+    if (m_document.applicationShouldTerminate() == LWAppDelegate::TerminateReply::Cancel)
+        return event->ignore();
+    Settings::setWindowGeometry(saveGeometry());
+    event->accept();
 }

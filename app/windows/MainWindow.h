@@ -3,13 +3,17 @@
 #include "app/LWAppDelegate.h"
 #include "app/windows/WindowInterface.h"
 
+#include <QKeySequence>
 #include <QMainWindow>
 
+#include <functional>
+
 class LayerTable;
+class QMenu;
 class OutputView;
 class PowerBar;
 
-/// The main window and the document in it: the layer table, the composed output, the power line, and the file menu.
+/// The main window and the document in it: the menus, the layer table, the composed output and the power line.
 class MainWindow final : public QMainWindow
 {
     Q_OBJECT
@@ -27,20 +31,29 @@ public:
 
     LWAppDelegate &document() { return m_document; }
 
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
+    void addMenus();
     void addFileMenu();
+    void addEditMenu();
+    void addLayerMenu();
+    /// An action at whose start the message of the one before goes.
+    void addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act);
+    void listRecentFiles(QMenu &menu);
+    void listUnsavedWork(QMenu &menu);
     QWidget *layersPanel();
     void addViews();
     void connectDocument();
     void connectViews();
     void showFile(const QString &path);
-    void openProject();
-    void saveProject();
-    void exportPng();
-    void exportPsd();
+    void tellUnsavedWork();
+    /// "show.Orv, 21/11/2026 02:14"
+    static QString titleOf(const FoundCopy &copy);
 
     WindowInterface m_interface{*this};
-    LWAppDelegate m_document{m_interface};
+    LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
     LayerTable *m_layerTable;
     OutputView *m_outputView;
     PowerBar *m_powerBar;

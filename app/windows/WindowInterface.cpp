@@ -1,6 +1,7 @@
 #include "app/windows/WindowInterface.h"
 
 #include "app/FileBytes.h"
+#include "app/Settings.h"
 #include "app/windows/ProgressDialog.h"
 
 #include <QDesktopServices>
@@ -73,7 +74,7 @@ void WindowInterface::prepareSavePanel(const QString &title, const QString &exte
 
 QString WindowInterface::proposedName() const
 {
-    const QString name = m_file.isNull() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
+    const QString name = m_file.isEmpty() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
     return m_saveAppended == Appended::Always ? name : name + '.' + m_saveExtension;
 }
 
@@ -85,7 +86,7 @@ QString WindowInterface::finalPath(const QString &typed) const
 
 std::optional<QString> WindowInterface::runModalOpenPanel()
 {
-    QFileDialog panel(&m_window, "Open project", startFolder(m_folder));
+    QFileDialog panel(&m_window, m_openTitle, startFolder(m_folder));
     setUp(panel, *m_icons);
     panel.setFileMode(QFileDialog::ExistingFile);
     const std::optional<QString> path = run(panel);
@@ -174,7 +175,6 @@ bool WindowInterface::showProgress(const QString &what, double done)
 
 void WindowInterface::noteRecentDocument(const QString &path)
 {
-    m_file = path;
     m_folder = QFileInfo(path).absolutePath();
-    emit fileDidChange(path);
+    Settings::noteRecentFile(path);
 }

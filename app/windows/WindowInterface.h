@@ -22,6 +22,8 @@ public:
     explicit WindowInterface(QWidget &window);
     ~WindowInterface() override;
 
+    /// What the next open panel is for.
+    void prepareOpenPanel(const QString &title) { m_openTitle = title; }
     /// How the document appends an extension to the name that was typed.
     enum class Appended
     {
@@ -58,6 +60,8 @@ public:
     void reloadTable() override { emit layersRendered(); }
     void showPowerResult(const QString &text) override { emit powerComputed(text); }
     void noteRecentDocument(const QString &path) override;
+    /// The file that the document belongs to, which gives save panels their name; empty: none.
+    void setFile(const QString &path) { m_file = path; }
 
 signals:
     void sheetAsked(Sheet sheet);
@@ -70,8 +74,6 @@ signals:
     void canvasRepaintAsked();
     void layersRendered();
     void powerComputed(const QString &text);
-    /// The document has this file now; it was opened or saved.
-    void fileDidChange(const QString &path);
 
 private:
     QString proposedName() const;
@@ -80,8 +82,9 @@ private:
 
     QWidget &m_window;
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
-    QString m_file;                                     ///< the document's; null while it has none
+    QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own
+    QString m_openTitle;
     QString m_saveTitle;
     QString m_saveExtension;
     Appended m_saveAppended = Appended::WhereMissing;

@@ -71,7 +71,7 @@ TEST_F(MainWindowExport, WritesTheLayersAndSaysSo)
     EXPECT_EQ(file.size, QSize(1920, 1080));
     EXPECT_EQ(file.names(), QStringList{"Layer 0"});
     EXPECT_TRUE(shows("Exported wall.psd"));
-    EXPECT_EQ(window.windowTitle(), "Untitled — Wallwright");
+    EXPECT_EQ(title(), "Untitled — Wallwright");
 }
 
 TEST_F(MainWindowExport, TheProposedNameHasNoExtensionSinceOneIsAlwaysAppended)

@@ -27,7 +27,7 @@ class MainWindowFilesTest : public WindowFixture
 protected:
     void expectFirstDocument(MainWindow &shown)
     {
-        EXPECT_EQ(shown.windowTitle(), "Untitled — Wallwright");
+        EXPECT_EQ(titleOf(shown), "Untitled — Wallwright");
         EXPECT_EQ(shown.document().OutputWidth(), 1920);
         EXPECT_EQ(shown.document().arraycontroller().rowCount(), 1);
         EXPECT_EQ(shown.document().arraycontroller().selectedLayer()->label(), "Layer 0");
@@ -39,7 +39,7 @@ TEST_F(MainWindowFilesTest, AnOpenedProjectIsShown)
     const QString file = greenProject("show.Orv");
     pressControl(Qt::Key_O, {entering(file)});
 
-    EXPECT_EQ(window.windowTitle(), "show.Orv — Wallwright");
+    EXPECT_EQ(title(), "show.Orv — Wallwright");
     EXPECT_EQ(table().model()->rowCount(), 1);
     EXPECT_EQ(table().currentIndex().data().toString(), "Green");
     EXPECT_TRUE(shows("400 × 300 px, 200 %"));
@@ -73,7 +73,7 @@ TEST_F(MainWindowFilesTest, AFileHandedOverBeforeTheLaunchIsOpened)
     MainWindow second;
     EXPECT_TRUE(second.applicationOpenFile(greenProject("show.Orv")));
     second.start();
-    EXPECT_EQ(second.windowTitle(), "show.Orv — Wallwright");
+    EXPECT_EQ(titleOf(second), "show.Orv — Wallwright");
     EXPECT_EQ(second.document().OutputWidth(), 400);
 }
 
@@ -91,11 +91,11 @@ TEST_F(MainWindowFilesTest, AMissingFileAtTheLaunchIsAnAlertOverTheFirstWall)
 TEST_F(MainWindowFilesTest, ASavedProjectHasItsNameInTheTitleAndOpensAgain)
 {
     pressControl(Qt::Key_S, {entering(path("wall"))});
-    EXPECT_EQ(window.windowTitle(), "wall.Orv — Wallwright");
+    EXPECT_EQ(title(), "wall.Orv — Wallwright");
 
     pressControl(Qt::Key_O, {entering(greenProject("show.Orv"))});
     pressControl(Qt::Key_O, {entering(path("wall.Orv"))});
-    EXPECT_EQ(window.windowTitle(), "wall.Orv — Wallwright");
+    EXPECT_EQ(title(), "wall.Orv — Wallwright");
     EXPECT_TRUE(shows("Total Power: 72.73Amp"));
 }
 
@@ -128,7 +128,7 @@ TEST_F(MainWindowFilesTest, AnExportedPictureIsTheOutputPixelByPixel)
     const QImage written(path("wall.png"));
     ASSERT_EQ(written.size(), QSize(1920, 1080));
     EXPECT_EQ(written.convertToFormat(QImage::Format_ARGB32_Premultiplied), window.document().offscreenRep());
-    EXPECT_EQ(window.windowTitle(), "Untitled — Wallwright");
+    EXPECT_EQ(title(), "Untitled — Wallwright");
 }
 
 TEST_F(MainWindowFilesTest, AFailedExportIsToldUntilTheNextAttempt)

@@ -13,7 +13,7 @@ using MainWindowTest = WindowFixture;
 TEST_F(MainWindowTest, ItOpensWithTheFirstWall)
 {
     EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.windowTitle(), "Untitled — Wallwright");
+    EXPECT_EQ(title(), "Untitled — Wallwright");
     EXPECT_EQ(table().model()->rowCount(), 1);
     EXPECT_EQ(table().currentIndex().data().toString(), "Layer 0");
     EXPECT_TRUE(shows("Total Power: 72.73Amp"));

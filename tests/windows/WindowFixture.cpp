@@ -9,10 +9,12 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPixmap>
+#include <QScopedValueRollback>
 #include <QTest>
 #include <QTimer>
 
@@ -20,6 +22,7 @@
 
 WindowFixture::WindowFixture()
 {
+    QDir(RecoveryFolder::standardPath()).removeRecursively(); // of the tests before
     window.start();
     if (!QTest::qWaitForWindowExposed(&window))
         ADD_FAILURE() << "the window does not show";
@@ -63,15 +66,19 @@ void WindowFixture::resizeTo(const QSize &size)
 void WindowFixture::answer(const std::function<void()> &act, const std::vector<Answer> &answers)
 {
     std::size_t next = 0;
+    bool isBusy = false;
     QTimer person;
     QObject::connect(&person, &QTimer::timeout, &person, [&] {
         QWidget *dialog = QApplication::activeModalWidget();
         const auto *progress = qobject_cast<ProgressDialog *>(dialog);
-        if (!dialog || (progress && progress->isCancelled())) // that one goes by itself
+        if (!dialog || isBusy || (progress && progress->isCancelled())) // that one goes by itself
             return;
-        if (next < answers.size())
+        if (next < answers.size()) {
+            const QScopedValueRollback guard(isBusy, true);
             return answers[next++](*dialog);
-        ADD_FAILURE() << "nobody expects " << qPrintable(dialog->windowTitle());
+        }
+        const auto *box = qobject_cast<QMessageBox *>(dialog);
+        ADD_FAILURE() << "nobody expects " << qPrintable(box ? box->text() : dialog->windowTitle());
         dialog->close();
     });
     person.start(1);
@@ -85,7 +92,12 @@ WindowFixture::Answer WindowFixture::entering(const QString &name)
         auto *field = panel.findChild<QLineEdit *>("fileNameEdit");
         ASSERT_NE(field, nullptr) << "this is no file panel";
         // In one go, as from the clipboard: no list of completions comes up and takes the key.
-        field->setText(name);
+        panel.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&panel)); // until then the panel does not listen to what is typed
+        // In one go, as from the clipboard: no list of completions comes up and takes the key.
+        field->setFocus();
+        field->selectAll();
+        field->insert(name);
         QTest::keyClick(field, Qt::Key_Return);
     };
 }

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QTemporaryDir>
+#include <QWindow>
 
 #include <functional>
 #include <gtest/gtest.h>
@@ -21,6 +22,9 @@ protected:
 
     WindowFixture();
 
+    /// As the desktop shows it: with an asterisk where there are unsaved changes.
+    static QString titleOf(const QWidget &shown) { return shown.windowHandle()->title(); }
+    QString title() { return titleOf(window); }
     LayerTable &table();
     OutputView &outputView();
     /// Clicks the button with this text, anywhere in `parent`; the test fails where there is none.

@@ -1,0 +1,115 @@
+#include "app/Settings.h"
+#include "app/windows/LayerTable.h"
+#include "app/windows/MainWindow.h"
+#include "app/windows/PowerBar.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMenuBar>
+
+void MainWindow::addMenus()
+{
+    addFileMenu();
+    addEditMenu();
+    addLayerMenu();
+}
+
+void MainWindow::addFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&File");
+    addTold(*menu, "&New", QKeySequence::New, [this] { m_document.newProject(); });
+    addTold(*menu, "&Open...", QKeySequence::Open, [this] {
+        m_interface.prepareOpenPanel("Open project");
+        m_document.openProject();
+    });
+    QMenu *recent = menu->addMenu("Open &Recent");
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
+    menu->addSeparator();
+    addTold(*menu, "&Save", QKeySequence::Save, [this] {
+        m_interface.prepareSavePanel("Save project", ProjectFile::extension);
+        m_document.save();
+    });
+    addTold(*menu, "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
+        m_interface.prepareSavePanel("Save project", ProjectFile::extension);
+        m_document.saveProject();
+    });
+    QMenu *recover = menu->addMenu("Re&cover");
+    connect(recover, &QMenu::aboutToShow, this, [this, recover] { listUnsavedWork(*recover); });
+    menu->addSeparator();
+    addTold(*menu, "&Export PNG...", Qt::CTRL | Qt::Key_E, [this] {
+        m_interface.prepareSavePanel("Export PNG", "png");
+        m_document.saveAction();
+    });
+    addTold(*menu, "Export &PSD...", Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] {
+        m_interface.prepareSavePanel("Export PSD", "psd", WindowInterface::Appended::Always);
+        m_document.savePSD();
+    });
+    menu->addSeparator();
+    menu->addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &MainWindow::close);
+}
+
+void MainWindow::addEditMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&Edit");
+    QAction *undo = m_document.undoStack().createUndoAction(this, "&Undo");
+    undo->setShortcut(QKeySequence::Undo);
+    menu->addAction(undo);
+    QAction *redo = m_document.undoStack().createRedoAction(this, "&Redo");
+    redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    menu->addAction(redo);
+    menu->addSeparator();
+    addTold(*menu, "D&uplicate Layer", Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); });
+    addTold(*menu, "&Delete Layer", QKeySequence::Delete, [this] { m_document.remove(); });
+    addTold(*menu, "Select &All", QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
+}
+
+void MainWindow::addLayerMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&Layer");
+    addTold(*menu, "Add &Screen", Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_document.AddScreen(); });
+    addTold(*menu, "Add &Image...", Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] {
+        m_interface.prepareOpenPanel("Add image");
+        m_document.AddImage();
+    });
+}
+
+void MainWindow::addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act)
+{
+    menu.addAction(title, keys, this, [this, act] {
+        m_powerBar->clearMessage();
+        act();
+    });
+}
+
+void MainWindow::listRecentFiles(QMenu &menu)
+{
+    menu.clear();
+    for (const QString &path : Settings::recentFiles()) {
+        // An ampersand in a title is a key's mark; twice it is the sign itself.
+        QAction *action = menu.addAction(QFileInfo(path).fileName().replace('&', "&&"), this, [this, path] {
+            m_powerBar->clearMessage();
+            m_document.openProjectPre(path);
+            if (!QFileInfo::exists(path))
+                Settings::forgetRecentFile(path);
+        });
+        action->setToolTip(QDir::toNativeSeparators(path));
+    }
+    menu.setToolTipsVisible(true);
+    if (menu.isEmpty())
+        menu.addAction("No recent projects")->setEnabled(false);
+}
+
+void MainWindow::listUnsavedWork(QMenu &menu)
+{
+    menu.clear();
+    const std::vector<FoundCopy> copies = m_document.recoverable();
+    for (const FoundCopy &copy : copies) {
+        menu.addAction(titleOf(copy).replace('&', "&&"), this, [this, copy] {
+            m_powerBar->clearMessage();
+            m_document.recover(copy);
+        });
+    }
+    if (copies.empty())
+        menu.addAction("No unsaved work")->setEnabled(false);
+}
