@@ -4,10 +4,12 @@
 #include "bench/CompositionSubjects.h"
 #include "bench/PngSubjects.h"
 #include "bench/PsdSubjects.h"
+#include "bench/Start.h"
 #include "bench/Timing.h"
 
 #include <QSize>
 
+#include <memory>
 #include <utility>
 
 using ChartSubjects::Labels;
@@ -57,6 +59,16 @@ std::vector<Operation> operationsOfSize(const std::string &size, const QSize &ou
         againstMemcpy("PSD, 12 tiled layers, " + size, noGoal, [=] { return PsdSubjects::tiledLayers(output); }),
     };
 }
+Operation startOfTheWindow(double goal)
+{
+    const auto spent = std::make_shared<std::string>();
+    const auto ratio = [spent] {
+        const Start::Measured measured = Start::measure();
+        *spent = measured.spent;
+        return measured.ratio;
+    };
+    return {"start to the first painted window", "empty", goal, ratio, [spent] { return *spent; }};
+}
 } // namespace
 
 std::vector<Operation> plainOperations()
@@ -99,6 +111,7 @@ std::vector<Operation> operationsWithGoals()
         againstMemcpy("channels of a PSD, chart whose rows repeat, 8K", 2.2,
                       [] { return PsdSubjects::channels(eightK, PsdSubjects::Rows::Repeat); }),
         againstMemcpy("PSD, 12 overlapping layers, 8K", 4, [] { return PsdSubjects::overlappingLayers(eightK, 12); }),
+        startOfTheWindow(1.8),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},
     };

@@ -27,6 +27,8 @@ void printLine(const Operation &operation, double ratio)
     if (operation.goal != noGoal)
         std::printf(" %7.2f  %s", operation.goal, ratio <= operation.goal ? "ok" : "over");
     std::printf("\n");
+    if (operation.remark)
+        std::printf("    %s\n", operation.remark().c_str());
     std::fflush(stdout); // the next one may take a while
 }
 
