@@ -132,6 +132,8 @@ public:
     /// Another row is selected; -1 leaves the selection as it was. Shows its pattern and its marker.
     void tableViewSelectionDidChange(qsizetype selectedRow);
 
+    /// Adds a copy of a preset above the selected layer.
+    void insertPreset(qsizetype index);
     /// Removes the selected presets; an alert where the list has but one.
     void removePreset();
     /// Asks where, and writes the presets; a failure is an alert.

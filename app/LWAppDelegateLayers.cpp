@@ -122,12 +122,14 @@ void LWAppDelegate::tableViewAcceptDrop(LayerList &table, qsizetype index, qsize
             static_cast<int>(m_draggedTV));
     const DraggedTable own = isLayerTable ? DraggedTable::Layers : DraggedTable::Presets;
     const LayerList &other = isLayerTable ? m_presetarraycontroller : m_arraycontroller;
-    if (m_draggedTV == own)
+    if (m_draggedTV == own) {
         table.moveObjectAtArrangedObjectIndex(index, row);
-    else if (const LayerPointer dragged = other.layer(index))
-        insertCopy(dragged, table, row);
-    const QString what = isLayerTable ? "Layer" : "Preset";
-    finishEdit((m_draggedTV == own ? "Move " : "Insert ") + what);
+        finishEdit(isLayerTable ? "Move Layer" : "Move Preset");
+    } else {
+        if (const LayerPointer dragged = other.layer(index))
+            insertCopy(dragged, table, row);
+        finishEdit(isLayerTable ? "Insert Preset" : "Store Preset");
+    }
     updateAgainSoon();
 }
 

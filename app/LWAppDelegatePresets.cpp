@@ -1,6 +1,17 @@
 #include "app/LWAppDelegate.h"
 #include "app/PresetLibrary.h"
 
+#include <algorithm>
+
+void LWAppDelegate::insertPreset(qsizetype index)
+{
+    const LayerPointer preset = m_presetarraycontroller.layer(index);
+    if (!preset)
+        return;
+    insertCopy(preset, m_arraycontroller, std::max<qsizetype>(m_arraycontroller.selectionIndex(), 0));
+    finishEdit("Insert Preset");
+}
+
 void LWAppDelegate::removePreset()
 {
     if (presetScreensArray().size() < 2)

@@ -42,8 +42,8 @@ void paintLine(QPainter &painter, const QRect &place, const QFont &font, const Q
 }
 } // namespace
 
-LayerDelegate::LayerDelegate(const LayerList &list, QObject *parent)
-    : QStyledItemDelegate(parent), m_list(list), m_stamps(mostStamps)
+LayerDelegate::LayerDelegate(const LayerList &list, SecondLine secondLine, QObject *parent)
+    : QStyledItemDelegate(parent), m_list(list), m_secondLine(secondLine), m_stamps(mostStamps)
 {}
 
 QString LayerDelegate::name(const Layer &layer)
@@ -56,6 +56,12 @@ QString LayerDelegate::placeAndSize(const Layer &layer)
     return QString("x %1  y %2  ·  %3")
         .arg(NumberText::grouped(layer.xpoint()), NumberText::grouped(layer.ypoint()),
              NumberText::size({layer.screenSizeWidth(), layer.screenSizeHeight()}));
+}
+
+QString LayerDelegate::panel(const Layer &layer)
+{
+    return QString("%1 px  ·  %2 W")
+        .arg(NumberText::size({layer.panelWidth(), layer.panelHeight()}), NumberText::grouped(layer.powerOnCell()));
 }
 
 void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
@@ -74,7 +80,7 @@ void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     const int half = pictureSize.height() / 2;
     const QRect nameLine(texts.topLeft(), QSize(texts.width(), half));
     paintLine(*painter, nameLine, option.font, layer->visible() ? Theme::text : Theme::dimText, name(*layer));
-    paintLine(*painter, nameLine.translated(0, half), Theme::smallFont(), Theme::dimText, placeAndSize(*layer));
+    paintLine(*painter, nameLine.translated(0, half), Theme::smallFont(), Theme::dimText, m_secondLine(*layer));
     painter->restore();
 }
 
@@ -112,6 +118,14 @@ QImage LayerDelegate::stamp(const Layer &layer, qreal devicePixelRatio) const
     return result;
 }
 
+void LayerDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &) const
+{
+    const QRect inside =
+        option.rect.adjusted(Theme::edge + pictureSize.width() + Theme::gap / 2, 0, -Theme::gap / 2, 0);
+    const int height = editor->sizeHint().height();
+    editor->setGeometry(inside.left(), inside.top() + (inside.height() - height) / 2, inside.width(), height);
+}
+
 QSize LayerDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
 {
     return {pictureSize.width(), rowHeight};
@@ -125,7 +139,7 @@ bool LayerDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const 
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     const QString tip =
         QString("<qt>%1<br>%2%3</qt>")
-            .arg(name(*layer).toHtmlEscaped(), placeAndSize(*layer), layer->visible() ? "" : "<br>hidden");
+            .arg(name(*layer).toHtmlEscaped(), m_secondLine(*layer), layer->visible() ? "" : "<br>hidden");
     QToolTip::showText(event->globalPos(), tip, view, option.rect);
     return true;
 }

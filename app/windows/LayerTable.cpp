@@ -1,34 +1,53 @@
 #include "app/windows/LayerTable.h"
 
 #include "app/LayerList.h"
-#include "app/windows/LayerDelegate.h"
 
 #include <QScopedValueRollback>
 
 #include <utility>
 #include <vector>
 
-LayerTable::LayerTable(LayerList &list, QWidget *parent) : QListView(parent), m_list(list)
+LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::SecondLine secondLine, QWidget *parent)
+    : QListView(parent), m_list(list)
 {
-    setAccessibleName("Layers");
+    setAccessibleName(name);
     setFrameShape(QFrame::NoFrame);
     setBackgroundRole(QPalette::Window);
     viewport()->setBackgroundRole(QPalette::Window);
     setUniformItemSizes(true);
-    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setEditTriggers(QAbstractItemView::EditKeyPressed);
     setSelectionMode(QAbstractItemView::ExtendedSelection);
     setDragDropMode(QAbstractItemView::DragDrop);
     setDragDropOverwriteMode(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    setItemDelegate(new LayerDelegate(list, this));
+    setItemDelegate(new LayerDelegate(list, secondLine, this));
     // Around the views and selections that look for other rows when theirs go: nobody has chosen those.
     connect(&list, &LayerList::rowsAboutToBeRemoved, this, [this] { m_rowsGo = true; });
     setModel(&list);
     connect(&list, &LayerList::rowsRemoved, this, [this] { m_rowsGo = false; });
     connect(&list, &LayerList::selectionIndexDidChange, this, &LayerTable::followSelection);
     connect(&list, &LayerList::selectionIndexesDidChange, this, &LayerTable::followSelection);
+    connect(&list, &LayerList::rowsInserted, this, &LayerTable::hideOtherNames);
+    connect(&list, &LayerList::rowsMoved, this, &LayerTable::hideOtherNames);
+    connect(&list, &LayerList::modelReset, this, &LayerTable::hideOtherNames);
+    connect(&list, &LayerList::dataChanged, this, &LayerTable::hideOtherNames);
     followSelection();
+}
+
+void LayerTable::showNamesWith(const QString &text)
+{
+    m_searched = text;
+    hideOtherNames();
+}
+
+void LayerTable::hideOtherNames()
+{
+    for (int row = 0; row < m_list.rowCount(); ++row) {
+        const bool isSearched = m_list.layer(row)->label().contains(m_searched, Qt::CaseInsensitive);
+        if (isRowHidden(row) == isSearched)
+            setRowHidden(row, !isSearched);
+    }
 }
 
 void LayerTable::followSelection()

@@ -4,6 +4,7 @@
 #include "app/windows/LayerTable.h"
 #include "app/windows/OutputView.h"
 #include "app/windows/PowerBar.h"
+#include "app/windows/PresetPanel.h"
 #include "app/windows/Theme.h"
 
 #include <QCloseEvent>
@@ -20,8 +21,8 @@
 
 namespace {
 constexpr QSize firstSize{1280, 800};
-constexpr int layersWidth = 260;
-constexpr int leastLayersWidth = 160;
+constexpr int listsWidth = 260;
+constexpr int leastListsWidth = 200;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
 constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
@@ -61,21 +62,28 @@ void MainWindow::start()
 QWidget *MainWindow::layersPanel()
 {
     auto *panel = new QWidget;
-    panel->setMinimumWidth(leastLayersWidth);
     auto *column = new QVBoxLayout(panel);
     column->setContentsMargins(0, Theme::edge, 0, 0);
     column->setSpacing(Theme::gap);
-    auto *title = new QLabel("Layers");
-    title->setFont(Theme::titleFont());
+    m_layerTable = new LayerTable(m_document.arraycontroller(), "Layers", LayerDelegate::placeAndSize);
+    m_layerTable->setObjectName("mainTView");
+    QLabel *title = Theme::title("Layers", m_layerTable);
     title->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
-    QPalette colours = title->palette();
-    colours.setColor(QPalette::WindowText, Theme::dimText);
-    title->setPalette(colours);
-    m_layerTable = new LayerTable(m_document.arraycontroller());
-    title->setBuddy(m_layerTable);
     column->addWidget(title);
     column->addWidget(m_layerTable);
     return panel;
+}
+
+QWidget *MainWindow::lists()
+{
+    auto *lists = new QSplitter(Qt::Vertical);
+    lists->setMinimumWidth(leastListsWidth);
+    lists->setHandleWidth(1);
+    lists->setChildrenCollapsible(false);
+    lists->addWidget(layersPanel());
+    m_presetPanel = new PresetPanel(m_document, m_interface);
+    lists->addWidget(m_presetPanel);
+    return lists;
 }
 
 void MainWindow::addViews()
@@ -83,11 +91,11 @@ void MainWindow::addViews()
     auto *regions = new QSplitter;
     regions->setHandleWidth(1);
     regions->setChildrenCollapsible(false);
-    regions->addWidget(layersPanel());
+    regions->addWidget(lists());
     m_outputView = new OutputView;
     regions->addWidget(m_outputView);
     regions->setStretchFactor(1, 1);
-    regions->setSizes({layersWidth, firstSize.width() - layersWidth});
+    regions->setSizes({listsWidth, firstSize.width() - listsWidth});
 
     auto *centre = new QWidget;
     auto *column = new QVBoxLayout(centre);

@@ -9,6 +9,7 @@
 #include <functional>
 
 class LayerTable;
+class PresetPanel;
 class QMenu;
 class OutputView;
 class PowerBar;
@@ -44,6 +45,8 @@ private:
     void listRecentFiles(QMenu &menu);
     void listUnsavedWork(QMenu &menu);
     QWidget *layersPanel();
+    /// Layers above presets.
+    QWidget *lists();
     void addViews();
     void connectDocument();
     void connectViews();
@@ -55,6 +58,7 @@ private:
     WindowInterface m_interface{*this};
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
     LayerTable *m_layerTable;
+    PresetPanel *m_presetPanel;
     OutputView *m_outputView;
     PowerBar *m_powerBar;
 };

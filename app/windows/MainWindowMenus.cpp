@@ -2,6 +2,7 @@
 #include "app/windows/LayerTable.h"
 #include "app/windows/MainWindow.h"
 #include "app/windows/PowerBar.h"
+#include "app/windows/PresetPanel.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -59,6 +60,7 @@ void MainWindow::addEditMenu()
     redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     menu->addAction(redo);
     menu->addSeparator();
+    menu->addAction("&Rename Layer", Qt::Key_F2, this, [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
     addTold(*menu, "D&uplicate Layer", Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); });
     addTold(*menu, "&Delete Layer", QKeySequence::Delete, [this] { m_document.remove(); });
     addTold(*menu, "Select &All", QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
@@ -72,6 +74,8 @@ void MainWindow::addLayerMenu()
         m_interface.prepareOpenPanel("Add image");
         m_document.AddImage();
     });
+    menu->addSeparator();
+    menu->addAction("Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] { m_presetPanel->search(); });
 }
 
 void MainWindow::addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act)

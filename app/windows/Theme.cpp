@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
+#include <QLabel>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QToolTip>
@@ -84,4 +85,14 @@ QFont Theme::titleFont()
     font.setWeight(QFont::DemiBold);
     font.setCapitalization(QFont::AllUppercase);
     return font;
+}
+QLabel *Theme::title(const QString &text, QWidget *buddy)
+{
+    auto *label = new QLabel(text);
+    label->setFont(titleFont());
+    QPalette colours = label->palette();
+    colours.setColor(QPalette::WindowText, dimText);
+    label->setPalette(colours);
+    label->setBuddy(buddy);
+    return label;
 }

@@ -4,6 +4,9 @@
 #include <QFont>
 
 /// The look of every window: one dark theme, one font, one grid. Lengths are logical pixels.
+class QLabel;
+class QWidget;
+
 namespace Theme {
 
 inline constexpr QColor ground{0x1b, 0x1d, 0x20};  ///< behind everything, around the output
@@ -25,6 +28,9 @@ inline constexpr int cornerRadius = 4;
 
 /// Gives the application style, colours and fonts. Any number of times; a QApplication exists.
 void apply();
+
+/// The title of a group, which has its words said in capitals; `buddy` is what it names.
+QLabel *title(const QString &text, QWidget *buddy = nullptr);
 
 QFont smallFont();
 /// For the titles of groups: small semibold capitals, to be drawn in `dimText`.

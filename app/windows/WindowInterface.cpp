@@ -74,14 +74,23 @@ void WindowInterface::prepareSavePanel(const QString &title, const QString &exte
 
 QString WindowInterface::proposedName() const
 {
+    if (m_saveAppended == Appended::Never)
+        return "Presets";
     const QString name = m_file.isEmpty() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
     return m_saveAppended == Appended::Always ? name : name + '.' + m_saveExtension;
 }
 
 QString WindowInterface::finalPath(const QString &typed) const
 {
-    return m_saveAppended == Appended::Always ? typed + '.' + m_saveExtension
-                                              : FileBytes::withExtension(typed, m_saveExtension);
+    switch (m_saveAppended) {
+    case Appended::WhereMissing:
+        return FileBytes::withExtension(typed, m_saveExtension);
+    case Appended::Always:
+        return typed + '.' + m_saveExtension;
+    case Appended::Never:
+        break;
+    }
+    return typed;
 }
 
 std::optional<QString> WindowInterface::runModalOpenPanel()

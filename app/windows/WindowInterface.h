@@ -28,7 +28,8 @@ public:
     enum class Appended
     {
         WhereMissing, ///< "show" and "show.png" both become "show.png"
-        Always        ///< "show.psd" becomes "show.psd.psd"
+        Always,       ///< "show.psd" becomes "show.psd.psd"
+        Never         ///< the name as it was typed
     };
     /// What the next save panel is for. The panel asks before a file of the final name is replaced.
     void prepareSavePanel(const QString &title, const QString &extension, Appended appended = Appended::WhereMissing);

@@ -49,7 +49,7 @@ TEST_F(MainWindowTest, ThePowerLineFollowsVoltageAndPhases)
 
 TEST_F(MainWindowTest, VoltageAndPhasesAreChosenWithTheKeyboardToo)
 {
-    table().setFocus();
+    presetTable().setFocus();
     QTest::keyClick(&window, Qt::Key_Tab);
     QTest::keyClick(window.focusWidget(), Qt::Key_Right);
     EXPECT_EQ(window.document().voltageCalc(), 208);
@@ -72,12 +72,12 @@ TEST_F(MainWindowTest, NothingIsCutOffInSmallAndLargeWindows)
 {
     for (const QSize size : {QSize(800, 500), QSize(1280, 780), QSize(2560, 1440)}) {
         resizeTo(size);
-        QList<QWidget *> parts{&table(), &outputView()};
+        QList<QWidget *> parts{&table(), &presetTable(), &outputView()};
         for (QRadioButton *button : window.findChildren<QRadioButton *>())
             parts.append(button);
         for (QLabel *label : window.findChildren<QLabel *>())
             parts.append(label);
-        ASSERT_EQ(parts.size(), 2 + 4 + 4);
+        ASSERT_EQ(parts.size(), 3 + 4 + 5);
         for (const QWidget *part : parts) {
             const QRect place(part->mapTo(&window, QPoint()), part->size());
             EXPECT_TRUE(window.rect().contains(place)) << qPrintable(part->accessibleName());

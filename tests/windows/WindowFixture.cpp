@@ -31,7 +31,12 @@ WindowFixture::WindowFixture()
 
 LayerTable &WindowFixture::table()
 {
-    return *window.findChild<LayerTable *>();
+    return *window.findChild<LayerTable *>("mainTView");
+}
+
+LayerTable &WindowFixture::presetTable()
+{
+    return *window.findChild<LayerTable *>("presetTView");
 }
 
 OutputView &WindowFixture::outputView()

@@ -26,6 +26,7 @@ protected:
     static QString titleOf(const QWidget &shown) { return shown.windowHandle()->title(); }
     QString title() { return titleOf(window); }
     LayerTable &table();
+    LayerTable &presetTable();
     OutputView &outputView();
     /// Clicks the button with this text, anywhere in `parent`; the test fails where there is none.
     static void click(QWidget &parent, const QString &buttonText);

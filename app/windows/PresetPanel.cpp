@@ -1,0 +1,68 @@
+#include "app/windows/PresetPanel.h"
+
+#include "app/LWAppDelegate.h"
+#include "app/windows/LayerTable.h"
+#include "app/windows/Theme.h"
+#include "app/windows/WindowInterface.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
+    : QWidget(parent), m_document(document), m_interface(interface), m_search(new QLineEdit),
+      m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::panel))
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, Theme::edge, 0, 0);
+    column->setSpacing(Theme::gap);
+    column->addWidget(head());
+    column->addWidget(m_table);
+    m_table->setObjectName("presetTView");
+    m_search->setPlaceholderText("Search presets");
+    m_search->setAccessibleName("Search presets");
+    m_search->setToolTip("Shows the presets whose names contain this");
+    m_search->setClearButtonEnabled(true);
+    connect(m_search, &QLineEdit::textChanged, m_table, &LayerTable::showNamesWith);
+    connect(m_table, &QAbstractItemView::activated, this,
+            [this](const QModelIndex &index) { m_document.insertPreset(index.row()); });
+}
+
+QWidget *PresetPanel::head()
+{
+    auto *row = new QWidget;
+    auto *layout = new QHBoxLayout(row);
+    layout->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
+    layout->setSpacing(Theme::gap);
+    layout->addWidget(Theme::title("Presets", m_table));
+    layout->addWidget(m_search, 1);
+
+    auto *more = new QToolButton;
+    more->setText("…");
+    more->setAccessibleName("Preset library");
+    more->setToolTip("Opens, saves and changes the preset library");
+    more->setPopupMode(QToolButton::InstantPopup);
+    auto *menu = new QMenu(more);
+    menu->addAction("&Open Library...", this, [this] {
+        m_interface.prepareOpenPanel("Open preset library");
+        m_document.openPresets();
+    });
+    menu->addAction("&Save Library...", this, [this] {
+        m_interface.prepareSavePanel("Save preset library", {}, WindowInterface::Appended::Never);
+        m_document.savePresets();
+    });
+    menu->addSeparator();
+    menu->addAction("&Remove Preset", this, [this] { m_document.removePreset(); });
+    more->setMenu(menu);
+    layout->addWidget(more);
+    return row;
+}
+
+void PresetPanel::search()
+{
+    m_search->setFocus();
+    m_search->selectAll();
+}

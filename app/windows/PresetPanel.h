@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+class LWAppDelegate;
+class LayerTable;
+class QLineEdit;
+class WindowInterface;
+
+/// The presets: a search field, their table, and what can be done with the library.
+class PresetPanel final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// Both outlive the panel's last event.
+    PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent = nullptr);
+
+    LayerTable &table() { return *m_table; }
+    /// Puts the cursor into the search field.
+    void search();
+
+private:
+    QWidget *head();
+
+    LWAppDelegate &m_document;
+    WindowInterface &m_interface;
+    QLineEdit *m_search;
+    LayerTable *m_table;
+};

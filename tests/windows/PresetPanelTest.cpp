@@ -1,0 +1,108 @@
+#include "app/PresetLibrary.h"
+#include "app/windows/LayerTable.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+#include <QToolButton>
+
+class PresetPanelTest : public WindowFixture
+{
+protected:
+    LayerList &presets() { return window.document().presetarraycontroller(); }
+    QLineEdit &searchField()
+    {
+        for (QLineEdit *field : window.findChildren<QLineEdit *>()) {
+            if (field->accessibleName() == "Search presets")
+                return *field;
+        }
+        ADD_FAILURE() << "there is no search field";
+        static QLineEdit none;
+        return none;
+    }
+    QStringList shownNames()
+    {
+        QStringList names;
+        for (int row = 0; row < presets().rowCount(); ++row) {
+            if (!presetTable().isRowHidden(row))
+                names.append(presets().layer(row)->label());
+        }
+        return names;
+    }
+    /// The entry of the library's menu with this text.
+    void choose(const QString &text, const std::vector<Answer> &answers)
+    {
+        for (const QToolButton *button : window.findChildren<QToolButton *>()) {
+            if (button->accessibleName() != "Preset library")
+                continue;
+            for (QAction *action : button->menu()->actions()) {
+                if (action->text().remove('&') == text)
+                    return answer([&] { action->trigger(); }, answers);
+            }
+        }
+        ADD_FAILURE() << "no entry says " << qPrintable(text);
+    }
+};
+
+TEST_F(PresetPanelTest, ThirtyOnePresetsAreThereAtTheStart)
+{
+    EXPECT_EQ(shownNames().size(), 31);
+    EXPECT_EQ(shownNames().first(), "P 2.6");
+    EXPECT_EQ(shownNames().last(), "GRID");
+    EXPECT_EQ(LayerDelegate::panel(*presets().layer(24)), "64 × 32 px  ·  950 W");
+}
+
+TEST_F(PresetPanelTest, SearchNarrowsWhileTyping)
+{
+    press(Qt::Key_L, Qt::ControlModifier, {});
+    ASSERT_TRUE(searchField().hasFocus());
+    QTest::keyClicks(&searchField(), "x1");
+    EXPECT_EQ(shownNames(), QStringList({"X12", "HDO X12", "X15"}));
+    QTest::keyClicks(&searchField(), "5");
+    EXPECT_EQ(shownNames(), QStringList({"X15"}));
+    searchField().clear();
+    EXPECT_EQ(shownNames().size(), 31);
+}
+
+TEST_F(PresetPanelTest, EnterAddsTheChosenPresetAboveTheSelectedLayer)
+{
+    presetTable().setFocus();
+    presetTable().setCurrentIndex(presets().index(3));
+    QTest::keyClick(&presetTable(), Qt::Key_Return);
+    LayerList &layers = window.document().arraycontroller();
+    ASSERT_EQ(layers.rowCount(), 2);
+    EXPECT_EQ(layers.layer(0)->label(), "P 3.9");
+    EXPECT_EQ(layers.selectionIndex(), 0);
+    EXPECT_NE(layers.layer(0), presets().layer(3));
+    EXPECT_EQ(presets().rowCount(), 31);
+    EXPECT_EQ(window.document().undoStack().undoText(), "Insert Preset");
+}
+
+TEST_F(PresetPanelTest, ALibraryIsSavedUnderTheTypedNameAndOpenedAgain)
+{
+    presetTable().setCurrentIndex(presets().index(0));
+    choose("Remove Preset", {});
+    EXPECT_EQ(presets().rowCount(), 30);
+    choose("Save Library...", {entering(path("myset"))});
+    ASSERT_TRUE(QFile::exists(path("myset")));
+    EXPECT_EQ(PresetLibrary::read(path("myset"), window.document())->size(), 30u);
+
+    window.document().undoStack().undo();
+    EXPECT_EQ(presets().rowCount(), 31);
+    choose("Open Library...", {entering(path("myset"))});
+    EXPECT_EQ(presets().rowCount(), 30);
+    EXPECT_EQ(presets().layer(0)->label(), "P 2.8");
+}
+
+TEST_F(PresetPanelTest, ADamagedLibraryIsAnAlertAndChangesNothing)
+{
+    QFile file(path("damaged"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no library");
+    file.close();
+    choose("Open Library...", {entering(path("damaged")), readingAndPressing("OK")});
+    EXPECT_TRUE(said.startsWith("Cannot open " + path("damaged") + ": ")) << qPrintable(said);
+    EXPECT_TRUE(said.endsWith("\nThe presets are unchanged.")) << qPrintable(said);
+    EXPECT_EQ(presets().rowCount(), 31);
+}
