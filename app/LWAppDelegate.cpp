@@ -178,6 +178,15 @@ bool LWAppDelegate::setValue(const QVariant &value, const QString &keyPath)
     return true;
 }
 
+bool LWAppDelegate::setValueOfSelection(const QVariant &value, const QString &keyPath)
+{
+    for (const qsizetype index : m_arraycontroller.selectionIndexes()) {
+        if (index != m_arraycontroller.selectionIndex() && m_arraycontroller.setPlainValue(index, value, keyPath))
+            m_arraycontroller.layer(index)->drawInRect();
+    }
+    return m_arraycontroller.setValue(value, keyPath);
+}
+
 void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
 {
     if (const LayerPointer selected = m_arraycontroller.selectedLayer()) {

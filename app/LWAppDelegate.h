@@ -96,6 +96,8 @@ public:
     /// Edits the output size ("OutputWidth", "OutputHeight") or the selected layer ("arrangedObjects.panelWidth") and
     /// notifies the observer. Returns whether there was such a value to edit.
     bool setValue(const QVariant &value, const QString &keyPath);
+    /// The same for all selected layers, as one edit; those without such a value stay as they are.
+    bool setValueOfSelection(const QVariant &value, const QString &keyPath);
     /// A value was edited: renders the selected layer and updates. "updatePattern" takes pattern() over into it first.
     void observeValueForKeyPath(const QString &keyPath);
 
@@ -112,6 +114,8 @@ public:
     void AddScreen();
     /// Asks for a picture and adds it as a still; one that cannot be read becomes a still without a picture.
     void AddImage();
+    /// Asks for another picture of the selected still, whose place and size stay.
+    void choosePicture();
     /// There are no masks: a line in the log is all.
     void AddMask(const QObject *sender = nullptr);
     /// Removes the selected layers; an alert where the list has but one.

@@ -63,6 +63,20 @@ void LWAppDelegate::AddImage()
     finishEdit("Add Image");
 }
 
+void LWAppDelegate::choosePicture()
+{
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    auto *still = qobject_cast<LWStill *>(selected.get());
+    const std::optional<QString> path = still ? m_userInterface.runModalOpenPanel() : std::nullopt;
+    if (!path)
+        return;
+    still->setImageURL(Address::fromLocalFile(*path));
+    still->loadThumbnail();
+    if (still->thumbnail().isNull())
+        m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
+    finishEdit("Choose Picture");
+}
+
 void LWAppDelegate::AddMask(const QObject *sender)
 {
     qCDebug(lcDocument, "add mask %s", sender ? sender->metaObject()->className() : "(null)");

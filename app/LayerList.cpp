@@ -161,6 +161,14 @@ bool LayerList::setValue(const QVariant &value, const QString &keyPath)
 
 bool LayerList::setLayerValue(qsizetype index, const QVariant &value, const QString &keyPath)
 {
+    if (!setPlainValue(index, value, keyPath))
+        return false;
+    emit valueDidChange(keyPath);
+    return true;
+}
+
+bool LayerList::setPlainValue(qsizetype index, const QVariant &value, const QString &keyPath)
+{
     const LayerPointer edited = layer(index);
     const QByteArray property = propertyName(keyPath);
     // Only declared properties: QObject would make a new one of any other name.
@@ -168,7 +176,6 @@ bool LayerList::setLayerValue(qsizetype index, const QVariant &value, const QStr
         return false;
     const QModelIndex row = this->index(static_cast<int>(index));
     emit dataChanged(row, row);
-    emit valueDidChange(keyPath);
     return true;
 }
 

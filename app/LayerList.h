@@ -54,6 +54,8 @@ public:
     /// Edits a property of the selected layer, "arrangedObjects.panelWidth", and tells it with valueDidChange().
     /// Returns whether there was such a property to edit and the value fits it; otherwise nothing happens.
     bool setValue(const QVariant &value, const QString &keyPath);
+    /// Edits a property of any row without telling it as an edit. Returns as setValue() does.
+    bool setPlainValue(qsizetype index, const QVariant &value, const QString &keyPath);
     /// The selected layer's property; an invalid value where there is none.
     QVariant value(const QString &keyPath) const;
 

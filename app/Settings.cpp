@@ -9,6 +9,7 @@ namespace {
 constexpr char recentFilesKey[] = "recentFiles";
 constexpr char geometryKey[] = "window/geometry";
 constexpr char stateKey[] = "window/state";
+constexpr char foldedGroupsKey[] = "inspector/folded";
 
 /// A larger file is none of ours; reading one in which values nest many thousand deep would overflow the stack.
 constexpr qint64 mostBytes = 64 << 10;
@@ -96,6 +97,16 @@ QByteArray windowState()
 void setWindowState(const QByteArray &state)
 {
     setValue(stateKey, state);
+}
+
+QStringList foldedGroups()
+{
+    return value(foldedGroupsKey).toStringList();
+}
+
+void setFoldedGroups(const QStringList &titles)
+{
+    setValue(foldedGroupsKey, titles);
 }
 
 } // namespace Settings

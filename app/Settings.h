@@ -25,4 +25,8 @@ void setWindowGeometry(const QByteArray &geometry);
 QByteArray windowState();
 void setWindowState(const QByteArray &state);
 
+/// Titles of the inspector's groups that are folded.
+QStringList foldedGroups();
+void setFoldedGroups(const QStringList &titles);
+
 } // namespace Settings

@@ -1,6 +1,7 @@
 #include "app/windows/MainWindow.h"
 
 #include "app/Settings.h"
+#include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/OutputView.h"
 #include "app/windows/PowerBar.h"
@@ -23,6 +24,8 @@ namespace {
 constexpr QSize firstSize{1280, 800};
 constexpr int listsWidth = 260;
 constexpr int leastListsWidth = 200;
+constexpr int inspectorWidth = 300;
+constexpr int leastInspectorWidth = 260;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
 constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
@@ -94,8 +97,11 @@ void MainWindow::addViews()
     regions->addWidget(lists());
     m_outputView = new OutputView;
     regions->addWidget(m_outputView);
+    m_inspector = new Inspector(m_document, m_interface);
+    m_inspector->setMinimumWidth(leastInspectorWidth);
+    regions->addWidget(m_inspector);
     regions->setStretchFactor(1, 1);
-    regions->setSizes({listsWidth, firstSize.width() - listsWidth});
+    regions->setSizes({listsWidth, firstSize.width() - listsWidth - inspectorWidth, inspectorWidth});
 
     auto *centre = new QWidget;
     auto *column = new QVBoxLayout(centre);

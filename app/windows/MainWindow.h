@@ -8,6 +8,7 @@
 
 #include <functional>
 
+class Inspector;
 class LayerTable;
 class PresetPanel;
 class QMenu;
@@ -59,6 +60,7 @@ private:
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
     LayerTable *m_layerTable;
     PresetPanel *m_presetPanel;
+    Inspector *m_inspector;
     OutputView *m_outputView;
     PowerBar *m_powerBar;
 };

@@ -1,3 +1,4 @@
+#include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/OutputView.h"
 #include "app/windows/Theme.h"
@@ -49,8 +50,12 @@ TEST_F(MainWindowTest, ThePowerLineFollowsVoltageAndPhases)
 
 TEST_F(MainWindowTest, VoltageAndPhasesAreChosenWithTheKeyboardToo)
 {
-    presetTable().setFocus();
-    QTest::keyClick(&window, Qt::Key_Tab);
+    inspector().setFocus();
+    for (const QWidget *last = nullptr;
+         last != window.focusWidget() && inspector().isAncestorOf(window.focusWidget());) {
+        last = window.focusWidget();
+        QTest::keyClick(&window, Qt::Key_Tab);
+    }
     QTest::keyClick(window.focusWidget(), Qt::Key_Right);
     EXPECT_EQ(window.document().voltageCalc(), 208);
     QTest::keyClick(&window, Qt::Key_Tab);
@@ -75,8 +80,10 @@ TEST_F(MainWindowTest, NothingIsCutOffInSmallAndLargeWindows)
         QList<QWidget *> parts{&table(), &presetTable(), &outputView()};
         for (QRadioButton *button : window.findChildren<QRadioButton *>())
             parts.append(button);
-        for (QLabel *label : window.findChildren<QLabel *>())
-            parts.append(label);
+        for (QLabel *label : window.findChildren<QLabel *>()) {
+            if (!inspector().isAncestorOf(label)) // that one scrolls
+                parts.append(label);
+        }
         ASSERT_EQ(parts.size(), 3 + 4 + 5);
         for (const QWidget *part : parts) {
             const QRect place(part->mapTo(&window, QPoint()), part->size());
@@ -84,7 +91,7 @@ TEST_F(MainWindowTest, NothingIsCutOffInSmallAndLargeWindows)
             EXPECT_GE(part->width(), part->minimumSizeHint().width());
             EXPECT_GE(part->height(), part->minimumSizeHint().height());
         }
-        EXPECT_GT(placeOfOutput().width(), size.width() / 2);
+        EXPECT_GT(placeOfOutput().width(), size.width() / 4);
     }
 }
 

@@ -89,7 +89,7 @@ TEST_F(OutputViewTest, AtFullSizeEveryPixelIsTheOutputs)
 {
     const QImage output = picturedNoise({601, 301});
     outputView().showOutput(output);
-    resizeTo({900, 450});
+    resizeTo({1200, 450});
     const QRect place(QPoint((seen().width() - 601) / 2, (seen().height() - 301) / 2), output.size());
     EXPECT_EQ(seen().copy(place), output);
 }

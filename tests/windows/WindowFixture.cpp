@@ -1,6 +1,7 @@
 #include "tests/windows/WindowFixture.h"
 
 #include "app/ProjectFile.h"
+#include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/OutputView.h"
 #include "app/windows/ProgressDialog.h"
@@ -26,7 +27,7 @@ WindowFixture::WindowFixture()
     window.start();
     if (!QTest::qWaitForWindowExposed(&window))
         ADD_FAILURE() << "the window does not show";
-    resizeTo({1280, 780});
+    resizeTo({1580, 780});
 }
 
 LayerTable &WindowFixture::table()
@@ -42,6 +43,11 @@ LayerTable &WindowFixture::presetTable()
 OutputView &WindowFixture::outputView()
 {
     return *window.findChild<OutputView *>();
+}
+
+Inspector &WindowFixture::inspector()
+{
+    return *window.findChild<Inspector *>();
 }
 
 void WindowFixture::click(QWidget &parent, const QString &buttonText)

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+class Inspector;
 class LayerTable;
 class OutputView;
 
@@ -28,6 +29,7 @@ protected:
     LayerTable &table();
     LayerTable &presetTable();
     OutputView &outputView();
+    Inspector &inspector();
     /// Clicks the button with this text, anywhere in `parent`; the test fails where there is none.
     static void click(QWidget &parent, const QString &buttonText);
     /// Whether a label of the window shows this text.

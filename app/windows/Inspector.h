@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/windows/InspectorForm.h"
+
+#include <QScrollArea>
+
+class ColourButton;
+class LWAppDelegate;
+class NumberField;
+class PatternGrid;
+class QComboBox;
+class WindowInterface;
+
+/// What the selected layers are made of, to be read and edited, and the output below it. Edits apply while they are
+/// typed, to all selected layers, as one step.
+class Inspector final : public QScrollArea
+{
+    Q_OBJECT
+
+public:
+    /// Both outlive the inspector's last event.
+    Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent = nullptr);
+    ~Inspector() override;
+
+    /// Shows what the layers and the output are now. Without a layer it keeps what it showed.
+    void refresh();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void addScreenGroups();
+    void addStillGroup();
+    void addOutputGroup();
+    QWidget *cornerChoice();
+    QWidget *portSizes();
+    QWidget *outputSizes();
+    QWidget *outputColours();
+    void edit(const QString &property, const QVariant &value);
+    void switchAllOn();
+    void exchangeColours();
+    void choosePicture();
+    void showFolder() const;
+
+    LWAppDelegate &m_document;
+    WindowInterface &m_interface;
+    QWidget *m_content;
+    std::unique_ptr<InspectorForm> m_form;
+    PatternGrid *m_patterns;
+    QComboBox *m_corners;
+    NumberField *m_outputWidth;
+    NumberField *m_outputHeight;
+    ColourButton *m_background;
+    ColourButton *m_edge;
+};

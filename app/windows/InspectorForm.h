@@ -1,0 +1,106 @@
+#pragma once
+
+#include "layer/Layer.h"
+
+#include <QString>
+#include <QVBoxLayout>
+#include <QVariant>
+
+#include <functional>
+#include <vector>
+
+class QGridLayout;
+class QLabel;
+class QToolButton;
+class QWidget;
+
+/// Rows of controls, each bound to a property of the selected layers, in groups that fold.
+class InspectorForm
+{
+public:
+    enum Kinds
+    {
+        Screens = 1,
+        Stills = 2,
+        All = Screens | Stills
+    };
+    /// Writes a value into the property of all selected layers.
+    using Edit = std::function<void(const QString &property, const QVariant &value)>;
+
+    /// A number's range and the unit behind it.
+    struct Range
+    {
+        int lowest;
+        int highest;
+        QString unit;
+    };
+    /// What stands before a control. Where the layer has a caption of its own under `number`, 1 to 8, that stands there
+    /// instead, or nothing where the layer hides it; 0: none has.
+    struct Caption
+    {
+        QString text;
+        int number = 0;
+        QString tip = {};
+    };
+
+    /// Rows go into `column`, which outlives this.
+    InspectorForm(QVBoxLayout &column, Edit edit);
+
+    /// Later rows belong to a group of this title, shown for layers of these kinds. Empty: a group without a title.
+    void beginGroup(const QString &title, Kinds kinds);
+
+    void addNumber(const Caption &caption, const QString &property, const Range &range, Kinds kinds = All);
+    void addText(const Caption &caption, const QString &property);
+    void addSwitch(const Caption &caption, const QString &property, Kinds kinds = All);
+    void addColour(const Caption &caption, const QString &property);
+    /// A switch and, in the same row, the number and the colour that belong to it. Turning it on gives the colour white
+    /// where the layer has none.
+    void addSwitchRow(const Caption &caption, const QString &property, const QString &number, const Range &range,
+                      const QString &colour);
+    /// Any other control; it looks after itself.
+    void addControl(const Caption &caption, QWidget *control, Kinds kinds = All);
+    /// A control that needs the whole width.
+    void addWide(const QString &name, QWidget *control, Kinds kinds = All);
+    /// A line that is only read; `text` is made from the layer before the inspector.
+    void addSummary(const QString &name, std::function<QString(const Layer &)> text, Kinds kinds = All);
+
+    /// Shows what the layers have: the first is the one before the inspector. Not empty.
+    void show(const std::vector<LayerPointer> &layers);
+
+    /// Titles of the folded groups.
+    QStringList foldedGroups() const;
+    void fold(const QStringList &titles);
+    /// Called whenever a group was folded or unfolded.
+    std::function<void()> foldingDidChange;
+
+private:
+    struct Group
+    {
+        QString title;
+        Kinds kinds;
+        QToolButton *head; ///< null without a title
+        QWidget *body;
+        QGridLayout *grid;
+    };
+    struct Row
+    {
+        Caption caption;
+        Kinds kinds;
+        QLabel *label;
+        QWidget *control;
+    };
+    using Show = std::function<void(const std::vector<LayerPointer> &layers)>;
+
+    QWidget *number(const Caption &caption, const QString &property, const Range &range);
+    QWidget *colour(const QString &name, const QString &property);
+    QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour = {});
+    void addRow(const Caption &caption, QWidget *control, Kinds kinds);
+    void showRow(const Row &row, const Layer &layer, bool isShown) const;
+
+    QVBoxLayout &m_column;
+    Edit m_edit;
+    std::vector<Group> m_groups;
+    std::vector<Row> m_rows;
+    std::vector<Show> m_shows;
+    std::vector<LayerPointer> m_layers; ///< as last shown
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "layer/Layer.h"
+
+#include <QString>
+
+/// Sentences about a layer, to be read in the inspector.
+namespace LayerText {
+
+/// "7 × 5 panels, 896 × 640 px, 2 off"
+QString wall(const Layer &layer);
+/// "4 ports, 163,840 px each, last 81,920 px"; "1 port, 573,440 px" where all panels hang on one.
+QString ports(const Layer &layer);
+/// "12.73 A at 110 V, 1 phase"
+QString power(const Layer &layer, qint64 volts, qint64 phases);
+/// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture.
+QString picture(const Layer &layer);
+
+} // namespace LayerText

@@ -1,0 +1,380 @@
+#include "app/windows/Inspector.h"
+
+#include "app/ProjectFile.h"
+#include "app/Settings.h"
+#include "app/windows/ColourButton.h"
+#include "app/windows/LayerText.h"
+#include "app/windows/NumberField.h"
+#include "app/windows/PatternGrid.h"
+#include "still/LWStill.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QTest>
+#include <QToolButton>
+#include <QWheelEvent>
+
+class InspectorTest : public WindowFixture
+{
+protected:
+    LayerList &list() { return window.document().arraycontroller(); }
+    LayerPointer shown() { return list().selectedLayer(); }
+    void undo() { window.document().undoStack().undo(); }
+    QString undoText() { return window.document().undoStack().undoText(); }
+
+    /// The control of this kind and name that is seen.
+    template <typename Control>
+    Control &control(const QString &name)
+    {
+        for (Control *found : inspector().findChildren<Control *>()) {
+            if (found->accessibleName() == name && found->isVisibleTo(&inspector()))
+                return *found;
+        }
+        ADD_FAILURE() << "there is no " << qPrintable(name);
+        static Control *const none = static_cast<Control *>(nullptr);
+        return *none;
+    }
+    bool isShown(const QString &name)
+    {
+        for (const QWidget *found : inspector().findChildren<QWidget *>()) {
+            if (found->accessibleName() == name && found->isVisibleTo(&inspector()))
+                return true;
+        }
+        return false;
+    }
+    QString captionOf(const QString &name)
+    {
+        for (const QLabel *label : inspector().findChildren<QLabel *>()) {
+            if (label->buddy() && label->buddy()->accessibleName() == name && label->isVisibleTo(&inspector()))
+                return label->text();
+        }
+        return {};
+    }
+    void type(NumberField &field, const QString &text)
+    {
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClicks(&field, text);
+    }
+    QByteArray archive()
+    {
+        const LWAppDelegate &document = window.document();
+        return *ProjectFile::encode({document.OutputHeight(), document.OutputWidth(), document.allScreensArray()});
+    }
+    QString summary(const QString &name)
+    {
+        for (const QLabel *label : inspector().findChildren<QLabel *>()) {
+            if (label->accessibleName() == name && label->isVisibleTo(&inspector()))
+                return label->text();
+        }
+        return {};
+    }
+    void addStill()
+    {
+        QImage picture(40, 30, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::blue);
+        list().insertObjectAtArrangedObjectIndex(LWStill::initWithimage(window.document(), picture), 1);
+        list().setSelectionIndex(1);
+    }
+};
+
+namespace {
+struct NumberCase
+{
+    const char *name;
+    const char *property;
+    int value;
+    const char *undo;
+};
+} // namespace
+
+TEST_F(InspectorTest, EveryNumberIsTypedArchivedAndUndone)
+{
+    constexpr NumberCase cases[] = {
+        {"Columns", "col", 3, "Columns"},
+        {"Rows", "row", 4, "Rows"},
+        {"Panel width", "panelWidth", 96, "Panel Width"},
+        {"Panel height", "panelHeight", 72, "Panel Height"},
+        {"Left", "xpoint", -40, "Horizontal Position"},
+        {"Top", "ypoint", 55, "Vertical Position"},
+        {"Frame size", "boarderWidth", 7, "Frame Width"},
+        {"Circle size", "circleBWidth", 9, "Circle Width"},
+        {"Coordinates size", "XYFontSize", 33, "Coordinate Size"},
+        {"Name and size size", "screenFontSize", 44, "Centre Text Size"},
+        {"Panel labels size", "labelFontSize", 21, "Label Size"},
+        {"Pixels per port", "pixelLimit", 500000, "Pixels per Port"},
+        {"Per panel", "powerOnCell", 250, "Panel Power"},
+    };
+    for (const NumberCase &each : cases) {
+        SCOPED_TRACE(each.name);
+        const QByteArray before = archive();
+        const int steps = window.document().undoStack().index();
+        type(control<NumberField>(each.name), QString::number(each.value));
+        EXPECT_EQ(shown()->property(each.property).toInt(), each.value);
+        EXPECT_NE(archive(), before);
+        EXPECT_EQ(undoText(), each.undo);
+        EXPECT_EQ(window.document().undoStack().index(), steps + 1); // typing is one step
+        undo();
+        EXPECT_EQ(archive(), before);
+        EXPECT_EQ(control<NumberField>(each.name).value(), shown()->property(each.property).toInt());
+    }
+}
+
+TEST_F(InspectorTest, EverySwitchIsPressedArchivedAndUndone)
+{
+    const std::pair<const char *, const char *> cases[] = {
+        {"Visible", "visible"},          {"Fill", "bgEnable"},
+        {"Frame", "BoarderEnable"},      {"Circle", "CircleEnable"},
+        {"Coordinates", "XYFontEnable"}, {"Name and size", "screenFontEnable"},
+        {"Panel labels", "drawLabels"},  {"Letters by row", "XYLabelDirection"},
+        {"Path", "drawFlowPath"},
+    };
+    for (const auto &[name, property] : cases) {
+        SCOPED_TRACE(name);
+        const QByteArray before = archive();
+        const bool wasOn = shown()->property(property).toBool();
+        QCheckBox &box = control<QCheckBox>(name);
+        EXPECT_EQ(box.isChecked(), wasOn);
+        box.setFocus();
+        QTest::keyClick(&box, Qt::Key_Space);
+        EXPECT_EQ(shown()->property(property).toBool(), !wasOn);
+        undo();
+        EXPECT_EQ(archive(), before);
+        EXPECT_EQ(box.isChecked(), wasOn);
+    }
+}
+
+TEST_F(InspectorTest, EveryColourIsChosenWithItsOpacity)
+{
+    const std::pair<const char *, const char *> cases[] = {
+        {"Colour 1", "rectColor"},
+        {"Colour 2", "rectColor2"},
+        {"Frame colour", "boarderColor"},
+        {"Circle colour", "circleColor"},
+        {"Coordinates colour", "xyColor"},
+        {"Name and size colour", "sfColor"},
+        {"Panel labels colour", "labelColor"},
+    };
+    for (const auto &[name, property] : cases) {
+        SCOPED_TRACE(name);
+        const QByteArray before = archive();
+        const Answer choose = [](QWidget &dialog) {
+            auto &colours = dynamic_cast<QColorDialog &>(dialog);
+            colours.setCurrentColor(QColor(1, 2, 3, 51));
+            colours.accept();
+        };
+        answer([&] { control<ColourButton>(name).click(); }, {choose});
+        EXPECT_EQ(shown()->property(property).value<OptionalColour>(), OptionalColour(Colour::fromRgba8(0x33010203)));
+        EXPECT_EQ(control<ColourButton>(name).accessibleDescription(), "#33010203");
+        undo();
+        EXPECT_EQ(archive(), before);
+    }
+}
+
+TEST_F(InspectorTest, ANameIsTyped)
+{
+    QLineEdit &field = control<QLineEdit>("Name");
+    EXPECT_EQ(field.text(), "Layer 0");
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, "Stage left");
+    EXPECT_EQ(shown()->label(), "Stage left");
+    EXPECT_EQ(undoText(), "Name");
+    undo();
+    EXPECT_EQ(field.text(), "Layer 0");
+}
+
+TEST_F(InspectorTest, APatternIsChosenByItsPicture)
+{
+    QToolButton &sixth = control<QToolButton>("Data path 6");
+    sixth.click();
+    EXPECT_EQ(shown()->pattern(), 5);
+    EXPECT_TRUE(sixth.isChecked());
+    EXPECT_EQ(undoText(), "Data Path Pattern");
+    undo();
+    EXPECT_EQ(shown()->pattern(), 0);
+    EXPECT_TRUE(control<QToolButton>("Data path 1").isChecked());
+    EXPECT_FALSE(sixth.isChecked());
+}
+
+TEST_F(InspectorTest, SumsAreAllowedAndWrongEntriesKeepTheLastValue)
+{
+    NumberField &field = control<NumberField>("Panel width");
+    type(field, "3840/2");
+    EXPECT_EQ(shown()->panelWidth(), 1920);
+    type(field, "6*(64+64)");
+    EXPECT_EQ(shown()->panelWidth(), 768);
+    type(field, "0"); // below the range
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(shown()->panelWidth(), 768);
+    type(field, "64*");
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(shown()->panelWidth(), 64);
+}
+
+TEST_F(InspectorTest, UpAndDownStepByOneAndTheWheelOnlyWhereTheCursorIs)
+{
+    NumberField &field = control<NumberField>("Columns");
+    field.setFocus();
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(shown()->col(), 9);
+    QTest::keyClick(&field, Qt::Key_Down);
+    QTest::keyClick(&field, Qt::Key_Down);
+    EXPECT_EQ(shown()->col(), 7);
+
+    inspector().setFocus();
+    QWheelEvent wheel(QPointF(5, 5), field.mapToGlobal(QPointF(5, 5)), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&field, &wheel);
+    EXPECT_EQ(shown()->col(), 7);
+}
+
+TEST_F(InspectorTest, SeveralLayersAreEditedAsOneStepAndMixedValuesLookMixed)
+{
+    window.document().AddScreen(); // 1 x 1 panels of 80
+    list().setSelectionIndexes({0, 1});
+    NumberField &columns = control<NumberField>("Columns");
+    EXPECT_EQ(columns.text(), "—");
+    EXPECT_EQ(control<QCheckBox>("Fill").checkState(), Qt::Checked);
+    list().layer(0)->setBgEnable(false);
+    inspector().refresh();
+    EXPECT_EQ(control<QCheckBox>("Fill").checkState(), Qt::PartiallyChecked);
+
+    const QByteArray before = archive();
+    type(columns, "6");
+    EXPECT_EQ(list().layer(0)->col(), 6);
+    EXPECT_EQ(list().layer(1)->col(), 6);
+    EXPECT_EQ(list().layer(0)->screenSizeWidth(), 6 * 128);
+    EXPECT_EQ(list().layer(1)->screenSizeWidth(), 6 * 80);
+    EXPECT_EQ(columns.value(), 6);
+    undo();
+    EXPECT_EQ(list().layer(0)->col(), 8);
+    EXPECT_EQ(list().layer(1)->col(), 1);
+    EXPECT_EQ(columns.text(), "—");
+}
+
+TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
+{
+    shown()->setLabelColor(std::nullopt);
+    inspector().refresh();
+    control<QCheckBox>("Panel labels").click();
+    EXPECT_EQ(shown()->labelColor(), OptionalColour(NamedColour::white));
+    EXPECT_TRUE(shown()->drawLabels());
+    undo();
+    EXPECT_EQ(shown()->labelColor(), std::nullopt);
+    EXPECT_FALSE(shown()->drawLabels());
+}
+
+TEST_F(InspectorTest, CaptionsAreTheLayersOwnAndHideWithTheirFlag)
+{
+    EXPECT_EQ(captionOf("Panel width"), "Panel-V");
+    EXPECT_EQ(captionOf("Columns"), "COLS");
+    shown()->setLabel2(QString());
+    inspector().refresh();
+    EXPECT_EQ(captionOf("Panel width"), "Panel width");
+    shown()->setLabel2Hidden(true);
+    inspector().refresh();
+    EXPECT_FALSE(isShown("Panel width"));
+    EXPECT_TRUE(isShown("Panel height"));
+}
+
+TEST_F(InspectorTest, AStillHasItsOwnControls)
+{
+    addStill();
+    EXPECT_TRUE(isShown("Width"));
+    EXPECT_TRUE(isShown("Keep ratio"));
+    EXPECT_FALSE(isShown("Columns"));
+    EXPECT_FALSE(isShown("Per panel"));
+    EXPECT_EQ(summary("Picture"), "40 × 30 px, shown at 100 %");
+    list().setSelectionIndexes({0, 1}, 1); // a wall and a picture
+    EXPECT_TRUE(isShown("Visible"));
+    EXPECT_FALSE(isShown("Columns"));
+    EXPECT_FALSE(isShown("Keep ratio"));
+}
+
+TEST_F(InspectorTest, AMissingPictureIsToldAndChosenAgain)
+{
+    addStill();
+    QImage picture(20, 10, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(path("plate.png")));
+    answer([&] { click(inspector(), "Choose picture..."); }, {entering(path("plate.png"))});
+    EXPECT_EQ(shown()->thumbnail().size(), QSize(20, 10));
+    EXPECT_EQ(shown()->panelWidth(), 40);
+    EXPECT_EQ(summary("Picture"), "20 × 10 px, shown at 200 %");
+    EXPECT_EQ(undoText(), "Choose Picture");
+}
+
+TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
+{
+    EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px");
+    shown()->onImageClick(10, 10);
+    window.document().finishEdit("Toggle Panel");
+    EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px, 1 off");
+    click(inspector(), "Switch all on");
+    EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px");
+    EXPECT_EQ(undoText(), "Switch All Panels On");
+
+    EXPECT_EQ(summary("Ports"), "1 port, 655,360 px");
+    window.document().setValue(300'000, "arrangedObjects.pixelLimit"); // two rows of 131,072
+    EXPECT_EQ(summary("Ports"), "3 ports, 262,144 px each, last 131,072 px");
+    EXPECT_EQ(summary("Power"), "72.73 A at 110 V, 1 phase");
+    click(window, "208 V");
+    EXPECT_EQ(summary("Power"), "38.46 A at 208 V, 1 phase");
+}
+
+TEST_F(InspectorTest, TheOutputHasItsSizeAndColours)
+{
+    type(control<NumberField>("Height"), "720");
+    EXPECT_EQ(window.document().OutputHeight(), 720);
+    EXPECT_EQ(undoText(), "Output Height");
+    control<QToolButton>("Usual sizes of the output").menu()->actions().at(1)->trigger();
+    EXPECT_EQ(window.document().OutputWidth(), 3840);
+    EXPECT_EQ(window.document().OutputHeight(), 2160);
+    undo();
+    EXPECT_EQ(window.document().OutputHeight(), 720);
+}
+
+TEST_F(InspectorTest, TheChoiceOfCornersIsTheDocuments)
+{
+    inspector().findChild<QComboBox *>()->setFocus();
+    QTest::keyClick(inspector().findChild<QComboBox *>(), Qt::Key_Down);
+    EXPECT_EQ(window.document().popupIndex(), 1);
+}
+
+TEST_F(InspectorTest, FoldedGroupsStayFolded)
+{
+    for (QToolButton *head : inspector().findChildren<QToolButton *>("groupHead")) {
+        if (head->text() == "Wall")
+            head->click();
+    }
+    EXPECT_FALSE(isShown("Columns"));
+    MainWindow next;
+    next.start();
+    EXPECT_EQ(Settings::foldedGroups(), QStringList("Wall"));
+    for (const QWidget *found : next.findChildren<QWidget *>()) {
+        if (found->accessibleName() == "Columns") {
+            EXPECT_FALSE(found->isVisibleTo(&next));
+        }
+    }
+    Settings::setFoldedGroups({});
+}
+
+TEST_F(InspectorTest, EveryControlHasANameAndATip)
+{
+    for (const QWidget *each : inspector().findChildren<QWidget *>()) {
+        const bool isControl = qobject_cast<const QAbstractButton *>(each) || qobject_cast<const NumberField *>(each) ||
+                               qobject_cast<const QComboBox *>(each);
+        if (!isControl)
+            continue;
+        const auto *button = qobject_cast<const QAbstractButton *>(each);
+        const bool hasText = button && !button->text().isEmpty() && button->text() != "…";
+        EXPECT_TRUE(hasText || !each->accessibleName().isEmpty()) << each->metaObject()->className();
+        EXPECT_FALSE(each->toolTip().isEmpty()) << qPrintable(each->accessibleName());
+    }
+}
