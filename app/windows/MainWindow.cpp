@@ -3,6 +3,7 @@
 #include "app/Settings.h"
 #include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
+#include "app/windows/OutputPreview.h"
 #include "app/windows/OutputView.h"
 #include "app/windows/PowerBar.h"
 #include "app/windows/PresetPanel.h"
@@ -117,6 +118,10 @@ void MainWindow::connectDocument()
 {
     connect(&m_interface, &WindowInterface::outputComposed, m_outputView, &OutputView::showOutput);
     connect(&m_interface, &WindowInterface::outputReleased, m_outputView, &OutputView::releaseOutput);
+    connect(&m_interface, &WindowInterface::sheetAsked, &m_sheets, &Sheets::begin);
+    connect(&m_interface, &WindowInterface::sheetDone, &m_sheets, &Sheets::end);
+    connect(&m_sheets, &Sheets::imageAsked, this, [this] { m_interface.prepareOpenPanel("Add image"); });
+    connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
     connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_outputView, qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::powerComputed, m_powerBar, &PowerBar::showPowerResult);

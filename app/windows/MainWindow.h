@@ -1,10 +1,13 @@
 #pragma once
 
 #include "app/LWAppDelegate.h"
+#include "app/windows/Sheets.h"
 #include "app/windows/WindowInterface.h"
 
 #include <QKeySequence>
 #include <QMainWindow>
+#include <QPointer>
+#include <QScreen>
 
 #include <functional>
 
@@ -12,6 +15,7 @@ class Inspector;
 class LayerTable;
 class PresetPanel;
 class QMenu;
+class OutputPreview;
 class OutputView;
 class PowerBar;
 
@@ -43,6 +47,11 @@ private:
     void addLayerMenu();
     /// An action at whose start the message of the one before goes.
     void addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act);
+    void addViewMenu();
+    void addHelpMenu();
+    void listDisplays(QMenu &menu);
+    OutputPreview &outputPreview();
+    void showPreviewOnDisplay();
     void listRecentFiles(QMenu &menu);
     void listUnsavedWork(QMenu &menu);
     QWidget *layersPanel();
@@ -63,4 +72,7 @@ private:
     Inspector *m_inspector;
     OutputView *m_outputView;
     PowerBar *m_powerBar;
+    Sheets m_sheets{m_document, *this};
+    OutputPreview *m_preview = nullptr; ///< made when it is first shown
+    QPointer<QScreen> m_display;        ///< that the preview was last on
 };

@@ -1,11 +1,14 @@
 #include "app/Settings.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/MainWindow.h"
+#include "app/windows/NumberText.h"
+#include "app/windows/OutputPreview.h"
 #include "app/windows/PowerBar.h"
 #include "app/windows/PresetPanel.h"
 
 #include <QDir>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -14,6 +17,8 @@ void MainWindow::addMenus()
     addFileMenu();
     addEditMenu();
     addLayerMenu();
+    addViewMenu();
+    addHelpMenu();
 }
 
 void MainWindow::addFileMenu()
@@ -76,6 +81,64 @@ void MainWindow::addLayerMenu()
     });
     menu->addSeparator();
     menu->addAction("Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] { m_presetPanel->search(); });
+}
+
+void MainWindow::addViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&View");
+    addTold(*menu, "Output &Preview", {}, [this] { m_document.openPvw(); });
+    QMenu *displays = menu->addMenu("Preview on &Display");
+    connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
+    addTold(*menu, "&Fill the Display", Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+}
+
+void MainWindow::addHelpMenu()
+{
+    QMenu *menu = menuBar()->addMenu("&Help");
+    addTold(*menu, "&First Steps", QKeySequence::HelpContents, [this] { m_document.openHelp(); });
+    addTold(*menu, "Help in the &Web", {}, [this] { m_document.orvsoftwarehelpurl(); });
+    addTold(*menu, "Look for a New &Version", {}, [this] { m_document.webupdatecheck(); });
+    menu->addSeparator();
+    addTold(*menu, "&About Wallwright", {}, [this] { m_document.openAbout(); });
+}
+
+void MainWindow::listDisplays(QMenu &menu)
+{
+    menu.clear();
+    int number = 0;
+    for (QScreen *display : QGuiApplication::screens()) {
+        const QSize size = (QSizeF(display->size()) * display->devicePixelRatio()).toSize();
+        const QString name = QString("&%1: %2, %3").arg(++number).arg(display->name(), NumberText::size(size));
+        menu.addAction(name, this, [this, display = QPointer(display)] {
+            m_display = display;
+            showPreviewOnDisplay();
+        });
+    }
+}
+
+OutputPreview &MainWindow::outputPreview()
+{
+    if (m_preview)
+        return *m_preview;
+    m_preview = new OutputPreview(this);
+    m_preview->showOutput(m_document.img());
+    connect(&m_interface, &WindowInterface::outputComposed, m_preview, &OutputPreview::showOutput);
+    connect(&m_interface, &WindowInterface::outputReleased, m_preview, &OutputPreview::releaseOutput);
+    connect(m_preview, &OutputPreview::displayDidChange, m_powerBar, &PowerBar::showFailure);
+    return *m_preview;
+}
+
+/// On the display that was chosen last, else on the first that does not show this window; and back again.
+void MainWindow::showPreviewOnDisplay()
+{
+    if (m_preview && m_preview->isOnDisplay())
+        return m_preview->showInWindow();
+    QScreen *display = m_display;
+    for (QScreen *other : QGuiApplication::screens()) {
+        if (!display && other != screen())
+            display = other;
+    }
+    outputPreview().showOn(display ? *display : *screen());
 }
 
 void MainWindow::addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act)

@@ -65,9 +65,24 @@ const QImage &OutputView::reduced(const QSize &size)
     return m_reduced;
 }
 
+void OutputView::setFit(Fit fit)
+{
+    m_fit = fit;
+    update();
+}
+
+void OutputView::paintPixelForPixel(QPainter &painter) const
+{
+    painter.fillRect(rect(), Qt::black);
+    painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
+    painter.drawImage(0, 0, m_output);
+}
+
 void OutputView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
+    if (m_fit == Fit::PixelForPixel)
+        return paintPixelForPixel(painter);
     painter.fillRect(rect(), Theme::ground);
     const QSize shown = shownSize();
     if (shown.isEmpty()) {

@@ -13,6 +13,12 @@ class OutputView final : public QWidget
 public:
     explicit OutputView(QWidget *parent = nullptr);
 
+    enum class Fit
+    {
+        Whole,        ///< the whole output, framed
+        PixelForPixel ///< one output pixel to one device pixel from the top left on black, for displays that feed walls
+    };
+    void setFit(Fit fit);
     /// Shares the picture's pixels until releaseOutput(). Null: there is no output.
     void showOutput(const QImage &output);
     /// Lets go of the picture; showOutput() follows before the next painting.
@@ -38,7 +44,9 @@ private:
     QSize shownSize() const;
     void tellShownSize();
     const QImage &reduced(const QSize &size);
+    void paintPixelForPixel(QPainter &painter) const;
 
+    Fit m_fit = Fit::Whole;
     QImage m_output;
     QImage m_reduced; ///< the output at the size that it was last painted in; null when it has to be made
 };

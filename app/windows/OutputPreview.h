@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+class OutputView;
+class QScreen;
+
+namespace Ui {
+class OutputPreview;
+}
+
+/// The composed output alone: in a window, scaled to fit, or on a whole display, one output pixel to one device pixel
+/// from the top left, without chrome or pointer. Escape brings it back into its window.
+class OutputPreview final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit OutputPreview(QWidget *parent = nullptr);
+    ~OutputPreview() override;
+
+    void showOutput(const QImage &output);
+    void releaseOutput();
+
+    /// Fills a display. A display that goes away takes the preview back into its window.
+    void showOn(QScreen &display);
+    void showInWindow();
+    bool isOnDisplay() const { return m_isOnDisplay; }
+
+signals:
+    /// The preview is on a display now; `problem` says where its size is not the output's, or is empty.
+    void displayDidChange(const QString &problem);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void tellFit();
+
+    std::unique_ptr<Ui::OutputPreview> m_form;
+    QSize m_outputSize;
+    bool m_isOnDisplay = false;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "app/UserInterface.h"
+
+#include <QObject>
+
+#include <array>
+
+class LWAppDelegate;
+class QDialog;
+class QWidget;
+
+/// The sheets over the main window, each made when it is first shown. Their buttons are the document's actions.
+class Sheets final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Both outlive this; `window` is what the sheets are shown over.
+    Sheets(LWAppDelegate &document, QWidget &window);
+
+    void begin(UserInterface::Sheet sheet);
+    void end(UserInterface::Sheet sheet);
+
+signals:
+    /// A picture is about to be asked for.
+    void imageAsked();
+
+private:
+    QDialog *make(UserInterface::Sheet sheet);
+    QDialog *makeAddWindow();
+    QDialog *makeAbout();
+    QDialog *makeHelp();
+
+    LWAppDelegate &m_document;
+    QWidget &m_window;
+    std::array<QDialog *, 3> m_dialogs{}; ///< by UserInterface::Sheet; the window owns them
+};

@@ -1,0 +1,112 @@
+#include "app/windows/OutputPreview.h"
+#include "app/windows/OutputView.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTest>
+
+class SheetsTest : public WindowFixture
+{
+protected:
+    int layers() { return window.document().arraycontroller().rowCount(); }
+    void choose(const QString &menuTitle, const QString &text)
+    {
+        for (const QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
+            for (QAction *action : menu->actions()) {
+                if (menu->title().remove('&') == menuTitle && action->text().remove('&') == text)
+                    return action->trigger();
+            }
+        }
+        ADD_FAILURE() << "no entry says " << qPrintable(text);
+    }
+    OutputPreview *preview() { return window.findChild<OutputPreview *>(); }
+    QImage previewed()
+    {
+        return preview()->findChild<OutputView *>()->grab().toImage().convertToFormat(
+            QImage::Format_ARGB32_Premultiplied);
+    }
+};
+
+TEST_F(SheetsTest, TheAddSheetAddsAScreenOrNothing)
+{
+    window.document().add();
+    QWidget *sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->windowTitle(), "Add layer");
+    click(*sheet, "Cancel");
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(layers(), 1);
+
+    window.document().add();
+    click(*sheet, "Screen");
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(layers(), 2);
+}
+
+TEST_F(SheetsTest, ThePictureOfTheAddSheetIsAskedForAndMayBeCancelled)
+{
+    QImage picture(20, 10, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(path("plate.png")));
+    window.document().add();
+    QWidget *sheet = QApplication::activeModalWidget();
+    const Answer cancel = [](QWidget &panel) {
+        EXPECT_EQ(panel.windowTitle(), "Add image");
+        panel.close();
+    };
+    answer([&] { sheet->findChild<QAbstractButton *>("addImage")->click(); }, {cancel});
+    EXPECT_TRUE(sheet->isVisible());
+    EXPECT_EQ(layers(), 1);
+    answer([&] { sheet->findChild<QAbstractButton *>("addImage")->click(); }, {entering(path("plate.png"))});
+    EXPECT_FALSE(sheet->isVisible());
+    EXPECT_EQ(layers(), 2);
+    EXPECT_EQ(window.document().arraycontroller().selectedLayer()->panelWidth(), 20);
+}
+
+TEST_F(SheetsTest, AboutAndHelpOpenAndClose)
+{
+    for (const auto &[text, title] : {std::pair("About Wallwright", "About Wallwright"), {"First Steps", "Help"}}) {
+        choose("Help", text);
+        QWidget *sheet = QApplication::activeModalWidget();
+        ASSERT_NE(sheet, nullptr);
+        EXPECT_EQ(sheet->windowTitle(), title);
+        click(*sheet, "Close");
+        EXPECT_FALSE(sheet->isVisible());
+    }
+}
+
+TEST_F(SheetsTest, ThePreviewShowsTheOutputAndFollowsIt)
+{
+    choose("View", "Output Preview");
+    ASSERT_NE(preview(), nullptr);
+    EXPECT_TRUE(preview()->isVisible());
+    EXPECT_EQ(preview()->windowTitle(), "Output Preview");
+    EXPECT_EQ(preview()->size(), QSize(640, 360));
+
+    window.document().timerupdate();
+    window.document().setValue(QVariant::fromValue(OptionalColour(Colour{0, 0, 1, 1})), "arrangedObjects.rectColor");
+    const QImage picture = previewed();
+    EXPECT_EQ(picture.pixelColor(12 + 100 * 616 / 1920, picture.height() / 2), QColor(0, 0, 255));
+}
+
+TEST_F(SheetsTest, OnADisplayThePreviewIsPixelForPixelAndEscapeBringsItBack)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    ASSERT_NE(preview(), nullptr);
+    EXPECT_TRUE(preview()->isOnDisplay());
+    EXPECT_TRUE(preview()->isFullScreen());
+    EXPECT_EQ(preview()->cursor().shape(), Qt::BlankCursor);
+    const QImage picture = previewed();
+    const QRect common = picture.rect() & window.document().offscreenRep().rect();
+    EXPECT_EQ(picture.copy(common), window.document().offscreenRep().copy(common));
+
+    QTest::keyClick(preview(), Qt::Key_Escape);
+    EXPECT_FALSE(preview()->isFullScreen());
+    EXPECT_FALSE(preview()->isOnDisplay());
+    EXPECT_NE(preview()->cursor().shape(), Qt::BlankCursor);
+}
