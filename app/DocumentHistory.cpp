@@ -39,12 +39,13 @@ public:
             m_history.show(m_after);
     }
 
-    void setAfter(const DocumentState &after) { m_after = after; }
+    void setBefore(const DocumentState &before) const { m_before = before; }
+    void setAfter(const DocumentState &after) const { m_after = after; }
 
 private:
     DocumentHistory &m_history;
-    DocumentState m_before;
-    DocumentState m_after;
+    mutable DocumentState m_before; // the stack shows its steps as constant
+    mutable DocumentState m_after;
     bool m_isDone = false; ///< the edit itself was the first time
 };
 
@@ -54,12 +55,14 @@ DocumentHistory::DocumentHistory(UndoableDocument &document) : m_document(docume
     connect(&m_stack, &QUndoStack::indexChanged, this, &DocumentHistory::contentDidChange);
 }
 
-DocumentHistory::~DocumentHistory() = default;
+DocumentHistory::~DocumentHistory()
+{
+    m_stack.disconnect(this); // it tells that its steps go, when the document is half gone itself
+}
 
 void DocumentHistory::clear()
 {
     m_stack.clear();
-    m_lastStep = nullptr;
     m_state = m_document.state({});
     endTyping();
 }
@@ -69,12 +72,8 @@ void DocumentHistory::absorb()
     DocumentState now = m_document.state(m_state);
     const bool isSame = now.hasContentOf(m_state);
     m_state = std::move(now);
-    if (isSame || m_isShowing)
-        return;
-    if (lastStepIsOnTop())
-        replaceAfter();
-    else
-        emit contentDidChange();
+    if (!isSame && !m_isShowing)
+        replaceHere();
 }
 
 void DocumentHistory::noteSelection()
@@ -95,27 +94,26 @@ void DocumentHistory::record(const QString &name, const QString &typing)
     const bool typesOn = !typing.isEmpty() && typing == m_typing;
     m_typing = typing;
     // A saved state stays a step of its own, or undoing could not come back to it.
-    if (typesOn && lastStepIsOnTop() && !m_stack.isClean())
-        replaceAfter();
+    if (typesOn && lastEditIsOnTop() && !m_stack.isClean())
+        replaceHere();
     else
-        push(name, std::move(before));
+        m_stack.push(new Step(*this, name, std::move(before), m_state)); // the stack owns it
 }
 
-void DocumentHistory::push(const QString &name, DocumentState before)
+/// The document as it is now takes the place of what it was here: both the way forth and the way back lead to it.
+void DocumentHistory::replaceHere()
 {
-    m_lastStep = new Step(*this, name, std::move(before), m_state); // the stack owns it
-    m_stack.push(m_lastStep);
-}
-
-void DocumentHistory::replaceAfter()
-{
-    m_lastStep->setAfter(m_state);
+    const auto step = [this](int index) { return static_cast<const Step *>(m_stack.command(index)); };
+    if (const Step *const last = step(m_stack.index() - 1))
+        last->setAfter(m_state);
+    if (const Step *const undone = step(m_stack.index()))
+        undone->setBefore(m_state);
     emit contentDidChange();
 }
 
-bool DocumentHistory::lastStepIsOnTop() const
+bool DocumentHistory::lastEditIsOnTop() const
 {
-    return m_lastStep && m_stack.index() == m_stack.count();
+    return m_stack.canUndo() && !m_stack.canRedo();
 }
 
 void DocumentHistory::show(const DocumentState &state)

@@ -41,7 +41,7 @@ public:
     void record(const QString &name, const QString &typing = {});
     /// The next edit begins a step of its own, whatever it types on.
     void endTyping() { m_typing.clear(); }
-    /// The document was rendered: what that has filled in belongs to the last edit.
+    /// The document was rendered: what that has filled in belongs to the edit that was made last and is not undone.
     void absorb();
     /// Something else is selected: where undoing the next edit leads back to. Nothing in the middle of an edit, when
     /// the content is another than after the last one.
@@ -56,15 +56,13 @@ signals:
 private:
     class Step;
 
-    void push(const QString &name, DocumentState before);
-    void replaceAfter();
-    bool lastStepIsOnTop() const;
+    void replaceHere();
+    bool lastEditIsOnTop() const;
     void show(const DocumentState &state);
 
     UndoableDocument &m_document;
     QUndoStack m_stack;
-    DocumentState m_state;      ///< as last seen
-    Step *m_lastStep = nullptr; ///< the one that was made last; on top of the stack unless something was undone
+    DocumentState m_state; ///< as last seen
     QString m_typing;
     bool m_isShowing = false; ///< a state is being brought back
 };

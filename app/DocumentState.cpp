@@ -4,6 +4,7 @@
 
 #include <QMetaProperty>
 
+#include <algorithm>
 #include <unordered_map>
 
 namespace {
@@ -29,6 +30,18 @@ QVariantList valuesOf(const Layer &layer)
     return values;
 }
 
+/// To Qt a text without letters equals none at all; files tell them apart.
+bool isSame(const QVariant &one, const QVariant &other)
+{
+    const bool isText = one.typeId() == QMetaType::QString;
+    return one == other && (!isText || one.toString().isNull() == other.toString().isNull());
+}
+
+bool areSame(const QVariantList &some, const QVariantList &others)
+{
+    return std::equal(some.begin(), some.end(), others.begin(), others.end(), isSame);
+}
+
 void setValues(Layer &layer, const QVariantList &values)
 {
     auto value = values.begin();
@@ -37,17 +50,22 @@ void setValues(Layer &layer, const QVariantList &values)
 }
 } // namespace
 
+bool LayerState::operator==(const LayerState &other) const
+{
+    return layer == other.layer && (values == other.values || areSame(*values, *other.values));
+}
+
 LayerState LayerState::of(const LayerPointer &layer, const LayerState *before)
 {
     QVariantList values = valuesOf(*layer);
-    if (before && *before->values == values)
+    if (before && areSame(*before->values, values))
         return *before;
     return {layer, std::make_shared<const QVariantList>(std::move(values))};
 }
 
 void LayerState::apply() const
 {
-    if (valuesOf(*layer) == *values)
+    if (areSame(valuesOf(*layer), *values))
         return;
     const auto still = std::dynamic_pointer_cast<LWStill>(layer);
     const Address shownAddress = still ? still->ImageURL() : Address();

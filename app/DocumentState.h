@@ -17,10 +17,7 @@ struct LayerState
     /// In the order of the layer's declared properties; shared by the states between which they did not change.
     std::shared_ptr<const QVariantList> values;
 
-    bool operator==(const LayerState &other) const
-    {
-        return layer == other.layer && (values == other.values || *values == *other.values);
-    }
+    bool operator==(const LayerState &other) const;
 
     /// The layer as it is now. `before`: an earlier state of it or null; its values are shared where they are the same.
     static LayerState of(const LayerPointer &layer, const LayerState *before);

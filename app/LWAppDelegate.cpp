@@ -89,6 +89,8 @@ void LWAppDelegate::connectLists()
     connect(&m_arraycontroller, &LayerList::selectionIndexesDidChange, this,
             [this] { tableViewSelectionDidChange(m_arraycontroller.selectionIndex()); });
     connect(&m_arraycontroller, &LayerList::selectionIndexDidChange, this, &LWAppDelegate::tableViewSelectionDidChange);
+    connect(&m_presetarraycontroller, &LayerList::selectionIndexesDidChange, &m_history,
+            &DocumentHistory::noteSelection);
     for (LayerList *list : {&m_arraycontroller, &m_presetarraycontroller}) {
         connect(list, &LayerList::dragDidStart, this, [this, list] { tableViewWriteRowsWithIndexes(*list); });
         connect(list, &LayerList::rowWasDropped, this,
@@ -111,6 +113,14 @@ void LWAppDelegate::gateTimerFired()
     timerupdate();
     if (m_updateWasSwallowed)
         update();
+}
+
+void LWAppDelegate::catchUp()
+{
+    if (!m_updateWasSwallowed)
+        return;
+    m_shouldUpdate = true;
+    update();
 }
 
 void LWAppDelegate::compose()

@@ -227,6 +227,8 @@ private:
     void connectLists();
     void connectRecovery();
 
+    /// Makes up for a swallowed update at once, before the document goes into a file.
+    void catchUp();
     void compose();
     void composeOutput();
     void renderForInspector(Layer &layer);

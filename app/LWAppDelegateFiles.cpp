@@ -32,6 +32,7 @@ void LWAppDelegate::save()
 
 void LWAppDelegate::writeProject(const QString &path)
 {
+    catchUp();
     const Result<void> written = ProjectFile::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()});
     if (!written)
         return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
@@ -119,6 +120,7 @@ bool LWAppDelegate::applicationOpenFile(const QString &path)
 
 void LWAppDelegate::saveAction()
 {
+    catchUp();
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;
@@ -130,6 +132,7 @@ void LWAppDelegate::saveAction()
 
 void LWAppDelegate::savePSD()
 {
+    catchUp();
     if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();

@@ -100,6 +100,7 @@ Inspector::Inspector(LWAppDelegate &document, WindowInterface &interface, QWidge
     connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
     connect(&interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
     connect(&interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
+    connect(&interface, &WindowInterface::patternShown, m_patterns, &PatternGrid::show);
     for (QWidget *control : m_content->findChildren<QWidget *>())
         control->installEventFilter(this);
 }
@@ -262,7 +263,6 @@ void Inspector::refresh()
     if (layers.empty())
         return;
     m_form->show(layers);
-    m_patterns->show(layers.front()->pattern());
 }
 
 void Inspector::switchAllOn()

@@ -4,6 +4,7 @@
 #include "app/windows/NumberText.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
+#include "screen/PanelLabels.h"
 #include "screen/PortSplit.h"
 #include "still/LWStill.h"
 
@@ -71,6 +72,24 @@ QString ports(const Layer &layer)
     if (split->remainderLines == 0)
         return ports + each;
     return ports + each + ", last " + NumberText::grouped(pixelsOf(layer, *pattern, split->remainderLines)) + " px";
+}
+
+QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
+{
+    for (const LayerPointer &layer : layers) {
+        const qint64 x = qint64{pixel.x()} - layer->xpoint();
+        const qint64 y = qint64{pixel.y()} - layer->ypoint();
+        const bool isInside = x >= 0 && y >= 0 && x < layer->screenSizeWidth() && y < layer->screenSizeHeight();
+        if (!layer->visible() || !isInside)
+            continue;
+        if (!qobject_cast<const LWScreen *>(layer.get()) || layer->panelWidth() <= 0 || layer->panelHeight() <= 0)
+            return {};
+        const int column = static_cast<int>(x / layer->panelWidth());
+        const int row = static_cast<int>(y / layer->panelHeight());
+        return layer->XYLabelDirection() ? PanelLabels::rowLetter(row) + QString::number(column + 1)
+                                         : PanelLabels::columnLetters(column) + QString::number(row + 1);
+    }
+    return {};
 }
 
 QString power(const Layer &layer, qint64 volts, qint64 phases)

@@ -3,11 +3,12 @@
 #include "app/Settings.h"
 #include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
+#include "app/windows/LayerText.h"
 #include "app/windows/OutputPreview.h"
-#include "app/windows/OutputView.h"
 #include "app/windows/PowerBar.h"
 #include "app/windows/PresetPanel.h"
 #include "app/windows/Theme.h"
+#include "canvas/LWCanvasImageView.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
@@ -46,7 +47,8 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
-    // The table shows the document's list, so it goes first.
+    // The views show the document, so they go first.
+    m_interface.setCanvas(nullptr);
     delete takeCentralWidget();
 }
 
@@ -96,8 +98,9 @@ void MainWindow::addViews()
     regions->setHandleWidth(1);
     regions->setChildrenCollapsible(false);
     regions->addWidget(lists());
-    m_outputView = new OutputView;
-    regions->addWidget(m_outputView);
+    m_canvas = new LWCanvasImageView(m_canvasLink);
+    m_interface.setCanvas(m_canvas);
+    regions->addWidget(m_canvas);
     m_inspector = new Inspector(m_document, m_interface);
     m_inspector->setMinimumWidth(leastInspectorWidth);
     regions->addWidget(m_inspector);
@@ -116,13 +119,13 @@ void MainWindow::addViews()
 
 void MainWindow::connectDocument()
 {
-    connect(&m_interface, &WindowInterface::outputComposed, m_outputView, &OutputView::showOutput);
-    connect(&m_interface, &WindowInterface::outputReleased, m_outputView, &OutputView::releaseOutput);
+    connect(&m_interface, &WindowInterface::outputComposed, m_canvas, &LWCanvasImageView::showOutput);
+    connect(&m_interface, &WindowInterface::outputReleased, m_canvas, &LWCanvasImageView::releaseOutput);
     connect(&m_interface, &WindowInterface::sheetAsked, &m_sheets, &Sheets::begin);
     connect(&m_interface, &WindowInterface::sheetDone, &m_sheets, &Sheets::end);
     connect(&m_sheets, &Sheets::imageAsked, this, [this] { m_interface.prepareOpenPanel("Add image"); });
     connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
-    connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_outputView, qOverload<>(&QWidget::update));
+    connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::powerComputed, m_powerBar, &PowerBar::showPowerResult);
     connect(&m_interface, &WindowInterface::failureTold, m_powerBar, &PowerBar::showFailure);
@@ -136,7 +139,11 @@ void MainWindow::connectViews()
 {
     connect(m_powerBar, &PowerBar::voltageChosen, &m_document, &LWAppDelegate::voltageSelect);
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
-    connect(m_outputView, &OutputView::shownSizeDidChange, m_powerBar, &PowerBar::showOutputSize);
+    connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
+        const QString panel =
+            readOut.pixel ? LayerText::panelAt(m_document.allScreensArray(), *readOut.pixel) : QString();
+        m_powerBar->showReadOut(readOut, panel);
+    });
 }
 
 void MainWindow::showFile(const QString &path)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/LWAppDelegate.h"
+#include "app/windows/CanvasLink.h"
 #include "app/windows/Sheets.h"
 #include "app/windows/WindowInterface.h"
 
@@ -13,10 +14,10 @@
 
 class Inspector;
 class LayerTable;
+class LWCanvasImageView;
 class PresetPanel;
 class QMenu;
 class OutputPreview;
-class OutputView;
 class PowerBar;
 
 /// The main window and the document in it: the menus, the layer table, the composed output and the power line.
@@ -67,10 +68,11 @@ private:
 
     WindowInterface m_interface{*this};
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
+    CanvasLink m_canvasLink{m_document};
     LayerTable *m_layerTable;
     PresetPanel *m_presetPanel;
     Inspector *m_inspector;
-    OutputView *m_outputView;
+    LWCanvasImageView *m_canvas;
     PowerBar *m_powerBar;
     Sheets m_sheets{m_document, *this};
     OutputPreview *m_preview = nullptr; ///< made when it is first shown

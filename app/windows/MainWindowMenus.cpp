@@ -5,6 +5,7 @@
 #include "app/windows/OutputPreview.h"
 #include "app/windows/PowerBar.h"
 #include "app/windows/PresetPanel.h"
+#include "canvas/LWCanvasImageView.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -86,10 +87,15 @@ void MainWindow::addLayerMenu()
 void MainWindow::addViewMenu()
 {
     QMenu *menu = menuBar()->addMenu("&View");
+    menu->addAction("&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
+    menu->addAction("Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
+    menu->addAction("&100 %", Qt::CTRL | Qt::Key_1, m_canvas, &LWCanvasImageView::zoomTo100);
+    menu->addAction("&Fit", Qt::CTRL | Qt::Key_0, m_canvas, &LWCanvasImageView::zoomToFit);
+    menu->addSeparator();
     addTold(*menu, "Output &Preview", {}, [this] { m_document.openPvw(); });
     QMenu *displays = menu->addMenu("Preview on &Display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    addTold(*menu, "&Fill the Display", Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    addTold(*menu, "Fi&ll the Display", Qt::Key_F11, [this] { showPreviewOnDisplay(); });
 }
 
 void MainWindow::addHelpMenu()

@@ -21,7 +21,7 @@ void OutputView::showOutput(const QImage &output)
 {
     m_output = output;
     m_reduced = {};
-    tellShownSize();
+    setAccessibleDescription(m_output.isNull() ? QString() : NumberText::size(m_output.size()) + " pixels");
     update();
 }
 
@@ -50,12 +50,6 @@ QSize OutputView::shownSize() const
 {
     const int margins = 2 * qRound(Theme::edge * devicePixelRatioF());
     return fittedSize(m_output.size(), sizeInDevicePixels() - QSize(margins, margins));
-}
-
-void OutputView::tellShownSize()
-{
-    emit shownSizeDidChange(m_output.size(), shownSize());
-    setAccessibleDescription(m_output.isNull() ? QString() : NumberText::size(m_output.size()) + " pixels");
 }
 
 const QImage &OutputView::reduced(const QSize &size)
@@ -105,10 +99,4 @@ void OutputView::paintEvent(QPaintEvent *)
         painter.drawImage(place.topLeft(), reduced(shown));
     else
         painter.drawImage(place, m_output);
-}
-
-void OutputView::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    tellShownSize();
 }

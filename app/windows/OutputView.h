@@ -30,19 +30,12 @@ public:
 
     QSize minimumSizeHint() const override { return {160, 120}; }
 
-signals:
-    /// The output or the size that it is shown in changed. `shown` is in device pixels, `output` in its own; both are
-    /// empty where there is nothing to show.
-    void shownSizeDidChange(const QSize &output, const QSize &shown);
-
 protected:
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QSize sizeInDevicePixels() const;
     QSize shownSize() const;
-    void tellShownSize();
     const QImage &reduced(const QSize &size);
     void paintPixelForPixel(QPainter &painter) const;
 

@@ -2,6 +2,7 @@
 
 #include "app/windows/NumberText.h"
 #include "app/windows/Theme.h"
+#include "canvas/LWCanvasImageView.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
@@ -31,6 +32,7 @@ void colourText(QWidget *label, const QColor &colour)
 PowerBar::PowerBar(QWidget *parent)
     : QWidget(parent), m_row(new QHBoxLayout(this)),
       m_powerResult(plainLabel({}, "Current of all walls, hidden ones too")), m_message(plainLabel({}, {})),
+      m_pointer(plainLabel({}, "Pixel, panel and colour under the pointer")),
       m_outputSize(plainLabel({}, "Size of the output, and at what scale it is shown"))
 {
     setAttribute(Qt::WA_StyledBackground);
@@ -48,6 +50,8 @@ PowerBar::PowerBar(QWidget *parent)
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_row->addWidget(m_message, 1);
     colourText(m_outputSize, Theme::dimText);
+    colourText(m_pointer, Theme::dimText);
+    m_row->addWidget(m_pointer);
     m_row->addWidget(m_outputSize);
 
     connect(m_voltages, &QButtonGroup::idClicked, this, &PowerBar::voltageChosen);
@@ -97,12 +101,18 @@ void PowerBar::elideMessage()
     m_message->setText(m_message->fontMetrics().elidedText(m_messageSentence, Qt::ElideRight, m_message->width()));
 }
 
-void PowerBar::showOutputSize(const QSize &output, const QSize &shown)
+void PowerBar::showReadOut(const CanvasReadOut &readOut, const QString &panel)
 {
-    if (output.isEmpty() || shown.isEmpty())
-        return m_outputSize->clear();
-    const int percent = qRound(100.0 * shown.width() / output.width());
-    m_outputSize->setText(QString("%1 px, %2 %").arg(NumberText::size(output)).arg(percent));
+    QStringList pointer;
+    if (readOut.pixel)
+        pointer = {QString("x %1").arg(readOut.pixel->x()), QString("y %1").arg(readOut.pixel->y()), panel,
+                   readOut.colour.isValid() ? readOut.colour.name() : QString()};
+    pointer.removeAll(QString());
+    m_pointer->setText(pointer.join("  "));
+    m_outputSize->setText(
+        readOut.output.isEmpty() || readOut.zoomPercent == 0
+            ? QString()
+            : QString("%1 px, %2 %").arg(NumberText::size(readOut.output)).arg(qRound(readOut.zoomPercent)));
 }
 
 void PowerBar::resizeEvent(QResizeEvent *event)

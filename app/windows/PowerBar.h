@@ -7,6 +7,7 @@
 class QButtonGroup;
 class QHBoxLayout;
 class QLabel;
+struct CanvasReadOut;
 
 /// The line along the window's bottom: supply voltage and phases to choose from, the power line, what was done
 /// or could not be, and what of the output is shown.
@@ -24,8 +25,8 @@ public:
     void showFailure(const QString &sentence);
     void showStatus(const QString &sentence);
     void clearMessage() { showStatus({}); }
-    /// "1,920 × 1,080 px, 52 %"; sizes as OutputView tells them.
-    void showOutputSize(const QSize &output, const QSize &shown);
+    /// "x 812  y 344  C7  #ff0000  1,920 × 1,080 px, 52 %"; `panel`: the label of the panel under the pointer.
+    void showReadOut(const CanvasReadOut &readOut, const QString &panel);
 
 signals:
     /// Someone chose a voltage (110, 208) or a number of phases (1, 3).
@@ -53,6 +54,7 @@ private:
     QButtonGroup *m_phases;
     QLabel *m_powerResult;
     QLabel *m_message;
+    QLabel *m_pointer;
     QLabel *m_outputSize;
     QString m_messageSentence;
 };

@@ -40,6 +40,7 @@ QPalette palette()
     colours.setColor(QPalette::ToolTipBase, Theme::raised);
     colours.setColor(QPalette::ToolTipText, Theme::text);
     colours.setColor(QPalette::Highlight, Theme::accent);
+    colours.setColor(QPalette::Mid, Theme::line);
     colours.setColor(QPalette::HighlightedText, Theme::ground);
     colours.setColor(QPalette::Link, Theme::accent);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})

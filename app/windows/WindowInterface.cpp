@@ -3,6 +3,7 @@
 #include "app/FileBytes.h"
 #include "app/Settings.h"
 #include "app/windows/ProgressDialog.h"
+#include "canvas/LWCanvasImageView.h"
 
 #include <QDesktopServices>
 #include <QDir>
@@ -180,6 +181,35 @@ bool WindowInterface::showProgress(const QString &what, double done)
         return true;
     m_progressDialog->showDone(done);
     return !m_progressDialog->isCancelled();
+}
+
+QSizeF WindowInterface::canvasFrameSize() const
+{
+    return m_canvas ? m_canvas->frame().size() : QSizeF(0, 0);
+}
+
+void WindowInterface::setKScaleFactor(float factor)
+{
+    if (m_canvas)
+        m_canvas->setKScaleFactor(factor);
+}
+
+void WindowInterface::drawRectangle(const QRectF &rectangle)
+{
+    if (m_canvas)
+        m_canvas->drawRectangle(rectangle);
+}
+
+void WindowInterface::showRectangle()
+{
+    if (m_canvas)
+        m_canvas->showRectangle();
+}
+
+void WindowInterface::hideRectangle()
+{
+    if (m_canvas)
+        m_canvas->hideRectangle();
 }
 
 void WindowInterface::noteRecentDocument(const QString &path)

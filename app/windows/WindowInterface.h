@@ -9,6 +9,7 @@
 #include <chrono>
 #include <memory>
 
+class LWCanvasImageView;
 class ProgressDialog;
 
 /// What the document needs of a person, asked in panels and alerts over the main window; what it has to show goes on to
@@ -51,13 +52,14 @@ public:
     void showOutput(const QImage &output) override { emit outputComposed(output); }
     void releaseOutput() override { emit outputReleased(); }
     void repaintCanvas() override { emit canvasRepaintAsked(); }
-    /// The window shows the output without a marker.
-    QSizeF canvasFrameSize() const override { return {0, 0}; }
-    void setKScaleFactor(float /*factor*/) override {}
-    void drawRectangle(const QRectF & /*rectangle*/) override {}
-    void showRectangle() override {}
-    void hideRectangle() override {}
-    void showPattern(int /*pattern*/) override {}
+    /// Where the marker is shown; outlives this, or is taken away with null.
+    void setCanvas(LWCanvasImageView *canvas) { m_canvas = canvas; }
+    QSizeF canvasFrameSize() const override;
+    void setKScaleFactor(float factor) override;
+    void drawRectangle(const QRectF &rectangle) override;
+    void showRectangle() override;
+    void hideRectangle() override;
+    void showPattern(int pattern) override { emit patternShown(pattern); }
     void reloadTable() override { emit layersRendered(); }
     void showPowerResult(const QString &text) override { emit powerComputed(text); }
     void noteRecentDocument(const QString &path) override;
@@ -68,6 +70,7 @@ signals:
     void sheetAsked(Sheet sheet);
     void sheetDone(Sheet sheet);
     void outputPreviewAsked();
+    void patternShown(int pattern);
     void failureTold(const QString &sentence);
     void statusTold(const QString &sentence);
     void outputComposed(const QImage &output);
@@ -82,6 +85,7 @@ private:
     bool mayReplace(const QString &path);
 
     QWidget &m_window;
+    LWCanvasImageView *m_canvas = nullptr;
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
     QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own

@@ -1,7 +1,7 @@
 #include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
-#include "app/windows/OutputView.h"
 #include "app/windows/Theme.h"
+#include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QIcon>
@@ -77,14 +77,14 @@ TEST_F(MainWindowTest, NothingIsCutOffInSmallAndLargeWindows)
 {
     for (const QSize size : {QSize(800, 500), QSize(1280, 780), QSize(2560, 1440)}) {
         resizeTo(size);
-        QList<QWidget *> parts{&table(), &presetTable(), &outputView()};
+        QList<QWidget *> parts{&table(), &presetTable(), &canvas()};
         for (QRadioButton *button : window.findChildren<QRadioButton *>())
             parts.append(button);
         for (QLabel *label : window.findChildren<QLabel *>()) {
             if (!inspector().isAncestorOf(label)) // that one scrolls
                 parts.append(label);
         }
-        ASSERT_EQ(parts.size(), 3 + 4 + 5);
+        ASSERT_EQ(parts.size(), 3 + 4 + 6);
         for (const QWidget *part : parts) {
             const QRect place(part->mapTo(&window, QPoint()), part->size());
             EXPECT_TRUE(window.rect().contains(place)) << qPrintable(part->accessibleName());
@@ -116,6 +116,5 @@ TEST_F(MainWindowTest, EveryControlHasANameAndATip)
         EXPECT_FALSE(button->toolTip().isEmpty());
     }
     EXPECT_EQ(table().accessibleName(), "Layers");
-    EXPECT_EQ(outputView().accessibleName(), "Output");
-    EXPECT_EQ(outputView().accessibleDescription(), "1,920 × 1,080 pixels");
+    EXPECT_EQ(canvas().accessibleName(), "Canvas");
 }

@@ -3,9 +3,9 @@
 #include "app/ProjectFile.h"
 #include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
-#include "app/windows/OutputView.h"
 #include "app/windows/ProgressDialog.h"
 #include "app/windows/Theme.h"
+#include "canvas/LWCanvasImageView.h"
 #include "screen/LWScreen.h"
 
 #include <QAbstractButton>
@@ -40,9 +40,9 @@ LayerTable &WindowFixture::presetTable()
     return *window.findChild<LayerTable *>("presetTView");
 }
 
-OutputView &WindowFixture::outputView()
+LWCanvasImageView &WindowFixture::canvas()
 {
-    return *window.findChild<OutputView *>();
+    return *window.findChild<LWCanvasImageView *>();
 }
 
 Inspector &WindowFixture::inspector()
@@ -153,14 +153,12 @@ QString WindowFixture::greenProject(const QString &name)
 
 QImage WindowFixture::seen()
 {
-    return outputView().grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    return canvas().grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
 QRect WindowFixture::placeOfOutput()
 {
-    const qreal ratio = outputView().devicePixelRatioF();
-    const QSize room = (QSizeF(outputView().size()) * ratio).toSize();
-    const int margins = 2 * qRound(Theme::edge * ratio);
-    const QSize shown = OutputView::fittedSize(window.document().offscreenRep().size(), room - QSize(margins, margins));
-    return {QPoint((room.width() - shown.width()) / 2, (room.height() - shown.height()) / 2), shown};
+    const qreal ratio = canvas().devicePixelRatioF();
+    const QRectF frame = canvas().frame();
+    return QRectF(frame.topLeft() * ratio, frame.size() * ratio).toRect();
 }

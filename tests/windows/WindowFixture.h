@@ -12,7 +12,7 @@
 
 class Inspector;
 class LayerTable;
-class OutputView;
+class LWCanvasImageView;
 
 /// The program's window as it is after the start, on a screen that nobody sees.
 class WindowFixture : public ::testing::Test
@@ -28,7 +28,7 @@ protected:
     QString title() { return titleOf(window); }
     LayerTable &table();
     LayerTable &presetTable();
-    OutputView &outputView();
+    LWCanvasImageView &canvas();
     Inspector &inspector();
     /// Clicks the button with this text, anywhere in `parent`; the test fails where there is none.
     static void click(QWidget &parent, const QString &buttonText);

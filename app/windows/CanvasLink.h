@@ -1,0 +1,22 @@
+#pragma once
+
+#include "app/LWAppDelegate.h"
+#include "canvas/CanvasDocument.h"
+
+/// The document as the canvas sees it.
+class CanvasLink final : public CanvasDocument
+{
+public:
+    /// `document` outlives this.
+    explicit CanvasLink(LWAppDelegate &document) : m_document(document) {}
+
+    int OutputWidth() const override { return m_document.OutputWidth(); }
+    int OutputHeight() const override { return m_document.OutputHeight(); }
+    LayerPointer selectedLayer() const override { return m_document.arraycontroller().selectedLayer(); }
+    void update(QObject *sender) override { m_document.update(sender); }
+    void finishEdit(const QString &name, const QString &typing) override { m_document.finishEdit(name, typing); }
+    void redrawMarker() override;
+
+private:
+    LWAppDelegate &m_document;
+};

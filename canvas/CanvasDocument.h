@@ -1,0 +1,31 @@
+#pragma once
+
+#include "layer/Layer.h"
+
+#include <QString>
+
+class QObject;
+
+/// What the canvas needs of the document. The document's controller implements it; the output's picture comes to the
+/// canvas by itself, see LWCanvasImageView::showOutput().
+class CanvasDocument
+{
+public:
+    virtual ~CanvasDocument() = default;
+
+    /// Size of the output in pixels; any 32-bit number, a file may hold it.
+    virtual int OutputWidth() const = 0;
+    virtual int OutputHeight() const = 0;
+    /// The layer that clicks go to; null where there is none.
+    virtual LayerPointer selectedLayer() const = 0;
+
+    /// Renders the selected layer and composes the output, not more often than the document wants to. `sender` is of no
+    /// consequence.
+    virtual void update(QObject *sender) = 0;
+    /// An edit was made with plain setters: it becomes a step of the history under that name ("Move Image"), none where
+    /// nothing has changed, and update() follows. Edits in a row with the same `typing` that is not empty are one step.
+    virtual void finishEdit(const QString &name, const QString &typing) = 0;
+    /// The canvas shows the output in a frame of another size: a selected still draws its marker anew. Other layers
+    /// have none, nothing is rendered or composed.
+    virtual void redrawMarker() = 0;
+};

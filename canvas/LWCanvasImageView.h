@@ -1,0 +1,134 @@
+#pragma once
+
+#include "canvas/CanvasFrame.h"
+#include "canvas/CanvasPicture.h"
+#include "canvas/JXSelectionBorder.h"
+
+#include <QColor>
+#include <QImage>
+#include <QMetaType>
+#include <QPoint>
+#include <QSize>
+#include <QWidget>
+
+#include <optional>
+
+class CanvasDocument;
+class QNativeGestureEvent;
+
+/// What a status line tells of the canvas.
+struct CanvasReadOut
+{
+    QSize output;                ///< its size in pixels; empty: there is none
+    double zoomPercent = 0;      ///< 100: one output pixel is one device pixel; 0 where nothing is shown
+    bool isFitted = true;        ///< the zoom follows the canvas' size
+    std::optional<QPoint> pixel; ///< output pixel under the pointer, top-left origin; none while it is elsewhere
+    QColor colour;               ///< of that pixel; invalid without one
+};
+Q_DECLARE_METATYPE(CanvasReadOut)
+
+/// The canvas: shows the composed output in a frame of the output's proportions on the ground, hands clicks in it to
+/// the selected layer, and carries the marker around a selected still. View coordinates are the frame's: origin at the
+/// output's top-left corner, y down, in logical pixels. The frame is as large as the zoom wants it; what of it does not
+/// fit into the widget is dragged into sight with the middle button or with the space bar held.
+/// Colours come from the palette: Base the ground, Mid the line around the output.
+class LWCanvasImageView final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// What stays free around the output, in logical pixels.
+    static constexpr int margin = 12;
+
+    /// `document` outlives every event that this widget gets.
+    explicit LWCanvasImageView(CanvasDocument &document, QWidget *parent = nullptr);
+
+    /// Shares the picture's pixels until releaseOutput(). Null: there is no output.
+    void showOutput(const QImage &output);
+    /// Lets go of the picture; showOutput() follows before the next painting.
+    void releaseOutput() { m_picture.release(); }
+
+    /// The output's place in the widget; its size is what LayerHost::canvasFrameSize() tells. Empty without an output.
+    QRectF frame() const;
+
+    JXSelectionBorder &cropMarker() { return m_cropMarker; }
+    /// Puts the marker there, in view coordinates; one of no width stays where it is. During a drag it is in the
+    /// person's hand and stays there.
+    void drawRectangle(const QRectF &rectangle);
+    void showRectangle();
+    void hideRectangle();
+    void setKScaleFactor(float factor) { m_cropMarker.setKScaleFactor(factor); }
+
+    void zoomToFit();
+    void zoomTo100() { setZoom(100); }
+    /// In per cent, around the middle; brought to the nearest that there is, see CanvasFrame.
+    void setZoom(double percent);
+    /// By one step, around the middle.
+    void zoomIn() { stepZoom(1, middle()); }
+    void zoomOut() { stepZoom(-1, middle()); }
+
+    /// As it was last told.
+    const CanvasReadOut &readOut() const { return m_readOut; }
+
+    QSize minimumSizeHint() const override { return {160, 120}; }
+
+signals:
+    /// Something of it may have changed.
+    void readOutDidChange(const CanvasReadOut &readOut);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    void leaveEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    using MouseLocation = JXSelectionBorder::MouseLocation;
+
+    void mouseDown(const MouseLocation &location);
+    void mouseUp();
+    void endDrag(const MouseLocation &location);
+    void cancelDrag();
+    void lockAspect(const Layer &layer);
+    bool takesPress(const QPointF &viewPoint, const Layer &layer) const;
+    MouseLocation locationOf(const QPointF &widgetPoint) const;
+    QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }
+    QPoint outputPixel(const QPointF &viewPoint) const;
+
+    void takeRoom();
+    void takeFrame(const CanvasFrame &frame);
+    void stepZoom(int steps, const QPointF &widgetPoint);
+    void zoomAt(double zoom, const QPointF &widgetPoint);
+    QPointF middle() const { return QRectF(rect()).center(); }
+    bool isDragged() const { return m_panFrom || m_cropMarker.isTracking(); }
+    void panTo(const QPointF &widgetPoint);
+    bool nativeGesture(const QNativeGestureEvent &event);
+    void takeSpaceBar(bool isHeld);
+    void tellReadOut();
+    void showCursor();
+
+    QPointF offsetOfDevicePixels() const;
+    void paintOutput(QPainter &painter);
+    void paintTrackedPlace(QPainter &painter, const JXSelectionBorder::Place &place) const;
+
+    CanvasDocument &m_document;
+    CanvasPicture m_picture;
+    CanvasFrame m_frame;
+    double m_pixelRatio = 1; ///< device pixels per logical one, as the frame knows it
+    JXSelectionBorder m_cropMarker;
+    CanvasReadOut m_readOut;
+
+    std::optional<QPointF> m_pointer;           ///< in the widget; none while it is elsewhere
+    std::optional<QPointF> m_panFrom;           ///< in device pixels; while the view is dragged
+    Qt::MouseButton m_panButton = Qt::NoButton; ///< that began it
+    bool m_isSpaceBarHeld = false;
+    int m_wheelRest = 0;    ///< turned less than a step
+    double m_pinchZoom = 0; ///< what the fingers have reached; 0: none pinch
+};

@@ -1,0 +1,3 @@
+#include "canvas/Logging.h"
+
+Q_LOGGING_CATEGORY(lcCanvas, "wallwright.canvas", QtInfoMsg)

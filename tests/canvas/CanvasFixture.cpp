@@ -1,0 +1,161 @@
+#include "tests/canvas/CanvasFixture.h"
+
+#include <QApplication>
+#include <QMouseEvent>
+#include <QTest>
+#include <QWheelEvent>
+
+void CanvasTestDocument::update(QObject *)
+{
+    calls += "update";
+    if (rendersOnUpdate && layer)
+        layer->drawInRect();
+}
+
+void CanvasTestDocument::finishEdit(const QString &name, const QString &typing)
+{
+    EXPECT_EQ(typing, QString());
+    calls += "finishEdit " + name;
+    if (rendersOnUpdate && layer)
+        layer->drawInRect();
+}
+
+void CanvasTestDocument::redrawMarker()
+{
+    calls += "redrawMarker";
+    if (auto *still = qobject_cast<LWStill *>(layer.get()))
+        still->drawInRect();
+}
+
+void CanvasTestDocument::setKScaleFactor(float factor)
+{
+    if (view)
+        view->setKScaleFactor(factor);
+}
+
+void CanvasTestDocument::drawRectangle(const QRectF &rectangle)
+{
+    if (view)
+        view->drawRectangle(rectangle);
+}
+
+void CanvasTestDocument::hideRectangle()
+{
+    if (view)
+        view->hideRectangle();
+}
+
+CanvasFixture::CanvasFixture()
+{
+    document.view = &view;
+    // Not at the window's corner, so that window and view coordinates differ.
+    window.resize(750, 450);
+    view.setGeometry(50, 30, 664, 384);
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window))
+        ADD_FAILURE() << "the window does not show";
+    showOutput({1920, 1080});
+    document.calls.clear();
+}
+
+LWStill &CanvasFixture::selectStill(const QPoint &topLeft, const QSize &size)
+{
+    auto still = LWStill::initWithimage(document, picturedNoise(size));
+    still->setXpoint(topLeft.x());
+    still->setYpoint(topLeft.y());
+    document.layer = still;
+    still->drawInRect();
+    view.showRectangle();
+    return *still;
+}
+
+LWScreen &CanvasFixture::selectScreen()
+{
+    LWScreen::Arguments arguments;
+    arguments.row = 5;
+    arguments.col = 8;
+    arguments.panelWidth = 128;
+    arguments.panelHeight = 128;
+    document.layer = LWScreen::initWithrow(document, arguments);
+    view.hideRectangle();
+    return static_cast<LWScreen &>(*document.layer);
+}
+
+void CanvasFixture::showOutput(const QSize &size)
+{
+    document.outputSize = size;
+    QImage output(size, QImage::Format_ARGB32_Premultiplied);
+    output.fill(Qt::black);
+    view.showOutput(output);
+}
+
+QPoint CanvasFixture::at(double x, double y) const
+{
+    return (view.frame().topLeft() + QPointF(x, y)).toPoint();
+}
+
+void CanvasFixture::press(const QPointF &viewPoint, Qt::MouseButton button)
+{
+    QTest::mousePress(&view, button, {}, at(viewPoint.x(), viewPoint.y()));
+}
+
+void CanvasFixture::moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons)
+{
+    const QPointF point = at(viewPoint.x(), viewPoint.y());
+    QMouseEvent event(QEvent::MouseMove, point, view.mapTo(&window, point), view.mapToGlobal(point), Qt::NoButton,
+                      buttons, {});
+    QApplication::sendEvent(&view, &event);
+}
+
+void CanvasFixture::release(const QPointF &viewPoint, Qt::MouseButton button)
+{
+    QTest::mouseRelease(&view, button, {}, at(viewPoint.x(), viewPoint.y()));
+}
+
+void CanvasFixture::drag(const QPointF &from, const QPointF &to)
+{
+    press(from);
+    moveTo(to);
+    release(to);
+    settle();
+}
+
+void CanvasFixture::wheel(const QPoint &widgetPoint, int turned)
+{
+    QWheelEvent event(widgetPoint, view.mapToGlobal(widgetPoint), {}, {0, turned}, Qt::NoButton, {}, Qt::NoScrollPhase,
+                      false);
+    QApplication::sendEvent(&view, &event);
+}
+
+void CanvasFixture::settle()
+{
+    QTest::qWait(1);
+}
+
+QImage CanvasFixture::seen()
+{
+    return view.grab().toImage().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+QImage picturedNoise(const QSize &size)
+{
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x)
+            picture.setPixelColor(x, y, QColor(x * 37 % 256, y * 53 % 256, (x + y) * 11 % 256));
+    }
+    return picture;
+}
+
+QImage picturedLines(const QSize &size)
+{
+    QImage picture(size, QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::black);
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            if (x % 60 == 7 || y % 60 == 7)
+                picture.setPixelColor(x, y, Qt::white);
+        }
+    }
+    return picture;
+}

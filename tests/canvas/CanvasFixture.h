@@ -1,0 +1,82 @@
+#pragma once
+
+#include "canvas/CanvasDocument.h"
+#include "canvas/LWCanvasImageView.h"
+#include "layer/LayerHost.h"
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <memory>
+
+/// A document of one selected layer that notes what the canvas asks of it, and passes on what the layer has to say to
+/// the canvas.
+class CanvasTestDocument final : public CanvasDocument, public LayerHost
+{
+public:
+    int OutputWidth() const override { return outputSize.width(); }
+    int OutputHeight() const override { return outputSize.height(); }
+
+    LayerPointer selectedLayer() const override { return layer; }
+    void update(QObject *sender) override;
+    void finishEdit(const QString &name, const QString &typing) override;
+    void redrawMarker() override;
+
+    qint64 voltageCalc() const override { return 110; }
+    void setVoltageCalc(qint64) override {}
+    qint64 phaseCalc() const override { return 1; }
+    void setPhaseCalc(qint64) override {}
+    int popupIndex() const override { return 0; }
+    QSizeF canvasFrameSize() const override { return view ? view->frame().size() : frameWithoutView; }
+    void setKScaleFactor(float factor) override;
+    void drawRectangle(const QRectF &rectangle) override;
+    void hideRectangle() override;
+    void choosePattern(qint64) override {}
+
+    QSize outputSize{1920, 1080};
+    QSizeF frameWithoutView{960, 540};
+    LWCanvasImageView *view = nullptr;
+    LayerPointer layer;
+    bool rendersOnUpdate = true; ///< as update() does when its gate is open
+    QStringList calls;           ///< "update", "finishEdit Move Image", "redrawMarker"
+};
+
+/// A canvas of 664 x 384 in a window: an output of 1920 x 1080 stands in a frame of 640 x 360 in it, 12 from each edge.
+class CanvasFixture : public ::testing::Test
+{
+protected:
+    CanvasFixture();
+
+    /// Selects a visible still of that place and size with its marker drawn.
+    LWStill &selectStill(const QPoint &topLeft, const QSize &size);
+    /// Selects a screen of 8 x 5 panels of 128 x 128.
+    LWScreen &selectScreen();
+    void showOutput(const QSize &size);
+
+    /// A point of the widget by its place in the view.
+    QPoint at(double x, double y) const;
+    void press(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton);
+    void moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons = Qt::LeftButton);
+    void release(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton);
+    /// Press, move there in one step, release; what it leads to later has happened.
+    void drag(const QPointF &from, const QPointF &to);
+    void wheel(const QPoint &widgetPoint, int turned);
+    void settle();
+
+    /// The canvas as it is painted, in device pixels.
+    QImage seen();
+    double ratio() const { return view.devicePixelRatioF(); }
+    QPoint placeOfOutput() const { return (view.frame().topLeft() * ratio()).toPoint(); }
+
+    CanvasTestDocument document;
+    QWidget window;
+    LWCanvasImageView view{document, &window};
+};
+
+/// A picture in which no two neighbouring pixels are alike.
+QImage picturedNoise(const QSize &size);
+/// White lines of one pixel on black, upright and level, every 60 pixels from 7 on.
+QImage picturedLines(const QSize &size);

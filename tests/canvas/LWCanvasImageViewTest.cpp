@@ -1,0 +1,187 @@
+#include "tests/app/LogLines.h"
+#include "tests/canvas/CanvasFixture.h"
+
+#include <QApplication>
+#include <QLoggingCategory>
+#include <QMouseEvent>
+#include <QTest>
+
+namespace {
+/// A layer of no kind that tells of clicks.
+class ClickedLayer final : public Layer
+{
+public:
+    ClickedLayer(CanvasTestDocument &document) : Layer(document), m_document(document) {}
+
+    QImage thumbnail() const override { return {}; }
+    void setThumbnail(const QImage &) override {}
+    void drawInRect() override {}
+    void onImageClick(qint64 x, qint64 y) override { m_document.calls += QString("click %1,%2").arg(x).arg(y); }
+    LayerPointer copyWithZone() const override { return nullptr; }
+    void encodeWithCoder(ArchiveObject &) const override {}
+    std::span<const ArchiveField> keptFields() const override { return {}; }
+
+private:
+    CanvasTestDocument &m_document;
+};
+} // namespace
+
+using LWCanvasImageViewTest = CanvasFixture;
+
+TEST_F(LWCanvasImageViewTest, TheFrameHasTheOutputsProportions)
+{
+    EXPECT_EQ(view.frame(), QRectF(12, 12, 640, 360));
+    EXPECT_EQ(document.canvasFrameSize(), QSizeF(640, 360));
+    view.setGeometry(0, 0, 664, 432);
+    EXPECT_EQ(view.frame(), QRectF(12, 36, 640, 360));
+}
+
+TEST_F(LWCanvasImageViewTest, AClickReachesTheLayerInOutputPixels)
+{
+    document.layer = std::make_shared<ClickedLayer>(document);
+    press({10, 20});
+    EXPECT_EQ(document.calls, QStringList({"click 30,60", "finishEdit Switch Panel"}));
+    document.calls.clear();
+    release({10, 20});
+    EXPECT_EQ(document.calls, QStringList("update"));
+}
+
+TEST_F(LWCanvasImageViewTest, PixelsOfAClickAreCutTowardsZero)
+{
+    document.layer = std::make_shared<ClickedLayer>(document);
+    document.outputSize = {1000, 500}; // composed soon, the frame is still the old one's
+    press({1, 1});
+    EXPECT_EQ(document.calls.value(0), "click 1,1"); // 1.5625, 1.3889
+    release({1, 1});
+    document.calls.clear();
+    press({639, 359});
+    EXPECT_EQ(document.calls.value(0), "click 998,498"); // 998.4, 498.6
+}
+
+TEST_F(LWCanvasImageViewTest, AClickSwitchesThePanelUnderIt)
+{
+    LWScreen &screen = selectScreen();
+    QTest::mouseClick(&view, Qt::LeftButton, {}, at(50, 50)); // pixel 150, 150
+    EXPECT_EQ(screen.hiddenBoxes(), QStringList("1,1"));
+    QTest::mouseClick(&view, Qt::LeftButton, {}, at(85, 85)); // pixel 255, 255: its last
+    EXPECT_EQ(screen.hiddenBoxes(), QStringList());
+    QTest::mouseClick(&view, Qt::LeftButton, {}, at(86, 85));
+    EXPECT_EQ(screen.hiddenBoxes(), QStringList("1,2"));
+    EXPECT_EQ(document.calls.count("finishEdit Switch Panel"), 3);
+}
+
+TEST_F(LWCanvasImageViewTest, ADoubleClickSwitchesThePanelBack)
+{
+    const LWScreen &screen = selectScreen();
+    QTest::mouseClick(&view, Qt::LeftButton, {}, at(50, 50));
+    EXPECT_EQ(screen.hiddenBoxes(), QStringList("1,1"));
+    const QPointF point = at(50, 50);
+    QMouseEvent second(QEvent::MouseButtonDblClick, point, view.mapToGlobal(point), Qt::LeftButton, Qt::LeftButton, {});
+    QApplication::sendEvent(&view, &second);
+    EXPECT_EQ(screen.hiddenBoxes(), QStringList());
+}
+
+TEST_F(LWCanvasImageViewTest, OtherButtonsAndTheGroundSwitchNothing)
+{
+    document.layer = std::make_shared<ClickedLayer>(document);
+    QTest::mouseClick(&view, Qt::RightButton, {}, at(50, 50));
+    QTest::mouseClick(&view, Qt::MiddleButton, {}, at(50, 50));
+    EXPECT_TRUE(document.calls.isEmpty());
+    for (const QPoint &ground : {at(-1, 50), at(50, -1), at(640, 50), at(50, 360)})
+        QTest::mousePress(&view, Qt::LeftButton, {}, ground);
+    EXPECT_TRUE(document.calls.isEmpty());
+    QTest::mousePress(&view, Qt::LeftButton, {}, at(0, 0));
+    EXPECT_EQ(document.calls.value(0), "click 0,0");
+}
+
+TEST_F(LWCanvasImageViewTest, DraggingOverPanelsSwitchesOnlyTheFirst)
+{
+    const LWScreen &screen = selectScreen();
+    drag({50, 50}, {200, 150});
+    EXPECT_EQ(screen.hiddenBoxes(), QStringList("1,1"));
+}
+
+TEST_F(LWCanvasImageViewTest, AClickOnAScreenNeitherMovesNorShowsTheMarker)
+{
+    selectStill({0, 0}, {600, 300});
+    const QRectF marker = view.cropMarker().selectedRect();
+    const LWScreen &screen = selectScreen();
+    QLoggingCategory::setFilterRules("wallwright.canvas.debug=true");
+    const LogLines log;
+    for (const QPointF &point : {marker.center(), marker.bottomRight()}) {
+        press(point);
+        EXPECT_FALSE(view.cropMarker().isTracking());
+        moveTo(point + QPointF(30, 30));
+        release(point + QPointF(30, 30));
+        settle();
+    }
+    QLoggingCategory::setFilterRules({});
+    EXPECT_EQ(log.lines(), QStringList()); // the marker was not even asked
+    EXPECT_EQ(view.cropMarker().selectedRect(), marker);
+    EXPECT_TRUE(view.cropMarker().hide());
+    EXPECT_EQ(QPoint(screen.xpoint(), screen.ypoint()), QPoint(0, 0));
+    EXPECT_EQ(screen.panelWidth(), 128);
+}
+
+TEST_F(LWCanvasImageViewTest, WithoutALayerOrAnOutputAClickDoesNothing)
+{
+    QTest::mousePress(&view, Qt::LeftButton, {}, at(50, 50));
+    EXPECT_TRUE(document.calls.isEmpty());
+    document.layer = std::make_shared<ClickedLayer>(document);
+    view.showOutput({});
+    document.calls.clear();
+    QTest::mousePress(&view, Qt::LeftButton, {}, {100, 100});
+    EXPECT_TRUE(document.calls.isEmpty());
+}
+
+TEST_F(LWCanvasImageViewTest, ALayersAspectLocksTheMarkerForTheDrag)
+{
+    QLoggingCategory::setFilterRules("wallwright.canvas.debug=true");
+    const LogLines log;
+    document.layer = std::make_shared<ClickedLayer>(document);
+    document.layer->setAspectRatio(true);
+    document.layer->setAspectValue({16, 9});
+    press({10, 20});
+    EXPECT_TRUE(view.cropMarker().lockAspectRatio());
+    EXPECT_EQ(view.cropMarker().aspectRatio(), QSizeF(16, 9));
+    EXPECT_EQ(log.lines(), QStringList("aspect ratio!"));
+    release({10, 20});
+
+    document.layer->setAspectRatio(false);
+    document.layer->setAspectValue({4, 3});
+    press({10, 20});
+    EXPECT_FALSE(view.cropMarker().lockAspectRatio());
+    EXPECT_EQ(view.cropMarker().aspectRatio(), QSizeF(16, 9));
+    EXPECT_EQ(log.lines(), QStringList("aspect ratio!"));
+    QLoggingCategory::setFilterRules({});
+}
+
+TEST_F(LWCanvasImageViewTest, ARectangleOfNoWidthDoesNotUpdateTheMarker)
+{
+    view.drawRectangle({30, 40, 100, 50});
+    view.drawRectangle({70, 80, 0, 50});
+    EXPECT_EQ(view.cropMarker().selectedRect(), QRectF(30, 40, 100, 50));
+    LWStill &still = selectStill({0, 0}, {600, 300});
+    const QRectF marker = view.cropMarker().selectedRect();
+    still.setPanelWidth(0);
+    still.setXpoint(200);
+    still.drawInRect();
+    EXPECT_EQ(view.cropMarker().selectedRect(), marker);
+}
+
+TEST_F(LWCanvasImageViewTest, TheMarkerIsShownAndHidden)
+{
+    view.hideRectangle();
+    EXPECT_TRUE(view.cropMarker().hide());
+    view.showRectangle();
+    EXPECT_FALSE(view.cropMarker().hide());
+}
+
+TEST_F(LWCanvasImageViewTest, TheOutputsPixelsAreNotHeldPastTheirRelease)
+{
+    const QImage output = picturedNoise({640, 480});
+    view.showOutput(output);
+    EXPECT_FALSE(output.isDetached());
+    view.releaseOutput();
+    EXPECT_TRUE(output.isDetached());
+}
