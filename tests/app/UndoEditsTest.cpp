@@ -1,0 +1,377 @@
+#include "still/LWStill.h"
+#include "tests/app/UndoFixture.h"
+
+#include <QMetaProperty>
+
+namespace {
+/// Undoing edits of a layer's values.
+class UndoEdits : public UndoFixture
+{
+protected:
+    /// Another value than `value`.
+    static QVariant another(const QVariant &value)
+    {
+        if (value.metaType() == QMetaType::fromType<OptionalColour>())
+            return QVariant::fromValue(OptionalColour(Colour{0.25, 0.5, 0.75, 1}));
+        if (value.metaType() == QMetaType::fromType<std::optional<QStringList>>())
+            return QVariant::fromValue(std::optional(QStringList{"0,1", "1,1"}));
+        if (value.metaType() == QMetaType::fromType<Address>())
+            return QVariant::fromValue(Address::fromLocalFile("/show/other.png"));
+        if (value.typeId() == QMetaType::QString)
+            return value.toString() + "!";
+        if (value.typeId() == QMetaType::QSizeF)
+            return QSizeF(4, 3);
+        return value.typeId() == QMetaType::Bool ? QVariant(!value.toBool()) : QVariant(value.toLongLong() + 3);
+    }
+    static bool isValueOfItsOwn(const QMetaProperty &property)
+    {
+        const bool isReference = property.metaType().flags().testFlag(QMetaType::PointerToQObject);
+        return !isReference && QLatin1StringView(property.name()) != QLatin1StringView("thumbnail") &&
+               QLatin1StringView(property.name()) != QLatin1StringView("objectName");
+    }
+    /// Changes each declared value with its setter, and expects undoing to bring it back.
+    void expectEveryValueUndone(Layer &layer)
+    {
+        const int steps = stack.index();
+        for (int i = 0; i < layer.metaObject()->propertyCount(); ++i) {
+            const QMetaProperty property = layer.metaObject()->property(i);
+            if (!isValueOfItsOwn(property))
+                continue;
+            const QVariant before = property.read(&layer);
+            const QVariant after = another(before);
+            ASSERT_NE(before, after) << property.name();
+            ASSERT_TRUE(property.write(&layer, after)) << property.name();
+            document.finishEdit("Value");
+            ASSERT_EQ(stack.index(), steps + 1) << property.name();
+
+            stack.undo();
+            EXPECT_EQ(property.read(&layer), before) << property.name();
+            stack.redo();
+            EXPECT_EQ(property.read(&layer), after) << property.name();
+            stack.undo();
+        }
+    }
+};
+} // namespace
+
+TEST_F(UndoEdits, TheBytesAreTheSameWheneverTheyAreAsked)
+{
+    EXPECT_FALSE(archive().isEmpty());
+    EXPECT_EQ(archive(), archive());
+}
+
+TEST_F(UndoEdits, EveryValueOfAWallComesBack)
+{
+    expectEveryValueUndone(*selected());
+}
+
+TEST_F(UndoEdits, EveryValueOfAStillComesBack)
+{
+    document.arraycontroller().setLayers({LWStill::initWithimage(document, QImage(31, 17, QImage::Format_RGB32))}, {0});
+    document.finishEdit("Setting");
+    compose();
+
+    expectEveryValueUndone(*selected());
+}
+
+TEST_F(UndoEdits, EditsInTheInspectorAreNamedByTheirValue)
+{
+    edit("screenFontEnable", true);
+    const std::pair<const char *, const char *> names[]{{"panelWidth", "Panel Width"},
+                                                        {"panelHeight", "Panel Height"},
+                                                        {"row", "Rows"},
+                                                        {"col", "Columns"},
+                                                        {"xpoint", "Horizontal Position"},
+                                                        {"ypoint", "Vertical Position"},
+                                                        {"visible", "Visibility"},
+                                                        {"label", "Name"},
+                                                        {"bgEnable", "Panels"},
+                                                        {"rectColor", "First Panel Colour"},
+                                                        {"rectColor2", "Second Panel Colour"},
+                                                        {"BoarderEnable", "Frames"},
+                                                        {"boarderColor", "Frame Colour"},
+                                                        {"boarderWidth", "Frame Width"},
+                                                        {"CircleEnable", "Circle"},
+                                                        {"circleColor", "Circle Colour"},
+                                                        {"circleBWidth", "Circle Width"},
+                                                        {"XYFontEnable", "Coordinates"},
+                                                        {"xyColor", "Coordinate Colour"},
+                                                        {"XYFontSize", "Coordinate Size"},
+                                                        {"screenFontEnable", "Centre Texts"},
+                                                        {"sfColor", "Centre Text Colour"},
+                                                        {"screenFontSize", "Centre Text Size"},
+                                                        {"drawLabels", "Panel Labels"},
+                                                        {"labelColor", "Label Colour"},
+                                                        {"labelFontSize", "Label Size"},
+                                                        {"XYLabelDirection", "Label Direction"},
+                                                        {"drawFlowPath", "Data Path"},
+                                                        {"pixelLimit", "Pixels per Port"},
+                                                        {"powerOnCell", "Panel Power"},
+                                                        {"aspectRatio", "Aspect Lock"},
+                                                        {"showPower", "Power Text"},
+                                                        {"pattern", "Data Path Pattern"}};
+    for (const auto &[property, name] : names) {
+        edit(property, another(selected()->property(property)));
+        EXPECT_EQ(stack.undoText(), name) << property;
+    }
+    document.choosePattern(6);
+    EXPECT_EQ(stack.undoText(), "Data Path Pattern");
+}
+
+TEST_F(UndoEdits, NumbersColoursAndSwitchesComeBackWithTheirPixels)
+{
+    expectUndone("Panel Width", [&] { edit("panelWidth", 100); });
+    expectUndone("Rows", [&] { edit("row", 3); });
+    expectUndone("First Panel Colour", [&] { edit("rectColor", another(selected()->property("rectColor"))); });
+    expectUndone("Visibility", [&] { edit("visible", false); });
+    expectUndone("Vertical Position", [&] { edit("ypoint", 40); });
+}
+
+TEST_F(UndoEdits, TextsAndPathsComeBackWithWhatDrawingThemFilledIn)
+{
+    edit("col", 0);
+    selected()->setLabelFontSize(0);
+    document.finishEdit("Setting");
+    expectUndone("Columns", [&] { edit("col", 3); });
+    EXPECT_EQ(selected()->labelFontSize(), 0);
+    stack.redo();
+    EXPECT_EQ(selected()->labelFontSize(), 40);
+
+    expectUndone("Panel Labels", [&] { edit("drawLabels", true); });
+    edit("drawFlowPath", true);
+    expectUndone("Data Path Pattern", [&] { document.choosePattern(5); });
+    edit("screenFontEnable", true);
+    expectUndone("Name", [&] { edit("label", "Left"); });
+}
+
+TEST_F(UndoEdits, TheOutputSizeComesBack)
+{
+    expectUndone("Output Width", [&] { document.setValue(640, "OutputWidth"); });
+    EXPECT_EQ(document.OutputWidth(), 1920);
+    expectUndone("Output Height", [&] { document.setValue(360, "OutputHeight"); });
+    EXPECT_EQ(person.shownOutput.size(), QSize(1920, 1080));
+}
+
+TEST_F(UndoEdits, SwitchedOffPanelsComeBack)
+{
+    expectUndone("Toggle Panel", [&] {
+        selected()->onImageClick(5, 5);
+        document.finishEdit("Toggle Panel");
+    });
+    for (const int x : {5, 200, 5}) {
+        selected()->onImageClick(x, 5);
+        document.finishEdit("Toggle Panel");
+    }
+    EXPECT_EQ(stack.count(), 3); // a step each
+}
+
+TEST_F(UndoEdits, WhatTheAspectLockMadeOfAnEditIsUndoneWithIt)
+{
+    selected()->setAspectValue({16, 9});
+    selected()->setAspectRatio(true);
+    selected()->setPanelHeight(72);
+    document.finishEdit("Setting");
+
+    expectUndone("Panel Width", [&] { edit("panelWidth", 160); });
+    EXPECT_EQ(selected()->panelHeight(), 72);
+    stack.redo();
+    EXPECT_EQ(selected()->panelHeight(), 90);
+    expectUndone("Panel Height", [&] { edit("panelHeight", 45); });
+    EXPECT_EQ(selected()->panelWidth(), 160);
+}
+
+TEST_F(UndoEdits, UndoingBeforeTheLockWasAppliedLeavesNothingOfIt)
+{
+    selected()->setAspectValue({16, 9});
+    selected()->setAspectRatio(true);
+    document.finishEdit("Setting");
+    waitForRedraws();
+    document.update(); // shuts the gate
+    const Look before = look();
+
+    edit("panelWidth", 160);
+    stack.undo();
+    waitForRedraws();
+
+    expectSame(look(), before, "undone at once");
+}
+
+TEST_F(UndoEdits, ARedrawAfterUndoDoesNotApplyTheLockAnew)
+{
+    selected()->setAspectValue({16, 9});
+    selected()->setAspectRatio(true);
+    document.timerupdate();
+    edit("panelHeight", 46);
+    ASSERT_EQ(selected()->panelWidth(), 81);
+    document.timerupdate();
+    edit("xpoint", 5); // from here on the width leads
+    ASSERT_EQ(selected()->panelHeight(), 45);
+
+    stack.undo();
+    EXPECT_EQ(selected()->panelHeight(), 46);
+    document.voltageSelect(208);
+    compose();
+    EXPECT_EQ(selected()->panelHeight(), 46);
+}
+
+TEST_F(UndoEdits, TypingInOneFieldIsOneStep)
+{
+    for (const int width : {1, 16, 160})
+        edit("panelWidth", width);
+    EXPECT_EQ(stack.count(), 1);
+
+    stack.undo();
+    EXPECT_EQ(selected()->panelWidth(), 128);
+    stack.redo();
+    EXPECT_EQ(selected()->panelWidth(), 160);
+}
+
+TEST_F(UndoEdits, TypingGoesOnWhenRedrawsComeInBetween)
+{
+    edit("panelWidth", 1);
+    waitForRedraws();
+    edit("panelWidth", 16);
+
+    EXPECT_EQ(stack.count(), 1);
+    stack.undo();
+    EXPECT_EQ(selected()->panelWidth(), 128);
+}
+
+TEST_F(UndoEdits, ASwitchIsAStepEachTime)
+{
+    for (const bool isOn : {false, true, false})
+        edit("bgEnable", isOn);
+
+    EXPECT_EQ(stack.count(), 3);
+    stack.undo();
+    EXPECT_TRUE(selected()->bgEnable());
+}
+
+TEST_F(UndoEdits, AnotherFieldAnotherLayerAndTheEndOfTypingBeginAStep)
+{
+    document.AddScreen();
+    edit("xpoint", 1);
+    edit("ypoint", 1);
+    edit("xpoint", 2);
+    EXPECT_EQ(stack.count(), 4);
+
+    document.arraycontroller().setSelectionIndex(0);
+    edit("xpoint", 5);
+    EXPECT_EQ(stack.count(), 5);
+    document.endTyping();
+    edit("xpoint", 6);
+    EXPECT_EQ(stack.count(), 6);
+    document.arraycontroller().setSelectionIndex(1);
+    document.arraycontroller().setSelectionIndex(0);
+    edit("xpoint", 7);
+    EXPECT_EQ(stack.count(), 7);
+    document.setValue(640, "OutputWidth");
+    document.setValue(64, "OutputWidth");
+    EXPECT_EQ(stack.count(), 8);
+}
+
+TEST_F(UndoEdits, TypingAfterUndoBeginsAStep)
+{
+    edit("xpoint", 1);
+    stack.undo();
+    edit("xpoint", 2);
+    edit("xpoint", 23);
+
+    EXPECT_EQ(stack.count(), 1);
+    stack.undo();
+    EXPECT_EQ(selected()->xpoint(), 0);
+    stack.redo();
+    EXPECT_EQ(selected()->xpoint(), 23);
+    edit("xpoint", 5);
+    EXPECT_EQ(stack.count(), 2);
+}
+
+TEST_F(UndoEdits, ASaveInBetweenBeginsAStepToComeBackTo)
+{
+    person.savePanelAnswer = folder.filePath("show");
+    edit("xpoint", 1);
+    document.saveProject();
+    const QByteArray saved = archive();
+    edit("xpoint", 12);
+    edit("xpoint", 123);
+
+    EXPECT_EQ(stack.count(), 2);
+    EXPECT_FALSE(stack.isClean());
+    stack.undo();
+    EXPECT_TRUE(stack.isClean());
+    EXPECT_EQ(archive(), saved);
+    stack.undo();
+    EXPECT_FALSE(stack.isClean());
+    stack.redo();
+    EXPECT_TRUE(stack.isClean());
+}
+
+TEST_F(UndoEdits, WhatChangesNothingIsNoStep)
+{
+    edit("xpoint", 0);
+    edit("label", "Layer 0");
+    document.finishEdit("Nothing");
+    document.arraycontroller().setSelectionIndex(0);
+    document.voltageSelect(208);
+    document.popupButton();
+
+    EXPECT_EQ(stack.count(), 0);
+}
+
+TEST_F(UndoEdits, ANameThatIsEmptyAndNoNameAreNotTheSame)
+{
+    showLayers({"a"});
+    selected()->setLabel(QString());
+    document.finishEdit("Setting");
+    waitForRedraws();
+    const QByteArray before = archive();
+
+    edit("label", "");
+    EXPECT_NE(archive(), before);
+    EXPECT_EQ(stack.undoText(), "Name");
+    stack.undo();
+
+    EXPECT_EQ(archive(), before);
+}
+
+TEST_F(UndoEdits, TheSelectionGoesBackToWhereTheEditWasMade)
+{
+    showLayers({"a", "b", "c"});
+    document.arraycontroller().setSelectionIndexes({1, 2}, 2);
+    edit("xpoint", 100);
+    document.arraycontroller().setSelectionIndex(0);
+
+    stack.undo();
+
+    EXPECT_EQ(document.arraycontroller().selectionIndex(), 2);
+    EXPECT_EQ(document.arraycontroller().selectionIndexes(), (std::vector<qsizetype>{1, 2}));
+}
+
+TEST_F(UndoEdits, AnEditOfSeveralLayersIsOneStep)
+{
+    showLayers({"a", "b", "c"});
+    document.arraycontroller().setSelectionIndexes({0, 2}, 2);
+
+    expectUndone("Panel Width", [&] { document.setValueOfSelection(31, "arrangedObjects.panelWidth"); });
+    EXPECT_EQ(document.arraycontroller().layer(0)->panelWidth(), 7);
+    stack.redo();
+    EXPECT_EQ(document.arraycontroller().layer(0)->panelWidth(), 31);
+    EXPECT_EQ(document.arraycontroller().layer(1)->panelWidth(), 7);
+    EXPECT_EQ(document.arraycontroller().layer(2)->panelWidth(), 31);
+}
+
+TEST_F(UndoEdits, FiveHundredStepsAreKept)
+{
+    for (int x = 1; x <= 510; ++x) {
+        edit("xpoint", x);
+        document.endTyping();
+    }
+    EXPECT_EQ(stack.count(), 500);
+
+    while (stack.canUndo())
+        stack.undo();
+    EXPECT_EQ(selected()->xpoint(), 10);
+    while (stack.canRedo())
+        stack.redo();
+    EXPECT_EQ(selected()->xpoint(), 510);
+}

@@ -1,0 +1,80 @@
+#include "still/LWStill.h"
+#include "tests/app/UndoFixture.h"
+
+namespace {
+/// Undoing what is done with a picture.
+class UndoStills : public UndoFixture
+{
+protected:
+    /// Adds a picture of 31 x 17 in blue, in front of all others and selected.
+    void addStill()
+    {
+        person.openPanelAnswer = pictureFile("plate.png", {31, 17}, Qt::blue);
+        document.AddImage();
+        document.arraycontroller().moveObjectAtArrangedObjectIndex(1, 0);
+        document.finishEdit("Move Layer");
+    }
+};
+} // namespace
+
+TEST_F(UndoStills, AStillMovesAndGrowsBackWithItsMarker)
+{
+    person.canvasFrame = {960, 540};
+    addStill();
+    const auto markerNow = [&] { return person.drawnRectangles.last(); };
+    compose();
+    const QRectF marker = markerNow();
+    const auto move = [&] { // as the marker does, with both sides in one step
+        selected()->setXpoint(300);
+        selected()->setYpoint(200);
+        document.finishEdit("Move Layer");
+    };
+
+    expectUndone("Move Layer", move);
+    EXPECT_EQ(markerNow(), marker);
+    expectUndone("Resize Layer", [&] {
+        selected()->setPanelWidth(400);
+        selected()->setPanelHeight(90);
+        document.finishEdit("Resize Layer");
+    });
+    EXPECT_EQ(markerNow(), marker);
+    EXPECT_TRUE(person.isMarkerShown);
+}
+
+TEST_F(UndoStills, ARelinkedStillGetsItsFormerPictureBack)
+{
+    addStill();
+    const QString other = pictureFile("other.png", {31, 17}, Qt::green);
+
+    expectUndone("Relink", [&] {
+        auto &still = dynamic_cast<LWStill &>(*selected());
+        still.setImageURL(Address::fromLocalFile(other));
+        still.loadThumbnail();
+        document.finishEdit("Relink");
+    });
+    EXPECT_EQ(outputPixel(5, 5), 0xff0000ffU);
+    stack.redo();
+    EXPECT_EQ(outputPixel(5, 5), 0xff00ff00U);
+}
+
+TEST_F(UndoStills, AnotherPictureOfAStillIsChosenWithoutMovingIt)
+{
+    addStill();
+    selected()->setPanelWidth(62);
+    document.finishEdit("Resize Layer");
+    person.openPanelAnswer = pictureFile("other.png", {50, 50}, Qt::green);
+
+    expectUndone("Choose Picture", [&] { document.choosePicture(); });
+    EXPECT_EQ(outputPixel(61, 16), 0xff0000ffU);
+    stack.redo();
+    EXPECT_EQ(outputPixel(61, 16), 0xff00ff00U);
+    EXPECT_EQ(selected()->panelWidth(), 62);
+
+    const int steps = stack.count();
+    person.openPanelAnswer.reset();
+    document.choosePicture();
+    document.arraycontroller().setSelectionIndex(1); // a wall has no picture to choose
+    person.openPanelAnswer = folder.filePath("plate.png");
+    document.choosePicture();
+    EXPECT_EQ(stack.count(), steps);
+}
