@@ -110,7 +110,7 @@ TEST_F(OutputViewTest, AtFullSizeEveryPixelIsTheOutputs)
 {
     const QImage output = picturedNoise({601, 301});
     view.showOutput(output);
-    resizeTo({1200, 450});
+    resizeTo({700, 350});
     const QRect place(QPoint((seen().width() - 601) / 2, (seen().height() - 301) / 2), output.size());
     EXPECT_EQ(seen().copy(place), output);
 }
