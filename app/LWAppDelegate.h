@@ -11,6 +11,7 @@
 
 #include <QImage>
 #include <QObject>
+#include <QPoint>
 #include <QString>
 
 #include <memory>
@@ -127,6 +128,19 @@ public:
     /// A copy that holds exactly what an archive of the layer holds; null, told in the status line, where it cannot be
     /// made.
     LayerPointer createCopyOfLayerThroughArch(const LayerPointer &layer);
+
+    /// Puts copies of the selected layers on the platform's pasteboard. Returns whether there are any.
+    bool copyToPasteboard();
+    /// The same, and removes them; an alert where the list has but one layer.
+    void cutToPasteboard();
+    /// Adds what is on the pasteboard above the selected layer, and selects it.
+    void pasteFromPasteboard();
+    /// Adds stills of picture files above the selected layer; what cannot be read is told and left out.
+    void addImages(const QStringList &paths);
+    /// Moves the selected layers by output pixels; moves in a row are one step.
+    void moveSelection(const QPoint &distance);
+    /// Hides the selected layers where the one before the inspector is visible, or shows them.
+    void toggleVisibility();
 
     /// A drag of rows began in one of the two tables.
     void tableViewWriteRowsWithIndexes(const LayerList &table);
@@ -245,6 +259,8 @@ private:
     void setFile(std::shared_ptr<QString> file);
     void writeProject(const QString &path);
     void documentIsInFile();
+    std::vector<LayerPointer> selectedLayers() const;
+    void insertAboveSelection(const std::vector<LayerPointer> &layers);
     void insertAndSelect(const LayerPointer &layer, qsizetype index);
     void insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row);
     void tellListCannotBeEmpty();

@@ -11,13 +11,16 @@
 #include "canvas/LWCanvasImageView.h"
 
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
+#include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
 #include <QTimer>
+#include <QUrl>
 #include <QVBoxLayout>
 
 #include <chrono>
@@ -28,6 +31,7 @@ constexpr int listsWidth = 260;
 constexpr int leastListsWidth = 200;
 constexpr int inspectorWidth = 300;
 constexpr int leastInspectorWidth = 260;
+constexpr int longNudge = 10;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
 constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
@@ -37,6 +41,7 @@ MainWindow::MainWindow()
 {
     Theme::apply();
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
+    setAcceptDrops(true);
     showFile({});
     resize(firstSize);
     addViews();
@@ -174,4 +179,42 @@ void MainWindow::closeEvent(QCloseEvent *event)
         return event->ignore();
     Settings::setWindowGeometry(saveGeometry());
     event->accept();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent *event)
+{
+    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? longNudge : 1;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return m_document.moveSelection({-step, 0});
+    case Qt::Key_Right:
+        return m_document.moveSelection({step, 0});
+    case Qt::Key_Up:
+        return m_document.moveSelection({0, -step});
+    case Qt::Key_Down:
+        return m_document.moveSelection({0, step});
+    default:
+        QMainWindow::keyPressEvent(event);
+    }
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (event->mimeData()->hasUrls())
+        event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    m_powerBar->clearMessage();
+    QStringList pictures;
+    for (const QUrl &url : event->mimeData()->urls()) {
+        const QString path = url.toLocalFile();
+        const QString extension = QFileInfo(path).suffix().toLower();
+        if (extension == "orv" || extension == "json")
+            return m_document.openProjectPre(path);
+        if (!path.isEmpty())
+            pictures.append(path);
+    }
+    m_document.addImages(pictures);
 }

@@ -40,6 +40,11 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    /// Arrow keys that nobody else takes nudge the selected layers.
+    void keyPressEvent(QKeyEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    /// Files become the open project, or stills.
+    void dropEvent(QDropEvent *event) override;
 
 private:
     void addMenus();

@@ -66,6 +66,9 @@ void MainWindow::addEditMenu()
     redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     menu->addAction(redo);
     menu->addSeparator();
+    addTold(*menu, "Cu&t", QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
+    addTold(*menu, "&Copy", QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
+    addTold(*menu, "&Paste", QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
     menu->addAction("&Rename Layer", Qt::Key_F2, this, [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
     addTold(*menu, "D&uplicate Layer", Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); });
     addTold(*menu, "&Delete Layer", QKeySequence::Delete, [this] { m_document.remove(); });
@@ -80,6 +83,8 @@ void MainWindow::addLayerMenu()
         m_interface.prepareOpenPanel("Add image");
         m_document.AddImage();
     });
+    menu->addSeparator();
+    addTold(*menu, "&Hide or Show", Qt::Key_H, [this] { m_document.toggleVisibility(); });
     menu->addSeparator();
     menu->addAction("Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] { m_presetPanel->search(); });
 }

@@ -1,0 +1,108 @@
+#include "app/LWAppDelegate.h"
+#include "app/LayerArchive.h"
+#include "app/LayerPasteboard.h"
+#include "still/LWStill.h"
+#include "still/PictureFile.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+/// The nearest end for what 32 bits cannot hold.
+int moved(int place, int by)
+{
+    constexpr qint64 lowest = std::numeric_limits<int>::min();
+    constexpr qint64 highest = std::numeric_limits<int>::max();
+    return static_cast<int>(std::clamp(qint64{place} + by, lowest, highest));
+}
+} // namespace
+
+std::vector<LayerPointer> LWAppDelegate::selectedLayers() const
+{
+    std::vector<LayerPointer> layers;
+    for (const qsizetype index : m_arraycontroller.selectionIndexes())
+        layers.push_back(m_arraycontroller.layer(index));
+    return layers;
+}
+
+bool LWAppDelegate::copyToPasteboard()
+{
+    const std::vector<LayerPointer> layers = selectedLayers();
+    if (layers.empty())
+        return false;
+    const Result<void> copied = LayerPasteboard::write(layers);
+    if (!copied)
+        m_userInterface.tellFailure("Cannot copy " + copied.error().text);
+    return copied.has_value();
+}
+
+void LWAppDelegate::cutToPasteboard()
+{
+    if (allScreensArray().size() < 2)
+        return tellListCannotBeEmpty();
+    if (!copyToPasteboard())
+        return;
+    m_arraycontroller.removeObjectsAtArrangedObjectIndexes(m_arraycontroller.selectionIndexes());
+    finishEdit("Cut Layer");
+}
+
+void LWAppDelegate::pasteFromPasteboard()
+{
+    const Result<std::vector<LayerPointer>> layers = LayerPasteboard::read(*this);
+    if (!layers)
+        return m_userInterface.tellFailure("Cannot paste: " + layers.error().text);
+    insertAboveSelection(*layers);
+    finishEdit("Paste Layer");
+}
+
+void LWAppDelegate::insertAboveSelection(const std::vector<LayerPointer> &layers)
+{
+    const qsizetype first = std::max<qsizetype>(m_arraycontroller.selectionIndex(), 0);
+    std::vector<qsizetype> rows;
+    for (const LayerPointer &layer : layers) {
+        rows.push_back(first + std::ssize(rows));
+        m_arraycontroller.insertObjectAtArrangedObjectIndex(layer, rows.back());
+    }
+    m_arraycontroller.setSelectionIndexes(std::move(rows), first);
+}
+
+void LWAppDelegate::addImages(const QStringList &paths)
+{
+    std::vector<LayerPointer> stills;
+    for (const QString &path : paths) {
+        const std::shared_ptr<const QImage> picture = PictureFile::load(path);
+        if (!picture) {
+            m_userInterface.tellFailure("Cannot show " + path + ": it is no picture that can be read.");
+            continue;
+        }
+        const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);
+        still->setImageURL(Address::fromLocalFile(path));
+        stills.push_back(still);
+    }
+    if (stills.empty())
+        return;
+    insertAboveSelection(stills);
+    finishEdit("Add Image");
+}
+
+void LWAppDelegate::moveSelection(const QPoint &distance)
+{
+    for (const LayerPointer &layer : selectedLayers()) {
+        layer->setXpoint(moved(layer->xpoint(), distance.x()));
+        layer->setYpoint(moved(layer->ypoint(), distance.y()));
+        layer->drawInRect(); // walls show their place
+    }
+    finishEdit("Move Layer", "move");
+}
+
+void LWAppDelegate::toggleVisibility()
+{
+    const LayerPointer shown = m_arraycontroller.selectedLayer();
+    if (!shown)
+        return;
+    const bool isVisible = !shown->visible();
+    for (const LayerPointer &layer : selectedLayers())
+        layer->setVisible(isVisible);
+    finishEdit("Visibility");
+    m_userInterface.reloadTable();
+}

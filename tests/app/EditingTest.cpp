@@ -1,0 +1,134 @@
+#include "app/LayerPasteboard.h"
+#include "still/LWStill.h"
+#include "tests/app/DocumentFixture.h"
+
+#include <QClipboard>
+#include <QFile>
+#include <QGuiApplication>
+#include <QMimeData>
+
+#include <limits>
+
+class EditingTest : public DocumentFixture
+{
+protected:
+    LayerList &list() { return document.arraycontroller(); }
+    QStringList labels()
+    {
+        QStringList all;
+        for (const LayerPointer &layer : list().layers())
+            all.append(layer->label());
+        return all;
+    }
+    QString picture(const QString &name, const QSize &size)
+    {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::green);
+        EXPECT_TRUE(image.save(folder.filePath(name)));
+        return folder.filePath(name);
+    }
+};
+
+TEST_F(EditingTest, CopiedLayersArePastedAboveTheSelectedOneAndSelected)
+{
+    document.AddScreen();
+    list().setSelectionIndexes({0, 1});
+    EXPECT_TRUE(document.copyToPasteboard());
+    list().setSelectionIndex(1);
+    document.pasteFromPasteboard();
+    EXPECT_EQ(labels(), QStringList({"Layer 0", "Layer 0", "Layer 1", "Layer 1"}));
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{1, 2}));
+    EXPECT_EQ(document.undoStack().undoText(), "Paste Layer");
+    document.undoStack().undo();
+    EXPECT_EQ(labels(), QStringList({"Layer 0", "Layer 1"}));
+}
+
+TEST_F(EditingTest, CutLayersGoAndComeBackByPasting)
+{
+    document.AddScreen();
+    document.cutToPasteboard();
+    EXPECT_EQ(labels(), QStringList("Layer 0"));
+    document.cutToPasteboard();
+    ASSERT_EQ(person.alerts.size(), 1);
+    EXPECT_EQ(person.alerts[0].message, "List Cannot be empty, Function was cancelled");
+    document.pasteFromPasteboard();
+    EXPECT_EQ(labels(), QStringList({"Layer 1", "Layer 0"}));
+}
+
+TEST_F(EditingTest, WhatIsNoLayerIsNotPasted)
+{
+    QGuiApplication::clipboard()->setText("text");
+    document.pasteFromPasteboard();
+    EXPECT_EQ(person.failures, QStringList("Cannot paste: there are no layers to paste; copy some first."));
+
+    auto *damaged = new QMimeData;
+    damaged->setData(LayerPasteboard::type, "damaged");
+    QGuiApplication::clipboard()->setMimeData(damaged);
+    EXPECT_TRUE(LayerPasteboard::hasLayers());
+    document.pasteFromPasteboard();
+    EXPECT_EQ(person.failures.size(), 2);
+    EXPECT_EQ(list().rowCount(), 1);
+    EXPECT_FALSE(document.undoStack().canUndo());
+}
+
+TEST_F(EditingTest, AnEmptyListHasNothingToCopyAndTakesWhatIsPasted)
+{
+    document.AddScreen();
+    EXPECT_TRUE(document.copyToPasteboard());
+    list().setSelectionIndexes({0, 1});
+    document.remove();
+    EXPECT_FALSE(document.copyToPasteboard());
+    document.toggleVisibility();
+    document.moveSelection({1, 1});
+    document.pasteFromPasteboard();
+    EXPECT_EQ(labels(), QStringList("Layer 1"));
+    EXPECT_EQ(list().selectionIndex(), 0);
+}
+
+TEST_F(EditingTest, PictureFilesBecomeStillsAndOthersAreTold)
+{
+    const QString text = folder.filePath("text.png");
+    QFile file(text);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("no picture");
+    file.close();
+    document.addImages({picture("a.png", {4, 3}), text, picture("b.png", {5, 6})});
+    ASSERT_EQ(list().rowCount(), 3);
+    EXPECT_EQ(list().layer(0)->panelWidth(), 4);
+    EXPECT_EQ(list().layer(1)->panelHeight(), 6);
+    EXPECT_EQ(dynamic_cast<LWStill &>(*list().layer(1)).ImageURL(), Address::fromLocalFile(folder.filePath("b.png")));
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{0, 1}));
+    EXPECT_EQ(person.failures, QStringList("Cannot show " + text + ": it is no picture that can be read."));
+    document.undoStack().undo();
+    EXPECT_EQ(list().rowCount(), 1);
+}
+
+TEST_F(EditingTest, MovesInARowAreOneStepAndStopAtTheEndOfNumbers)
+{
+    document.AddScreen();
+    list().setSelectionIndexes({0, 1});
+    list().layer(1)->setXpoint(std::numeric_limits<int>::max());
+    document.finishEdit("Setting");
+    document.moveSelection({1, 0});
+    document.moveSelection({10, -3});
+    EXPECT_EQ(list().layer(0)->xpoint(), 11);
+    EXPECT_EQ(list().layer(0)->ypoint(), -3);
+    EXPECT_EQ(list().layer(1)->xpoint(), std::numeric_limits<int>::max());
+    EXPECT_EQ(document.undoStack().undoText(), "Move Layer");
+    document.undoStack().undo();
+    EXPECT_EQ(list().layer(0)->xpoint(), 0);
+    EXPECT_EQ(list().layer(0)->ypoint(), 0);
+}
+
+TEST_F(EditingTest, HidingFollowsTheLayerBeforeTheInspector)
+{
+    document.AddScreen();
+    list().layer(1)->setVisible(false);
+    list().setSelectionIndexes({0, 1}, 1);
+    document.toggleVisibility(); // that one is hidden: both are shown
+    EXPECT_TRUE(list().layer(0)->visible());
+    EXPECT_TRUE(list().layer(1)->visible());
+    document.toggleVisibility();
+    EXPECT_FALSE(list().layer(0)->visible());
+    EXPECT_FALSE(list().layer(1)->visible());
+}
