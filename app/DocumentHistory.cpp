@@ -67,8 +67,15 @@ void DocumentHistory::clear()
     endTyping();
 }
 
+void DocumentHistory::expectRendering()
+{
+    m_isMidEdit = !m_document.state(m_state).hasContentOf(m_state);
+}
+
 void DocumentHistory::absorb()
 {
+    if (m_isMidEdit)
+        return;
     DocumentState now = m_document.state(m_state);
     const bool isSame = now.hasContentOf(m_state);
     m_state = std::move(now);

@@ -41,7 +41,11 @@ public:
     void record(const QString &name, const QString &typing = {});
     /// The next edit begins a step of its own, whatever it types on.
     void endTyping() { m_typing.clear(); }
-    /// The document was rendered: what that has filled in belongs to the edit that was made last and is not undone.
+    /// The document is about to be rendered; absorb() follows.
+    void expectRendering();
+    /// The document was rendered: what that has filled in belongs to the edit that was made last and is not undone. In
+    /// the middle of an edit, when there was something before the rendering that record() has not seen, it belongs to
+    /// that edit, and nothing is done.
     void absorb();
     /// Something else is selected: where undoing the next edit leads back to. Nothing in the middle of an edit, when
     /// the content is another than after the last one.
@@ -64,5 +68,6 @@ private:
     QUndoStack m_stack;
     DocumentState m_state; ///< as last seen
     QString m_typing;
+    bool m_isMidEdit = false; ///< as expectRendering() found it
     bool m_isShowing = false; ///< a state is being brought back
 };

@@ -10,9 +10,9 @@
 namespace {
 /// The declared properties that are values of their own: neither the picture that is made from the others nor what
 /// lives elsewhere.
-std::vector<QMetaProperty> valueProperties(const QMetaObject &meta)
+std::vector<QMetaProperty> findValueProperties(const QMetaObject &meta)
 {
-    static const int thumbnail = Layer::staticMetaObject.indexOfProperty("thumbnail");
+    const int thumbnail = Layer::staticMetaObject.indexOfProperty("thumbnail");
     std::vector<QMetaProperty> properties;
     for (int i = Layer::staticMetaObject.propertyOffset(); i < meta.propertyCount(); ++i) {
         const bool isReference = meta.property(i).metaType().flags().testFlag(QMetaType::PointerToQObject);
@@ -22,10 +22,20 @@ std::vector<QMetaProperty> valueProperties(const QMetaObject &meta)
     return properties;
 }
 
+/// The same for one of the kinds of layer, found once: every edit asks for each layer.
+const std::vector<QMetaProperty> &valueProperties(const QMetaObject &meta)
+{
+    static std::unordered_map<const QMetaObject *, std::vector<QMetaProperty>> known;
+    const auto found = known.find(&meta);
+    return found == known.end() ? known.emplace(&meta, findValueProperties(meta)).first->second : found->second;
+}
+
 QVariantList valuesOf(const Layer &layer)
 {
+    const std::vector<QMetaProperty> &properties = valueProperties(*layer.metaObject());
     QVariantList values;
-    for (const QMetaProperty &property : valueProperties(*layer.metaObject()))
+    values.reserve(static_cast<qsizetype>(properties.size()));
+    for (const QMetaProperty &property : properties)
         values.append(property.read(&layer));
     return values;
 }

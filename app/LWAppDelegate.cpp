@@ -70,7 +70,10 @@ LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recove
     }
 }
 
-LWAppDelegate::~LWAppDelegate() = default;
+LWAppDelegate::~LWAppDelegate()
+{
+    m_recovery.reset(); // keeps what is unsaved while all of it is still there
+}
 
 void LWAppDelegate::connectLists()
 {
@@ -126,6 +129,7 @@ void LWAppDelegate::catchUp()
 void LWAppDelegate::compose()
 {
     m_shouldUpdate = false;
+    m_history.expectRendering();
     if (const LayerPointer selected = m_arraycontroller.selectedLayer())
         renderForInspector(*selected);
     composeOutput();

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace {
 /// The nearest end for what 32 bits cannot hold.
@@ -58,11 +59,9 @@ void LWAppDelegate::pasteFromPasteboard()
 void LWAppDelegate::insertAboveSelection(const std::vector<LayerPointer> &layers)
 {
     const qsizetype first = std::max<qsizetype>(m_arraycontroller.selectionIndex(), 0);
-    std::vector<qsizetype> rows;
-    for (const LayerPointer &layer : layers) {
-        rows.push_back(first + std::ssize(rows));
-        m_arraycontroller.insertObjectAtArrangedObjectIndex(layer, rows.back());
-    }
+    m_arraycontroller.insertObjectsAtArrangedObjectIndex(layers, first);
+    std::vector<qsizetype> rows(layers.size());
+    std::iota(rows.begin(), rows.end(), first);
     m_arraycontroller.setSelectionIndexes(std::move(rows), first);
 }
 

@@ -90,45 +90,74 @@ void LayerList::moveSelection(const std::function<qsizetype(qsizetype)> &placeOf
 
 void LayerList::insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsizetype index)
 {
+    insertObjectsAtArrangedObjectIndex({layer}, index);
+}
+
+void LayerList::insertObjectsAtArrangedObjectIndex(const std::vector<LayerPointer> &layers, qsizetype index)
+{
+    if (layers.empty())
+        return;
     const qsizetype row = std::clamp<qsizetype>(index, 0, std::ssize(m_layers));
-    beginInsertRows({}, static_cast<int>(row), static_cast<int>(row));
-    m_layers.insert(m_layers.begin() + row, layer);
+    const qsizetype count = std::ssize(layers);
+    beginInsertRows({}, static_cast<int>(row), static_cast<int>(row + count - 1));
+    m_layers.insert(m_layers.begin() + row, layers.begin(), layers.end());
     endInsertRows();
     if (m_selectionIndex < 0)
         setSelectionIndex(row);
     else
-        moveSelection([row](qsizetype selected) { return selected < row ? selected : selected + 1; });
+        moveSelection([row, count](qsizetype selected) { return selected < row ? selected : selected + count; });
 }
 
 void LayerList::removeObjectAtArrangedObjectIndex(qsizetype index)
 {
-    if (!layer(index))
-        return;
-    beginRemoveRows({}, static_cast<int>(index), static_cast<int>(index));
-    m_layers.erase(m_layers.begin() + index);
-    endRemoveRows();
-    std::vector<qsizetype> stay = m_selectionIndexes;
-    std::erase(stay, index);
-    for (qsizetype &selected : stay)
-        selected -= selected > index ? 1 : 0;
-    if (m_selectionIndex != index)
-        return select(std::move(stay), m_selectionIndex - (m_selectionIndex > index ? 1 : 0));
-
-    // Another comes before the inspector: one that is selected too, or the neighbour.
-    if (stay.empty() && !m_layers.empty())
-        stay = {std::min<qsizetype>(index, std::ssize(m_layers) - 1)};
-    m_selectionIndex = noRow; // it may have the same row
-    const qsizetype shown = stay.empty() ? -1 : stay.front();
-    select(std::move(stay), shown);
+    removeObjectsAtArrangedObjectIndexes({index});
 }
 
 void LayerList::removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes)
 {
-    // From the end, so that no index moves before its turn.
-    std::sort(indexes.begin(), indexes.end(), std::greater<>());
+    std::sort(indexes.begin(), indexes.end());
     indexes.erase(std::unique(indexes.begin(), indexes.end()), indexes.end());
-    for (const qsizetype index : indexes)
-        removeObjectAtArrangedObjectIndex(index);
+    std::erase_if(indexes, [this](qsizetype index) { return !layer(index); });
+    // Neighbours go together, and the last ones first, so that no row moves before its turn.
+    for (auto end = indexes.cend(); end != indexes.cbegin();) {
+        auto first = std::prev(end);
+        while (first != indexes.cbegin() && *std::prev(first) == *first - 1)
+            --first;
+        removeRange(*first, *std::prev(end));
+        end = first;
+    }
+    if (!indexes.empty())
+        deselect(indexes);
+}
+
+void LayerList::removeRange(qsizetype first, qsizetype last)
+{
+    beginRemoveRows({}, static_cast<int>(first), static_cast<int>(last));
+    m_layers.erase(m_layers.begin() + first, m_layers.begin() + last + 1);
+    endRemoveRows();
+}
+
+/// Takes rows that have been removed, rising, out of the selection.
+void LayerList::deselect(const std::vector<qsizetype> &removed)
+{
+    const auto isRemoved = [&](qsizetype row) { return std::binary_search(removed.begin(), removed.end(), row); };
+    const auto placeOf = [&](qsizetype row) {
+        return row - (std::lower_bound(removed.begin(), removed.end(), row) - removed.begin());
+    };
+    std::vector<qsizetype> stay;
+    for (const qsizetype selected : m_selectionIndexes) {
+        if (!isRemoved(selected))
+            stay.push_back(placeOf(selected));
+    }
+    if (!isRemoved(m_selectionIndex))
+        return select(std::move(stay), placeOf(m_selectionIndex));
+
+    // Another comes before the inspector: one that is selected too, or the neighbour.
+    if (stay.empty() && !m_layers.empty())
+        stay = {std::min<qsizetype>(placeOf(m_selectionIndex), std::ssize(m_layers) - 1)};
+    m_selectionIndex = noRow; // it may have the same row
+    const qsizetype shown = stay.empty() ? -1 : stay.front();
+    select(std::move(stay), shown);
 }
 
 void LayerList::moveObjectAtArrangedObjectIndex(qsizetype index, qsizetype row)
@@ -163,6 +192,8 @@ bool LayerList::setLayerValue(qsizetype index, const QVariant &value, const QStr
 {
     if (!setPlainValue(index, value, keyPath))
         return false;
+    const QModelIndex row = this->index(static_cast<int>(index));
+    emit dataChanged(row, row);
     emit valueDidChange(keyPath);
     return true;
 }
@@ -172,11 +203,7 @@ bool LayerList::setPlainValue(qsizetype index, const QVariant &value, const QStr
     const LayerPointer edited = layer(index);
     const QByteArray property = propertyName(keyPath);
     // Only declared properties: QObject would make a new one of any other name.
-    if (!edited || edited->metaObject()->indexOfProperty(property) < 0 || !edited->setProperty(property, value))
-        return false;
-    const QModelIndex row = this->index(static_cast<int>(index));
-    emit dataChanged(row, row);
-    return true;
+    return edited && edited->metaObject()->indexOfProperty(property) >= 0 && edited->setProperty(property, value);
 }
 
 QVariant LayerList::value(const QString &keyPath) const

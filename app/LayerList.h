@@ -40,9 +40,13 @@ public:
     /// Inserts before the row `index` (0 to the number of layers; others are moved to the nearer end). The selection
     /// stays with its layer.
     void insertObjectAtArrangedObjectIndex(const LayerPointer &layer, qsizetype index);
+    /// The same for several layers, which stand there in their order; views are told once.
+    void insertObjectsAtArrangedObjectIndex(const std::vector<LayerPointer> &layers, qsizetype index);
     /// Removes a row, if it exists. The selection stays with its layer; if that goes, the one that takes its row is
     /// selected, or the last one.
     void removeObjectAtArrangedObjectIndex(qsizetype index);
+    /// The same for several rows, of which views are told once for each run of neighbours; the selection changes once.
+    /// Rows that do not exist are left out.
     void removeObjectsAtArrangedObjectIndexes(std::vector<qsizetype> indexes);
     /// Moves the row `index` before what is now the row `row` (0 to the number of layers): 1 before 4 ends at 3,
     /// 4 before 1 ends at 1. The selection stays with its layer. Rows that do not exist change nothing.
@@ -54,7 +58,8 @@ public:
     /// Edits a property of the selected layer, "arrangedObjects.panelWidth", and tells it with valueDidChange().
     /// Returns whether there was such a property to edit and the value fits it; otherwise nothing happens.
     bool setValue(const QVariant &value, const QString &keyPath);
-    /// Edits a property of any row without telling it as an edit. Returns as setValue() does.
+    /// Edits a property of any row and tells nobody, for an edit of several rows that setValue() of the last one tells.
+    /// Returns as that does.
     bool setPlainValue(qsizetype index, const QVariant &value, const QString &keyPath);
     /// The selected layer's property; an invalid value where there is none.
     QVariant value(const QString &keyPath) const;
@@ -90,6 +95,8 @@ private:
     bool setLayerValue(qsizetype index, const QVariant &value, const QString &keyPath);
 
     void select(std::vector<qsizetype> indexes, qsizetype shown);
+    void removeRange(qsizetype first, qsizetype last);
+    void deselect(const std::vector<qsizetype> &removed);
     void moveSelection(const std::function<qsizetype(qsizetype)> &placeOf);
 
     std::vector<LayerPointer> m_layers;

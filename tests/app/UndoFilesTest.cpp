@@ -239,6 +239,33 @@ TEST(UndoHistory, WhatIsAbsorbedBelongsToTheStateThatIsShown)
     EXPECT_EQ(document.width, 2);
 }
 
+TEST(UndoHistory, WhatIsRenderedInTheMiddleOfAnEditBelongsToThatEdit)
+{
+    NumberDocument document;
+    DocumentHistory history(document);
+    history.clear();
+    document.width = 1;
+    history.record("Width");
+    document.width = 20; // the next edit has begun
+    history.expectRendering();
+    document.width = 21;
+    history.absorb();
+    history.record("Drag");
+    EXPECT_EQ(history.stack().undoText(), "Drag");
+
+    history.stack().undo();
+    EXPECT_EQ(document.width, 1);
+    history.stack().redo();
+    EXPECT_EQ(document.width, 21);
+    history.expectRendering(); // nothing is under way any more
+    document.width = 22;
+    history.absorb();
+    EXPECT_EQ(history.stack().count(), 2);
+    history.stack().undo();
+    history.stack().redo();
+    EXPECT_EQ(document.width, 22);
+}
+
 TEST(UndoHistory, StepsInARowWithTheSameTypingAreOne)
 {
     NumberDocument document;

@@ -1,0 +1,137 @@
+#include "app/windows/LayerTable.h"
+#include "canvas/LWCanvasImageView.h"
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QDropEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QTest>
+#include <QUrl>
+
+class MainWindowEditingTest : public WindowFixture
+{
+protected:
+    LayerList &list() { return window.document().arraycontroller(); }
+    LayerPointer selected() { return list().selectedLayer(); }
+    QStringList panelsOff() { return dynamic_cast<LWScreen &>(*selected()).hiddenBoxes().value_or(QStringList()); }
+    QString undoText() { return window.document().undoStack().undoText(); }
+    /// Where a pixel of the output is on the canvas.
+    QPoint onCanvas(double x, double y)
+    {
+        const QRectF frame = canvas().frame();
+        return (frame.topLeft() + QPointF(x * frame.width() / 1920, y * frame.height() / 1080)).toPoint();
+    }
+    void drop(const QStringList &paths)
+    {
+        QMimeData files;
+        QList<QUrl> urls;
+        for (const QString &each : paths)
+            urls.append(QUrl::fromLocalFile(each));
+        files.setUrls(urls);
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(50, 50), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window, &event);
+    }
+    QString picture(const QString &name, const QSize &size)
+    {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::green);
+        EXPECT_TRUE(image.save(path(name)));
+        return path(name);
+    }
+};
+
+TEST_F(MainWindowEditingTest, AClickOnAPanelSwitchesItOffAndIsOneStep)
+{
+    QTest::mouseClick(&canvas(), Qt::LeftButton, {}, onCanvas(2.5 * 128, 1.5 * 128));
+    EXPECT_EQ(panelsOff(), QStringList("1,2"));
+    EXPECT_EQ(undoText(), "Switch Panel");
+    QTest::mouseClick(&canvas(), Qt::LeftButton, {}, onCanvas(7.5 * 128, 4.5 * 128));
+    EXPECT_EQ(panelsOff(), QStringList({"1,2", "4,7"}));
+    press(Qt::Key_Z, Qt::ControlModifier, {});
+    EXPECT_EQ(panelsOff(), QStringList("1,2"));
+}
+
+TEST_F(MainWindowEditingTest, TheStatusLineReadsOutPixelPanelAndColour)
+{
+    QTest::mouseMove(&canvas(), onCanvas(2.5 * 128, 1.5 * 128));
+    QApplication::processEvents();
+    bool isShown = false;
+    for (const QLabel *label : window.findChildren<QLabel *>())
+        isShown = isShown || (label->text().startsWith("x 3") && label->text().contains("  C2  #"));
+    EXPECT_TRUE(isShown);
+}
+
+TEST_F(MainWindowEditingTest, AStillIsMovedByItsMarkerWithTheMouse)
+{
+    window.document().addImages({picture("plate.png", {600, 400})});
+    window.document().timerupdate();
+    window.document().update();
+    ASSERT_EQ(selected()->xpoint(), 0);
+    const QPoint from = onCanvas(300, 200);
+    QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
+    QTest::mouseMove(&canvas(), from + QPoint(60, 30));
+    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, from + QPoint(60, 30));
+    window.document().timerupdate();
+    window.document().update(); // before the canvas has told its edit
+    QApplication::processEvents();
+    EXPECT_GT(selected()->xpoint(), 50);
+    EXPECT_GT(selected()->ypoint(), 20);
+    EXPECT_EQ(undoText(), "Move Image");
+    press(Qt::Key_Z, Qt::ControlModifier, {});
+    EXPECT_EQ(selected()->xpoint(), 0);
+    EXPECT_EQ(selected()->ypoint(), 0);
+}
+
+TEST_F(MainWindowEditingTest, ArrowKeysNudgeByOneAndWithShiftByTen)
+{
+    window.activateWindow();
+    canvas().setFocus();
+    QTest::keyClick(&canvas(), Qt::Key_Right);
+    QTest::keyClick(&canvas(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&canvas(), Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(&canvas(), Qt::Key_Up);
+    EXPECT_EQ(selected()->xpoint(), -9);
+    EXPECT_EQ(selected()->ypoint(), 9);
+    press(Qt::Key_Z, Qt::ControlModifier, {});
+    EXPECT_EQ(selected()->xpoint(), 0);
+    EXPECT_EQ(selected()->ypoint(), 0);
+}
+
+TEST_F(MainWindowEditingTest, KeysCopyCutPasteAndHide)
+{
+    table().setFocus();
+    press(Qt::Key_C, Qt::ControlModifier, {});
+    press(Qt::Key_V, Qt::ControlModifier, {});
+    EXPECT_EQ(list().rowCount(), 2);
+    press(Qt::Key_X, Qt::ControlModifier, {});
+    EXPECT_EQ(list().rowCount(), 1);
+    press(Qt::Key_H, Qt::NoModifier, {});
+    EXPECT_FALSE(selected()->visible());
+    EXPECT_EQ(undoText(), "Visibility");
+}
+
+TEST_F(MainWindowEditingTest, ALayerIsRenamedInTheTable)
+{
+    table().setFocus();
+    press(Qt::Key_F2, Qt::NoModifier, {});
+    QTest::keyClicks(QApplication::focusWidget(), "Upstage");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(selected()->label(), "Upstage");
+    EXPECT_EQ(undoText(), "Name");
+}
+
+TEST_F(MainWindowEditingTest, DroppedFilesOpenOrBecomeStills)
+{
+    drop({picture("a.png", {40, 30}), picture("b.png", {50, 20})});
+    EXPECT_EQ(list().rowCount(), 3);
+    EXPECT_EQ(undoText(), "Add Image");
+    drop({greenProject("show.Orv")});
+    EXPECT_EQ(title(), "show.Orv — Wallwright");
+    EXPECT_EQ(list().rowCount(), 1);
+}
