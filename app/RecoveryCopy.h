@@ -55,8 +55,7 @@ public:
 
 signals:
     /// A copy cannot be written or removed; a sentence for the person. A write that fails is tried again every
-    /// `longestWait`, and told again only after one has succeeded or
-    /// the document was saved.
+    /// `longestWait`, and told again only after one has succeeded or the document was saved.
     void couldNotKeep(const QString &sentence);
 
 private:

@@ -19,7 +19,7 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
-#include <QScrollBar>
+#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 
@@ -72,12 +72,21 @@ QPushButton *textButton(const QString &text, const QString &tip)
 } // namespace
 
 Inspector::Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
-    : QScrollArea(parent), m_document(document), m_interface(interface), m_content(new QWidget)
+    : QScrollArea(parent), m_document(document), m_interface(interface)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAccessibleName("Inspector");
+}
+
+Inspector::~Inspector() = default;
+
+void Inspector::makeControls()
+{
+    if (m_content)
+        return;
+    m_content = new QWidget;
     auto *column = new QVBoxLayout(m_content);
     column->setContentsMargins(0, Theme::edge / 2, 0, Theme::edge);
     column->setSpacing(0);
@@ -94,18 +103,24 @@ Inspector::Inspector(LWAppDelegate &document, WindowInterface &interface, QWidge
 
     m_form->fold(Settings::foldedGroups());
     m_form->foldingDidChange = [this] { Settings::setFoldedGroups(m_form->foldedGroups()); };
-    LayerList &list = document.arraycontroller();
+    for (QWidget *control : m_content->findChildren<QWidget *>())
+        control->installEventFilter(this);
+    follow();
+}
+
+void Inspector::follow()
+{
+    LayerList &list = m_document.arraycontroller();
     connect(&list, &LayerList::selectionIndexesDidChange, this, &Inspector::refresh);
     connect(&list, &LayerList::selectionIndexDidChange, this, &Inspector::refresh);
     connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
-    connect(&interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
-    connect(&interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
-    connect(&interface, &WindowInterface::patternShown, m_patterns, &PatternGrid::show);
-    for (QWidget *control : m_content->findChildren<QWidget *>())
-        control->installEventFilter(this);
+    connect(&m_interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
+    connect(&m_interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
+    connect(&m_interface, &WindowInterface::patternShown, m_patterns, &PatternGrid::show);
+    if (const LayerPointer shown = list.selectedLayer())
+        m_patterns->show(shown->pattern());
+    refresh();
 }
-
-Inspector::~Inspector() = default;
 
 void Inspector::addScreenGroups()
 {
@@ -310,4 +325,11 @@ bool Inspector::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::FocusIn)
         ensureWidgetVisible(qobject_cast<QWidget *>(watched));
     return QScrollArea::eventFilter(watched, event);
+}
+
+bool Inspector::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::Paint && !m_content)
+        QTimer::singleShot(0, this, &Inspector::makeControls);
+    return QScrollArea::viewportEvent(event);
 }

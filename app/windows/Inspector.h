@@ -18,17 +18,22 @@ class Inspector final : public QScrollArea
     Q_OBJECT
 
 public:
-    /// Both outlive the inspector's last event.
+    /// Both outlive the inspector's last event. The controls are made after the first painting, so that nobody waits
+    /// for them before there is a window.
     Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent = nullptr);
     ~Inspector() override;
 
+    /// Makes the controls, if they are not there.
+    void makeControls();
     /// Shows what the layers and the output are now. Without a layer it keeps what it showed.
     void refresh();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
 private:
+    void follow();
     void addScreenGroups();
     void addStillGroup();
     void addOutputGroup();
@@ -44,7 +49,7 @@ private:
 
     LWAppDelegate &m_document;
     WindowInterface &m_interface;
-    QWidget *m_content;
+    QWidget *m_content = nullptr; ///< null until the controls are made
     std::unique_ptr<InspectorForm> m_form;
     PatternGrid *m_patterns;
     QComboBox *m_corners;

@@ -3,6 +3,7 @@
 #include "app/LayerList.h"
 #include "app/windows/NumberText.h"
 #include "app/windows/Theme.h"
+#include "still/LWStill.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -19,6 +20,12 @@ constexpr double hiddenOpacity = 0.35;
 constexpr int mostStamps = 256;
 /// A stamp that is made of this many pixels looks as one that is made of all.
 constexpr double mostPixelsRead = 2'000'000;
+
+bool isPictureMissing(const Layer &layer)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    return still && still->isPictureMissing();
+}
 
 void paintGround(QPainter &painter, const QStyleOptionViewItem &option)
 {
@@ -80,7 +87,9 @@ void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     const int half = pictureSize.height() / 2;
     const QRect nameLine(texts.topLeft(), QSize(texts.width(), half));
     paintLine(*painter, nameLine, option.font, layer->visible() ? Theme::text : Theme::dimText, name(*layer));
-    paintLine(*painter, nameLine.translated(0, half), Theme::smallFont(), Theme::dimText, m_secondLine(*layer));
+    const bool isMissing = isPictureMissing(*layer);
+    paintLine(*painter, nameLine.translated(0, half), Theme::smallFont(), isMissing ? Theme::warning : Theme::dimText,
+              isMissing ? QString("The picture is missing") : m_secondLine(*layer));
     painter->restore();
 }
 

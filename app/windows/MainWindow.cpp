@@ -13,6 +13,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
@@ -20,6 +21,7 @@
 #include <QScreen>
 #include <QSplitter>
 #include <QTimer>
+#include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -79,10 +81,25 @@ QWidget *MainWindow::layersPanel()
     m_layerTable = new LayerTable(m_document.arraycontroller(), "Layers", LayerDelegate::placeAndSize);
     m_layerTable->setObjectName("mainTView");
     QLabel *title = Theme::title("Layers", m_layerTable);
-    title->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
-    column->addWidget(title);
+    auto *head = new QHBoxLayout;
+    head->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
+    head->addWidget(title, 1);
+    head->addWidget(headButton("+", "Add layer", "Adds a screen or an image", [this] { m_document.add(); }));
+    head->addWidget(headButton("−", "Delete layer", "Deletes the selected layers", [this] { m_document.remove(); }));
+    column->addLayout(head);
     column->addWidget(m_layerTable);
     return panel;
+}
+
+QToolButton *MainWindow::headButton(const QString &sign, const QString &name, const QString &tip,
+                                    const std::function<void()> &act)
+{
+    auto *button = new QToolButton;
+    button->setText(sign);
+    button->setAccessibleName(name);
+    button->setToolTip(tip);
+    connect(button, &QToolButton::clicked, this, act);
+    return button;
 }
 
 QWidget *MainWindow::lists()
@@ -142,6 +159,8 @@ void MainWindow::connectDocument()
 
 void MainWindow::connectViews()
 {
+    connect(&m_document.arraycontroller(), &LayerList::selectionIndexDidChange, this,
+            [this] { m_canvasLink.redrawMarker(); });
     connect(m_powerBar, &PowerBar::voltageChosen, &m_document, &LWAppDelegate::voltageSelect);
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {

@@ -17,6 +17,7 @@ class LayerTable;
 class LWCanvasImageView;
 class PresetPanel;
 class QMenu;
+class QToolButton;
 class OutputPreview;
 class PowerBar;
 
@@ -60,7 +61,10 @@ private:
     void showPreviewOnDisplay();
     void listRecentFiles(QMenu &menu);
     void listUnsavedWork(QMenu &menu);
+    void forget(const std::vector<FoundCopy> &copies);
     QWidget *layersPanel();
+    QToolButton *headButton(const QString &sign, const QString &name, const QString &tip,
+                            const std::function<void()> &act);
     /// Layers above presets.
     QWidget *lists();
     void addViews();

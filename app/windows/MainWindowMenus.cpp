@@ -188,6 +188,18 @@ void MainWindow::listUnsavedWork(QMenu &menu)
             m_document.recover(copy);
         });
     }
-    if (copies.empty())
+    if (copies.empty()) {
         menu.addAction("No unsaved work")->setEnabled(false);
+        return;
+    }
+    menu.addSeparator();
+    menu.addAction("Forget All...", this, [this, copies] { forget(copies); });
+}
+
+void MainWindow::forget(const std::vector<FoundCopy> &copies)
+{
+    if (!m_interface.confirm("Forget all unsaved work of ended programs?", "This cannot be undone.", "Forget"))
+        return;
+    for (const FoundCopy &copy : copies)
+        m_document.discardRecoverable(copy);
 }

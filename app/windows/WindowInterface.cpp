@@ -128,13 +128,17 @@ bool WindowInterface::mayReplace(const QString &path)
     const QFileInfo file(path);
     if (!file.isFile())
         return true; // new, or a folder: the document tells that this cannot be written
-    QMessageBox question(QMessageBox::NoIcon, "Wallwright", QString("\"%1\" exists already.").arg(file.fileName()),
-                         QMessageBox::Cancel, &m_window);
-    setUp(question, "Replacing it cannot be undone.");
-    const QPushButton *replace = question.addButton("Replace", QMessageBox::AcceptRole);
+    return confirm(QString("\"%1\" exists already.").arg(file.fileName()), "Replacing it cannot be undone.", "Replace");
+}
+
+bool WindowInterface::confirm(const QString &message, const QString &informativeText, const QString &button)
+{
+    QMessageBox question(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Cancel, &m_window);
+    setUp(question, informativeText);
+    const QPushButton *yes = question.addButton(button, QMessageBox::AcceptRole);
     question.setDefaultButton(QMessageBox::Cancel);
     question.exec();
-    return question.clickedButton() == replace;
+    return question.clickedButton() == yes;
 }
 
 void WindowInterface::alert(const QString &message, const QString &informativeText)

@@ -23,6 +23,8 @@ public:
     explicit WindowInterface(QWidget &window);
     ~WindowInterface() override;
 
+    /// Asks whether to do what cannot be undone; `button` says yes. Enter and Escape say no.
+    bool confirm(const QString &message, const QString &informativeText, const QString &button);
     /// What the next open panel is for.
     void prepareOpenPanel(const QString &title) { m_openTitle = title; }
     /// How the document appends an extension to the name that was typed.

@@ -161,7 +161,7 @@ TEST_F(MainWindowMenusTest, UnsavedWorkOfAnEndedProgramIsToldOnceAndRecovered)
     }));
     QMenu &recover = submenu(next, "Recover");
     emit recover.aboutToShow();
-    ASSERT_EQ(recover.actions().size(), 1);
+    ASSERT_EQ(recover.actions().size(), 3);
     recover.actions().first()->trigger();
     EXPECT_EQ(next.document().arraycontroller().selectedLayer()->panelWidth(), 77);
     EXPECT_TRUE(next.isWindowModified());
