@@ -18,6 +18,7 @@
 
 namespace {
 constexpr int captionWidth = 108;
+constexpr int controlWidth = 148;
 
 InspectorForm::Kinds kindOf(const Layer &layer)
 {
@@ -50,6 +51,7 @@ void InspectorForm::beginGroup(const QString &title, Kinds kinds)
     group.grid->setHorizontalSpacing(Theme::gap);
     group.grid->setVerticalSpacing(Theme::gap / 2);
     group.grid->setColumnMinimumWidth(0, captionWidth);
+    group.grid->setColumnMinimumWidth(1, controlWidth);
     group.grid->setColumnStretch(1, 1);
     if (!title.isEmpty()) {
         group.head = new QToolButton;

@@ -68,6 +68,7 @@ void MainWindow::start()
         show();
     else
         showMaximized();
+    m_layerTable->setFocus();
     m_document.applicationDidFinishLaunching();
     QTimer::singleShot(afterFirstPaint, this, &MainWindow::tellUnsavedWork);
 }

@@ -258,6 +258,19 @@ TEST_F(InspectorTest, SeveralLayersAreEditedAsOneStepAndMixedValuesLookMixed)
     EXPECT_EQ(columns.text(), "—");
 }
 
+TEST_F(InspectorTest, EachDigitIsTakenForSeveralLayersToo)
+{
+    window.document().AddScreen();
+    list().setSelectionIndexes({0, 1});
+    NumberField &left = control<NumberField>("Left");
+    left.setFocus();
+    left.selectAll();
+    for (const char digit : {'1', '2', '8'})
+        QTest::keyClick(&left, digit);
+    EXPECT_EQ(list().layer(0)->xpoint(), 128);
+    EXPECT_EQ(list().layer(1)->xpoint(), 128);
+}
+
 TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
 {
     shown()->setLabelColor(std::nullopt);

@@ -161,10 +161,28 @@ TEST_F(MainWindowMenusTest, UnsavedWorkOfAnEndedProgramIsToldOnceAndRecovered)
     }));
     QMenu &recover = submenu(next, "Recover");
     emit recover.aboutToShow();
+    answer([&] { recover.actions().last()->trigger(); }, {readingAndPressing("Cancel")});
+    EXPECT_EQ(said, "Forget all unsaved work of ended programs?\nThis cannot be undone.");
+    emit recover.aboutToShow();
     ASSERT_EQ(recover.actions().size(), 3);
     recover.actions().first()->trigger();
     EXPECT_EQ(next.document().arraycontroller().selectedLayer()->panelWidth(), 77);
     EXPECT_TRUE(next.isWindowModified());
+    emit recover.aboutToShow();
+    EXPECT_EQ(titles(recover), QStringList("No unsaved work"));
+}
+
+TEST_F(MainWindowMenusTest, UnsavedWorkCanBeForgotten)
+{
+    {
+        WindowInterface nobody(window);
+        LWAppDelegate ended(nobody, RecoveryFolder::standardPath());
+        ended.applicationDidFinishLaunching();
+        ended.arraycontroller().setValue(77, "arrangedObjects.panelWidth");
+    }
+    QMenu &recover = submenu(window, "Recover");
+    emit recover.aboutToShow();
+    answer([&] { recover.actions().last()->trigger(); }, {readingAndPressing("Forget")});
     emit recover.aboutToShow();
     EXPECT_EQ(titles(recover), QStringList("No unsaved work"));
 }
