@@ -6,14 +6,19 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <cmath>
+#include <limits>
 #include <vector>
 
 namespace {
 constexpr int rounds = 21;
+/// Over every goal.
+constexpr double notMeasured = std::numeric_limits<double>::infinity();
 
 /// libraries, application, window, document, first paint; ms.
 constexpr std::size_t phaseCount = 5;
-constexpr std::array<const char *, phaseCount> phaseNames{"libraries", "application", "window", "document", "first paint"};
+constexpr std::array<const char *, phaseCount> phaseNames{"libraries", "application", "window", "document",
+                                                          "first paint"};
 using Phases = std::array<double, phaseCount>;
 
 double now()
@@ -69,6 +74,8 @@ Phases start(const QString &kind, const QProcessEnvironment &environment)
     double last = now();
     program.start(START_WINDOW, {kind});
     program.waitForFinished();
+    if (program.exitStatus() != QProcess::NormalExit || program.exitCode() != 0)
+        return {notMeasured};
     Phases phases{};
     const QList<QByteArray> times = program.readAllStandardOutput().simplified().split(' ');
     for (std::size_t i = 0; i < phases.size(); ++i) {
@@ -86,7 +93,7 @@ Measured measure()
 {
     const Screen screen;
     if (screen.display().isEmpty())
-        return {0, "there is no Xvfb"};
+        return {notMeasured, "there is no X server; install Xvfb"};
     const QTemporaryDir home;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("QT_QPA_PLATFORM", "xcb");
@@ -105,6 +112,8 @@ Measured measure()
         for (std::size_t phase = 0; phase < phaseCount; ++phase)
             spent[phase].push_back(own[phase]);
     }
+    if (!std::isfinite(median(ratios)))
+        return {notMeasured, "the program does not start"};
     std::string text = "ms:";
     for (std::size_t phase = 0; phase < phaseCount; ++phase)
         text += (phase == 0 ? " " : ", ") + std::string(phaseNames[phase]) + " " +

@@ -7,7 +7,7 @@ namespace Start {
 
 struct Measured
 {
-    double ratio;      ///< to a program that shows an empty window; 0 where there is no X server (Xvfb) to be had
+    double ratio;      ///< to a program that shows an empty window; infinite where it cannot be measured
     std::string spent; ///< on what, in ms: "libraries 21, application 30, ..."
 };
 

@@ -19,7 +19,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
-#include <QTimer>
 #include <QToolButton>
 #include <QUrl>
 
@@ -325,11 +324,4 @@ bool Inspector::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::FocusIn)
         ensureWidgetVisible(qobject_cast<QWidget *>(watched));
     return QScrollArea::eventFilter(watched, event);
-}
-
-bool Inspector::viewportEvent(QEvent *event)
-{
-    if (event->type() == QEvent::Paint && !m_content)
-        QTimer::singleShot(0, this, &Inspector::makeControls);
-    return QScrollArea::viewportEvent(event);
 }

@@ -18,8 +18,7 @@ class Inspector final : public QScrollArea
     Q_OBJECT
 
 public:
-    /// Both outlive the inspector's last event. The controls are made after the first painting, so that nobody waits
-    /// for them before there is a window.
+    /// Both outlive the inspector's last event. It is empty until makeControls().
     Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent = nullptr);
     ~Inspector() override;
 
@@ -30,7 +29,6 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    bool viewportEvent(QEvent *event) override;
 
 private:
     void follow();

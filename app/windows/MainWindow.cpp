@@ -42,7 +42,6 @@ constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
 MainWindow::MainWindow()
 {
     Theme::apply();
-    setWindowIcon(QIcon(":/windows/wallwright.svg"));
     setAcceptDrops(true);
     showFile({});
     resize(firstSize);
@@ -103,26 +102,20 @@ QToolButton *MainWindow::headButton(const QString &sign, const QString &name, co
     return button;
 }
 
-QWidget *MainWindow::lists()
-{
-    auto *lists = new QSplitter(Qt::Vertical);
-    lists->setMinimumWidth(leastListsWidth);
-    lists->setHandleWidth(1);
-    lists->setChildrenCollapsible(false);
-    lists->addWidget(layersPanel());
-    m_presetPanel = new PresetPanel(m_document, m_interface);
-    lists->addWidget(m_presetPanel);
-    return lists;
-}
-
 void MainWindow::addViews()
 {
     auto *regions = new QSplitter;
     regions->setHandleWidth(1);
     regions->setChildrenCollapsible(false);
-    regions->addWidget(lists());
+    m_lists = new QSplitter(Qt::Vertical);
+    m_lists->setMinimumWidth(leastListsWidth);
+    m_lists->setHandleWidth(1);
+    m_lists->setChildrenCollapsible(false);
+    m_lists->addWidget(layersPanel());
+    regions->addWidget(m_lists);
     m_canvas = new LWCanvasImageView(m_canvasLink);
     m_interface.setCanvas(m_canvas);
+    m_canvas->installEventFilter(this);
     regions->addWidget(m_canvas);
     m_inspector = new Inspector(m_document, m_interface);
     m_inspector->setMinimumWidth(leastInspectorWidth);
@@ -138,6 +131,26 @@ void MainWindow::addViews()
     m_powerBar = new PowerBar;
     column->addWidget(m_powerBar);
     setCentralWidget(centre);
+}
+
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_canvas && event->type() == QEvent::Paint) {
+        m_canvas->removeEventFilter(this);
+        QTimer::singleShot(0, this, &MainWindow::makeLateParts);
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::makeLateParts()
+{
+    if (m_presetPanel)
+        return;
+    setWindowIcon(QIcon(":/windows/wallwright.svg"));
+    m_presetPanel = new PresetPanel(m_document, m_interface);
+    m_lists->addWidget(m_presetPanel);
+    m_lists->setSizes({1, 1}); // equally high
+    m_inspector->makeControls();
 }
 
 void MainWindow::connectDocument()

@@ -17,6 +17,7 @@ class LayerTable;
 class LWCanvasImageView;
 class PresetPanel;
 class QMenu;
+class QSplitter;
 class QToolButton;
 class OutputPreview;
 class PowerBar;
@@ -38,8 +39,12 @@ public:
     void start();
 
     LWAppDelegate &document() { return m_document; }
+    /// Gives the window its icon and makes the presets' table and the inspector's controls, if they are not there. Otherwise that is done after the
+    /// first painting, so that nobody waits for them before there is a window.
+    void makeLateParts();
 
 protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     /// Arrow keys that nobody else takes nudge the selected layers.
     void keyPressEvent(QKeyEvent *event) override;
@@ -65,8 +70,6 @@ private:
     QWidget *layersPanel();
     QToolButton *headButton(const QString &sign, const QString &name, const QString &tip,
                             const std::function<void()> &act);
-    /// Layers above presets.
-    QWidget *lists();
     void addViews();
     void connectDocument();
     void connectViews();
@@ -79,7 +82,8 @@ private:
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
     CanvasLink m_canvasLink{m_document};
     LayerTable *m_layerTable;
-    PresetPanel *m_presetPanel;
+    QSplitter *m_lists;                   ///< layers above presets
+    PresetPanel *m_presetPanel = nullptr; ///< null until makeLateParts()
     Inspector *m_inspector;
     LWCanvasImageView *m_canvas;
     PowerBar *m_powerBar;

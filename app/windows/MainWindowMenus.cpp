@@ -86,7 +86,10 @@ void MainWindow::addLayerMenu()
     menu->addSeparator();
     addTold(*menu, "&Hide or Show", Qt::Key_H, [this] { m_document.toggleVisibility(); });
     menu->addSeparator();
-    menu->addAction("Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] { m_presetPanel->search(); });
+    menu->addAction("Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
+        makeLateParts();
+        m_presetPanel->search();
+    });
 }
 
 void MainWindow::addViewMenu()

@@ -369,6 +369,7 @@ TEST_F(InspectorTest, FoldedGroupsStayFolded)
     EXPECT_FALSE(isShown("Columns"));
     MainWindow next;
     next.start();
+    next.makeLateParts();
     EXPECT_EQ(Settings::foldedGroups(), QStringList("Wall"));
     for (const QWidget *found : next.findChildren<QWidget *>()) {
         if (found->accessibleName() == "Columns") {

@@ -27,7 +27,7 @@ WindowFixture::WindowFixture()
     window.start();
     if (!QTest::qWaitForWindowExposed(&window))
         ADD_FAILURE() << "the window does not show";
-    inspector().makeControls();
+    window.makeLateParts();
     resizeTo({1580, 780});
 }
 
