@@ -186,6 +186,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     showProject(*project, copy.projectPath, "Recover Project");
     m_shouldUpdate = true;
     update();
+    tellWallsTooLarge();
 }
 
 void LWAppDelegate::discardRecoverable(const FoundCopy &copy)

@@ -39,8 +39,8 @@ public:
     void start();
 
     LWAppDelegate &document() { return m_document; }
-    /// Gives the window its icon and makes the presets' table and the inspector's controls, if they are not there. Otherwise that is done after the
-    /// first painting, so that nobody waits for them before there is a window.
+    /// Gives the window its icon and makes the presets' table and the inspector's controls, if they are not there.
+    /// Otherwise that is done after the first painting, so that nobody waits for them before there is a window.
     void makeLateParts();
 
 protected:

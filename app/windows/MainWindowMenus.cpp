@@ -146,7 +146,7 @@ OutputPreview &MainWindow::outputPreview()
 void MainWindow::showPreviewOnDisplay()
 {
     if (m_preview && m_preview->isOnDisplay())
-        return m_preview->showInWindow();
+        return m_preview->leaveDisplay();
     QScreen *display = m_display;
     for (QScreen *other : QGuiApplication::screens()) {
         if (!display && other != screen())

@@ -8,6 +8,8 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <utility>
+
 OutputPreview::OutputPreview(QWidget *parent)
     : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>())
 {
@@ -32,25 +34,38 @@ void OutputPreview::releaseOutput()
 
 void OutputPreview::showOn(QScreen &display)
 {
-    m_isOnDisplay = true;
+    if (!std::exchange(m_isOnDisplay, true)) {
+        m_hasWindow = isVisible();
+        m_windowGeometry = geometry();
+    }
     m_form->pvwImageWell->setFit(OutputView::Fit::PixelForPixel);
     setCursor(Qt::BlankCursor);
     winId(); // there is a window handle to be told its display
     windowHandle()->setScreen(&display);
     setGeometry(display.geometry());
     showFullScreen();
-    connect(&display, &QObject::destroyed, this, &OutputPreview::showInWindow);
+    connect(&display, &QObject::destroyed, this, &OutputPreview::leaveDisplay);
     tellFit();
+}
+
+void OutputPreview::leaveDisplay()
+{
+    if (!std::exchange(m_isOnDisplay, false))
+        return;
+    m_form->pvwImageWell->setFit(OutputView::Fit::Whole);
+    unsetCursor();
+    showNormal();
+    setGeometry(m_windowGeometry);
+    setVisible(m_hasWindow);
+    emit displayDidChange({});
 }
 
 void OutputPreview::showInWindow()
 {
-    m_isOnDisplay = false;
-    m_form->pvwImageWell->setFit(OutputView::Fit::Whole);
-    unsetCursor();
-    showNormal();
+    m_hasWindow = true;
+    leaveDisplay();
+    show();
     raise();
-    emit displayDidChange({});
 }
 
 /// On the wall itself nothing is ever said.
@@ -66,7 +81,7 @@ void OutputPreview::tellFit()
 void OutputPreview::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape && m_isOnDisplay)
-        showInWindow();
+        leaveDisplay();
     else
         QWidget::keyPressEvent(event);
 }

@@ -12,7 +12,7 @@ class OutputPreview;
 }
 
 /// The composed output alone: in a window, scaled to fit, or on a whole display, one output pixel to one device pixel
-/// from the top left, without chrome or pointer. Escape brings it back into its window.
+/// from the top left, without chrome or pointer. Escape brings it back.
 class OutputPreview final : public QWidget
 {
     Q_OBJECT
@@ -27,6 +27,8 @@ public:
     /// Fills a display. A display that goes away takes the preview back into its window.
     void showOn(QScreen &display);
     void showInWindow();
+    /// Goes from the display back into the window, if it was in one.
+    void leaveDisplay();
     bool isOnDisplay() const { return m_isOnDisplay; }
 
 signals:
@@ -41,5 +43,7 @@ private:
 
     std::unique_ptr<Ui::OutputPreview> m_form;
     QSize m_outputSize;
+    QRect m_windowGeometry;   ///< before it went to the display
+    bool m_hasWindow = false; ///< where it goes back to from the display
     bool m_isOnDisplay = false;
 };

@@ -109,4 +109,12 @@ TEST_F(SheetsTest, OnADisplayThePreviewIsPixelForPixelAndEscapeBringsItBack)
     EXPECT_FALSE(preview()->isFullScreen());
     EXPECT_FALSE(preview()->isOnDisplay());
     EXPECT_NE(preview()->cursor().shape(), Qt::BlankCursor);
+    EXPECT_FALSE(preview()->isVisible()); // it had no window
+
+    choose("View", "Output Preview");
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    EXPECT_TRUE(preview()->isFullScreen());
+    QTest::keyClick(preview(), Qt::Key_Escape);
+    EXPECT_TRUE(preview()->isVisible());
+    EXPECT_EQ(preview()->size(), QSize(640, 360));
 }
