@@ -3,6 +3,7 @@
 #include "app/windows/LayerDelegate.h"
 #include "app/windows/Theme.h"
 #include "screen/LWScreen.h"
+#include "still/LWStill.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QApplication>
@@ -137,4 +138,32 @@ TEST_F(LayerTableTest, AWallThatCannotBeDrawnHasARowAllTheSame)
     wall->setCol(2'000'000'000);
     wall->drawInRect();
     EXPECT_EQ(seenInPicture(1), Theme::ground);
+}
+
+TEST_F(LayerTableTest, AMissingPictureIsMarkedUntilItIsFoundAgain)
+{
+    const auto still = LWStill::initWithimage(window.document(), {});
+    still->setPanelWidth(40);
+    still->setPanelHeight(30);
+    still->setImageURL(Address::fromLocalFile(path("gone.png")));
+    list().insertObjectAtArrangedObjectIndex(still, 0);
+    const auto seesWarning = [this] {
+        QApplication::processEvents();
+        const QImage rows = table().viewport()->grab().toImage();
+        const QRect place = table().visualRect(list().index(0));
+        for (int y = place.center().y(); y < place.bottom(); ++y) {
+            for (int x = Theme::edge + LayerDelegate::pictureSize.width(); x < place.right(); ++x) {
+                if (rows.pixelColor(x, y) == Theme::warning)
+                    return true;
+            }
+        }
+        return false;
+    };
+    EXPECT_TRUE(seesWarning());
+
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(path("gone.png")));
+    still->loadThumbnail();
+    EXPECT_FALSE(seesWarning());
 }
