@@ -194,11 +194,23 @@ bool LWAppDelegate::setValue(const QVariant &value, const QString &keyPath)
 
 bool LWAppDelegate::setValueOfSelection(const QVariant &value, const QString &keyPath)
 {
+    noteEditedSide(keyPath);
     for (const qsizetype index : m_arraycontroller.selectionIndexes()) {
-        if (index != m_arraycontroller.selectionIndex() && m_arraycontroller.setPlainValue(index, value, keyPath))
-            m_arraycontroller.layer(index)->drawInRect();
+        if (index == m_arraycontroller.selectionIndex() || !m_arraycontroller.setPlainValue(index, value, keyPath))
+            continue;
+        Layer &layer = *m_arraycontroller.layer(index);
+        if (m_hwchange)
+            applyAspectLock(layer);
+        layer.drawInRect();
     }
     return m_arraycontroller.setValue(value, keyPath);
+}
+
+void LWAppDelegate::noteEditedSide(const QString &keyPath)
+{
+    m_hwchange = keyPath == panelWidthPath || keyPath == panelHeightPath;
+    if (m_hwchange)
+        m_hwchangeVal = keyPath;
 }
 
 void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
@@ -209,9 +221,7 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
         selected->drawInRect();
         m_userInterface.reloadTable();
     }
-    m_hwchange = keyPath == panelWidthPath || keyPath == panelHeightPath;
-    if (m_hwchange)
-        m_hwchangeVal = keyPath;
+    noteEditedSide(keyPath);
     finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
 }
 

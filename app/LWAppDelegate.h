@@ -249,6 +249,8 @@ private:
     void showMarker(const DocumentState &state);
     QString typingOn(const QString &keyPath) const;
     void updateAgainSoon();
+    /// Whether the last edited value was a side that an aspect lock follows.
+    void noteEditedSide(const QString &keyPath);
     void applyAspectLock(Layer &layer) const;
     void gateTimerFired();
     void load(const QString &path);

@@ -120,6 +120,27 @@ TEST_F(EditingTest, MovesInARowAreOneStepAndStopAtTheEndOfNumbers)
     EXPECT_EQ(list().layer(0)->ypoint(), 0);
 }
 
+TEST_F(EditingTest, EachOfSeveralLayersKeepsItsOwnAspect)
+{
+    document.AddScreen();
+    for (const auto &[row, aspect] : {std::pair(0, QSizeF(16, 9)), {1, QSizeF(4, 3)}}) {
+        list().layer(row)->setAspectValue(aspect);
+        list().layer(row)->setAspectRatio(true);
+    }
+    list().setSelectionIndexes({0, 1});
+    document.timerupdate();
+    document.setValueOfSelection(160, "arrangedObjects.panelWidth");
+    EXPECT_EQ(list().layer(0)->panelHeight(), 90);
+    EXPECT_EQ(list().layer(1)->panelHeight(), 120);
+    EXPECT_EQ(list().layer(1)->screenSizeHeight(), 120);
+    document.timerupdate();
+    document.setValueOfSelection(90, "arrangedObjects.panelHeight");
+    EXPECT_EQ(list().layer(0)->panelWidth(), 160);
+    EXPECT_EQ(list().layer(1)->panelWidth(), 120);
+    document.undoStack().undo();
+    EXPECT_EQ(list().layer(1)->panelWidth(), 160);
+}
+
 TEST_F(EditingTest, HidingFollowsTheLayerBeforeTheInspector)
 {
     document.AddScreen();
