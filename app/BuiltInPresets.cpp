@@ -1,6 +1,6 @@
 #include "app/BuiltInPresets.h"
 
-#include "screen/LWScreen.h"
+#include "app/NewScreens.h"
 
 #include <algorithm>
 #include <array>
@@ -59,7 +59,7 @@ constexpr std::array presets{
 
 LayerPointer makePreset(LayerHost &host, const Preset &preset)
 {
-    LWScreen::Arguments arguments;
+    LWScreen::Arguments arguments = NewScreens::plain(preset.label);
     arguments.row = preset.row;
     arguments.col = preset.col;
     arguments.panelWidth = preset.panelWidth;
@@ -67,13 +67,8 @@ LayerPointer makePreset(LayerHost &host, const Preset &preset)
     arguments.rectColor = preset.rectColor;
     arguments.rectColor2 = preset.rectColor2;
     arguments.boarderColor = preset.look.boarderColor;
-    arguments.circleColor = white;
-    arguments.xyColor = white;
-    arguments.sfColor = white;
-    arguments.xyFontSize = 50;
     arguments.bgEnable = preset.look.bgEnable;
     arguments.boarderEnable = preset.look.boarderEnable;
-    arguments.label = preset.label;
     arguments.circleEnable = preset.look.circleEnable;
     arguments.hpos = preset.look.hpos;
     arguments.vpos = preset.look.vpos;

@@ -1,6 +1,7 @@
 #include "app/DocumentLog.h"
 #include "app/LWAppDelegate.h"
 #include "app/LayerArchive.h"
+#include "app/NewScreens.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 #include "still/PictureFile.h"
@@ -14,36 +15,13 @@ constexpr QLatin1StringView nameOfLayerTable{"mainTView"};
 constexpr QLatin1StringView nameOfPresetTable{"presetTView"};
 /// There is a button for each of these.
 constexpr qint64 patterns = 8;
-
-/// What a new screen looks like: one red panel, whose colours the person picks afterwards.
-LWScreen::Arguments newScreen(const QString &label)
-{
-    LWScreen::Arguments arguments;
-    arguments.row = 1;
-    arguments.col = 1;
-    arguments.panelWidth = 80;
-    arguments.panelHeight = 80;
-    arguments.rectColor = NamedColour::red;
-    arguments.rectColor2 = NamedColour::red;
-    arguments.boarderColor = NamedColour::white;
-    arguments.circleColor = NamedColour::white;
-    arguments.xyColor = NamedColour::white;
-    arguments.sfColor = NamedColour::white;
-    arguments.xyFontSize = 50;
-    arguments.bgEnable = true;
-    arguments.boarderEnable = true;
-    arguments.label = label;
-    arguments.circleEnable = true;
-    arguments.hiddenBoxes = QStringList();
-    return arguments;
-}
 } // namespace
 
 void LWAppDelegate::AddScreen()
 {
     ++m_screenNumber;
     const QString label = QString::asprintf("Layer %i", m_screenNumber);
-    insertAndSelect(LWScreen::initWithrow(*this, newScreen(label)), m_selectedRow + 1);
+    insertAndSelect(LWScreen::initWithrow(*this, NewScreens::added(label)), m_selectedRow + 1);
     m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
     finishEdit("Add Screen");
 }

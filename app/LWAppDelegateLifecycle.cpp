@@ -1,6 +1,7 @@
 #include "app/BuiltInPresets.h"
 #include "app/DocumentLog.h"
 #include "app/LWAppDelegate.h"
+#include "app/NewScreens.h"
 #include "app/WebAddresses.h"
 #include "screen/LWScreen.h"
 
@@ -11,35 +12,14 @@ Q_LOGGING_CATEGORY(lcDocument, "wallwright.document", QtWarningMsg)
 using Sheet = UserInterface::Sheet;
 
 namespace {
-LWScreen::Arguments firstScreen()
-{
-    LWScreen::Arguments arguments;
-    arguments.row = 5;
-    arguments.col = 8;
-    arguments.panelWidth = 128;
-    arguments.panelHeight = 128;
-    arguments.rectColor = NamedColour::red;
-    arguments.rectColor2 = NamedColour::lightGray;
-    arguments.boarderColor = NamedColour::white;
-    arguments.circleColor = NamedColour::white;
-    arguments.xyColor = NamedColour::white;
-    arguments.sfColor = NamedColour::white;
-    arguments.xyFontSize = 50;
-    arguments.bgEnable = true;
-    arguments.boarderEnable = true;
-    arguments.circleEnable = true;
-    return arguments;
-}
-
 constexpr int firstScreenWatts = 200;
 constexpr QSize firstOutput{1920, 1080};
 } // namespace
 
 LayerPointer LWAppDelegate::firstLayer()
 {
-    LWScreen::Arguments arguments = firstScreen();
-    arguments.label = QString::asprintf("Layer %i", m_screenNumber);
-    return LWScreen::initWithrow(*this, arguments, firstScreenWatts);
+    const QString label = QString::asprintf("Layer %i", m_screenNumber);
+    return LWScreen::initWithrow(*this, NewScreens::first(label), firstScreenWatts);
 }
 
 void LWAppDelegate::applicationDidFinishLaunching()
