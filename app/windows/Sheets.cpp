@@ -79,6 +79,7 @@ QDialog *Sheets::makeHelp()
     auto *dialog = new QDialog(&m_window);
     Ui::HelpWindow form;
     form.setupUi(dialog);
+    form.close->setFocus(); // Enter does not leave for the browser
     connect(form.web, &QPushButton::clicked, &m_document, &LWAppDelegate::orvsoftwarehelpurl);
     connect(form.close, &QPushButton::clicked, &m_document, &LWAppDelegate::closeHelp);
     return dialog;

@@ -75,6 +75,8 @@ TEST_F(SheetsTest, AboutAndHelpOpenAndClose)
         QWidget *sheet = QApplication::activeModalWidget();
         ASSERT_NE(sheet, nullptr);
         EXPECT_EQ(sheet->windowTitle(), title);
+        ASSERT_NE(sheet->focusWidget(), nullptr);
+        EXPECT_EQ(sheet->focusWidget()->objectName(), "close");
         click(*sheet, "Close");
         EXPECT_FALSE(sheet->isVisible());
     }
