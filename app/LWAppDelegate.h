@@ -58,6 +58,8 @@ public:
     /// The presets, in the order of their table.
     LayerList &presetarraycontroller() { return m_presetarraycontroller; }
     const std::vector<LayerPointer> &presetScreensArray() const { return m_presetarraycontroller.layers(); }
+    /// The selected layers, the topmost first.
+    std::vector<LayerPointer> selectedLayers() const;
     /// The row after which new layers come in; written by duplicating alone.
     qint64 selectedRow() const { return m_selectedRow; }
     /// The number in the name of the layer that was named last. It only grows.
@@ -139,8 +141,15 @@ public:
     void addImages(const QStringList &paths);
     /// Moves the selected layers by output pixels; moves in a row are one step.
     void moveSelection(const QPoint &distance);
+    /// Moves the selected layers together, so that the box around them stands in the middle of the output. Where that
+    /// falls between two pixels, the left and upper one.
+    void centreInOutput();
+    /// The same, flush with two edges of the output.
+    void fitToOutputCorner(Qt::Corner corner);
     /// Hides the selected layers where the one before the inspector is visible, or shows them.
     void toggleVisibility();
+    /// Shows the selected layers and hides all others.
+    void hideOthers();
 
     /// A drag of rows began in one of the two tables.
     void tableViewWriteRowsWithIndexes(const LayerList &table);
@@ -261,7 +270,8 @@ private:
     void setFile(std::shared_ptr<QString> file);
     void writeProject(const QString &path);
     void documentIsInFile();
-    std::vector<LayerPointer> selectedLayers() const;
+    void shiftSelection(qint64 right, qint64 down);
+    void placeSelection(int halvesLeft, int halvesAbove);
     void insertAboveSelection(const std::vector<LayerPointer> &layers);
     void insertAndSelect(const LayerPointer &layer, qsizetype index);
     void insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row);

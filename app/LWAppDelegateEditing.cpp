@@ -10,12 +10,27 @@
 
 namespace {
 /// The nearest end for what 32 bits cannot hold.
-int moved(int place, int by)
+int moved(int place, qint64 by)
 {
     constexpr qint64 lowest = std::numeric_limits<int>::min();
     constexpr qint64 highest = std::numeric_limits<int>::max();
     return static_cast<int>(std::clamp(qint64{place} + by, lowest, highest));
 }
+
+/// What layers take up in one direction; the end is the first pixel behind them.
+struct Extent
+{
+    qint64 begin = std::numeric_limits<qint64>::max();
+    qint64 end = std::numeric_limits<qint64>::min();
+
+    void include(int place, int size)
+    {
+        begin = std::min<qint64>(begin, place);
+        end = std::max(end, qint64{place} + size);
+    }
+    /// The way to where so many halves of what stays free of `room` lie before it.
+    qint64 wayInto(int room, int halves) const { return ((room - (end - begin)) * halves >> 1) - begin; }
+};
 } // namespace
 
 std::vector<LayerPointer> LWAppDelegate::selectedLayers() const
@@ -86,12 +101,45 @@ void LWAppDelegate::addImages(const QStringList &paths)
 
 void LWAppDelegate::moveSelection(const QPoint &distance)
 {
+    shiftSelection(distance.x(), distance.y());
+    finishEdit("Move Layer", "move");
+}
+
+void LWAppDelegate::shiftSelection(qint64 right, qint64 down)
+{
     for (const LayerPointer &layer : selectedLayers()) {
-        layer->setXpoint(moved(layer->xpoint(), distance.x()));
-        layer->setYpoint(moved(layer->ypoint(), distance.y()));
+        layer->setXpoint(moved(layer->xpoint(), right));
+        layer->setYpoint(moved(layer->ypoint(), down));
         layer->drawInRect(); // walls show their place
     }
-    finishEdit("Move Layer", "move");
+}
+
+/// So that so many halves of what the selected layers leave free of the output lie to their left and above them.
+void LWAppDelegate::placeSelection(int halvesLeft, int halvesAbove)
+{
+    const std::vector<LayerPointer> layers = selectedLayers();
+    if (layers.empty())
+        return;
+    Extent across;
+    Extent down;
+    for (const LayerPointer &layer : layers) {
+        across.include(layer->xpoint(), layer->screenSizeWidth());
+        down.include(layer->ypoint(), layer->screenSizeHeight());
+    }
+    shiftSelection(across.wayInto(m_OutputWidth, halvesLeft), down.wayInto(m_OutputHeight, halvesAbove));
+    finishEdit("Move Layer");
+}
+
+void LWAppDelegate::centreInOutput()
+{
+    placeSelection(1, 1);
+}
+
+void LWAppDelegate::fitToOutputCorner(Qt::Corner corner)
+{
+    const bool isRight = corner == Qt::TopRightCorner || corner == Qt::BottomRightCorner;
+    const bool isBottom = corner == Qt::BottomLeftCorner || corner == Qt::BottomRightCorner;
+    placeSelection(isRight ? 2 : 0, isBottom ? 2 : 0);
 }
 
 void LWAppDelegate::toggleVisibility()
@@ -103,5 +151,15 @@ void LWAppDelegate::toggleVisibility()
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(isVisible);
     finishEdit("Visibility");
+    m_userInterface.reloadTable();
+}
+
+void LWAppDelegate::hideOthers()
+{
+    for (const LayerPointer &layer : allScreensArray())
+        layer->setVisible(false);
+    for (const LayerPointer &layer : selectedLayers())
+        layer->setVisible(true);
+    finishEdit("Hide Others");
     m_userInterface.reloadTable();
 }

@@ -153,3 +153,82 @@ TEST_F(EditingTest, HidingFollowsTheLayerBeforeTheInspector)
     EXPECT_FALSE(list().layer(0)->visible());
     EXPECT_FALSE(list().layer(1)->visible());
 }
+
+TEST_F(EditingTest, HidingOthersLeavesTheSelectedLayersAlone)
+{
+    document.AddScreen();
+    document.AddScreen();
+    list().layer(1)->setVisible(false);
+    document.finishEdit("Setting");
+    list().setSelectionIndexes({1, 2});
+    document.hideOthers();
+    EXPECT_FALSE(list().layer(0)->visible());
+    EXPECT_TRUE(list().layer(1)->visible());
+    EXPECT_TRUE(list().layer(2)->visible());
+    EXPECT_EQ(document.undoStack().undoText(), "Hide Others");
+    document.undoStack().undo();
+    EXPECT_TRUE(list().layer(0)->visible());
+    EXPECT_FALSE(list().layer(1)->visible());
+}
+
+class PlacingTest : public EditingTest
+{
+protected:
+    /// A wall of 192 x 192 at (10, 20) and one of 101 x 50 at (300, 100): 391 x 192 together, on an output of 1000 x
+    /// 801.
+    PlacingTest()
+    {
+        document.setOutputWidth(1000);
+        document.setOutputHeight(801);
+        document.AddScreen();
+        take(0, {10, 20}, {192, 192});
+        take(1, {300, 100}, {101, 50});
+        list().setSelectionIndexes({0, 1});
+        document.finishEdit("Setting");
+    }
+
+    void take(qsizetype row, const QPoint &place, const QSize &size)
+    {
+        Layer &layer = *list().layer(row);
+        layer.setCol(1);
+        layer.setRow(1);
+        layer.setPanelWidth(size.width());
+        layer.setPanelHeight(size.height());
+        layer.setXpoint(place.x());
+        layer.setYpoint(place.y());
+        layer.drawInRect();
+    }
+    QPoint place(qsizetype row) { return {list().layer(row)->xpoint(), list().layer(row)->ypoint()}; }
+};
+
+TEST_F(PlacingTest, TheSelectionIsCentredAsOne)
+{
+    document.centreInOutput();
+    EXPECT_EQ(place(0), QPoint(304, 304)); // 609 pixels are free in each direction
+    EXPECT_EQ(place(1), QPoint(594, 384));
+    EXPECT_EQ(document.undoStack().undoText(), "Move Layer");
+    document.undoStack().undo();
+    EXPECT_EQ(place(0), QPoint(10, 20));
+    EXPECT_EQ(place(1), QPoint(300, 100));
+}
+
+TEST_F(PlacingTest, WhatIsLargerThanTheOutputSticksOutOnBothSides)
+{
+    take(0, {0, 0}, {2001, 192});
+    list().setSelectionIndex(0);
+    document.centreInOutput();
+    EXPECT_EQ(place(0), QPoint(-501, 304));
+}
+
+TEST_F(PlacingTest, TheSelectionGoesIntoEachCornerAsOne)
+{
+    const std::pair<Qt::Corner, QPoint> corners[] = {{Qt::TopLeftCorner, {0, 0}},
+                                                     {Qt::TopRightCorner, {609, 0}},
+                                                     {Qt::BottomLeftCorner, {0, 609}},
+                                                     {Qt::BottomRightCorner, {609, 609}}};
+    for (const auto &[corner, expected] : corners) {
+        document.fitToOutputCorner(corner);
+        EXPECT_EQ(place(0), expected);
+        EXPECT_EQ(place(1), expected + QPoint(290, 80));
+    }
+}
