@@ -148,6 +148,8 @@ public:
     void fitToOutputCorner(Qt::Corner corner);
     /// Hides the selected layers where the one before the inspector is visible, or shows them.
     void toggleVisibility();
+    /// Hides or shows the layer of one row; the selection stays. Nothing where there is no such row.
+    void toggleVisibilityOf(qsizetype row);
     /// Shows the selected layers and hides all others.
     void hideOthers();
 

@@ -154,6 +154,16 @@ void LWAppDelegate::toggleVisibility()
     m_userInterface.reloadTable();
 }
 
+void LWAppDelegate::toggleVisibilityOf(qsizetype row)
+{
+    const LayerPointer layer = m_arraycontroller.layer(row);
+    if (!layer)
+        return;
+    layer->setVisible(!layer->visible());
+    finishEdit("Visibility");
+    m_userInterface.reloadTable();
+}
+
 void LWAppDelegate::hideOthers()
 {
     for (const LayerPointer &layer : allScreensArray())

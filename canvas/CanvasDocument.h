@@ -4,6 +4,8 @@
 
 #include <QString>
 
+#include <vector>
+
 class QObject;
 
 /// What the canvas needs of the document. The document's controller implements it; the output's picture comes to the
@@ -18,6 +20,11 @@ public:
     virtual int OutputHeight() const = 0;
     /// The layer that clicks go to; null where there is none.
     virtual LayerPointer selectedLayer() const = 0;
+    /// All layers, topmost first.
+    virtual std::vector<LayerPointer> layers() const = 0;
+    virtual std::vector<LayerPointer> selectedLayers() const = 0;
+    /// Selects one of layers(): alone, or, where it `extends` the selection, added to it or taken out of it.
+    virtual void select(const LayerPointer &layer, bool extends) = 0;
 
     /// Renders the selected layer and composes the output, not more often than the document wants to. `sender` is of no
     /// consequence.

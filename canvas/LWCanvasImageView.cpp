@@ -2,11 +2,6 @@
 
 #include "canvas/CanvasDocument.h"
 
-#include <QPaintEvent>
-#include <QPainter>
-
-#include <algorithm>
-
 LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent) : QWidget(parent), m_document(document)
 {
     // The whole area is painted, ground included: Qt need not clear it first.
@@ -98,14 +93,20 @@ void LWCanvasImageView::takeRoom()
 void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 {
     const bool isOtherSize = frame.place().size() != m_frame.place().size();
+    const bool isOtherOutput = frame.output() != m_frame.output();
+    const bool isOther = isOtherOutput || frame.place() != m_frame.place();
     m_frame = frame;
+    // What is in the person's hand was measured in the old frame.
+    if (m_arranging && (isOtherSize || isOtherOutput))
+        cancelArranging();
     if (isOtherSize) {
-        // What is in the person's hand was measured in the old frame.
         if (m_cropMarker.isTracking())
             m_cropMarker.cancelTracking();
         m_document.redrawMarker();
     }
     tellReadOut();
+    if (isOther)
+        emit frameDidChange();
     update();
 }
 
@@ -120,60 +121,6 @@ void LWCanvasImageView::tellReadOut()
         }
     }
     emit readOutDidChange(m_readOut);
-}
-
-void LWCanvasImageView::paintEvent(QPaintEvent *event)
-{
-    QPainter painter(this);
-    painter.fillRect(event->rect(), palette().color(QPalette::Base));
-    if (m_frame.place().isEmpty()) {
-        painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(rect(), Qt::AlignCenter, m_frame.output().isEmpty() ? "The output has no picture" : QString());
-        return;
-    }
-    paintOutput(painter);
-    const QPointF corner = frame().topLeft();
-    painter.translate(corner);
-    m_cropMarker.drawContentInView(painter, QRectF(rect()).translated(-corner));
-    painter.translate(-corner);
-    if (const auto place = m_cropMarker.trackedPlace())
-        paintTrackedPlace(painter, *place);
-}
-
-void LWCanvasImageView::paintOutput(QPainter &painter)
-{
-    painter.save();
-    // In device pixels, at whole ones.
-    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
-    const QPointF origin = painter.deviceTransform().map(QPointF());
-    painter.translate(QPointF(origin.toPoint()) - origin);
-
-    const QRect place = m_frame.place();
-    const QRect seen(QPoint(0, 0), m_frame.room());
-    painter.fillRect(place.adjusted(-1, -1, 1, 1) & seen, palette().color(QPalette::Mid));
-    // What lies under a transparent output is the ground, not its outline.
-    painter.fillRect(place & seen, palette().color(QPalette::Base));
-    m_picture.paint(painter, place, seen);
-    painter.restore();
-}
-
-/// Beside the pointer, and never out of the canvas.
-void LWCanvasImageView::paintTrackedPlace(QPainter &painter, const JXSelectionBorder::Place &place) const
-{
-    constexpr int distance = 16;
-    constexpr int padding = 4;
-    const QString text = QString("x %1  y %2  %3 × %4")
-                             .arg(place.topLeft.x())
-                             .arg(place.topLeft.y())
-                             .arg(place.size.width())
-                             .arg(place.size.height());
-    const QSize size = fontMetrics().size(Qt::TextSingleLine, text) + QSize(2 * padding, 2 * padding);
-    QRect box(m_pointer.value_or(middle()).toPoint() + QPoint(distance, distance), size);
-    box.moveTo(std::clamp(box.x(), 0, std::max(0, width() - box.width())),
-               std::clamp(box.y(), 0, std::max(0, height() - box.height())));
-    painter.fillRect(box, palette().color(QPalette::ToolTipBase));
-    painter.setPen(palette().color(QPalette::ToolTipText));
-    painter.drawText(box, Qt::AlignCenter, text);
 }
 
 void LWCanvasImageView::resizeEvent(QResizeEvent *event)

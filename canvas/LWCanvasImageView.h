@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/Arranging.h"
 #include "canvas/CanvasFrame.h"
 #include "canvas/CanvasPicture.h"
 #include "canvas/JXSelectionBorder.h"
@@ -11,6 +12,8 @@
 #include <QSize>
 #include <QWidget>
 
+#include <functional>
+#include <memory>
 #include <optional>
 
 class CanvasDocument;
@@ -31,7 +34,9 @@ Q_DECLARE_METATYPE(CanvasReadOut)
 /// the selected layer, and carries the marker around a selected still. View coordinates are the frame's: origin at the
 /// output's top-left corner, y down, in logical pixels. The frame is as large as the zoom wants it; what of it does not
 /// fit into the widget is dragged into sight with the middle button or with the space bar held.
-/// Colours come from the palette: Base the ground, Mid the line around the output.
+/// That is what its first tool does, which outlines the panel that a click would switch; the second drags layers.
+/// Colours come from the palette: Base the ground, Mid the line around the output, Highlight what is outlined and the
+/// lines that layers are attracted to.
 class LWCanvasImageView final : public QWidget
 {
     Q_OBJECT
@@ -39,6 +44,13 @@ class LWCanvasImageView final : public QWidget
 public:
     /// What stays free around the output, in logical pixels.
     static constexpr int margin = 12;
+
+    enum class Tool
+    {
+        Panels, ///< clicks go to the selected layer; the marker moves and resizes a still
+        Arrange ///< a press selects the topmost layer, a drag moves the selected ones; see Arranging
+    };
+    Q_ENUM(Tool)
 
     /// `document` outlives every event that this widget gets.
     explicit LWCanvasImageView(CanvasDocument &document, QWidget *parent = nullptr);
@@ -50,6 +62,13 @@ public:
 
     /// The output's place in the widget; its size is what LayerHost::canvasFrameSize() tells. Empty without an output.
     QRectF frame() const;
+    /// The same in device pixels, from the first whole one in the widget on.
+    const CanvasFrame &deviceFrame() const { return m_frame; }
+
+    /// The tool to work with while Alt is not held. It takes effect when nothing is pressed or dragged any more.
+    void setTool(Tool tool);
+    /// The one in effect: Arrange while Alt is held.
+    Tool tool() const { return m_tool; }
 
     JXSelectionBorder &cropMarker() { return m_cropMarker; }
     /// Puts the marker there, in view coordinates; one of no width stays where it is. During a drag it is in the
@@ -75,6 +94,10 @@ public:
 signals:
     /// Something of it may have changed.
     void readOutDidChange(const CanvasReadOut &readOut);
+    /// Place or size of the output has.
+    void frameDidChange();
+    /// Another one is in effect.
+    void toolDidChange(LWCanvasImageView::Tool tool);
 
 protected:
     bool event(QEvent *event) override;
@@ -91,13 +114,25 @@ protected:
 
 private:
     using MouseLocation = JXSelectionBorder::MouseLocation;
+    /// The panel that a click would switch, as it is shown.
+    struct Hover
+    {
+        QRect panel; ///< in device pixels
+        QString label;
+        QRect labelBox; ///< in the widget
+
+        bool operator==(const Hover &) const = default;
+    };
 
     void mouseDown(const MouseLocation &location);
     void mouseUp();
     void endDrag(const MouseLocation &location);
+    void endPress(const MouseLocation &location);
     void cancelDrag();
     void lockAspect(const Layer &layer);
     bool takesPress(const QPointF &viewPoint, const Layer &layer) const;
+    bool takesShortcut(int key) const;
+    bool isInView(const MouseLocation &location) const;
     MouseLocation locationOf(const QPointF &widgetPoint) const;
     QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }
     QPoint outputPixel(const QPointF &viewPoint) const;
@@ -107,16 +142,37 @@ private:
     void stepZoom(int steps, const QPointF &widgetPoint);
     void zoomAt(double zoom, const QPointF &widgetPoint);
     QPointF middle() const { return QRectF(rect()).center(); }
-    bool isDragged() const { return m_panFrom || m_cropMarker.isTracking(); }
+    bool isDragged() const { return m_panFrom || m_arranging || m_cropMarker.isTracking(); }
     void panTo(const QPointF &widgetPoint);
     bool nativeGesture(const QNativeGestureEvent &event);
     void takeSpaceBar(bool isHeld);
     void tellReadOut();
+    void showPointer();
     void showCursor();
 
+    void takeAlt(bool isHeld);
+    void settleTool();
+    void beginArranging(const QPointF &widgetPoint, Qt::KeyboardModifiers modifiers);
+    void trackArranging(bool attracts);
+    void endArranging();
+    void cancelArranging();
+    void arrange(const std::function<void(Arranging &)> &act);
+    LayerPointer layerUnderPointer() const;
+    std::optional<Hover> hover() const;
+    void takeHover();
+    QRegion regionOf(const Hover &hover) const;
+
+    int lineWidth() const;
+    QRect devicePlaceOf(const QRectF &pixels) const;
+    QRect boxBesidePointer(const QString &text) const;
     QPointF offsetOfDevicePixels() const;
+    void toDevicePixels(QPainter &painter) const;
     void paintOutput(QPainter &painter);
-    void paintTrackedPlace(QPainter &painter, const JXSelectionBorder::Place &place) const;
+    void paintMarker(QPainter &painter) const;
+    void paintArranging(QPainter &painter) const;
+    void paintOutline(QPainter &painter, const QRect &place) const;
+    void paintText(QPainter &painter, const QRect &box, const QString &text) const;
+    void paintBesidePointer(QPainter &painter, const QString &text) const;
 
     CanvasDocument &m_document;
     CanvasPicture m_picture;
@@ -129,6 +185,12 @@ private:
     std::optional<QPointF> m_panFrom;           ///< in device pixels; while the view is dragged
     Qt::MouseButton m_panButton = Qt::NoButton; ///< that began it
     bool m_isSpaceBarHeld = false;
-    int m_wheelRest = 0;    ///< turned less than a step
-    double m_pinchZoom = 0; ///< what the fingers have reached; 0: none pinch
+    bool m_isPressed = false; ///< the left button, for the tool in effect
+    bool m_isAltHeld = false;
+    Tool m_chosenTool = Tool::Panels;
+    Tool m_tool = Tool::Panels;
+    std::shared_ptr<Arranging> m_arranging; ///< a drag of layers; null: none
+    std::optional<Hover> m_hover;           ///< as it was last painted, or is going to be
+    int m_wheelRest = 0;                    ///< turned less than a step
+    double m_pinchZoom = 0;                 ///< what the fingers have reached; 0: none pinch
 };

@@ -11,6 +11,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 constexpr int wheelStep = 120;
@@ -18,12 +19,6 @@ constexpr int wheelStep = 120;
 bool isStill(const Layer &layer)
 {
     return qobject_cast<const LWStill *>(&layer) != nullptr;
-}
-
-/// The left and top edge belong to a view, the right and bottom edge do not.
-bool contains(const QRectF &bounds, const QPointF &point)
-{
-    return point.x() >= 0 && point.x() < bounds.width() && point.y() >= 0 && point.y() < bounds.height();
 }
 } // namespace
 
@@ -33,14 +28,23 @@ LWCanvasImageView::MouseLocation LWCanvasImageView::locationOf(const QPointF &wi
     return {{inWindow.x(), window()->height() - inWindow.y()}, widgetPoint - frame().topLeft()};
 }
 
+/// The left and top edge belong to the view, the right and bottom edge do not.
+bool LWCanvasImageView::isInView(const MouseLocation &location) const
+{
+    const QSizeF size = frame().size();
+    const QPointF point = location.inView;
+    return point.x() >= 0 && point.x() < size.width() && point.y() >= 0 && point.y() < size.height();
+}
+
 QPoint LWCanvasImageView::outputPixel(const QPointF &viewPoint) const
 {
     // In single precision throughout: a product of both precisions would miss whole pixels that this one meets.
+    // Beside the output its pixels count on, left of and above it below 0.
     const QSizeF size = frame().size();
     const float perUnitX = static_cast<float>(m_document.OutputWidth()) / static_cast<float>(size.width());
     const float perUnitY = static_cast<float>(m_document.OutputHeight()) / static_cast<float>(size.height());
-    return {truncated(double{perUnitX * static_cast<float>(viewPoint.x())}),
-            truncated(double{perUnitY * static_cast<float>(viewPoint.y())})};
+    return {truncated(std::floor(double{perUnitX * static_cast<float>(viewPoint.x())})),
+            truncated(std::floor(double{perUnitY * static_cast<float>(viewPoint.y())}))};
 }
 
 void LWCanvasImageView::mouseDown(const MouseLocation &location)
@@ -50,7 +54,7 @@ void LWCanvasImageView::mouseDown(const MouseLocation &location)
         return;
 
     lockAspect(*layer);
-    if (contains(viewBounds(), location.inView)) {
+    if (isInView(location)) {
         const QPoint pixel = outputPixel(location.inView);
         layer->onImageClick(pixel.x(), pixel.y());
         m_document.finishEdit("Switch Panel", {});
@@ -67,7 +71,7 @@ bool LWCanvasImageView::takesPress(const QPointF &viewPoint, const Layer &layer)
         return false;
     auto handle = JXSelectionBorder::Handle::None;
     const bool isOnMarker = m_cropMarker.mouseIsInFrame(viewPoint, handle) || handle != JXSelectionBorder::Handle::None;
-    return contains(viewBounds(), viewPoint) || (isStill(layer) && isOnMarker);
+    return isInView({{}, viewPoint}) || (isStill(layer) && isOnMarker);
 }
 
 void LWCanvasImageView::lockAspect(const Layer &layer)
@@ -97,6 +101,8 @@ void LWCanvasImageView::endDrag(const MouseLocation &location)
 
 void LWCanvasImageView::cancelDrag()
 {
+    if (m_arranging)
+        return cancelArranging();
     m_cropMarker.cancelTracking();
     m_document.redrawMarker(); // it may have been drawn elsewhere meanwhile
     update();
@@ -105,6 +111,7 @@ void LWCanvasImageView::cancelDrag()
 void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
 {
     m_pointer = event->position();
+    takeAlt(event->modifiers().testFlag(Qt::AltModifier));
     if (isDragged())
         return;
     const bool isLeft = event->button() == Qt::LeftButton;
@@ -112,39 +119,65 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
         m_panFrom = event->position() * m_pixelRatio;
         m_panButton = event->button();
     } else if (isLeft) {
-        mouseDown(locationOf(event->position()));
+        m_isPressed = true;
+        if (m_tool == Tool::Arrange)
+            beginArranging(event->position(), event->modifiers());
+        else
+            mouseDown(locationOf(event->position()));
     }
-    showCursor();
-    tellReadOut();
+    showPointer();
 }
 
 void LWCanvasImageView::mouseMoveEvent(QMouseEvent *event)
 {
     m_pointer = event->position();
-    if (m_panFrom) {
+    // A release that something else has swallowed ends a press, too.
+    m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
+    if (m_panFrom)
         panTo(event->position());
-    } else if (m_cropMarker.isTracking()) {
-        // A release that something else has swallowed ends a drag, too.
-        if (event->buttons() & Qt::LeftButton)
-            m_cropMarker.trackMouse(locationOf(event->position()), viewBounds());
-        else
-            cancelDrag();
+    else if (isDragged() && !m_isPressed)
+        cancelDrag();
+    else if (m_arranging)
+        trackArranging(!event->modifiers().testFlag(Qt::ControlModifier));
+    else if (m_cropMarker.isTracking()) {
+        m_cropMarker.trackMouse(locationOf(event->position()), viewBounds());
         update();
     }
-    showCursor();
-    tellReadOut();
+    takeAlt(event->modifiers().testFlag(Qt::AltModifier));
+    showPointer();
 }
 
 void LWCanvasImageView::mouseReleaseEvent(QMouseEvent *event)
 {
-    const bool isLeft = event->button() == Qt::LeftButton;
-    if (m_panFrom && event->button() == m_panButton)
+    if (m_panFrom && event->button() == m_panButton) {
         m_panFrom.reset();
-    else if (isLeft && m_cropMarker.isTracking())
-        endDrag(locationOf(event->position()));
-    else if (isLeft && !m_panFrom)
+    } else if (event->button() == Qt::LeftButton && !m_panFrom) {
+        m_pointer = event->position();
+        if (m_arranging)
+            trackArranging(!event->modifiers().testFlag(Qt::ControlModifier));
+        endPress(locationOf(event->position()));
+        m_isPressed = false;
+    }
+    takeAlt(event->modifiers().testFlag(Qt::AltModifier));
+    showPointer();
+}
+
+void LWCanvasImageView::endPress(const MouseLocation &location)
+{
+    if (m_arranging)
+        endArranging();
+    else if (m_cropMarker.isTracking())
+        endDrag(location);
+    else if (m_tool == Tool::Panels)
         mouseUp();
+}
+
+/// The pointer, or what it means here, may be another one.
+void LWCanvasImageView::showPointer()
+{
     showCursor();
+    takeHover();
+    tellReadOut();
 }
 
 void LWCanvasImageView::panTo(const QPointF &widgetPoint)
@@ -178,8 +211,7 @@ bool LWCanvasImageView::event(QEvent *event)
     case QEvent::NativeGesture:
         return nativeGesture(*static_cast<QNativeGestureEvent *>(event)) || QWidget::event(event);
     case QEvent::ShortcutOverride:
-        // While something is dragged, Escape is ours, whatever it means in the window.
-        if (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape && m_cropMarker.isTracking())
+        if (takesShortcut(static_cast<QKeyEvent *>(event)->key()))
             event->accept();
         break;
     case QEvent::ScreenChangeInternal:
@@ -189,6 +221,13 @@ bool LWCanvasImageView::event(QEvent *event)
         break;
     }
     return QWidget::event(event);
+}
+
+/// Keys that are ours, whatever they mean in the window: while layers are dragged all of them, or the document was
+/// saved half way; Escape while the marker is; and Alt over the canvas, which does not go for the menus there.
+bool LWCanvasImageView::takesShortcut(int key) const
+{
+    return m_arranging || (key == Qt::Key_Escape && m_cropMarker.isTracking()) || (key == Qt::Key_Alt && m_pointer);
 }
 
 /// A pinch on a touch pad.
@@ -209,37 +248,51 @@ void LWCanvasImageView::leaveEvent(QEvent *event)
 {
     QWidget::leaveEvent(event);
     m_pointer.reset();
+    takeAlt(m_isAltHeld && hasFocus());
+    takeHover();
     tellReadOut();
 }
 
 void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && m_cropMarker.isTracking())
+    if (event->key() == Qt::Key_Escape && (m_arranging || m_cropMarker.isTracking()))
         cancelDrag();
     else if (event->key() == Qt::Key_Space)
         takeSpaceBar(true);
-    else
+    else if (event->key() == Qt::Key_Alt)
+        takeAlt(true);
+    else if (event->key() == Qt::Key_Control && m_arranging)
+        trackArranging(false);
+    else if (!m_arranging)
         QWidget::keyPressEvent(event);
 }
 
 void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Space)
-        return QWidget::keyReleaseEvent(event);
-    if (!event->isAutoRepeat())
+    if (event->isAutoRepeat())
+        return;
+    if (event->key() == Qt::Key_Space)
         takeSpaceBar(false);
+    else if (event->key() == Qt::Key_Alt)
+        takeAlt(false);
+    else if (event->key() == Qt::Key_Control && m_arranging)
+        trackArranging(true);
+    else
+        QWidget::keyReleaseEvent(event);
 }
 
 void LWCanvasImageView::focusOutEvent(QFocusEvent *event)
 {
     QWidget::focusOutEvent(event);
     takeSpaceBar(false);
+    takeAlt(false);
 }
 
 void LWCanvasImageView::takeSpaceBar(bool isHeld)
 {
     m_isSpaceBarHeld = isHeld;
     showCursor();
+    takeHover();
 }
 
 void LWCanvasImageView::showCursor()
@@ -248,6 +301,8 @@ void LWCanvasImageView::showCursor()
         setCursor(Qt::ClosedHandCursor);
     else if (m_isSpaceBarHeld)
         setCursor(Qt::OpenHandCursor);
+    else if (m_tool == Tool::Arrange && (m_arranging || layerUnderPointer()))
+        setCursor(Qt::SizeAllCursor);
     else
         unsetCursor();
 }

@@ -1,13 +1,10 @@
 #include "screen/LWScreen.h"
 
 #include "layer/LayerHost.h"
-#include "screen/HiddenPanels.h"
 
 #include <QVariant>
-#include <QtNumeric>
 
 #include <array>
-#include <limits>
 
 namespace {
 /// The archive of a screen, in the order of writing. Spellings and forms are what makes saved files readable.
@@ -109,18 +106,6 @@ void setCommonDefaults(LWScreen &screen)
     screen.setPixelLimit(defaultPixelLimit);
     setCaptions(screen);
 }
-
-/// Which panel, counted from `start` in steps of `panelSize`, holds `point`; truncated toward zero. Nothing where
-/// panels have no size or the distance is beyond 64 bits.
-std::optional<qint64> panelIndex(qint64 point, int start, int panelSize)
-{
-    qint64 distance = 0;
-    if (panelSize == 0 || qSubOverflow(point, qint64{start}, &distance))
-        return std::nullopt;
-    if (distance == std::numeric_limits<qint64>::min() && panelSize == -1)
-        return std::nullopt;
-    return distance / panelSize;
-}
 } // namespace
 
 LWScreen::LWScreen(LayerHost &host) : Layer(host) {}
@@ -211,20 +196,6 @@ void LWScreen::encodeWithCoder(ArchiveObject &coder) const
 std::span<const ArchiveField> LWScreen::keptFields() const
 {
     return archiveFields;
-}
-
-void LWScreen::onImageClick(qint64 x, qint64 y)
-{
-    const auto column = panelIndex(x, xpoint(), panelWidth());
-    const auto rowFromTop = panelIndex(y, ypoint(), panelHeight());
-    if (!column || !rowFromTop || *column >= col() || *rowFromTop >= row())
-        return;
-
-    const QString key = hiddenPanelKey(*rowFromTop, *column);
-    QStringList keys = hiddenBoxes().value_or(QStringList());
-    if (keys.removeAll(key) == 0)
-        keys.append(key);
-    setHiddenBoxes(keys);
 }
 
 void LWScreen::changeArrows(int tag)

@@ -4,6 +4,7 @@
 #include "screen/ScreenChart.h"
 
 #include <QPointer>
+#include <QRectF>
 #include <QStringList>
 
 #include <memory>
@@ -77,6 +78,23 @@ public:
     /// Switches the panel under the point off or on again; right of or below the wall nothing happens. Left of or
     /// above it the index is truncated toward zero or stored as a key that no panel has.
     void onImageClick(qint64 x, qint64 y) override;
+
+    /// A panel by its column from the left and its row from the top.
+    struct Panel
+    {
+        int column = 0;
+        int row = 0;
+
+        bool operator==(const Panel &) const = default;
+    };
+    /// The panel that a click at an output pixel switches, whether it is on or off; none where a click changes nothing
+    /// that can be seen. Less than a panel left of or above the wall it is the first one.
+    std::optional<Panel> panelAt(qint64 x, qint64 y) const;
+    /// Its place in output pixels.
+    QRectF panelRect(const Panel &panel) const;
+    /// Its label as the wall shows it, "C7"; of very many letters only the first, with an ellipsis.
+    QString panelLabel(const Panel &panel) const;
+
     /// A fresh screen with this one's look and geometry: captions, aspect and power switches are the defaults.
     LayerPointer copyWithZone() const override;
     void encodeWithCoder(ArchiveObject &coder) const override;

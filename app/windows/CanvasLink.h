@@ -13,6 +13,9 @@ public:
     int OutputWidth() const override { return m_document.OutputWidth(); }
     int OutputHeight() const override { return m_document.OutputHeight(); }
     LayerPointer selectedLayer() const override { return m_document.arraycontroller().selectedLayer(); }
+    std::vector<LayerPointer> layers() const override { return m_document.allScreensArray(); }
+    std::vector<LayerPointer> selectedLayers() const override { return m_document.selectedLayers(); }
+    void select(const LayerPointer &layer, bool extends) override;
     void update(QObject *sender) override { m_document.update(sender); }
     void finishEdit(const QString &name, const QString &typing) override { m_document.finishEdit(name, typing); }
     void redrawMarker() override;

@@ -171,6 +171,22 @@ TEST_F(EditingTest, HidingOthersLeavesTheSelectedLayersAlone)
     EXPECT_FALSE(list().layer(1)->visible());
 }
 
+TEST_F(EditingTest, OneRowIsHiddenWithoutBeingSelected)
+{
+    document.AddScreen();
+    list().setSelectionIndex(1);
+    document.toggleVisibilityOf(0);
+    EXPECT_FALSE(list().layer(0)->visible());
+    EXPECT_TRUE(list().layer(1)->visible());
+    EXPECT_EQ(list().selectionIndex(), 1);
+    EXPECT_EQ(document.undoStack().undoText(), "Visibility");
+    document.toggleVisibilityOf(0);
+    EXPECT_TRUE(list().layer(0)->visible());
+    document.toggleVisibilityOf(2); // no such row
+    document.undoStack().undo();
+    EXPECT_FALSE(list().layer(0)->visible());
+}
+
 class PlacingTest : public EditingTest
 {
 protected:

@@ -10,6 +10,8 @@ void CanvasTestDocument::update(QObject *)
     calls += "update";
     if (rendersOnUpdate && layer)
         layer->drawInRect();
+    if (onUpdate)
+        onUpdate();
 }
 
 void CanvasTestDocument::finishEdit(const QString &name, const QString &typing)
@@ -18,6 +20,15 @@ void CanvasTestDocument::finishEdit(const QString &name, const QString &typing)
     calls += "finishEdit " + name;
     if (rendersOnUpdate && layer)
         layer->drawInRect();
+}
+
+void CanvasTestDocument::select(const LayerPointer &chosen, bool extends)
+{
+    if (!extends)
+        selection = {chosen};
+    else if (std::erase(selection, chosen) == 0)
+        selection.push_back(chosen);
+    layer = selection.empty() ? nullptr : selection.back();
 }
 
 void CanvasTestDocument::redrawMarker()
@@ -89,27 +100,49 @@ void CanvasFixture::showOutput(const QSize &size)
     view.showOutput(output);
 }
 
+LWScreen &CanvasFixture::addWall(const QRect &place)
+{
+    LWScreen::Arguments arguments;
+    arguments.row = 1;
+    arguments.col = 1;
+    arguments.panelWidth = place.width();
+    arguments.panelHeight = place.height();
+    arguments.hpos = place.x();
+    arguments.vpos = place.y();
+    document.all.push_back(LWScreen::initWithrow(document, arguments));
+    return static_cast<LWScreen &>(*document.all.back());
+}
+
+LWStill &CanvasFixture::addStill(const QRect &place)
+{
+    const auto still = LWStill::initWithimage(document, picturedNoise(place.size()));
+    still->setXpoint(place.x());
+    still->setYpoint(place.y());
+    document.all.push_back(still);
+    return *still;
+}
+
 QPoint CanvasFixture::at(double x, double y) const
 {
     return (view.frame().topLeft() + QPointF(x, y)).toPoint();
 }
 
-void CanvasFixture::press(const QPointF &viewPoint, Qt::MouseButton button)
+void CanvasFixture::press(const QPointF &viewPoint, Qt::MouseButton button, Qt::KeyboardModifiers keys)
 {
-    QTest::mousePress(&view, button, {}, at(viewPoint.x(), viewPoint.y()));
+    QTest::mousePress(&view, button, keys, at(viewPoint.x(), viewPoint.y()));
 }
 
-void CanvasFixture::moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons)
+void CanvasFixture::moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons, Qt::KeyboardModifiers keys)
 {
     const QPointF point = at(viewPoint.x(), viewPoint.y());
     QMouseEvent event(QEvent::MouseMove, point, view.mapTo(&window, point), view.mapToGlobal(point), Qt::NoButton,
-                      buttons, {});
+                      buttons, keys);
     QApplication::sendEvent(&view, &event);
 }
 
-void CanvasFixture::release(const QPointF &viewPoint, Qt::MouseButton button)
+void CanvasFixture::release(const QPointF &viewPoint, Qt::MouseButton button, Qt::KeyboardModifiers keys)
 {
-    QTest::mouseRelease(&view, button, {}, at(viewPoint.x(), viewPoint.y()));
+    QTest::mouseRelease(&view, button, keys, at(viewPoint.x(), viewPoint.y()));
 }
 
 void CanvasFixture::drag(const QPointF &from, const QPointF &to)

@@ -11,9 +11,10 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <vector>
 
-/// A document of one selected layer that notes what the canvas asks of it, and passes on what the layer has to say to
-/// the canvas.
+/// A document of one layer, or several, that notes what the canvas asks of it, and passes on what the layer has to say
+/// to the canvas.
 class CanvasTestDocument final : public CanvasDocument, public LayerHost
 {
 public:
@@ -21,6 +22,9 @@ public:
     int OutputHeight() const override { return outputSize.height(); }
 
     LayerPointer selectedLayer() const override { return layer; }
+    std::vector<LayerPointer> layers() const override { return all; }
+    std::vector<LayerPointer> selectedLayers() const override { return selection; }
+    void select(const LayerPointer &layer, bool extends) override;
     void update(QObject *sender) override;
     void finishEdit(const QString &name, const QString &typing) override;
     void redrawMarker() override;
@@ -39,9 +43,12 @@ public:
     QSize outputSize{1920, 1080};
     QSizeF frameWithoutView{960, 540};
     LWCanvasImageView *view = nullptr;
-    LayerPointer layer;
-    bool rendersOnUpdate = true; ///< as update() does when its gate is open
-    QStringList calls;           ///< "update", "finishEdit Move Image", "redrawMarker"
+    LayerPointer layer;                  ///< that clicks go to
+    std::vector<LayerPointer> all;       ///< topmost first
+    std::vector<LayerPointer> selection; ///< of them
+    bool rendersOnUpdate = true;         ///< as update() does when its gate is open
+    std::function<void()> onUpdate;
+    QStringList calls; ///< "update", "finishEdit Move Image", "redrawMarker"; selections are not noted
 };
 
 /// A canvas of 664 x 384 in a window: an output of 1920 x 1080 stands in a frame of 640 x 360 in it, 12 from each edge.
@@ -55,12 +62,16 @@ protected:
     /// Selects a screen of 8 x 5 panels of 128 x 128.
     LWScreen &selectScreen();
     void showOutput(const QSize &size);
+    /// Puts a visible wall of one panel of that size below the layers of the document.
+    LWScreen &addWall(const QRect &place);
+    /// And a still of that size and place.
+    LWStill &addStill(const QRect &place);
 
     /// A point of the widget by its place in the view.
     QPoint at(double x, double y) const;
-    void press(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton);
-    void moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons = Qt::LeftButton);
-    void release(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton);
+    void press(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {});
+    void moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons = Qt::LeftButton, Qt::KeyboardModifiers keys = {});
+    void release(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {});
     /// Press, move there in one step, release; what it leads to later has happened.
     void drag(const QPointF &from, const QPointF &to);
     void wheel(const QPoint &widgetPoint, int turned);

@@ -1,0 +1,145 @@
+#include "canvas/CanvasDocument.h"
+#include "canvas/LWCanvasImageView.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr int distanceOfText = 16;
+constexpr int paddingOfText = 4;
+} // namespace
+
+void LWCanvasImageView::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    painter.fillRect(event->rect(), palette().color(QPalette::Base));
+    if (m_frame.place().isEmpty()) {
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(rect(), Qt::AlignCenter, m_frame.output().isEmpty() ? "The output has no picture" : QString());
+        return;
+    }
+    m_hover = hover(); // the document may have changed under the pointer
+    painter.save();
+    toDevicePixels(painter);
+    paintOutput(painter);
+    if (m_tool == Tool::Arrange)
+        paintArranging(painter);
+    if (m_hover)
+        paintOutline(painter, m_hover->panel);
+    painter.restore();
+    if (m_tool == Tool::Panels)
+        paintMarker(painter);
+    if (m_hover)
+        paintText(painter, m_hover->labelBox, m_hover->label);
+    if (m_arranging)
+        paintBesidePointer(
+            painter, QString("x %1  y %2").arg(m_arranging->grabbed().xpoint()).arg(m_arranging->grabbed().ypoint()));
+}
+
+/// From the first whole device pixel in the widget on.
+void LWCanvasImageView::toDevicePixels(QPainter &painter) const
+{
+    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
+    const QPointF origin = painter.deviceTransform().map(QPointF());
+    painter.translate(QPointF(origin.toPoint()) - origin);
+}
+
+void LWCanvasImageView::paintOutput(QPainter &painter)
+{
+    const QRect place = m_frame.place();
+    const QRect seen(QPoint(0, 0), m_frame.room());
+    painter.fillRect(place.adjusted(-1, -1, 1, 1) & seen, palette().color(QPalette::Mid));
+    // What lies under a transparent output is the ground, not its outline.
+    painter.fillRect(place & seen, palette().color(QPalette::Base));
+    m_picture.paint(painter, place, seen);
+}
+
+void LWCanvasImageView::paintMarker(QPainter &painter) const
+{
+    const QPointF corner = frame().topLeft();
+    painter.translate(corner);
+    m_cropMarker.drawContentInView(painter, QRectF(rect()).translated(-corner));
+    painter.translate(-corner);
+    const auto place = m_cropMarker.trackedPlace();
+    if (!place)
+        return;
+    paintBesidePointer(painter, QString("x %1  y %2  %3 × %4")
+                                    .arg(place->topLeft.x())
+                                    .arg(place->topLeft.y())
+                                    .arg(place->size.width())
+                                    .arg(place->size.height()));
+}
+
+/// Around the selected layers, where they are and not where the last composition shows them.
+void LWCanvasImageView::paintArranging(QPainter &painter) const
+{
+    for (const LayerPointer &layer : m_document.selectedLayers())
+        paintOutline(painter, devicePlaceOf({double(layer->xpoint()), double(layer->ypoint()),
+                                             double(layer->screenSizeWidth()), double(layer->screenSizeHeight())}));
+    if (!m_arranging)
+        return;
+    const QColor colour = palette().color(QPalette::Highlight);
+    for (const double x : m_arranging->uprightLines())
+        painter.fillRect(devicePlaceOf({x, 0, 0, 0}).x(), 0, lineWidth(), m_frame.room().height(), colour);
+    for (const double y : m_arranging->levelLines())
+        painter.fillRect(0, devicePlaceOf({0, y, 0, 0}).y(), m_frame.room().width(), lineWidth(), colour);
+}
+
+/// In device pixels.
+int LWCanvasImageView::lineWidth() const
+{
+    return std::max(1, static_cast<int>(m_pixelRatio));
+}
+
+/// The device pixels that a rectangle of the output's pixels is shown on. Edges far out of sight are brought close.
+QRect LWCanvasImageView::devicePlaceOf(const QRectF &pixels) const
+{
+    const auto device = [this](double pixel, int start, int length, int count, int room) {
+        const double outOfSight = 4.0 * lineWidth();
+        return static_cast<int>(
+            std::lround(std::clamp(start + pixel * length / count, -outOfSight, room + outOfSight)));
+    };
+    const QRect place = m_frame.place();
+    const QSize output = m_frame.output();
+    const auto x = [&](double pixel) {
+        return device(pixel, place.x(), place.width(), output.width(), m_frame.room().width());
+    };
+    const auto y = [&](double pixel) {
+        return device(pixel, place.y(), place.height(), output.height(), m_frame.room().height());
+    };
+    const QPoint corner(x(pixels.left()), y(pixels.top()));
+    return {corner, QSize(x(pixels.right()) - corner.x(), y(pixels.bottom()) - corner.y())};
+}
+
+/// Outside the edge, so that nothing of what it is around is covered.
+void LWCanvasImageView::paintOutline(QPainter &painter, const QRect &place) const
+{
+    const int width = lineWidth();
+    for (const QRect &side : QRegion(place.adjusted(-width, -width, width, width)).subtracted(place))
+        painter.fillRect(side, palette().color(QPalette::Highlight));
+}
+
+/// Never out of the canvas.
+QRect LWCanvasImageView::boxBesidePointer(const QString &text) const
+{
+    const QSize size = fontMetrics().size(Qt::TextSingleLine, text) + QSize(2 * paddingOfText, 2 * paddingOfText);
+    QRect box(m_pointer.value_or(middle()).toPoint() + QPoint(distanceOfText, distanceOfText), size);
+    box.moveTo(std::clamp(box.x(), 0, std::max(0, width() - box.width())),
+               std::clamp(box.y(), 0, std::max(0, height() - box.height())));
+    return box;
+}
+
+void LWCanvasImageView::paintText(QPainter &painter, const QRect &box, const QString &text) const
+{
+    painter.fillRect(box, palette().color(QPalette::ToolTipBase));
+    painter.setPen(palette().color(QPalette::ToolTipText));
+    painter.drawText(box, Qt::AlignCenter, text);
+}
+
+void LWCanvasImageView::paintBesidePointer(QPainter &painter, const QString &text) const
+{
+    paintText(painter, boxBesidePointer(text), text);
+}

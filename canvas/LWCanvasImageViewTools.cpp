@@ -1,0 +1,125 @@
+#include "canvas/CanvasDocument.h"
+#include "canvas/LWCanvasImageView.h"
+#include "screen/LWScreen.h"
+
+#include <utility>
+
+namespace {
+/// How far lines attract, in logical pixels of the view.
+constexpr double reachOfLines = 6;
+} // namespace
+
+void LWCanvasImageView::setTool(Tool tool)
+{
+    m_chosenTool = tool;
+    settleTool();
+}
+
+void LWCanvasImageView::takeAlt(bool isHeld)
+{
+    m_isAltHeld = isHeld;
+    settleTool();
+}
+
+/// A press is let go by the tool that it was made with.
+void LWCanvasImageView::settleTool()
+{
+    const Tool tool = m_isAltHeld ? Tool::Arrange : m_chosenTool;
+    if (tool == m_tool || m_isPressed || isDragged())
+        return;
+    m_tool = tool;
+    showCursor();
+    update();
+    emit toolDidChange(tool);
+}
+
+void LWCanvasImageView::beginArranging(const QPointF &widgetPoint, Qt::KeyboardModifiers modifiers)
+{
+    if (m_frame.place().isEmpty())
+        return;
+    const QPoint pixel = outputPixel(locationOf(widgetPoint).inView);
+    const LayerPointer grabbed = Arranging::press(m_document, pixel, modifiers.testFlag(Qt::ShiftModifier));
+    if (grabbed)
+        m_arranging = std::make_shared<Arranging>(m_document, grabbed, pixel);
+    update();
+}
+
+void LWCanvasImageView::trackArranging(bool attracts)
+{
+    if (!m_pointer)
+        return;
+    const QPoint pixel = outputPixel(locationOf(*m_pointer).inView);
+    const QSizeF reach(reachOfLines * m_document.OutputWidth() / frame().width(),
+                       reachOfLines * m_document.OutputHeight() / frame().height());
+    arrange([&](Arranging &drag) { drag.track(pixel, attracts ? std::optional(reach) : std::nullopt); });
+}
+
+void LWCanvasImageView::endArranging()
+{
+    arrange([this](Arranging &drag) {
+        m_arranging.reset();
+        drag.finish();
+    });
+}
+
+void LWCanvasImageView::cancelArranging()
+{
+    arrange([this](Arranging &drag) {
+        m_arranging.reset();
+        drag.cancel();
+    });
+}
+
+/// Walls that are rendered hide the marker, also that of a still which is selected with them.
+void LWCanvasImageView::arrange(const std::function<void(Arranging &)> &act)
+{
+    const std::shared_ptr<Arranging> drag = m_arranging; // an update that brings another frame ends it
+    const bool isMarkerHidden = m_cropMarker.hide();
+    act(*drag);
+    m_cropMarker.setHide(isMarkerHidden);
+    update();
+}
+
+LayerPointer LWCanvasImageView::layerUnderPointer() const
+{
+    const bool isOverOutput = m_pointer && !m_frame.place().isEmpty();
+    return isOverOutput ? Arranging::layerAt(m_document, outputPixel(locationOf(*m_pointer).inView)) : nullptr;
+}
+
+std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
+{
+    if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || isDragged() || !isInView(locationOf(*m_pointer)))
+        return std::nullopt;
+    const LayerPointer layer = m_document.selectedLayer();
+    const auto *screen = qobject_cast<const LWScreen *>(layer.get());
+    const QPoint pixel = outputPixel(locationOf(*m_pointer).inView);
+    const auto panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
+    if (!panel)
+        return std::nullopt;
+    const QString label = screen->panelLabel(*panel);
+    return Hover{devicePlaceOf(screen->panelRect(*panel)), label, boxBesidePointer(label)};
+}
+
+/// Only what changes is painted anew.
+void LWCanvasImageView::takeHover()
+{
+    const std::optional<Hover> before = std::exchange(m_hover, hover());
+    if (m_hover == before)
+        return;
+    if (before)
+        update(regionOf(*before));
+    if (m_hover)
+        update(regionOf(*m_hover));
+}
+
+QRegion LWCanvasImageView::regionOf(const Hover &hover) const
+{
+    const auto logical = [this](const QRect &device) {
+        return QRectF(QPointF(device.topLeft()) / m_pixelRatio + offsetOfDevicePixels(),
+                      QSizeF(device.size()) / m_pixelRatio);
+    };
+    const int width = lineWidth();
+    const QRect outside = logical(hover.panel.adjusted(-width, -width, width, width)).toAlignedRect();
+    const QRect inside = logical(hover.panel).toAlignedRect().adjusted(1, 1, -1, -1);
+    return QRegion(outside).subtracted(inside) + hover.labelBox;
+}
