@@ -228,6 +228,10 @@ QVariant LayerList::data(const QModelIndex &index, int role) const
         return shown->label();
     case Qt::CheckStateRole:
         return shown->visible() ? Qt::Checked : Qt::Unchecked;
+    case Qt::AccessibleTextRole:
+        return shown->visible() ? shown->label() : shown->label() + ", hidden";
+    case Qt::AccessibleDescriptionRole:
+        return m_description ? m_description(*shown) : QString();
     default:
         return {};
     }

@@ -5,12 +5,14 @@
 #include <QAbstractListModel>
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 /// An ordered list of layers with a selection of one or more rows: what a layer table shows and an inspector edits.
 /// Index 0 is the first row and the topmost layer. Every change of the list goes through here, so that views follow.
 ///
-/// Views see one column: the label (DisplayRole, EditRole) and the eye (CheckStateRole); layer() gives the rest.
+/// Views see one column: the label (DisplayRole, EditRole), the eye (CheckStateRole), and for those who cannot see them
+/// both in words (AccessibleTextRole) and a description (AccessibleDescriptionRole); layer() gives the rest.
 /// Rows are dragged as a RowPasteboard and dropped anywhere, under every operation; what a drop does is up to the
 /// receiver of rowWasDropped().
 class LayerList : public QAbstractListModel
@@ -64,6 +66,12 @@ public:
     /// The selected layer's property; an invalid value where there is none.
     QVariant value(const QString &keyPath) const;
 
+    /// How a view describes a row to those who cannot see it; none at first.
+    void setDescription(std::function<QString(const Layer &layer)> description)
+    {
+        m_description = std::move(description);
+    }
+
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     /// An edit in the table: like setValue(), of the row that was edited.
@@ -99,6 +107,7 @@ private:
     void deselect(const std::vector<qsizetype> &removed);
     void moveSelection(const std::function<qsizetype(qsizetype)> &placeOf);
 
+    std::function<QString(const Layer &layer)> m_description;
     std::vector<LayerPointer> m_layers;
     std::vector<qsizetype> m_selectionIndexes;
     qsizetype m_selectionIndex = -1;

@@ -3,6 +3,7 @@
 #include "app/LWAppDelegate.h"
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
+#include "app/windows/Icons.h"
 #include "app/windows/LayerText.h"
 #include "app/windows/NumberField.h"
 #include "app/windows/NumberText.h"
@@ -16,7 +17,6 @@
 #include <QDesktopServices>
 #include <QEvent>
 #include <QFileInfo>
-#include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QToolButton>
@@ -42,24 +42,12 @@ const Range places{-furthest, furthest, "px"};
 QToolButton *menuButton(const QString &name, const QString &tip)
 {
     auto *button = new QToolButton;
-    button->setText("…");
+    button->setIcon(Icons::icon("three-dots"));
     button->setAccessibleName(name);
     button->setToolTip(tip);
     button->setPopupMode(QToolButton::InstantPopup);
     button->setMenu(new QMenu(button));
     return button;
-}
-
-/// Controls side by side; the first one takes the room.
-QWidget *sideBySide(const std::vector<QWidget *> &parts)
-{
-    auto *widget = new QWidget;
-    auto *row = new QHBoxLayout(widget);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(Theme::gap / 2);
-    for (QWidget *part : parts)
-        row->addWidget(part, row->count() == 0 ? 1 : 0);
-    return widget;
 }
 
 QPushButton *textButton(const QString &text, const QString &tip)
@@ -159,9 +147,8 @@ void Inspector::addScreenGroups()
     m_patterns = new PatternGrid;
     connect(m_patterns, &PatternGrid::chosen, this, [this](int pattern) { m_document.choosePattern(pattern); });
     m_form->addWide("Pattern of the path", m_patterns);
-    m_form->addNumber({"Pixels per port", 0, "Pixels that one port carries; 0: all on one"}, "pixelLimit",
-                      {0, std::numeric_limits<int>::max(), "px"});
-    m_form->addControl({"Usual limits"}, portSizes());
+    m_form->addNumberWith(portSizes(), {"Pixels per port", 0, "Pixels that one port carries; 0: all on one"},
+                          "pixelLimit", {0, std::numeric_limits<int>::max(), "px"});
     m_form->addSummary("Ports", LayerText::ports);
 
     m_form->beginGroup("Power", InspectorForm::Screens);
@@ -191,17 +178,18 @@ void Inspector::addStillGroup()
 void Inspector::addOutputGroup()
 {
     m_form->beginGroup("Output", InspectorForm::All);
-    const auto side = [this](const QString &name, const char *keyPath) {
+    const auto side = [this](const char *keyPath) {
         auto *field = new NumberField(1, longestOutput, "px");
         connect(field, &NumberField::edited, this,
                 [this, keyPath](int pixels) { m_document.setValue(pixels, keyPath); });
-        m_form->addControl({name}, field);
         return field;
     };
-    m_outputWidth = side("Width", "OutputWidth");
-    m_outputHeight = side("Height", "OutputHeight");
-    m_form->addControl({"Usual sizes"}, outputSizes());
-    m_form->addControl({"Background, edge"}, outputColours());
+    m_outputWidth = side("OutputWidth");
+    m_outputHeight = side("OutputHeight");
+    m_form->addControlWith(outputSizes(), {"Width"}, m_outputWidth);
+    m_form->addControl({"Height"}, m_outputHeight);
+    m_background = outputColour("Background", &LWAppDelegate::setBgColor);
+    m_edge = outputColour("Edge", &LWAppDelegate::setEdgeColor);
 }
 
 QWidget *Inspector::cornerChoice()
@@ -238,19 +226,15 @@ QWidget *Inspector::outputSizes()
     return button;
 }
 
-QWidget *Inspector::outputColours()
+ColourButton *Inspector::outputColour(const QString &name, void (LWAppDelegate::*set)(const Colour &))
 {
-    m_background = new ColourButton("Background colour");
-    connect(m_background, &ColourButton::edited, this, [this](const Colour &colour) {
-        m_document.setBgColor(colour);
+    auto *button = new ColourButton(name + " colour");
+    connect(button, &ColourButton::edited, this, [this, set](const Colour &colour) {
+        (m_document.*set)(colour);
         m_document.update();
     });
-    m_edge = new ColourButton("Edge colour");
-    connect(m_edge, &ColourButton::edited, this, [this](const Colour &colour) {
-        m_document.setEdgeColor(colour);
-        m_document.update();
-    });
-    return sideBySide({m_background, m_edge});
+    m_form->addControl({name}, button);
+    return button;
 }
 
 void Inspector::edit(const QString &property, const QVariant &value)

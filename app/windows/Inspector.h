@@ -38,7 +38,7 @@ private:
     QWidget *cornerChoice();
     QWidget *portSizes();
     QWidget *outputSizes();
-    QWidget *outputColours();
+    ColourButton *outputColour(const QString &name, void (LWAppDelegate::*set)(const Colour &));
     void edit(const QString &property, const QVariant &value);
     void switchAllOn();
     void exchangeColours();

@@ -153,6 +153,11 @@ void InspectorForm::addNumber(const Caption &caption, const QString &property, c
     addRow(caption, number(caption, property, range), kinds);
 }
 
+void InspectorForm::addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range)
+{
+    addControlWith(button, caption, number(caption, property, range));
+}
+
 void InspectorForm::addSwitch(const Caption &caption, const QString &property, Kinds kinds)
 {
     addRow(caption, switchOf(caption, property), kinds);
@@ -203,6 +208,20 @@ void InspectorForm::addSwitchRow(const Caption &caption, const QString &property
 void InspectorForm::addControl(const Caption &caption, QWidget *control, Kinds kinds)
 {
     addRow(caption, control, kinds);
+}
+
+void InspectorForm::addControlWith(QWidget *button, const Caption &caption, QWidget *control)
+{
+    auto *both = new QWidget;
+    auto *row = new QHBoxLayout(both);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Theme::gap / 2);
+    row->addWidget(control, 1);
+    row->addWidget(button);
+    control->setAccessibleName(caption.text);
+    control->setToolTip(caption.tip.isEmpty() ? caption.text : caption.tip);
+    addRow(caption, both, All);
+    m_rows.back().label->setBuddy(control);
 }
 
 void InspectorForm::addWide(const QString &name, QWidget *control, Kinds kinds)

@@ -50,6 +50,8 @@ public:
     void beginGroup(const QString &title, Kinds kinds);
 
     void addNumber(const Caption &caption, const QString &property, const Range &range, Kinds kinds = All);
+    /// A number with a button that offers common values for it.
+    void addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range);
     void addText(const Caption &caption, const QString &property);
     void addSwitch(const Caption &caption, const QString &property, Kinds kinds = All);
     void addColour(const Caption &caption, const QString &property);
@@ -59,6 +61,8 @@ public:
                       const QString &colour);
     /// Any other control; it looks after itself.
     void addControl(const Caption &caption, QWidget *control, Kinds kinds = All);
+    /// The same with a button behind it.
+    void addControlWith(QWidget *button, const Caption &caption, QWidget *control);
     /// A control that needs the whole width.
     void addWide(const QString &name, QWidget *control, Kinds kinds = All);
     /// A line that is only read; `text` is made from the layer before the inspector.

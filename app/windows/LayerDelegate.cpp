@@ -1,9 +1,9 @@
 #include "app/windows/LayerDelegate.h"
 
 #include "app/LayerList.h"
+#include "app/windows/Icons.h"
 #include "app/windows/NumberText.h"
 #include "app/windows/Theme.h"
-#include "still/LWStill.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -11,9 +11,11 @@
 #include <QToolTip>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 constexpr int rowHeight = 48;
+constexpr int iconSize = 16;
 constexpr int markWidth = 3;
 constexpr double hiddenOpacity = 0.35;
 /// More rows than any screen shows.
@@ -21,10 +23,12 @@ constexpr int mostStamps = 256;
 /// A stamp that is made of this many pixels looks as one that is made of all.
 constexpr double mostPixelsRead = 2'000'000;
 
-bool isPictureMissing(const Layer &layer)
+/// Inside the place at every scale; a pen would be cut off at its edge.
+void paintFrame(QPainter &painter, const QRect &place)
 {
-    const auto *still = qobject_cast<const LWStill *>(&layer);
-    return still && still->isPictureMissing();
+    const QRect inside = place.adjusted(1, 1, -1, -1);
+    for (const QRect &side : QRegion(place).subtracted(inside))
+        painter.fillRect(side, Theme::accent);
 }
 
 void paintGround(QPainter &painter, const QStyleOptionViewItem &option)
@@ -34,10 +38,8 @@ void paintGround(QPainter &painter, const QStyleOptionViewItem &option)
     if (!isSelected)
         return;
     painter.fillRect(QRect(option.rect.topLeft(), QSize(markWidth, option.rect.height())), Theme::accent);
-    if (!option.state.testFlag(QStyle::State_HasFocus))
-        return;
-    painter.setPen(Theme::accent);
-    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    if (option.state.testFlag(QStyle::State_HasFocus))
+        paintFrame(painter, option.rect);
 }
 
 void paintLine(QPainter &painter, const QRect &place, const QFont &font, const QColor &colour, const QString &text)
@@ -49,8 +51,8 @@ void paintLine(QPainter &painter, const QRect &place, const QFont &font, const Q
 }
 } // namespace
 
-LayerDelegate::LayerDelegate(const LayerList &list, SecondLine secondLine, QObject *parent)
-    : QStyledItemDelegate(parent), m_list(list), m_secondLine(secondLine), m_stamps(mostStamps)
+LayerDelegate::LayerDelegate(const LayerList &list, Kind kind, Warnings warnings, QObject *parent)
+    : QStyledItemDelegate(parent), m_list(list), m_kind(kind), m_warnings(std::move(warnings)), m_stamps(mostStamps)
 {}
 
 QString LayerDelegate::name(const Layer &layer)
@@ -60,7 +62,7 @@ QString LayerDelegate::name(const Layer &layer)
 
 QString LayerDelegate::placeAndSize(const Layer &layer)
 {
-    return QString("x %1  y %2  ·  %3")
+    return QString("x %1 y %2 · %3")
         .arg(NumberText::grouped(layer.xpoint()), NumberText::grouped(layer.ypoint()),
              NumberText::size({layer.screenSizeWidth(), layer.screenSizeHeight()}));
 }
@@ -71,6 +73,48 @@ QString LayerDelegate::panel(const Layer &layer)
         .arg(NumberText::size({layer.panelWidth(), layer.panelHeight()}), NumberText::grouped(layer.powerOnCell()));
 }
 
+QString LayerDelegate::secondLine(const Layer &layer) const
+{
+    return m_kind == Kind::Layers ? placeAndSize(layer) : panel(layer);
+}
+
+QStringList LayerDelegate::warnings(const Layer &layer) const
+{
+    return m_warnings ? m_warnings(layer) : QStringList();
+}
+
+QStringList LayerDelegate::lines(const Layer &layer) const
+{
+    QStringList all{secondLine(layer)};
+    if (!layer.visible())
+        all.append("Hidden");
+    return all + warnings(layer);
+}
+
+QRect LayerDelegate::eyePlace(const QRect &row) const
+{
+    return m_kind == Kind::Layers ? QRect(row.topLeft(), QSize(Theme::edge + iconSize + Theme::gap / 2, row.height()))
+                                  : QRect();
+}
+
+QRect LayerDelegate::picturePlace(const QRect &row) const
+{
+    const int left = m_kind == Kind::Layers ? eyePlace(row).width() : Theme::edge;
+    return {row.topLeft() + QPoint(left, (row.height() - pictureSize.height()) / 2), pictureSize};
+}
+
+QRect LayerDelegate::namePlace(const QRect &row) const
+{
+    const QRect picture = picturePlace(row);
+    return {QPoint(picture.right() + 1 + Theme::gap, picture.top()),
+            QPoint(row.right() - Theme::edge, picture.center().y())};
+}
+
+QRect LayerDelegate::warningPlace(const QRect &row) const
+{
+    return {QPoint(row.right() + 1 - Theme::edge - iconSize, picturePlace(row).top()), QSize(iconSize, iconSize)};
+}
+
 void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const LayerPointer layer = m_list.layer(index.row());
@@ -78,19 +122,34 @@ void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
         return;
     painter->save();
     paintGround(*painter, option);
+    paintPicture(*painter, picturePlace(option.rect), *layer);
 
-    const QRect inside = option.rect.adjusted(Theme::edge, 0, -Theme::edge, 0);
-    const QRect picture(QPoint(inside.left(), inside.center().y() - pictureSize.height() / 2 + 1), pictureSize);
-    paintPicture(*painter, picture, *layer);
-
-    const QRect texts(QPoint(picture.right() + 1 + Theme::gap, picture.top()), inside.bottomRight());
-    const int half = pictureSize.height() / 2;
-    const QRect nameLine(texts.topLeft(), QSize(texts.width(), half));
+    QRect nameLine = namePlace(option.rect);
+    QRect below = nameLine.translated(0, nameLine.height());
+    below.setRight(option.rect.right() - Theme::gap / 2); // numbers need the room
+    const bool hasWarning = !warnings(*layer).isEmpty();
+    if (hasWarning)
+        nameLine.setRight(warningPlace(option.rect).left() - Theme::gap / 2);
     paintLine(*painter, nameLine, option.font, layer->visible() ? Theme::text : Theme::dimText, name(*layer));
-    const bool isMissing = isPictureMissing(*layer);
-    paintLine(*painter, nameLine.translated(0, half), Theme::smallFont(), isMissing ? Theme::warning : Theme::dimText,
-              isMissing ? QString("The picture is missing") : m_secondLine(*layer));
+    paintLine(*painter, below, Theme::smallFont(), Theme::dimText, secondLine(*layer));
+    if (m_hasIcons)
+        paintIcons(*painter, option.rect, *layer, hasWarning);
     painter->restore();
+}
+
+void LayerDelegate::paintIcons(QPainter &painter, const QRect &row, const Layer &layer, bool hasWarning) const
+{
+    const qreal ratio = painter.device()->devicePixelRatioF();
+    if (m_kind == Kind::Layers) {
+        const QPoint topLeft = row.topLeft() + QPoint(Theme::edge, (row.height() - iconSize) / 2);
+        const QPixmap eye = layer.visible() ? Icons::pixmap("eye", iconSize, Theme::text, ratio)
+                                            : Icons::pixmap("eye-slash", iconSize, Theme::dimText, ratio);
+        painter.drawPixmap(topLeft, eye);
+    }
+    if (hasWarning) {
+        painter.drawPixmap(warningPlace(row).topLeft(),
+                           Icons::pixmap("exclamation-triangle-fill", iconSize, Theme::warning, ratio));
+    }
 }
 
 void LayerDelegate::paintPicture(QPainter &painter, const QRect &place, const Layer &layer) const
@@ -129,10 +188,11 @@ QImage LayerDelegate::stamp(const Layer &layer, qreal devicePixelRatio) const
 
 void LayerDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &) const
 {
-    const QRect inside =
-        option.rect.adjusted(Theme::edge + pictureSize.width() + Theme::gap / 2, 0, -Theme::gap / 2, 0);
+    const int margin = Theme::gap / 2;
+    const int left = namePlace(option.rect).left() - margin;
     const int height = editor->sizeHint().height();
-    editor->setGeometry(inside.left(), inside.top() + (inside.height() - height) / 2, inside.width(), height);
+    editor->setGeometry(left, option.rect.top() + (option.rect.height() - height) / 2,
+                        option.rect.right() + 1 - margin - left, height);
 }
 
 QSize LayerDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
@@ -146,9 +206,12 @@ bool LayerDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const 
     const LayerPointer layer = m_list.layer(index.row());
     if (event->type() != QEvent::ToolTip || !layer)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString tip =
-        QString("<qt>%1<br>%2%3</qt>")
-            .arg(name(*layer).toHtmlEscaped(), m_secondLine(*layer), layer->visible() ? "" : "<br>hidden");
-    QToolTip::showText(event->globalPos(), tip, view, option.rect);
+    const QString tip = (QStringList(name(*layer)) + lines(*layer)).join('\n').toHtmlEscaped().replace('\n', "<br>");
+    QToolTip::showText(event->globalPos(), "<qt>" + tip + "</qt>", view, option.rect);
     return true;
+}
+
+bool LayerDelegate::editorEvent(QEvent *, QAbstractItemModel *, const QStyleOptionViewItem &, const QModelIndex &)
+{
+    return false;
 }

@@ -4,11 +4,12 @@
 #include "app/windows/NumberText.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
-#include "screen/PanelLabels.h"
 #include "screen/PortSplit.h"
 #include "still/LWStill.h"
 
 #include <algorithm>
+#include <initializer_list>
+#include <limits>
 
 namespace {
 QString counted(qint64 count, const QString &noun)
@@ -30,11 +31,65 @@ qint64 panelsOff(const LWScreen &screen)
     });
 }
 
+PanelGrid gridOf(const Layer &layer)
+{
+    return {layer.col(), layer.row(), layer.panelWidth(), layer.panelHeight()};
+}
+
+/// The largest number where that is smaller than the product: a file may claim any wall.
+qint64 product(std::initializer_list<qint64> factors)
+{
+    qint64 result = 1;
+    for (const qint64 factor : factors) {
+        if (qMulOverflow(result, factor, &result))
+            return std::numeric_limits<qint64>::max();
+    }
+    return result;
+}
+
 /// Pixels of so many rows, or columns, of the wall.
 qint64 pixelsOf(const Layer &layer, const FlowPattern &pattern, qint64 lines)
 {
     const bool alongRows = pattern.along == FlowPattern::Along::Rows;
-    return lines * (alongRows ? layer.col() : layer.row()) * layer.panelWidth() * layer.panelHeight();
+    return product({lines, alongRows ? layer.col() : layer.row(), layer.panelWidth(), layer.panelHeight()});
+}
+
+QString missingPicture(const Layer &layer)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    if (!still || !still->isPictureMissing())
+        return {};
+    const QString path = still->ImageURL().toLocalFile();
+    return QString("The picture %1 is missing or cannot be read; choose it again.")
+        .arg(path.isEmpty() ? still->ImageURL().relative : path);
+}
+
+QString outsideOutput(const Layer &layer, const QSize &output)
+{
+    const qint64 right = qint64{layer.xpoint()} + layer.screenSizeWidth();
+    const qint64 bottom = qint64{layer.ypoint()} + layer.screenSizeHeight();
+    const bool hasPixels = layer.screenSizeWidth() > 0 && layer.screenSizeHeight() > 0;
+    const bool isOutside =
+        layer.xpoint() >= output.width() || layer.ypoint() >= output.height() || right <= 0 || bottom <= 0;
+    if (!hasPixels || output.isEmpty() || !isOutside)
+        return {};
+    return QString("It lies wholly outside the output of %1 px; change its left and top.")
+        .arg(NumberText::size(output));
+}
+
+/// Of a wall whose data path is drawn: how another one hangs on the processor, nobody has said.
+QString portOverLimit(const Layer &layer)
+{
+    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
+    const bool hasPath = qobject_cast<const LWScreen *>(&layer) && layer.drawFlowPath() && pattern;
+    const std::optional<PortSplit> split =
+        hasPath ? PortSplit::of(gridOf(layer), *pattern, layer.pixelLimit()) : std::nullopt;
+    if (!split || !split->isOneRun || layer.pixelLimit() <= 0)
+        return {};
+    const QString line = pattern->along == FlowPattern::Along::Rows ? "row" : "column";
+    const QString pixels = NumberText::grouped(pixelsOf(layer, *pattern, 1));
+    return QString("One %1 of panels has %2 px, a port carries %3; raise the pixels per port or make the %1s shorter.")
+        .arg(line, pixels, NumberText::grouped(layer.pixelLimit()));
 }
 } // namespace
 
@@ -55,12 +110,12 @@ QString wall(const Layer &layer)
 QString ports(const Layer &layer)
 {
     const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
-    const PanelGrid grid{layer.col(), layer.row(), layer.panelWidth(), layer.panelHeight()};
-    const std::optional<PortSplit> split = pattern ? PortSplit::of(grid, *pattern, layer.pixelLimit()) : std::nullopt;
+    const std::optional<PortSplit> split =
+        pattern ? PortSplit::of(gridOf(layer), *pattern, layer.pixelLimit()) : std::nullopt;
     if (!split)
         return "No data path";
     if (split->isOneRun || split->portCount() < 1) {
-        const qint64 all = qint64{layer.col()} * layer.row() * layer.panelWidth() * layer.panelHeight();
+        const qint64 all = product({layer.col(), layer.row(), layer.panelWidth(), layer.panelHeight()});
         const bool isTooMuch = layer.pixelLimit() > 0;
         return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
                (isTooMuch ? ", more than one port carries" : "");
@@ -82,12 +137,9 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
         const bool isInside = x >= 0 && y >= 0 && x < layer->screenSizeWidth() && y < layer->screenSizeHeight();
         if (!layer->visible() || !isInside)
             continue;
-        if (!qobject_cast<const LWScreen *>(layer.get()) || layer->panelWidth() <= 0 || layer->panelHeight() <= 0)
-            return {};
-        const int column = static_cast<int>(x / layer->panelWidth());
-        const int row = static_cast<int>(y / layer->panelHeight());
-        return layer->XYLabelDirection() ? PanelLabels::rowLetter(row) + QString::number(column + 1)
-                                         : PanelLabels::columnLetters(column) + QString::number(row + 1);
+        const auto *screen = qobject_cast<const LWScreen *>(layer.get());
+        const std::optional<LWScreen::Panel> panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
+        return panel ? screen->panelLabel(*panel) : QString();
     }
     return {};
 }
@@ -109,6 +161,13 @@ QString picture(const Layer &layer)
         return "The picture is missing. Choose it again.";
     const double scale = 100.0 * layer.panelWidth() / size.width();
     return QString("%1 px, shown at %2 %").arg(NumberText::size(size)).arg(qRound(scale));
+}
+
+QStringList warnings(const Layer &layer, const QSize &output)
+{
+    QStringList all{missingPicture(layer), outsideOutput(layer, output), portOverLimit(layer)};
+    all.removeAll(QString());
+    return all;
 }
 
 } // namespace LayerText

@@ -3,7 +3,9 @@
 #include "layer/Layer.h"
 
 #include <QPoint>
+#include <QSize>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -20,5 +22,8 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel);
 QString power(const Layer &layer, qint64 volts, qint64 phases);
 /// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture.
 QString picture(const Layer &layer);
+/// What is wrong with a layer on an output of this size and what to do, one sentence each, the most urgent first: a
+/// picture that is missing, a layer wholly outside, a port that cannot carry one line of panels. Empty: nothing.
+QStringList warnings(const Layer &layer, const QSize &output);
 
 } // namespace LayerText

@@ -1,9 +1,12 @@
 #include "app/windows/MainWindow.h"
 
 #include "app/Settings.h"
+#include "app/windows/CanvasPane.h"
+#include "app/windows/Icons.h"
 #include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/LayerText.h"
+#include "app/windows/ListsPane.h"
 #include "app/windows/OutputPreview.h"
 #include "app/windows/PowerBar.h"
 #include "app/windows/PresetPanel.h"
@@ -11,6 +14,7 @@
 #include "canvas/LWCanvasImageView.h"
 
 #include <QCloseEvent>
+#include <QDataStream>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QHBoxLayout>
@@ -33,6 +37,8 @@ constexpr int listsWidth = 260;
 constexpr int leastListsWidth = 200;
 constexpr int inspectorWidth = 300;
 constexpr int leastInspectorWidth = 260;
+/// Below this width the presets fold into a tab beside the layers.
+constexpr int wideWindow = 1100;
 constexpr int longNudge = 10;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
@@ -60,6 +66,7 @@ MainWindow::~MainWindow()
 
 void MainWindow::start()
 {
+    restoreLayout();
     // On a screen that is no larger than the window wants to be, a frame would push its edges out of sight.
     const QSize room = screen()->availableSize();
     if (restoreGeometry(Settings::windowGeometry()) ||
@@ -78,14 +85,19 @@ QWidget *MainWindow::layersPanel()
     auto *column = new QVBoxLayout(panel);
     column->setContentsMargins(0, Theme::edge, 0, 0);
     column->setSpacing(Theme::gap);
-    m_layerTable = new LayerTable(m_document.arraycontroller(), "Layers", LayerDelegate::placeAndSize);
+    m_layerTable =
+        new LayerTable(m_document.arraycontroller(), "Layers", LayerDelegate::Kind::Layers, [this](const Layer &layer) {
+            return LayerText::warnings(layer, {m_document.OutputWidth(), m_document.OutputHeight()});
+        });
     m_layerTable->setObjectName("mainTView");
     QLabel *title = Theme::title("Layers", m_layerTable);
     auto *head = new QHBoxLayout;
     head->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
     head->addWidget(title, 1);
-    head->addWidget(headButton("+", "Add layer", "Adds a screen or an image", [this] { m_document.add(); }));
-    head->addWidget(headButton("−", "Delete layer", "Deletes the selected layers", [this] { m_document.remove(); }));
+    m_addButton = headButton("+", "Add layer", "Adds a screen or an image", [this] { m_document.add(); });
+    m_deleteButton = headButton("−", "Delete layer", "Deletes the selected layers", [this] { m_document.remove(); });
+    head->addWidget(m_addButton);
+    head->addWidget(m_deleteButton);
     column->addLayout(head);
     column->addWidget(m_layerTable);
     return panel;
@@ -104,30 +116,28 @@ QToolButton *MainWindow::headButton(const QString &sign, const QString &name, co
 
 void MainWindow::addViews()
 {
-    auto *regions = new QSplitter;
-    regions->setHandleWidth(1);
-    regions->setChildrenCollapsible(false);
-    m_lists = new QSplitter(Qt::Vertical);
+    m_regions = new QSplitter;
+    m_regions->setHandleWidth(1);
+    m_regions->setChildrenCollapsible(false);
+    m_lists = new ListsPane(layersPanel());
     m_lists->setMinimumWidth(leastListsWidth);
-    m_lists->setHandleWidth(1);
-    m_lists->setChildrenCollapsible(false);
-    m_lists->addWidget(layersPanel());
-    regions->addWidget(m_lists);
-    m_canvas = new LWCanvasImageView(m_canvasLink);
+    m_regions->addWidget(m_lists);
+    m_canvasPane = new CanvasPane(m_canvasLink);
+    m_canvas = &m_canvasPane->canvas();
     m_interface.setCanvas(m_canvas);
     m_canvas->installEventFilter(this);
-    regions->addWidget(m_canvas);
+    m_regions->addWidget(m_canvasPane);
     m_inspector = new Inspector(m_document, m_interface);
     m_inspector->setMinimumWidth(leastInspectorWidth);
-    regions->addWidget(m_inspector);
-    regions->setStretchFactor(1, 1);
-    regions->setSizes({listsWidth, firstSize.width() - listsWidth - inspectorWidth, inspectorWidth});
+    m_regions->addWidget(m_inspector);
+    m_regions->setStretchFactor(1, 1);
+    m_regions->setSizes({listsWidth, firstSize.width() - listsWidth - inspectorWidth, inspectorWidth});
 
     auto *centre = new QWidget;
     auto *column = new QVBoxLayout(centre);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(regions, 1);
+    column->addWidget(m_regions, 1);
     m_powerBar = new PowerBar;
     column->addWidget(m_powerBar);
     setCentralWidget(centre);
@@ -148,8 +158,10 @@ void MainWindow::makeLateParts()
         return;
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
     m_presetPanel = new PresetPanel(m_document, m_interface);
-    m_lists->addWidget(m_presetPanel);
-    m_lists->setSizes({1, 1}); // equally high
+    m_lists->setPresets(m_presetPanel);
+    m_canvasPane->showIcons();
+    m_addButton->setIcon(Icons::icon("plus-lg"));
+    m_deleteButton->setIcon(Icons::icon("dash-lg"));
     m_inspector->makeControls();
 }
 
@@ -175,8 +187,11 @@ void MainWindow::connectViews()
 {
     connect(&m_document.arraycontroller(), &LayerList::selectionIndexDidChange, this,
             [this] { m_canvasLink.redrawMarker(); });
+    connect(m_layerTable, &LayerTable::eyeClicked, &m_document, &LWAppDelegate::toggleVisibilityOf);
     connect(m_powerBar, &PowerBar::voltageChosen, &m_document, &LWAppDelegate::voltageSelect);
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
+    connect(m_powerBar, &PowerBar::zoomChosen, m_canvas, &LWCanvasImageView::setZoom);
+    connect(m_powerBar, &PowerBar::fitChosen, m_canvas, &LWCanvasImageView::zoomToFit);
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
         const QString panel =
             readOut.pixel ? LayerText::panelAt(m_document.allScreensArray(), *readOut.pixel) : QString();
@@ -210,8 +225,33 @@ void MainWindow::closeEvent(QCloseEvent *event)
 {
     if (m_document.applicationShouldTerminate() == LWAppDelegate::TerminateReply::Cancel)
         return event->ignore();
-    Settings::setWindowGeometry(saveGeometry());
+    rememberLayout();
     event->accept();
+}
+
+void MainWindow::rememberLayout() const
+{
+    QByteArray state;
+    QDataStream stream(&state, QIODevice::WriteOnly);
+    stream << m_regions->saveState() << m_lists->saveState();
+    Settings::setWindowGeometry(saveGeometry());
+    Settings::setWindowState(state);
+}
+
+void MainWindow::restoreLayout()
+{
+    QByteArray regions;
+    QByteArray lists;
+    QDataStream state(Settings::windowState());
+    state >> regions >> lists;
+    m_regions->restoreState(regions);
+    m_lists->restoreState(lists);
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    m_lists->setFolded(width() < wideWindow);
 }
 
 void MainWindow::keyPressEvent(QKeyEvent *event)

@@ -12,8 +12,10 @@
 
 #include <functional>
 
+class CanvasPane;
 class Inspector;
 class LayerTable;
+class ListsPane;
 class LWCanvasImageView;
 class PresetPanel;
 class QMenu;
@@ -45,6 +47,8 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    /// A window that is not wide folds its lists.
+    void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     /// Arrow keys that nobody else takes nudge the selected layers.
     void keyPressEvent(QKeyEvent *event) override;
@@ -57,8 +61,14 @@ private:
     void addFileMenu();
     void addEditMenu();
     void addLayerMenu();
+    void addPlaces(QMenu &menu);
+    struct Entry
+    {
+        QString title;
+        QString icon = {}; ///< a name that Icons knows; empty: none
+    };
     /// An action at whose start the message of the one before goes.
-    void addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act);
+    QAction *addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys, const std::function<void()> &act);
     void addViewMenu();
     void addHelpMenu();
     void listDisplays(QMenu &menu);
@@ -73,6 +83,8 @@ private:
     void addViews();
     void connectDocument();
     void connectViews();
+    void rememberLayout() const;
+    void restoreLayout();
     void showFile(const QString &path);
     void tellUnsavedWork();
     /// "show.Orv, 21/11/2026 02:14"
@@ -82,10 +94,14 @@ private:
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
     CanvasLink m_canvasLink{m_document};
     LayerTable *m_layerTable;
-    QSplitter *m_lists;                   ///< layers above presets
+    QToolButton *m_addButton;
+    QToolButton *m_deleteButton;
+    QSplitter *m_regions; ///< lists, canvas and inspector
+    ListsPane *m_lists;
     PresetPanel *m_presetPanel = nullptr; ///< null until makeLateParts()
     Inspector *m_inspector;
-    LWCanvasImageView *m_canvas;
+    CanvasPane *m_canvasPane;
+    LWCanvasImageView *m_canvas; ///< the pane's
     PowerBar *m_powerBar;
     Sheets m_sheets{m_document, *this};
     OutputPreview *m_preview = nullptr; ///< made when it is first shown

@@ -1,5 +1,7 @@
 #include "app/Settings.h"
+#include "app/windows/Icons.h"
 #include "app/windows/LayerTable.h"
+#include "app/windows/ListsPane.h"
 #include "app/windows/MainWindow.h"
 #include "app/windows/NumberText.h"
 #include "app/windows/OutputPreview.h"
@@ -25,30 +27,30 @@ void MainWindow::addMenus()
 void MainWindow::addFileMenu()
 {
     QMenu *menu = menuBar()->addMenu("&File");
-    addTold(*menu, "&New", QKeySequence::New, [this] { m_document.newProject(); });
-    addTold(*menu, "&Open...", QKeySequence::Open, [this] {
+    addTold(*menu, {"&New", "file-earmark-plus"}, QKeySequence::New, [this] { m_document.newProject(); });
+    addTold(*menu, {"&Open...", "folder2-open"}, QKeySequence::Open, [this] {
         m_interface.prepareOpenPanel("Open project");
         m_document.openProject();
     });
     QMenu *recent = menu->addMenu("Open &Recent");
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
     menu->addSeparator();
-    addTold(*menu, "&Save", QKeySequence::Save, [this] {
+    addTold(*menu, {"&Save", "save"}, QKeySequence::Save, [this] {
         m_interface.prepareSavePanel("Save project", ProjectFile::extension);
         m_document.save();
     });
-    addTold(*menu, "Save &As...", Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
+    addTold(*menu, {"Save &As..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
         m_interface.prepareSavePanel("Save project", ProjectFile::extension);
         m_document.saveProject();
     });
     QMenu *recover = menu->addMenu("Re&cover");
     connect(recover, &QMenu::aboutToShow, this, [this, recover] { listUnsavedWork(*recover); });
     menu->addSeparator();
-    addTold(*menu, "&Export PNG...", Qt::CTRL | Qt::Key_E, [this] {
+    addTold(*menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] {
         m_interface.prepareSavePanel("Export PNG", "png");
         m_document.saveAction();
     });
-    addTold(*menu, "Export &PSD...", Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] {
+    addTold(*menu, {"Export &PSD..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] {
         m_interface.prepareSavePanel("Export PSD", "psd", WindowInterface::Appended::Always);
         m_document.savePSD();
     });
@@ -61,59 +63,88 @@ void MainWindow::addEditMenu()
     QMenu *menu = menuBar()->addMenu("&Edit");
     QAction *undo = m_document.undoStack().createUndoAction(this, "&Undo");
     undo->setShortcut(QKeySequence::Undo);
+    undo->setIcon(Icons::icon("arrow-counterclockwise"));
     menu->addAction(undo);
     QAction *redo = m_document.undoStack().createRedoAction(this, "&Redo");
     redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
+    redo->setIcon(Icons::icon("arrow-clockwise"));
     menu->addAction(redo);
     menu->addSeparator();
-    addTold(*menu, "Cu&t", QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
-    addTold(*menu, "&Copy", QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
-    addTold(*menu, "&Paste", QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
-    menu->addAction("&Rename Layer", Qt::Key_F2, this, [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
-    addTold(*menu, "D&uplicate Layer", Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); });
-    addTold(*menu, "&Delete Layer", QKeySequence::Delete, [this] { m_document.remove(); });
-    addTold(*menu, "Select &All", QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
+    addTold(*menu, {"Cu&t", "scissors"}, QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
+    addTold(*menu, {"&Copy", "files"}, QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
+    addTold(*menu, {"&Paste", "clipboard"}, QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
+    menu->addAction(Icons::icon("pencil"), "&Rename Layer", Qt::Key_F2, this,
+                    [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
+    m_layerTable->addAction(
+        addTold(*menu, {"D&uplicate Layer"}, Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); }));
+    m_layerTable->addAction(
+        addTold(*menu, {"&Delete Layer", "trash"}, QKeySequence::Delete, [this] { m_document.remove(); }));
+    addTold(*menu, {"Select &All"}, QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
 }
 
 void MainWindow::addLayerMenu()
 {
     QMenu *menu = menuBar()->addMenu("&Layer");
-    addTold(*menu, "Add &Screen", Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_document.AddScreen(); });
-    addTold(*menu, "Add &Image...", Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] {
+    addTold(*menu, {"Add &Screen", "grid"}, Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_document.AddScreen(); });
+    addTold(*menu, {"Add &Image...", "image"}, Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] {
         m_interface.prepareOpenPanel("Add image");
         m_document.AddImage();
     });
     menu->addSeparator();
-    addTold(*menu, "&Hide or Show", Qt::Key_H, [this] { m_document.toggleVisibility(); });
+    addTold(*menu, {"&Hide or Show", "eye"}, Qt::Key_H, [this] { m_document.toggleVisibility(); });
+    m_layerTable->addAction(addTold(*menu, {"Hide &Others"}, {}, [this] { m_document.hideOthers(); }));
     menu->addSeparator();
-    menu->addAction("Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
+    addPlaces(*menu);
+    menu->addSeparator();
+    menu->addAction(Icons::icon("search"), "Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
         makeLateParts();
+        m_lists->showPresets();
         m_presetPanel->search();
     });
+}
+
+void MainWindow::addPlaces(QMenu &menu)
+{
+    m_layerTable->addAction(addTold(menu, {"&Centre in Output"}, {}, [this] { m_document.centreInOutput(); }));
+    QMenu *corners = menu.addMenu("&Fit to Output Corner");
+    const auto addCorner = [this, corners](const QString &title, Qt::Corner corner) {
+        addTold(*corners, {title}, {}, [this, corner] { m_document.fitToOutputCorner(corner); });
+    };
+    addCorner("Top &Left", Qt::TopLeftCorner);
+    addCorner("Top &Right", Qt::TopRightCorner);
+    addCorner("Bottom L&eft", Qt::BottomLeftCorner);
+    addCorner("Bottom R&ight", Qt::BottomRightCorner);
+    m_layerTable->addAction(corners->menuAction());
 }
 
 void MainWindow::addViewMenu()
 {
     QMenu *menu = menuBar()->addMenu("&View");
-    menu->addAction("&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
-    menu->addAction("Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
+    using Tool = LWCanvasImageView::Tool;
+    menu->addAction(Icons::icon("grid-3x3"), "P&anels Tool", Qt::Key_P, this,
+                    [this] { m_canvas->setTool(Tool::Panels); });
+    menu->addAction(Icons::icon("arrows-move"), "A&rrange Tool", Qt::Key_V, this,
+                    [this] { m_canvas->setTool(Tool::Arrange); });
+    menu->addSeparator();
+    menu->addAction(Icons::icon("zoom-in"), "&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
+    menu->addAction(Icons::icon("zoom-out"), "Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
     menu->addAction("&100 %", Qt::CTRL | Qt::Key_1, m_canvas, &LWCanvasImageView::zoomTo100);
     menu->addAction("&Fit", Qt::CTRL | Qt::Key_0, m_canvas, &LWCanvasImageView::zoomToFit);
     menu->addSeparator();
-    addTold(*menu, "Output &Preview", {}, [this] { m_document.openPvw(); });
+    addTold(*menu, {"Output &Preview", "display"}, {}, [this] { m_document.openPvw(); });
     QMenu *displays = menu->addMenu("Preview on &Display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    addTold(*menu, "Fi&ll the Display", Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    addTold(*menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
 }
 
 void MainWindow::addHelpMenu()
 {
     QMenu *menu = menuBar()->addMenu("&Help");
-    addTold(*menu, "&First Steps", QKeySequence::HelpContents, [this] { m_document.openHelp(); });
-    addTold(*menu, "Help in the &Web", {}, [this] { m_document.orvsoftwarehelpurl(); });
-    addTold(*menu, "Look for a New &Version", {}, [this] { m_document.webupdatecheck(); });
+    addTold(*menu, {"&First Steps", "question-circle"}, QKeySequence::HelpContents, [this] { m_document.openHelp(); });
+    addTold(*menu, {"Help in the &Web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
+    addTold(*menu, {"Look for a New &Version"}, {}, [this] { m_document.webupdatecheck(); });
     menu->addSeparator();
-    addTold(*menu, "&About Wallwright", {}, [this] { m_document.openAbout(); });
+    addTold(*menu, {"&About Wallwright"}, {}, [this] { m_document.openAbout(); });
 }
 
 void MainWindow::listDisplays(QMenu &menu)
@@ -155,12 +186,14 @@ void MainWindow::showPreviewOnDisplay()
     outputPreview().showOn(display ? *display : *screen());
 }
 
-void MainWindow::addTold(QMenu &menu, const QString &title, const QKeySequence &keys, const std::function<void()> &act)
+QAction *MainWindow::addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys,
+                             const std::function<void()> &act)
 {
-    menu.addAction(title, keys, this, [this, act] {
-        m_powerBar->clearMessage();
-        act();
-    });
+    return menu.addAction(entry.icon.isEmpty() ? QIcon() : Icons::icon(entry.icon), entry.title, keys, this,
+                          [this, act] {
+                              m_powerBar->clearMessage();
+                              act();
+                          });
 }
 
 void MainWindow::listRecentFiles(QMenu &menu)

@@ -2,12 +2,14 @@
 
 #include "app/windows/NumberText.h"
 #include "app/windows/Theme.h"
+#include "app/windows/ZoomField.h"
 #include "canvas/LWCanvasImageView.h"
 
 #include <QButtonGroup>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QRadioButton>
+#include <QToolButton>
 
 namespace {
 constexpr int verticalMargin = 6;
@@ -33,7 +35,7 @@ PowerBar::PowerBar(QWidget *parent)
     : QWidget(parent), m_row(new QHBoxLayout(this)),
       m_powerResult(plainLabel({}, "Current of all walls, hidden ones too")), m_message(plainLabel({}, {})),
       m_pointer(plainLabel({}, "Pixel, panel and colour under the pointer")),
-      m_outputSize(plainLabel({}, "Size of the output, and at what scale it is shown"))
+      m_outputSize(plainLabel({}, "Size of the output")), m_zoom(new ZoomField)
 {
     setAttribute(Qt::WA_StyledBackground);
     m_row->setContentsMargins(Theme::edge, verticalMargin, Theme::edge, verticalMargin);
@@ -53,9 +55,22 @@ PowerBar::PowerBar(QWidget *parent)
     colourText(m_pointer, Theme::dimText);
     m_row->addWidget(m_pointer);
     m_row->addWidget(m_outputSize);
+    addZoom();
 
     connect(m_voltages, &QButtonGroup::idClicked, this, &PowerBar::voltageChosen);
     connect(m_phases, &QButtonGroup::idClicked, this, &PowerBar::phaseChosen);
+}
+
+void PowerBar::addZoom()
+{
+    auto *fit = new QToolButton;
+    fit->setText("Fit");
+    fit->setToolTip("Shows the whole output");
+    connect(fit, &QToolButton::clicked, this, &PowerBar::fitChosen);
+    connect(m_zoom, &ZoomField::fitChosen, this, &PowerBar::fitChosen);
+    connect(m_zoom, &ZoomField::zoomChosen, this, &PowerBar::zoomChosen);
+    m_row->addWidget(m_zoom);
+    m_row->addWidget(fit);
 }
 
 QButtonGroup *PowerBar::addChoices(const std::vector<Choice> &choices)
@@ -109,10 +124,8 @@ void PowerBar::showReadOut(const CanvasReadOut &readOut, const QString &panel)
                    readOut.colour.isValid() ? readOut.colour.name() : QString()};
     pointer.removeAll(QString());
     m_pointer->setText(pointer.join("  "));
-    m_outputSize->setText(
-        readOut.output.isEmpty() || readOut.zoomPercent == 0
-            ? QString()
-            : QString("%1 px, %2 %").arg(NumberText::size(readOut.output)).arg(qRound(readOut.zoomPercent)));
+    m_outputSize->setText(readOut.output.isEmpty() ? QString() : NumberText::size(readOut.output) + " px");
+    m_zoom->show(readOut.zoomPercent);
 }
 
 void PowerBar::resizeEvent(QResizeEvent *event)

@@ -7,6 +7,7 @@
 class QButtonGroup;
 class QHBoxLayout;
 class QLabel;
+class ZoomField;
 struct CanvasReadOut;
 
 /// The line along the window's bottom: supply voltage and phases to choose from, the power line, what was done
@@ -25,13 +26,16 @@ public:
     void showFailure(const QString &sentence);
     void showStatus(const QString &sentence);
     void clearMessage() { showStatus({}); }
-    /// "x 812  y 344  C7  #ff0000  1,920 × 1,080 px, 52 %"; `panel`: the label of the panel under the pointer.
+    /// "x 812  y 344  C7  #ff0000", "1,920 × 1,080 px" and the zoom; `panel`: the label of the panel under the pointer.
     void showReadOut(const CanvasReadOut &readOut, const QString &panel);
 
 signals:
     /// Someone chose a voltage (110, 208) or a number of phases (1, 3).
     void voltageChosen(int tag);
     void phaseChosen(int tag);
+    /// Someone wants the canvas at this zoom, in per cent, or fitted.
+    void zoomChosen(double percent);
+    void fitChosen();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -48,6 +52,7 @@ private:
     QButtonGroup *addChoices(const std::vector<Choice> &choices);
     void showMessage(const QString &sentence, const QColor &colour, const QString &kind);
     void elideMessage();
+    void addZoom();
 
     QHBoxLayout *m_row;
     QButtonGroup *m_voltages;
@@ -56,5 +61,6 @@ private:
     QLabel *m_message;
     QLabel *m_pointer;
     QLabel *m_outputSize;
+    ZoomField *m_zoom;
     QString m_messageSentence;
 };

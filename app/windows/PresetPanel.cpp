@@ -1,6 +1,7 @@
 #include "app/windows/PresetPanel.h"
 
 #include "app/LWAppDelegate.h"
+#include "app/windows/Icons.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/Theme.h"
 #include "app/windows/WindowInterface.h"
@@ -14,7 +15,7 @@
 
 PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
     : QWidget(parent), m_document(document), m_interface(interface), m_search(new QLineEdit),
-      m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::panel))
+      m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::Kind::Presets))
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, Theme::edge, 0, 0);
@@ -41,7 +42,7 @@ QWidget *PresetPanel::head()
     layout->addWidget(m_search, 1);
 
     auto *more = new QToolButton;
-    more->setText("…");
+    more->setIcon(Icons::icon("three-dots"));
     more->setAccessibleName("Preset library");
     more->setToolTip("Opens, saves and changes the preset library");
     more->setPopupMode(QToolButton::InstantPopup);

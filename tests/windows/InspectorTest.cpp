@@ -1,87 +1,18 @@
-#include "app/windows/Inspector.h"
-
-#include "app/ProjectFile.h"
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
-#include "app/windows/LayerText.h"
-#include "app/windows/NumberField.h"
-#include "app/windows/PatternGrid.h"
-#include "still/LWStill.h"
-#include "tests/windows/WindowFixture.h"
+#include "canvas/LWCanvasImageView.h"
+#include "tests/windows/InspectorFixture.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QTest>
 #include <QToolButton>
 #include <QWheelEvent>
 
-class InspectorTest : public WindowFixture
-{
-protected:
-    LayerList &list() { return window.document().arraycontroller(); }
-    LayerPointer shown() { return list().selectedLayer(); }
-    void undo() { window.document().undoStack().undo(); }
-    QString undoText() { return window.document().undoStack().undoText(); }
-
-    /// The control of this kind and name that is seen.
-    template <typename Control>
-    Control &control(const QString &name)
-    {
-        for (Control *found : inspector().findChildren<Control *>()) {
-            if (found->accessibleName() == name && found->isVisibleTo(&inspector()))
-                return *found;
-        }
-        ADD_FAILURE() << "there is no " << qPrintable(name);
-        static Control *const none = static_cast<Control *>(nullptr);
-        return *none;
-    }
-    bool isShown(const QString &name)
-    {
-        for (const QWidget *found : inspector().findChildren<QWidget *>()) {
-            if (found->accessibleName() == name && found->isVisibleTo(&inspector()))
-                return true;
-        }
-        return false;
-    }
-    QString captionOf(const QString &name)
-    {
-        for (const QLabel *label : inspector().findChildren<QLabel *>()) {
-            if (label->buddy() && label->buddy()->accessibleName() == name && label->isVisibleTo(&inspector()))
-                return label->text();
-        }
-        return {};
-    }
-    void type(NumberField &field, const QString &text)
-    {
-        field.setFocus();
-        field.selectAll();
-        QTest::keyClicks(&field, text);
-    }
-    QByteArray archive()
-    {
-        const LWAppDelegate &document = window.document();
-        return *ProjectFile::encode({document.OutputHeight(), document.OutputWidth(), document.allScreensArray()});
-    }
-    QString summary(const QString &name)
-    {
-        for (const QLabel *label : inspector().findChildren<QLabel *>()) {
-            if (label->accessibleName() == name && label->isVisibleTo(&inspector()))
-                return label->text();
-        }
-        return {};
-    }
-    void addStill()
-    {
-        QImage picture(40, 30, QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::blue);
-        list().insertObjectAtArrangedObjectIndex(LWStill::initWithimage(window.document(), picture), 1);
-        list().setSelectionIndex(1);
-    }
-};
+using InspectorTest = InspectorFixture;
 
 namespace {
 struct NumberCase
@@ -127,14 +58,19 @@ TEST_F(InspectorTest, EveryNumberIsTypedArchivedAndUndone)
 
 TEST_F(InspectorTest, EverySwitchIsPressedArchivedAndUndone)
 {
-    const std::pair<const char *, const char *> cases[] = {
-        {"Visible", "visible"},          {"Fill", "bgEnable"},
-        {"Frame", "BoarderEnable"},      {"Circle", "CircleEnable"},
-        {"Coordinates", "XYFontEnable"}, {"Name and size", "screenFontEnable"},
-        {"Panel labels", "drawLabels"},  {"Letters by row", "XYLabelDirection"},
-        {"Path", "drawFlowPath"},
+    constexpr bool archived = true;
+    const std::tuple<const char *, const char *, bool> cases[] = {
+        {"Visible", "visible", archived},
+        {"Fill", "bgEnable", archived},
+        {"Frame", "BoarderEnable", archived},
+        {"Circle", "CircleEnable", archived},
+        {"Coordinates", "XYFontEnable", archived},
+        {"Name and size", "screenFontEnable", archived},
+        {"Panel labels", "drawLabels", archived},
+        {"Letters by row", "XYLabelDirection", !archived}, // a file has no place for it
+        {"Path", "drawFlowPath", archived},
     };
-    for (const auto &[name, property] : cases) {
+    for (const auto &[name, property, isArchived] : cases) {
         SCOPED_TRACE(name);
         const QByteArray before = archive();
         const bool wasOn = shown()->property(property).toBool();
@@ -143,6 +79,7 @@ TEST_F(InspectorTest, EverySwitchIsPressedArchivedAndUndone)
         box.setFocus();
         QTest::keyClick(&box, Qt::Key_Space);
         EXPECT_EQ(shown()->property(property).toBool(), !wasOn);
+        EXPECT_EQ(archive() != before, isArchived);
         undo();
         EXPECT_EQ(archive(), before);
         EXPECT_EQ(box.isChecked(), wasOn);
@@ -163,14 +100,10 @@ TEST_F(InspectorTest, EveryColourIsChosenWithItsOpacity)
     for (const auto &[name, property] : cases) {
         SCOPED_TRACE(name);
         const QByteArray before = archive();
-        const Answer choose = [](QWidget &dialog) {
-            auto &colours = dynamic_cast<QColorDialog &>(dialog);
-            colours.setCurrentColor(QColor(1, 2, 3, 51));
-            colours.accept();
-        };
-        answer([&] { control<ColourButton>(name).click(); }, {choose});
+        chooseColour(name, QColor(1, 2, 3, 51));
         EXPECT_EQ(shown()->property(property).value<OptionalColour>(), OptionalColour(Colour::fromRgba8(0x33010203)));
         EXPECT_EQ(control<ColourButton>(name).accessibleDescription(), "#33010203");
+        EXPECT_NE(archive(), before);
         undo();
         EXPECT_EQ(archive(), before);
     }
@@ -296,33 +229,6 @@ TEST_F(InspectorTest, CaptionsAreTheLayersOwnAndHideWithTheirFlag)
     EXPECT_TRUE(isShown("Panel height"));
 }
 
-TEST_F(InspectorTest, AStillHasItsOwnControls)
-{
-    addStill();
-    EXPECT_TRUE(isShown("Width"));
-    EXPECT_TRUE(isShown("Keep ratio"));
-    EXPECT_FALSE(isShown("Columns"));
-    EXPECT_FALSE(isShown("Per panel"));
-    EXPECT_EQ(summary("Picture"), "40 × 30 px, shown at 100 %");
-    list().setSelectionIndexes({0, 1}, 1); // a wall and a picture
-    EXPECT_TRUE(isShown("Visible"));
-    EXPECT_FALSE(isShown("Columns"));
-    EXPECT_FALSE(isShown("Keep ratio"));
-}
-
-TEST_F(InspectorTest, AMissingPictureIsToldAndChosenAgain)
-{
-    addStill();
-    QImage picture(20, 10, QImage::Format_RGB32);
-    picture.fill(Qt::green);
-    ASSERT_TRUE(picture.save(path("plate.png")));
-    answer([&] { click(inspector(), "Choose picture..."); }, {entering(path("plate.png"))});
-    EXPECT_EQ(shown()->thumbnail().size(), QSize(20, 10));
-    EXPECT_EQ(shown()->panelWidth(), 40);
-    EXPECT_EQ(summary("Picture"), "20 × 10 px, shown at 200 %");
-    EXPECT_EQ(undoText(), "Choose Picture");
-}
-
 TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
 {
     EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px");
@@ -346,11 +252,59 @@ TEST_F(InspectorTest, TheOutputHasItsSizeAndColours)
     type(control<NumberField>("Height"), "720");
     EXPECT_EQ(window.document().OutputHeight(), 720);
     EXPECT_EQ(undoText(), "Output Height");
-    control<QToolButton>("Usual sizes of the output").menu()->actions().at(1)->trigger();
+    chooseFrom("Usual sizes of the output", "3,840 × 2,160");
     EXPECT_EQ(window.document().OutputWidth(), 3840);
     EXPECT_EQ(window.document().OutputHeight(), 2160);
     undo();
     EXPECT_EQ(window.document().OutputHeight(), 720);
+}
+
+TEST_F(InspectorTest, TheOutputsWidthIsTypedArchivedAndUndone)
+{
+    const QByteArray before = archive();
+    type(control<NumberField>("Width"), "1280");
+    EXPECT_EQ(window.document().OutputWidth(), 1280);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return canvas().readOut().output == QSize(1280, 1080); }));
+    EXPECT_NE(archive(), before);
+    undo();
+    EXPECT_EQ(archive(), before);
+}
+
+TEST_F(InspectorTest, TheOutputsColoursAreSeenAtOnce)
+{
+    window.document().timerupdate();
+    chooseColour("Background colour", QColor(0, 128, 0));
+    EXPECT_EQ(window.document().bgColor(), Colour::fromRgba8(0xff008000));
+    window.document().timerupdate();
+    chooseColour("Edge colour", QColor(0, 0, 255));
+    window.document().timerupdate();
+    window.document().update();
+    EXPECT_EQ(window.document().img().pixelColor(1500, 900), QColor(0, 128, 0));
+    EXPECT_EQ(window.document().img().pixelColor(1919, 900), QColor(0, 0, 255));
+}
+
+TEST_F(InspectorTest, ColoursAreExchanged)
+{
+    const QByteArray before = archive();
+    const OptionalColour first = shown()->rectColor();
+    const OptionalColour second = shown()->rectColor2();
+    ASSERT_NE(first, second);
+    click(inspector(), "Exchange");
+    EXPECT_EQ(shown()->rectColor(), second);
+    EXPECT_EQ(shown()->rectColor2(), first);
+    EXPECT_EQ(undoText(), "Exchange Colours");
+    undo();
+    EXPECT_EQ(archive(), before);
+}
+
+TEST_F(InspectorTest, AUsualLimitOfAPortIsTaken)
+{
+    const QByteArray before = archive();
+    chooseFrom("Usual limits of a port", "327,680 px");
+    EXPECT_EQ(shown()->pixelLimit(), 327'680);
+    EXPECT_EQ(control<NumberField>("Pixels per port").value(), 327'680);
+    undo();
+    EXPECT_EQ(archive(), before);
 }
 
 TEST_F(InspectorTest, TheChoiceOfCornersIsTheDocuments)

@@ -45,7 +45,8 @@ protected:
     {
         QApplication::processEvents(); // the rows are laid out
         const QImage rows = table().viewport()->grab().toImage();
-        const QPoint middle(Theme::edge + LayerDelegate::pictureSize.width() / 2, middleOfRow(row).y());
+        const auto *rowsOf = table().findChild<LayerDelegate *>();
+        const QPoint middle = rowsOf->picturePlace(table().visualRect(list().index(row))).center();
         return rows.pixelColor((QPointF(middle) * rows.devicePixelRatio()).toPoint());
     }
 };
@@ -121,8 +122,8 @@ TEST_F(LayerTableTest, APictureFollowsAnEdit)
 
 TEST_F(LayerTableTest, NumbersAreGroupedByThousands)
 {
-    EXPECT_EQ(LayerDelegate::placeAndSize(*list().layer(1)), "x 1,920  y -5  ·  1,200 × 600");
-    EXPECT_EQ(LayerDelegate::placeAndSize(*list().layer(0)), "x 0  y 0  ·  1,024 × 640");
+    EXPECT_EQ(LayerDelegate::placeAndSize(*list().layer(1)), "x 1,920 y -5 · 1,200 × 600");
+    EXPECT_EQ(LayerDelegate::placeAndSize(*list().layer(0)), "x 0 y 0 · 1,024 × 640");
 }
 
 TEST_F(LayerTableTest, ALayerWithoutANameIsCalledSo)
@@ -150,9 +151,10 @@ TEST_F(LayerTableTest, AMissingPictureIsMarkedUntilItIsFoundAgain)
     const auto seesWarning = [this] {
         QApplication::processEvents();
         const QImage rows = table().viewport()->grab().toImage();
-        const QRect place = table().visualRect(list().index(0));
-        for (int y = place.center().y(); y < place.bottom(); ++y) {
-            for (int x = Theme::edge + LayerDelegate::pictureSize.width(); x < place.right(); ++x) {
+        const QRect row = table().visualRect(list().index(0));
+        const QRect place = table().findChild<LayerDelegate *>()->warningPlace(row);
+        for (int y = place.top(); y <= place.bottom(); ++y) {
+            for (int x = place.left(); x <= place.right(); ++x) {
                 if (rows.pixelColor(x, y) == Theme::warning)
                     return true;
             }

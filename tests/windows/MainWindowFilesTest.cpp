@@ -42,7 +42,7 @@ TEST_F(MainWindowFilesTest, AnOpenedProjectIsShown)
     EXPECT_EQ(title(), "show.Orv — Wallwright");
     EXPECT_EQ(table().model()->rowCount(), 1);
     EXPECT_EQ(table().currentIndex().data().toString(), "Green");
-    EXPECT_TRUE(shows("400 × 300 px, 200 %"));
+    EXPECT_TRUE(shows("400 × 300 px"));
     EXPECT_TRUE(shows("Total Power: 1.00Amp"));
     const QRect place = placeOfOutput();
     EXPECT_EQ(seen().pixelColor(place.topLeft() + QPoint(199, 99)), QColor(0, 255, 0));

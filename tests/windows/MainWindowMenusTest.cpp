@@ -1,6 +1,8 @@
 #include "app/ProjectFile.h"
 #include "app/Settings.h"
+#include "app/windows/CanvasPane.h"
 #include "app/windows/LayerTable.h"
+#include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QLabel>
@@ -194,4 +196,47 @@ TEST_F(MainWindowMenusTest, TheWindowComesBackInItsSize)
     MainWindow next;
     next.start();
     EXPECT_EQ(next.size(), QSize(1111, 777));
+}
+
+TEST_F(MainWindowMenusTest, OthersAreHiddenAndComeBackByUndoing)
+{
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier, {});
+    choose({"Layer", "Hide Others"});
+    EXPECT_EQ(list().selectionIndex(), 1);
+    EXPECT_FALSE(list().layer(0)->visible());
+    EXPECT_TRUE(list().layer(1)->visible());
+    undo();
+    EXPECT_TRUE(list().layer(0)->visible());
+}
+
+TEST_F(MainWindowMenusTest, ALayerIsPlacedInTheMiddleAndInEachCorner)
+{
+    const Layer &wall = *list().selectedLayer(); // 1024 x 640 in 1920 x 1080
+    choose({"Layer", "Centre in Output"});
+    EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), QPoint(448, 220));
+    const std::pair<QString, QPoint> corners[] = {
+        {"Top Right", {896, 0}}, {"Bottom Right", {896, 440}}, {"Bottom Left", {0, 440}}, {"Top Left", {0, 0}}};
+    for (const auto &[corner, place] : corners) {
+        choose({"Layer", "Fit to Output Corner", corner});
+        EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), place) << qPrintable(corner);
+    }
+    undo();
+    EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), QPoint(0, 440));
+}
+
+TEST_F(MainWindowMenusTest, TheToolIsChosenByKeyMenuAndButton)
+{
+    using Tool = LWCanvasImageView::Tool;
+    EXPECT_EQ(canvas().tool(), Tool::Panels);
+    press(Qt::Key_V, Qt::NoModifier, {});
+    EXPECT_EQ(canvas().tool(), Tool::Arrange);
+    press(Qt::Key_P, Qt::NoModifier, {});
+    EXPECT_EQ(canvas().tool(), Tool::Panels);
+    choose({"View", "Arrange Tool"});
+    EXPECT_EQ(canvas().tool(), Tool::Arrange);
+    QWidget &pane = *window.findChild<CanvasPane *>();
+    click(pane, "Panels");
+    EXPECT_EQ(canvas().tool(), Tool::Panels);
+    click(pane, "Arrange");
+    EXPECT_EQ(canvas().tool(), Tool::Arrange);
 }

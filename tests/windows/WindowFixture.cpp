@@ -13,6 +13,8 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QPixmap>
 #include <QScopedValueRollback>
@@ -103,7 +105,6 @@ WindowFixture::Answer WindowFixture::entering(const QString &name)
     return [name](QWidget &panel) {
         auto *field = panel.findChild<QLineEdit *>("fileNameEdit");
         ASSERT_NE(field, nullptr) << "this is no file panel";
-        // In one go, as from the clipboard: no list of completions comes up and takes the key.
         panel.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&panel)); // until then the panel does not listen to what is typed
         // In one go, as from the clipboard: no list of completions comes up and takes the key.
@@ -135,6 +136,41 @@ void WindowFixture::press(Qt::Key key, Qt::KeyboardModifiers modifiers, const st
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     answer([&] { QTest::keyClick(&window, key, modifiers); }, answers);
+}
+
+namespace {
+template <class Bar>
+QAction *actionOf(const Bar &bar, const QString &title)
+{
+    for (QAction *action : bar.actions()) {
+        if (action->text().remove('&') == title)
+            return action;
+    }
+    ADD_FAILURE() << "no menu has an entry " << qPrintable(title);
+    return nullptr;
+}
+} // namespace
+
+void WindowFixture::choose(const QStringList &titles, const std::vector<Answer> &answers)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QMenuBar &bar = *window.menuBar();
+    QAction *action = actionOf(bar, titles.first());
+    ASSERT_NE(action, nullptr);
+    QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(action).center());
+    for (const QString &title : titles.mid(1)) {
+        QMenu *menu = action->menu();
+        ASSERT_TRUE(menu && QTest::qWaitForWindowExposed(menu));
+        action = actionOf(*menu, title);
+        ASSERT_NE(action, nullptr);
+        const QPoint place = menu->actionGeometry(action).center();
+        QTest::mouseMove(menu, place); // opens what is below it
+        if (action->menu() && action->menu()->isVisible())
+            continue;
+        answer([&] { QTest::mouseClick(menu, Qt::LeftButton, {}, place); },
+               title == titles.last() ? answers : std::vector<Answer>());
+    }
 }
 
 QString WindowFixture::greenProject(const QString &name)

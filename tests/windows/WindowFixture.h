@@ -48,6 +48,10 @@ protected:
     void pressControl(Qt::Key key, const std::vector<Answer> &answers) { press(key, Qt::ControlModifier, answers); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::vector<Answer> &answers);
 
+    /// Clicks through the menus, {"Layer", "Fit to Output Corner", "Top Right"}, and gives the answers to what comes
+    /// up.
+    void choose(const QStringList &titles, const std::vector<Answer> &answers = {});
+
     QString path(const QString &name) const { return m_folder.filePath(name); }
     /// Writes a project with one green panel of 100 x 50 and 110 W at the top left of an output of 400 x 300.
     QString greenProject(const QString &name);

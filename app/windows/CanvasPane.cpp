@@ -1,0 +1,87 @@
+#include "app/windows/CanvasPane.h"
+
+#include "app/windows/Icons.h"
+#include "app/windows/Theme.h"
+#include "canvas/CanvasRuler.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+
+namespace {
+using Tool = LWCanvasImageView::Tool;
+
+struct ToolText
+{
+    Tool tool;
+    const char *name;
+    const char *icon;
+    const char *tip;
+    const char *hint;
+};
+constexpr ToolText toolTexts[] = {
+    {Tool::Panels, "Panels", "grid-3x3", "Switches panels off and on, and resizes images (P)",
+     "Click a panel to switch it off or on. Drag an image or its handles."},
+    {Tool::Arrange, "Arrange", "arrows-move", "Moves layers (V, or Alt held)",
+     "Drag layers by exact pixels. Shift adds to the selection, Ctrl keeps from snapping."},
+};
+} // namespace
+
+CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
+    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_tools(new QButtonGroup(this)), m_hint(new QLabel)
+{
+    auto *grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(0);
+    grid->addWidget(toolSwitch(), 0, 0, 1, 2);
+    grid->addWidget(new CanvasRuler(Qt::Horizontal, *m_canvas), 1, 1);
+    grid->addWidget(new CanvasRuler(Qt::Vertical, *m_canvas), 2, 0);
+    grid->addWidget(m_canvas, 2, 1);
+    connect(m_canvas, &LWCanvasImageView::toolDidChange, this, &CanvasPane::showTool);
+    showTool(m_canvas->tool());
+}
+
+QWidget *CanvasPane::toolSwitch()
+{
+    auto *bar = new QWidget;
+    auto *row = new QHBoxLayout(bar);
+    row->setContentsMargins(Theme::gap, Theme::gap / 2, Theme::gap, Theme::gap / 2);
+    row->setSpacing(Theme::gap / 2);
+    for (const ToolText &text : toolTexts) {
+        auto *button = new QToolButton;
+        button->setText(text.name);
+        button->setToolTip(text.tip);
+        button->setCheckable(true);
+        button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        connect(button, &QToolButton::clicked, m_canvas, [this, tool = text.tool] { m_canvas->setTool(tool); });
+        m_tools->addButton(button, static_cast<int>(text.tool));
+        row->addWidget(button);
+    }
+    row->addSpacing(Theme::gap);
+    m_hint->setFont(Theme::smallFont());
+    QPalette colours = m_hint->palette();
+    colours.setColor(QPalette::WindowText, Theme::dimText);
+    m_hint->setPalette(colours);
+    // A hint that has no room is cut, it does not widen the window.
+    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    row->addWidget(m_hint, 1);
+    return bar;
+}
+
+void CanvasPane::showIcons()
+{
+    for (const ToolText &text : toolTexts)
+        m_tools->button(static_cast<int>(text.tool))->setIcon(Icons::icon(text.icon));
+}
+
+void CanvasPane::showTool(Tool tool)
+{
+    for (const ToolText &text : toolTexts) {
+        if (text.tool != tool)
+            continue;
+        m_tools->button(static_cast<int>(tool))->setChecked(true);
+        m_hint->setText(text.hint);
+    }
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "canvas/LWCanvasImageView.h"
+
+#include <QWidget>
+
+class QButtonGroup;
+class QHBoxLayout;
+class QLabel;
+
+/// The middle of the window: the switch between the canvas' tools, the rulers, and the canvas.
+class CanvasPane final : public QWidget
+{
+    Q_OBJECT
+
+public:
+    /// `document` outlives every event that this gets.
+    explicit CanvasPane(CanvasDocument &document, QWidget *parent = nullptr);
+
+    LWCanvasImageView &canvas() { return *m_canvas; }
+    /// Puts pictures on the switch, which has words alone until then.
+    void showIcons();
+
+private:
+    QWidget *toolSwitch();
+    void showTool(LWCanvasImageView::Tool tool);
+
+    LWCanvasImageView *m_canvas;
+    QButtonGroup *m_tools;
+    QLabel *m_hint;
+};

@@ -1,0 +1,78 @@
+#include "app/windows/ListsPane.h"
+
+#include <QSplitter>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace {
+enum Tab
+{
+    Layers,
+    Presets
+};
+} // namespace
+
+ListsPane::ListsPane(QWidget *layers, QWidget *parent)
+    : QWidget(parent), m_tabs(new QTabBar), m_splitter(new QSplitter(Qt::Vertical)), m_layers(layers)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_tabs);
+    column->addWidget(m_splitter, 1);
+    m_tabs->addTab("Layers");
+    m_tabs->addTab("Presets");
+    m_tabs->setAccessibleName("Lists");
+    m_tabs->setExpanding(true);
+    m_tabs->setDrawBase(false);
+    m_tabs->setAcceptDrops(true);
+    m_tabs->setChangeCurrentOnDrag(true); // a preset is dragged over the tab into the layers
+    m_tabs->hide();
+    connect(m_tabs, &QTabBar::currentChanged, this, &ListsPane::showLists);
+    m_splitter->setHandleWidth(1);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->addWidget(layers);
+}
+
+void ListsPane::setPresets(QWidget *presets)
+{
+    m_presets = presets;
+    m_splitter->addWidget(presets);
+    m_splitter->setSizes({1, 1});
+    m_splitter->restoreState(m_state);
+    showLists();
+}
+
+void ListsPane::setFolded(bool isFolded)
+{
+    if (isFolded == m_isFolded)
+        return;
+    m_isFolded = isFolded;
+    m_tabs->setVisible(isFolded);
+    showLists();
+}
+
+void ListsPane::showPresets()
+{
+    m_tabs->setCurrentIndex(Presets);
+}
+
+void ListsPane::showLists()
+{
+    if (!m_presets)
+        return;
+    m_layers->setVisible(!m_isFolded || m_tabs->currentIndex() == Layers);
+    m_presets->setVisible(!m_isFolded || m_tabs->currentIndex() == Presets);
+}
+
+QByteArray ListsPane::saveState() const
+{
+    return m_presets ? m_splitter->saveState() : m_state;
+}
+
+void ListsPane::restoreState(const QByteArray &state)
+{
+    m_state = state;
+    if (m_presets)
+        m_splitter->restoreState(state);
+}

@@ -1,0 +1,116 @@
+#include "app/windows/LayerText.h"
+
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+#include "tests/screen/TestHost.h"
+
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+constexpr QSize output{1920, 1080};
+constexpr int furthest = std::numeric_limits<int>::max();
+
+class LayerTextTest : public ::testing::Test
+{
+protected:
+    /// 8 x 5 panels of 128 x 64: 65,536 px a row, 40,960 px a column.
+    LayerPointer wall()
+    {
+        const LayerPointer made = LWScreen::init(host);
+        made->setCol(8);
+        made->setRow(5);
+        made->setPanelWidth(128);
+        made->setPanelHeight(64);
+        made->drawInRect();
+        return made;
+    }
+
+    TestHost host;
+};
+} // namespace
+
+TEST_F(LayerTextTest, NothingIsWrongWithALayerThatTouchesTheOutput)
+{
+    const LayerPointer layer = wall();
+    for (const QPoint place : {QPoint(0, 0), QPoint(1919, 1079), QPoint(-1023, -319)}) {
+        layer->setXpoint(place.x());
+        layer->setYpoint(place.y());
+        EXPECT_EQ(LayerText::warnings(*layer, output), QStringList()) << place.x();
+    }
+}
+
+TEST_F(LayerTextTest, ALayerWhollyOutsideIsTold)
+{
+    const QStringList outside{"It lies wholly outside the output of 1,920 × 1,080 px; change its left and top."};
+    const LayerPointer layer = wall();
+    for (const QPoint place : {QPoint(1920, 0), QPoint(0, 1080), QPoint(-1024, 0), QPoint(0, -320), QPoint(furthest, 0),
+                               QPoint(0, furthest)}) {
+        layer->setXpoint(place.x());
+        layer->setYpoint(place.y());
+        EXPECT_EQ(LayerText::warnings(*layer, output), outside) << place.x() << ", " << place.y();
+    }
+    EXPECT_EQ(LayerText::warnings(*layer, {}), QStringList());
+}
+
+TEST_F(LayerTextTest, APortThatCannotCarryOneRowIsTold)
+{
+    const LayerPointer layer = wall();
+    layer->setDrawFlowPath(true);
+    layer->setPixelLimit(65'536);
+    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
+    layer->setPixelLimit(65'535);
+    EXPECT_EQ(
+        LayerText::warnings(*layer, output),
+        QStringList("One row of panels has 65,536 px, a port carries 65,535; raise the pixels per port or make the "
+                    "rows shorter."));
+    layer->setPattern(4);
+    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
+    layer->setPixelLimit(40'959);
+    EXPECT_EQ(
+        LayerText::warnings(*layer, output),
+        QStringList("One column of panels has 40,960 px, a port carries 40,959; raise the pixels per port or make "
+                    "the columns shorter."));
+}
+
+TEST_F(LayerTextTest, AWallWithoutAPathOrALimitHasNoPortsToBeOver)
+{
+    const LayerPointer layer = wall();
+    layer->setPixelLimit(1);
+    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
+    layer->setDrawFlowPath(true);
+    layer->setPixelLimit(0);
+    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
+    layer->setPixelLimit(1);
+    layer->setPattern(8);
+    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
+}
+
+TEST_F(LayerTextTest, TheMostUrgentComesFirst)
+{
+    const auto still = LWStill::initWithimage(host, {});
+    still->setImageURL(Address::fromLocalFile("/gone/logo.png"));
+    EXPECT_EQ(LayerText::warnings(*still, output),
+              QStringList("The picture /gone/logo.png is missing or cannot be read; choose it again."));
+    still->setPanelWidth(40);
+    still->setPanelHeight(30);
+    still->setXpoint(1920);
+    still->drawInRect();
+    const QStringList warnings = LayerText::warnings(*still, output);
+    ASSERT_EQ(warnings.size(), 2);
+    EXPECT_TRUE(warnings[0].startsWith("The picture")) << qPrintable(warnings[0]);
+    EXPECT_TRUE(warnings[1].startsWith("It lies")) << qPrintable(warnings[1]);
+}
+
+TEST_F(LayerTextTest, AWallThatNoNumberCountsIsNoFault)
+{
+    const LayerPointer layer = wall();
+    layer->setCol(furthest);
+    layer->setRow(furthest);
+    layer->setPanelWidth(furthest);
+    layer->setPanelHeight(furthest);
+    layer->setDrawFlowPath(true);
+    layer->setPixelLimit(1);
+    EXPECT_EQ(LayerText::warnings(*layer, output).size(), 1);
+    EXPECT_EQ(LayerText::ports(*layer), "1 port, 9,223,372,036,854,775,807 px, more than one port carries");
+}

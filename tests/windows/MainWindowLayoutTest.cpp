@@ -1,0 +1,95 @@
+#include "app/Settings.h"
+#include "app/windows/LayerTable.h"
+#include "app/windows/ListsPane.h"
+#include "canvas/LWCanvasImageView.h"
+#include "tests/windows/WindowFixture.h"
+
+#include <QLineEdit>
+#include <QSplitter>
+#include <QTabBar>
+#include <QTest>
+
+class MainWindowLayoutTest : public WindowFixture
+{
+protected:
+    MainWindowLayoutTest() { Settings::setWindowState({}); } // the fixture's window has been made with that of another
+    ~MainWindowLayoutTest() override { Settings::setWindowState({}); }
+
+    QTabBar &tabs() { return *window.findChild<ListsPane *>()->findChild<QTabBar *>(); }
+    static QSplitter &splitter(MainWindow &of, Qt::Orientation orientation)
+    {
+        for (QSplitter *splitter : of.findChildren<QSplitter *>()) {
+            if (splitter->orientation() == orientation)
+                return *splitter;
+        }
+        qFatal("the window has no such splitter");
+    }
+    void clickTab(int index) { QTest::mouseClick(&tabs(), Qt::LeftButton, {}, tabs().tabRect(index).center()); }
+};
+
+TEST_F(MainWindowLayoutTest, PresetsFoldIntoATabBelow1100)
+{
+    resizeTo({1100, 700});
+    EXPECT_FALSE(tabs().isVisible());
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_TRUE(presetTable().isVisible());
+
+    resizeTo({1099, 700});
+    EXPECT_TRUE(tabs().isVisible());
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_FALSE(presetTable().isVisible());
+    clickTab(1);
+    EXPECT_FALSE(table().isVisible());
+    EXPECT_TRUE(presetTable().isVisible());
+    clickTab(0);
+    EXPECT_TRUE(table().isVisible());
+
+    resizeTo({1100, 700});
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_TRUE(presetTable().isVisible());
+}
+
+TEST_F(MainWindowLayoutTest, TheSearchBringsFoldedPresetsForward)
+{
+    resizeTo({1000, 700});
+    pressControl(Qt::Key_L, {});
+    EXPECT_TRUE(presetTable().isVisible());
+    EXPECT_EQ(window.focusWidget()->accessibleName(), "Search presets");
+}
+
+TEST_F(MainWindowLayoutTest, TheListsHaveEqualHeightsAndTheirWidths)
+{
+    resizeTo({1280, 800});
+    const QList<int> heights = splitter(window, Qt::Vertical).sizes();
+    EXPECT_NEAR(heights[0], heights[1], 1);
+    EXPECT_EQ(splitter(window, Qt::Horizontal).sizes(), QList<int>({260, 718, 300})); // and two lines between
+}
+
+TEST_F(MainWindowLayoutTest, DividersComeBackWhereTheyWereLeft)
+{
+    resizeTo({1400, 800});
+    splitter(window, Qt::Horizontal).setSizes({330, 700, 368});
+    splitter(window, Qt::Vertical).setSizes({200, 450});
+    const QList<int> widths = splitter(window, Qt::Horizontal).sizes();
+    const QList<int> heights = splitter(window, Qt::Vertical).sizes();
+    window.close();
+
+    MainWindow next;
+    next.start();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&next));
+    next.makeLateParts();
+    EXPECT_EQ(splitter(next, Qt::Horizontal).sizes(), widths);
+    EXPECT_EQ(splitter(next, Qt::Vertical).sizes(), heights);
+}
+
+TEST_F(MainWindowLayoutTest, ADamagedLayoutIsNone)
+{
+    Settings::setWindowState(QByteArray(40, '\xff'));
+    MainWindow next;
+    next.start();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&next));
+    next.showNormal();
+    next.resize(1280, 800);
+    next.makeLateParts();
+    EXPECT_EQ(splitter(next, Qt::Horizontal).sizes(), QList<int>({260, 718, 300}));
+}
