@@ -6,6 +6,7 @@
 #include "bench/PsdSubjects.h"
 #include "bench/Start.h"
 #include "bench/Timing.h"
+#include "bench/WindowSubjects.h"
 
 #include <QSize>
 
@@ -13,6 +14,7 @@
 #include <utility>
 
 using ChartSubjects::Labels;
+using WindowSubjects::Paint;
 
 namespace {
 constexpr QSize fullHd(1920, 1080);
@@ -32,6 +34,11 @@ Operation againstMemset(std::string name, double goal, MakeSubject make)
 Operation againstMemcpy(std::string name, double goal, MakeSubject make)
 {
     return {std::move(name), "memcpy", goal, [make] { return timeOfMemcpy(make()); }};
+}
+
+Operation againstReading(std::string name, double goal, MakeSubject make)
+{
+    return {std::move(name), "read", goal, [make] { return timeOfReading(make()); }};
 }
 
 /// What a wall and an output of one size cost.
@@ -59,6 +66,7 @@ std::vector<Operation> operationsOfSize(const std::string &size, const QSize &ou
         againstMemcpy("PSD, 12 tiled layers, " + size, noGoal, [=] { return PsdSubjects::tiledLayers(output); }),
     };
 }
+
 Operation startOfTheWindow(double goal)
 {
     const auto spent = std::make_shared<std::string>();
@@ -111,6 +119,17 @@ std::vector<Operation> operationsWithGoals()
         againstMemcpy("channels of a PSD, chart whose rows repeat, 8K", 2.2,
                       [] { return PsdSubjects::channels(eightK, PsdSubjects::Rows::Repeat); }),
         againstMemcpy("PSD, 12 overlapping layers, 8K", 4, [] { return PsdSubjects::overlappingLayers(eightK, 12); }),
+        againstReading("canvas, 8K in 1280 x 720, after an edit", 2,
+                       [] { return WindowSubjects::canvas(eightK, Paint::AfterAnEdit); }),
+        againstReading("canvas, 8K in 1280 x 720, once more", 0.1,
+                       [] { return WindowSubjects::canvas(eightK, Paint::Again); }),
+        againstMemset("keystroke to canvas, 8K", 10, [] { return WindowSubjects::keystrokeIn8K(); }),
+        againstMemset("keystroke to canvas, corporate example", 10,
+                      [] { return WindowSubjects::keystrokeInExample("corporate"); }),
+        againstMemset("keystroke to canvas, festival example", 10,
+                      [] { return WindowSubjects::keystrokeInExample("festival"); }),
+        againstMemset("keystroke to canvas, studio example", 10,
+                      [] { return WindowSubjects::keystrokeInExample("studio"); }),
         startOfTheWindow(1.8),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},

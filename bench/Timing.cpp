@@ -57,3 +57,12 @@ double timeOfMemcpy(const Subject &subject)
         benchmark::DoNotOptimize(to.data());
     });
 }
+
+double timeOfReading(const Subject &subject)
+{
+    const std::vector<char> memory(subject.bytes, 0x55);
+    return medianRatio(subject, [&] {
+        const void *found = std::memchr(memory.data(), 0x2a, memory.size()); // it is not there
+        benchmark::DoNotOptimize(found);
+    });
+}

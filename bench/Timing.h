@@ -16,3 +16,5 @@ struct Subject
 double timeOfMemset(const Subject &subject);
 /// The same against a plain `memcpy` of as many bytes.
 double timeOfMemcpy(const Subject &subject);
+/// The same against reading as many bytes once, with `memchr`.
+double timeOfReading(const Subject &subject);

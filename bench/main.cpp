@@ -1,6 +1,7 @@
 #include "bench/Operations.h"
 
-#include <QGuiApplication>
+#include <QApplication>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <cstdio>
@@ -10,7 +11,7 @@
 namespace {
 constexpr char usage[] =
     "usage: wallwright_bench [--goals] [TEXT]\n"
-    "Prints how many times longer operations take than a plain memset or memcpy of the same bytes.\n"
+    "Prints how many times longer operations take than a plain memset, memcpy or reading of the same bytes.\n"
     "  --goals  measure only what has a goal; ends with 1 where one is not held\n"
     "  TEXT     measure only operations whose name contains it\n";
 
@@ -59,7 +60,10 @@ ExitStatus measure(const std::vector<Operation> &operations, const std::string &
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv); // fonts need one
+    const QTemporaryDir home; // what windows keep is not the person's
+    for (const char *place : {"HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+        qputenv(place, home.path().toLocal8Bit());
+    const QApplication application(argc, argv);
     std::vector<std::string> arguments(argv + 1, argv + argc);
     const bool goals = std::erase(arguments, "--goals") > 0;
     if (arguments.size() > 1 || (!arguments.empty() && arguments[0].starts_with('-'))) {
