@@ -29,6 +29,7 @@ int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
     const QApplication application(programNameAlone, argv);
     QApplication::setApplicationName("Wallwright");
+    QApplication::setDesktopFileName("org.wallwright.Wallwright"); // the window belongs to its entry in the menu
     MainWindow window;
     if (!arguments.isEmpty())
         window.applicationOpenFile(arguments.first());
