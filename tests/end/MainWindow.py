@@ -1,0 +1,82 @@
+"""What a person does in the main window, each act until its effect is seen on the screen."""
+
+from Desktop import wait_for
+
+# Where things are in the window of 1280 x 800. Walls, panels and rows of the lists are found by their colours.
+LISTS = (0, 40, 258, 755)
+LAYERS = (0, 90, 258, 400)
+PRESETS = (0, 400, 258, 755)
+CANVAS = (262, 40, 978, 755)
+EMPTY_PART_OF_LAYERS = (130, 330)
+COLUMNS_FIELD = (1180, 174)
+ROWS_FIELD = (1180, 204)
+
+RED, YELLOW, GREEN, ORANGE = b"\xff\0\0", b"\xff\xff\0", b"\0\xff\0", b"\xff\x80\0"
+NEW_WALL = [RED]
+PRESET, PRESET_COLOURS = "P 2.6", [YELLOW, GREEN]
+OTHER_PRESET = [ORANGE]
+
+
+def middle(box):
+    return (box[0] + box[2]) // 2, (box[1] + box[3]) // 2
+
+
+def start(desktop, program):
+    process = desktop.start(program)
+    desktop.wait_for_window("Untitled — Wallwright")
+    wait_for("the presets", lambda: desktop.picture().extent(PRESET_COLOURS, PRESETS))
+    return process
+
+
+def quit_program(desktop, process):
+    desktop.key("ctrl+q")
+    wait_for("the end of the program", lambda: process.poll() is not None)
+    assert process.returncode == 0, f"the program ended with {process.returncode}"
+
+
+def drag_preset_in(desktop):
+    desktop.key("ctrl+l")
+    desktop.type(PRESET)
+    wait_for("the other presets to go", lambda: not desktop.picture().extent(OTHER_PRESET, PRESETS))
+    preset = desktop.picture().extent(PRESET_COLOURS, PRESETS)
+    desktop.drag(middle(preset), EMPTY_PART_OF_LAYERS)
+    wait_for("the preset among the layers", lambda: desktop.picture().extent(PRESET_COLOURS, LAYERS))
+
+
+def delete_new_wall(desktop):
+    desktop.click(*middle(desktop.picture().extent(NEW_WALL, LAYERS)))
+    desktop.key("Delete")
+    wait_for("the new wall to go", lambda: not desktop.picture().extent(NEW_WALL, LISTS))
+
+
+def wall(desktop):
+    return desktop.picture().extent(PRESET_COLOURS, CANVAS)
+
+
+def has_size(box, columns, rows):
+    """Whether a wall of square panels looks like one of so many; within two pixels, its frame."""
+    width, height = box[2] - box[0], box[3] - box[1]
+    return abs(width - height * columns / rows) <= 2 * columns / rows
+
+
+def type_size(desktop, columns, rows):
+    """The columns as a sum, as the fields take them."""
+    desktop.click(*COLUMNS_FIELD)
+    desktop.key("ctrl+a")
+    desktop.type(f"{columns - 1}+1")
+    desktop.click(*ROWS_FIELD)
+    desktop.key("ctrl+a")
+    desktop.type(rows)
+    desktop.key("Return")
+    wait_for(f"a wall of {columns} x {rows}", lambda: has_size(wall(desktop), columns, rows))
+
+
+def switch_off(desktop, columns, rows, panels):
+    """The panels, (row from the top, column from the left), of a wall of which all are on."""
+    left, top, right, bottom = wall(desktop)
+    width, height = (right - left) / columns, (bottom - top) / rows
+    for row, column in panels:
+        panel = (round(left + (column + 0.2) * width), round(top + (row + 0.2) * height),
+                 round(left + (column + 0.8) * width), round(top + (row + 0.8) * height))
+        desktop.click(*middle(panel))
+        wait_for(f"panel {row},{column} to go off", lambda: not desktop.picture().extent(PRESET_COLOURS, panel))

@@ -1,0 +1,68 @@
+#!/usr/bin/env -S python3 -B
+"""The pictures of the documentation, taken from the real program: Screenshots.py PATH-OF-WALLWRIGHT FOLDER."""
+
+import subprocess
+import sys
+from pathlib import Path
+
+import MainWindow
+from Desktop import Desktop
+
+EXAMPLES = Path(__file__).parents[2] / "examples"
+INSPECTOR_MARGIN = (986, 420)
+BOOTH = (600, 588)  # the wall at the bottom of the festival, on the canvas
+BOOTH_MOVED = (452, 600)  # so far to the left that it meets the main wall's edge
+
+
+class Pictures:
+    def __init__(self, program, folder):
+        self.program, self.folder = program, folder
+        folder.mkdir(parents=True, exist_ok=True)
+
+    def take(self, desktop, name):
+        desktop.wait_for_rest()
+        desktop.save_picture(self.folder / name)
+        print(self.folder / name)
+
+    def open_example(self, desktop, name):
+        project = desktop.home / f"{name}.Orv"
+        subprocess.run([self.program, "convert", EXAMPLES / f"{name}.json", project], check=True,
+                       stdout=subprocess.DEVNULL)
+        desktop.start(self.program, project)
+        desktop.wait_for_window(f"{name}.Orv — Wallwright")
+        desktop.wait_for_rest()
+
+    def first_wall(self):
+        with Desktop() as desktop:
+            MainWindow.start(desktop, self.program)
+            self.take(desktop, "start.png")
+            MainWindow.drag_preset_in(desktop)
+            MainWindow.delete_new_wall(desktop)
+            MainWindow.type_size(desktop, 9, 5)
+            MainWindow.switch_off(desktop, 9, 5, [(0, 0), (0, 8), (4, 4)])
+            self.take(desktop, "first-wall.png")
+            desktop.wheel_down(*INSPECTOR_MARGIN, 30)
+            self.take(desktop, "inspector.png")
+
+    def festival(self):
+        with Desktop() as desktop:
+            self.open_example(desktop, "festival")
+            self.take(desktop, "window.png")
+            desktop.key("v")
+            desktop.drag_to(BOOTH, BOOTH_MOVED)
+            self.take(desktop, "arrange.png")
+            desktop.key("Escape")
+            desktop.release()
+
+    def preview(self):
+        with Desktop() as desktop:
+            self.open_example(desktop, "studio")
+            desktop.key("alt+v", "p")
+            desktop.wait_for_window("Output Preview")
+            self.take(desktop, "preview.png")
+
+
+pictures = Pictures(Path(sys.argv[1]).resolve(), Path(sys.argv[2]))
+pictures.first_wall()
+pictures.festival()
+pictures.preview()
