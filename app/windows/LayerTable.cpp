@@ -80,6 +80,16 @@ void LayerTable::showNamesWith(const QString &text)
 {
     m_searched = text;
     hideOtherNames();
+    for (int row = 0; shownRow() < 0 && row < m_list.rowCount(); ++row) {
+        if (!isRowHidden(row))
+            m_list.setSelectionIndex(row);
+    }
+}
+
+int LayerTable::shownRow() const
+{
+    const int row = currentIndex().row();
+    return row < 0 || isRowHidden(row) ? -1 : row;
 }
 
 void LayerTable::hideOtherNames()

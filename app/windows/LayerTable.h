@@ -18,8 +18,11 @@ public:
     LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind kind, LayerDelegate::Warnings warnings = {},
                QWidget *parent = nullptr);
 
-    /// Shows only the rows whose names contain the text, whatever its case; empty: all.
+    /// Shows only the rows whose names contain the text, whatever its case; empty: all. Where that hides the current
+    /// row, the first one that is shown is selected.
     void showNamesWith(const QString &text);
+    /// The current row; -1 where that is not shown.
+    int shownRow() const;
 
 signals:
     /// The eye of a row was pressed, which neither selects the row nor drags it.

@@ -20,6 +20,7 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
+#include <QLineEdit>
 #include <QLocale>
 #include <QMimeData>
 #include <QScreen>
@@ -156,6 +157,7 @@ void MainWindow::makeLateParts()
 {
     if (m_presetPanel)
         return;
+    fillMenus();
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
     m_presetPanel = new PresetPanel(m_document, m_interface);
     m_lists->setPresets(m_presetPanel);
@@ -256,6 +258,9 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 
 void MainWindow::keyPressEvent(QKeyEvent *event)
 {
+    // A field that has no use for an arrow is still no place to move layers from.
+    if (qobject_cast<QLineEdit *>(focusWidget()))
+        return QMainWindow::keyPressEvent(event);
     const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? longNudge : 1;
     switch (event->key()) {
     case Qt::Key_Left:

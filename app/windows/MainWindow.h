@@ -41,8 +41,9 @@ public:
     void start();
 
     LWAppDelegate &document() { return m_document; }
-    /// Gives the window its icon and makes the presets' table and the inspector's controls, if they are not there.
-    /// Otherwise that is done after the first painting, so that nobody waits for them before there is a window.
+    /// Gives the window its icons, and makes what is in the menus, the presets' table and the inspector's controls, if
+    /// they are not there. Otherwise that is done after the first painting, so that nobody waits for them before there
+    /// is a window.
     void makeLateParts();
 
 protected:
@@ -57,10 +58,20 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
+    /// A title in the menu bar, and what puts entries under it.
+    struct Menu
+    {
+        const char *title;
+        void (MainWindow::*fill)(QMenu &menu);
+    };
+    static const std::vector<Menu> &menus();
     void addMenus();
-    void addFileMenu();
-    void addEditMenu();
-    void addLayerMenu();
+    void fillMenus();
+    void fillFileMenu(QMenu &menu);
+    void fillEditMenu(QMenu &menu);
+    void fillLayerMenu(QMenu &menu);
+    void fillViewMenu(QMenu &menu);
+    void fillHelpMenu(QMenu &menu);
     void addPlaces(QMenu &menu);
     struct Entry
     {
@@ -69,8 +80,6 @@ private:
     };
     /// An action at whose start the message of the one before goes.
     QAction *addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys, const std::function<void()> &act);
-    void addViewMenu();
-    void addHelpMenu();
     void listDisplays(QMenu &menu);
     OutputPreview &outputPreview();
     void showPreviewOnDisplay();

@@ -15,89 +15,99 @@
 #include <QMenu>
 #include <QMenuBar>
 
-void MainWindow::addMenus()
+const std::vector<MainWindow::Menu> &MainWindow::menus()
 {
-    addFileMenu();
-    addEditMenu();
-    addLayerMenu();
-    addViewMenu();
-    addHelpMenu();
+    static const std::vector<Menu> all{
+        {"&File", &MainWindow::fillFileMenu},   {"&Edit", &MainWindow::fillEditMenu},
+        {"&Layer", &MainWindow::fillLayerMenu}, {"&View", &MainWindow::fillViewMenu},
+        {"&Help", &MainWindow::fillHelpMenu},
+    };
+    return all;
 }
 
-void MainWindow::addFileMenu()
+void MainWindow::addMenus()
 {
-    QMenu *menu = menuBar()->addMenu("&File");
-    addTold(*menu, {"&New", "file-earmark-plus"}, QKeySequence::New, [this] { m_document.newProject(); });
-    addTold(*menu, {"&Open...", "folder2-open"}, QKeySequence::Open, [this] {
+    for (const Menu &menu : menus())
+        menuBar()->addMenu(menu.title);
+}
+
+void MainWindow::fillMenus()
+{
+    const QList<QAction *> titles = menuBar()->actions();
+    for (std::size_t i = 0; i < menus().size(); ++i)
+        (this->*menus()[i].fill)(*titles[static_cast<qsizetype>(i)]->menu());
+}
+
+void MainWindow::fillFileMenu(QMenu &menu)
+{
+    addTold(menu, {"&New", "file-earmark-plus"}, QKeySequence::New, [this] { m_document.newProject(); });
+    addTold(menu, {"&Open...", "folder2-open"}, QKeySequence::Open, [this] {
         m_interface.prepareOpenPanel("Open project");
         m_document.openProject();
     });
-    QMenu *recent = menu->addMenu("Open &Recent");
+    QMenu *recent = menu.addMenu("Open &Recent");
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
-    menu->addSeparator();
-    addTold(*menu, {"&Save", "save"}, QKeySequence::Save, [this] {
+    menu.addSeparator();
+    addTold(menu, {"&Save", "save"}, QKeySequence::Save, [this] {
         m_interface.prepareSavePanel("Save project", ProjectFile::extension);
         m_document.save();
     });
-    addTold(*menu, {"Save &As..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
+    addTold(menu, {"Save &As..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
         m_interface.prepareSavePanel("Save project", ProjectFile::extension);
         m_document.saveProject();
     });
-    QMenu *recover = menu->addMenu("Re&cover");
+    QMenu *recover = menu.addMenu("Re&cover");
     connect(recover, &QMenu::aboutToShow, this, [this, recover] { listUnsavedWork(*recover); });
-    menu->addSeparator();
-    addTold(*menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] {
+    menu.addSeparator();
+    addTold(menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] {
         m_interface.prepareSavePanel("Export PNG", "png");
         m_document.saveAction();
     });
-    addTold(*menu, {"Export &PSD..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] {
+    addTold(menu, {"Export &PSD..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] {
         m_interface.prepareSavePanel("Export PSD", "psd", WindowInterface::Appended::Always);
         m_document.savePSD();
     });
-    menu->addSeparator();
-    menu->addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &MainWindow::close);
+    menu.addSeparator();
+    menu.addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &MainWindow::close);
 }
 
-void MainWindow::addEditMenu()
+void MainWindow::fillEditMenu(QMenu &menu)
 {
-    QMenu *menu = menuBar()->addMenu("&Edit");
     QAction *undo = m_document.undoStack().createUndoAction(this, "&Undo");
     undo->setShortcut(QKeySequence::Undo);
     undo->setIcon(Icons::icon("arrow-counterclockwise"));
-    menu->addAction(undo);
+    menu.addAction(undo);
     QAction *redo = m_document.undoStack().createRedoAction(this, "&Redo");
     redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
     redo->setIcon(Icons::icon("arrow-clockwise"));
-    menu->addAction(redo);
-    menu->addSeparator();
-    addTold(*menu, {"Cu&t", "scissors"}, QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
-    addTold(*menu, {"&Copy", "files"}, QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
-    addTold(*menu, {"&Paste", "clipboard"}, QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
-    menu->addAction(Icons::icon("pencil"), "&Rename Layer", Qt::Key_F2, this,
-                    [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
+    menu.addAction(redo);
+    menu.addSeparator();
+    addTold(menu, {"Cu&t", "scissors"}, QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
+    addTold(menu, {"&Copy", "files"}, QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
+    addTold(menu, {"&Paste", "clipboard"}, QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
+    menu.addAction(Icons::icon("pencil"), "&Rename Layer", Qt::Key_F2, this,
+                   [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
     m_layerTable->addAction(
-        addTold(*menu, {"D&uplicate Layer"}, Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); }));
+        addTold(menu, {"D&uplicate Layer"}, Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); }));
     m_layerTable->addAction(
-        addTold(*menu, {"&Delete Layer", "trash"}, QKeySequence::Delete, [this] { m_document.remove(); }));
-    addTold(*menu, {"Select &All"}, QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
+        addTold(menu, {"&Delete Layer", "trash"}, QKeySequence::Delete, [this] { m_document.remove(); }));
+    addTold(menu, {"Select &All"}, QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
 }
 
-void MainWindow::addLayerMenu()
+void MainWindow::fillLayerMenu(QMenu &menu)
 {
-    QMenu *menu = menuBar()->addMenu("&Layer");
-    addTold(*menu, {"Add &Screen", "grid"}, Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_document.AddScreen(); });
-    addTold(*menu, {"Add &Image...", "image"}, Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] {
+    addTold(menu, {"Add &Screen", "grid"}, Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_document.AddScreen(); });
+    addTold(menu, {"Add &Image...", "image"}, Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] {
         m_interface.prepareOpenPanel("Add image");
         m_document.AddImage();
     });
-    menu->addSeparator();
-    addTold(*menu, {"&Hide or Show", "eye"}, Qt::Key_H, [this] { m_document.toggleVisibility(); });
-    m_layerTable->addAction(addTold(*menu, {"Hide &Others"}, {}, [this] { m_document.hideOthers(); }));
-    menu->addSeparator();
-    addPlaces(*menu);
-    menu->addSeparator();
-    menu->addAction(Icons::icon("search"), "Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
-        makeLateParts();
+    menu.addSeparator();
+    addTold(menu, {"&Hide or Show", "eye"}, Qt::Key_H, [this] { m_document.toggleVisibility(); });
+    m_layerTable->addAction(addTold(menu, {"Hide &Others"}, {}, [this] { m_document.hideOthers(); }));
+    menu.addSeparator();
+    addPlaces(menu);
+    menu.addSeparator();
+    menu.addAction(Icons::icon("search"), "Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
         m_lists->showPresets();
         m_presetPanel->search();
     });
@@ -117,34 +127,32 @@ void MainWindow::addPlaces(QMenu &menu)
     m_layerTable->addAction(corners->menuAction());
 }
 
-void MainWindow::addViewMenu()
+void MainWindow::fillViewMenu(QMenu &menu)
 {
-    QMenu *menu = menuBar()->addMenu("&View");
     using Tool = LWCanvasImageView::Tool;
-    menu->addAction(Icons::icon("grid-3x3"), "P&anels Tool", Qt::Key_P, this,
-                    [this] { m_canvas->setTool(Tool::Panels); });
-    menu->addAction(Icons::icon("arrows-move"), "A&rrange Tool", Qt::Key_V, this,
-                    [this] { m_canvas->setTool(Tool::Arrange); });
-    menu->addSeparator();
-    menu->addAction(Icons::icon("zoom-in"), "&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
-    menu->addAction(Icons::icon("zoom-out"), "Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
-    menu->addAction("&100 %", Qt::CTRL | Qt::Key_1, m_canvas, &LWCanvasImageView::zoomTo100);
-    menu->addAction("&Fit", Qt::CTRL | Qt::Key_0, m_canvas, &LWCanvasImageView::zoomToFit);
-    menu->addSeparator();
-    addTold(*menu, {"Output &Preview", "display"}, {}, [this] { m_document.openPvw(); });
-    QMenu *displays = menu->addMenu("Preview on &Display");
+    menu.addAction(Icons::icon("grid-3x3"), "P&anels Tool", Qt::Key_P, this,
+                   [this] { m_canvas->setTool(Tool::Panels); });
+    menu.addAction(Icons::icon("arrows-move"), "A&rrange Tool", Qt::Key_V, this,
+                   [this] { m_canvas->setTool(Tool::Arrange); });
+    menu.addSeparator();
+    menu.addAction(Icons::icon("zoom-in"), "&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
+    menu.addAction(Icons::icon("zoom-out"), "Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
+    menu.addAction("&100 %", Qt::CTRL | Qt::Key_1, m_canvas, &LWCanvasImageView::zoomTo100);
+    menu.addAction("&Fit", Qt::CTRL | Qt::Key_0, m_canvas, &LWCanvasImageView::zoomToFit);
+    menu.addSeparator();
+    addTold(menu, {"Output &Preview", "display"}, {}, [this] { m_document.openPvw(); });
+    QMenu *displays = menu.addMenu("Preview on &Display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    addTold(*menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    addTold(menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
 }
 
-void MainWindow::addHelpMenu()
+void MainWindow::fillHelpMenu(QMenu &menu)
 {
-    QMenu *menu = menuBar()->addMenu("&Help");
-    addTold(*menu, {"&First Steps", "question-circle"}, QKeySequence::HelpContents, [this] { m_document.openHelp(); });
-    addTold(*menu, {"Help in the &Web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
-    addTold(*menu, {"Look for a New &Version"}, {}, [this] { m_document.webupdatecheck(); });
-    menu->addSeparator();
-    addTold(*menu, {"&About Wallwright"}, {}, [this] { m_document.openAbout(); });
+    addTold(menu, {"&First Steps", "question-circle"}, QKeySequence::HelpContents, [this] { m_document.openHelp(); });
+    addTold(menu, {"Help in the &Web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
+    addTold(menu, {"Look for a New &Version"}, {}, [this] { m_document.webupdatecheck(); });
+    menu.addSeparator();
+    addTold(menu, {"&About Wallwright"}, {}, [this] { m_document.openAbout(); });
 }
 
 void MainWindow::listDisplays(QMenu &menu)

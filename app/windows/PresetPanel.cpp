@@ -7,6 +7,7 @@
 #include "app/windows/WindowInterface.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -25,11 +26,33 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
     m_table->setObjectName("presetTView");
     m_search->setPlaceholderText("Search presets");
     m_search->setAccessibleName("Search presets");
-    m_search->setToolTip("Shows the presets whose names contain this");
+    m_search->setToolTip("Shows the presets whose names contain this. Enter adds the chosen one.");
     m_search->setClearButtonEnabled(true);
     connect(m_search, &QLineEdit::textChanged, m_table, &LayerTable::showNamesWith);
-    connect(m_table, &QAbstractItemView::activated, this,
-            [this](const QModelIndex &index) { m_document.insertPreset(index.row()); });
+    connect(m_search, &QLineEdit::returnPressed, this, &PresetPanel::addShown);
+    connect(m_table, &QAbstractItemView::activated, this, &PresetPanel::addShown);
+    m_search->installEventFilter(this);
+}
+
+bool PresetPanel::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isDown = event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down;
+    if (watched != m_search || !isDown)
+        return QWidget::eventFilter(watched, event);
+    m_table->setFocus();
+    return true;
+}
+
+void PresetPanel::addShown()
+{
+    if (m_table->shownRow() >= 0)
+        m_document.insertPreset(m_table->shownRow());
+}
+
+void PresetPanel::removeShown()
+{
+    if (m_table->shownRow() >= 0)
+        m_document.removePreset();
 }
 
 QWidget *PresetPanel::head()
@@ -56,7 +79,7 @@ QWidget *PresetPanel::head()
         m_document.savePresets();
     });
     menu->addSeparator();
-    menu->addAction("&Remove Preset", this, [this] { m_document.removePreset(); });
+    menu->addAction("&Remove Preset", this, &PresetPanel::removeShown);
     more->setMenu(menu);
     layout->addWidget(more);
     return row;

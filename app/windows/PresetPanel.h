@@ -20,8 +20,14 @@ public:
     /// Puts the cursor into the search field.
     void search();
 
+protected:
+    /// Down leads from the search to what it has found.
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     QWidget *head();
+    void addShown();
+    void removeShown();
 
     LWAppDelegate &m_document;
     WindowInterface &m_interface;

@@ -79,6 +79,37 @@ TEST_F(PresetPanelTest, EnterAddsTheChosenPresetAboveTheSelectedLayer)
     EXPECT_EQ(window.document().undoStack().undoText(), "Insert Preset");
 }
 
+TEST_F(PresetPanelTest, EnterInTheSearchAddsTheFirstThatItFinds)
+{
+    press(Qt::Key_L, Qt::ControlModifier, {});
+    QTest::keyClicks(&searchField(), "x15");
+    QTest::keyClick(&searchField(), Qt::Key_Return);
+    EXPECT_EQ(window.document().arraycontroller().layer(0)->label(), "X15");
+    EXPECT_EQ(window.document().arraycontroller().rowCount(), 2);
+}
+
+TEST_F(PresetPanelTest, DownLeadsFromTheSearchToWhatItFinds)
+{
+    press(Qt::Key_L, Qt::ControlModifier, {});
+    QTest::keyClicks(&searchField(), "x1");
+    QTest::keyClick(&searchField(), Qt::Key_Down);
+    ASSERT_TRUE(presetTable().hasFocus());
+    QTest::keyClick(&presetTable(), Qt::Key_Down);
+    QTest::keyClick(&presetTable(), Qt::Key_Return);
+    EXPECT_EQ(window.document().arraycontroller().layer(0)->label(), "HDO X12");
+    EXPECT_EQ(window.document().arraycontroller().layer(1)->ypoint(), 0); // Down has moved nothing
+}
+
+TEST_F(PresetPanelTest, WhatTheSearchHidesIsNeitherAddedNorRemoved)
+{
+    press(Qt::Key_L, Qt::ControlModifier, {});
+    QTest::keyClicks(&searchField(), "no such preset");
+    QTest::keyClick(&searchField(), Qt::Key_Return);
+    choose("Remove Preset", {});
+    EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
+    EXPECT_EQ(presets().rowCount(), 31);
+}
+
 TEST_F(PresetPanelTest, ALibraryIsSavedUnderTheTypedNameAndOpenedAgain)
 {
     presetTable().setCurrentIndex(presets().index(0));
