@@ -13,22 +13,11 @@ enum Tab
 } // namespace
 
 ListsPane::ListsPane(QWidget *layers, QWidget *parent)
-    : QWidget(parent), m_tabs(new QTabBar), m_splitter(new QSplitter(Qt::Vertical)), m_layers(layers)
+    : QWidget(parent), m_column(new QVBoxLayout(this)), m_splitter(new QSplitter(Qt::Vertical)), m_layers(layers)
 {
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(m_tabs);
-    column->addWidget(m_splitter, 1);
-    m_tabs->addTab("Layers");
-    m_tabs->addTab("Presets");
-    m_tabs->setAccessibleName("Lists");
-    m_tabs->setExpanding(true);
-    m_tabs->setDrawBase(false);
-    m_tabs->setAcceptDrops(true);
-    m_tabs->setChangeCurrentOnDrag(true); // a preset is dragged over the tab into the layers
-    m_tabs->hide();
-    connect(m_tabs, &QTabBar::currentChanged, this, &ListsPane::showLists);
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(0);
+    m_column->addWidget(m_splitter);
     m_splitter->setHandleWidth(1);
     m_splitter->setChildrenCollapsible(false);
     m_splitter->addWidget(layers);
@@ -40,15 +29,27 @@ void ListsPane::setPresets(QWidget *presets)
     m_splitter->addWidget(presets);
     m_splitter->setSizes({1, 1});
     m_splitter->restoreState(m_state);
+    addTabs();
     showLists();
+}
+
+void ListsPane::addTabs()
+{
+    m_tabs = new QTabBar;
+    m_tabs->addTab("Layers");
+    m_tabs->addTab("Presets");
+    m_tabs->setAccessibleName("Lists");
+    m_tabs->setExpanding(true);
+    m_tabs->setDrawBase(false);
+    m_tabs->setAcceptDrops(true);
+    m_tabs->setChangeCurrentOnDrag(true); // a preset is dragged over the tab into the layers
+    connect(m_tabs, &QTabBar::currentChanged, this, &ListsPane::showLists);
+    m_column->insertWidget(0, m_tabs);
 }
 
 void ListsPane::setFolded(bool isFolded)
 {
-    if (isFolded == m_isFolded)
-        return;
     m_isFolded = isFolded;
-    m_tabs->setVisible(isFolded);
     showLists();
 }
 
@@ -61,6 +62,7 @@ void ListsPane::showLists()
 {
     if (!m_presets)
         return;
+    m_tabs->setVisible(m_isFolded);
     m_layers->setVisible(!m_isFolded || m_tabs->currentIndex() == Layers);
     m_presets->setVisible(!m_isFolded || m_tabs->currentIndex() == Presets);
 }

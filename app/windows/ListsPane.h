@@ -4,6 +4,7 @@
 
 class QSplitter;
 class QTabBar;
+class QVBoxLayout;
 
 /// The two lists at the window's left: layers above presets or, folded, each behind a tab.
 class ListsPane final : public QWidget
@@ -18,8 +19,7 @@ public:
     void setPresets(QWidget *presets);
     /// Whether one list at a time is shown, for windows that leave little room.
     void setFolded(bool isFolded);
-    bool isFolded() const { return m_isFolded; }
-    /// Brings the presets forward where they are behind the layers.
+    /// Brings the presets, which have come, forward where they are behind the layers.
     void showPresets();
 
     /// How high the lists are; restoring anything else than what saveState() gave changes nothing.
@@ -27,12 +27,14 @@ public:
     void restoreState(const QByteArray &state);
 
 private:
+    void addTabs();
     void showLists();
 
-    QTabBar *m_tabs;
+    QVBoxLayout *m_column;
     QSplitter *m_splitter;
     QWidget *m_layers;
     QWidget *m_presets = nullptr; ///< null until they have come
+    QTabBar *m_tabs = nullptr;    ///< likewise
     QByteArray m_state;           ///< to be restored when they have
     bool m_isFolded = false;
 };

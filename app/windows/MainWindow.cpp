@@ -54,6 +54,7 @@ MainWindow::MainWindow()
     resize(firstSize);
     addViews();
     addMenus();
+    Theme::applyStyleSheet();
     connectDocument();
     connectViews();
 }

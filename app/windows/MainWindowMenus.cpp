@@ -143,7 +143,8 @@ void MainWindow::fillViewMenu(QMenu &menu)
     addTold(menu, {"Output &Preview", "display"}, {}, [this] { m_document.openPvw(); });
     QMenu *displays = menu.addMenu("Preview on &Display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    addTold(menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    QAction *fill = addTold(menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    fill->setShortcutContext(Qt::ApplicationShortcut); // the preview has the keyboard when it fills the display
 }
 
 void MainWindow::fillHelpMenu(QMenu &menu)

@@ -4,18 +4,22 @@
 #include "app/windows/SumText.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <optional>
 
 namespace {
 constexpr QStringView mixed = u"—";
 constexpr int longStep = 10;
+constexpr std::chrono::milliseconds afterTheEntry{250};
 } // namespace
 
 NumberField::NumberField(int lowest, int highest, const QString &unit, QWidget *parent) : QSpinBox(parent)
@@ -110,15 +114,25 @@ void NumberField::wheelEvent(QWheelEvent *event)
 
 void NumberField::focusOutEvent(QFocusEvent *event)
 {
-    const QString typed = withoutUnit(lineEdit()->text());
-    if (typed != mixed && !valueOf(typed))
-        sayWhy();
+    sayWhyIfWrong();
     QSpinBox::focusOutEvent(event);
 }
 
-void NumberField::sayWhy()
+void NumberField::keyPressEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        sayWhyIfWrong();
+    QSpinBox::keyPressEvent(event);
+}
+
+void NumberField::sayWhyIfWrong()
+{
+    const QString typed = withoutUnit(lineEdit()->text());
+    if (typed == mixed || valueOf(typed))
+        return;
     const QString why = QString("A whole number from %1 to %2, or a sum such as 6*128")
                             .arg(NumberText::grouped(minimum()), NumberText::grouped(maximum()));
-    QToolTip::showText(mapToGlobal(QPoint(0, height())), why, this);
+    // The key or the click that ends the entry would close a tip that is there already.
+    QTimer::singleShot(afterTheEntry, this,
+                       [this, why] { QToolTip::showText(mapToGlobal(QPoint(0, height())), why, this); });
 }

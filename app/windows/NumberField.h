@@ -5,8 +5,8 @@
 #include <optional>
 
 /// A field for a whole number with its unit behind it. Sums can be typed; each text that has a value within the range
-/// is taken while it is typed, anything else keeps the last value and says why when it is left. Up and Down step by 1,
-/// with Shift by 10; the wheel steps only where the cursor is.
+/// is taken while it is typed, anything else keeps the last value and says why when Enter is pressed or the field is
+/// left. Up and Down step by 1, with Shift by 10; the wheel steps only where the cursor is.
 class NumberField final : public QSpinBox
 {
     Q_OBJECT
@@ -35,6 +35,7 @@ protected:
     void fixup(QString &text) const override;
     void wheelEvent(QWheelEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     static constexpr int leastWidth = 72;
@@ -42,7 +43,7 @@ private:
     std::optional<int> valueOf(const QString &text) const;
     QString withoutUnit(const QString &text) const;
     void takeTyped(const QString &text);
-    void sayWhy();
+    void sayWhyIfWrong();
 
     bool m_isMixed = false;
 };

@@ -72,6 +72,10 @@ void Theme::apply()
     QApplication::setFont(fontOfSize(textSize));
     QToolTip::setPalette(palette());
     QToolTip::setFont(fontOfSize(textSize));
+}
+
+void Theme::applyStyleSheet()
+{
     qApp->setStyleSheet(styleSheet());
 }
 

@@ -28,6 +28,9 @@ inline constexpr int cornerRadius = 4;
 
 /// Gives the application style, colours and fonts. Any number of times; a QApplication exists.
 void apply();
+/// The rest of the look. Last, when the widgets of a window stand in each other: with a style sheet, each one that is
+/// put into another is styled anew with all that is in it.
+void applyStyleSheet();
 
 /// The title of a group, which has its words said in capitals; `buddy` is what it names.
 QLabel *title(const QString &text, QWidget *buddy = nullptr);

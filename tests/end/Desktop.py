@@ -55,6 +55,14 @@ class Desktop:
         self._folder = tempfile.TemporaryDirectory(prefix="desktop")
         self.home = Path(self._folder.name)
         self._running = []
+        try:
+            self._start_servers()
+        except Exception:
+            self.__exit__()
+            raise
+        return self
+
+    def _start_servers(self):
         reading, writing = os.pipe()
         self._start(["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{self.width}x{self.height}x24",
                      "-nolisten", "tcp", "-noreset"], os.environ, pass_fds=[writing])
@@ -65,7 +73,6 @@ class Desktop:
         self.environment = self._environment(f":{number}")
         self._start(["openbox", "--config-file", "/dev/null"], self.environment)
         wait_for("the window manager", lambda: self._output("xdotool", "get_num_desktops") not in ("", "0"))
-        return self
 
     def __exit__(self, *_):
         for process in reversed(self._running):
@@ -111,16 +118,13 @@ class Desktop:
 
     def wait_for_window(self, title):
         """Until the window that has the keyboard has this title."""
-        wait_for(f'the window "{title}" (it is "{self.active_title()}")', lambda: self.active_title() == title)
+        wait_for(f'the window "{title}"', lambda: self.active_title() == title)
 
     def key(self, *keys):
         self._xdotool("key", "--delay", 30, *keys)
 
     def type(self, text):
         self._xdotool("type", "--delay", 15, text)
-
-    def move(self, x, y):
-        self._xdotool("mousemove", x, y)
 
     def click(self, x, y):
         self._xdotool("mousemove", x, y, "click", 1)

@@ -12,6 +12,7 @@ from Desktop import Desktop, wait_for
 
 COLUMNS, ROWS = 9, 5
 SWITCHED_OFF = [(0, 0), (1, 3), (4, 8)]  # row from the top, column from the left
+SHOW = "Show.Orv — Wallwright"  # the main window, once the show has its file
 
 
 def save(desktop, keys, panel, typed, file):
@@ -20,20 +21,15 @@ def save(desktop, keys, panel, typed, file):
     desktop.type(typed)
     desktop.key("Return")
     wait_for(file.name, file.exists)
+    desktop.wait_for_window(SHOW)
 
 
 def make_show(desktop, program, folder):
     process = MainWindow.start(desktop, program)
-    MainWindow.drag_preset_in(desktop)
-    MainWindow.delete_new_wall(desktop)
-    MainWindow.type_size(desktop, COLUMNS, ROWS)
-    MainWindow.switch_off(desktop, COLUMNS, ROWS, SWITCHED_OFF)
+    MainWindow.make_wall(desktop, COLUMNS, ROWS, SWITCHED_OFF)
     save(desktop, "ctrl+s", "Save project", folder / "Show.Orv", folder / "Show.Orv")
-    desktop.wait_for_window("Show.Orv — Wallwright")
     save(desktop, "ctrl+e", "Export PNG", folder / "made.png", folder / "made.png")
-    desktop.wait_for_window("Show.Orv — Wallwright")
-    save(desktop, "ctrl+shift+e", "Export PSD", folder / "made", folder / "made.psd")
-    desktop.wait_for_window("Show.Orv — Wallwright")
+    save(desktop, "ctrl+shift+e", "Export PSD", folder / "made", folder / "made.psd")  # the ending is always added
     MainWindow.quit_program(desktop, process)
 
 
@@ -43,9 +39,8 @@ def open_show_again(desktop, program, folder):
     desktop.wait_for_window("Open project")
     desktop.type(folder / "Show.Orv")
     desktop.key("Return")
-    desktop.wait_for_window("Show.Orv — Wallwright")
+    desktop.wait_for_window(SHOW)
     save(desktop, "ctrl+e", "Export PNG", folder / "again.png", folder / "again.png")
-    desktop.wait_for_window("Show.Orv — Wallwright")
     MainWindow.quit_program(desktop, process)
 
 

@@ -12,9 +12,9 @@ COLUMNS_FIELD = (1180, 174)
 ROWS_FIELD = (1180, 204)
 
 RED, YELLOW, GREEN, ORANGE = b"\xff\0\0", b"\xff\xff\0", b"\0\xff\0", b"\xff\x80\0"
-NEW_WALL = [RED]
+FIRST_WALL_COLOURS = [RED]
 PRESET, PRESET_COLOURS = "P 2.6", [YELLOW, GREEN]
-OTHER_PRESET = [ORANGE]
+OTHER_PRESET_COLOURS = [ORANGE]
 
 
 def middle(box):
@@ -34,19 +34,27 @@ def quit_program(desktop, process):
     assert process.returncode == 0, f"the program ended with {process.returncode}"
 
 
+def make_wall(desktop, columns, rows, switched_off):
+    """A wall of the preset in the place of the one that a new project begins with."""
+    drag_preset_in(desktop)
+    delete_first_wall(desktop)
+    type_size(desktop, columns, rows)
+    switch_off(desktop, columns, rows, switched_off)
+
+
 def drag_preset_in(desktop):
     desktop.key("ctrl+l")
     desktop.type(PRESET)
-    wait_for("the other presets to go", lambda: not desktop.picture().extent(OTHER_PRESET, PRESETS))
+    wait_for("the other presets to go", lambda: not desktop.picture().extent(OTHER_PRESET_COLOURS, PRESETS))
     preset = desktop.picture().extent(PRESET_COLOURS, PRESETS)
     desktop.drag(middle(preset), EMPTY_PART_OF_LAYERS)
     wait_for("the preset among the layers", lambda: desktop.picture().extent(PRESET_COLOURS, LAYERS))
 
 
-def delete_new_wall(desktop):
-    desktop.click(*middle(desktop.picture().extent(NEW_WALL, LAYERS)))
+def delete_first_wall(desktop):
+    desktop.click(*middle(desktop.picture().extent(FIRST_WALL_COLOURS, LAYERS)))
     desktop.key("Delete")
-    wait_for("the new wall to go", lambda: not desktop.picture().extent(NEW_WALL, LISTS))
+    wait_for("the first wall to go", lambda: not desktop.picture().extent(FIRST_WALL_COLOURS, LISTS))
 
 
 def wall(desktop):
@@ -55,6 +63,8 @@ def wall(desktop):
 
 def has_size(box, columns, rows):
     """Whether a wall of square panels looks like one of so many; within two pixels, its frame."""
+    if not box:
+        return False
     width, height = box[2] - box[0], box[3] - box[1]
     return abs(width - height * columns / rows) <= 2 * columns / rows
 

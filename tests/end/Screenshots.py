@@ -10,6 +10,7 @@ from Desktop import Desktop
 
 EXAMPLES = Path(__file__).parents[2] / "examples"
 INSPECTOR_MARGIN = (986, 420)
+PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 325), (1117, 222)  # when the inspector is scrolled to its end
 BOOTH = (600, 588)  # the wall at the bottom of the festival, on the canvas
 BOOTH_MOVED = (452, 600)  # so far to the left that it meets the main wall's edge
 
@@ -36,12 +37,11 @@ class Pictures:
         with Desktop() as desktop:
             MainWindow.start(desktop, self.program)
             self.take(desktop, "start.png")
-            MainWindow.drag_preset_in(desktop)
-            MainWindow.delete_new_wall(desktop)
-            MainWindow.type_size(desktop, 9, 5)
-            MainWindow.switch_off(desktop, 9, 5, [(0, 0), (0, 8), (4, 4)])
+            MainWindow.make_wall(desktop, 9, 5, [(0, 0), (0, 8), (4, 4)])
             self.take(desktop, "first-wall.png")
             desktop.wheel_down(*INSPECTOR_MARGIN, 30)
+            desktop.click(*PATH_SWITCH)
+            desktop.click(*PANEL_LABELS_SWITCH)
             self.take(desktop, "inspector.png")
 
     def festival(self):
