@@ -62,6 +62,7 @@ Inspector::Inspector(LWAppDelegate &document, WindowInterface &interface, QWidge
     : QScrollArea(parent), m_document(document), m_interface(interface)
 {
     setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus); // it scrolls to the control that has the focus
     setWidgetResizable(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAccessibleName("Inspector");

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QTabBar>
 #include <QWidget>
 
 class QSplitter;
-class QTabBar;
 class QVBoxLayout;
 
 /// The two lists at the window's left: layers above presets or, folded, each behind a tab.
@@ -19,6 +19,8 @@ public:
     void setPresets(QWidget *presets);
     /// Whether one list at a time is shown, for windows that leave little room.
     void setFolded(bool isFolded);
+    /// The tabs of folded lists; null until the presets have come.
+    QWidget *tabs() { return m_tabs; }
     /// Brings the presets, which have come, forward where they are behind the layers.
     void showPresets();
 
@@ -34,7 +36,7 @@ private:
     QSplitter *m_splitter;
     QWidget *m_layers;
     QWidget *m_presets = nullptr; ///< null until they have come
-    QTabBar *m_tabs = nullptr;    ///< likewise
-    QByteArray m_state;           ///< to be restored when they have
+    QTabBar *m_tabs = nullptr;
+    QByteArray m_state; ///< to be restored when they have
     bool m_isFolded = false;
 };

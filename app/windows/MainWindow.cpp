@@ -31,6 +31,7 @@
 #include <QVBoxLayout>
 
 #include <chrono>
+#include <initializer_list>
 
 namespace {
 constexpr QSize firstSize{1280, 800};
@@ -166,6 +167,24 @@ void MainWindow::makeLateParts()
     m_addButton->setIcon(Icons::icon("plus-lg"));
     m_deleteButton->setIcon(Icons::icon("dash-lg"));
     m_inspector->makeControls();
+    orderFocus();
+}
+
+/// Tab goes through the regions as they are read; by itself it would go as they were made.
+void MainWindow::orderFocus()
+{
+    QWidget *last = m_lists->tabs();
+    QWidget *const layers = m_layerTable->parentWidget();
+    for (const QWidget *region :
+         std::initializer_list<QWidget *>{layers, m_presetPanel, m_canvasPane, m_inspector, m_powerBar}) {
+        for (QWidget *control : region->findChildren<QWidget *>()) {
+            const bool takesTab = (control->focusPolicy() & Qt::TabFocus) != 0;
+            if (!takesTab || control->focusProxy() || control->window() != this)
+                continue;
+            setTabOrder(last, control);
+            last = control;
+        }
+    }
 }
 
 void MainWindow::connectDocument()

@@ -87,6 +87,7 @@ private:
     void listUnsavedWork(QMenu &menu);
     void forget(const std::vector<FoundCopy> &copies);
     QWidget *layersPanel();
+    void orderFocus();
     QToolButton *headButton(const QString &sign, const QString &name, const QString &tip,
                             const std::function<void()> &act);
     void addViews();

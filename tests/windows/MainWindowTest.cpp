@@ -50,12 +50,11 @@ TEST_F(MainWindowTest, ThePowerLineFollowsVoltageAndPhases)
 
 TEST_F(MainWindowTest, VoltageAndPhasesAreChosenWithTheKeyboardToo)
 {
-    inspector().setFocus();
-    for (const QWidget *last = nullptr;
-         last != window.focusWidget() && inspector().isAncestorOf(window.focusWidget());) {
-        last = window.focusWidget();
-        QTest::keyClick(&window, Qt::Key_Tab);
+    for (QWidget *control : inspector().findChildren<QWidget *>()) {
+        if (control->accessibleName() == "Edge colour") // the last one before
+            control->setFocus();
     }
+    QTest::keyClick(&window, Qt::Key_Tab);
     QTest::keyClick(window.focusWidget(), Qt::Key_Right);
     EXPECT_EQ(window.document().voltageCalc(), 208);
     QTest::keyClick(&window, Qt::Key_Tab);
@@ -107,6 +106,21 @@ TEST_F(MainWindowTest, ControlQClosesTheWindow)
 {
     pressControl(Qt::Key_Q, {});
     EXPECT_FALSE(window.isVisible());
+}
+
+TEST_F(MainWindowTest, TabGoesThroughTheRegionsAsTheyAreRead)
+{
+    QStringList names;
+    table().setFocus();
+    for (int i = 0; i < 200 && (names.isEmpty() || window.focusWidget() != &table()); ++i) {
+        names.append(window.focusWidget()->accessibleName());
+        QTest::keyClick(&window, Qt::Key_Tab);
+    }
+    const QStringList starts = {"Layers", "Search presets", "Preset library", "Presets"};
+    EXPECT_EQ(names.mid(0, 4), starts);
+    const QStringList landmarks = {"Presets", "Canvas", "Name", "Edge colour", "Zoom", "Add layer", "Delete layer"};
+    for (qsizetype i = 1; i < landmarks.size(); ++i)
+        EXPECT_LT(names.indexOf(landmarks[i - 1]), names.indexOf(landmarks[i])) << qPrintable(landmarks[i]);
 }
 
 TEST_F(MainWindowTest, EveryControlHasANameAndATip)
