@@ -21,6 +21,8 @@ struct ToolText
     const char *tip;
     const char *hint;
 };
+/// Wider than the icon is, for some room beside the text.
+constexpr QSize iconSize{20, 16};
 constexpr ToolText toolTexts[] = {
     {Tool::Panels, "Panels", "grid-3x3", "Switches panels off and on, and resizes images (P)",
      "Click a panel to switch it off or on. Drag an image or its handles."},
@@ -55,6 +57,7 @@ QWidget *CanvasPane::toolSwitch()
         button->setToolTip(text.tip);
         button->setCheckable(true);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        button->setIconSize(iconSize);
         connect(button, &QToolButton::clicked, m_canvas, [this, tool = text.tool] { m_canvas->setTool(tool); });
         m_tools->addButton(button, static_cast<int>(text.tool));
         row->addWidget(button);

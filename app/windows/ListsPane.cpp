@@ -53,6 +53,11 @@ void ListsPane::setFolded(bool isFolded)
     showLists();
 }
 
+void ListsPane::showLayers()
+{
+    m_tabs->setCurrentIndex(Layers);
+}
+
 void ListsPane::showPresets()
 {
     m_tabs->setCurrentIndex(Presets);

@@ -21,7 +21,8 @@ public:
     void setFolded(bool isFolded);
     /// The tabs of folded lists; null until the presets have come.
     QWidget *tabs() { return m_tabs; }
-    /// Brings the presets, which have come, forward where they are behind the layers.
+    /// Bring one list forward where it is behind the other. The presets have come.
+    void showLayers();
     void showPresets();
 
     /// How high the lists are; restoring anything else than what saveState() gave changes nothing.

@@ -88,6 +88,10 @@ private:
     void forget(const std::vector<FoundCopy> &copies);
     QWidget *layersPanel();
     void orderFocus();
+    /// The table that keys go to: the presets while they have the focus, otherwise the layers.
+    LayerTable &tableInUse();
+    void rename();
+    void removeSelected();
     QToolButton *headButton(const QString &sign, const QString &name, const QString &tip,
                             const std::function<void()> &act);
     void addViews();

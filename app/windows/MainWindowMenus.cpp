@@ -85,13 +85,33 @@ void MainWindow::fillEditMenu(QMenu &menu)
     addTold(menu, {"Cu&t", "scissors"}, QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
     addTold(menu, {"&Copy", "files"}, QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
     addTold(menu, {"&Paste", "clipboard"}, QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
-    menu.addAction(Icons::icon("pencil"), "&Rename Layer", Qt::Key_F2, this,
-                   [this] { m_layerTable->edit(m_layerTable->currentIndex()); });
-    m_layerTable->addAction(
-        addTold(menu, {"D&uplicate Layer"}, Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); }));
-    m_layerTable->addAction(
-        addTold(menu, {"&Delete Layer", "trash"}, QKeySequence::Delete, [this] { m_document.remove(); }));
-    addTold(menu, {"Select &All"}, QKeySequence::SelectAll, [this] { m_layerTable->selectAll(); });
+    addTold(menu, {"&Rename", "pencil"}, Qt::Key_F2, [this] { rename(); });
+    QAction *duplicate = addTold(menu, {"D&uplicate Layer"}, Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); });
+    QAction *remove = addTold(menu, {"D&elete", "trash"}, QKeySequence::Delete, [this] { removeSelected(); });
+    addTold(menu, {"Select &All"}, QKeySequence::SelectAll, [this] { tableInUse().selectAll(); });
+    m_layerTable->addActions({duplicate, remove});
+}
+
+LayerTable &MainWindow::tableInUse()
+{
+    LayerTable &presets = m_presetPanel->table();
+    return presets.hasFocus() ? presets : *m_layerTable;
+}
+
+void MainWindow::rename()
+{
+    LayerTable &table = tableInUse();
+    if (&table == m_layerTable)
+        m_lists->showLayers();
+    table.edit(table.currentIndex());
+}
+
+void MainWindow::removeSelected()
+{
+    if (&tableInUse() == m_layerTable)
+        m_document.remove();
+    else
+        m_presetPanel->removeShown();
 }
 
 void MainWindow::fillLayerMenu(QMenu &menu)

@@ -16,19 +16,25 @@
 
 PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
     : QWidget(parent), m_document(document), m_interface(interface), m_search(new QLineEdit),
-      m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::Kind::Presets))
+      m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::Kind::Presets)),
+      m_nothingFound(new QLabel("No preset has such a name"))
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, Theme::edge, 0, 0);
     column->setSpacing(Theme::gap);
     column->addWidget(head());
+    m_nothingFound->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
+    m_nothingFound->hide();
+    column->addWidget(m_nothingFound);
     column->addWidget(m_table);
+    m_table->addAction("&Add to Layers", this, &PresetPanel::addShown);
+    m_table->addAction("&Remove Preset", this, &PresetPanel::removeShown);
     m_table->setObjectName("presetTView");
     m_search->setPlaceholderText("Search presets");
     m_search->setAccessibleName("Search presets");
     m_search->setToolTip("Shows the presets whose names contain this. Enter adds the chosen one.");
     m_search->setClearButtonEnabled(true);
-    connect(m_search, &QLineEdit::textChanged, m_table, &LayerTable::showNamesWith);
+    connect(m_search, &QLineEdit::textChanged, this, &PresetPanel::showFound);
     connect(m_search, &QLineEdit::returnPressed, this, &PresetPanel::addShown);
     connect(m_table, &QAbstractItemView::activated, this, &PresetPanel::addShown);
     m_search->installEventFilter(this);
@@ -36,11 +42,24 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
 
 bool PresetPanel::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isDown = event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Down;
-    if (watched != m_search || !isDown)
+    if (watched != m_search || event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
-    m_table->setFocus();
-    return true;
+    switch (static_cast<QKeyEvent *>(event)->key()) {
+    case Qt::Key_Down:
+        m_table->setFocus();
+        return true;
+    case Qt::Key_Escape:
+        m_search->clear();
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PresetPanel::showFound(const QString &searched)
+{
+    m_table->showNamesWith(searched);
+    m_nothingFound->setVisible(m_table->shownRow() < 0);
 }
 
 void PresetPanel::addShown()

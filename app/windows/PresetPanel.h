@@ -4,6 +4,7 @@
 
 class LWAppDelegate;
 class LayerTable;
+class QLabel;
 class QLineEdit;
 class WindowInterface;
 
@@ -19,18 +20,21 @@ public:
     LayerTable &table() { return *m_table; }
     /// Puts the cursor into the search field.
     void search();
+    /// Removes the selected presets, unless the search hides them.
+    void removeShown();
 
 protected:
-    /// Down leads from the search to what it has found.
+    /// In the search, Down leads to what it has found, and Escape ends it.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     QWidget *head();
     void addShown();
-    void removeShown();
+    void showFound(const QString &searched);
 
     LWAppDelegate &m_document;
     WindowInterface &m_interface;
     QLineEdit *m_search;
     LayerTable *m_table;
+    QLabel *m_nothingFound;
 };

@@ -57,6 +57,16 @@ TEST_F(MainWindowLayoutTest, TheSearchBringsFoldedPresetsForward)
     EXPECT_EQ(window.focusWidget()->accessibleName(), "Search presets");
 }
 
+TEST_F(MainWindowLayoutTest, RenamingBringsFoldedLayersForward)
+{
+    resizeTo({1000, 700});
+    clickTab(1);
+    canvas().setFocus();
+    press(Qt::Key_F2, Qt::NoModifier, {});
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_NE(table().findChild<QLineEdit *>(), nullptr);
+}
+
 TEST_F(MainWindowLayoutTest, TheListsHaveEqualHeightsAndTheirWidths)
 {
     resizeTo({1280, 800});

@@ -104,10 +104,42 @@ TEST_F(PresetPanelTest, WhatTheSearchHidesIsNeitherAddedNorRemoved)
 {
     press(Qt::Key_L, Qt::ControlModifier, {});
     QTest::keyClicks(&searchField(), "no such preset");
+    EXPECT_TRUE(shows("No preset has such a name"));
     QTest::keyClick(&searchField(), Qt::Key_Return);
     choose("Remove Preset", {});
     EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
     EXPECT_EQ(presets().rowCount(), 31);
+
+    QTest::keyClick(&searchField(), Qt::Key_Escape);
+    EXPECT_EQ(shownNames().size(), 31);
+    EXPECT_FALSE(shows("No preset has such a name"));
+}
+
+TEST_F(PresetPanelTest, KeysInThePresetsMeanPresets)
+{
+    window.document().AddScreen();
+    presetTable().setFocus();
+    presetTable().setCurrentIndex(presets().index(2));
+    press(Qt::Key_Delete, Qt::NoModifier, {});
+    EXPECT_EQ(presets().rowCount(), 30);
+    EXPECT_EQ(window.document().arraycontroller().rowCount(), 2);
+    press(Qt::Key_A, Qt::ControlModifier, {});
+    EXPECT_EQ(presets().selectionIndexes().size(), 30u);
+    EXPECT_EQ(window.document().arraycontroller().selectionIndexes().size(), 1u);
+    press(Qt::Key_F2, Qt::NoModifier, {});
+    ASSERT_NE(presetTable().findChild<QLineEdit *>(), nullptr);
+    EXPECT_EQ(table().findChild<QLineEdit *>(), nullptr);
+}
+
+TEST_F(PresetPanelTest, TheContextMenuAddsAndRemoves)
+{
+    presetTable().setCurrentIndex(presets().index(3));
+    const QList<QAction *> actions = presetTable().actions();
+    ASSERT_EQ(actions.size(), 2);
+    actions[0]->trigger();
+    EXPECT_EQ(window.document().arraycontroller().layer(0)->label(), "P 3.9");
+    actions[1]->trigger();
+    EXPECT_EQ(presets().rowCount(), 30);
 }
 
 TEST_F(PresetPanelTest, ALibraryIsSavedUnderTheTypedNameAndOpenedAgain)
