@@ -3,6 +3,7 @@
 #include "canvas/CanvasDocument.h"
 #include "screen/LWScreen.h"
 
+#include <algorithm>
 #include <limits>
 #include <unordered_set>
 #include <utility>
@@ -93,6 +94,12 @@ void Arranging::finish()
 {
     if (m_way != Way())
         m_document.finishEdit("Move Layer", {});
+}
+
+void Arranging::click()
+{
+    if (m_moved.size() > 1)
+        m_document.select(m_grabbed, false);
 }
 
 void Arranging::cancel()

@@ -29,6 +29,8 @@ public:
     void track(const QPoint &pixel, const std::optional<QSizeF> &reach);
     /// Makes it one edit, if anything has moved.
     void finish();
+    /// It was a click and no drag: the layer that it took hold of is selected alone.
+    void click();
     /// All layers are where they were.
     void cancel();
 

@@ -1,5 +1,6 @@
 #include "canvas/Attraction.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdlib>

@@ -23,6 +23,14 @@ void CanvasPicture::paint(QPainter &painter, const QRect &place, const QRect &se
         paintEnlarged(painter, place, seen);
 }
 
+void CanvasPicture::paintFramed(QPainter &painter, const QRect &place, const QRect &seen, const QColor &outline,
+                                const QColor &ground)
+{
+    painter.fillRect(place.adjusted(-1, -1, 1, 1) & seen, outline);
+    painter.fillRect(place & seen, ground);
+    paint(painter, place, seen);
+}
+
 void CanvasPicture::paintReduced(QPainter &painter, const QRect &place, const QRect &seen)
 {
     if (m_reduced.size() != place.size())

@@ -1,12 +1,14 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QRect>
 
 class QPainter;
 
-/// The composed output as the canvas paints it. Below 100 % by area averaging, so that no one-pixel line vanishes: made
-/// once per composition and size, then only copied. From 100 % up without smoothing, and only the part that is seen.
+/// The composed output as it is painted on the screen. Below 100 % by area averaging, so that no one-pixel line
+/// vanishes: made once per composition and size, then only copied. From 100 % up without smoothing, and only the part
+/// that is seen.
 class CanvasPicture
 {
 public:
@@ -18,6 +20,9 @@ public:
     /// Paints the output into `place`, as far as it lies within `seen`. The painter works in device pixels, both are
     /// whole ones.
     void paint(QPainter &painter, const QRect &place, const QRect &seen);
+    /// The same, with an outline of one device pixel around and the ground's colour under what is transparent.
+    void paintFramed(QPainter &painter, const QRect &place, const QRect &seen, const QColor &outline,
+                     const QColor &ground);
 
 private:
     void paintReduced(QPainter &painter, const QRect &place, const QRect &seen);

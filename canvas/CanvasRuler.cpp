@@ -1,5 +1,6 @@
 #include "canvas/CanvasRuler.h"
 
+#include "canvas/DevicePixels.h"
 #include "canvas/LWCanvasImageView.h"
 
 #include <QFontInfo>
@@ -90,10 +91,7 @@ void CanvasRuler::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Window));
     const double ratio = devicePixelRatioF();
-    painter.scale(1 / ratio, 1 / ratio);
-    // At whole device pixels, as the canvas has them.
-    const QPointF origin = painter.deviceTransform().map(QPointF());
-    painter.translate(QPointF(origin.toPoint()) - origin);
+    toDevicePixels(painter, ratio); // as the canvas does
     const int length = static_cast<int>(std::ceil(along(size()) * ratio));
     if (pixelLength() > 0) {
         paintMark(painter);

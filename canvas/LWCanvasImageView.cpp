@@ -2,6 +2,8 @@
 
 #include "canvas/CanvasDocument.h"
 
+#include <QApplication>
+
 LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent) : QWidget(parent), m_document(document)
 {
     // The whole area is painted, ground included: Qt need not clear it first.
@@ -10,6 +12,8 @@ LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent) 
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAccessibleName("Canvas");
+    // Who moves the focus by key means what has it then, though the pointer rests here.
+    connect(qApp, &QApplication::focusChanged, this, [this] { claimSpaceBar(false); });
 }
 
 void LWCanvasImageView::showOutput(const QImage &output)

@@ -33,7 +33,8 @@ Q_DECLARE_METATYPE(CanvasReadOut)
 /// The canvas: shows the composed output in a frame of the output's proportions on the ground, hands clicks in it to
 /// the selected layer, and carries the marker around a selected still. View coordinates are the frame's: origin at the
 /// output's top-left corner, y down, in logical pixels. The frame is as large as the zoom wants it; what of it does not
-/// fit into the widget is dragged into sight with the middle button or with the space bar held.
+/// fit into the widget is dragged into sight with the middle button or with the space bar held, which is the canvas'
+/// own from when the pointer moves over it until it leaves or the focus goes elsewhere, except in text fields.
 /// That is what its first tool does, which outlines the panel that a click would switch; the second drags layers.
 /// Colours come from the palette: Base the ground, Mid the line around the output, Highlight what is outlined and the
 /// lines that layers are attracted to.
@@ -101,6 +102,8 @@ signals:
 
 protected:
     bool event(QEvent *event) override;
+    /// Takes the space bar from other widgets of the window.
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
@@ -122,6 +125,12 @@ private:
         QRect labelBox; ///< in the widget
 
         bool operator==(const Hover &) const = default;
+    };
+    /// A press in Arrange from which the pointer has not gone far enough for a drag.
+    struct Click
+    {
+        QPointF place; ///< in the widget
+        bool extends;  ///< the selection
     };
 
     void mouseDown(const MouseLocation &location);
@@ -145,6 +154,7 @@ private:
     bool isDragged() const { return m_panFrom || m_arranging || m_cropMarker.isTracking(); }
     void panTo(const QPointF &widgetPoint);
     bool nativeGesture(const QNativeGestureEvent &event);
+    void claimSpaceBar(bool claims);
     void takeSpaceBar(bool isHeld);
     void tellReadOut();
     void showPointer();
@@ -166,8 +176,6 @@ private:
     QRect devicePlaceOf(const QRectF &pixels) const;
     QRect boxBesidePointer(const QString &text) const;
     QPointF offsetOfDevicePixels() const;
-    void toDevicePixels(QPainter &painter) const;
-    void paintOutput(QPainter &painter);
     void paintMarker(QPainter &painter) const;
     void paintArranging(QPainter &painter) const;
     void paintOutline(QPainter &painter, const QRect &place) const;
@@ -185,11 +193,13 @@ private:
     std::optional<QPointF> m_panFrom;           ///< in device pixels; while the view is dragged
     Qt::MouseButton m_panButton = Qt::NoButton; ///< that began it
     bool m_isSpaceBarHeld = false;
-    bool m_isPressed = false; ///< the left button, for the tool in effect
+    bool m_claimsSpaceBar = false; ///< wherever the focus is
+    bool m_isPressed = false;      ///< the left button, for the tool in effect
     bool m_isAltHeld = false;
     Tool m_chosenTool = Tool::Panels;
     Tool m_tool = Tool::Panels;
-    std::shared_ptr<Arranging> m_arranging; ///< a drag of layers; null: none
+    std::shared_ptr<Arranging> m_arranging; ///< layers that are held; null: none
+    std::optional<Click> m_click;           ///< while they are not dragged yet
     std::optional<Hover> m_hover;           ///< as it was last painted, or is going to be
     int m_wheelRest = 0;                    ///< turned less than a step
     double m_pinchZoom = 0;                 ///< what the fingers have reached; 0: none pinch

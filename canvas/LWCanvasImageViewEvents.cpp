@@ -131,6 +131,7 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
 void LWCanvasImageView::mouseMoveEvent(QMouseEvent *event)
 {
     m_pointer = event->position();
+    claimSpaceBar(true);
     // A release that something else has swallowed ends a press, too.
     m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
     if (m_panFrom)
@@ -223,13 +224,6 @@ bool LWCanvasImageView::event(QEvent *event)
     return QWidget::event(event);
 }
 
-/// Keys that are ours, whatever they mean in the window: while layers are dragged all of them, or the document was
-/// saved half way; Escape while the marker is; and Alt over the canvas, which does not go for the menus there.
-bool LWCanvasImageView::takesShortcut(int key) const
-{
-    return m_arranging || (key == Qt::Key_Escape && m_cropMarker.isTracking()) || (key == Qt::Key_Alt && m_pointer);
-}
-
 /// A pinch on a touch pad.
 bool LWCanvasImageView::nativeGesture(const QNativeGestureEvent &event)
 {
@@ -248,51 +242,10 @@ void LWCanvasImageView::leaveEvent(QEvent *event)
 {
     QWidget::leaveEvent(event);
     m_pointer.reset();
+    claimSpaceBar(false);
     takeAlt(m_isAltHeld && hasFocus());
     takeHover();
     tellReadOut();
-}
-
-void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Escape && (m_arranging || m_cropMarker.isTracking()))
-        cancelDrag();
-    else if (event->key() == Qt::Key_Space)
-        takeSpaceBar(true);
-    else if (event->key() == Qt::Key_Alt)
-        takeAlt(true);
-    else if (event->key() == Qt::Key_Control && m_arranging)
-        trackArranging(false);
-    else if (!m_arranging)
-        QWidget::keyPressEvent(event);
-}
-
-void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
-{
-    if (event->isAutoRepeat())
-        return;
-    if (event->key() == Qt::Key_Space)
-        takeSpaceBar(false);
-    else if (event->key() == Qt::Key_Alt)
-        takeAlt(false);
-    else if (event->key() == Qt::Key_Control && m_arranging)
-        trackArranging(true);
-    else
-        QWidget::keyReleaseEvent(event);
-}
-
-void LWCanvasImageView::focusOutEvent(QFocusEvent *event)
-{
-    QWidget::focusOutEvent(event);
-    takeSpaceBar(false);
-    takeAlt(false);
-}
-
-void LWCanvasImageView::takeSpaceBar(bool isHeld)
-{
-    m_isSpaceBarHeld = isHeld;
-    showCursor();
-    takeHover();
 }
 
 void LWCanvasImageView::showCursor()

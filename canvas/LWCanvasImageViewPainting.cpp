@@ -1,4 +1,5 @@
 #include "canvas/CanvasDocument.h"
+#include "canvas/DevicePixels.h"
 #include "canvas/LWCanvasImageView.h"
 
 #include <QPaintEvent>
@@ -23,8 +24,9 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
     }
     m_hover = hover(); // the document may have changed under the pointer
     painter.save();
-    toDevicePixels(painter);
-    paintOutput(painter);
+    toDevicePixels(painter, m_pixelRatio);
+    m_picture.paintFramed(painter, m_frame.place(), {QPoint(0, 0), m_frame.room()}, palette().color(QPalette::Mid),
+                          palette().color(QPalette::Base));
     if (m_tool == Tool::Arrange)
         paintArranging(painter);
     if (m_hover)
@@ -34,27 +36,9 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
         paintMarker(painter);
     if (m_hover)
         paintText(painter, m_hover->labelBox, m_hover->label);
-    if (m_arranging)
+    if (m_arranging && !m_click)
         paintBesidePointer(
             painter, QString("x %1  y %2").arg(m_arranging->grabbed().xpoint()).arg(m_arranging->grabbed().ypoint()));
-}
-
-/// From the first whole device pixel in the widget on.
-void LWCanvasImageView::toDevicePixels(QPainter &painter) const
-{
-    painter.scale(1 / m_pixelRatio, 1 / m_pixelRatio);
-    const QPointF origin = painter.deviceTransform().map(QPointF());
-    painter.translate(QPointF(origin.toPoint()) - origin);
-}
-
-void LWCanvasImageView::paintOutput(QPainter &painter)
-{
-    const QRect place = m_frame.place();
-    const QRect seen(QPoint(0, 0), m_frame.room());
-    painter.fillRect(place.adjusted(-1, -1, 1, 1) & seen, palette().color(QPalette::Mid));
-    // What lies under a transparent output is the ground, not its outline.
-    painter.fillRect(place & seen, palette().color(QPalette::Base));
-    m_picture.paint(painter, place, seen);
 }
 
 void LWCanvasImageView::paintMarker(QPainter &painter) const

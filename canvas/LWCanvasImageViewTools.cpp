@@ -2,11 +2,15 @@
 #include "canvas/LWCanvasImageView.h"
 #include "screen/LWScreen.h"
 
+#include <QLineF>
+
 #include <utility>
 
 namespace {
 /// How far lines attract, in logical pixels of the view.
 constexpr double reachOfLines = 6;
+/// From where on a press is a drag, in logical pixels: a click may shake.
+constexpr double leastDrag = 3;
 } // namespace
 
 void LWCanvasImageView::setTool(Tool tool)
@@ -39,15 +43,18 @@ void LWCanvasImageView::beginArranging(const QPointF &widgetPoint, Qt::KeyboardM
         return;
     const QPoint pixel = outputPixel(locationOf(widgetPoint).inView);
     const LayerPointer grabbed = Arranging::press(m_document, pixel, modifiers.testFlag(Qt::ShiftModifier));
-    if (grabbed)
+    if (grabbed) {
         m_arranging = std::make_shared<Arranging>(m_document, grabbed, pixel);
+        m_click = {widgetPoint, modifiers.testFlag(Qt::ShiftModifier)};
+    }
     update();
 }
 
 void LWCanvasImageView::trackArranging(bool attracts)
 {
-    if (!m_pointer)
+    if (!m_pointer || (m_click && QLineF(m_click->place, *m_pointer).length() < leastDrag))
         return;
+    m_click.reset();
     const QPoint pixel = outputPixel(locationOf(*m_pointer).inView);
     const QSizeF reach(reachOfLines * m_document.OutputWidth() / frame().width(),
                        reachOfLines * m_document.OutputHeight() / frame().height());
@@ -58,7 +65,11 @@ void LWCanvasImageView::endArranging()
 {
     arrange([this](Arranging &drag) {
         m_arranging.reset();
-        drag.finish();
+        const std::optional<Click> click = std::exchange(m_click, std::nullopt);
+        if (!click)
+            drag.finish();
+        else if (!click->extends)
+            drag.click();
     });
 }
 
@@ -66,6 +77,7 @@ void LWCanvasImageView::cancelArranging()
 {
     arrange([this](Arranging &drag) {
         m_arranging.reset();
+        m_click.reset();
         drag.cancel();
     });
 }

@@ -15,6 +15,7 @@
 #include <QStyleOption>
 #include <QTimer>
 
+#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -40,6 +41,21 @@ private:
 
 /// Beside the pointer, where it does not hide the insertion line.
 constexpr QPoint draggedPicturePlace{12, 12};
+
+/// The selected rows, neighbours as one range: a selection takes time with the square of the number of its ranges.
+QItemSelection rangesOf(const LayerList &list)
+{
+    QItemSelection ranges;
+    const std::vector<qsizetype> &rows = list.selectionIndexes();
+    for (auto first = rows.begin(); first != rows.end();) {
+        auto last = first;
+        while (std::next(last) != rows.end() && *std::next(last) == *last + 1)
+            ++last;
+        ranges.append({list.index(static_cast<int>(*first)), list.index(static_cast<int>(*last))});
+        first = std::next(last);
+    }
+    return ranges;
+}
 } // namespace
 
 LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind kind, LayerDelegate::Warnings warnings,
@@ -69,17 +85,19 @@ LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind
     connect(&list, &LayerList::rowsRemoved, this, [this] { m_rowsGo = false; });
     connect(&list, &LayerList::selectionIndexDidChange, this, &LayerTable::followSelection);
     connect(&list, &LayerList::selectionIndexesDidChange, this, &LayerTable::followSelection);
-    connect(&list, &LayerList::rowsInserted, this, &LayerTable::hideOtherNames);
-    connect(&list, &LayerList::rowsMoved, this, &LayerTable::hideOtherNames);
-    connect(&list, &LayerList::modelReset, this, &LayerTable::hideOtherNames);
-    connect(&list, &LayerList::dataChanged, this, &LayerTable::hideOtherNames);
+    // Rows that move stay hidden or shown by themselves.
+    connect(&list, &LayerList::rowsInserted, this,
+            [this](const QModelIndex &, int first, int last) { searchRows(first, last); });
+    connect(&list, &LayerList::modelReset, this, [this] { searchRows(0, m_list.rowCount() - 1); });
+    connect(&list, &LayerList::dataChanged, this,
+            [this](const QModelIndex &first, const QModelIndex &last) { searchRows(first.row(), last.row()); });
     followSelection();
 }
 
 void LayerTable::showNamesWith(const QString &text)
 {
     m_searched = text;
-    hideOtherNames();
+    hideOtherNames(0, m_list.rowCount() - 1);
     for (int row = 0; shownRow() < 0 && row < m_list.rowCount(); ++row) {
         if (!isRowHidden(row))
             m_list.setSelectionIndex(row);
@@ -92,9 +110,16 @@ int LayerTable::shownRow() const
     return row < 0 || isRowHidden(row) ? -1 : row;
 }
 
-void LayerTable::hideOtherNames()
+/// All of them are shown while nothing is searched.
+void LayerTable::searchRows(int first, int last)
 {
-    for (int row = 0; row < m_list.rowCount(); ++row) {
+    if (!m_searched.isEmpty())
+        hideOtherNames(first, last);
+}
+
+void LayerTable::hideOtherNames(int first, int last)
+{
+    for (int row = first; row <= last; ++row) {
         const bool isSearched = m_list.layer(row)->label().contains(m_searched, Qt::CaseInsensitive);
         if (isRowHidden(row) == isSearched)
             setRowHidden(row, !isSearched);
@@ -104,12 +129,7 @@ void LayerTable::hideOtherNames()
 void LayerTable::followSelection()
 {
     const QScopedValueRollback guard(m_follows, true);
-    QItemSelection rows;
-    for (const qsizetype row : m_list.selectionIndexes()) {
-        const QModelIndex index = m_list.index(static_cast<int>(row));
-        rows.select(index, index);
-    }
-    selectionModel()->select(rows, QItemSelectionModel::ClearAndSelect);
+    selectionModel()->select(rangesOf(m_list), QItemSelectionModel::ClearAndSelect);
     const QModelIndex shown = m_list.index(static_cast<int>(m_list.selectionIndex()));
     selectionModel()->setCurrentIndex(shown, QItemSelectionModel::NoUpdate);
     scrollTo(shown);
@@ -217,8 +237,12 @@ void LayerTable::leadSelection()
     if (m_follows || m_rowsGo)
         return;
     std::vector<qsizetype> rows;
-    for (const QModelIndex &index : selectedIndexes())
-        rows.push_back(index.row());
+    for (const QItemSelectionRange &range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row) {
+            if (!isRowHidden(row))
+                rows.push_back(row);
+        }
+    }
     if (rows.empty())
         followSelection();
     else

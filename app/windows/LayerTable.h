@@ -46,8 +46,8 @@ private:
     void openMenu(const QPoint &place);
     void followSelection();
     void leadSelection();
-
-    void hideOtherNames();
+    void searchRows(int first, int last);
+    void hideOtherNames(int first, int last);
 
     LayerList &m_list;
     LayerDelegate::Kind m_kind;

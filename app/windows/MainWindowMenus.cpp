@@ -183,10 +183,15 @@ void MainWindow::listDisplays(QMenu &menu)
     for (QScreen *display : QGuiApplication::screens()) {
         const QSize size = (QSizeF(display->size()) * display->devicePixelRatio()).toSize();
         const QString name = QString("&%1: %2, %3").arg(++number).arg(display->name(), NumberText::size(size));
-        menu.addAction(name, this, [this, display = QPointer(display)] {
+        QAction *action = menu.addAction(name, this, [this, display = QPointer(display)] {
             m_display = display;
-            showPreviewOnDisplay();
+            if (display && display != outputPreview().display())
+                outputPreview().showOn(*display);
+            else
+                showPreviewOnDisplay();
         });
+        action->setCheckable(true);
+        action->setChecked(m_preview && m_preview->display() == display);
     }
 }
 
@@ -205,7 +210,7 @@ OutputPreview &MainWindow::outputPreview()
 /// On the display that was chosen last, else on the first that does not show this window; and back again.
 void MainWindow::showPreviewOnDisplay()
 {
-    if (m_preview && m_preview->isOnDisplay())
+    if (m_preview && m_preview->display())
         return m_preview->leaveDisplay();
     QScreen *display = m_display;
     for (QScreen *other : QGuiApplication::screens()) {

@@ -4,6 +4,8 @@
 #include "app/windows/OutputView.h"
 #include "ui_OutputPreview.h"
 
+#include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 #include <QWindow>
@@ -14,6 +16,10 @@ OutputPreview::OutputPreview(QWidget *parent)
     : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>())
 {
     m_form->setupUi(this);
+    connect(qApp, &QGuiApplication::screenRemoved, this, [this](const QScreen *gone) {
+        if (gone == m_display)
+            leaveDisplay();
+    });
 }
 
 OutputPreview::~OutputPreview() = default;
@@ -23,7 +29,7 @@ void OutputPreview::showOutput(const QImage &output)
     const bool isAnother = output.size() != m_outputSize;
     m_outputSize = output.size();
     m_form->pvwImageWell->showOutput(output);
-    if (isAnother && m_isOnDisplay)
+    if (isAnother && m_display)
         tellFit();
 }
 
@@ -34,24 +40,34 @@ void OutputPreview::releaseOutput()
 
 void OutputPreview::showOn(QScreen &display)
 {
-    if (!std::exchange(m_isOnDisplay, true)) {
+    if (m_display) {
+        disconnect(m_resolution);
+        showNormal(); // what fills a display is not moved to another one
+    } else {
         m_hasWindow = isVisible();
         m_windowGeometry = geometry();
     }
+    m_display = &display;
+    m_resolution = connect(&display, &QScreen::geometryChanged, this, &OutputPreview::fillDisplay);
     m_form->pvwImageWell->setFit(OutputView::Fit::PixelForPixel);
     setCursor(Qt::BlankCursor);
     winId(); // there is a window handle to be told its display
     windowHandle()->setScreen(&display);
-    setGeometry(display.geometry());
+    fillDisplay();
     showFullScreen();
-    connect(&display, &QObject::destroyed, this, &OutputPreview::leaveDisplay);
+}
+
+void OutputPreview::fillDisplay()
+{
+    setGeometry(m_display->geometry());
     tellFit();
 }
 
 void OutputPreview::leaveDisplay()
 {
-    if (!std::exchange(m_isOnDisplay, false))
+    if (!std::exchange(m_display, nullptr))
         return;
+    disconnect(m_resolution);
     m_form->pvwImageWell->setFit(OutputView::Fit::Whole);
     unsetCursor();
     showNormal();
@@ -71,7 +87,7 @@ void OutputPreview::showInWindow()
 /// On the wall itself nothing is ever said.
 void OutputPreview::tellFit()
 {
-    const QSize display = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    const QSize display = (QSizeF(m_display->size()) * m_display->devicePixelRatio()).toSize();
     const bool fits = display == m_outputSize;
     emit displayDidChange(fits ? QString()
                                : QString("The display has %1 pixels, the output %2; the rest is cut or black.")
@@ -80,8 +96,15 @@ void OutputPreview::tellFit()
 
 void OutputPreview::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && m_isOnDisplay)
+    if (event->key() == Qt::Key_Escape && m_display)
         leaveDisplay();
     else
         QWidget::keyPressEvent(event);
+}
+
+void OutputPreview::closeEvent(QCloseEvent *event)
+{
+    m_hasWindow = false;
+    leaveDisplay();
+    QWidget::closeEvent(event);
 }

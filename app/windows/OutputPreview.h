@@ -24,26 +24,32 @@ public:
     void showOutput(const QImage &output);
     void releaseOutput();
 
-    /// Fills a display. A display that goes away takes the preview back into its window.
+    /// Fills a display, also from another one. A display that goes away takes the preview back into its window.
     void showOn(QScreen &display);
     void showInWindow();
     /// Goes from the display back into the window, if it was in one.
     void leaveDisplay();
-    bool isOnDisplay() const { return m_isOnDisplay; }
+    /// The one that it fills; null: none.
+    QScreen *display() const { return m_display; }
 
 signals:
-    /// The preview is on a display now; `problem` says where its size is not the output's, or is empty.
+    /// The preview is on a display or has left it, or sizes have changed there; `problem` says where the display's is
+    /// not the output's, or is empty.
     void displayDidChange(const QString &problem);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    /// The desktop may close it on the display, too.
+    void closeEvent(QCloseEvent *event) override;
 
 private:
+    void fillDisplay();
     void tellFit();
 
     std::unique_ptr<Ui::OutputPreview> m_form;
     QSize m_outputSize;
     QRect m_windowGeometry;   ///< before it went to the display
     bool m_hasWindow = false; ///< where it goes back to from the display
-    bool m_isOnDisplay = false;
+    QScreen *m_display = nullptr;
+    QMetaObject::Connection m_resolution; ///< of it, is followed
 };

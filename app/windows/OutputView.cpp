@@ -2,11 +2,10 @@
 
 #include "app/windows/NumberText.h"
 #include "app/windows/Theme.h"
+#include "canvas/CanvasFrame.h"
+#include "canvas/DevicePixels.h"
 
 #include <QPainter>
-
-#include <algorithm>
-#include <cmath>
 
 OutputView::OutputView(QWidget *parent) : QWidget(parent)
 {
@@ -19,44 +18,9 @@ OutputView::OutputView(QWidget *parent) : QWidget(parent)
 
 void OutputView::showOutput(const QImage &output)
 {
-    m_output = output;
-    m_reduced = {};
-    setAccessibleDescription(m_output.isNull() ? QString() : NumberText::size(m_output.size()) + " pixels");
+    m_picture.show(output);
+    setAccessibleDescription(output.isNull() ? QString() : NumberText::size(output.size()) + " pixels");
     update();
-}
-
-void OutputView::releaseOutput()
-{
-    m_output = {};
-}
-
-QSize OutputView::fittedSize(const QSize &output, const QSize &room)
-{
-    if (output.isEmpty() || room.isEmpty())
-        return {};
-    const double scale = std::min(double(room.width()) / output.width(), double(room.height()) / output.height());
-    if (scale >= 1)
-        return output * std::floor(scale);
-    // A banner that is a thousand times as wide as high still shows a line.
-    return {std::max(1, qRound(output.width() * scale)), std::max(1, qRound(output.height() * scale))};
-}
-
-QSize OutputView::sizeInDevicePixels() const
-{
-    return (QSizeF(size()) * devicePixelRatioF()).toSize();
-}
-
-QSize OutputView::shownSize() const
-{
-    const int margins = 2 * qRound(Theme::edge * devicePixelRatioF());
-    return fittedSize(m_output.size(), sizeInDevicePixels() - QSize(margins, margins));
-}
-
-const QImage &OutputView::reduced(const QSize &size)
-{
-    if (m_reduced.size() != size)
-        m_reduced = m_output.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return m_reduced;
 }
 
 void OutputView::setFit(Fit fit)
@@ -65,38 +29,36 @@ void OutputView::setFit(Fit fit)
     update();
 }
 
-void OutputView::paintPixelForPixel(QPainter &painter) const
-{
-    painter.fillRect(rect(), Qt::black);
-    painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
-    painter.drawImage(0, 0, m_output);
-}
-
 void OutputView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    if (m_fit == Fit::PixelForPixel)
-        return paintPixelForPixel(painter);
+    if (m_fit == Fit::Whole)
+        paintWhole(painter);
+    else
+        paintPixelForPixel(painter);
+}
+
+void OutputView::paintWhole(QPainter &painter)
+{
     painter.fillRect(rect(), Theme::ground);
-    const QSize shown = shownSize();
-    if (shown.isEmpty()) {
+    const QSize room = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    CanvasFrame frame;
+    frame.setRoom(room, qRound(Theme::edge * devicePixelRatioF()));
+    frame.setOutput(m_picture.output().size());
+    if (frame.place().isEmpty()) {
         painter.setPen(Theme::dimText);
-        painter.drawText(rect(), Qt::AlignCenter, m_output.isNull() ? "The output has no picture" : QString());
+        painter.drawText(rect(), Qt::AlignCenter,
+                         m_picture.output().isNull() ? "The output has no picture" : QString());
         return;
     }
+    toDevicePixels(painter, devicePixelRatioF());
+    m_picture.paintFramed(painter, frame.place(), {QPoint(0, 0), room}, Theme::line, Theme::ground);
+}
 
-    // From here on in device pixels, at whole ones: at a scale of 1.5 a widget may begin between two of them.
-    painter.scale(1 / devicePixelRatioF(), 1 / devicePixelRatioF());
-    const QPointF origin = painter.deviceTransform().map(QPointF());
-    painter.translate(QPointF(origin.toPoint()) - origin);
-    const QSize free = sizeInDevicePixels() - shown;
-    const QRect place(QPoint(free.width() / 2, free.height() / 2), shown);
-
-    painter.fillRect(place.adjusted(-1, -1, 1, 1), Theme::line);
-    // What lies under a transparent output is the ground, not its frame.
-    painter.fillRect(place, Theme::ground);
-    if (shown.width() < m_output.width() || shown.height() < m_output.height())
-        painter.drawImage(place.topLeft(), reduced(shown));
-    else
-        painter.drawImage(place, m_output);
+void OutputView::paintPixelForPixel(QPainter &painter)
+{
+    painter.fillRect(rect(), Qt::black);
+    toDevicePixels(painter, devicePixelRatioF());
+    const QRect place = m_picture.output().rect();
+    m_picture.paint(painter, place, place);
 }

@@ -2,6 +2,7 @@
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QMouseEvent>
 #include <QTest>
@@ -184,4 +185,33 @@ TEST_F(LWCanvasImageViewTest, TheOutputsPixelsAreNotHeldPastTheirRelease)
     EXPECT_FALSE(output.isDetached());
     view.releaseOutput();
     EXPECT_TRUE(output.isDetached());
+}
+
+TEST_F(LWCanvasImageViewTest, WhileTheButtonIsDownTheWindowGetsNoKeys)
+{
+    const auto isTaken = [this](int key, Qt::KeyboardModifiers modifiers) {
+        QKeyEvent shortcut(QEvent::ShortcutOverride, key, modifiers);
+        shortcut.ignore();
+        QApplication::sendEvent(&view, &shortcut);
+        return shortcut.isAccepted();
+    };
+    const auto expectKeysTakenDuringPressAt = [&](const QPointF &point) {
+        EXPECT_FALSE(isTaken(Qt::Key_S, Qt::ControlModifier));
+        press(point);
+        EXPECT_TRUE(isTaken(Qt::Key_S, Qt::ControlModifier));
+        EXPECT_TRUE(isTaken(Qt::Key_Delete, {}));
+        QKeyEvent arrow(QEvent::KeyPress, Qt::Key_Left, {});
+        QApplication::sendEvent(&view, &arrow);
+        EXPECT_TRUE(arrow.isAccepted()); // the window does not nudge
+        release(point);
+        settle();
+        EXPECT_FALSE(isTaken(Qt::Key_S, Qt::ControlModifier));
+    };
+    selectScreen();
+    expectKeysTakenDuringPressAt({50, 50}); // a panel
+    selectStill({300, 200}, {600, 300});
+    expectKeysTakenDuringPressAt({150, 100}); // the marker
+    addWall({300, 300, 60, 60});
+    view.setTool(LWCanvasImageView::Tool::Arrange);
+    expectKeysTakenDuringPressAt({110, 110});
 }

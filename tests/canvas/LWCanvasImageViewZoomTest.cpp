@@ -1,9 +1,12 @@
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QNativeGestureEvent>
 #include <QPointingDevice>
 #include <QSignalSpy>
+#include <QSpinBox>
 #include <QTest>
 
 namespace {
@@ -143,6 +146,86 @@ TEST_F(LWCanvasImageViewZoom, SpaceAndTheLeftButtonDragTheViewAndClickNothing)
     QTest::keyRelease(&view, Qt::Key_Space);
     QTest::mouseClick(&view, Qt::LeftButton, {}, {300, 200});
     EXPECT_FALSE(document.calls.isEmpty());
+}
+
+TEST_F(LWCanvasImageViewZoom, OverTheCanvasSpaceIsItsOwnAlthoughABoxHasTheFocus)
+{
+    QCheckBox box(&window);
+    box.show();
+    box.setFocus();
+    moveTo({100, 100}, Qt::NoButton);
+    QTest::keyPress(&box, Qt::Key_Space);
+    EXPECT_EQ(view.cursor().shape(), Qt::OpenHandCursor);
+    QTest::keyRelease(&box, Qt::Key_Space);
+    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
+    EXPECT_FALSE(box.isChecked());
+
+    QTest::keyPress(&box, Qt::Key_Space);
+    press({100, 100}); // takes the focus
+    EXPECT_EQ(view.cursor().shape(), Qt::ClosedHandCursor);
+    release({100, 100});
+    QTest::keyRelease(&view, Qt::Key_Space);
+    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
+
+    box.setFocus();
+    moveTo({101, 100}, Qt::NoButton);
+    QTest::keyPress(&box, Qt::Key_Space);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&view, &leave);
+    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
+    QTest::keyRelease(&box, Qt::Key_Space); // of a press that the box knows nothing of
+    EXPECT_FALSE(box.isChecked());
+    QTest::keyClick(&box, Qt::Key_Space);
+    EXPECT_TRUE(box.isChecked());
+}
+
+TEST_F(LWCanvasImageViewZoom, WhatTheKeyboardGoesToGetsItsSpaceUntilThePointerMoves)
+{
+    QCheckBox box(&window);
+    box.show();
+    moveTo({100, 100}, Qt::NoButton);
+    box.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&box, Qt::Key_Space);
+    EXPECT_TRUE(box.isChecked());
+    moveTo({101, 100}, Qt::NoButton);
+    QTest::keyClick(&box, Qt::Key_Space);
+    EXPECT_TRUE(box.isChecked());
+}
+
+TEST_F(LWCanvasImageViewZoom, APressedBoxIsLetGoAlthoughThePointerHasCome)
+{
+    QCheckBox box(&window);
+    box.show();
+    box.setFocus();
+    QTest::keyPress(&box, Qt::Key_Space);
+    moveTo({100, 100}, Qt::NoButton);
+    QTest::keyRelease(&box, Qt::Key_Space);
+    EXPECT_TRUE(box.isChecked());
+    EXPECT_FALSE(box.isDown());
+}
+
+TEST_F(LWCanvasImageViewZoom, TextFieldsAndOtherWindowsKeepTheirSpaces)
+{
+    QLineEdit field(&window);
+    field.show();
+    field.setFocus();
+    moveTo({100, 100}, Qt::NoButton);
+    QTest::keyClicks(&field, "a b");
+    EXPECT_EQ(field.text(), "a b");
+    QSpinBox number(&window);
+    number.show();
+    number.setFocus();
+    moveTo({100, 100}, Qt::NoButton);
+    QTest::keyPress(&number, Qt::Key_Space);
+    EXPECT_EQ(view.cursor().shape(), Qt::ArrowCursor);
+    QTest::keyRelease(&number, Qt::Key_Space);
+    number.clearFocus();
+
+    QCheckBox elsewhere;
+    elsewhere.show();
+    moveTo({100, 100}, Qt::NoButton);
+    QTest::keyClick(&elsewhere, Qt::Key_Space);
+    EXPECT_TRUE(elsewhere.isChecked());
 }
 
 TEST_F(LWCanvasImageViewZoom, NothingZoomsUnderADrag)
