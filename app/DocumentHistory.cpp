@@ -32,7 +32,11 @@ public:
         : QUndoCommand(name), m_history(history), m_before(std::move(before)), m_after(std::move(after))
     {}
 
-    void undo() override { m_history.show(m_before); }
+    void undo() override
+    {
+        m_history.show(m_before);
+        setObsolete(m_isTakenBack);
+    }
     void redo() override
     {
         if (std::exchange(m_isDone, true))
@@ -41,11 +45,14 @@ public:
 
     void setBefore(const DocumentState &before) const { m_before = before; }
     void setAfter(const DocumentState &after) const { m_after = after; }
+    /// The stack forgets the step when it is undone next.
+    void takeBack() const { m_isTakenBack = true; }
 
 private:
     DocumentHistory &m_history;
     mutable DocumentState m_before; // the stack shows its steps as constant
     mutable DocumentState m_after;
+    mutable bool m_isTakenBack = false;
     bool m_isDone = false; ///< the edit itself was the first time
 };
 
@@ -92,8 +99,38 @@ void DocumentHistory::noteSelection()
         m_state = std::move(now);
 }
 
+void DocumentHistory::takeBackTyping()
+{
+    if (m_typing.isEmpty() || !lastEditIsOnTop())
+        return;
+    static_cast<const Step *>(m_stack.command(m_stack.index() - 1))->takeBack();
+    m_stack.undo();
+}
+
+void DocumentHistory::beginTrial()
+{
+    endTyping();
+    m_tried = QString();
+}
+
+void DocumentHistory::keepTrial()
+{
+    if (const std::optional<QString> tried = std::exchange(m_tried, std::nullopt))
+        record(*tried);
+}
+
+void DocumentHistory::dropTrial()
+{
+    if (std::exchange(m_tried, std::nullopt) && !m_document.state(m_state).hasContentOf(m_state))
+        show(DocumentState(m_state));
+}
+
 void DocumentHistory::record(const QString &name, const QString &typing)
 {
+    if (m_tried) {
+        m_tried = name;
+        return;
+    }
     DocumentState before = std::exchange(m_state, m_document.state(m_state));
     if (m_state.hasContentOf(before))
         return;

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QUndoStack>
 
+#include <optional>
+
 /// What a history keeps steps of.
 class UndoableDocument
 {
@@ -41,6 +43,15 @@ public:
     void record(const QString &name, const QString &typing = {});
     /// The next edit begins a step of its own, whatever it types on.
     void endTyping() { m_typing.clear(); }
+    /// Takes back what was typed since typing began, and leaves no step of it. Does nothing where typing has ended.
+    void takeBackTyping();
+    /// From now on edits are only tried, as colours are while their dialog is open: they make no step until one of the
+    /// next two is called.
+    void beginTrial();
+    /// What was tried stays: one step of the name of the last edit, none where nothing has changed.
+    void keepTrial();
+    /// Makes the document what it was when the trial began.
+    void dropTrial();
     /// The document is about to be rendered; absorb() follows.
     void expectRendering();
     /// The document was rendered: what that has filled in belongs to the edit that was made last and is not undone. In
@@ -68,6 +79,7 @@ private:
     QUndoStack m_stack;
     DocumentState m_state; ///< as last seen
     QString m_typing;
-    bool m_isMidEdit = false; ///< as expectRendering() found it
-    bool m_isShowing = false; ///< a state is being brought back
+    std::optional<QString> m_tried; ///< the name of the last edit that was only tried; nullopt: no trial
+    bool m_isMidEdit = false;       ///< as expectRendering() found it
+    bool m_isShowing = false;       ///< a state is being brought back
 };

@@ -20,6 +20,7 @@ constexpr QLatin1StringView panelHeightPath{"arrangedObjects.panelHeight"};
 constexpr QLatin1StringView outputWidthPath{"OutputWidth"};
 constexpr QLatin1StringView outputHeightPath{"OutputHeight"};
 constexpr QLatin1StringView updatePatternPath{"updatePattern"};
+constexpr QLatin1StringView patternPath{"arrangedObjects.pattern"};
 constexpr QLatin1StringView thumbnailPath{"arrangedObjects.thumbnail"};
 
 /// The properties whose edits lead to a redraw: what the inspector's controls are bound to.
@@ -194,6 +195,13 @@ bool LWAppDelegate::setValue(const QVariant &value, const QString &keyPath)
 
 bool LWAppDelegate::setValueOfSelection(const QVariant &value, const QString &keyPath)
 {
+    setValueOfOthers(value, keyPath);
+    return m_arraycontroller.setValue(value, keyPath);
+}
+
+/// Of the selected layers but the one before the inspector, whose edit is still to come and to be told.
+void LWAppDelegate::setValueOfOthers(const QVariant &value, const QString &keyPath)
+{
     noteEditedSide(keyPath);
     for (const qsizetype index : m_arraycontroller.selectionIndexes()) {
         if (index == m_arraycontroller.selectionIndex() || !m_arraycontroller.setPlainValue(index, value, keyPath))
@@ -203,7 +211,6 @@ bool LWAppDelegate::setValueOfSelection(const QVariant &value, const QString &ke
             applyAspectLock(layer);
         layer.drawInRect();
     }
-    return m_arraycontroller.setValue(value, keyPath);
 }
 
 void LWAppDelegate::noteEditedSide(const QString &keyPath)
@@ -225,11 +232,11 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
     finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
 }
 
-/// What edits in a row are one step by: the same value of the same layer, unless it is a switch.
+/// What edits in a row are one step by: the same value of the same layer, unless each is a choice of its own.
 QString LWAppDelegate::typingOn(const QString &keyPath) const
 {
     const LayerPointer selected = m_arraycontroller.selectedLayer();
-    if (m_arraycontroller.value(keyPath).typeId() == QMetaType::Bool)
+    if (keyPath == updatePatternPath || m_arraycontroller.value(keyPath).typeId() == QMetaType::Bool)
         return {};
     return keyPath + QString(" %1").arg(reinterpret_cast<quintptr>(selected.get()));
 }
@@ -243,6 +250,7 @@ void LWAppDelegate::finishEdit(const QString &name, const QString &typing)
 void LWAppDelegate::choosePattern(qint64 pattern)
 {
     m_pattern = pattern;
+    setValueOfOthers(pattern, patternPath);
     observeValueForKeyPath(updatePatternPath);
 }
 

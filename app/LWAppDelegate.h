@@ -14,9 +14,12 @@
 #include <QPoint>
 #include <QString>
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
+
+class LWScreen;
 
 /// The document and its controller: owns the layers, carries the actions by name, and conducts the pieces that do the
 /// work (Composition, ProjectFile, PngFile, PSDExport, PowerCalculator). Main thread only.
@@ -106,6 +109,12 @@ public:
 
     /// Typing in a field has ended: the next edit of the same value is a step of its own.
     void endTyping() { m_history.endTyping(); }
+    /// What is being typed is no value in the end: it is taken back, without a step to do it again.
+    void takeBackTyping() { m_history.takeBackTyping(); }
+    /// From now on edits are only tried; keepTrial() makes one step of them, dropTrial() takes them back.
+    void beginTrial() { m_history.beginTrial(); }
+    void keepTrial() { m_history.keepTrial(); }
+    void dropTrial() { m_history.dropTrial(); }
     /// An edit was made with plain setters: it becomes a step of the history under that name, and is shown. Edits in a
     /// row with the same `typing` that is not empty are one step.
     void finishEdit(const QString &name, const QString &typing = {});
@@ -152,6 +161,10 @@ public:
     void toggleVisibilityOf(qsizetype row);
     /// Shows the selected layers and hides all others.
     void hideOthers();
+    /// Switches on what is off of the selected walls.
+    void switchAllPanelsOn();
+    /// Exchanges the two panel colours of each selected wall.
+    void exchangeColours();
 
     /// A drag of rows began in one of the two tables.
     void tableViewWriteRowsWithIndexes(const LayerList &table);
@@ -231,6 +244,7 @@ public:
     void setKScaleFactor(float factor) override { m_userInterface.setKScaleFactor(factor); }
     void drawRectangle(const QRectF &rectangle) override { m_userInterface.drawRectangle(rectangle); }
     void hideRectangle() override { m_userInterface.hideRectangle(); }
+    /// The pattern becomes that of all selected layers, as one step.
     void choosePattern(qint64 pattern) override;
 
 signals:
@@ -263,6 +277,8 @@ private:
     /// Whether the last edited value was a side that an aspect lock follows.
     void noteEditedSide(const QString &keyPath);
     void applyAspectLock(Layer &layer) const;
+    void setValueOfOthers(const QVariant &value, const QString &keyPath);
+    void editSelectedWalls(const QString &name, const std::function<void(LWScreen &wall)> &edit);
     void gateTimerFired();
     void load(const QString &path);
     /// Tells of the first wall that shows nothing because no raster can hold it.

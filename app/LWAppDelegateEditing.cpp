@@ -1,6 +1,7 @@
 #include "app/LWAppDelegate.h"
 #include "app/LayerArchive.h"
 #include "app/LayerPasteboard.h"
+#include "screen/LWScreen.h"
 #include "still/LWStill.h"
 #include "still/PictureFile.h"
 
@@ -172,4 +173,30 @@ void LWAppDelegate::hideOthers()
         layer->setVisible(true);
     finishEdit("Hide Others");
     m_userInterface.reloadTable();
+}
+
+void LWAppDelegate::switchAllPanelsOn()
+{
+    editSelectedWalls("Switch All Panels On", [](LWScreen &wall) { wall.setHiddenBoxes(QStringList()); });
+}
+
+void LWAppDelegate::exchangeColours()
+{
+    editSelectedWalls("Exchange Colours", [](LWScreen &wall) {
+        const OptionalColour first = wall.rectColor();
+        wall.setRectColor(wall.rectColor2());
+        wall.setRectColor2(first);
+    });
+}
+
+void LWAppDelegate::editSelectedWalls(const QString &name, const std::function<void(LWScreen &wall)> &edit)
+{
+    for (const LayerPointer &layer : selectedLayers()) {
+        auto *wall = qobject_cast<LWScreen *>(layer.get());
+        if (!wall)
+            continue;
+        edit(*wall);
+        wall->drawInRect();
+    }
+    finishEdit(name);
 }

@@ -47,7 +47,7 @@ CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
 
 QWidget *CanvasPane::toolSwitch()
 {
-    auto *bar = new QWidget;
+    auto *bar = new QWidget(this);
     auto *row = new QHBoxLayout(bar);
     row->setContentsMargins(Theme::gap, Theme::gap / 2, Theme::gap, Theme::gap / 2);
     row->setSpacing(Theme::gap / 2);

@@ -60,17 +60,24 @@ QSize ColourButton::sizeHint() const
 
 void ColourButton::choose()
 {
-    const OptionalColour before = m_colour;
-    QColorDialog dialog(before ? before->toQColor() : QColor(Qt::white), this);
-    dialog.setWindowTitle(m_name);
-    dialog.setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
-    connect(&dialog, &QColorDialog::currentColorChanged, this,
-            [this](const QColor &colour) { emit edited(Colour::fromRgba8(colour.rgba())); });
-    const bool isChosen = dialog.exec() == QDialog::Accepted;
-    if (isChosen)
-        emit edited(Colour::fromRgba8(dialog.selectedColor().rgba()));
-    else if (before)
-        emit edited(*before);
+    const OptionalColour before = m_isMixed ? std::nullopt : m_colour;
+    auto *dialog = new QColorDialog(before ? before->toQColor() : QColor(Qt::white), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(m_name);
+    dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
+    connect(dialog, &QColorDialog::currentColorChanged, this, &ColourButton::tell);
+    connect(dialog, &QDialog::accepted, this, [this, dialog] {
+        tell(dialog->selectedColor());
+        emit choiceEnded();
+    });
+    connect(dialog, &QDialog::rejected, this, [this, before] { emit choiceCancelled(before); });
+    emit choiceBegan();
+    dialog->open();
+}
+
+void ColourButton::tell(const QColor &colour)
+{
+    emit edited(Colour::fromRgba8(colour.rgba()));
 }
 
 void ColourButton::paintEvent(QPaintEvent *)

@@ -22,14 +22,21 @@ public:
     QSize sizeHint() const override;
 
 signals:
-    /// Someone is choosing: told with every change in the dialog, and with the old colour where it is cancelled.
+    /// The dialog comes up; either choiceEnded() or choiceCancelled() follows, and edited() in between.
+    void choiceBegan();
+    /// Someone looks at this colour or has chosen it.
     void edited(const Colour &colour);
+    /// The colour that was told last is chosen.
+    void choiceEnded();
+    /// None is chosen: all is to be as it was. `before`: what the button showed, nullopt also for several.
+    void choiceCancelled(const OptionalColour &before);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
     void choose();
+    void tell(const QColor &colour);
     void showText();
 
     QString m_name;

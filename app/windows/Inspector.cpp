@@ -8,9 +8,10 @@
 #include "app/windows/NumberField.h"
 #include "app/windows/NumberText.h"
 #include "app/windows/PatternGrid.h"
+#include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
 #include "app/windows/WindowInterface.h"
-#include "screen/LWScreen.h"
+#include "drawing/Raster.h"
 #include "still/LWStill.h"
 
 #include <QComboBox>
@@ -22,6 +23,7 @@
 #include <QToolButton>
 #include <QUrl>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -33,11 +35,17 @@ constexpr int furthest = 100'000;
 constexpr int widestLine = 512;
 constexpr int largestText = 1'000;
 constexpr int mostWatts = 100'000;
-constexpr int longestOutput = 32'768;
+constexpr int longestOutput = Raster::longestSide;
 
-const Range lineWidths{0, widestLine, "px"};
-const Range textSizes{1, largestText, "pt"};
+const Range lineWidths{0, widestLine, "px", "width"};
+const Range textSizes{1, largestText, "pt", "size"};
 const Range places{-furthest, furthest, "px"};
+
+/// The longest side of an output that a raster can hold whose other side has so many pixels.
+int longestBeside(int other)
+{
+    return static_cast<int>(std::min(Raster::longestSide, Raster::mostPixels / std::max(other, 1)));
+}
 
 QToolButton *menuButton(const QString &name, const QString &tip)
 {
@@ -83,7 +91,13 @@ void Inspector::makeControls()
     m_form->beginGroup({}, InspectorForm::All);
     m_form->addText({"Name"}, "label");
     m_form->addSwitch({"Visible", 0, "Composes the layer into the output"}, "visible");
-    addScreenGroups();
+    addPlaceGroup();
+    addWallGroup();
+    addPanelsGroup();
+    addChartGroup();
+    addLabelsGroup();
+    addDataFlowGroup();
+    addPowerGroup();
     addStillGroup();
     addOutputGroup();
     column->addStretch(1);
@@ -93,7 +107,25 @@ void Inspector::makeControls()
     m_form->foldingDidChange = [this] { Settings::setFoldedGroups(m_form->foldedGroups()); };
     for (QWidget *control : m_content->findChildren<QWidget *>())
         control->installEventFilter(this);
+    followEntries();
     follow();
+}
+
+/// What is one step of the history: what was typed until Enter or until the field was left, what was chosen in a
+/// dialog.
+void Inspector::followEntries()
+{
+    for (const NumberField *field : m_content->findChildren<NumberField *>()) {
+        connect(field, &NumberField::takenBack, this, [this] { m_document.takeBackTyping(); });
+        connect(field, &NumberField::editingFinished, this, [this] { m_document.endTyping(); });
+    }
+    for (const TextField *field : m_content->findChildren<TextField *>())
+        connect(field, &TextField::editingFinished, this, [this] { m_document.endTyping(); });
+    for (const ColourButton *button : m_content->findChildren<ColourButton *>()) {
+        connect(button, &ColourButton::choiceBegan, this, [this] { m_document.beginTrial(); });
+        connect(button, &ColourButton::choiceEnded, this, [this] { m_document.keepTrial(); });
+        connect(button, &ColourButton::choiceCancelled, this, [this] { m_document.dropTrial(); });
+    }
 }
 
 void Inspector::follow()
@@ -104,69 +136,95 @@ void Inspector::follow()
     connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
     connect(&m_interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
     connect(&m_interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
-    connect(&m_interface, &WindowInterface::patternShown, m_patterns, &PatternGrid::show);
-    if (const LayerPointer shown = list.selectedLayer())
-        m_patterns->show(shown->pattern());
+    connect(&m_interface, &WindowInterface::patternShown, this, &Inspector::refresh);
     refresh();
 }
 
-void Inspector::addScreenGroups()
+void Inspector::addPlaceGroup()
+{
+    m_form->beginGroup("Place", InspectorForm::Both);
+    addPlace();
+}
+
+void Inspector::addPlace()
+{
+    m_form->addNumber({"Left", 5}, "xpoint", places);
+    m_form->addNumber({"Top", 6}, "ypoint", places);
+}
+
+void Inspector::addWallGroup()
 {
     m_form->beginGroup("Wall", InspectorForm::Screens);
     m_form->addNumber({"Columns", 3}, "col", {1, mostPanels, {}});
     m_form->addNumber({"Rows", 4}, "row", {1, mostPanels, {}});
-    m_form->addNumber({"Panel width", 2}, "panelWidth", {1, longestPanel, "px"});
-    m_form->addNumber({"Panel height", 1}, "panelHeight", {1, longestPanel, "px"});
-    m_form->addNumber({"Left", 5}, "xpoint", places);
-    m_form->addNumber({"Top", 6}, "ypoint", places);
+    m_form->addNumber({"Panel width", 1}, "panelWidth", {1, longestPanel, "px"});
+    m_form->addNumber({"Panel height", 2}, "panelHeight", {1, longestPanel, "px"});
+    addPlace();
     m_form->addSummary("Wall", LayerText::wall);
-    QPushButton *allOn = textButton("Switch all on", "Switches all panels on");
-    connect(allOn, &QPushButton::clicked, this, &Inspector::switchAllOn);
-    m_form->addControl({"Panels"}, allOn);
+    QPushButton *allOn = textButton("Switch all panels on", "Switches on what is off of the wall");
+    connect(allOn, &QPushButton::clicked, &m_document, &LWAppDelegate::switchAllPanelsOn);
+    m_form->addControl({{}}, allOn);
+}
 
+void Inspector::addPanelsGroup()
+{
     m_form->beginGroup("Panels", InspectorForm::Screens);
     m_form->addSwitch({"Fill", 0, "Fills the panels with the two colours"}, "bgEnable");
     m_form->addColour({"Colour 1"}, "rectColor");
     m_form->addColour({"Colour 2"}, "rectColor2");
     QPushButton *exchange = textButton("Exchange", "Exchanges the two colours");
-    connect(exchange, &QPushButton::clicked, this, &Inspector::exchangeColours);
+    connect(exchange, &QPushButton::clicked, &m_document, &LWAppDelegate::exchangeColours);
     m_form->addControl({{}}, exchange);
     m_form->addSwitchRow({"Frame"}, "BoarderEnable", "boarderWidth", lineWidths, "boarderColor");
+}
 
+void Inspector::addChartGroup()
+{
     m_form->beginGroup("Chart", InspectorForm::Screens);
-    m_form->addSwitchRow({"Circle"}, "CircleEnable", "circleBWidth", lineWidths, "circleColor");
-    m_form->addSwitchRow({"Coordinates", 7}, "XYFontEnable", "XYFontSize", textSizes, "xyColor");
+    m_form->addSwitchRow({.text = "Circle", .name = "Circle and diagonals"}, "CircleEnable", "circleBWidth", lineWidths,
+                         "circleColor");
+    m_form->addSwitchRow({.text = "Coordinates", .number = 7, .name = "Corner coordinates"}, "XYFontEnable",
+                         "XYFontSize", textSizes, "xyColor");
     m_form->addControl({"At the corners"}, cornerChoice());
-    m_form->addSwitchRow({"Name and size", 8}, "screenFontEnable", "screenFontSize", textSizes, "sfColor");
+    m_form->addSwitchRow({.text = "Name and size", .number = 8, .name = "Name and size at the centre"},
+                         "screenFontEnable", "screenFontSize", textSizes, "sfColor");
+}
 
+void Inspector::addLabelsGroup()
+{
     m_form->beginGroup("Labels", InspectorForm::Screens);
     m_form->addSwitchRow({"Panel labels"}, "drawLabels", "labelFontSize", textSizes, "labelColor");
     m_form->addSwitch({"Letters by row", 0, "Letters count the rows instead of the columns"}, "XYLabelDirection");
+}
 
+void Inspector::addDataFlowGroup()
+{
     m_form->beginGroup("Data flow", InspectorForm::Screens);
     m_form->addSwitch({"Path", 0, "Draws the path of the data from panel to panel"}, "drawFlowPath");
     m_patterns = new PatternGrid;
-    connect(m_patterns, &PatternGrid::chosen, this, [this](int pattern) { m_document.choosePattern(pattern); });
+    connect(m_patterns, &PatternGrid::chosen, &m_document, &LWAppDelegate::choosePattern);
     m_form->addWide("Pattern of the path", m_patterns);
     m_form->addNumberWith(portSizes(), {"Pixels per port", 0, "Pixels that one port carries; 0: all on one"},
                           "pixelLimit", {0, std::numeric_limits<int>::max(), "px"});
     m_form->addSummary("Ports", LayerText::ports);
+}
 
+void Inspector::addPowerGroup()
+{
     m_form->beginGroup("Power", InspectorForm::Screens);
-    m_form->addNumber({"Per panel"}, "powerOnCell", {0, mostWatts, "W"});
-    m_form->addSummary("Power", [this](const Layer &layer) {
-        return LayerText::power(layer, m_document.voltageCalc(), m_document.phaseCalc());
+    m_form->addNumber({"Watts per panel"}, "powerOnCell", {0, mostWatts, "W"});
+    m_form->addSummary("Power", [this](const std::vector<LayerPointer> &layers) {
+        return LayerText::power(layers, m_document.voltageCalc(), m_document.phaseCalc());
     });
 }
 
 void Inspector::addStillGroup()
 {
     m_form->beginGroup("Picture", InspectorForm::Stills);
-    m_form->addNumber({"Width", 2}, "panelWidth", {1, longestOutput, "px"});
-    m_form->addNumber({"Height", 1}, "panelHeight", {1, longestOutput, "px"});
+    m_form->addNumber({"Width", 1}, "panelWidth", {1, longestOutput, "px"});
+    m_form->addNumber({"Height", 2}, "panelHeight", {1, longestOutput, "px"});
     m_form->addSwitch({"Keep ratio", 0, "Width and height keep their ratio"}, "aspectRatio");
-    m_form->addNumber({"Left", 5}, "xpoint", places);
-    m_form->addNumber({"Top", 6}, "ypoint", places);
+    addPlace();
     m_form->addSummary("Picture", LayerText::picture);
     QPushButton *choose = textButton("Choose picture...", "Shows another picture, or finds a missing one again");
     connect(choose, &QPushButton::clicked, this, &Inspector::choosePicture);
@@ -187,8 +245,9 @@ void Inspector::addOutputGroup()
     };
     m_outputWidth = side("OutputWidth");
     m_outputHeight = side("OutputHeight");
-    m_form->addControlWith(outputSizes(), {"Width"}, m_outputWidth);
-    m_form->addControl({"Height"}, m_outputHeight);
+    const QString most = NumberText::grouped(Raster::mostPixels);
+    m_form->addControlWith(outputSizes(), {"Width", 0, "Width times height is at most " + most + " px"}, m_outputWidth);
+    m_form->addControl({"Height", 0, "Height times width is at most " + most + " px"}, m_outputHeight);
     m_background = outputColour("Background", &LWAppDelegate::setBgColor);
     m_edge = outputColour("Edge", &LWAppDelegate::setEdgeColor);
 }
@@ -234,6 +293,10 @@ ColourButton *Inspector::outputColour(const QString &name, void (LWAppDelegate::
         (m_document.*set)(colour);
         m_document.update();
     });
+    connect(button, &ColourButton::choiceCancelled, this, [this, set](const OptionalColour &before) {
+        (m_document.*set)(*before); // the output always has one
+        m_document.update();
+    });
     m_form->addControl({name}, button);
     return button;
 }
@@ -245,46 +308,34 @@ void Inspector::edit(const QString &property, const QVariant &value)
 
 void Inspector::refresh()
 {
+    showOutput();
+    const std::vector<LayerPointer> layers = shownLayers();
+    if (layers.empty())
+        return;
+    m_form->show(layers);
+    const std::optional<QVariant> pattern = InspectorForm::commonValue(layers, "pattern");
+    m_patterns->show(pattern ? pattern->toLongLong() : PatternGrid::none);
+}
+
+void Inspector::showOutput()
+{
+    m_outputWidth->setHighest(longestBeside(m_document.OutputHeight()));
+    m_outputHeight->setHighest(longestBeside(m_document.OutputWidth()));
     m_outputWidth->show(m_document.OutputWidth());
     m_outputHeight->show(m_document.OutputHeight());
     m_background->show(m_document.bgColor());
     m_edge->show(m_document.edgeColor());
     m_corners->setCurrentIndex(m_document.popupIndex());
-
-    std::vector<LayerPointer> layers;
-    if (const LayerPointer shown = m_document.arraycontroller().selectedLayer())
-        layers.push_back(shown);
-    for (const qsizetype index : m_document.arraycontroller().selectionIndexes()) {
-        const LayerPointer layer = m_document.arraycontroller().layer(index);
-        if (layer && layer != layers.front())
-            layers.push_back(layer);
-    }
-    if (layers.empty())
-        return;
-    m_form->show(layers);
 }
 
-void Inspector::switchAllOn()
+/// The selected layers, first the one whose captions are shown.
+std::vector<LayerPointer> Inspector::shownLayers() const
 {
-    for (const qsizetype index : m_document.arraycontroller().selectionIndexes()) {
-        const LayerPointer layer = m_document.arraycontroller().layer(index);
-        if (auto *screen = qobject_cast<LWScreen *>(layer.get()))
-            screen->setHiddenBoxes(QStringList());
-        layer->drawInRect();
-    }
-    m_document.finishEdit("Switch All Panels On");
-}
-
-void Inspector::exchangeColours()
-{
-    for (const qsizetype index : m_document.arraycontroller().selectionIndexes()) {
-        const LayerPointer layer = m_document.arraycontroller().layer(index);
-        const OptionalColour first = layer->rectColor();
-        layer->setRectColor(layer->rectColor2());
-        layer->setRectColor2(first);
-        layer->drawInRect();
-    }
-    m_document.finishEdit("Exchange Colours");
+    std::vector<LayerPointer> layers = m_document.selectedLayers();
+    const auto shown = std::find(layers.begin(), layers.end(), m_document.arraycontroller().selectedLayer());
+    if (shown != layers.end())
+        std::rotate(layers.begin(), shown, shown + 1);
+    return layers;
 }
 
 void Inspector::choosePicture()
@@ -304,7 +355,8 @@ void Inspector::showFolder() const
 
 bool Inspector::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::FocusOut)
+    // A field tells itself when its entry has ended.
+    if (event->type() == QEvent::FocusOut && !qobject_cast<NumberField *>(watched))
         m_document.endTyping();
     if (event->type() == QEvent::FocusIn)
         ensureWidgetVisible(qobject_cast<QWidget *>(watched));

@@ -32,7 +32,15 @@ protected:
 
 private:
     void follow();
-    void addScreenGroups();
+    void followEntries();
+    void addPlaceGroup();
+    void addPlace();
+    void addWallGroup();
+    void addPanelsGroup();
+    void addChartGroup();
+    void addLabelsGroup();
+    void addDataFlowGroup();
+    void addPowerGroup();
     void addStillGroup();
     void addOutputGroup();
     QWidget *cornerChoice();
@@ -40,8 +48,8 @@ private:
     QWidget *outputSizes();
     ColourButton *outputColour(const QString &name, void (LWAppDelegate::*set)(const Colour &));
     void edit(const QString &property, const QVariant &value);
-    void switchAllOn();
-    void exchangeColours();
+    void showOutput();
+    std::vector<LayerPointer> shownLayers() const;
     void choosePicture();
     void showFolder() const;
 

@@ -2,6 +2,7 @@
 
 #include "app/windows/ColourButton.h"
 #include "app/windows/NumberField.h"
+#include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
 #include "screen/LWScreen.h"
 
@@ -13,6 +14,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 #include <utility>
 
@@ -20,19 +22,12 @@ namespace {
 constexpr int captionWidth = 108;
 constexpr int controlWidth = 148;
 
-InspectorForm::Kinds kindOf(const Layer &layer)
+InspectorForm::Kinds kindsOf(const std::vector<LayerPointer> &layers)
 {
-    return qobject_cast<const LWScreen *>(&layer) ? InspectorForm::Screens : InspectorForm::Stills;
-}
-
-/// The value that all layers have; nullopt where they differ.
-std::optional<QVariant> commonValue(const std::vector<LayerPointer> &layers, const QString &property)
-{
-    const QByteArray name = property.toLatin1();
-    const QVariant first = layers.front()->property(name);
-    const bool isCommon = std::all_of(layers.begin() + 1, layers.end(),
-                                      [&](const LayerPointer &layer) { return layer->property(name) == first; });
-    return isCommon ? std::optional(first) : std::nullopt;
+    const auto isScreen = [](const LayerPointer &layer) { return qobject_cast<LWScreen *>(layer.get()) != nullptr; };
+    if (std::all_of(layers.begin(), layers.end(), isScreen))
+        return InspectorForm::Screens;
+    return std::any_of(layers.begin(), layers.end(), isScreen) ? InspectorForm::Both : InspectorForm::Stills;
 }
 
 QString propertyOfCaption(int number)
@@ -53,31 +48,34 @@ void InspectorForm::beginGroup(const QString &title, Kinds kinds)
     group.grid->setColumnMinimumWidth(0, captionWidth);
     group.grid->setColumnMinimumWidth(1, controlWidth);
     group.grid->setColumnStretch(1, 1);
-    if (!title.isEmpty()) {
-        group.head = new QToolButton;
-        group.head->setText(title);
-        group.head->setFont(Theme::titleFont());
-        group.head->setCheckable(true);
-        group.head->setChecked(true);
-        group.head->setArrowType(Qt::DownArrow);
-        group.head->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        group.head->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        group.head->setObjectName("groupHead");
-        group.head->setToolTip("Folds and unfolds the group");
-        QObject::connect(group.head, &QToolButton::toggled, group.head,
-                         [this, head = group.head, body = group.body](bool isOpen) {
-                             head->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
-                             body->setVisible(isOpen);
-                             if (foldingDidChange)
-                                 foldingDidChange();
-                         });
-        m_column.addWidget(group.head);
-    }
+    if (!title.isEmpty())
+        m_column.addWidget(group.head = headOf(title, group.body));
     m_column.addWidget(group.body);
     m_groups.push_back(group);
 }
 
-void InspectorForm::addRow(const Caption &caption, QWidget *control, Kinds kinds)
+QToolButton *InspectorForm::headOf(const QString &title, QWidget *body)
+{
+    auto *head = new QToolButton;
+    head->setText(title);
+    head->setFont(Theme::titleFont());
+    head->setCheckable(true);
+    head->setChecked(true);
+    head->setArrowType(Qt::DownArrow);
+    head->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    head->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    head->setObjectName("groupHead");
+    head->setToolTip("Folds and unfolds the group");
+    QObject::connect(head, &QToolButton::toggled, head, [this, head, body](bool isOpen) {
+        head->setArrowType(isOpen ? Qt::DownArrow : Qt::RightArrow);
+        body->setVisible(isOpen);
+        if (foldingDidChange)
+            foldingDidChange();
+    });
+    return head;
+}
+
+void InspectorForm::addRow(const Caption &caption, QWidget *control)
 {
     QGridLayout &grid = *m_groups.back().grid;
     const int row = grid.rowCount();
@@ -88,23 +86,22 @@ void InspectorForm::addRow(const Caption &caption, QWidget *control, Kinds kinds
     label->setBuddy(control);
     label->setFixedWidth(captionWidth);
     if (control->accessibleName().isEmpty())
-        control->setAccessibleName(caption.text);
+        control->setAccessibleName(caption.inFull());
     if (control->toolTip().isEmpty())
-        control->setToolTip(caption.tip.isEmpty() ? caption.text : caption.tip);
+        control->setToolTip(caption.tip.isEmpty() ? caption.inFull() : caption.tip);
     grid.addWidget(label, row, 0);
     grid.addWidget(control, row, 1);
-    const auto both = static_cast<Kinds>(kinds & m_groups.back().kinds);
-    m_rows.push_back({caption, both, label, control});
+    m_rows.push_back({caption, label, control});
 }
 
 QWidget *InspectorForm::number(const Caption &caption, const QString &property, const Range &range)
 {
     auto *field = new NumberField(range.lowest, range.highest, range.unit);
-    field->setAccessibleName(caption.text);
+    field->setAccessibleName(caption.inFull());
     QObject::connect(field, &NumberField::edited, field, [this, property](int value) { m_edit(property, value); });
     m_shows.push_back([field, property](const std::vector<LayerPointer> &layers) {
         if (const std::optional<QVariant> value = commonValue(layers, property))
-            field->show(value->toInt());
+            field->show(static_cast<int>(std::min<qint64>(value->toLongLong(), std::numeric_limits<int>::max())));
         else
             field->showMixed();
     });
@@ -129,7 +126,7 @@ QWidget *InspectorForm::colour(const QString &name, const QString &property)
 QWidget *InspectorForm::switchOf(const Caption &caption, const QString &property, const QString &colour)
 {
     auto *box = new QCheckBox;
-    box->setAccessibleName(caption.text);
+    box->setAccessibleName(caption.inFull());
     QObject::connect(box, &QCheckBox::clicked, box, [this, box, property, colour] {
         const bool isOn = box->checkState() != Qt::Unchecked; // a press on "some" means all
         box->setTristate(false);
@@ -148,9 +145,9 @@ QWidget *InspectorForm::switchOf(const Caption &caption, const QString &property
     return box;
 }
 
-void InspectorForm::addNumber(const Caption &caption, const QString &property, const Range &range, Kinds kinds)
+void InspectorForm::addNumber(const Caption &caption, const QString &property, const Range &range)
 {
-    addRow(caption, number(caption, property, range), kinds);
+    addRow(caption, number(caption, property, range));
 }
 
 void InspectorForm::addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range)
@@ -158,19 +155,19 @@ void InspectorForm::addNumberWith(QWidget *button, const Caption &caption, const
     addControlWith(button, caption, number(caption, property, range));
 }
 
-void InspectorForm::addSwitch(const Caption &caption, const QString &property, Kinds kinds)
+void InspectorForm::addSwitch(const Caption &caption, const QString &property)
 {
-    addRow(caption, switchOf(caption, property), kinds);
+    addRow(caption, switchOf(caption, property));
 }
 
 void InspectorForm::addColour(const Caption &caption, const QString &property)
 {
-    addRow(caption, colour(caption.text, property), All);
+    addRow(caption, colour(caption.inFull(), property));
 }
 
 void InspectorForm::addText(const Caption &caption, const QString &property)
 {
-    auto *field = new QLineEdit;
+    auto *field = new TextField;
     QObject::connect(field, &QLineEdit::textEdited, field,
                      [this, property](const QString &text) { m_edit(property, text); });
     m_shows.push_back([field, property](const std::vector<LayerPointer> &layers) {
@@ -180,7 +177,7 @@ void InspectorForm::addText(const Caption &caption, const QString &property)
         if (field->text() != text)
             field->setText(text);
     });
-    addRow(caption, field, All);
+    addRow(caption, field);
 }
 
 void InspectorForm::addSwitchRow(const Caption &caption, const QString &property, const QString &numberProperty,
@@ -191,23 +188,20 @@ void InspectorForm::addSwitchRow(const Caption &caption, const QString &property
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Theme::gap / 2);
     row->addWidget(switchOf(caption, property, colourProperty));
-    if (!numberProperty.isEmpty())
-        row->addWidget(number({caption.text + " size"}, numberProperty, range), 1);
-    else
-        row->addStretch(1);
-    row->addWidget(colour(caption.text + " colour", colourProperty));
+    row->addWidget(number({caption.inFull() + ", " + range.name}, numberProperty, range), 1);
+    row->addWidget(colour(caption.inFull() + ", colour", colourProperty));
     for (int i = 0; i < row->count(); ++i) {
         QWidget *part = row->itemAt(i)->widget();
-        if (part && part->toolTip().isEmpty())
+        if (part->toolTip().isEmpty())
             part->setToolTip(part->accessibleName());
     }
-    addRow(caption, parts, All);
+    addRow(caption, parts);
     m_rows.back().label->setBuddy(row->itemAt(0)->widget());
 }
 
-void InspectorForm::addControl(const Caption &caption, QWidget *control, Kinds kinds)
+void InspectorForm::addControl(const Caption &caption, QWidget *control)
 {
-    addRow(caption, control, kinds);
+    addRow(caption, control);
 }
 
 void InspectorForm::addControlWith(QWidget *button, const Caption &caption, QWidget *control)
@@ -218,62 +212,66 @@ void InspectorForm::addControlWith(QWidget *button, const Caption &caption, QWid
     row->setSpacing(Theme::gap / 2);
     row->addWidget(control, 1);
     row->addWidget(button);
-    control->setAccessibleName(caption.text);
-    control->setToolTip(caption.tip.isEmpty() ? caption.text : caption.tip);
-    addRow(caption, both, All);
+    control->setAccessibleName(caption.inFull());
+    control->setToolTip(caption.tip.isEmpty() ? caption.inFull() : caption.tip);
+    addRow(caption, both);
     m_rows.back().label->setBuddy(control);
 }
 
-void InspectorForm::addWide(const QString &name, QWidget *control, Kinds kinds)
+void InspectorForm::addWide(const QString &name, QWidget *control)
 {
     control->setAccessibleName(name);
     QGridLayout &grid = *m_groups.back().grid;
     grid.addWidget(control, grid.rowCount(), 0, 1, 2);
-    m_rows.push_back({{}, static_cast<Kinds>(kinds & m_groups.back().kinds), nullptr, control});
+    m_rows.push_back({{}, nullptr, control});
 }
 
-void InspectorForm::addSummary(const QString &name, std::function<QString(const Layer &)> text, Kinds kinds)
+void InspectorForm::addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text)
 {
     auto *line = new QLabel;
     line->setWordWrap(true);
     line->setFont(Theme::smallFont());
     line->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    addWide(name, line, kinds);
-    m_shows.push_back([line, text = std::move(text), kinds](const std::vector<LayerPointer> &layers) {
-        if ((kindOf(*layers.front()) & kinds) != 0)
-            line->setText(text(*layers.front()));
-    });
+    addWide(name, line);
+    m_shows.push_back(
+        [line, text = std::move(text)](const std::vector<LayerPointer> &layers) { line->setText(text(layers)); });
 }
 
 void InspectorForm::show(const std::vector<LayerPointer> &layers)
 {
     m_layers = layers;
-    int kinds = All;
-    for (const LayerPointer &layer : layers)
-        kinds &= kindOf(*layer);
-    const auto applies = [&](Kinds wanted) { return kinds != 0 ? (wanted & kinds) != 0 : wanted == All; };
+    const Kinds kinds = kindsOf(layers);
     for (const Group &group : m_groups) {
-        const bool isShown = applies(group.kinds);
+        const bool isShown = (group.kinds & kinds) != 0;
         if (group.head)
             group.head->setVisible(isShown);
         group.body->setVisible(isShown && (!group.head || group.head->isChecked()));
     }
     for (const Row &row : m_rows)
-        showRow(row, *layers.front(), applies(row.kinds));
+        showRow(row, *layers.front());
     for (const Show &show : m_shows)
         show(layers);
 }
 
-void InspectorForm::showRow(const Row &row, const Layer &layer, bool isShown) const
+void InspectorForm::showRow(const Row &row, const Layer &layer)
 {
     const QString caption = row.caption.number == 0 ? QString() : propertyOfCaption(row.caption.number);
     const bool isHidden = !caption.isEmpty() && layer.property((caption + "Hidden").toLatin1()).toBool();
-    row.control->setVisible(isShown && !isHidden);
+    row.control->setVisible(!isHidden);
     if (!row.label)
         return;
-    row.label->setVisible(isShown && !isHidden);
+    row.label->setVisible(!isHidden);
     const QString own = caption.isEmpty() ? QString() : layer.property(caption.toLatin1()).toString();
     row.label->setText(own.isEmpty() ? row.caption.text : own);
+}
+
+std::optional<QVariant> InspectorForm::commonValue(const std::vector<LayerPointer> &layers, const QString &property)
+{
+    const QByteArray name = property.toLatin1();
+    const QVariant first = layers.front()->property(name);
+    const bool isCommon = std::all_of(layers.begin() + 1, layers.end(),
+                                      [&](const LayerPointer &layer) { return layer->property(name) == first; });
+    return isCommon ? std::optional(first) : std::nullopt;
 }
 
 QStringList InspectorForm::foldedGroups() const

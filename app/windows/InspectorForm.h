@@ -7,6 +7,7 @@
 #include <QVariant>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class QGridLayout;
@@ -18,11 +19,13 @@ class QWidget;
 class InspectorForm
 {
 public:
+    /// What is selected.
     enum Kinds
     {
         Screens = 1,
         Stills = 2,
-        All = Screens | Stills
+        Both = 4, ///< screens and stills together
+        All = Screens | Stills | Both
     };
     /// Writes a value into the property of all selected layers.
     using Edit = std::function<void(const QString &property, const QVariant &value)>;
@@ -33,6 +36,7 @@ public:
         int lowest;
         int highest;
         QString unit;
+        QString name = {}; ///< what it is of the switch before it, "width"
     };
     /// What stands before a control. Where the layer has a caption of its own under `number`, 1 to 8, that stands there
     /// instead, or nothing where the layer hides it; 0: none has.
@@ -40,36 +44,42 @@ public:
     {
         QString text;
         int number = 0;
-        QString tip = {};
+        QString tip = {};  ///< empty: the name
+        QString name = {}; ///< the words in full; empty: `text` is all
+        const QString &inFull() const { return name.isEmpty() ? text : name; }
     };
 
     /// Rows go into `column`, which outlives this.
     InspectorForm(QVBoxLayout &column, Edit edit);
 
-    /// Later rows belong to a group of this title, shown for layers of these kinds. Empty: a group without a title.
+    /// Later rows belong to a group of this title, shown where these kinds are selected. Empty: a group without a
+    /// title.
     void beginGroup(const QString &title, Kinds kinds);
 
-    void addNumber(const Caption &caption, const QString &property, const Range &range, Kinds kinds = All);
+    void addNumber(const Caption &caption, const QString &property, const Range &range);
     /// A number with a button that offers common values for it.
     void addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range);
     void addText(const Caption &caption, const QString &property);
-    void addSwitch(const Caption &caption, const QString &property, Kinds kinds = All);
+    void addSwitch(const Caption &caption, const QString &property);
     void addColour(const Caption &caption, const QString &property);
     /// A switch and, in the same row, the number and the colour that belong to it. Turning it on gives the colour white
     /// where the layer has none.
     void addSwitchRow(const Caption &caption, const QString &property, const QString &number, const Range &range,
                       const QString &colour);
     /// Any other control; it looks after itself.
-    void addControl(const Caption &caption, QWidget *control, Kinds kinds = All);
+    void addControl(const Caption &caption, QWidget *control);
     /// The same with a button behind it.
     void addControlWith(QWidget *button, const Caption &caption, QWidget *control);
     /// A control that needs the whole width.
-    void addWide(const QString &name, QWidget *control, Kinds kinds = All);
-    /// A line that is only read; `text` is made from the layer before the inspector.
-    void addSummary(const QString &name, std::function<QString(const Layer &)> text, Kinds kinds = All);
+    void addWide(const QString &name, QWidget *control);
+    /// A line that is only read; `text` is made from the selected layers.
+    void addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text);
 
     /// Shows what the layers have: the first is the one before the inspector. Not empty.
     void show(const std::vector<LayerPointer> &layers);
+
+    /// The value that all layers, at least one, have under the property; nullopt where they differ.
+    static std::optional<QVariant> commonValue(const std::vector<LayerPointer> &layers, const QString &property);
 
     /// Titles of the folded groups.
     QStringList foldedGroups() const;
@@ -89,17 +99,17 @@ private:
     struct Row
     {
         Caption caption;
-        Kinds kinds;
         QLabel *label;
         QWidget *control;
     };
     using Show = std::function<void(const std::vector<LayerPointer> &layers)>;
 
+    QToolButton *headOf(const QString &title, QWidget *body);
     QWidget *number(const Caption &caption, const QString &property, const Range &range);
     QWidget *colour(const QString &name, const QString &property);
     QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour = {});
-    void addRow(const Caption &caption, QWidget *control, Kinds kinds);
-    void showRow(const Row &row, const Layer &layer, bool isShown) const;
+    void addRow(const Caption &caption, QWidget *control);
+    static void showRow(const Row &row, const Layer &layer);
 
     QVBoxLayout &m_column;
     Edit m_edit;

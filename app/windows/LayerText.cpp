@@ -2,6 +2,7 @@
 
 #include "app/PowerCalculator.h"
 #include "app/windows/NumberText.h"
+#include "drawing/Raster.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/PortSplit.h"
@@ -12,6 +13,18 @@
 #include <limits>
 
 namespace {
+/// The layers of one kind.
+template <typename Kind>
+std::vector<const Kind *> among(const std::vector<LayerPointer> &layers)
+{
+    std::vector<const Kind *> found;
+    for (const LayerPointer &layer : layers) {
+        if (const auto *one = qobject_cast<const Kind *>(layer.get()))
+            found.push_back(one);
+    }
+    return found;
+}
+
 QString counted(qint64 count, const QString &noun)
 {
     return NumberText::grouped(count) + ' ' + noun + (count == 1 ? "" : "s");
@@ -47,6 +60,25 @@ qint64 product(std::initializer_list<qint64> factors)
     return result;
 }
 
+/// The largest number, likewise.
+qint64 sum(qint64 first, qint64 second)
+{
+    qint64 result = 0;
+    return qAddOverflow(first, second, &result) ? std::numeric_limits<qint64>::max() : result;
+}
+
+/// Nothing where the wall has no panels or no pattern that there is.
+std::optional<PortSplit> splitOf(const Layer &wall)
+{
+    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(wall.pattern());
+    return pattern ? PortSplit::of(gridOf(wall), *pattern, wall.pixelLimit()) : std::nullopt;
+}
+
+bool hangsOnOnePort(const PortSplit &split)
+{
+    return split.isOneRun || split.portCount() < 1;
+}
+
 /// Pixels of so many rows, or columns, of the wall.
 qint64 pixelsOf(const Layer &layer, const FlowPattern &pattern, qint64 lines)
 {
@@ -62,6 +94,15 @@ QString missingPicture(const Layer &layer)
     const QString path = still->ImageURL().toLocalFile();
     return QString("The picture %1 is missing or cannot be read; choose it again.")
         .arg(path.isEmpty() ? still->ImageURL().relative : path);
+}
+
+QString tooLargeToDraw(const Layer &layer)
+{
+    const QSize size(layer.screenSizeWidth(), layer.screenSizeHeight());
+    const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
+    if (!isWall || size.isEmpty() || Raster::canHold(size.width(), size.height()))
+        return {};
+    return QString("It has %1 px, too large to be drawn; make it smaller.").arg(NumberText::size(size));
 }
 
 QString outsideOutput(const Layer &layer, const QSize &output)
@@ -81,9 +122,8 @@ QString outsideOutput(const Layer &layer, const QSize &output)
 QString portOverLimit(const Layer &layer)
 {
     const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
-    const bool hasPath = qobject_cast<const LWScreen *>(&layer) && layer.drawFlowPath() && pattern;
-    const std::optional<PortSplit> split =
-        hasPath ? PortSplit::of(gridOf(layer), *pattern, layer.pixelLimit()) : std::nullopt;
+    const bool hasPath = qobject_cast<const LWScreen *>(&layer) && layer.drawFlowPath();
+    const std::optional<PortSplit> split = hasPath ? splitOf(layer) : std::nullopt;
     if (!split || !split->isOneRun || layer.pixelLimit() <= 0)
         return {};
     const QString line = pattern->along == FlowPattern::Along::Rows ? "row" : "column";
@@ -91,42 +131,82 @@ QString portOverLimit(const Layer &layer)
     return QString("One %1 of panels has %2 px, a port carries %3; raise the pixels per port or make the %1s shorter.")
         .arg(line, pixels, NumberText::grouped(layer.pixelLimit()));
 }
+
+QString portsOf(const Layer &wall)
+{
+    const std::optional<PortSplit> split = splitOf(wall);
+    if (!split)
+        return "No data path";
+    if (hangsOnOnePort(*split)) {
+        const qint64 all = product({wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()});
+        const bool isTooMuch = wall.pixelLimit() > 0;
+        return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
+               (isTooMuch ? ", more than one port carries" : "");
+    }
+    const auto pixels = [&wall, pattern = *FlowPattern::ofCode(wall.pattern())](qint64 lines) {
+        return NumberText::grouped(pixelsOf(wall, pattern, lines)) + " px";
+    };
+    const QString ports = counted(split->portCount(), "port") + ", ";
+    if (split->portCount() == 1)
+        return ports + pixels(split->port(0).lines);
+    const QString each = ports + pixels(split->linesPerPort) + " each";
+    return split->remainderLines == 0 ? each : each + ", last " + pixels(split->remainderLines);
+}
+
+QString portsOfAll(const std::vector<const LWScreen *> &walls)
+{
+    qint64 ports = 0;
+    qint64 overloaded = 0;
+    for (const LWScreen *wall : walls) {
+        const std::optional<PortSplit> split = splitOf(*wall);
+        if (!split)
+            continue;
+        const bool isOne = hangsOnOnePort(*split);
+        ports = sum(ports, isOne ? 1 : split->portCount());
+        overloaded += isOne && wall->pixelLimit() > 0 ? 1 : 0;
+    }
+    const QString text = ports == 0 ? QString("No data path") : counted(ports, "port");
+    return overloaded == 0 ? text : text + ", " + NumberText::grouped(overloaded) + " over the limit";
+}
+
+QString pictureOf(const LWStill &still)
+{
+    const QSize size = still.thumbnail().size();
+    if (size.isEmpty())
+        return "The picture is missing. Choose it again.";
+    const double scale = 100.0 * still.panelWidth() / size.width();
+    return QString("%1 px, shown at %2 %").arg(NumberText::size(size)).arg(qRound(scale));
+}
 } // namespace
 
 namespace LayerText {
 
-QString wall(const Layer &layer)
+QString wall(const std::vector<LayerPointer> &layers)
 {
-    const auto *screen = qobject_cast<const LWScreen *>(&layer);
-    if (!screen)
+    const std::vector<const LWScreen *> walls = among<LWScreen>(layers);
+    if (walls.empty())
         return {};
-    const qint64 off = panelsOff(*screen);
-    QString text = QString("%1 × %2 panels, %3 px")
-                       .arg(NumberText::grouped(layer.col()), NumberText::grouped(layer.row()),
-                            NumberText::size({layer.screenSizeWidth(), layer.screenSizeHeight()}));
+    qint64 panels = 0;
+    qint64 off = 0;
+    for (const LWScreen *each : walls) {
+        panels = sum(panels, product({each->col(), each->row()}));
+        off += panelsOff(*each);
+    }
+    const LWScreen &first = *walls.front();
+    const QString text = walls.size() > 1
+                             ? counted(std::ssize(walls), "wall") + ", " + counted(panels, "panel")
+                             : QString("%1 × %2 panels, %3 px")
+                                   .arg(NumberText::grouped(first.col()), NumberText::grouped(first.row()),
+                                        NumberText::size({first.screenSizeWidth(), first.screenSizeHeight()}));
     return off == 0 ? text : text + ", " + NumberText::grouped(off) + " off";
 }
 
-QString ports(const Layer &layer)
+QString ports(const std::vector<LayerPointer> &layers)
 {
-    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
-    const std::optional<PortSplit> split =
-        pattern ? PortSplit::of(gridOf(layer), *pattern, layer.pixelLimit()) : std::nullopt;
-    if (!split)
-        return "No data path";
-    if (split->isOneRun || split->portCount() < 1) {
-        const qint64 all = product({layer.col(), layer.row(), layer.panelWidth(), layer.panelHeight()});
-        const bool isTooMuch = layer.pixelLimit() > 0;
-        return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
-               (isTooMuch ? ", more than one port carries" : "");
-    }
-    const QString ports = counted(split->portCount(), "port") + ", ";
-    if (split->portCount() == 1)
-        return ports + NumberText::grouped(pixelsOf(layer, *pattern, split->port(0).lines)) + " px";
-    const QString each = NumberText::grouped(pixelsOf(layer, *pattern, split->linesPerPort)) + " px each";
-    if (split->remainderLines == 0)
-        return ports + each;
-    return ports + each + ", last " + NumberText::grouped(pixelsOf(layer, *pattern, split->remainderLines)) + " px";
+    const std::vector<const LWScreen *> walls = among<LWScreen>(layers);
+    if (walls.empty())
+        return {};
+    return walls.size() == 1 ? portsOf(*walls.front()) : portsOfAll(walls);
 }
 
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
@@ -144,28 +224,24 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
     return {};
 }
 
-QString power(const Layer &layer, qint64 volts, qint64 phases)
+QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
 {
     const float amperes =
-        PowerCalculator::amperes(PowerCalculator::watts(layer), PowerCalculator::divisor(volts, phases));
+        PowerCalculator::amperes(PowerCalculator::watts(layers), PowerCalculator::divisor(volts, phases));
     return QString("%1 A at %2 V, %3").arg(amperes, 0, 'f', 2).arg(volts).arg(counted(phases, "phase"));
 }
 
-QString picture(const Layer &layer)
+QString picture(const std::vector<LayerPointer> &layers)
 {
-    const auto *still = qobject_cast<const LWStill *>(&layer);
-    if (!still)
+    const std::vector<const LWStill *> stills = among<LWStill>(layers);
+    if (stills.empty())
         return {};
-    const QSize size = still->thumbnail().size();
-    if (size.isEmpty())
-        return "The picture is missing. Choose it again.";
-    const double scale = 100.0 * layer.panelWidth() / size.width();
-    return QString("%1 px, shown at %2 %").arg(NumberText::size(size)).arg(qRound(scale));
+    return stills.size() == 1 ? pictureOf(*stills.front()) : counted(std::ssize(stills), "picture");
 }
 
 QStringList warnings(const Layer &layer, const QSize &output)
 {
-    QStringList all{missingPicture(layer), outsideOutput(layer, output), portOverLimit(layer)};
+    QStringList all{missingPicture(layer), tooLargeToDraw(layer), outsideOutput(layer, output), portOverLimit(layer)};
     all.removeAll(QString());
     return all;
 }

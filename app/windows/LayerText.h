@@ -9,21 +9,23 @@
 
 #include <vector>
 
-/// Sentences about a layer, to be read in the inspector.
+/// Sentences about layers, to be read in the inspector: one layer is described, of several the sum is told. Layers of
+/// another kind do not count; empty where there are no others.
 namespace LayerText {
 
-/// "7 × 5 panels, 896 × 640 px, 2 off"
-QString wall(const Layer &layer);
-/// "4 ports, 163,840 px each, last 81,920 px"; "1 port, 573,440 px" where all panels hang on one.
-QString ports(const Layer &layer);
+/// "7 × 5 panels, 896 × 640 px, 2 off"; "2 walls, 41 panels, 3 off".
+QString wall(const std::vector<LayerPointer> &layers);
+/// "4 ports, 163,840 px each, last 81,920 px"; "1 port, 573,440 px" where all panels hang on one; "7 ports".
+QString ports(const std::vector<LayerPointer> &layers);
 /// The label of the panel at a pixel of the output, of the topmost visible wall there: "C7"; empty where there is none.
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel);
 /// "12.73 A at 110 V, 1 phase"
-QString power(const Layer &layer, qint64 volts, qint64 phases);
-/// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture.
-QString picture(const Layer &layer);
+QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
+/// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture; "2 pictures".
+QString picture(const std::vector<LayerPointer> &layers);
 /// What is wrong with a layer on an output of this size and what to do, one sentence each, the most urgent first: a
-/// picture that is missing, a layer wholly outside, a port that cannot carry one line of panels. Empty: nothing.
+/// picture that is missing, a wall too large to be drawn, a layer wholly outside, a port that cannot carry one line of
+/// panels. Empty: nothing.
 QStringList warnings(const Layer &layer, const QSize &output);
 
 } // namespace LayerText

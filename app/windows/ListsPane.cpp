@@ -12,14 +12,19 @@ enum Tab
 };
 } // namespace
 
-ListsPane::ListsPane(QWidget *layers, QWidget *parent)
-    : QWidget(parent), m_column(new QVBoxLayout(this)), m_splitter(new QSplitter(Qt::Vertical)), m_layers(layers)
+ListsPane::ListsPane(QWidget *parent)
+    : QWidget(parent), m_column(new QVBoxLayout(this)), m_splitter(new QSplitter(Qt::Vertical, this))
 {
     m_column->setContentsMargins(0, 0, 0, 0);
     m_column->setSpacing(0);
     m_column->addWidget(m_splitter);
     m_splitter->setHandleWidth(1);
     m_splitter->setChildrenCollapsible(false);
+}
+
+void ListsPane::setLayers(QWidget *layers)
+{
+    m_layers = layers;
     m_splitter->addWidget(layers);
 }
 

@@ -12,9 +12,11 @@ class ListsPane final : public QWidget
     Q_OBJECT
 
 public:
-    /// Owns `layers`. The presets come later, see setPresets().
-    explicit ListsPane(QWidget *layers, QWidget *parent = nullptr);
+    /// Empty; first come the layers, later the presets.
+    explicit ListsPane(QWidget *parent = nullptr);
 
+    /// Owns `layers`; once.
+    void setLayers(QWidget *layers);
     /// Owns `presets`; once. They take half of the height, unless restoreState() has said otherwise.
     void setPresets(QWidget *presets);
     /// Whether one list at a time is shown, for windows that leave little room.
@@ -35,7 +37,7 @@ private:
 
     QVBoxLayout *m_column;
     QSplitter *m_splitter;
-    QWidget *m_layers;
+    QWidget *m_layers = nullptr;
     QWidget *m_presets = nullptr; ///< null until they have come
     QTabBar *m_tabs = nullptr;
     QByteArray m_state; ///< to be restored when they have

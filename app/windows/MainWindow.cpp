@@ -55,7 +55,6 @@ MainWindow::MainWindow()
     resize(firstSize);
     addViews();
     addMenus();
-    Theme::applyStyleSheet();
     connectDocument();
     connectViews();
 }
@@ -93,15 +92,14 @@ QWidget *MainWindow::layersPanel()
             return LayerText::warnings(layer, {m_document.OutputWidth(), m_document.OutputHeight()});
         });
     m_layerTable->setObjectName("mainTView");
-    QLabel *title = Theme::title("Layers", m_layerTable);
-    auto *head = new QHBoxLayout;
-    head->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
-    head->addWidget(title, 1);
+    m_layersHead = new QHBoxLayout;
+    m_layersHead->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
+    m_layersHead->addStretch(1);
     m_addButton = headButton("+", "Add layer", "Adds a screen or an image", [this] { m_document.add(); });
     m_deleteButton = headButton("−", "Delete layer", "Deletes the selected layers", [this] { m_document.remove(); });
-    head->addWidget(m_addButton);
-    head->addWidget(m_deleteButton);
-    column->addLayout(head);
+    m_layersHead->addWidget(m_addButton);
+    m_layersHead->addWidget(m_deleteButton);
+    column->addLayout(m_layersHead);
     column->addWidget(m_layerTable);
     return panel;
 }
@@ -119,29 +117,30 @@ QToolButton *MainWindow::headButton(const QString &sign, const QString &name, co
 
 void MainWindow::addViews()
 {
-    m_regions = new QSplitter;
+    // From the outside in: a widget that is put into another is styled anew with all that is in it.
+    auto *centre = new QWidget(this);
+    auto *column = new QVBoxLayout(centre);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    m_regions = new QSplitter(centre);
+    column->addWidget(m_regions, 1);
     m_regions->setHandleWidth(1);
     m_regions->setChildrenCollapsible(false);
-    m_lists = new ListsPane(layersPanel());
+    m_lists = new ListsPane(m_regions);
+    m_lists->setLayers(layersPanel());
     m_lists->setMinimumWidth(leastListsWidth);
     m_regions->addWidget(m_lists);
-    m_canvasPane = new CanvasPane(m_canvasLink);
+    m_canvasPane = new CanvasPane(m_canvasLink, m_regions);
     m_canvas = &m_canvasPane->canvas();
     m_interface.setCanvas(m_canvas);
     m_canvas->installEventFilter(this);
     m_regions->addWidget(m_canvasPane);
-    m_inspector = new Inspector(m_document, m_interface);
+    m_inspector = new Inspector(m_document, m_interface, m_regions);
     m_inspector->setMinimumWidth(leastInspectorWidth);
     m_regions->addWidget(m_inspector);
     m_regions->setStretchFactor(1, 1);
     m_regions->setSizes({listsWidth, firstSize.width() - listsWidth - inspectorWidth, inspectorWidth});
-
-    auto *centre = new QWidget;
-    auto *column = new QVBoxLayout(centre);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(m_regions, 1);
-    m_powerBar = new PowerBar;
+    m_powerBar = new PowerBar(centre);
     column->addWidget(m_powerBar);
     setCentralWidget(centre);
 }
@@ -164,6 +163,7 @@ void MainWindow::makeLateParts()
     m_presetPanel = new PresetPanel(m_document, m_interface);
     m_lists->setPresets(m_presetPanel);
     m_canvasPane->showIcons();
+    m_layersHead->insertWidget(0, Theme::title("Layers", m_layerTable));
     m_addButton->setIcon(Icons::icon("plus-lg"));
     m_deleteButton->setIcon(Icons::icon("dash-lg"));
     m_inspector->makeControls();

@@ -18,6 +18,7 @@ class LayerTable;
 class ListsPane;
 class LWCanvasImageView;
 class PresetPanel;
+class QHBoxLayout;
 class QMenu;
 class QSplitter;
 class QToolButton;
@@ -108,6 +109,7 @@ private:
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
     CanvasLink m_canvasLink{m_document};
     LayerTable *m_layerTable;
+    QHBoxLayout *m_layersHead; ///< a title, which comes late, and two buttons
     QToolButton *m_addButton;
     QToolButton *m_deleteButton;
     QSplitter *m_regions; ///< lists, canvas and inspector

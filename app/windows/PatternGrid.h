@@ -12,6 +12,7 @@ class PatternGrid final : public QWidget
 public:
     explicit PatternGrid(QWidget *parent = nullptr);
 
+    static constexpr qint64 none = -1;
     /// Turns on the button of a pattern, 0 to 7, and the others off; none for any other number.
     void show(qint64 pattern);
 

@@ -14,7 +14,6 @@ namespace {
 const QString &family()
 {
     static const QString name = [] {
-        QFontDatabase::addApplicationFont(":/fonts/Inter-SemiBold.otf");
         const int regular = QFontDatabase::addApplicationFont(":/fonts/Inter-Regular.otf");
         return QFontDatabase::applicationFontFamilies(regular).value(0);
     }();
@@ -72,10 +71,6 @@ void Theme::apply()
     QApplication::setFont(fontOfSize(textSize));
     QToolTip::setPalette(palette());
     QToolTip::setFont(fontOfSize(textSize));
-}
-
-void Theme::applyStyleSheet()
-{
     qApp->setStyleSheet(styleSheet());
 }
 
@@ -86,6 +81,8 @@ QFont Theme::smallFont()
 
 QFont Theme::titleFont()
 {
+    static const int semiBold = QFontDatabase::addApplicationFont(":/fonts/Inter-SemiBold.otf");
+    Q_ASSERT(semiBold >= 0);
     QFont font = smallFont();
     font.setWeight(QFont::DemiBold);
     font.setCapitalization(QFont::AllUppercase);

@@ -28,15 +28,13 @@ inline constexpr int cornerRadius = 4;
 
 /// Gives the application style, colours and fonts. Any number of times; a QApplication exists.
 void apply();
-/// The rest of the look. Last, when the widgets of a window stand in each other: with a style sheet, each one that is
-/// put into another is styled anew with all that is in it.
-void applyStyleSheet();
 
 /// The title of a group, which has its words said in capitals; `buddy` is what it names.
 QLabel *title(const QString &text, QWidget *buddy = nullptr);
 
 QFont smallFont();
-/// For the titles of groups: small semibold capitals, to be drawn in `dimText`.
+/// For the titles of groups: small semibold capitals, to be drawn in `dimText`. The first use loads them, which takes
+/// milliseconds: nothing that is painted first should wait for it.
 QFont titleFont();
 
 } // namespace Theme

@@ -20,6 +20,10 @@ protected:
             all.append(layer->label());
         return all;
     }
+    QStringList keysOff(qsizetype row)
+    {
+        return dynamic_cast<LWScreen &>(*list().layer(row)).hiddenBoxes().value_or(QStringList());
+    }
     QString picture(const QString &name, const QSize &size)
     {
         QImage image(size, QImage::Format_RGB32);
@@ -185,6 +189,59 @@ TEST_F(EditingTest, OneRowIsHiddenWithoutBeingSelected)
     document.toggleVisibilityOf(2); // no such row
     document.undoStack().undo();
     EXPECT_FALSE(list().layer(0)->visible());
+}
+
+TEST_F(EditingTest, AllPanelsOfTheSelectedWallsAreSwitchedOn)
+{
+    document.AddScreen();
+    document.AddScreen();
+    for (qsizetype row = 0; row < 3; ++row)
+        list().layer(row)->onImageClick(10, 10);
+    list().setSelectionIndex(0);
+    document.addImages({picture("a.png", {4, 3})}); // stands first
+    document.finishEdit("Setting");
+    list().setSelectionIndexes({0, 1, 3});
+    document.switchAllPanelsOn();
+    EXPECT_EQ(keysOff(1), QStringList());
+    EXPECT_EQ(keysOff(2), QStringList("0,0"));
+    EXPECT_EQ(keysOff(3), QStringList());
+    EXPECT_EQ(document.undoStack().undoText(), "Switch All Panels On");
+    document.undoStack().undo();
+    EXPECT_EQ(keysOff(1).size(), 1);
+    EXPECT_EQ(keysOff(3).size(), 1);
+}
+
+TEST_F(EditingTest, TheColoursOfEachSelectedWallAreExchanged)
+{
+    document.AddScreen(); // both of its colours are red
+    list().layer(1)->setRectColor2(NamedColour::black);
+    document.finishEdit("Setting");
+    list().setSelectionIndexes({0, 1});
+    document.exchangeColours();
+    EXPECT_EQ(list().layer(0)->rectColor(), OptionalColour(NamedColour::lightGray));
+    EXPECT_EQ(list().layer(0)->rectColor2(), OptionalColour(NamedColour::red));
+    EXPECT_EQ(list().layer(1)->rectColor(), OptionalColour(NamedColour::black));
+    EXPECT_EQ(list().layer(1)->rectColor2(), OptionalColour(NamedColour::red));
+    EXPECT_EQ(document.undoStack().undoText(), "Exchange Colours");
+    document.undoStack().undo();
+    EXPECT_EQ(list().layer(1)->rectColor(), OptionalColour(NamedColour::red));
+}
+
+TEST_F(EditingTest, APatternIsChosenForAllSelectedLayersAsOneStepPerChoice)
+{
+    document.AddScreen();
+    document.AddScreen();
+    list().setSelectionIndexes({0, 2}, 2);
+    const int steps = document.undoStack().index();
+    document.choosePattern(6);
+    document.choosePattern(3);
+    EXPECT_EQ(list().layer(0)->pattern(), 3);
+    EXPECT_EQ(list().layer(1)->pattern(), 0);
+    EXPECT_EQ(list().layer(2)->pattern(), 3);
+    EXPECT_EQ(document.undoStack().index(), steps + 2);
+    document.undoStack().undo();
+    EXPECT_EQ(list().layer(0)->pattern(), 6);
+    EXPECT_EQ(list().layer(2)->pattern(), 6);
 }
 
 class PlacingTest : public EditingTest

@@ -4,6 +4,7 @@
 #include "app/windows/ColourButton.h"
 #include "still/LWStill.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QLabel>
 #include <QMenu>
@@ -45,14 +46,23 @@ void InspectorFixture::type(NumberField &field, const QString &text)
     QTest::keyClicks(&field, text);
 }
 
+void InspectorFixture::openColour(const QString &name, const Answer &given)
+{
+    const auto hasGone = [] { return !QApplication::activeModalWidget(); };
+    const auto openAndWait = [&] {
+        QTest::mouseClick(&control<ColourButton>(name), Qt::LeftButton);
+        EXPECT_TRUE(QTest::qWaitFor(hasGone));
+    };
+    answer(openAndWait, {given});
+}
+
 void InspectorFixture::chooseColour(const QString &name, const QColor &colour)
 {
-    const Answer choose = [colour](QWidget &dialog) {
+    openColour(name, [colour](QWidget &dialog) {
         auto &colours = dynamic_cast<QColorDialog &>(dialog);
         colours.setCurrentColor(colour);
         colours.accept();
-    };
-    answer([&] { QTest::mouseClick(&control<ColourButton>(name), Qt::LeftButton); }, {choose});
+    });
 }
 
 void InspectorFixture::chooseFrom(const QString &button, const QString &entry)

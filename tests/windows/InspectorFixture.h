@@ -33,6 +33,8 @@ protected:
     QString summary(const QString &name);
 
     void type(NumberField &field, const QString &text);
+    /// Clicks on the colour's button, and waits until the dialog was answered and has gone.
+    void openColour(const QString &name, const Answer &given);
     /// Clicks on the colour's button and chooses this one.
     void chooseColour(const QString &name, const QColor &colour);
     /// Clicks on the button and on an entry of its menu.

@@ -13,12 +13,23 @@ TEST_F(InspectorStillTest, AStillHasItsOwnControls)
     EXPECT_TRUE(isShown("Width"));
     EXPECT_TRUE(isShown("Keep ratio"));
     EXPECT_FALSE(isShown("Columns"));
-    EXPECT_FALSE(isShown("Per panel"));
+    EXPECT_FALSE(isShown("Watts per panel"));
     EXPECT_EQ(summary("Picture"), "40 × 30 px, shown at 100 %");
-    list().setSelectionIndexes({0, 1}, 1); // a wall and a picture
-    EXPECT_TRUE(isShown("Visible"));
-    EXPECT_FALSE(isShown("Columns"));
-    EXPECT_FALSE(isShown("Keep ratio"));
+}
+
+TEST_F(InspectorStillTest, ItsCaptionsHideWithTheirFlag)
+{
+    addStill();
+    shown()->setLabel1("Breadth");
+    shown()->setLabel2("Tallness");
+    inspector().refresh();
+    EXPECT_EQ(captionOf("Width"), "Breadth");
+    EXPECT_EQ(captionOf("Height"), "Tallness");
+    shown()->setLabel2Hidden(true);
+    inspector().refresh();
+    EXPECT_TRUE(isShown("Keep ratio"));
+    EXPECT_EQ(captionOf("Width"), "Breadth");
+    EXPECT_NE(captionOf("Height"), "Tallness");
 }
 
 TEST_F(InspectorStillTest, AMissingPictureIsToldAndChosenAgain)

@@ -1,13 +1,10 @@
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
-#include "canvas/LWCanvasImageView.h"
 #include "tests/windows/InspectorFixture.h"
 
 #include <QCheckBox>
-#include <QColorDialog>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMenu>
 #include <QTest>
 #include <QToolButton>
 #include <QToolTip>
@@ -34,13 +31,13 @@ TEST_F(InspectorTest, EveryNumberIsTypedArchivedAndUndone)
         {"Panel height", "panelHeight", 72, "Panel Height"},
         {"Left", "xpoint", -40, "Horizontal Position"},
         {"Top", "ypoint", 55, "Vertical Position"},
-        {"Frame size", "boarderWidth", 7, "Frame Width"},
-        {"Circle size", "circleBWidth", 9, "Circle Width"},
-        {"Coordinates size", "XYFontSize", 33, "Coordinate Size"},
-        {"Name and size size", "screenFontSize", 44, "Centre Text Size"},
-        {"Panel labels size", "labelFontSize", 21, "Label Size"},
+        {"Frame, width", "boarderWidth", 7, "Frame Width"},
+        {"Circle and diagonals, width", "circleBWidth", 9, "Circle Width"},
+        {"Corner coordinates, size", "XYFontSize", 33, "Coordinate Size"},
+        {"Name and size at the centre, size", "screenFontSize", 44, "Centre Text Size"},
+        {"Panel labels, size", "labelFontSize", 21, "Label Size"},
         {"Pixels per port", "pixelLimit", 500000, "Pixels per Port"},
-        {"Per panel", "powerOnCell", 250, "Panel Power"},
+        {"Watts per panel", "powerOnCell", 250, "Panel Power"},
     };
     for (const NumberCase &each : cases) {
         SCOPED_TRACE(each.name);
@@ -64,9 +61,9 @@ TEST_F(InspectorTest, EverySwitchIsPressedArchivedAndUndone)
         {"Visible", "visible", archived},
         {"Fill", "bgEnable", archived},
         {"Frame", "BoarderEnable", archived},
-        {"Circle", "CircleEnable", archived},
-        {"Coordinates", "XYFontEnable", archived},
-        {"Name and size", "screenFontEnable", archived},
+        {"Circle and diagonals", "CircleEnable", archived},
+        {"Corner coordinates", "XYFontEnable", archived},
+        {"Name and size at the centre", "screenFontEnable", archived},
         {"Panel labels", "drawLabels", archived},
         {"Letters by row", "XYLabelDirection", !archived}, // a file has no place for it
         {"Path", "drawFlowPath", archived},
@@ -92,11 +89,11 @@ TEST_F(InspectorTest, EveryColourIsChosenWithItsOpacity)
     const std::pair<const char *, const char *> cases[] = {
         {"Colour 1", "rectColor"},
         {"Colour 2", "rectColor2"},
-        {"Frame colour", "boarderColor"},
-        {"Circle colour", "circleColor"},
-        {"Coordinates colour", "xyColor"},
-        {"Name and size colour", "sfColor"},
-        {"Panel labels colour", "labelColor"},
+        {"Frame, colour", "boarderColor"},
+        {"Circle and diagonals, colour", "circleColor"},
+        {"Corner coordinates, colour", "xyColor"},
+        {"Name and size at the centre, colour", "sfColor"},
+        {"Panel labels, colour", "labelColor"},
     };
     for (const auto &[name, property] : cases) {
         SCOPED_TRACE(name);
@@ -136,19 +133,21 @@ TEST_F(InspectorTest, APatternIsChosenByItsPicture)
     EXPECT_FALSE(sixth.isChecked());
 }
 
-TEST_F(InspectorTest, SumsAreAllowedAndWrongEntriesKeepTheLastValue)
+TEST_F(InspectorTest, SumsAreAllowedAndWrongEntriesGoBackToTheValueBefore)
 {
     NumberField &field = control<NumberField>("Panel width");
     type(field, "3840/2");
     EXPECT_EQ(shown()->panelWidth(), 1920);
     type(field, "6*(64+64)");
     EXPECT_EQ(shown()->panelWidth(), 768);
+    QTest::keyClick(&field, Qt::Key_Return);
     type(field, "0"); // below the range
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(shown()->panelWidth(), 768);
     type(field, "64*");
+    EXPECT_EQ(shown()->panelWidth(), 64); // as far as it goes
     QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_EQ(shown()->panelWidth(), 64);
+    EXPECT_EQ(shown()->panelWidth(), 768);
 }
 
 TEST_F(InspectorTest, AWrongEntrySaysWhyBesideTheField)
@@ -164,7 +163,7 @@ TEST_F(InspectorTest, AWrongEntrySaysWhyBesideTheField)
     type(field, "9*");
     QTest::keyClick(&field, Qt::Key_Tab);
     EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == why; }));
-    EXPECT_EQ(field.text(), "9");
+    EXPECT_EQ(field.text(), "8");
     QToolTip::hideText();
 }
 
@@ -185,43 +184,6 @@ TEST_F(InspectorTest, UpAndDownStepByOneAndTheWheelOnlyWhereTheCursorIs)
     EXPECT_EQ(shown()->col(), 7);
 }
 
-TEST_F(InspectorTest, SeveralLayersAreEditedAsOneStepAndMixedValuesLookMixed)
-{
-    window.document().AddScreen(); // 1 x 1 panels of 80
-    list().setSelectionIndexes({0, 1});
-    NumberField &columns = control<NumberField>("Columns");
-    EXPECT_EQ(columns.text(), "—");
-    EXPECT_EQ(control<QCheckBox>("Fill").checkState(), Qt::Checked);
-    list().layer(0)->setBgEnable(false);
-    inspector().refresh();
-    EXPECT_EQ(control<QCheckBox>("Fill").checkState(), Qt::PartiallyChecked);
-
-    const QByteArray before = archive();
-    type(columns, "6");
-    EXPECT_EQ(list().layer(0)->col(), 6);
-    EXPECT_EQ(list().layer(1)->col(), 6);
-    EXPECT_EQ(list().layer(0)->screenSizeWidth(), 6 * 128);
-    EXPECT_EQ(list().layer(1)->screenSizeWidth(), 6 * 80);
-    EXPECT_EQ(columns.value(), 6);
-    undo();
-    EXPECT_EQ(list().layer(0)->col(), 8);
-    EXPECT_EQ(list().layer(1)->col(), 1);
-    EXPECT_EQ(columns.text(), "—");
-}
-
-TEST_F(InspectorTest, EachDigitIsTakenForSeveralLayersToo)
-{
-    window.document().AddScreen();
-    list().setSelectionIndexes({0, 1});
-    NumberField &left = control<NumberField>("Left");
-    left.setFocus();
-    left.selectAll();
-    for (const char digit : {'1', '2', '8'})
-        QTest::keyClick(&left, digit);
-    EXPECT_EQ(list().layer(0)->xpoint(), 128);
-    EXPECT_EQ(list().layer(1)->xpoint(), 128);
-}
-
 TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
 {
     shown()->setLabelColor(std::nullopt);
@@ -236,15 +198,31 @@ TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
 
 TEST_F(InspectorTest, CaptionsAreTheLayersOwnAndHideWithTheirFlag)
 {
-    EXPECT_EQ(captionOf("Panel width"), "Panel-V");
+    EXPECT_EQ(captionOf("Panel width"), "Panel-H");
+    EXPECT_EQ(captionOf("Panel height"), "Panel-V");
     EXPECT_EQ(captionOf("Columns"), "COLS");
-    shown()->setLabel2(QString());
+    shown()->setLabel1(QString());
     inspector().refresh();
     EXPECT_EQ(captionOf("Panel width"), "Panel width");
-    shown()->setLabel2Hidden(true);
+    shown()->setLabel1Hidden(true);
     inspector().refresh();
     EXPECT_FALSE(isShown("Panel width"));
     EXPECT_TRUE(isShown("Panel height"));
+}
+
+TEST_F(InspectorTest, WhereTheLayerHasNoCaptionTheRowsSpeakForThemselves)
+{
+    shown()->setLabel7(QString());
+    shown()->setLabel8(QString());
+    inspector().refresh();
+    const std::pair<const char *, const char *> captions[] = {{"Circle and diagonals", "Circle"},
+                                                              {"Corner coordinates", "Coordinates"},
+                                                              {"Name and size at the centre", "Name and size"},
+                                                              {"Watts per panel", "Watts per panel"}};
+    for (const auto &[name, caption] : captions) {
+        EXPECT_EQ(captionOf(name), caption);
+        EXPECT_EQ(control<QWidget>(name).toolTip(), name);
+    }
 }
 
 TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
@@ -253,7 +231,7 @@ TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
     shown()->onImageClick(10, 10);
     window.document().finishEdit("Toggle Panel");
     EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px, 1 off");
-    click(inspector(), "Switch all on");
+    click(inspector(), "Switch all panels on");
     EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px");
     EXPECT_EQ(undoText(), "Switch All Panels On");
 
@@ -263,42 +241,6 @@ TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
     EXPECT_EQ(summary("Power"), "72.73 A at 110 V, 1 phase");
     click(window, "208 V");
     EXPECT_EQ(summary("Power"), "38.46 A at 208 V, 1 phase");
-}
-
-TEST_F(InspectorTest, TheOutputHasItsSizeAndColours)
-{
-    type(control<NumberField>("Height"), "720");
-    EXPECT_EQ(window.document().OutputHeight(), 720);
-    EXPECT_EQ(undoText(), "Output Height");
-    chooseFrom("Usual sizes of the output", "3,840 × 2,160");
-    EXPECT_EQ(window.document().OutputWidth(), 3840);
-    EXPECT_EQ(window.document().OutputHeight(), 2160);
-    undo();
-    EXPECT_EQ(window.document().OutputHeight(), 720);
-}
-
-TEST_F(InspectorTest, TheOutputsWidthIsTypedArchivedAndUndone)
-{
-    const QByteArray before = archive();
-    type(control<NumberField>("Width"), "1280");
-    EXPECT_EQ(window.document().OutputWidth(), 1280);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return canvas().readOut().output == QSize(1280, 1080); }));
-    EXPECT_NE(archive(), before);
-    undo();
-    EXPECT_EQ(archive(), before);
-}
-
-TEST_F(InspectorTest, TheOutputsColoursAreSeenAtOnce)
-{
-    window.document().timerupdate();
-    chooseColour("Background colour", QColor(0, 128, 0));
-    EXPECT_EQ(window.document().bgColor(), Colour::fromRgba8(0xff008000));
-    window.document().timerupdate();
-    chooseColour("Edge colour", QColor(0, 0, 255));
-    window.document().timerupdate();
-    window.document().update();
-    EXPECT_EQ(window.document().img().pixelColor(1500, 900), QColor(0, 128, 0));
-    EXPECT_EQ(window.document().img().pixelColor(1919, 900), QColor(0, 0, 255));
 }
 
 TEST_F(InspectorTest, ColoursAreExchanged)

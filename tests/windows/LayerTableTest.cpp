@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QTest>
 
+#include <utility>
+
 class LayerTableTest : public WindowFixture
 {
 protected:
@@ -80,6 +82,81 @@ TEST_F(LayerTableTest, TheRowFollowsTheSelection)
     list().setSelectionIndex(2);
     EXPECT_EQ(table().currentIndex().row(), 2);
     EXPECT_TRUE(table().selectionModel()->isSelected(list().index(2)));
+}
+
+TEST_F(LayerTableTest, NeighboursAreSelectedAsOneRange)
+{
+    for (int row = 0; row < 6; ++row)
+        addWall("More", row);
+    list().setSelectionIndexes({0, 1, 2, 4, 6, 7}, 4);
+    QItemSelection expected;
+    for (const auto &[first, last] : {std::pair(0, 2), {4, 4}, {6, 7}})
+        expected.append(QItemSelectionRange(list().index(first), list().index(last)));
+    EXPECT_EQ(table().selectionModel()->selection(), expected);
+    EXPECT_EQ(table().currentIndex().row(), 4);
+}
+
+TEST_F(LayerTableTest, RangesThatArePickedAreAllSelected)
+{
+    for (int row = 0; row < 6; ++row)
+        addWall("More", row);
+    const auto click = [this](int row, Qt::KeyboardModifiers keys) {
+        table().scrollTo(list().index(row));
+        QTest::mouseClick(table().viewport(), Qt::LeftButton, keys, middleOfRow(row));
+    };
+    click(1, {});
+    click(3, Qt::ShiftModifier);
+    click(6, Qt::ControlModifier);
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{1, 2, 3, 6}));
+    table().selectAll();
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{0, 1, 2, 3, 4, 5, 6, 7, 8}));
+}
+
+TEST_F(LayerTableTest, RowsThatTheSearchHidesAreNotPicked)
+{
+    addWall("Sideways", 3);
+    list().setSelectionIndexes({0, 2}, 2);
+    table().showNamesWith("side");
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ControlModifier, middleOfRow(3));
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{2, 3}));
+    table().selectAll();
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{2, 3}));
+}
+
+TEST_F(LayerTableTest, OnlyChangedRowsAreSearchedAgain)
+{
+    table().showNamesWith("an"); // Banner
+    list().layer(1)->setLabel("Side");
+    list().layer(2)->setLabel("Span");
+    emit list().dataChanged(list().index(2), list().index(2));
+    EXPECT_FALSE(table().isRowHidden(2));
+    EXPECT_FALSE(table().isRowHidden(1)); // nobody has told
+    emit list().dataChanged(list().index(1), list().index(1));
+    EXPECT_TRUE(table().isRowHidden(1));
+    EXPECT_TRUE(table().isRowHidden(0));
+}
+
+TEST_F(LayerTableTest, RowsThatComeOrMoveDuringASearchAreHiddenByTheirNames)
+{
+    table().showNamesWith("an");
+    addWall("Span", 0);
+    addWall("Rear", 1); // Span, Rear, Layer 0, Banner, Side
+    const auto shown = [this] {
+        QStringList names;
+        for (int row = 0; row < list().rowCount(); ++row) {
+            if (!table().isRowHidden(row))
+                names += list().layer(row)->label();
+        }
+        return names;
+    };
+    EXPECT_EQ(shown(), QStringList({"Span", "Banner"}));
+    list().moveObjectAtArrangedObjectIndex(3, 0);
+    list().moveObjectAtArrangedObjectIndex(1, 5);
+    EXPECT_EQ(shown(), QStringList({"Banner", "Span"}));
+    list().setLayers({list().layer(3), list().layer(0)}, {0});
+    EXPECT_EQ(shown(), QStringList("Banner"));
+    table().showNamesWith({});
+    EXPECT_EQ(shown(), QStringList({"Side", "Banner"}));
 }
 
 TEST_F(LayerTableTest, RowAndSelectionStayTogetherWhenRowsComeAndGo)

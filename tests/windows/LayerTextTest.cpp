@@ -86,6 +86,21 @@ TEST_F(LayerTextTest, AWallWithoutAPathOrALimitHasNoPortsToBeOver)
     EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
 }
 
+TEST_F(LayerTextTest, AWallThatIsTooLargeToBeDrawnIsTold)
+{
+    const LayerPointer layer = wall();
+    layer->setCol(256); // 32,768 px, the longest that there is
+    layer->drawInRect();
+    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
+    layer->setCol(257);
+    layer->drawInRect();
+    EXPECT_TRUE(layer->thumbnail().isNull());
+    EXPECT_EQ(LayerText::warnings(*layer, output),
+              QStringList("It has 32,896 × 320 px, too large to be drawn; make it smaller."));
+    layer->setXpoint(1920);
+    EXPECT_EQ(LayerText::warnings(*layer, output).size(), 2);
+}
+
 TEST_F(LayerTextTest, TheMostUrgentComesFirst)
 {
     const auto still = LWStill::initWithimage(host, {});
@@ -112,5 +127,5 @@ TEST_F(LayerTextTest, AWallThatNoNumberCountsIsNoFault)
     layer->setDrawFlowPath(true);
     layer->setPixelLimit(1);
     EXPECT_EQ(LayerText::warnings(*layer, output).size(), 1);
-    EXPECT_EQ(LayerText::ports(*layer), "1 port, 9,223,372,036,854,775,807 px, more than one port carries");
+    EXPECT_EQ(LayerText::ports({layer}), "1 port, 9,223,372,036,854,775,807 px, more than one port carries");
 }

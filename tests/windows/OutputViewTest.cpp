@@ -1,6 +1,7 @@
 #include "app/windows/OutputView.h"
 
 #include "app/windows/Theme.h"
+#include "canvas/CanvasFrame.h"
 
 #include <gtest/gtest.h>
 
@@ -47,37 +48,37 @@ protected:
     /// Where an output of this size is seen, in device pixels.
     QRect placeOf(const QSize &output)
     {
-        const QSize room = seen().size();
-        const int margins = 2 * qRound(Theme::edge * view.devicePixelRatioF());
-        const QSize shown = OutputView::fittedSize(output, room - QSize(margins, margins));
-        return {QPoint((room.width() - shown.width()) / 2, (room.height() - shown.height()) / 2), shown};
+        CanvasFrame frame;
+        frame.setRoom(seen().size(), qRound(Theme::edge * view.devicePixelRatioF()));
+        frame.setOutput(output);
+        return frame.place();
     }
 
     OutputView view;
 };
 
-TEST(OutputView, FitsByTheTighterSide)
+TEST_F(OutputViewTest, TheOutputStandsInTheMiddleWithTheEdgeFree)
 {
-    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {1000, 700}), QSize(1000, 563));
-    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {1000, 200}), QSize(356, 200));
-    EXPECT_EQ(OutputView::fittedSize({1080, 1920}, {1000, 960}), QSize(540, 960));
+    const QImage picture = seen();
+    const QRect place = placeOf({1920, 1080});
+    const int edge = qRound(Theme::edge * view.devicePixelRatioF());
+    EXPECT_EQ(place.x(), edge);
+    EXPECT_EQ(place.width(), picture.width() - 2 * edge);
+    EXPECT_NE(picture.pixelColor(place.bottomRight()), Theme::line);
+    EXPECT_EQ(picture.pixelColor(place.bottomRight() + QPoint(1, 1)), Theme::line);
 }
 
-TEST(OutputView, EnlargesByWholeFactorsOnly)
+TEST_F(OutputViewTest, PixelForPixelItBeginsAtTheTopLeftOnBlack)
 {
-    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {1920, 1080}), QSize(1920, 1080));
-    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {3839, 2159}), QSize(1920, 1080));
-    EXPECT_EQ(OutputView::fittedSize({640, 480}, {2000, 1500}), QSize(1920, 1440));
-    EXPECT_EQ(OutputView::fittedSize({1, 1}, {1000, 700}), QSize(700, 700));
-}
-
-TEST(OutputView, NeverFitsToNothingWhileThereIsRoom)
-{
-    EXPECT_EQ(OutputView::fittedSize({32767, 1}, {1000, 700}), QSize(1000, 1));
-    EXPECT_EQ(OutputView::fittedSize({1, 32767}, {1000, 700}), QSize(1, 700));
-    EXPECT_EQ(OutputView::fittedSize({0, 1080}, {1000, 700}), QSize());
-    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {0, 700}), QSize());
-    EXPECT_EQ(OutputView::fittedSize({1920, 1080}, {-4, -4}), QSize());
+    const QImage output = picturedNoise({401, 301});
+    view.showOutput(output);
+    view.setFit(OutputView::Fit::PixelForPixel);
+    const QImage picture = seen();
+    EXPECT_EQ(picture.copy(output.rect()), output);
+    EXPECT_EQ(picture.pixelColor(401, 300), QColor(Qt::black));
+    EXPECT_EQ(picture.pixelColor(400, 301), QColor(Qt::black));
+    view.showOutput(picturedNoise({4000, 3000}));
+    EXPECT_EQ(seen(), picturedNoise({4000, 3000}).copy(picture.rect()));
 }
 
 TEST_F(OutputViewTest, NoOnePixelLineVanishesWhenReduced)

@@ -88,7 +88,7 @@ TEST_F(SheetsTest, OnADisplayThePreviewIsPixelForPixelAndEscapeOrF11BringsItBack
 {
     press(Qt::Key_F11, Qt::NoModifier, {});
     ASSERT_NE(preview(), nullptr);
-    EXPECT_TRUE(preview()->isOnDisplay());
+    EXPECT_NE(preview()->display(), nullptr);
     EXPECT_TRUE(preview()->isFullScreen());
     EXPECT_EQ(preview()->cursor().shape(), Qt::BlankCursor);
     const QImage picture = previewed();
@@ -97,7 +97,7 @@ TEST_F(SheetsTest, OnADisplayThePreviewIsPixelForPixelAndEscapeOrF11BringsItBack
 
     QTest::keyClick(preview(), Qt::Key_Escape);
     EXPECT_FALSE(preview()->isFullScreen());
-    EXPECT_FALSE(preview()->isOnDisplay());
+    EXPECT_EQ(preview()->display(), nullptr);
     EXPECT_NE(preview()->cursor().shape(), Qt::BlankCursor);
     EXPECT_FALSE(preview()->isVisible()); // it had no window
 
@@ -107,7 +107,19 @@ TEST_F(SheetsTest, OnADisplayThePreviewIsPixelForPixelAndEscapeOrF11BringsItBack
     preview()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(preview()));
     QTest::keyClick(preview(), Qt::Key_F11);
-    EXPECT_FALSE(preview()->isOnDisplay());
+    EXPECT_EQ(preview()->display(), nullptr);
     EXPECT_TRUE(preview()->isVisible());
     EXPECT_EQ(preview()->size(), QSize(640, 360));
+}
+
+TEST_F(SheetsTest, APreviewThatTheDesktopClosesHasLeftItsDisplay)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    ASSERT_NE(preview(), nullptr);
+    ASSERT_NE(preview()->display(), nullptr);
+    preview()->close();
+    EXPECT_EQ(preview()->display(), nullptr);
+    EXPECT_FALSE(preview()->isVisible());
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    EXPECT_NE(preview()->display(), nullptr);
 }

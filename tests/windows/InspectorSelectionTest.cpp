@@ -1,0 +1,180 @@
+#include "tests/windows/InspectorFixture.h"
+
+#include <QCheckBox>
+#include <QTest>
+#include <QToolButton>
+
+/// Several selected layers before the inspector.
+class InspectorSelectionTest : public InspectorFixture
+{
+protected:
+    void pressPattern(int number)
+    {
+        QTest::mouseClick(&control<QToolButton>(QString("Data path %1").arg(number)), Qt::LeftButton);
+    }
+    /// The numbers of the patterns that look chosen.
+    std::vector<int> chosenPatterns()
+    {
+        std::vector<int> chosen;
+        for (int number = 1; number <= 8; ++number) {
+            if (control<QToolButton>(QString("Data path %1").arg(number)).isChecked())
+                chosen.push_back(number);
+        }
+        return chosen;
+    }
+    /// A wall of one panel with 80 x 80 px and 0 W below the first one, which has 8 x 5 panels of 128 x 128 px and
+    /// 200 W; both are selected.
+    void selectTwoWalls()
+    {
+        window.document().AddScreen();
+        list().setSelectionIndexes({0, 1}, 0);
+    }
+    void selectTwoStills()
+    {
+        addStill();
+        addStill();
+        list().setSelectionIndexes({1, 2});
+    }
+    /// A wall and a picture.
+    void selectBothKinds(qsizetype shown)
+    {
+        addStill();
+        list().setSelectionIndexes({0, 1}, shown);
+    }
+};
+
+TEST_F(InspectorSelectionTest, SeveralLayersAreEditedAsOneStepAndMixedValuesLookMixed)
+{
+    window.document().AddScreen(); // 1 x 1 panels of 80
+    list().setSelectionIndexes({0, 1});
+    NumberField &columns = control<NumberField>("Columns");
+    EXPECT_EQ(columns.text(), "—");
+    EXPECT_EQ(control<QCheckBox>("Fill").checkState(), Qt::Checked);
+    list().layer(0)->setBgEnable(false);
+    inspector().refresh();
+    EXPECT_EQ(control<QCheckBox>("Fill").checkState(), Qt::PartiallyChecked);
+
+    const QByteArray before = archive();
+    type(columns, "6");
+    EXPECT_EQ(list().layer(0)->col(), 6);
+    EXPECT_EQ(list().layer(1)->col(), 6);
+    EXPECT_EQ(list().layer(0)->screenSizeWidth(), 6 * 128);
+    EXPECT_EQ(list().layer(1)->screenSizeWidth(), 6 * 80);
+    EXPECT_EQ(columns.value(), 6);
+    undo();
+    EXPECT_EQ(list().layer(0)->col(), 8);
+    EXPECT_EQ(list().layer(1)->col(), 1);
+    EXPECT_EQ(columns.text(), "—");
+}
+
+TEST_F(InspectorSelectionTest, EachDigitIsTakenForSeveralLayersToo)
+{
+    window.document().AddScreen();
+    list().setSelectionIndexes({0, 1});
+    NumberField &left = control<NumberField>("Left");
+    left.setFocus();
+    left.selectAll();
+    for (const char digit : {'1', '2', '8'})
+        QTest::keyClick(&left, digit);
+    EXPECT_EQ(list().layer(0)->xpoint(), 128);
+    EXPECT_EQ(list().layer(1)->xpoint(), 128);
+}
+
+TEST_F(InspectorSelectionTest, APatternIsChosenForAllWallsAsOneStepPerChoice)
+{
+    selectTwoWalls();
+    const int steps = window.document().undoStack().index();
+    pressPattern(6);
+    pressPattern(3);
+    EXPECT_EQ(list().layer(0)->pattern(), 2);
+    EXPECT_EQ(list().layer(1)->pattern(), 2);
+    EXPECT_EQ(window.document().undoStack().index(), steps + 2);
+    EXPECT_EQ(undoText(), "Data Path Pattern");
+    undo();
+    EXPECT_EQ(list().layer(0)->pattern(), 5);
+    EXPECT_EQ(list().layer(1)->pattern(), 5);
+    EXPECT_EQ(chosenPatterns(), std::vector<int>{6});
+    undo();
+    EXPECT_EQ(list().layer(1)->pattern(), 0);
+}
+
+TEST_F(InspectorSelectionTest, WhereWallsHaveSeveralPatternsNoneLooksChosen)
+{
+    window.document().AddScreen(); // selected alone
+    list().setSelectionIndex(1);
+    pressPattern(4);
+    EXPECT_EQ(chosenPatterns(), std::vector<int>{4});
+    list().setSelectionIndexes({0, 1}, 1);
+    EXPECT_EQ(chosenPatterns(), std::vector<int>{});
+    pressPattern(4);
+    EXPECT_EQ(chosenPatterns(), std::vector<int>{4});
+    undo();
+    EXPECT_EQ(chosenPatterns(), std::vector<int>{});
+    list().setSelectionIndex(0);
+    EXPECT_EQ(chosenPatterns(), std::vector<int>{1});
+}
+
+TEST_F(InspectorSelectionTest, WallsAndPicturesShareTheirNameVisibilityAndPlace)
+{
+    for (const qsizetype shown : {0, 1}) {
+        SCOPED_TRACE(shown);
+        selectBothKinds(shown);
+        for (const char *name : {"Name", "Visible", "Left", "Top", "Background colour"})
+            EXPECT_TRUE(isShown(name)) << name;
+        for (const char *name : {"Columns", "Panel width", "Keep ratio", "Fill", "Watts per panel", "Data path 1"})
+            EXPECT_FALSE(isShown(name)) << name;
+    }
+    list().setSelectionIndex(0);
+    EXPECT_TRUE(isShown("Left"));
+    EXPECT_TRUE(isShown("Columns"));
+}
+
+TEST_F(InspectorSelectionTest, WallsAndPicturesAreMovedTogether)
+{
+    selectBothKinds(0);
+    list().layer(1)->setYpoint(30);
+    window.document().finishEdit("Setting");
+    type(control<NumberField>("Left"), "128");
+    EXPECT_EQ(list().layer(0)->xpoint(), 128);
+    EXPECT_EQ(list().layer(1)->xpoint(), 128);
+    EXPECT_TRUE(control<NumberField>("Top").text().startsWith("—"));
+    undo();
+    EXPECT_EQ(list().layer(0)->xpoint(), 0);
+    EXPECT_EQ(list().layer(1)->xpoint(), 0);
+}
+
+TEST_F(InspectorSelectionTest, SummariesTellTheSumOfAllWalls)
+{
+    selectTwoWalls();
+    for (const int x : {10, 200, 400})
+        list().layer(0)->onImageClick(x, 10);
+    list().layer(0)->setPixelLimit(300'000); // two rows of 131,072
+    list().layer(1)->setPowerOnCell(1'251);
+    window.document().finishEdit("Setting");
+    EXPECT_EQ(summary("Wall"), "2 walls, 41 panels, 3 off");
+    EXPECT_EQ(summary("Ports"), "4 ports");
+    EXPECT_EQ(summary("Power"), "84.10 A at 110 V, 1 phase"); // 9,251 W
+    list().setSelectionIndex(1);
+    EXPECT_EQ(summary("Wall"), "1 × 1 panels, 80 × 80 px");
+    EXPECT_EQ(summary("Power"), "11.37 A at 110 V, 1 phase");
+}
+
+TEST_F(InspectorSelectionTest, PicturesAreCounted)
+{
+    selectTwoStills();
+    EXPECT_EQ(summary("Picture"), "2 pictures");
+}
+
+TEST_F(InspectorSelectionTest, AllPanelsOfAllWallsAreSwitchedOnAsOneStep)
+{
+    selectTwoWalls();
+    list().layer(0)->onImageClick(10, 10);
+    list().layer(1)->onImageClick(10, 10);
+    window.document().finishEdit("Setting");
+    ASSERT_EQ(summary("Wall"), "2 walls, 41 panels, 2 off");
+    click(inspector(), "Switch all panels on");
+    EXPECT_EQ(summary("Wall"), "2 walls, 41 panels");
+    EXPECT_EQ(undoText(), "Switch All Panels On");
+    undo();
+    EXPECT_EQ(summary("Wall"), "2 walls, 41 panels, 2 off");
+}
