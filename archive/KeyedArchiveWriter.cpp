@@ -148,9 +148,11 @@ TableWriter::Index TableWriter::add(const QString &text)
     if (text.contains(QChar(u'\0')))
         return refuse(
             QString("The text \"%1\" has a NUL in it; type it anew.").arg(text.left(40).remove(QChar(u'\0'))));
-    return once("text " + text, [&] {
-        if (text != "$null")
-            return append(plist_new_string(text.toUtf8()));
+    // Half a surrogate pair is written as a question mark, so texts are equal as they are written.
+    const QByteArray written = text.toUtf8();
+    return once("text " + QString::fromUtf8(written), [&] {
+        if (written != "$null")
+            return append(plist_new_string(written));
         // As a plain string it would read as nil.
         plist_t record = plist_new_dict();
         const Index index = append(record);

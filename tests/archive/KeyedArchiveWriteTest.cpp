@@ -103,6 +103,18 @@ TEST(KeyedArchiveWrite, WritesEqualTextsAndColoursOnce)
     EXPECT_EQ(PropertyList::reference(entries[1]), 4U); // the label
 }
 
+TEST(KeyedArchiveWrite, TextsAreEqualAsTheyAreWritten)
+{
+    const auto written = [](const QString &first, const QString &second) {
+        const auto object = std::make_shared<ArchiveObject>("LWScreen");
+        object->encodeText("label", first);
+        object->encodeText("other", second);
+        return Written(ArchiveValue{ArchiveObjectPointer(object)}).bytes;
+    };
+    const QString halfOfAPair(QChar(0xd800));
+    EXPECT_EQ(written(halfOfAPair, "?"), written("?", "?"));
+}
+
 TEST(KeyedArchiveWrite, NumbersStandInPlaceAndNilIsReferenceZero)
 {
     const Written written(screen());
