@@ -123,6 +123,7 @@ void DocumentHistory::dropTrial()
 {
     if (std::exchange(m_tried, std::nullopt) && !m_document.state(m_state).hasContentOf(m_state))
         show(DocumentState(m_state));
+    emit contentDidChange(); // what keeps the content may have seen the trial
 }
 
 void DocumentHistory::record(const QString &name, const QString &typing)
@@ -132,8 +133,11 @@ void DocumentHistory::record(const QString &name, const QString &typing)
         return;
     }
     DocumentState before = std::exchange(m_state, m_document.state(m_state));
-    if (m_state.hasContentOf(before))
+    if (m_state.hasContentOf(before)) {
+        if (typing != m_typing)
+            endTyping(); // what is taken back later must not be what was typed before
         return;
+    }
     releasePicturesOfLeft(before, m_state);
     const bool typesOn = !typing.isEmpty() && typing == m_typing;
     m_typing = typing;

@@ -48,7 +48,8 @@ public:
     /// From now on edits are only tried, as colours are while their dialog is open: they make no step until one of the
     /// next two is called.
     void beginTrial();
-    /// What was tried stays: one step of the name of the last edit, none where nothing has changed.
+    /// What was tried stays: one step of the name of the last edit, none where nothing has changed. Nothing without a
+    /// trial.
     void keepTrial();
     /// Makes the document what it was when the trial began.
     void dropTrial();

@@ -16,6 +16,11 @@ LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent) 
     connect(qApp, &QApplication::focusChanged, this, [this] { claimSpaceBar(false); });
 }
 
+LWCanvasImageView::~LWCanvasImageView()
+{
+    disconnect(qApp, nullptr, this, nullptr); // a widget that goes gives up the focus when it is half gone
+}
+
 void LWCanvasImageView::showOutput(const QImage &output)
 {
     m_picture.show(output);

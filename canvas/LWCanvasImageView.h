@@ -55,6 +55,7 @@ public:
 
     /// `document` outlives every event that this widget gets.
     explicit LWCanvasImageView(CanvasDocument &document, QWidget *parent = nullptr);
+    ~LWCanvasImageView() override;
 
     /// Shares the picture's pixels until releaseOutput(). Null: there is no output.
     void showOutput(const QImage &output);

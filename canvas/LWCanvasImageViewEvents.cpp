@@ -157,8 +157,8 @@ void LWCanvasImageView::mouseReleaseEvent(QMouseEvent *event)
         if (m_arranging)
             trackArranging(!event->modifiers().testFlag(Qt::ControlModifier));
         endPress(locationOf(event->position()));
-        m_isPressed = false;
     }
+    m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
     takeAlt(event->modifiers().testFlag(Qt::AltModifier));
     showPointer();
 }

@@ -248,8 +248,8 @@ void Inspector::addOutputGroup()
     const QString most = NumberText::grouped(Raster::mostPixels);
     m_form->addControlWith(outputSizes(), {"Width", 0, "Width times height is at most " + most + " px"}, m_outputWidth);
     m_form->addControl({"Height", 0, "Height times width is at most " + most + " px"}, m_outputHeight);
-    m_background = outputColour("Background", &LWAppDelegate::setBgColor);
-    m_edge = outputColour("Edge", &LWAppDelegate::setEdgeColor);
+    m_background = outputColour("Background", [this](const Colour &colour) { m_document.setBgColor(colour); });
+    m_edge = outputColour("Edge", [this](const Colour &colour) { m_document.setEdgeColor(colour); });
 }
 
 QWidget *Inspector::cornerChoice()
@@ -269,7 +269,11 @@ QWidget *Inspector::portSizes()
     QToolButton *button = menuButton("Usual limits of a port", "Takes a limit that processors have");
     for (const int pixels : {655'360, 524'288, 327'680, 262'144, 0}) {
         const QString text = pixels == 0 ? QString("All on one port") : NumberText::grouped(pixels) + " px";
-        button->menu()->addAction(text, this, [this, pixels] { edit("pixelLimit", pixels); });
+        button->menu()->addAction(text, this, [this, pixels] {
+            m_document.endTyping(); // each choice is a step
+            edit("pixelLimit", pixels);
+            m_document.endTyping();
+        });
     }
     return button;
 }
@@ -279,22 +283,24 @@ QWidget *Inspector::outputSizes()
     QToolButton *button = menuButton("Usual sizes of the output", "Takes a size that outputs have");
     for (const QSize size : {QSize(1920, 1080), QSize(3840, 2160), QSize(4096, 2160), QSize(7680, 4320)}) {
         button->menu()->addAction(NumberText::size(size), this, [this, size] {
+            m_document.endTyping();
             m_document.setOutputHeight(size.height());
             m_document.setValue(size.width(), "OutputWidth");
+            m_document.endTyping();
         });
     }
     return button;
 }
 
-ColourButton *Inspector::outputColour(const QString &name, void (LWAppDelegate::*set)(const Colour &))
+ColourButton *Inspector::outputColour(const QString &name, const std::function<void(const Colour &)> &set)
 {
     auto *button = new ColourButton(name + " colour");
     connect(button, &ColourButton::edited, this, [this, set](const Colour &colour) {
-        (m_document.*set)(colour);
+        set(colour);
         m_document.update();
     });
     connect(button, &ColourButton::choiceCancelled, this, [this, set](const OptionalColour &before) {
-        (m_document.*set)(*before); // the output always has one
+        set(*before); // the output always has one
         m_document.update();
     });
     m_form->addControl({name}, button);
@@ -358,7 +364,9 @@ bool Inspector::eventFilter(QObject *watched, QEvent *event)
     // A field tells itself when its entry has ended.
     if (event->type() == QEvent::FocusOut && !qobject_cast<NumberField *>(watched))
         m_document.endTyping();
-    if (event->type() == QEvent::FocusIn)
+    if (event->type() == QEvent::FocusIn) {
+        m_document.endTyping(); // of what was done elsewhere
         ensureWidgetVisible(qobject_cast<QWidget *>(watched));
+    }
     return QScrollArea::eventFilter(watched, event);
 }

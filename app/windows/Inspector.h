@@ -4,6 +4,8 @@
 
 #include <QScrollArea>
 
+#include <functional>
+
 class ColourButton;
 class LWAppDelegate;
 class NumberField;
@@ -46,7 +48,7 @@ private:
     QWidget *cornerChoice();
     QWidget *portSizes();
     QWidget *outputSizes();
-    ColourButton *outputColour(const QString &name, void (LWAppDelegate::*set)(const Colour &));
+    ColourButton *outputColour(const QString &name, const std::function<void(const Colour &)> &set);
     void edit(const QString &property, const QVariant &value);
     void showOutput();
     std::vector<LayerPointer> shownLayers() const;

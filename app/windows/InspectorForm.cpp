@@ -22,6 +22,13 @@ namespace {
 constexpr int captionWidth = 108;
 constexpr int controlWidth = 148;
 
+/// A file's number may be larger than a field can show.
+int nearestInt(qint64 value)
+{
+    return static_cast<int>(
+        std::clamp<qint64>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
+}
+
 InspectorForm::Kinds kindsOf(const std::vector<LayerPointer> &layers)
 {
     const auto isScreen = [](const LayerPointer &layer) { return qobject_cast<LWScreen *>(layer.get()) != nullptr; };
@@ -101,7 +108,7 @@ QWidget *InspectorForm::number(const Caption &caption, const QString &property, 
     QObject::connect(field, &NumberField::edited, field, [this, property](int value) { m_edit(property, value); });
     m_shows.push_back([field, property](const std::vector<LayerPointer> &layers) {
         if (const std::optional<QVariant> value = commonValue(layers, property))
-            field->show(static_cast<int>(std::min<qint64>(value->toLongLong(), std::numeric_limits<int>::max())));
+            field->show(nearestInt(value->toLongLong()));
         else
             field->showMixed();
     });

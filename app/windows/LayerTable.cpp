@@ -102,6 +102,11 @@ void LayerTable::showNamesWith(const QString &text)
         if (!isRowHidden(row))
             m_list.setSelectionIndex(row);
     }
+    if (shownRow() < 0)
+        return;
+    std::vector<qsizetype> rows = m_list.selectionIndexes();
+    std::erase_if(rows, [this](qsizetype row) { return isRowHidden(static_cast<int>(row)); });
+    m_list.setSelectionIndexes(std::move(rows), shownRow());
 }
 
 int LayerTable::shownRow() const

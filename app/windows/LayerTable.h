@@ -18,8 +18,8 @@ public:
     LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind kind, LayerDelegate::Warnings warnings = {},
                QWidget *parent = nullptr);
 
-    /// Shows only the rows whose names contain the text, whatever its case; empty: all. Where that hides the current
-    /// row, the first one that is shown is selected.
+    /// Shows only the rows whose names contain the text, whatever its case; empty: all. Rows that it hides are not
+    /// selected any longer; where that is the current one, the first that is shown is selected.
     void showNamesWith(const QString &text);
     /// The current row; -1 where that is not shown.
     int shownRow() const;

@@ -209,6 +209,7 @@ void MainWindow::connectViews()
 {
     connect(&m_document.arraycontroller(), &LayerList::selectionIndexDidChange, this,
             [this] { m_canvasLink.redrawMarker(); });
+    connect(m_layerTable->itemDelegate(), &QAbstractItemDelegate::closeEditor, &m_document, &LWAppDelegate::endTyping);
     connect(m_layerTable, &LayerTable::eyeClicked, &m_document, &LWAppDelegate::toggleVisibilityOf);
     connect(m_powerBar, &PowerBar::voltageChosen, &m_document, &LWAppDelegate::voltageSelect);
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);

@@ -182,10 +182,13 @@ void MainWindow::listDisplays(QMenu &menu)
     int number = 0;
     for (QScreen *display : QGuiApplication::screens()) {
         const QSize size = (QSizeF(display->size()) * display->devicePixelRatio()).toSize();
-        const QString name = QString("&%1: %2, %3").arg(++number).arg(display->name(), NumberText::size(size));
+        const QString name =
+            QString("&%1: %2, %3").arg(++number).arg(display->name().replace('&', "&&"), NumberText::size(size));
         QAction *action = menu.addAction(name, this, [this, display = QPointer(display)] {
+            if (!display)
+                return; // it has gone while the menu was open
             m_display = display;
-            if (display && display != outputPreview().display())
+            if (display != outputPreview().display())
                 outputPreview().showOn(*display);
             else
                 showPreviewOnDisplay();

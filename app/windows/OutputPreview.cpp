@@ -10,6 +10,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include <cstdlib>
 #include <utility>
 
 OutputPreview::OutputPreview(QWidget *parent)
@@ -87,8 +88,11 @@ void OutputPreview::showInWindow()
 /// On the wall itself nothing is ever said.
 void OutputPreview::tellFit()
 {
-    const QSize display = (QSizeF(m_display->size()) * m_display->devicePixelRatio()).toSize();
-    const bool fits = display == m_outputSize;
+    const qreal ratio = m_display->devicePixelRatio();
+    const QSize display = (QSizeF(m_display->size()) * ratio).toSize();
+    // At a scale of 1.5 a display's size is known to within a logical pixel.
+    const QSize off = display - m_outputSize;
+    const bool fits = std::abs(off.width()) < ratio && std::abs(off.height()) < ratio;
     emit displayDidChange(fits ? QString()
                                : QString("The display has %1 pixels, the output %2; the rest is cut or black.")
                                      .arg(NumberText::size(display), NumberText::size(m_outputSize)));

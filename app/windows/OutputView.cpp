@@ -7,13 +7,17 @@
 
 #include <QPainter>
 
+namespace {
+constexpr char wholeTip[] = "The composed output, as it is exported";
+}
+
 OutputView::OutputView(QWidget *parent) : QWidget(parent)
 {
     // The whole area is painted, ground included: Qt need not clear it first.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName("Output");
-    setToolTip("The composed output, as it is exported");
+    setToolTip(wholeTip);
 }
 
 void OutputView::showOutput(const QImage &output)
@@ -26,6 +30,7 @@ void OutputView::showOutput(const QImage &output)
 void OutputView::setFit(Fit fit)
 {
     m_fit = fit;
+    setToolTip(fit == Fit::Whole ? QString(wholeTip) : QString()); // on the wall itself nothing is ever said
     update();
 }
 

@@ -1,6 +1,7 @@
 #include "app/windows/PresetPanel.h"
 
 #include "app/LWAppDelegate.h"
+#include "app/LayerList.h"
 #include "app/windows/Icons.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/Theme.h"
@@ -38,6 +39,12 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
     connect(m_search, &QLineEdit::returnPressed, this, &PresetPanel::addShown);
     connect(m_table, &QAbstractItemView::activated, this, &PresetPanel::addShown);
     m_search->installEventFilter(this);
+    // Later, when the list has its new selection.
+    const auto searchAgain = [this] { showFound(m_search->text()); };
+    const LayerList &presets = document.presetarraycontroller();
+    connect(&presets, &LayerList::modelReset, this, searchAgain, Qt::QueuedConnection);
+    connect(&presets, &LayerList::rowsInserted, this, searchAgain, Qt::QueuedConnection);
+    connect(&presets, &LayerList::rowsRemoved, this, searchAgain, Qt::QueuedConnection);
 }
 
 bool PresetPanel::eventFilter(QObject *watched, QEvent *event)

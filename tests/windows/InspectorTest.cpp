@@ -260,9 +260,13 @@ TEST_F(InspectorTest, ColoursAreExchanged)
 TEST_F(InspectorTest, AUsualLimitOfAPortIsTaken)
 {
     const QByteArray before = archive();
+    chooseFrom("Usual limits of a port", "524,288 px");
+    const QByteArray first = archive();
     chooseFrom("Usual limits of a port", "327,680 px");
     EXPECT_EQ(shown()->pixelLimit(), 327'680);
     EXPECT_EQ(control<NumberField>("Pixels per port").value(), 327'680);
+    undo();
+    EXPECT_EQ(archive(), first); // each choice is a step
     undo();
     EXPECT_EQ(archive(), before);
 }

@@ -1,3 +1,4 @@
+#include "canvas/LWCanvasImageView.h"
 #include "layer/Layer.h"
 #include "tests/windows/InspectorFixture.h"
 
@@ -295,4 +296,17 @@ TEST_F(NumberFieldTest, TheMenuOfATextHasNoHistoryOfItsOwn)
         menu->close();
         EXPECT_EQ(shown()->col(), 7);
     }
+}
+
+TEST_F(NumberFieldTest, AWrongEntryTakesBackNothingThatWasDoneBeforeIt)
+{
+    canvas().setFocus();
+    press(Qt::Key_Right); // moves the wall by a pixel
+    ASSERT_EQ(shown()->xpoint(), 1);
+    enter(number("Columns"), "8"); // as it is
+    typeKeys("*");
+    press(Qt::Key_Tab);
+    EXPECT_EQ(shown()->col(), 8);
+    EXPECT_EQ(shown()->xpoint(), 1);
+    EXPECT_EQ(undoText(), "Move Layer");
 }

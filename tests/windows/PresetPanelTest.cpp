@@ -115,6 +115,26 @@ TEST_F(PresetPanelTest, WhatTheSearchHidesIsNeitherAddedNorRemoved)
     EXPECT_FALSE(shows("No preset has such a name"));
 }
 
+TEST_F(PresetPanelTest, WhatTheSearchHidesIsSelectedNoLonger)
+{
+    presetTable().setFocus();
+    for (int row = 0; row < presets().rowCount(); ++row) {
+        if (presets().layer(row)->label() == "X12")
+            presetTable().setCurrentIndex(presets().index(row));
+    }
+    press(Qt::Key_A, Qt::ControlModifier, {});
+    press(Qt::Key_L, Qt::ControlModifier, {});
+    QTest::keyClicks(&searchField(), "x1");
+    QTest::keyClick(&searchField(), Qt::Key_Down);
+    press(Qt::Key_Delete, Qt::NoModifier, {});
+    EXPECT_EQ(presets().rowCount(), 28);
+    EXPECT_EQ(shownNames(), QStringList());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return shows("No preset has such a name"); }));
+    window.document().undoStack().undo();
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !shows("No preset has such a name"); }));
+    EXPECT_EQ(shownNames().size(), 3);
+}
+
 TEST_F(PresetPanelTest, KeysInThePresetsMeanPresets)
 {
     window.document().AddScreen();
