@@ -4,7 +4,6 @@
 #include "app/windows/Theme.h"
 #include "canvas/CanvasRuler.h"
 
-#include <QButtonGroup>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -32,7 +31,7 @@ constexpr ToolText toolTexts[] = {
 } // namespace
 
 CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
-    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_tools(new QButtonGroup(this)), m_hint(new QLabel)
+    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new QLabel)
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -58,8 +57,11 @@ QWidget *CanvasPane::toolSwitch()
         button->setCheckable(true);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setIconSize(iconSize);
-        connect(button, &QToolButton::clicked, m_canvas, [this, tool = text.tool] { m_canvas->setTool(tool); });
-        m_tools->addButton(button, static_cast<int>(text.tool));
+        connect(button, &QToolButton::clicked, this, [this, tool = text.tool] {
+            m_canvas->setTool(tool);
+            showTool(m_canvas->tool()); // a press on the one that is on would switch it off
+        });
+        m_tools.append(button);
         row->addWidget(button);
     }
     row->addSpacing(Theme::gap);
@@ -75,16 +77,16 @@ QWidget *CanvasPane::toolSwitch()
 
 void CanvasPane::showIcons()
 {
-    for (const ToolText &text : toolTexts)
-        m_tools->button(static_cast<int>(text.tool))->setIcon(Icons::icon(text.icon));
+    for (qsizetype i = 0; i < m_tools.size(); ++i)
+        m_tools[i]->setIcon(Icons::icon(toolTexts[i].icon));
 }
 
 void CanvasPane::showTool(Tool tool)
 {
-    for (const ToolText &text : toolTexts) {
-        if (text.tool != tool)
-            continue;
-        m_tools->button(static_cast<int>(tool))->setChecked(true);
-        m_hint->setText(text.hint);
+    for (qsizetype i = 0; i < m_tools.size(); ++i) {
+        const bool isShown = toolTexts[i].tool == tool;
+        m_tools[i]->setChecked(isShown);
+        if (isShown)
+            m_hint->setText(toolTexts[i].hint);
     }
 }

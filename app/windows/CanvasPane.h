@@ -4,9 +4,9 @@
 
 #include <QWidget>
 
-class QButtonGroup;
 class QHBoxLayout;
 class QLabel;
+class QToolButton;
 
 /// The middle of the window: the switch between the canvas' tools, the rulers, and the canvas.
 class CanvasPane final : public QWidget
@@ -26,6 +26,6 @@ private:
     void showTool(LWCanvasImageView::Tool tool);
 
     LWCanvasImageView *m_canvas;
-    QButtonGroup *m_tools;
+    QList<QToolButton *> m_tools; ///< no QButtonGroup, so that Tab reaches each of them
     QLabel *m_hint;
 };

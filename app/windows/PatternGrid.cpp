@@ -3,7 +3,6 @@
 #include "app/windows/Theme.h"
 #include "screen/ScreenChart.h"
 
-#include <QButtonGroup>
 #include <QGridLayout>
 #include <QIcon>
 #include <QPixmap>
@@ -40,7 +39,7 @@ const char *nameOf(int pattern)
 }
 } // namespace
 
-PatternGrid::PatternGrid(QWidget *parent) : QWidget(parent), m_buttons(new QButtonGroup(this))
+PatternGrid::PatternGrid(QWidget *parent) : QWidget(parent)
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -52,16 +51,17 @@ PatternGrid::PatternGrid(QWidget *parent) : QWidget(parent), m_buttons(new QButt
         button->setIconSize(pictureSize);
         button->setAccessibleName(nameOf(pattern));
         button->setToolTip("Chains the panels this way");
-        m_buttons->addButton(button, pattern);
+        connect(button, &QToolButton::clicked, this, [this, pattern] {
+            show(pattern); // a press on the one that is on would switch it off
+            emit chosen(pattern);
+        });
+        m_buttons.append(button);
         grid->addWidget(button, pattern / columns, pattern % columns);
     }
-    connect(m_buttons, &QButtonGroup::idClicked, this, &PatternGrid::chosen);
 }
 
 void PatternGrid::show(qint64 pattern)
 {
-    m_buttons->setExclusive(false); // or one would stay on
-    for (QAbstractButton *button : m_buttons->buttons())
-        button->setChecked(m_buttons->id(button) == pattern);
-    m_buttons->setExclusive(true);
+    for (int i = 0; i < patterns; ++i)
+        m_buttons[i]->setChecked(i == pattern);
 }

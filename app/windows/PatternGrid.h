@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class QButtonGroup;
+class QToolButton;
 
 /// The eight ways in which a wall's panels are chained, as small pictures; one is chosen at most.
 class PatternGrid final : public QWidget
@@ -20,5 +20,5 @@ signals:
     void chosen(int pattern);
 
 private:
-    QButtonGroup *m_buttons;
+    QList<QToolButton *> m_buttons; ///< by pattern; no QButtonGroup, so that Tab reaches each of them
 };

@@ -127,6 +127,8 @@ TEST_F(InspectorTest, APatternIsChosenByItsPicture)
     EXPECT_EQ(shown()->pattern(), 5);
     EXPECT_TRUE(sixth.isChecked());
     EXPECT_EQ(undoText(), "Data Path Pattern");
+    sixth.click(); // stays
+    EXPECT_TRUE(sixth.isChecked());
     undo();
     EXPECT_EQ(shown()->pattern(), 0);
     EXPECT_TRUE(control<QToolButton>("Data path 1").isChecked());

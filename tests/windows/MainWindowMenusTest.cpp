@@ -5,6 +5,7 @@
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -239,4 +240,8 @@ TEST_F(MainWindowMenusTest, TheToolIsChosenByKeyMenuAndButton)
     EXPECT_EQ(canvas().tool(), Tool::Panels);
     click(pane, "Arrange");
     EXPECT_EQ(canvas().tool(), Tool::Arrange);
+    click(pane, "Arrange"); // stays
+    EXPECT_EQ(canvas().tool(), Tool::Arrange);
+    for (const QAbstractButton *button : pane.findChildren<QAbstractButton *>())
+        EXPECT_EQ(button->isChecked(), button->text() == "Arrange");
 }
