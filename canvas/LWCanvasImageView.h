@@ -31,11 +31,11 @@ struct CanvasReadOut
 Q_DECLARE_METATYPE(CanvasReadOut)
 
 /// The canvas: shows the composed output in a frame of the output's proportions on the ground, hands clicks in it to
-/// the selected layer, and carries the marker around a selected still. View coordinates are the frame's: origin at the
+/// the selected layer, and carries the marker around a selected still. That is what its first tool does, which outlines
+/// the panel that a click would switch; the second drags layers. View coordinates are the frame's: origin at the
 /// output's top-left corner, y down, in logical pixels. The frame is as large as the zoom wants it; what of it does not
 /// fit into the widget is dragged into sight with the middle button or with the space bar held, which is the canvas'
 /// own from when the pointer moves over it until it leaves or the focus goes elsewhere, except in text fields.
-/// That is what its first tool does, which outlines the panel that a click would switch; the second drags layers.
 /// Colours come from the palette: Base the ground, Mid the line around the output, Highlight what is outlined and the
 /// lines that layers are attracted to.
 class LWCanvasImageView final : public QWidget

@@ -15,8 +15,8 @@ bool isText(const QWidget *widget)
 }
 } // namespace
 
-/// Keys that are ours, whatever they mean in the window: while the button is down all of them, or the document was
-/// saved half way; and Alt over the canvas, which does not go for the menus there.
+/// Keys that are ours, whatever they mean in the window: while the button is down all of them, since one could save or
+/// delete in the middle of a drag; and Alt over the canvas, which does not go for the menus there.
 bool LWCanvasImageView::takesShortcut(int key) const
 {
     return m_isPressed || (key == Qt::Key_Alt && m_pointer);

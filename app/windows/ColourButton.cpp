@@ -61,13 +61,16 @@ QSize ColourButton::sizeHint() const
 void ColourButton::choose()
 {
     const OptionalColour before = m_isMixed ? std::nullopt : m_colour;
-    auto *dialog = new QColorDialog(before ? before->toQColor() : QColor(Qt::white), this);
+    const QColor first = before ? before->toQColor() : QColor(Qt::white);
+    auto *dialog = new QColorDialog(first, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowTitle(m_name);
     dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
     connect(dialog, &QColorDialog::currentColorChanged, this, &ColourButton::tell);
-    connect(dialog, &QDialog::accepted, this, [this, dialog] {
-        tell(dialog->selectedColor());
+    connect(dialog, &QDialog::accepted, this, [this, dialog, before, first] {
+        // A file's colour may be finer than the dialog's: left as it is, it is no choice.
+        if (!before || dialog->selectedColor() != first)
+            tell(dialog->selectedColor());
         emit choiceEnded();
     });
     connect(dialog, &QDialog::rejected, this, [this, before] { emit choiceCancelled(before); });

@@ -60,14 +60,14 @@ qint64 product(std::initializer_list<qint64> factors)
     return result;
 }
 
-/// The largest number, likewise.
+/// The largest number where that is smaller than the sum.
 qint64 sum(qint64 first, qint64 second)
 {
     qint64 result = 0;
     return qAddOverflow(first, second, &result) ? std::numeric_limits<qint64>::max() : result;
 }
 
-/// Nothing where the wall has no panels or no pattern that there is.
+/// Nothing where the wall has no panels, or its pattern is not one of the eight.
 std::optional<PortSplit> splitOf(const Layer &wall)
 {
     const std::optional<FlowPattern> pattern = FlowPattern::ofCode(wall.pattern());

@@ -51,5 +51,5 @@ private:
     QRect m_windowGeometry;   ///< before it went to the display
     bool m_hasWindow = false; ///< where it goes back to from the display
     QScreen *m_display = nullptr;
-    QMetaObject::Connection m_resolution; ///< of it, is followed
+    QMetaObject::Connection m_resolution; ///< follows its geometry
 };

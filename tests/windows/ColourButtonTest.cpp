@@ -102,3 +102,14 @@ TEST_F(ColourButtonTest, CancellingGivesTheOutputItsColourBack)
     look("Background colour", "OK");
     EXPECT_EQ(window.document().bgColor(), blue);
 }
+
+TEST_F(ColourButtonTest, AColourThatIsLeftAsItIsIsNotChosen)
+{
+    const OptionalColour fine = Colour{0.3001, 0.5003, 0.1, 1}; // finer than the dialog's
+    shown()->setRectColor(fine);
+    window.document().finishEdit("Setting");
+    const int steps = stack().index();
+    openColour("Colour 1", [](QWidget &dialog) { click(dialog, "OK"); });
+    EXPECT_EQ(shown()->rectColor(), fine);
+    EXPECT_EQ(stack().index(), steps);
+}
