@@ -2,6 +2,7 @@
 
 #include "app/EditNames.h"
 #include "app/PowerCalculator.h"
+#include "layer/NearestInt.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 
@@ -11,7 +12,6 @@
 #include <array>
 #include <chrono>
 #include <cmath>
-#include <limits>
 
 namespace {
 constexpr std::chrono::milliseconds gateTime{100};
@@ -49,14 +49,6 @@ std::vector<LayerPointer> restored(const std::vector<LayerState> &states)
         layers.push_back(state.layer);
     }
     return layers;
-}
-
-/// Truncated toward zero; the nearest end for what 32 bits cannot hold.
-int truncated(double value)
-{
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(value, lowest, highest));
 }
 } // namespace
 

@@ -1,37 +1,20 @@
 #include "app/LWAppDelegate.h"
 #include "app/LayerArchive.h"
 #include "app/LayerPasteboard.h"
+#include "layer/NearestInt.h"
+#include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 #include "still/PictureFile.h"
 
-#include <algorithm>
-#include <limits>
 #include <numeric>
 
 namespace {
-/// The nearest end for what 32 bits cannot hold.
-int moved(int place, qint64 by)
+/// The way to where so many halves of what stays free of `room` lie before `span`.
+qint64 wayInto(int room, const PixelSpan &span, int halves)
 {
-    constexpr qint64 lowest = std::numeric_limits<int>::min();
-    constexpr qint64 highest = std::numeric_limits<int>::max();
-    return static_cast<int>(std::clamp(qint64{place} + by, lowest, highest));
+    return ((room - (span.to - span.from)) * halves >> 1) - span.from;
 }
-
-/// What layers take up in one direction; the end is the first pixel behind them.
-struct Extent
-{
-    qint64 begin = std::numeric_limits<qint64>::max();
-    qint64 end = std::numeric_limits<qint64>::min();
-
-    void include(int place, int size)
-    {
-        begin = std::min<qint64>(begin, place);
-        end = std::max(end, qint64{place} + size);
-    }
-    /// The way to where so many halves of what stays free of `room` lie before it.
-    qint64 wayInto(int room, int halves) const { return ((room - (end - begin)) * halves >> 1) - begin; }
-};
 } // namespace
 
 std::vector<LayerPointer> LWAppDelegate::selectedLayers() const
@@ -109,8 +92,8 @@ void LWAppDelegate::moveSelection(const QPoint &distance)
 void LWAppDelegate::shiftSelection(qint64 right, qint64 down)
 {
     for (const LayerPointer &layer : selectedLayers()) {
-        layer->setXpoint(moved(layer->xpoint(), right));
-        layer->setYpoint(moved(layer->ypoint(), down));
+        layer->setXpoint(nearestInt(layer->xpoint() + right));
+        layer->setYpoint(nearestInt(layer->ypoint() + down));
         layer->drawInRect(); // walls show their place
     }
 }
@@ -121,13 +104,10 @@ void LWAppDelegate::placeSelection(int halvesLeft, int halvesAbove)
     const std::vector<LayerPointer> layers = selectedLayers();
     if (layers.empty())
         return;
-    Extent across;
-    Extent down;
-    for (const LayerPointer &layer : layers) {
-        across.include(layer->xpoint(), layer->screenSizeWidth());
-        down.include(layer->ypoint(), layer->screenSizeHeight());
-    }
-    shiftSelection(across.wayInto(m_OutputWidth, halvesLeft), down.wayInto(m_OutputHeight, halvesAbove));
+    PixelBox box = PixelBox::of(*layers.front());
+    for (const LayerPointer &layer : layers)
+        box = box.united(PixelBox::of(*layer));
+    shiftSelection(wayInto(m_OutputWidth, box.columns, halvesLeft), wayInto(m_OutputHeight, box.rows, halvesAbove));
     finishEdit("Move Layer");
 }
 

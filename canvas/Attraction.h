@@ -1,6 +1,6 @@
 #pragma once
 
-#include "canvas/PixelBox.h"
+#include "layer/PixelBox.h"
 
 #include <vector>
 

@@ -1,7 +1,7 @@
 #include "canvas/CanvasDocument.h"
 #include "canvas/LWCanvasImageView.h"
 #include "canvas/Logging.h"
-#include "canvas/Truncation.h"
+#include "layer/NearestInt.h"
 #include "still/LWStill.h"
 
 #include <QKeyEvent>

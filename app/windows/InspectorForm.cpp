@@ -4,6 +4,7 @@
 #include "app/windows/NumberField.h"
 #include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
+#include "layer/NearestInt.h"
 #include "screen/LWScreen.h"
 
 #include <QCheckBox>
@@ -14,20 +15,12 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <utility>
 
 namespace {
 constexpr int captionWidth = 108;
 constexpr int controlWidth = 148;
-
-/// A file's number may be larger than a field can show.
-int nearestInt(qint64 value)
-{
-    return static_cast<int>(
-        std::clamp<qint64>(value, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()));
-}
 
 InspectorForm::Kinds kindsOf(const std::vector<LayerPointer> &layers)
 {

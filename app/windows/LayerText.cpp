@@ -3,6 +3,7 @@
 #include "app/PowerCalculator.h"
 #include "app/windows/NumberText.h"
 #include "drawing/Raster.h"
+#include "layer/PixelBox.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/PortSplit.h"
@@ -107,12 +108,8 @@ QString tooLargeToDraw(const Layer &layer)
 
 QString outsideOutput(const Layer &layer, const QSize &output)
 {
-    const qint64 right = qint64{layer.xpoint()} + layer.screenSizeWidth();
-    const qint64 bottom = qint64{layer.ypoint()} + layer.screenSizeHeight();
-    const bool hasPixels = layer.screenSizeWidth() > 0 && layer.screenSizeHeight() > 0;
-    const bool isOutside =
-        layer.xpoint() >= output.width() || layer.ypoint() >= output.height() || right <= 0 || bottom <= 0;
-    if (!hasPixels || output.isEmpty() || !isOutside)
+    const PixelBox place = PixelBox::of(layer);
+    if (place.isEmpty() || output.isEmpty() || place.meets({{0, output.width()}, {0, output.height()}}))
         return {};
     return QString("It lies wholly outside the output of %1 px; change its left and top.")
         .arg(NumberText::size(output));
@@ -212,10 +209,7 @@ QString ports(const std::vector<LayerPointer> &layers)
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
 {
     for (const LayerPointer &layer : layers) {
-        const qint64 x = qint64{pixel.x()} - layer->xpoint();
-        const qint64 y = qint64{pixel.y()} - layer->ypoint();
-        const bool isInside = x >= 0 && y >= 0 && x < layer->screenSizeWidth() && y < layer->screenSizeHeight();
-        if (!layer->visible() || !isInside)
+        if (!layer->visible() || !PixelBox::of(*layer).contains(pixel))
             continue;
         const auto *screen = qobject_cast<const LWScreen *>(layer.get());
         const std::optional<LWScreen::Panel> panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;

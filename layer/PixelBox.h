@@ -15,6 +15,7 @@ struct PixelSpan
 
     bool isEmpty() const { return to <= from; }
     bool contains(qint64 pixel) const { return pixel >= from && pixel < to; }
+    bool meets(const PixelSpan &other) const { return from < other.to && other.from < to; }
     PixelSpan united(const PixelSpan &other) const { return {std::min(from, other.from), std::max(to, other.to)}; }
 
     bool operator==(const PixelSpan &) const = default;
@@ -34,6 +35,8 @@ struct PixelBox
     }
 
     bool isEmpty() const { return columns.isEmpty() || rows.isEmpty(); }
+    PixelBox united(const PixelBox &other) const { return {columns.united(other.columns), rows.united(other.rows)}; }
+    bool meets(const PixelBox &other) const { return columns.meets(other.columns) && rows.meets(other.rows); }
     bool contains(const QPoint &pixel) const { return columns.contains(pixel.x()) && rows.contains(pixel.y()); }
 
     bool operator==(const PixelBox &) const = default;
