@@ -1,7 +1,6 @@
 #include "screen/HiddenPanels.h"
 
 #include <optional>
-#include <utility>
 
 namespace {
 struct Panel
@@ -10,19 +9,16 @@ struct Panel
     quint64 column;
 };
 
-/// The panel that a key names, if it is written exactly as keys are.
-std::optional<Panel> parsed(const QString &key)
+/// The panel of a wall of `columns` x `rows` that a key names, if it is written exactly as keys are.
+std::optional<Panel> panelNamed(const QString &key, int columns, int rows)
 {
     const qsizetype comma = key.indexOf(u',');
-    if (comma < 0)
+    if (comma < 0 || columns < 1 || rows < 1)
         return std::nullopt;
-    bool isRow = false;
-    bool isColumn = false;
-    const Panel panel{QStringView(key).left(comma).toULongLong(&isRow),
-                      QStringView(key).mid(comma + 1).toULongLong(&isColumn)};
-    const bool isCanonical =
-        isRow && isColumn && QString::number(panel.rowFromTop) + u',' + QString::number(panel.column) == key;
-    return isCanonical ? std::optional(panel) : std::nullopt;
+    const Panel panel{QStringView(key).left(comma).toULongLong(), QStringView(key).mid(comma + 1).toULongLong()};
+    const bool isOfWall = panel.rowFromTop < static_cast<quint64>(rows) && panel.column < static_cast<quint64>(columns);
+    const bool isCanonical = QString::number(panel.rowFromTop) + u',' + QString::number(panel.column) == key;
+    return isOfWall && isCanonical ? std::optional(panel) : std::nullopt;
 }
 } // namespace
 
@@ -35,9 +31,7 @@ qsizetype countHiddenPanels(const QStringList &keys, int columns, int rows)
 {
     QSet<QString> found;
     for (const QString &key : keys) {
-        const auto panel = parsed(key);
-        if (panel && columns > 0 && rows > 0 && panel->rowFromTop < static_cast<quint64>(rows) &&
-            panel->column < static_cast<quint64>(columns))
+        if (panelNamed(key, columns, rows))
             found.insert(key);
     }
     return found.size();
@@ -47,8 +41,8 @@ HiddenPanels::HiddenPanels(const QStringList &keys, int columns, int rows)
     : m_columns(columns), m_rowHasHidden(static_cast<std::size_t>(rows))
 {
     for (const QString &key : keys) {
-        const auto panel = parsed(key);
-        if (!panel || panel->rowFromTop >= static_cast<quint64>(rows) || panel->column >= static_cast<quint64>(columns))
+        const auto panel = panelNamed(key, columns, rows);
+        if (!panel)
             continue;
         if (m_hidden.empty())
             m_hidden.resize(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));

@@ -9,7 +9,6 @@
 #include "screen/PortSplit.h"
 #include "still/LWStill.h"
 
-#include <algorithm>
 #include <initializer_list>
 #include <limits>
 
@@ -31,18 +30,9 @@ QString counted(qint64 count, const QString &noun)
     return NumberText::grouped(count) + ' ' + noun + (count == 1 ? "" : "s");
 }
 
-/// Switched-off panels that the wall has; keys of others do not count.
 qint64 panelsOff(const LWScreen &screen)
 {
-    const QStringList keys = screen.hiddenBoxes().value_or(QStringList());
-    return std::count_if(keys.begin(), keys.end(), [&](const QString &key) {
-        const QStringList place = key.split(',');
-        bool isRow = false;
-        bool isColumn = false;
-        const int row = place.value(0).toInt(&isRow);
-        const int column = place.value(1).toInt(&isColumn);
-        return isRow && isColumn && row >= 0 && row < screen.row() && column >= 0 && column < screen.col();
-    });
+    return countHiddenPanels(screen.hiddenBoxes().value_or(QStringList()), screen.col(), screen.row());
 }
 
 PanelGrid gridOf(const Layer &layer)

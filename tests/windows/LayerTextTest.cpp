@@ -30,6 +30,13 @@ protected:
 };
 } // namespace
 
+TEST_F(LayerTextTest, APanelIsOffOnceHoweverOftenItIsNamed)
+{
+    const auto layer = std::static_pointer_cast<LWScreen>(wall());
+    layer->setHiddenBoxes(QStringList{"0,0", "0,0", "4,7", " 1,1", "+2,2", "03,3", "5,0", "0,8", "1,1,1", "-1,0"});
+    EXPECT_EQ(LayerText::wall({layer}), "8 × 5 panels, 1,024 × 320 px, 2 off");
+}
+
 TEST_F(LayerTextTest, NothingIsWrongWithALayerThatTouchesTheOutput)
 {
     const LayerPointer layer = wall();
