@@ -1,5 +1,6 @@
 #include "app/PowerCalculator.h"
 
+#include "layer/AmpereText.h"
 #include "layer/Power.h"
 
 namespace PowerCalculator {
@@ -29,7 +30,7 @@ float amperes(qint32 watts, qint64 divisor)
 
 QString resultText(float amperes)
 {
-    return QString::asprintf("Total Power: %.2fAmp", static_cast<double>(amperes));
+    return "Total Power: " + AmpereText::of(amperes) + "Amp";
 }
 
 } // namespace PowerCalculator

@@ -30,11 +30,11 @@ QByteArray text(qint64 value)
     return QByteArray::number(value);
 }
 
-/// The fewest digits that give the same number again in single precision.
+/// The fewest digits that give the same number again in double precision, in which programs read it.
 QByteArray text(float value)
 {
     std::array<char, 32> digits{};
-    const auto result = std::to_chars(digits.begin(), digits.end(), value);
+    const auto result = std::to_chars(digits.begin(), digits.end(), static_cast<double>(value));
     return QByteArray(digits.data(), result.ptr - digits.data());
 }
 

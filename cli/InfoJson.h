@@ -17,7 +17,7 @@ namespace InfoJson {
 ///       "voltage": 110,
 ///       "phases": 1,
 ///       "watts": 1200,
-///       "amperes": 10.909091,
+///       "amperes": 10.909090995788574,
 ///       "layers": [
 ///         {
 ///           "index": 0,                 from the top of the list
@@ -38,7 +38,7 @@ namespace InfoJson {
 ///           "hiddenPanels": 0,
 ///           "powerOnCell": 100,         watts of a panel
 ///           "watts": 1200,
-///           "amperes": 10.909091,
+///           "amperes": 10.909090995788574,
 ///           "drawFlowPath": true,       false also where "pattern" is no pattern
 ///           "pattern": 2,
 ///           "pixelLimit": 80000,        of a port; 0: none
@@ -51,7 +51,8 @@ namespace InfoJson {
 ///     }
 ///
 /// Along columns a port has "columns" in the place of "rows". Figures are those of one port; "pixels" is null where 64
-/// bits cannot count them. "watts" wrap in 32 bits, as the program's own sum does.
+/// bits cannot count them. "watts" wrap in 32 bits, as the program's own sum does; "amperes" are of single precision,
+/// told to the last bit.
 QString of(const ProjectFacts &facts);
 
 } // namespace InfoJson

@@ -3,6 +3,7 @@
 #include "app/JsonValues.h"
 #include "app/PowerCalculator.h"
 #include "cli/InfoFacts.h"
+#include "layer/AmpereText.h"
 
 #include <QLocale>
 
@@ -102,7 +103,7 @@ QString wallText(const WallFacts &wall)
     for (const PortGroup &group : wall.ports)
         text += line("", portText(wall, group));
     text += line("Power", QString("%1 W, %2 W a panel").arg(figure(wall.watts), figure(wall.wattsPerPanel)));
-    return text + line("Current", QString::asprintf("%.2f A", static_cast<double>(wall.amperes)));
+    return text + line("Current", AmpereText::of(wall.amperes) + " A");
 }
 
 QString layerText(const LayerFacts &layer, std::size_t index)

@@ -3,6 +3,7 @@
 #include "app/PowerCalculator.h"
 #include "app/windows/NumberText.h"
 #include "drawing/Raster.h"
+#include "layer/AmpereText.h"
 #include "layer/PixelBox.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
@@ -212,7 +213,7 @@ QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phas
 {
     const float amperes =
         PowerCalculator::amperes(PowerCalculator::watts(layers), PowerCalculator::divisor(volts, phases));
-    return QString("%1 A at %2 V, %3").arg(amperes, 0, 'f', 2).arg(volts).arg(counted(phases, "phase"));
+    return QString("%1 A at %2 V, %3").arg(AmpereText::of(amperes), QString::number(volts), counted(phases, "phase"));
 }
 
 QString picture(const std::vector<LayerPointer> &layers)

@@ -37,6 +37,12 @@ TEST(PowerCalculator, ThreePhasesDivideByThreeWithoutASquareRoot)
     EXPECT_EQ(line({wall(host, 4, 3, 100)}, 208, 3), "Total Power: 1.92Amp");
 }
 
+TEST(PowerCalculator, ATieGoesToTheEvenDigit)
+{
+    TestHost host;
+    EXPECT_EQ(line({wall(host, 1, 1, 26)}, 208, 1), "Total Power: 0.12Amp"); // 0.125
+}
+
 TEST(PowerCalculator, NothingDrawsNothing)
 {
     TestHost host;

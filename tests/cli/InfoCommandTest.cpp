@@ -79,7 +79,7 @@ TEST_F(InfoCommandTest, TellsAWallForProgramsAlwaysInTheSameOrder)
   "voltage": 110,
   "phases": 1,
   "watts": 1200,
-  "amperes": 10.909091,
+  "amperes": 10.909090995788574,
   "layers": [
     {
       "index": 0,
@@ -99,7 +99,7 @@ TEST_F(InfoCommandTest, TellsAWallForProgramsAlwaysInTheSameOrder)
       "hiddenPanels": 1,
       "powerOnCell": 100,
       "watts": 1200,
-      "amperes": 10.909091,
+      "amperes": 10.909090995788574,
       "drawFlowPath": true,
       "pattern": 2,
       "pixelLimit": 80000,
@@ -197,6 +197,21 @@ TEST_F(InfoCommandTest, VoltageAndPhasesDivideTheCurrent)
     EXPECT_NEAR(layerNamed(show, "MAIN")["amperes"].toDouble(), 54720 / 624.0, singlePrecision);
     EXPECT_TRUE(infoOf(splitWall, {"--voltage=208", "--phases", "3"})
                     .endsWith("\nTotal Power: 1.92Amp (1,200 W at 208 V, 3 phases)\n"));
+}
+
+TEST_F(InfoCommandTest, ATieOfTheCurrentGoesToTheEvenDigit)
+{
+    const QString info = infoOf(plainWall(R"("col": 1, "row": 1, "powerOnCell": 26)"), {"--voltage=208"});
+
+    EXPECT_TRUE(info.contains("\n  Current    0.12 A\n")); // 0.125
+    EXPECT_TRUE(info.endsWith("\nTotal Power: 0.12Amp (26 W at 208 V, 1 phase)\n"));
+}
+
+TEST_F(InfoCommandTest, JsonHoldsTheCurrentToItsLastBit)
+{
+    const QString info = infoOf(plainWall(R"("col": 1, "row": 1, "powerOnCell": 300566572)"), {"--json"});
+
+    EXPECT_EQ(info.count("\"amperes\": 2732423.25,\n"), 2); // one bit of single precision is .25 there
 }
 
 TEST_F(InfoCommandTest, PathsThatAreNotDrawnHavePortsAllTheSame)

@@ -196,6 +196,14 @@ TEST(ChartTexts, SeveralPhasesShareThePower)
     expectPowerText(chart, "3.48A| 230V| 3Phase"); // 2400 / 690
 }
 
+TEST(ChartTexts, ATieOfTheCurrentGoesToTheEvenDigit)
+{
+    ScreenChart chart = withPowerText(13);
+    chart.voltage = 416;
+    chart.phases = 3;
+    expectPowerText(chart, "0.12A| 416V| 3Phase"); // 156 / 1248 = 0.125
+}
+
 TEST(ChartTexts, ThePowerWrapsIn32Bits)
 {
     expectPowerText(withPowerText(200'000'000),

@@ -6,6 +6,7 @@
 #include "tests/screen/PlainFlowPath.h"
 
 #include <cmath>
+#include <cstdio>
 
 namespace {
 const Colour darkBox = Colour::gray(0, 0.75);
@@ -107,8 +108,9 @@ float amperes(const ScreenChart &chart)
 
 void drawPowerText(const ScreenChart &chart, PlainCanvas &canvas)
 {
-    const double current = static_cast<double>(amperes(chart));
-    const QString text = QString("%1A| %2V| %3Phase").arg(current, 0, 'f', 2).arg(chart.voltage).arg(chart.phases);
+    char current[64];
+    std::snprintf(current, sizeof current, "%.2f", static_cast<double>(amperes(chart)));
+    const QString text = QString("%1A| %2V| %3Phase").arg(current).arg(chart.voltage).arg(chart.phases);
     const QSize size = TextLine(text, chart.screenFontSize).size();
 
     const qint64 x = chart.wallWidth() / 2 - size.width() / 2;

@@ -30,6 +30,15 @@ protected:
 };
 } // namespace
 
+TEST_F(LayerTextTest, ATieOfTheCurrentGoesToTheEvenDigit)
+{
+    const LayerPointer layer = wall();
+    layer->setPowerOnCell(26);
+    layer->setCol(1);
+    layer->setRow(1);
+    EXPECT_EQ(LayerText::power({layer}, 208, 1), "0.12 A at 208 V, 1 phase"); // 0.125
+}
+
 TEST_F(LayerTextTest, APanelIsOffOnceHoweverOftenItIsNamed)
 {
     const auto layer = std::static_pointer_cast<LWScreen>(wall());
