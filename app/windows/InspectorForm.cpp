@@ -80,9 +80,7 @@ void InspectorForm::addRow(const Caption &caption, QWidget *control)
     QGridLayout &grid = *m_groups.back().grid;
     const int row = grid.rowCount();
     auto *label = new QLabel(caption.text);
-    QPalette colours = label->palette();
-    colours.setColor(QPalette::WindowText, Theme::dimText);
-    label->setPalette(colours);
+    Theme::colourText(*label, Theme::dimText);
     label->setBuddy(control);
     label->setFixedWidth(captionWidth);
     if (control->accessibleName().isEmpty())
@@ -92,6 +90,26 @@ void InspectorForm::addRow(const Caption &caption, QWidget *control)
     grid.addWidget(label, row, 0);
     grid.addWidget(control, row, 1);
     m_rows.push_back({caption, label, control});
+    const auto *only = qobject_cast<const NumberField *>(control);
+    if (const NumberField *field = only ? only : control->findChild<const NumberField *>())
+        addFaultLine(*field);
+}
+
+/// What is wrong with the entry in a field, below its row.
+void InspectorForm::addFaultLine(const NumberField &field)
+{
+    auto *line = new QLabel;
+    line->setTextFormat(Qt::PlainText);
+    line->setWordWrap(true);
+    line->setFont(Theme::smallFont());
+    Theme::colourText(*line, Theme::danger);
+    line->hide();
+    QGridLayout &grid = *m_groups.back().grid;
+    grid.addWidget(line, grid.rowCount(), 0, 1, 2);
+    QObject::connect(&field, &NumberField::faultDidChange, line, [line](const QString &sentence) {
+        line->setText(sentence);
+        line->setVisible(!sentence.isEmpty());
+    });
 }
 
 QWidget *InspectorForm::number(const Caption &caption, const QString &property, const Range &range)

@@ -10,6 +10,7 @@
 #include <optional>
 #include <vector>
 
+class NumberField;
 class QGridLayout;
 class QLabel;
 class QToolButton;
@@ -109,6 +110,7 @@ private:
     QWidget *colour(const QString &name, const QString &property);
     QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour = {});
     void addRow(const Caption &caption, QWidget *control);
+    void addFaultLine(const NumberField &field);
     static void showRow(const Row &row, const Layer &layer);
 
     QVBoxLayout &m_column;

@@ -3,17 +3,15 @@
 #include "app/windows/NumberText.h"
 #include "app/windows/SumText.h"
 #include "app/windows/TextField.h"
+#include "app/windows/Theme.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QSignalBlocker>
-#include <QTimer>
-#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <optional>
 #include <utility>
@@ -21,7 +19,6 @@
 namespace {
 constexpr QChar dash = u'—';
 constexpr int longStep = 10;
-constexpr std::chrono::milliseconds afterTheEntry{250};
 } // namespace
 
 NumberField::NumberField(int lowest, int highest, const QString &unit, QWidget *parent)
@@ -56,6 +53,8 @@ void NumberField::show(int value)
 {
     if (m_isTyping && !m_isMixed && value == m_value)
         return;
+    if (m_isMixed || value != m_value)
+        forgetEntry();
     m_isMixed = false;
     m_value = value;
     showLast();
@@ -65,26 +64,50 @@ void NumberField::showMixed()
 {
     if (m_isMixed)
         return;
+    forgetEntry();
     m_isMixed = true;
     showLast();
 }
 
+/// Somebody else has changed the value: what was before the entry counts no longer.
+void NumberField::forgetEntry()
+{
+    m_isEntry = false;
+    m_hasTold = false;
+}
+
 void NumberField::showLast()
 {
-    const QSignalBlocker silence(this);
     m_isTyping = false;
     fitRange(m_value);
-    setValue(m_value);
+    {
+        const QSignalBlocker silence(this);
+        setValue(m_value);
+    }
     if (const QString unit = m_isMixed ? QString() : m_unit; suffix() != unit)
         setSuffix(unit);
     if (const QString text = textFromValue(m_value) + suffix(); m_text->text() != text)
         m_text->setText(text); // else what is selected stays so
+    setFault({});
+}
+
+void NumberField::setFault(const QString &sentence)
+{
+    if (sentence == m_fault)
+        return;
+    m_fault = sentence;
+    setAccessibleDescription(sentence);
+    Theme::frameAsWrong(*this, !sentence.isEmpty());
+    emit faultDidChange(sentence);
 }
 
 void NumberField::stepBy(int steps)
 {
     if (m_isMixed)
         return;
+    if (!m_fault.isEmpty())
+        showLast();
+    beginEntry();
     m_isTyping = false;
     const int nearest = std::clamp(value(), m_lowest, m_highest);
     const bool isBeyond = nearest != value();
@@ -102,9 +125,22 @@ QAbstractSpinBox::StepEnabled NumberField::stepEnabled() const
 
 void NumberField::takeTyped(const QString &text)
 {
+    beginEntry();
     m_isTyping = true;
-    if (const std::optional<int> typed = valueOf(text))
+    const std::optional<int> typed = valueOf(text);
+    setFault(typed || isUnchangedDash(text) ? QString() : faultOf(text));
+    if (typed)
         tell(*typed);
+    else if (!SumText::isUnfinished(withoutUnit(text)))
+        takeBack();
+}
+
+void NumberField::beginEntry()
+{
+    if (std::exchange(m_isEntry, true))
+        return;
+    m_valueBefore = m_value;
+    m_wasMixed = m_isMixed;
 }
 
 void NumberField::tell(int value)
@@ -115,17 +151,45 @@ void NumberField::tell(int value)
     emit edited(value);
 }
 
+/// The text stays.
+void NumberField::takeBack()
+{
+    m_value = m_valueBefore;
+    m_isMixed = m_wasMixed;
+    if (std::exchange(m_hasTold, false))
+        emit takenBack();
+}
+
 std::optional<int> NumberField::valueOf(const QString &text) const
 {
-    const std::optional<double> value = SumText::value(withoutUnit(text));
-    if (!value || std::round(*value) < m_lowest || std::round(*value) > m_highest)
-        return std::nullopt;
-    return static_cast<int>(std::round(*value));
+    return faultOf(text).isEmpty() ? std::optional(qRound(*SumText::value(withoutUnit(text)))) : std::nullopt;
+}
+
+QString NumberField::faultOf(const QString &text) const
+{
+    const QString entry = withoutUnit(text);
+    const QString range = QString("type %1 to %2.").arg(NumberText::grouped(m_lowest), NumberText::grouped(m_highest));
+    const std::optional<double> value = SumText::value(entry);
+    if (!value)
+        return SumText::fault(entry);
+    if (SumText::isNumber(entry) && std::round(*value) != *value)
+        return entry + " is no whole number; " + range;
+    const bool isInRange = std::round(*value) >= m_lowest && std::round(*value) <= m_highest;
+    return isInRange ? QString() : entry + " is out of range; " + range;
 }
 
 QString NumberField::withoutUnit(const QString &text) const
 {
-    return (text.endsWith(m_unit) ? text.chopped(m_unit.size()) : text).trimmed();
+    QString entry = text.trimmed();
+    const QString unit = m_unit.trimmed();
+    while (!unit.isEmpty() && entry.endsWith(unit, Qt::CaseInsensitive))
+        entry = entry.chopped(unit.size()).trimmed();
+    return entry;
+}
+
+bool NumberField::isUnchangedDash(const QString &text) const
+{
+    return m_isMixed && withoutUnit(text) == dash;
 }
 
 QString NumberField::textFromValue(int value) const
@@ -140,16 +204,14 @@ int NumberField::valueFromText(const QString &text) const
 
 QValidator::State NumberField::validate(QString &text, int &position) const
 {
-    if (m_isMixed && withoutUnit(text) == dash)
+    if (isUnchangedDash(text))
         return QValidator::Acceptable;
     const auto at = m_isMixed ? static_cast<int>(text.indexOf(dash)) : -1;
     if (at >= 0) { // what is typed beside the dash takes its place
         text.remove(at, 1);
         position -= position > at ? 1 : 0;
     }
-    if (valueOf(text))
-        return QValidator::Acceptable;
-    return SumText::couldBecomeOne(withoutUnit(text)) ? QValidator::Intermediate : QValidator::Invalid;
+    return valueOf(text) ? QValidator::Acceptable : QValidator::Intermediate; // nothing that is typed is swallowed
 }
 
 void NumberField::fixup(QString &text) const
@@ -157,11 +219,19 @@ void NumberField::fixup(QString &text) const
     text = textFromValue(value()) + suffix();
 }
 
+bool NumberField::takesEscape(const QEvent &event) const
+{
+    return m_isEntry && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Escape;
+}
+
 bool NumberField::event(QEvent *event)
 {
+    if (event->type() == QEvent::ShortcutOverride && takesEscape(*event)) {
+        event->accept();
+        return true;
+    }
     // Undoing shows what is there, also where an entry was begun that has no value.
-    if (event->type() == QEvent::ShortcutOverride && TextField::isOfHistory(*event) && m_isTyping &&
-        !valueOf(m_text->text()))
+    if (event->type() == QEvent::ShortcutOverride && TextField::isOfHistory(*event) && !m_fault.isEmpty())
         showLast();
     return QSpinBox::event(event);
 }
@@ -196,6 +266,11 @@ void NumberField::focusOutEvent(QFocusEvent *event)
 
 void NumberField::keyPressEvent(QKeyEvent *event)
 {
+    if (takesEscape(*event)) {
+        takeBack();
+        endEntry();
+        return selectAll();
+    }
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         endEntry();
     QSpinBox::keyPressEvent(event);
@@ -208,23 +283,10 @@ void NumberField::contextMenuEvent(QContextMenuEvent *event)
 
 void NumberField::endEntry()
 {
-    const bool isWrong = m_isTyping && !valueOf(m_text->text()) && withoutUnit(m_text->text()) != dash;
-    m_isTyping = false;
-    const bool hasTold = std::exchange(m_hasTold, false);
-    if (isWrong) {
-        sayWhy();
-        if (hasTold)
-            emit takenBack();
-    }
-    if (isWrong || hasTold)
-        showLast();
-}
-
-void NumberField::sayWhy()
-{
-    const QString why = QString("A whole number from %1 to %2, or a sum such as 6*128")
-                            .arg(NumberText::grouped(m_lowest), NumberText::grouped(m_highest));
-    // The key or the click that ends the entry would close a tip that is there already.
-    QTimer::singleShot(afterTheEntry, this,
-                       [this, why] { QToolTip::showText(mapToGlobal(QPoint(0, height())), why, this); });
+    if (!m_isEntry)
+        return;
+    if (!m_fault.isEmpty())
+        takeBack();
+    forgetEntry();
+    showLast();
 }

@@ -7,9 +7,11 @@
 class TextField;
 
 /// A field for a whole number with its unit behind it. Sums can be typed; each text that has a value within the range
-/// is taken while it is typed. An entry that has none when Enter is pressed or the field is left is taken back, and it
-/// says why. Up and Down step by 1, with Shift by 10, and do nothing where there are several values; the wheel steps
-/// only where the cursor is. editingFinished() tells that an entry has ended, after takenBack().
+/// is taken while it is typed. One that is wrong as it stands takes back what was typed before it at once; one that is
+/// not finished does so when Enter is pressed or the field is left. Meanwhile the frame is red, and faultDidChange()
+/// says why. Escape takes back the whole entry. Up and Down step by 1, with Shift by 10, and do nothing where there are
+/// several values; the wheel steps only where the cursor is. editingFinished() tells that an entry has ended, after
+/// takenBack().
 class NumberField final : public QSpinBox
 {
     Q_OBJECT
@@ -33,8 +35,10 @@ public:
 signals:
     /// Someone has typed or stepped to a value.
     void edited(int value);
-    /// The entry that has led to edited() ended in no value: all of it counts no longer.
+    /// All of the entry that has led to edited() counts no longer.
     void takenBack();
+    /// What is wrong with what is typed, in one sentence; empty: nothing any more.
+    void faultDidChange(const QString &sentence);
 
 protected:
     QString textFromValue(int value) const override;
@@ -54,13 +58,19 @@ private:
     static constexpr int leastWidth = 72;
 
     std::optional<int> valueOf(const QString &text) const;
+    QString faultOf(const QString &text) const;
     QString withoutUnit(const QString &text) const;
+    bool isUnchangedDash(const QString &text) const;
     void takeTyped(const QString &text);
+    void beginEntry();
     void tell(int value);
+    void takeBack();
     void showLast();
+    void setFault(const QString &sentence);
     void fitRange(int shown);
     void endEntry();
-    void sayWhy();
+    void forgetEntry();
+    bool takesEscape(const QEvent &event) const;
 
     TextField *m_text;
     QString m_unit; ///< as it stands behind the number
@@ -68,6 +78,10 @@ private:
     int m_highest;
     int m_value = 0; ///< as last shown or told
     bool m_isMixed = false;
+    int m_valueBefore = 0; ///< and whether there were several: before the entry
+    bool m_wasMixed = false;
+    bool m_isEntry = false;  ///< something was typed or stepped to since the last entry
     bool m_isTyping = false; ///< the text is a person's, not yet ours
-    bool m_hasTold = false;  ///< edited(), since the entry began
+    bool m_hasTold = false;  ///< edited(), since the entry began or was taken back
+    QString m_fault;
 };

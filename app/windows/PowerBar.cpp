@@ -22,13 +22,6 @@ QLabel *plainLabel(const QString &accessibleName, const QString &tip)
     label->setToolTip(tip);
     return label;
 }
-
-void colourText(QWidget *label, const QColor &colour)
-{
-    QPalette colours = label->palette();
-    colours.setColor(QPalette::WindowText, colour);
-    label->setPalette(colours);
-}
 } // namespace
 
 PowerBar::PowerBar(QWidget *parent)
@@ -51,8 +44,8 @@ PowerBar::PowerBar(QWidget *parent)
     m_row->addSpacing(Theme::gap);
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_row->addWidget(m_message, 1);
-    colourText(m_outputSize, Theme::dimText);
-    colourText(m_pointer, Theme::dimText);
+    Theme::colourText(*m_outputSize, Theme::dimText);
+    Theme::colourText(*m_pointer, Theme::dimText);
     m_row->addWidget(m_pointer);
     m_row->addWidget(m_outputSize);
     addZoom();
@@ -69,6 +62,7 @@ void PowerBar::addZoom()
     connect(fit, &QToolButton::clicked, this, &PowerBar::fitChosen);
     connect(m_zoom, &ZoomField::fitChosen, this, &PowerBar::fitChosen);
     connect(m_zoom, &ZoomField::zoomChosen, this, &PowerBar::zoomChosen);
+    connect(m_zoom, &ZoomField::faultDidChange, this, &PowerBar::showFailure);
     m_row->addWidget(m_zoom);
     m_row->addWidget(fit);
 }
@@ -104,7 +98,7 @@ void PowerBar::showStatus(const QString &sentence)
 void PowerBar::showMessage(const QString &sentence, const QColor &colour, const QString &kind)
 {
     m_messageSentence = sentence;
-    colourText(m_message, colour);
+    Theme::colourText(*m_message, colour);
     m_message->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");
     m_message->setAccessibleName(sentence);
     m_message->setAccessibleDescription(kind);

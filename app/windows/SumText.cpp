@@ -7,7 +7,13 @@
 
 namespace {
 constexpr qsizetype longestText = 200;
+constexpr QStringView digits = u"0123456789.";
 constexpr QStringView signs = u"0123456789.+-*/() ";
+
+bool isOfSigns(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar sign) { return signs.contains(sign); });
+}
 
 /// Sum = product { (+|-) product }; product = factor { (*|/) factor }; factor = [-|+] (number | "(" sum ")").
 class Reader
@@ -96,10 +102,31 @@ std::optional<double> value(QStringView text)
     return value && std::isfinite(*value) ? value : std::nullopt;
 }
 
-bool couldBecomeOne(QStringView text)
+bool isNumber(QStringView text)
 {
-    return text.size() <= longestText &&
-           std::all_of(text.begin(), text.end(), [](QChar sign) { return signs.contains(sign); });
+    return !text.empty() && std::all_of(text.begin(), text.end(), [](QChar sign) { return digits.contains(sign); });
+}
+
+bool isUnfinished(QStringView text)
+{
+    return text.size() <= longestText && isOfSigns(text) && !value(text);
+}
+
+QString fault(QStringView text)
+{
+    if (value(text))
+        return {};
+    if (text.empty())
+        return "There is no number; type one.";
+    if (text.size() > longestText)
+        return "That is too long; shorten the sum.";
+    const QString quoted = '"' + text.toString() + '"';
+    if (text.contains(u','))
+        return quoted + " has a comma; leave it out.";
+    if (!isOfSigns(text))
+        return quoted + (text.front().isDigit() ? " is more than digits; write them all." : " is no number.");
+    const std::optional<double> infinite = Reader(text.toString().remove(' ')).whole();
+    return infinite ? "Nothing can be divided by 0; divide by another." : "The sum is not finished; type on.";
 }
 
 } // namespace SumText

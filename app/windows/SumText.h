@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QStringView>
 
 #include <optional>
@@ -11,7 +12,12 @@ namespace SumText {
 /// and at most one point. At most 200 characters are read, so that nesting has an end.
 std::optional<double> value(QStringView text);
 
-/// Whether typing on could make a sum of it: it has only digits, points, signs, brackets and spaces.
-bool couldBecomeOne(QStringView text);
+/// Whether it is one number and no sum: it has only digits and points.
+bool isNumber(QStringView text);
+/// Whether it has no value yet, but typing on could give it one: it has only digits, points, signs, brackets and
+/// spaces.
+bool isUnfinished(QStringView text);
+/// Why a text has no value, in one sentence; empty where it has one.
+QString fault(QStringView text);
 
 } // namespace SumText

@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPalette>
+#include <QStyle>
 #include <QStyleFactory>
 #include <QToolTip>
 
@@ -88,13 +89,26 @@ QFont Theme::titleFont()
     font.setCapitalization(QFont::AllUppercase);
     return font;
 }
+
+void Theme::colourText(QWidget &widget, const QColor &colour)
+{
+    QPalette colours = widget.palette();
+    colours.setColor(QPalette::WindowText, colour);
+    widget.setPalette(colours);
+}
+
+void Theme::frameAsWrong(QWidget &field, bool isWrong)
+{
+    field.setProperty("isWrong", isWrong); // the style sheet asks for it
+    field.style()->unpolish(&field);
+    field.style()->polish(&field);
+}
+
 QLabel *Theme::title(const QString &text, QWidget *buddy)
 {
     auto *label = new QLabel(text);
     label->setFont(titleFont());
-    QPalette colours = label->palette();
-    colours.setColor(QPalette::WindowText, dimText);
-    label->setPalette(colours);
+    colourText(*label, dimText);
     label->setBuddy(buddy);
     return label;
 }

@@ -29,6 +29,11 @@ inline constexpr int cornerRadius = 4;
 /// Gives the application style, colours and fonts. Any number of times; a QApplication exists.
 void apply();
 
+/// Has the widget write in this colour.
+void colourText(QWidget &widget, const QColor &colour);
+/// Gives a field a red frame, whether it has the focus or not, or its own again.
+void frameAsWrong(QWidget &field, bool isWrong);
+
 /// The title of a group, which has its words said in capitals; `buddy` is what it names.
 QLabel *title(const QString &text, QWidget *buddy = nullptr);
 

@@ -1,6 +1,9 @@
 #include "app/windows/ZoomField.h"
 
+#include "app/windows/NumberText.h"
 #include "app/windows/SumText.h"
+#include "app/windows/Theme.h"
+#include "canvas/CanvasFrame.h"
 
 #include <QKeyEvent>
 
@@ -9,7 +12,13 @@
 
 namespace {
 constexpr int fieldWidth = 64;
+constexpr int most = static_cast<int>(100 * CanvasFrame::greatestZoom);
+
+QString withoutSign(QString text)
+{
+    return text.remove('%').trimmed();
 }
+} // namespace
 
 ZoomField::ZoomField(QWidget *parent) : QLineEdit(parent)
 {
@@ -18,6 +27,7 @@ ZoomField::ZoomField(QWidget *parent) : QLineEdit(parent)
     setAccessibleName("Zoom");
     setToolTip("Zoom in per cent. Enter takes it, a double click fits the output.");
     connect(this, &QLineEdit::returnPressed, this, &ZoomField::take);
+    connect(this, &QLineEdit::textEdited, this, [this] { showFault(fault()); });
 }
 
 void ZoomField::show(double percent)
@@ -31,15 +41,35 @@ void ZoomField::showLast()
 {
     setText(m_percent > 0 ? QString("%1 %").arg(std::round(m_percent)) : QString());
     setModified(false);
+    showFault({});
+}
+
+QString ZoomField::fault() const
+{
+    const QString entry = withoutSign(text());
+    const std::optional<double> percent = SumText::value(entry);
+    if (!percent)
+        return SumText::fault(entry);
+    const bool isInRange = *percent > 0 && *percent <= most;
+    return isInRange ? QString() : entry + " is out of range; type 1 to " + NumberText::grouped(most) + ".";
+}
+
+void ZoomField::showFault(const QString &sentence)
+{
+    if (sentence == m_fault)
+        return;
+    m_fault = sentence;
+    Theme::frameAsWrong(*this, !sentence.isEmpty());
+    emit faultDidChange(sentence);
 }
 
 void ZoomField::take()
 {
-    QString typed = text();
-    const std::optional<double> percent = SumText::value(typed.remove('%').trimmed());
+    const bool isZoom = fault().isEmpty();
+    const double percent = SumText::value(withoutSign(text())).value_or(0);
     setModified(false);
-    if (percent && *percent > 0)
-        emit zoomChosen(*percent);
+    if (isZoom)
+        emit zoomChosen(percent);
     showLast();
     selectAll();
 }

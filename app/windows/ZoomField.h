@@ -2,7 +2,8 @@
 
 #include <QLineEdit>
 
-/// Shows the canvas' zoom, and takes another: Enter takes what was typed, a double click fits the output.
+/// Shows the canvas' zoom, and takes another: Enter takes what was typed and has a red frame while it is no zoom, a
+/// double click fits the output.
 class ZoomField final : public QLineEdit
 {
     Q_OBJECT
@@ -16,6 +17,8 @@ public:
 signals:
     void zoomChosen(double percent);
     void fitChosen();
+    /// What is wrong with what is typed, in one sentence; empty: nothing any more.
+    void faultDidChange(const QString &sentence);
 
 protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -26,6 +29,9 @@ protected:
 private:
     void take();
     void showLast();
+    QString fault() const;
+    void showFault(const QString &sentence);
 
     double m_percent = 0;
+    QString m_fault;
 };

@@ -3,7 +3,6 @@
 #include "tests/windows/InspectorFixture.h"
 
 #include <QTest>
-#include <QToolTip>
 
 /// The output's size and colours, at the foot of the inspector.
 class InspectorOutputTest : public InspectorFixture
@@ -61,17 +60,15 @@ TEST_F(InspectorOutputTest, ASideThatNoRasterCouldHoldBesideTheOtherIsRefused)
     setOutput(1, 32'768);
     window.document().finishEdit("Setting");
     type(width(), "8193");
-    EXPECT_EQ(window.document().OutputWidth(), 819); // each digit is taken while there is room
-    QTest::keyClick(&width(), Qt::Key_Return);
     EXPECT_EQ(window.document().OutputWidth(), 1);
+    EXPECT_EQ(width().accessibleDescription(), "8193 is out of range; type 1 to 8,192.");
+    QTest::keyClick(&width(), Qt::Key_Return);
     EXPECT_EQ(width().text(), "1 px");
-    const QString why = "A whole number from 1 to 8,192, or a sum such as 6*128";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == why; }));
-    QToolTip::hideText();
 
     setOutput(20'000, 1);
+    window.document().finishEdit("Setting");
     type(height(), "13422"); // 268,440,000 pixels
-    EXPECT_EQ(window.document().OutputHeight(), 1'342);
+    EXPECT_EQ(window.document().OutputHeight(), 1);
     EXPECT_TRUE(Raster::canHold(20'000, 13'421));
     EXPECT_EQ(height().maximum(), 13'421);
 }

@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
-#include <QToolTip>
 #include <QWheelEvent>
 
 using InspectorTest = InspectorFixture;
@@ -150,23 +149,6 @@ TEST_F(InspectorTest, SumsAreAllowedAndWrongEntriesGoBackToTheValueBefore)
     EXPECT_EQ(shown()->panelWidth(), 64); // as far as it goes
     QTest::keyClick(&field, Qt::Key_Return);
     EXPECT_EQ(shown()->panelWidth(), 768);
-}
-
-TEST_F(InspectorTest, AWrongEntrySaysWhyBesideTheField)
-{
-    const QString why = "A whole number from 1 to 10,000, or a sum such as 6*128";
-    NumberField &field = control<NumberField>("Columns");
-    type(field, "0");
-    QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == why; }));
-    EXPECT_EQ(field.text(), "8");
-
-    QToolTip::hideText();
-    type(field, "9*");
-    QTest::keyClick(&field, Qt::Key_Tab);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QToolTip::text() == why; }));
-    EXPECT_EQ(field.text(), "8");
-    QToolTip::hideText();
 }
 
 TEST_F(InspectorTest, UpAndDownStepByOneAndTheWheelOnlyWhereTheCursorIs)

@@ -1,5 +1,6 @@
 #include "app/windows/ZoomField.h"
 
+#include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
@@ -43,6 +44,21 @@ TEST_F(ZoomFieldTest, WhatIsNoZoomIsNotTaken)
         QTest::keyClick(&field(), Qt::Key_Return);
         EXPECT_EQ(field().text(), "100 %") << text;
         EXPECT_EQ(canvas().readOut().zoomPercent, 100) << text;
+    }
+}
+
+TEST_F(ZoomFieldTest, WhatIsWrongIsFramedAndToldWhileItIsTyped)
+{
+    const std::pair<const char *, const char *> cases[] = {{"1e3", "\"1e3\" is more than digits; write them all."},
+                                                           {"12,5", "\"12,5\" has a comma; leave it out."},
+                                                           {"3201", "3201 is out of range; type 1 to 3,200."}};
+    for (const auto &[text, sentence] : cases) {
+        type(text);
+        EXPECT_TRUE(shows(sentence)) << text;
+        EXPECT_EQ(field().grab().toImage().pixelColor(0, field().height() / 2), Theme::danger) << text;
+        QTest::keyClick(&field(), Qt::Key_Escape);
+        EXPECT_FALSE(shows(sentence)) << text;
+        EXPECT_NE(field().grab().toImage().pixelColor(0, field().height() / 2), Theme::danger) << text;
     }
 }
 
