@@ -206,7 +206,7 @@ void Inspector::addDataFlowGroup()
     m_form->addWide("Pattern of the path", m_patterns);
     m_form->addNumberWith(portSizes(), {"Pixels per port", 0, "Pixels that one port carries; 0: all on one"},
                           "pixelLimit", {0, std::numeric_limits<int>::max(), "px"});
-    m_form->addSummary("Ports", LayerText::ports);
+    m_form->addSummary("Ports", LayerText::ports, LayerText::hasPortOverLimit);
 }
 
 void Inspector::addPowerGroup()

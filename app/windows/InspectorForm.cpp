@@ -2,6 +2,7 @@
 
 #include "app/windows/ColourButton.h"
 #include "app/windows/NumberField.h"
+#include "app/windows/SummaryLine.h"
 #include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
 #include "layer/NearestInt.h"
@@ -244,15 +245,15 @@ void InspectorForm::addWide(const QString &name, QWidget *control)
     m_rows.push_back({{}, nullptr, control});
 }
 
-void InspectorForm::addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text)
+void InspectorForm::addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text,
+                               std::function<bool(const std::vector<LayerPointer> &)> isWrong)
 {
-    auto *line = new QLabel;
-    line->setWordWrap(true);
-    line->setFont(Theme::smallFont());
-    line->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    addWide(name, line);
+    auto *line = new SummaryLine(name);
+    addWide({}, line);
     m_shows.push_back(
-        [line, text = std::move(text)](const std::vector<LayerPointer> &layers) { line->setText(text(layers)); });
+        [line, text = std::move(text), isWrong = std::move(isWrong)](const std::vector<LayerPointer> &layers) {
+            line->show(text(layers), isWrong && isWrong(layers));
+        });
 }
 
 void InspectorForm::show(const std::vector<LayerPointer> &layers)

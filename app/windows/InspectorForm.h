@@ -73,8 +73,9 @@ public:
     void addControlWith(QWidget *button, const Caption &caption, QWidget *control);
     /// A control that needs the whole width.
     void addWide(const QString &name, QWidget *control);
-    /// A line that is only read; `text` is made from the selected layers.
-    void addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text);
+    /// A line that is only read, made from the selected layers; a warning where `isWrong` says so.
+    void addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text,
+                    std::function<bool(const std::vector<LayerPointer> &)> isWrong = {});
 
     /// Shows what the layers have: the first is the one before the inspector. Not empty.
     void show(const std::vector<LayerPointer> &layers);

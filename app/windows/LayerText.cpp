@@ -71,6 +71,14 @@ bool hangsOnOnePort(const PortSplit &split)
     return split.isOneRun || split.portCount() < 1;
 }
 
+/// Whether not even one row, or column, of the wall fits a port.
+bool isOverLimit(const Layer &layer)
+{
+    const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
+    const std::optional<PortSplit> split = isWall ? splitOf(layer) : std::nullopt;
+    return split && hangsOnOnePort(*split) && layer.pixelLimit() > 0;
+}
+
 /// Pixels of so many rows, or columns, of the wall.
 qint64 pixelsOf(const Layer &layer, const FlowPattern &pattern, qint64 lines)
 {
@@ -106,14 +114,11 @@ QString outsideOutput(const Layer &layer, const QSize &output)
         .arg(NumberText::size(output));
 }
 
-/// Of a wall whose data path is drawn: how another one hangs on the processor, nobody has said.
 QString portOverLimit(const Layer &layer)
 {
-    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
-    const bool hasPath = qobject_cast<const LWScreen *>(&layer) && layer.drawFlowPath();
-    const std::optional<PortSplit> split = hasPath ? splitOf(layer) : std::nullopt;
-    if (!split || !split->isOneRun || layer.pixelLimit() <= 0)
+    if (!isOverLimit(layer))
         return {};
+    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
     const QString line = pattern->along == FlowPattern::Along::Rows ? "row" : "column";
     const QString pixels = NumberText::grouped(pixelsOf(layer, *pattern, 1));
     return QString("One %1 of panels has %2 px, a port carries %3; raise the pixels per port or make the %1s shorter.")
@@ -127,9 +132,8 @@ QString portsOf(const Layer &wall)
         return "No data path";
     if (hangsOnOnePort(*split)) {
         const qint64 all = product({wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()});
-        const bool isTooMuch = wall.pixelLimit() > 0;
         return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
-               (isTooMuch ? ", more than one port carries" : "");
+               (isOverLimit(wall) ? ", more than one port carries" : "");
     }
     const auto pixels = [&wall, pattern = *FlowPattern::ofCode(wall.pattern())](qint64 lines) {
         return NumberText::grouped(pixelsOf(wall, pattern, lines)) + " px";
@@ -149,9 +153,8 @@ QString portsOfAll(const std::vector<const LWScreen *> &walls)
         const std::optional<PortSplit> split = splitOf(*wall);
         if (!split)
             continue;
-        const bool isOne = hangsOnOnePort(*split);
-        ports = sum(ports, isOne ? 1 : split->portCount());
-        overloaded += isOne && wall->pixelLimit() > 0 ? 1 : 0;
+        ports = sum(ports, hangsOnOnePort(*split) ? 1 : split->portCount());
+        overloaded += isOverLimit(*wall) ? 1 : 0;
     }
     const QString text = ports == 0 ? QString("No data path") : counted(ports, "port");
     return overloaded == 0 ? text : text + ", " + NumberText::grouped(overloaded) + " over the limit";
@@ -195,6 +198,11 @@ QString ports(const std::vector<LayerPointer> &layers)
     if (walls.empty())
         return {};
     return walls.size() == 1 ? portsOf(*walls.front()) : portsOfAll(walls);
+}
+
+bool hasPortOverLimit(const std::vector<LayerPointer> &layers)
+{
+    return std::any_of(layers.begin(), layers.end(), [](const LayerPointer &layer) { return isOverLimit(*layer); });
 }
 
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)

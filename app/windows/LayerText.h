@@ -17,6 +17,8 @@ namespace LayerText {
 QString wall(const std::vector<LayerPointer> &layers);
 /// "4 ports, 163,840 px each, last 81,920 px"; "1 port, 573,440 px" where all panels hang on one; "7 ports".
 QString ports(const std::vector<LayerPointer> &layers);
+/// Whether a wall among them has a port that cannot carry one line of panels.
+bool hasPortOverLimit(const std::vector<LayerPointer> &layers);
 /// The label of the panel at a pixel of the output, of the topmost visible wall there: "C7"; empty where there is none.
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel);
 /// "12.73 A at 110 V, 1 phase"

@@ -1,5 +1,6 @@
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
+#include "app/windows/Theme.h"
 #include "tests/windows/InspectorFixture.h"
 
 #include <QCheckBox>
@@ -178,6 +179,29 @@ TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
     undo();
     EXPECT_EQ(shown()->labelColor(), std::nullopt);
     EXPECT_FALSE(shown()->drawLabels());
+}
+
+TEST_F(InspectorTest, APortOverTheLimitIsAWarningWhetherThePathIsDrawnOrNot)
+{
+    const auto colour = [this] {
+        for (const QLabel *label : inspector().findChildren<QLabel *>()) {
+            if (label->accessibleName() == "Ports")
+                return label->palette().color(QPalette::WindowText);
+        }
+        return QColor();
+    };
+    EXPECT_EQ(colour(), Theme::text);
+    EXPECT_FALSE(isShown("Warning"));
+    window.document().setValue(1'000, "arrangedObjects.pixelLimit");
+    ASSERT_FALSE(shown()->drawFlowPath());
+    EXPECT_EQ(summary("Ports"), "1 port, 655,360 px, more than one port carries");
+    EXPECT_EQ(colour(), Theme::warning);
+    EXPECT_TRUE(isShown("Warning"));
+    window.document().setValue(true, "arrangedObjects.drawFlowPath");
+    EXPECT_TRUE(isShown("Warning"));
+    window.document().setValue(0, "arrangedObjects.pixelLimit");
+    EXPECT_EQ(colour(), Theme::text);
+    EXPECT_FALSE(isShown("Warning"));
 }
 
 TEST_F(InspectorTest, CaptionsAreTheLayersOwnAndHideWithTheirFlag)

@@ -71,8 +71,7 @@ TEST_F(LayerTextTest, ALayerWhollyOutsideIsTold)
 
 TEST_F(LayerTextTest, APortThatCannotCarryOneRowIsTold)
 {
-    const LayerPointer layer = wall();
-    layer->setDrawFlowPath(true);
+    const LayerPointer layer = wall(); // whose path is not drawn
     layer->setPixelLimit(65'536);
     EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
     layer->setPixelLimit(65'535);
@@ -89,12 +88,9 @@ TEST_F(LayerTextTest, APortThatCannotCarryOneRowIsTold)
                     "the columns shorter."));
 }
 
-TEST_F(LayerTextTest, AWallWithoutAPathOrALimitHasNoPortsToBeOver)
+TEST_F(LayerTextTest, AWallWithoutALimitOrAPatternHasNoPortsToBeOver)
 {
     const LayerPointer layer = wall();
-    layer->setPixelLimit(1);
-    EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
-    layer->setDrawFlowPath(true);
     layer->setPixelLimit(0);
     EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
     layer->setPixelLimit(1);
@@ -105,6 +101,7 @@ TEST_F(LayerTextTest, AWallWithoutAPathOrALimitHasNoPortsToBeOver)
 TEST_F(LayerTextTest, AWallThatIsTooLargeToBeDrawnIsTold)
 {
     const LayerPointer layer = wall();
+    layer->setPixelLimit(0);
     layer->setCol(256); // 32,768 px, the longest that there is
     layer->drawInRect();
     EXPECT_EQ(LayerText::warnings(*layer, output), QStringList());
