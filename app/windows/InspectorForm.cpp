@@ -3,6 +3,7 @@
 #include "app/windows/ColourButton.h"
 #include "app/windows/NumberField.h"
 #include "app/windows/SummaryLine.h"
+#include "app/windows/TextColour.h"
 #include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
 #include "layer/NearestInt.h"
@@ -152,7 +153,7 @@ QWidget *InspectorForm::switchOf(const Caption &caption, const QString &property
         for (const LayerPointer &layer : m_layers) {
             const QByteArray name = colour.toLatin1();
             if (isOn && !colour.isEmpty() && !layer->property(name).value<OptionalColour>())
-                layer->setProperty(name, QVariant::fromValue(OptionalColour(NamedColour::white)));
+                layer->setProperty(name, QVariant::fromValue(OptionalColour(textColourFor(*layer))));
         }
         m_edit(property, isOn);
     });

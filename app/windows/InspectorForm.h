@@ -63,8 +63,8 @@ public:
     void addText(const Caption &caption, const QString &property);
     void addSwitch(const Caption &caption, const QString &property);
     void addColour(const Caption &caption, const QString &property);
-    /// A switch and, in the same row, the number and the colour that belong to it. Turning it on gives the colour white
-    /// where the layer has none.
+    /// A switch and, in the same row, the number and the colour that belong to it. Turning it on gives a layer that
+    /// has no such colour black or white, as it stands off from the panels.
     void addSwitchRow(const Caption &caption, const QString &property, const QString &number, const Range &range,
                       const QString &colour);
     /// Any other control; it looks after itself.

@@ -169,8 +169,10 @@ TEST_F(InspectorTest, UpAndDownStepByOneAndTheWheelOnlyWhereTheCursorIs)
     EXPECT_EQ(shown()->col(), 7);
 }
 
-TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
+TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteOnDarkPanelsWhenItIsTurnedOn)
 {
+    shown()->setRectColor(NamedColour::black);
+    shown()->setRectColor2(NamedColour::black);
     shown()->setLabelColor(std::nullopt);
     inspector().refresh();
     control<QCheckBox>("Panel labels").click();
@@ -179,6 +181,44 @@ TEST_F(InspectorTest, ATextThatHasNoColourGetsWhiteWhenItIsTurnedOn)
     undo();
     EXPECT_EQ(shown()->labelColor(), std::nullopt);
     EXPECT_FALSE(shown()->drawLabels());
+}
+
+TEST_F(InspectorTest, ATextWithoutAColourGetsTheOneThatStandsOffFromBothPanelColours)
+{
+    constexpr Colour darkBlue{0, 0, 0.5, 1};
+    const std::tuple<OptionalColour, OptionalColour, Colour> cases[] = {
+        {NamedColour::yellow, NamedColour::white, NamedColour::black},
+        {NamedColour::yellow, NamedColour::orange, NamedColour::black},
+        {darkBlue, NamedColour::black, NamedColour::white},
+        {NamedColour::yellow, darkBlue, NamedColour::black}, // 1.31 on blue, white is 1.07 on yellow
+        {std::nullopt, NamedColour::yellow, NamedColour::black},
+        {std::nullopt, std::nullopt, NamedColour::white},
+        {Colour{1, 1, 1, 0.05}, std::nullopt, NamedColour::white}, // hardly there
+    };
+    for (const auto &[first, second, text] : cases) {
+        SCOPED_TRACE(text.red);
+        shown()->setRectColor(first);
+        shown()->setRectColor2(second);
+        shown()->setXyColor(std::nullopt);
+        shown()->setXYFontEnable(false);
+        window.document().finishEdit("Setting");
+        const int before = window.document().undoStack().index();
+        control<QCheckBox>("Corner coordinates").click();
+        EXPECT_EQ(shown()->xyColor(), OptionalColour(text));
+        EXPECT_EQ(window.document().undoStack().index(), before + 1);
+        undo();
+        EXPECT_EQ(shown()->xyColor(), std::nullopt);
+    }
+}
+
+TEST_F(InspectorTest, ATextKeepsTheColourThatItHas)
+{
+    shown()->setRectColor(NamedColour::yellow);
+    shown()->setLabelColor(OptionalColour(NamedColour::white));
+    shown()->setDrawLabels(false);
+    inspector().refresh();
+    control<QCheckBox>("Panel labels").click();
+    EXPECT_EQ(shown()->labelColor(), OptionalColour(NamedColour::white));
 }
 
 TEST_F(InspectorTest, APortOverTheLimitIsAWarningWhetherThePathIsDrawnOrNot)
