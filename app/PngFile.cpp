@@ -15,6 +15,7 @@
 #include <isa-l/crc.h>
 #include <isa-l/igzip_lib.h>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -33,6 +34,10 @@ constexpr quint32 checksumOfNothing = 1;
 
 /// Bytes of filtered rows in a section, which has a chunk of its own: few enough for a processor's cache.
 constexpr qint64 sectionBytes = qint64{512} << 10;
+
+/// What a section begins with uncompressed, and the encoder is told as that which came before. Told nothing, it takes
+/// its own address for something that came before, and the same rows would not always give the same bytes.
+constexpr std::size_t storedBytes = 8;
 
 /// 32 bits a pixel, alpha in the highest of them where there is any.
 QImage prepared(const QImage &picture)
@@ -101,6 +106,19 @@ struct Section
     quint64 bytes = 0;                    ///< of the filtered rows
 };
 
+using Bytes = std::span<const uchar>;
+
+/// Writes few bytes as a block that holds them as they are, and is not the last; returns its length.
+std::size_t store(Bytes bytes, std::span<uchar> out)
+{
+    const auto length = static_cast<quint16>(bytes.size());
+    out[0] = 0;
+    qToLittleEndian(length, &out[1]);
+    qToLittleEndian(static_cast<quint16>(~length), &out[3]);
+    std::copy(bytes.begin(), bytes.end(), out.begin() + 5);
+    return 5 + bytes.size();
+}
+
 /// Makes sections, each from the picture alone; keeps its buffers from one to the next.
 class SectionMaker
 {
@@ -113,6 +131,8 @@ public:
 private:
     void filter(int top, int bottom);
     QByteArrayView compress(); ///< empty: it failed
+    /// Compresses what follows upon `before`, which may be repeated; the length, nullopt: it failed.
+    std::optional<std::size_t> deflate(Bytes before, Bytes bytes, std::span<uchar> out);
 
     const Rows &m_rows;
     std::vector<uchar> m_filtered; ///< rows, each behind the number of its filter
@@ -159,22 +179,34 @@ void SectionMaker::filter(int top, int bottom)
 QByteArrayView SectionMaker::compress()
 {
     // What cannot be made smaller is stored in blocks of 64 KiB with a few bytes around each.
-    const auto bytes = static_cast<qsizetype>(m_filtered.size());
-    m_compressed.resize(bytes + bytes / 1024 + 256);
+    m_compressed.resize(static_cast<qsizetype>(m_filtered.size() + m_filtered.size() / 1024 + 256));
+    const Bytes all(m_filtered);
+    const Bytes first = all.first(std::min(all.size(), storedBytes));
+    const std::span<uchar> out(reinterpret_cast<uchar *>(m_compressed.data()), m_compressed.size());
+    const std::size_t begin = store(first, out);
+    if (first.size() == all.size())
+        return QByteArrayView(m_compressed).first(static_cast<qsizetype>(begin));
 
+    const auto rest = deflate(first, all.subspan(first.size()), out.subspan(begin));
+    return rest ? QByteArrayView(m_compressed).first(static_cast<qsizetype>(begin + *rest)) : QByteArrayView();
+}
+
+std::optional<std::size_t> SectionMaker::deflate(Bytes before, Bytes bytes, std::span<uchar> out)
+{
     isal_zstream stream;
-    isal_deflate_stateless_init(&stream);
+    isal_deflate_init(&stream);
     stream.level = 1;
     stream.level_buf = m_levelBuffer.data();
     stream.level_buf_size = static_cast<quint32>(m_levelBuffer.size());
     stream.flush = FULL_FLUSH; // ends on a whole byte
-    stream.next_in = m_filtered.data();
-    stream.avail_in = static_cast<quint32>(bytes);
-    stream.next_out = reinterpret_cast<uchar *>(m_compressed.data());
-    stream.avail_out = static_cast<quint32>(m_compressed.size());
-    if (isal_deflate_stateless(&stream) != COMP_OK)
-        return {};
-    return QByteArrayView(m_compressed).first(stream.total_out);
+    stream.next_in = const_cast<uchar *>(bytes.data());
+    stream.avail_in = static_cast<quint32>(bytes.size());
+    stream.next_out = out.data();
+    stream.avail_out = static_cast<quint32>(out.size());
+    const bool isDone = isal_deflate_set_dict(&stream, const_cast<uchar *>(before.data()),
+                                              static_cast<quint32>(before.size())) == COMP_OK &&
+                        isal_deflate(&stream) == COMP_OK && stream.avail_in == 0 && stream.avail_out > 0;
+    return isDone ? std::optional<std::size_t>(stream.total_out) : std::nullopt;
 }
 
 /// Has this thread and all that idle do `work`, and waits for the last of them.

@@ -129,6 +129,17 @@ TEST(PngFile, TranslucentPicturesReadBackAsTheyWere)
         expectSamePixels(noise(size, 0));
 }
 
+TEST(PngFile, PicturesOfAFewBytesReadBackAsTheyWere)
+{
+    for (int width = 1; width <= 5; ++width) {
+        for (int height = 1; height <= 5; ++height) {
+            expectSamePixels(noise(QSize(width, height), 0));
+            expectSamePixels(noise(QSize(width, height), 255));
+            expectSamePixels(chart(QSize(width, height), Qt::transparent));
+        }
+    }
+}
+
 TEST(PngFile, ChartsOf8KWidthReadBackAsTheyWere)
 {
     expectSamePixels(chart(QSize(7680, 481), Qt::darkRed));
