@@ -29,16 +29,19 @@ class DocumentHistory::Step final : public QUndoCommand
 {
 public:
     Step(DocumentHistory &history, const QString &name, DocumentState before, DocumentState after)
-        : QUndoCommand(name), m_history(history), m_before(std::move(before)), m_after(std::move(after))
+        : QUndoCommand(name), m_history(history), m_before(std::move(before)), m_after(std::move(after)),
+          m_changesProject(!m_after.hasProjectOf(m_before))
     {}
 
     void undo() override
     {
+        m_history.passStep(m_changesProject);
         m_history.show(m_before);
         setObsolete(m_isTakenBack);
     }
     void redo() override
     {
+        m_history.passStep(m_changesProject);
         if (std::exchange(m_isDone, true))
             m_history.show(m_after);
     }
@@ -52,6 +55,7 @@ private:
     DocumentHistory &m_history;
     mutable DocumentState m_before; // the stack shows its steps as constant
     mutable DocumentState m_after;
+    const bool m_changesProject; ///< by the edit; what rendering fills in later does not count
     mutable bool m_isTakenBack = false;
     bool m_isDone = false; ///< the edit itself was the first time
 };
@@ -59,12 +63,24 @@ private:
 DocumentHistory::DocumentHistory(UndoableDocument &document) : m_document(document)
 {
     m_stack.setUndoLimit(mostSteps);
-    connect(&m_stack, &QUndoStack::indexChanged, this, &DocumentHistory::contentDidChange);
+    connect(&m_stack, &QUndoStack::indexChanged, this, &DocumentHistory::indexDidChange);
 }
 
 DocumentHistory::~DocumentHistory()
 {
     m_stack.disconnect(this); // it tells that its steps go, when the document is half gone itself
+}
+
+void DocumentHistory::passStep(bool changesProject)
+{
+    m_staysClean = m_staysClean.value_or(m_stack.isClean()) && !changesProject;
+}
+
+void DocumentHistory::indexDidChange()
+{
+    if (std::exchange(m_staysClean, std::nullopt).value_or(false))
+        m_stack.setClean();
+    emit contentDidChange();
 }
 
 void DocumentHistory::clear()

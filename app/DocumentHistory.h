@@ -34,8 +34,12 @@ public:
     explicit DocumentHistory(UndoableDocument &document);
     ~DocumentHistory() override;
 
-    /// The steps, for menus and shortcuts: canUndo(), undoText(), isClean() and their signals.
+    /// The steps, for menus and shortcuts: canUndo(), undoText(), isClean() and their signals. A step that changes the
+    /// presets alone leaves a saved project clean.
     QUndoStack &stack() { return m_stack; }
+
+    /// The document as it was last seen, after the last edit or step.
+    const DocumentState &state() const { return m_state; }
 
     /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
     /// nothing has. `name` follows "Undo": "Panel Width". Edits in a row with the same `typing` that is not empty are
@@ -73,6 +77,8 @@ private:
     class Step;
 
     void replaceHere();
+    void passStep(bool changesProject);
+    void indexDidChange();
     bool lastEditIsOnTop() const;
     void show(const DocumentState &state);
 
@@ -80,7 +86,8 @@ private:
     QUndoStack m_stack;
     DocumentState m_state; ///< as last seen
     QString m_typing;
-    std::optional<QString> m_tried; ///< the name of the last edit that was only tried; nullopt: no trial
-    bool m_isMidEdit = false;       ///< as expectRendering() found it
-    bool m_isShowing = false;       ///< a state is being brought back
+    std::optional<QString> m_tried;   ///< the name of the last edit that was only tried; nullopt: no trial
+    bool m_isMidEdit = false;         ///< as expectRendering() found it
+    bool m_isShowing = false;         ///< a state is being brought back
+    std::optional<bool> m_staysClean; ///< whether the steps under way lead from a saved project to the same
 };

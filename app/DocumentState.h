@@ -40,9 +40,11 @@ struct DocumentState
     qint64 selectedRow = 0;                 ///< see LWAppDelegate::selectedRow()
 
     /// Whether both have the same content; the selection is not content.
-    bool hasContentOf(const DocumentState &other) const
+    bool hasContentOf(const DocumentState &other) const { return hasProjectOf(other) && presets == other.presets; }
+    /// Whether both have the same project: presets are the person's, and no part of it.
+    bool hasProjectOf(const DocumentState &other) const
     {
-        return file == other.file && output == other.output && layers == other.layers && presets == other.presets;
+        return file == other.file && output == other.output && layers == other.layers;
     }
 };
 

@@ -52,7 +52,7 @@ std::vector<LayerPointer> restored(const std::vector<LayerState> &states)
 }
 } // namespace
 
-LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder)
+LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder, const QString &presetsFile)
     : m_userInterface(userInterface)
 {
     connectLists();
@@ -61,6 +61,8 @@ LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recove
         m_recovery.emplace(contents, recoveryFolder);
         connectRecovery();
     }
+    if (!presetsFile.isEmpty())
+        m_presetStore.emplace(presetsFile);
 }
 
 LWAppDelegate::~LWAppDelegate()

@@ -4,6 +4,7 @@
 #include "app/DocumentHistory.h"
 #include "app/LayerList.h"
 #include "app/ManagedObjectContext.h"
+#include "app/PresetStore.h"
 #include "app/RecoveryCopy.h"
 #include "app/UserInterface.h"
 #include "drawing/Colour.h"
@@ -35,12 +36,13 @@ class LWAppDelegate final : public QObject, public LayerHost, private UndoableDo
 
 public:
     /// An empty document. `userInterface` outlives it. Unsaved work is kept in `recoveryFolder`; where that is empty,
-    /// nowhere.
-    explicit LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder = {});
+    /// nowhere; likewise the presets in `presetsFile`.
+    explicit LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder = {},
+                           const QString &presetsFile = {});
     ~LWAppDelegate() override;
 
-    /// Makes the first document: one screen named "Layer 0" on an output of 1920 x 1080; the 31 presets; then opens the
-    /// file that was handed over before, if any.
+    /// Makes the first document: one screen named "Layer 0" on an output of 1920 x 1080; the presets of the last time,
+    /// or the 31 built-in ones; then opens the file that was handed over before, if any.
     void applicationDidFinishLaunching();
     /// What becomes of a request to quit.
     enum class TerminateReply
@@ -183,6 +185,8 @@ public:
     /// Asks which, and opens a preset library in place of the presets. A file that cannot be opened is an alert and
     /// changes nothing.
     void openPresets();
+    /// The 31 built-in presets again, in place of the presets.
+    void resetPresets();
 
     void openAbout();
     void closeAbout();
@@ -265,6 +269,8 @@ private:
     LayerPointer firstLayer();
     void connectLists();
     void connectRecovery();
+    std::vector<LayerPointer> presetsOfLastTime();
+    void keepPresets();
 
     /// Makes up for a swallowed update at once, before the document goes into a file.
     void catchUp();
@@ -303,6 +309,8 @@ private:
     Composition m_composition;
     DocumentHistory m_history{*this};
     std::optional<RecoveryCopy> m_recovery;
+    std::optional<PresetStore> m_presetStore;
+    std::vector<LayerState> m_keptPresets; ///< as they are in the store
     std::shared_ptr<QString> m_file = std::make_shared<QString>();
 
     int m_OutputWidth = 0;

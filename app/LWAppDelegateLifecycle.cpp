@@ -1,4 +1,3 @@
-#include "app/BuiltInPresets.h"
 #include "app/DocumentLog.h"
 #include "app/LWAppDelegate.h"
 #include "app/NewScreens.h"
@@ -25,7 +24,7 @@ LayerPointer LWAppDelegate::firstLayer()
 void LWAppDelegate::applicationDidFinishLaunching()
 {
     const LayerPointer layer = firstLayer();
-    const std::vector<LayerPointer> presets = BuiltInPresets::make(*this);
+    const std::vector<LayerPointer> presets = presetsOfLastTime();
     m_OutputHeight = firstOutput.height();
     m_OutputWidth = firstOutput.width();
     m_shouldUpdate = true;
@@ -35,6 +34,9 @@ void LWAppDelegate::applicationDidFinishLaunching()
     if (!m_preOpenFile.isNull())
         openProjectPre(m_preOpenFile);
     m_history.clear(); // nobody undoes the start
+    m_keptPresets = m_history.state().presets;
+    if (m_presetStore)
+        connect(&m_history, &DocumentHistory::contentDidChange, this, &LWAppDelegate::keepPresets);
 }
 
 void LWAppDelegate::newProject()

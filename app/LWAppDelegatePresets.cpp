@@ -1,3 +1,4 @@
+#include "app/BuiltInPresets.h"
 #include "app/LWAppDelegate.h"
 #include "app/PresetLibrary.h"
 
@@ -39,4 +40,29 @@ void LWAppDelegate::openPresets()
         return m_userInterface.alert("Cannot open " + presets.error().text, "The presets are unchanged.");
     m_presetarraycontroller.setLayers(*presets, {0});
     finishEdit("Open Presets");
+}
+
+void LWAppDelegate::resetPresets()
+{
+    m_presetarraycontroller.setLayers(BuiltInPresets::make(*this), {0});
+    finishEdit("Reset Presets");
+}
+
+std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()
+{
+    if (!m_presetStore)
+        return BuiltInPresets::make(*this);
+    const Result<std::optional<std::vector<LayerPointer>>> kept = m_presetStore->load(*this);
+    if (!kept)
+        m_userInterface.tellFailure(kept.error().text);
+    return kept && *kept ? **kept : BuiltInPresets::make(*this);
+}
+
+void LWAppDelegate::keepPresets()
+{
+    if (m_history.state().presets == m_keptPresets)
+        return;
+    m_keptPresets = m_history.state().presets;
+    if (const Result<void> kept = m_presetStore->save(presetScreensArray(), *this); !kept)
+        m_userInterface.tellFailure("The presets are not kept for the next start: " + kept.error().text);
 }

@@ -98,7 +98,7 @@ Measured measure()
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("QT_QPA_PLATFORM", "xcb");
     environment.insert("DISPLAY", screen.display());
-    for (const QString place : {"HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"})
+    for (const QString place : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_RUNTIME_DIR"})
         environment.insert(place, home.path());
 
     start("main", environment); // the libraries are in memory from now on

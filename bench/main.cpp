@@ -61,7 +61,7 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QTemporaryDir home; // what windows keep is not the person's
-    for (const char *place : {"HOME", "XDG_CONFIG_HOME", "XDG_STATE_HOME"})
+    for (const char *place : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"})
         qputenv(place, home.path().toLocal8Bit());
     const QApplication application(argc, argv);
     std::vector<std::string> arguments(argv + 1, argv + argc);

@@ -106,7 +106,7 @@ private:
     static QString titleOf(const FoundCopy &copy);
 
     WindowInterface m_interface{*this};
-    LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath()};
+    LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath(), PresetStore::standardPath()};
     CanvasLink m_canvasLink{m_document};
     LayerTable *m_layerTable;
     QHBoxLayout *m_layersHead; ///< a title, which comes late, and two buttons

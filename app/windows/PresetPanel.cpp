@@ -28,8 +28,8 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
     m_nothingFound->hide();
     column->addWidget(m_nothingFound);
     column->addWidget(m_table);
-    m_table->addAction("&Add to Layers", this, &PresetPanel::addShown);
-    m_table->addAction("&Remove Preset", this, &PresetPanel::removeShown);
+    m_table->addAction("&Add to layers", this, &PresetPanel::addShown);
+    m_table->addAction("&Remove preset", this, &PresetPanel::removeShown);
     m_table->setObjectName("presetTView");
     m_search->setPlaceholderText("Search presets");
     m_search->setAccessibleName("Search presets");
@@ -96,16 +96,17 @@ QWidget *PresetPanel::head()
     more->setToolTip("Opens, saves and changes the preset library");
     more->setPopupMode(QToolButton::InstantPopup);
     auto *menu = new QMenu(more);
-    menu->addAction("&Open Library...", this, [this] {
+    menu->addAction("&Open library...", this, [this] {
         m_interface.prepareOpenPanel("Open preset library");
         m_document.openPresets();
     });
-    menu->addAction("&Save Library...", this, [this] {
+    menu->addAction("&Save library...", this, [this] {
         m_interface.prepareSavePanel("Save preset library", {}, WindowInterface::Appended::Never);
         m_document.savePresets();
     });
     menu->addSeparator();
-    menu->addAction("&Remove Preset", this, &PresetPanel::removeShown);
+    menu->addAction("&Remove preset", this, &PresetPanel::removeShown);
+    menu->addAction("Reset to the &built-in presets", &m_document, &LWAppDelegate::resetPresets);
     more->setMenu(menu);
     layout->addWidget(more);
     return row;

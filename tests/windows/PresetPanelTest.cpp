@@ -106,7 +106,7 @@ TEST_F(PresetPanelTest, WhatTheSearchHidesIsNeitherAddedNorRemoved)
     QTest::keyClicks(&searchField(), "no such preset");
     EXPECT_TRUE(shows("No preset has such a name"));
     QTest::keyClick(&searchField(), Qt::Key_Return);
-    choose("Remove Preset", {});
+    choose("Remove preset", {});
     EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
     EXPECT_EQ(presets().rowCount(), 31);
 
@@ -165,17 +165,36 @@ TEST_F(PresetPanelTest, TheContextMenuAddsAndRemoves)
 TEST_F(PresetPanelTest, ALibraryIsSavedUnderTheTypedNameAndOpenedAgain)
 {
     presetTable().setCurrentIndex(presets().index(0));
-    choose("Remove Preset", {});
+    choose("Remove preset", {});
     EXPECT_EQ(presets().rowCount(), 30);
-    choose("Save Library...", {entering(path("myset"))});
+    choose("Save library...", {entering(path("myset"))});
     ASSERT_TRUE(QFile::exists(path("myset")));
     EXPECT_EQ(PresetLibrary::read(path("myset"), window.document())->size(), 30u);
 
     window.document().undoStack().undo();
     EXPECT_EQ(presets().rowCount(), 31);
-    choose("Open Library...", {entering(path("myset"))});
+    choose("Open library...", {entering(path("myset"))});
     EXPECT_EQ(presets().rowCount(), 30);
     EXPECT_EQ(presets().layer(0)->label(), "P 2.8");
+}
+
+TEST_F(PresetPanelTest, TheBuiltInPresetsComeBackFromTheMenuAndNothingIsUnsaved)
+{
+    choose("Remove preset", {});
+    ASSERT_EQ(presets().rowCount(), 30);
+    choose("Reset to the built-in presets", {});
+    EXPECT_EQ(presets().rowCount(), 31);
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(window.document().undoStack().undoText(), "Reset Presets");
+}
+
+TEST_F(PresetPanelTest, ThePresetsAreThereInTheNextWindow)
+{
+    choose("Remove preset", {});
+    MainWindow next;
+    next.start();
+    EXPECT_EQ(next.document().presetScreensArray().size(), 30U);
+    EXPECT_EQ(next.document().presetScreensArray()[0]->label(), "P 2.8");
 }
 
 TEST_F(PresetPanelTest, ADamagedLibraryIsAnAlertAndChangesNothing)
@@ -184,7 +203,7 @@ TEST_F(PresetPanelTest, ADamagedLibraryIsAnAlertAndChangesNothing)
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("no library");
     file.close();
-    choose("Open Library...", {entering(path("damaged")), readingAndPressing("OK")});
+    choose("Open library...", {entering(path("damaged")), readingAndPressing("OK")});
     EXPECT_TRUE(said.startsWith("Cannot open " + path("damaged") + ": ")) << qPrintable(said);
     EXPECT_TRUE(said.endsWith("\nThe presets are unchanged.")) << qPrintable(said);
     EXPECT_EQ(presets().rowCount(), 31);

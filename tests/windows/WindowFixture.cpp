@@ -11,6 +11,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -25,7 +26,8 @@
 
 WindowFixture::WindowFixture()
 {
-    QDir(RecoveryFolder::standardPath()).removeRecursively(); // of the tests before
+    for (const QString &ofTestsBefore : {RecoveryFolder::standardPath(), QFileInfo(PresetStore::standardPath()).path()})
+        QDir(ofTestsBefore).removeRecursively();
     window.start();
     if (!QTest::qWaitForWindowExposed(&window))
         ADD_FAILURE() << "the window does not show";

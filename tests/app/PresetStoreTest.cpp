@@ -1,0 +1,192 @@
+#include "app/PresetLibrary.h"
+#include "tests/app/ListFixture.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <memory>
+
+namespace {
+/// Programs that share one person's presets, one after the other or at once.
+class PresetStoreOfAPerson : public ListFixture
+{
+protected:
+    /// A program that has just started.
+    std::unique_ptr<LWAppDelegate> program()
+    {
+        auto started = std::make_unique<LWAppDelegate>(person, folder.filePath("recovery"), file);
+        started->applicationDidFinishLaunching();
+        return started;
+    }
+    static QString presetsOf(const LWAppDelegate &program) { return labelsOf(program.presetScreensArray()); }
+    void showPresets(LWAppDelegate &program, const QStringList &names)
+    {
+        program.presetarraycontroller().setLayers(screensNamed(names), {0});
+        program.finishEdit("Setting");
+    }
+    static void removeFirst(LWAppDelegate &program)
+    {
+        program.presetarraycontroller().setSelectionIndex(0);
+        program.removePreset();
+    }
+    QStringList files() const { return QDir(folder.filePath("data")).entryList(QDir::Files, QDir::Name); }
+
+    QString file = folder.filePath("data/presets");
+};
+} // namespace
+
+TEST_F(PresetStoreOfAPerson, AtTheFirstStartTheBuiltInOnesAreThereAndNothingIsWritten)
+{
+    const auto first = program();
+    EXPECT_EQ(first->presetScreensArray().size(), 31U);
+    first->AddScreen();
+    EXPECT_TRUE(files().isEmpty());
+    EXPECT_TRUE(person.failures.isEmpty());
+}
+
+TEST_F(PresetStoreOfAPerson, PresetsComeBackAtTheNextStart)
+{
+    {
+        const auto first = program();
+        showPresets(*first, {"p", "q", "r"});
+        removeFirst(*first);
+        EXPECT_EQ(labelsOf(*PresetLibrary::read(file, document)), "q, r"); // at once, not at the end
+        first->undoStack().undo();
+        first->presetarraycontroller().setValue("renamed", "arrangedObjects.label");
+    }
+    EXPECT_EQ(presetsOf(*program()), "renamed, q, r");
+    EXPECT_EQ(files(), QStringList("presets"));
+}
+
+TEST_F(PresetStoreOfAPerson, PresetsAreNoPartOfTheProject)
+{
+    const auto one = program();
+    QUndoStack &stack = one->undoStack();
+    showPresets(*one, {"p", "q", "r"});
+    removeFirst(*one);
+    EXPECT_TRUE(stack.isClean());
+    stack.undo();
+    EXPECT_TRUE(stack.isClean());
+    EXPECT_EQ(presetsOf(*one), "p, q, r");
+    one->keepUnsavedWork();
+    EXPECT_FALSE(QFile::exists(folder.filePath("recovery")));
+
+    one->AddScreen();
+    EXPECT_FALSE(stack.isClean());
+    removeFirst(*one);
+    EXPECT_FALSE(stack.isClean());
+    stack.undo();
+    EXPECT_FALSE(stack.isClean());
+    stack.undo(); // the screen
+    EXPECT_TRUE(stack.isClean());
+    stack.redo();
+    EXPECT_FALSE(stack.isClean());
+}
+
+TEST_F(PresetStoreOfAPerson, AProjectThatWasSavedAmongEditsOfPresetsStaysSaved)
+{
+    const auto one = program();
+    QUndoStack &stack = one->undoStack();
+    showPresets(*one, {"p", "q", "r"});
+    one->AddScreen();
+    removeFirst(*one);
+    person.savePanelAnswer = folder.filePath("show");
+    one->save();
+    ASSERT_TRUE(stack.isClean());
+    removeFirst(*one);
+    EXPECT_TRUE(stack.isClean());
+    stack.setIndex(2); // both presets come back at once
+    EXPECT_TRUE(stack.isClean());
+    stack.undo(); // the screen
+    EXPECT_FALSE(stack.isClean());
+    stack.redo();
+    stack.redo();
+    EXPECT_TRUE(stack.isClean());
+    stack.undo();
+    one->AddScreen(); // in another direction
+    EXPECT_FALSE(stack.isClean());
+    stack.undo();
+    EXPECT_TRUE(stack.isClean());
+}
+
+TEST_F(PresetStoreOfAPerson, BeyondTheOldestStepAnEditIsStillUnsaved)
+{
+    for (int edit = 0; edit < DocumentHistory::mostSteps; ++edit)
+        document.presetarraycontroller().setValue(QString::number(edit), "arrangedObjects.label");
+    EXPECT_TRUE(document.undoStack().isClean());
+    document.AddScreen();
+    EXPECT_FALSE(document.undoStack().isClean());
+}
+
+TEST_F(PresetStoreOfAPerson, TheBuiltInOnesComeBackAndThatCanBeUndone)
+{
+    const auto one = program();
+    showPresets(*one, {"p", "q"});
+    one->resetPresets();
+    EXPECT_EQ(one->presetScreensArray().size(), 31U);
+    EXPECT_EQ(one->undoStack().undoText(), "Reset Presets");
+    EXPECT_EQ(program()->presetScreensArray().size(), 31U);
+    one->undoStack().undo();
+    EXPECT_EQ(presetsOf(*one), "p, q");
+    EXPECT_EQ(presetsOf(*program()), "p, q");
+}
+
+TEST_F(PresetStoreOfAPerson, ADamagedListIsToldAndPutAside)
+{
+    QDir(folder.path()).mkdir("data");
+    for (const char *bytes : {"no list", "none either"}) {
+        QFile damaged(file);
+        ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write(bytes) > 0);
+        damaged.close();
+        const auto one = program();
+        EXPECT_EQ(one->presetScreensArray().size(), 31U);
+    }
+    EXPECT_EQ(files(), QStringList({"presets.damaged", "presets.damaged-2"}));
+    ASSERT_EQ(person.failures.size(), 2);
+    EXPECT_TRUE(person.failures[0].startsWith("Your presets cannot be read and were put aside as presets.damaged; "
+                                              "these are the built-in ones: " +
+                                              file))
+        << qPrintable(person.failures[0]);
+}
+
+TEST_F(PresetStoreOfAPerson, NothingIsWrittenOverAListThatCannotBeRead)
+{
+    const auto one = program();
+    QDir(folder.path()).mkdir("data");
+    QFile damaged(file);
+    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("no list") > 0);
+    damaged.close();
+    removeFirst(*one);
+    ASSERT_TRUE(damaged.open(QIODevice::ReadOnly));
+    EXPECT_EQ(damaged.readAll(), "no list");
+    ASSERT_EQ(person.failures.size(), 1);
+    EXPECT_TRUE(person.failures[0].startsWith("The presets are not kept for the next start: " + file));
+}
+
+TEST_F(PresetStoreOfAPerson, WhatAnotherProgramHasAddedIsNotLost)
+{
+    const auto one = program();
+    showPresets(*one, {"p", "q"});
+    const auto other = program();
+    showPresets(*other, {"p", "q", "of the other"});
+    showPresets(*one, {"p", "q", "of the one"});
+    EXPECT_EQ(presetsOf(*one), "p, q, of the one");
+    EXPECT_EQ(presetsOf(*program()), "p, q, of the one, of the other");
+    showPresets(*one, {"of the one"}); // what it has had itself, it can remove
+    EXPECT_EQ(presetsOf(*program()), "of the one, of the other");
+}
+
+TEST_F(PresetStoreOfAPerson, DrawnPresetsAreStillTheSame)
+{
+    {
+        const auto one = program();
+        for (const LayerPointer &preset : one->presetScreensArray())
+            EXPECT_FALSE(preset->thumbnail().isNull());
+        removeFirst(*one);
+    }
+    const auto again = program();
+    for (const LayerPointer &preset : again->presetScreensArray())
+        EXPECT_FALSE(preset->thumbnail().isNull());
+    removeFirst(*again);
+    EXPECT_EQ(program()->presetScreensArray().size(), 29U);
+}
