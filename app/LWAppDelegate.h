@@ -247,7 +247,8 @@ public:
     QSizeF canvasFrameSize() const override { return m_userInterface.canvasFrameSize(); }
     void setKScaleFactor(float factor) override { m_userInterface.setKScaleFactor(factor); }
     void drawRectangle(const QRectF &rectangle) override { m_userInterface.drawRectangle(rectangle); }
-    void hideRectangle() override { m_userInterface.hideRectangle(); }
+    /// What a wall asks for when it is rendered; the marker of a selected still stays.
+    void hideRectangle() override;
     /// The pattern becomes that of all selected layers, as one step.
     void choosePattern(qint64 pattern) override;
 

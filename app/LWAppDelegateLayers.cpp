@@ -143,6 +143,13 @@ void LWAppDelegate::updateAgainSoon()
     });
 }
 
+void LWAppDelegate::hideRectangle()
+{
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    if (!qobject_cast<LWStill *>(selected.get()))
+        m_userInterface.hideRectangle();
+}
+
 void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
 {
     if (selectedRow >= 0 && selectedRow != m_arraycontroller.selectionIndex())

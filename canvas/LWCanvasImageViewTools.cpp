@@ -82,13 +82,10 @@ void LWCanvasImageView::cancelArranging()
     });
 }
 
-/// Walls that are rendered hide the marker, also that of a still which is selected with them.
 void LWCanvasImageView::arrange(const std::function<void(Arranging &)> &act)
 {
     const std::shared_ptr<Arranging> drag = m_arranging; // an update that brings another frame ends it
-    const bool isMarkerHidden = m_cropMarker.hide();
     act(*drag);
-    m_cropMarker.setHide(isMarkerHidden);
     update();
 }
 

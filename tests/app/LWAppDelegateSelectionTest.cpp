@@ -1,3 +1,4 @@
+#include "app/PresetLibrary.h"
 #include "still/LWStill.h"
 #include "tests/app/ListFixture.h"
 
@@ -59,6 +60,34 @@ TEST_F(LWAppDelegateSelection, TheMarkerIsShownForStillsAlone)
     document.tableViewSelectionDidChange(1);
     EXPECT_TRUE(person.isMarkerShown);
     document.remove();
+    EXPECT_FALSE(person.isMarkerShown);
+}
+
+TEST_F(LWAppDelegateSelection, TheMarkerOfASelectedStillStaysWhateverIsRendered)
+{
+    showLayers({"a", "b"});
+    LayerList &list = document.arraycontroller();
+    list.insertObjectAtArrangedObjectIndex(LWStill::initWithimage(document, QImage(31, 17, QImage::Format_RGB32)), 1);
+    list.setSelectionIndexes({0, 1, 2}, 1);
+    ASSERT_TRUE(person.isMarkerShown);
+
+    document.moveSelection({1, 0});
+    EXPECT_TRUE(person.isMarkerShown);
+    document.setValueOfSelection(7, "arrangedObjects.xpoint");
+    EXPECT_TRUE(person.isMarkerShown);
+    document.timerupdate();
+    document.update();
+    EXPECT_TRUE(person.isMarkerShown);
+    person.openPanelAnswer = folder.filePath("Presets");
+    ASSERT_TRUE(PresetLibrary::write(*person.openPanelAnswer, document.presetScreensArray()));
+    document.openPresets();
+    EXPECT_TRUE(person.isMarkerShown);
+    screensNamed({"of a project that is refused later"}).front()->drawInRect();
+    EXPECT_TRUE(person.isMarkerShown);
+    document.undoStack().undo();
+    document.undoStack().redo();
+    EXPECT_TRUE(person.isMarkerShown);
+    document.tableViewSelectionDidChange(0);
     EXPECT_FALSE(person.isMarkerShown);
 }
 
