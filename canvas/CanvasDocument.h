@@ -2,6 +2,7 @@
 
 #include "layer/Layer.h"
 
+#include <QPoint>
 #include <QString>
 
 #include <vector>
@@ -25,6 +26,8 @@ public:
     virtual std::vector<LayerPointer> selectedLayers() const = 0;
     /// Selects one of layers(): alone, or, where it `extends` the selection, added to it or taken out of it.
     virtual void select(const LayerPointer &layer, bool extends) = 0;
+    /// Moves the selected layers by so many output pixels; moves in a row are one edit.
+    virtual void nudge(const QPoint &distance) = 0;
 
     /// Renders the selected layer and composes the output, not more often than the document wants to. `sender` is of no
     /// consequence.

@@ -142,6 +142,7 @@ private:
     void lockAspect(const Layer &layer);
     bool takesPress(const QPointF &viewPoint, const Layer &layer) const;
     bool takesShortcut(int key) const;
+    bool nudge(const QKeyEvent &event);
     bool isInView(const MouseLocation &location) const;
     MouseLocation locationOf(const QPointF &widgetPoint) const;
     QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }

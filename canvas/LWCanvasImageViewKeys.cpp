@@ -1,3 +1,4 @@
+#include "canvas/CanvasDocument.h"
 #include "canvas/LWCanvasImageView.h"
 
 #include <QAbstractSpinBox>
@@ -12,6 +13,25 @@ namespace {
 bool isText(const QWidget *widget)
 {
     return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget);
+}
+
+/// Where an arrow key leads, with Shift by more.
+std::optional<QPoint> stepOf(const QKeyEvent &event)
+{
+    constexpr int longStep = 10;
+    const int length = event.modifiers().testFlag(Qt::ShiftModifier) ? longStep : 1;
+    switch (event.key()) {
+    case Qt::Key_Left:
+        return QPoint(-length, 0);
+    case Qt::Key_Right:
+        return QPoint(length, 0);
+    case Qt::Key_Up:
+        return QPoint(0, -length);
+    case Qt::Key_Down:
+        return QPoint(0, length);
+    default:
+        return std::nullopt;
+    }
 }
 } // namespace
 
@@ -32,8 +52,17 @@ void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
         takeAlt(true);
     else if (event->key() == Qt::Key_Control && m_arranging)
         trackArranging(false);
-    else if (!m_isPressed)
+    else if (!m_isPressed && !nudge(*event))
         QWidget::keyPressEvent(event);
+}
+
+/// Here alone: elsewhere arrows go from row to row, or from field to field.
+bool LWCanvasImageView::nudge(const QKeyEvent &event)
+{
+    const std::optional<QPoint> step = stepOf(event);
+    if (step)
+        m_document.nudge(*step);
+    return step.has_value();
 }
 
 void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)

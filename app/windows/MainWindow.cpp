@@ -20,7 +20,6 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 #include <QMimeData>
 #include <QScreen>
@@ -41,7 +40,6 @@ constexpr int inspectorWidth = 300;
 constexpr int leastInspectorWidth = 260;
 /// Below this width the presets fold into a tab beside the layers.
 constexpr int wideWindow = 1100;
-constexpr int longNudge = 10;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
 constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
@@ -275,26 +273,6 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
     m_lists->setFolded(width() < wideWindow);
-}
-
-void MainWindow::keyPressEvent(QKeyEvent *event)
-{
-    // A field that has no use for an arrow is still no place to move layers from.
-    if (qobject_cast<QLineEdit *>(focusWidget()))
-        return QMainWindow::keyPressEvent(event);
-    const int step = event->modifiers().testFlag(Qt::ShiftModifier) ? longNudge : 1;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        return m_document.moveSelection({-step, 0});
-    case Qt::Key_Right:
-        return m_document.moveSelection({step, 0});
-    case Qt::Key_Up:
-        return m_document.moveSelection({0, -step});
-    case Qt::Key_Down:
-        return m_document.moveSelection({0, step});
-    default:
-        QMainWindow::keyPressEvent(event);
-    }
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

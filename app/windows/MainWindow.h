@@ -52,8 +52,6 @@ protected:
     /// A window that is not wide folds its lists.
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
-    /// Arrow keys that nobody else takes nudge the selected layers.
-    void keyPressEvent(QKeyEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     /// Files become the open project, or stills.
     void dropEvent(QDropEvent *event) override;

@@ -31,6 +31,11 @@ void CanvasTestDocument::select(const LayerPointer &chosen, bool extends)
     layer = selection.empty() ? nullptr : selection.back();
 }
 
+void CanvasTestDocument::nudge(const QPoint &distance)
+{
+    calls += QString("nudge %1,%2").arg(distance.x()).arg(distance.y());
+}
+
 void CanvasTestDocument::redrawMarker()
 {
     calls += "redrawMarker";
@@ -52,7 +57,7 @@ void CanvasTestDocument::drawRectangle(const QRectF &rectangle)
 
 void CanvasTestDocument::hideRectangle()
 {
-    if (view)
+    if (view && !qobject_cast<LWStill *>(layer.get()))
         view->hideRectangle();
 }
 

@@ -102,6 +102,28 @@ TEST_F(MainWindowEditingTest, ArrowKeysNudgeByOneAndWithShiftByTen)
     EXPECT_EQ(selected()->ypoint(), 0);
 }
 
+TEST_F(MainWindowEditingTest, ArrowsElsewhereMoveNoLayer)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.document().AddScreen();
+    int controls = 0;
+    for (QWidget *control : window.findChildren<QWidget *>()) {
+        if (control == &canvas() || !control->isVisible() || (control->focusPolicy() & Qt::TabFocus) == 0)
+            continue;
+        ++controls;
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_Left, Qt::Key_Right}) {
+            for (int i = 0; i < 3; ++i) { // past the first or last row
+                control->setFocus();
+                QTest::keyClick(QApplication::focusWidget(), key);
+            }
+        }
+    }
+    EXPECT_GT(controls, 20);
+    for (const LayerPointer &layer : list().layers())
+        EXPECT_EQ(QPoint(layer->xpoint(), layer->ypoint()), QPoint(0, 0)) << layer->label().toStdString();
+}
+
 TEST_F(MainWindowEditingTest, KeysCopyCutPasteAndHide)
 {
     table().setFocus();
