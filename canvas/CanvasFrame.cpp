@@ -18,11 +18,10 @@ double nearestWholeFactor(double zoom)
 }
 
 /// Where a side of `length` begins that is to stay in sight and begins at `start` now.
-int keptInSight(int start, int length, int room, int margin)
+int keptInSight(int start, int length, int room)
 {
-    if (length + 2 * margin <= room)
-        return (room - length) / 2;
-    return std::clamp(start, room - margin - length, margin);
+    const int seen = std::min({length, room, CanvasFrame::leastInSight});
+    return std::clamp(start, seen - length, room - seen);
 }
 } // namespace
 
@@ -50,7 +49,7 @@ void CanvasFrame::fit()
 {
     m_isFitted = true;
     m_place.setSize(fittedSize());
-    keepInSight();
+    m_place.moveTo((m_room.width() - m_place.width()) / 2, (m_room.height() - m_place.height()) / 2);
 }
 
 void CanvasFrame::setZoom(double zoom, const QPointF &anchor)
@@ -83,6 +82,8 @@ void CanvasFrame::stepZoom(int steps, const QPointF &anchor)
 
 void CanvasFrame::pan(const QPoint &way)
 {
+    if (m_isFitted)
+        return;
     m_place.translate(way);
     keepInSight();
 }
@@ -144,6 +145,6 @@ void CanvasFrame::takeZoom(double zoom)
 
 void CanvasFrame::keepInSight()
 {
-    m_place.moveTo(keptInSight(m_place.x(), m_place.width(), m_room.width(), m_margin),
-                   keptInSight(m_place.y(), m_place.height(), m_room.height(), m_margin));
+    m_place.moveTo(keptInSight(m_place.x(), m_place.width(), m_room.width()),
+                   keptInSight(m_place.y(), m_place.height(), m_room.height()));
 }

@@ -12,21 +12,22 @@ class CanvasFrame
 {
 public:
     static constexpr double greatestZoom = 32;
+    /// So much of the output stays in sight along both sides, or all of it.
+    static constexpr int leastInSight = 64;
 
     /// The space there is, and how much of it stays free around the output. What was in the middle stays there.
     void setRoom(const QSize &room, int margin);
     /// Empty: there is no output.
     void setOutput(const QSize &output);
 
-    /// The whole output, as large as it goes. It stays fitted while room and output change.
+    /// The whole output, as large as it goes, in the middle. It stays fitted while room and output change.
     void fit();
     /// `zoom`: device pixels per output pixel, brought to the nearest that there is. The output's point at `anchor`
     /// stays there, as far as keeping the output in sight allows.
     void setZoom(double zoom, const QPointF &anchor);
     /// So many steps larger or, negative, smaller. From below to above and back a step ends at 100 %.
     void stepZoom(int steps, const QPointF &anchor);
-    /// Shifts the output. Along a side that it does not fill it stays in the middle; of one that it does, no more than
-    /// the margin comes free.
+    /// Shifts the output, as far as keeping it in sight allows; a fitted one stays in the middle.
     void pan(const QPoint &way);
 
     /// The output's place; empty where there is no output, or no room to fit it in.

@@ -116,7 +116,7 @@ TEST_F(CanvasFrameTest, ZoomHasALeastAndAGreatest)
     frame.setOutput({32768, 32768});
     frame.setRoom({424, 424}, 12);
     frame.setZoom(0, {0, 0});
-    EXPECT_EQ(frame.place(), QRect(12, 12, 400, 400));
+    EXPECT_EQ(frame.place().size(), QSize(400, 400));
 }
 
 TEST_F(CanvasFrameTest, BetweenWholeFactorsTheNearestIsTaken)
@@ -127,23 +127,41 @@ TEST_F(CanvasFrameTest, BetweenWholeFactorsTheNearestIsTaken)
     }
 }
 
-TEST_F(CanvasFrameTest, DraggedItLeavesNoMoreThanTheMarginFree)
+TEST_F(CanvasFrameTest, DraggedItKeeps64PixelsInSight)
 {
     frame.setZoom(1, {332, 192});
     frame.pan({100, -30});
     EXPECT_EQ(frame.place().topLeft(), QPoint(-528, -378));
     frame.pan({5000, 5000});
-    EXPECT_EQ(frame.place().topLeft(), QPoint(12, 12));
+    EXPECT_EQ(frame.place().topLeft(), QPoint(600, 320));
     frame.pan({-5000, -5000});
-    EXPECT_EQ(frame.place().bottomRight(), QPoint(651, 371));
+    EXPECT_EQ(frame.place().bottomRight(), QPoint(63, 63));
+    frame.setOutput({50, 40});
+    frame.pan({-5000, 5000});
+    EXPECT_EQ(frame.place(), QRect(0, 344, 50, 40)); // all of it
 }
 
-TEST_F(CanvasFrameTest, AnOutputThatFitsStaysInTheMiddle)
+TEST_F(CanvasFrameTest, OnlyAFittedOutputStaysInTheMiddle)
 {
-    frame.setZoom(0.2, {0, 0});
-    EXPECT_EQ(frame.place(), QRect(140, 84, 384, 216));
     frame.pan({50, 50});
+    EXPECT_EQ(frame.place(), QRect(12, 12, 640, 360));
+    frame.setZoom(0.2, {332, 192});
     EXPECT_EQ(frame.place(), QRect(140, 84, 384, 216));
+    frame.pan({50, 70});
+    EXPECT_EQ(frame.place(), QRect(190, 154, 384, 216));
+}
+
+TEST_F(CanvasFrameTest, SmallerThanTheRoomItIsZoomedAtTheAnchorToo)
+{
+    frame.setRoom({1304, 744}, 12);
+    frame.setOutput({4000, 1000}); // lower than the room at most zooms
+    const QPointF anchor(700, 450);
+    const QPointF before = pixelAt(anchor);
+    for (const int steps : {-2, 1, 2, 1, -3}) {
+        frame.stepZoom(steps, anchor);
+        EXPECT_NEAR(pixelAt(anchor).x(), before.x(), 4) << steps;
+        EXPECT_NEAR(pixelAt(anchor).y(), before.y(), 4) << steps;
+    }
 }
 
 TEST_F(CanvasFrameTest, FittedItFollowsTheRoomElseItKeepsTheZoom)
