@@ -77,14 +77,14 @@ void LWCanvasImageView::setZoom(double percent)
 void LWCanvasImageView::zoomAt(double zoom, const QPointF &widgetPoint)
 {
     CanvasFrame frame = m_frame;
-    frame.setZoom(zoom, (widgetPoint - offsetOfDevicePixels()) * m_pixelRatio);
+    frame.setZoom(zoom, devicePoint(widgetPoint));
     takeFrame(frame);
 }
 
 void LWCanvasImageView::stepZoom(int steps, const QPointF &widgetPoint)
 {
     CanvasFrame frame = m_frame;
-    frame.stepZoom(steps, (widgetPoint - offsetOfDevicePixels()) * m_pixelRatio);
+    frame.stepZoom(steps, devicePoint(widgetPoint));
     takeFrame(frame);
 }
 
@@ -122,8 +122,8 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 void LWCanvasImageView::tellReadOut()
 {
     m_readOut = {m_frame.output(), m_frame.zoom() * 100, m_frame.isFitted(), {}, {}};
-    if (m_pointer && viewBounds().contains(locationOf(*m_pointer).inView)) {
-        const QPoint pixel = outputPixel(locationOf(*m_pointer).inView);
+    if (m_pointer && isInFrame(*m_pointer)) {
+        const QPoint pixel = outputPixel(*m_pointer);
         if (m_picture.output().valid(pixel)) {
             m_readOut.pixel = pixel;
             m_readOut.colour = m_picture.output().pixelColor(pixel);

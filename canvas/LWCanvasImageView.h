@@ -18,6 +18,7 @@
 
 class CanvasDocument;
 class QNativeGestureEvent;
+class QSinglePointEvent;
 
 /// What a status line tells of the canvas.
 struct CanvasReadOut
@@ -30,9 +31,10 @@ struct CanvasReadOut
 };
 Q_DECLARE_METATYPE(CanvasReadOut)
 
-/// The canvas: shows the composed output in a frame of the output's proportions on the ground, hands clicks in it to
-/// the selected layer, and carries the marker around a selected still. That is what its first tool does, which outlines
-/// the panel that a click would switch; the second drags layers. View coordinates are the frame's: origin at the
+/// The canvas: shows the composed output in a frame of the output's proportions on the ground, hands clicks on the
+/// selected layer to it, and carries the marker around a selected still; a click elsewhere selects the topmost visible
+/// layer there. That is what its first tool does, which outlines the panel that a click would switch; the second drags
+/// layers. The layer that clicks go to has its name beside it. View coordinates are the frame's: origin at the
 /// output's top-left corner, y down, in logical pixels. The frame is as large as the zoom wants it; what of it does not
 /// fit into the widget is dragged into sight with the middle button or with the space bar held, which is the canvas'
 /// own from when the pointer moves over it until it leaves or the focus goes elsewhere, except in text fields.
@@ -48,7 +50,7 @@ public:
 
     enum class Tool
     {
-        Panels, ///< clicks go to the selected layer; the marker moves and resizes a still
+        Panels, ///< clicks on the selected layer go to it; the marker moves and resizes a still
         Arrange ///< a press selects the topmost layer, a drag moves the selected ones; see Arranging
     };
     Q_ENUM(Tool)
@@ -134,19 +136,22 @@ private:
         bool extends;  ///< the selection
     };
 
-    void mouseDown(const MouseLocation &location);
+    QPointF placeOf(const QSinglePointEvent &event) const;
+    void mouseDown(const QPointF &widgetPoint);
     void mouseUp();
     void endDrag(const MouseLocation &location);
     void endPress(const MouseLocation &location);
     void cancelDrag();
     void lockAspect(const Layer &layer);
-    bool takesPress(const QPointF &viewPoint, const Layer &layer) const;
+    bool isOn(const Layer &layer, const QPointF &widgetPoint) const;
+    void selectLayerAt(const QPointF &widgetPoint);
     bool takesShortcut(int key) const;
     bool nudge(const QKeyEvent &event);
-    bool isInView(const MouseLocation &location) const;
+    bool isInFrame(const QPointF &widgetPoint) const;
+    QPointF devicePoint(const QPointF &widgetPoint) const;
     MouseLocation locationOf(const QPointF &widgetPoint) const;
     QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }
-    QPoint outputPixel(const QPointF &viewPoint) const;
+    QPoint outputPixel(const QPointF &widgetPoint) const;
 
     void takeRoom();
     void takeFrame(const CanvasFrame &frame);
@@ -177,9 +182,13 @@ private:
     int lineWidth() const;
     QRect devicePlaceOf(const QRectF &pixels) const;
     QRect boxBesidePointer(const QString &text) const;
+    /// A box of the widget, moved so that none of it is cut off.
+    QRect inSight(QRect box) const;
     QPointF offsetOfDevicePixels() const;
     void paintMarker(QPainter &painter) const;
     void paintArranging(QPainter &painter) const;
+    void paintSelectedWall(QPainter &painter) const;
+    void paintName(QPainter &painter) const;
     void paintOutline(QPainter &painter, const QRect &place) const;
     void paintText(QPainter &painter, const QRect &box, const QString &text) const;
     void paintBesidePointer(QPainter &painter, const QString &text) const;

@@ -2,6 +2,7 @@
 #include "canvas/LWCanvasImageView.h"
 #include "canvas/Logging.h"
 #include "layer/NearestInt.h"
+#include "layer/PixelBox.h"
 #include "still/LWStill.h"
 
 #include <QKeyEvent>
@@ -22,56 +23,85 @@ bool isStill(const Layer &layer)
 }
 } // namespace
 
+/// Exactly: to a widget in another one Qt tells a place in whole logical pixels, but to its window the device pixel.
+/// An event that knows of no window tells the one place twice.
+QPointF LWCanvasImageView::placeOf(const QSinglePointEvent &event) const
+{
+    const QPointF place = event.scenePosition() - mapTo(window(), QPointF(0, 0));
+    const QPointF rounded = place - event.position();
+    return std::max(std::abs(rounded.x()), std::abs(rounded.y())) < 1 ? place : event.position();
+}
+
 LWCanvasImageView::MouseLocation LWCanvasImageView::locationOf(const QPointF &widgetPoint) const
 {
     const QPointF inWindow = mapTo(window(), widgetPoint);
     return {{inWindow.x(), window()->height() - inWindow.y()}, widgetPoint - frame().topLeft()};
 }
 
-/// The left and top edge belong to the view, the right and bottom edge do not.
-bool LWCanvasImageView::isInView(const MouseLocation &location) const
+/// A pointer stands on a whole one. Logical pixels, which it is told in, lose some digits of that.
+QPointF LWCanvasImageView::devicePoint(const QPointF &widgetPoint) const
 {
-    const QSizeF size = frame().size();
-    const QPointF point = location.inView;
-    return point.x() >= 0 && point.x() < size.width() && point.y() >= 0 && point.y() < size.height();
+    const auto regained = [](double value) {
+        constexpr double lost = 1e-3;
+        return std::abs(value - std::round(value)) < lost ? std::round(value) : value;
+    };
+    const QPointF point = (widgetPoint - offsetOfDevicePixels()) * m_pixelRatio;
+    return {regained(point.x()), regained(point.y())};
 }
 
-QPoint LWCanvasImageView::outputPixel(const QPointF &viewPoint) const
+/// The left and top edge belong to the frame, the right and bottom edge do not.
+bool LWCanvasImageView::isInFrame(const QPointF &widgetPoint) const
+{
+    const QPointF point = devicePoint(widgetPoint);
+    return m_frame.place().contains({static_cast<int>(std::floor(point.x())), static_cast<int>(std::floor(point.y()))});
+}
+
+QPoint LWCanvasImageView::outputPixel(const QPointF &widgetPoint) const
 {
     // In single precision throughout: a product of both precisions would miss whole pixels that this one meets.
     // Beside the output its pixels count on, left of and above it below 0.
-    const QSizeF size = frame().size();
-    const float perUnitX = static_cast<float>(m_document.OutputWidth()) / static_cast<float>(size.width());
-    const float perUnitY = static_cast<float>(m_document.OutputHeight()) / static_cast<float>(size.height());
-    return {truncated(std::floor(double{perUnitX * static_cast<float>(viewPoint.x())})),
-            truncated(std::floor(double{perUnitY * static_cast<float>(viewPoint.y())}))};
+    const QRect place = m_frame.place();
+    const QPointF point = devicePoint(widgetPoint) - place.topLeft();
+    const float perPixelX = static_cast<float>(m_document.OutputWidth()) / static_cast<float>(place.width());
+    const float perPixelY = static_cast<float>(m_document.OutputHeight()) / static_cast<float>(place.height());
+    return {truncated(std::floor(double{perPixelX * static_cast<float>(point.x())})),
+            truncated(std::floor(double{perPixelY * static_cast<float>(point.y())}))};
 }
 
-void LWCanvasImageView::mouseDown(const MouseLocation &location)
+void LWCanvasImageView::mouseDown(const QPointF &widgetPoint)
 {
-    const LayerPointer layer = m_document.selectedLayer();
-    if (!layer || !takesPress(location.inView, *layer))
+    if (m_frame.place().isEmpty())
         return;
+    const LayerPointer layer = m_document.selectedLayer();
+    if (!layer || !isOn(*layer, widgetPoint))
+        return selectLayerAt(widgetPoint);
 
     lockAspect(*layer);
-    if (isInView(location)) {
-        const QPoint pixel = outputPixel(location.inView);
+    if (isInFrame(widgetPoint)) {
+        const QPoint pixel = outputPixel(widgetPoint);
         layer->onImageClick(pixel.x(), pixel.y());
         m_document.finishEdit("Switch Panel", {});
         update();
     }
     if (isStill(*layer))
-        m_cropMarker.selectAndTrackMouseWithEvent(location, layer);
+        m_cropMarker.selectAndTrackMouseWithEvent(locationOf(widgetPoint), layer);
 }
 
-/// Presses in the frame count, and beside it those on a marker that sticks out of it.
-bool LWCanvasImageView::takesPress(const QPointF &viewPoint, const Layer &layer) const
+/// A still's marker belongs to it, also where it stands beside the still.
+bool LWCanvasImageView::isOn(const Layer &layer, const QPointF &widgetPoint) const
 {
-    if (m_frame.place().isEmpty())
-        return false;
     auto handle = JXSelectionBorder::Handle::None;
-    const bool isOnMarker = m_cropMarker.mouseIsInFrame(viewPoint, handle) || handle != JXSelectionBorder::Handle::None;
-    return isInView({{}, viewPoint}) || (isStill(layer) && isOnMarker);
+    const bool isOnMarker = m_cropMarker.mouseIsInFrame(locationOf(widgetPoint).inView, handle) ||
+                            handle != JXSelectionBorder::Handle::None;
+    return (isStill(layer) && isOnMarker) || PixelBox::of(layer).contains(outputPixel(widgetPoint));
+}
+
+void LWCanvasImageView::selectLayerAt(const QPointF &widgetPoint)
+{
+    const LayerPointer layer = Arranging::layerAt(m_document, outputPixel(widgetPoint));
+    if (layer)
+        m_document.select(layer, false);
+    update();
 }
 
 void LWCanvasImageView::lockAspect(const Layer &layer)
@@ -110,38 +140,40 @@ void LWCanvasImageView::cancelDrag()
 
 void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
 {
-    m_pointer = event->position();
+    const QPointF place = placeOf(*event);
+    m_pointer = place;
     takeAlt(event->modifiers().testFlag(Qt::AltModifier));
     if (isDragged())
         return;
     const bool isLeft = event->button() == Qt::LeftButton;
     if (event->button() == Qt::MiddleButton || (isLeft && m_isSpaceBarHeld)) {
-        m_panFrom = event->position() * m_pixelRatio;
+        m_panFrom = place * m_pixelRatio;
         m_panButton = event->button();
     } else if (isLeft) {
         m_isPressed = true;
         if (m_tool == Tool::Arrange)
-            beginArranging(event->position(), event->modifiers());
+            beginArranging(place, event->modifiers());
         else
-            mouseDown(locationOf(event->position()));
+            mouseDown(place);
     }
     showPointer();
 }
 
 void LWCanvasImageView::mouseMoveEvent(QMouseEvent *event)
 {
-    m_pointer = event->position();
+    const QPointF place = placeOf(*event);
+    m_pointer = place;
     claimSpaceBar(true);
     // A release that something else has swallowed ends a press, too.
     m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
     if (m_panFrom)
-        panTo(event->position());
+        panTo(place);
     else if (isDragged() && !m_isPressed)
         cancelDrag();
     else if (m_arranging)
         trackArranging(!event->modifiers().testFlag(Qt::ControlModifier));
     else if (m_cropMarker.isTracking()) {
-        m_cropMarker.trackMouse(locationOf(event->position()), viewBounds());
+        m_cropMarker.trackMouse(locationOf(place), viewBounds());
         update();
     }
     takeAlt(event->modifiers().testFlag(Qt::AltModifier));
@@ -153,10 +185,11 @@ void LWCanvasImageView::mouseReleaseEvent(QMouseEvent *event)
     if (m_panFrom && event->button() == m_panButton) {
         m_panFrom.reset();
     } else if (event->button() == Qt::LeftButton && !m_panFrom) {
-        m_pointer = event->position();
+        const QPointF place = placeOf(*event);
+        m_pointer = place;
         if (m_arranging)
             trackArranging(!event->modifiers().testFlag(Qt::ControlModifier));
-        endPress(locationOf(event->position()));
+        endPress(locationOf(place));
     }
     m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
     takeAlt(event->modifiers().testFlag(Qt::AltModifier));
@@ -203,7 +236,7 @@ void LWCanvasImageView::wheelEvent(QWheelEvent *event)
     const int steps = m_wheelRest / wheelStep;
     m_wheelRest %= wheelStep;
     if (steps != 0)
-        stepZoom(steps, event->position());
+        stepZoom(steps, placeOf(*event));
 }
 
 bool LWCanvasImageView::event(QEvent *event)
@@ -234,7 +267,7 @@ bool LWCanvasImageView::nativeGesture(const QNativeGestureEvent &event)
     if (m_pinchZoom <= 0)
         m_pinchZoom = m_frame.zoom();
     m_pinchZoom = std::clamp(m_pinchZoom * (1 + event.value()), 1e-3, CanvasFrame::greatestZoom);
-    zoomAt(m_pinchZoom, event.position());
+    zoomAt(m_pinchZoom, placeOf(event));
     return true;
 }
 

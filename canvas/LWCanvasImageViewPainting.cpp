@@ -1,6 +1,7 @@
 #include "canvas/CanvasDocument.h"
 #include "canvas/DevicePixels.h"
 #include "canvas/LWCanvasImageView.h"
+#include "screen/LWScreen.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -11,6 +12,13 @@
 namespace {
 constexpr int distanceOfText = 16;
 constexpr int paddingOfText = 4;
+constexpr int leastWidthOfName = 160;
+
+QRectF pixelsOf(const Layer &layer)
+{
+    return {double(layer.xpoint()), double(layer.ypoint()), double(layer.screenSizeWidth()),
+            double(layer.screenSizeHeight())};
+}
 } // namespace
 
 void LWCanvasImageView::paintEvent(QPaintEvent *event)
@@ -27,13 +35,13 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
     toDevicePixels(painter, m_pixelRatio);
     m_picture.paintFramed(painter, m_frame.place(), {QPoint(0, 0), m_frame.room()}, palette().color(QPalette::Mid),
                           palette().color(QPalette::Base));
-    if (m_tool == Tool::Arrange)
-        paintArranging(painter);
+    m_tool == Tool::Arrange ? paintArranging(painter) : paintSelectedWall(painter);
     if (m_hover)
         paintOutline(painter, m_hover->panel);
     painter.restore();
     if (m_tool == Tool::Panels)
         paintMarker(painter);
+    paintName(painter);
     if (m_hover)
         paintText(painter, m_hover->labelBox, m_hover->label);
     if (m_arranging && !m_click)
@@ -57,12 +65,33 @@ void LWCanvasImageView::paintMarker(QPainter &painter) const
                                     .arg(place->size.height()));
 }
 
+/// Whose panels a click switches.
+void LWCanvasImageView::paintSelectedWall(QPainter &painter) const
+{
+    const LayerPointer layer = m_document.selectedLayer();
+    if (qobject_cast<const LWScreen *>(layer.get()))
+        paintOutline(painter, devicePlaceOf(pixelsOf(*layer)));
+}
+
+/// Of the layer that clicks go to, above its top left or as near to that as is in sight.
+void LWCanvasImageView::paintName(QPainter &painter) const
+{
+    const LayerPointer layer = m_document.selectedLayer();
+    const QRect place = layer ? devicePlaceOf(pixelsOf(*layer)) : QRect();
+    if (!layer || layer->label().isEmpty() || !place.intersects({QPoint(0, 0), m_frame.room()}))
+        return;
+    const int most = std::max(leastWidthOfName, qRound(place.width() / m_pixelRatio)) - 2 * paddingOfText;
+    const QString name = fontMetrics().elidedText(layer->label(), Qt::ElideRight, most);
+    const QSize size = fontMetrics().size(Qt::TextSingleLine, name) + QSize(2 * paddingOfText, 0);
+    const QPointF corner = QPointF(place.topLeft()) / m_pixelRatio + offsetOfDevicePixels();
+    paintText(painter, inSight({corner.toPoint() - QPoint(1, size.height() + 1), size}), name);
+}
+
 /// Around the selected layers, where they are and not where the last composition shows them.
 void LWCanvasImageView::paintArranging(QPainter &painter) const
 {
     for (const LayerPointer &layer : m_document.selectedLayers())
-        paintOutline(painter, devicePlaceOf({double(layer->xpoint()), double(layer->ypoint()),
-                                             double(layer->screenSizeWidth()), double(layer->screenSizeHeight())}));
+        paintOutline(painter, devicePlaceOf(pixelsOf(*layer)));
     if (!m_arranging)
         return;
     const QColor colour = palette().color(QPalette::Highlight);
@@ -106,11 +135,14 @@ void LWCanvasImageView::paintOutline(QPainter &painter, const QRect &place) cons
         painter.fillRect(side, palette().color(QPalette::Highlight));
 }
 
-/// Never out of the canvas.
 QRect LWCanvasImageView::boxBesidePointer(const QString &text) const
 {
     const QSize size = fontMetrics().size(Qt::TextSingleLine, text) + QSize(2 * paddingOfText, 2 * paddingOfText);
-    QRect box(m_pointer.value_or(middle()).toPoint() + QPoint(distanceOfText, distanceOfText), size);
+    return inSight({m_pointer.value_or(middle()).toPoint() + QPoint(distanceOfText, distanceOfText), size});
+}
+
+QRect LWCanvasImageView::inSight(QRect box) const
+{
     box.moveTo(std::clamp(box.x(), 0, std::max(0, width() - box.width())),
                std::clamp(box.y(), 0, std::max(0, height() - box.height())));
     return box;

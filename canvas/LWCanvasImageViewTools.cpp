@@ -1,5 +1,6 @@
 #include "canvas/CanvasDocument.h"
 #include "canvas/LWCanvasImageView.h"
+#include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 
 #include <QLineF>
@@ -41,7 +42,7 @@ void LWCanvasImageView::beginArranging(const QPointF &widgetPoint, Qt::KeyboardM
 {
     if (m_frame.place().isEmpty())
         return;
-    const QPoint pixel = outputPixel(locationOf(widgetPoint).inView);
+    const QPoint pixel = outputPixel(widgetPoint);
     const LayerPointer grabbed = Arranging::press(m_document, pixel, modifiers.testFlag(Qt::ShiftModifier));
     if (grabbed) {
         m_arranging = std::make_shared<Arranging>(m_document, grabbed, pixel);
@@ -55,7 +56,7 @@ void LWCanvasImageView::trackArranging(bool attracts)
     if (!m_pointer || (m_click && QLineF(m_click->place, *m_pointer).length() < leastDrag))
         return;
     m_click.reset();
-    const QPoint pixel = outputPixel(locationOf(*m_pointer).inView);
+    const QPoint pixel = outputPixel(*m_pointer);
     const QSizeF reach(reachOfLines * m_document.OutputWidth() / frame().width(),
                        reachOfLines * m_document.OutputHeight() / frame().height());
     arrange([&](Arranging &drag) { drag.track(pixel, attracts ? std::optional(reach) : std::nullopt); });
@@ -92,17 +93,18 @@ void LWCanvasImageView::arrange(const std::function<void(Arranging &)> &act)
 LayerPointer LWCanvasImageView::layerUnderPointer() const
 {
     const bool isOverOutput = m_pointer && !m_frame.place().isEmpty();
-    return isOverOutput ? Arranging::layerAt(m_document, outputPixel(locationOf(*m_pointer).inView)) : nullptr;
+    return isOverOutput ? Arranging::layerAt(m_document, outputPixel(*m_pointer)) : nullptr;
 }
 
 std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
 {
-    if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || isDragged() || !isInView(locationOf(*m_pointer)))
+    if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || isDragged() || !isInFrame(*m_pointer))
         return std::nullopt;
     const LayerPointer layer = m_document.selectedLayer();
     const auto *screen = qobject_cast<const LWScreen *>(layer.get());
-    const QPoint pixel = outputPixel(locationOf(*m_pointer).inView);
-    const auto panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
+    const QPoint pixel = outputPixel(*m_pointer);
+    const bool isOnScreen = screen && PixelBox::of(*screen).contains(pixel);
+    const auto panel = isOnScreen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
     if (!panel)
         return std::nullopt;
     const QString label = screen->panelLabel(*panel);

@@ -212,7 +212,7 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
             continue;
         const auto *screen = qobject_cast<const LWScreen *>(layer.get());
         const std::optional<LWScreen::Panel> panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
-        return panel ? screen->panelLabel(*panel) : QString();
+        return panel ? QString(screen->label() + ' ' + screen->panelLabel(*panel)).trimmed() : QString();
     }
     return {};
 }

@@ -19,7 +19,7 @@ QString wall(const std::vector<LayerPointer> &layers);
 QString ports(const std::vector<LayerPointer> &layers);
 /// Whether a wall among them has a port that cannot carry one line of panels.
 bool hasPortOverLimit(const std::vector<LayerPointer> &layers);
-/// The label of the panel at a pixel of the output, of the topmost visible wall there: "C7"; empty where there is none.
+/// The topmost visible wall at a pixel of the output and the panel there: "MAIN C7"; empty where there is none.
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel);
 /// "12.73 A at 110 V, 1 phase"
 QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);

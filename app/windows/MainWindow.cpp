@@ -214,10 +214,17 @@ void MainWindow::connectViews()
     connect(m_powerBar, &PowerBar::zoomChosen, m_canvas, &LWCanvasImageView::setZoom);
     connect(m_powerBar, &PowerBar::fitChosen, m_canvas, &LWCanvasImageView::zoomToFit);
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
-        const QString panel =
-            readOut.pixel ? LayerText::panelAt(m_document.allScreensArray(), *readOut.pixel) : QString();
-        m_powerBar->showReadOut(readOut, panel);
+        m_powerBar->showReadOut(readOut, readOut.pixel ? panelAt(*readOut.pixel) : QString());
     });
+}
+
+/// Where clicks go to the selected wall, its panel is meant whatever lies above it.
+QString MainWindow::panelAt(const QPoint &pixel) const
+{
+    const LayerPointer selected = m_canvasLink.selectedLayer();
+    const bool clicksSwitch = m_canvas->tool() == LWCanvasImageView::Tool::Panels;
+    const QString meant = selected && clicksSwitch ? LayerText::panelAt({selected}, pixel) : QString();
+    return meant.isEmpty() ? LayerText::panelAt(m_document.allScreensArray(), pixel) : meant;
 }
 
 void MainWindow::showFile(const QString &path)

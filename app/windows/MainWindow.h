@@ -98,6 +98,7 @@ private:
     void connectViews();
     void rememberLayout() const;
     void restoreLayout();
+    QString panelAt(const QPoint &pixel) const;
     void showFile(const QString &path);
     void tellUnsavedWork();
     /// "show.Orv, 21/11/2026 02:14"

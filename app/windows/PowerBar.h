@@ -26,7 +26,8 @@ public:
     void showFailure(const QString &sentence);
     void showStatus(const QString &sentence);
     void clearMessage() { showStatus({}); }
-    /// "x 812  y 344  C7  #ff0000", "1,920 × 1,080 px" and the zoom; `panel`: the label of the panel under the pointer.
+    /// "x 812  y 344  MAIN C7  #ff0000", "1,920 × 1,080 px" and the zoom; `panel`: the wall and panel under the
+    /// pointer.
     void showReadOut(const CanvasReadOut &readOut, const QString &panel);
 
 signals:

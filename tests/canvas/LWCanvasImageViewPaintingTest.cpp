@@ -152,3 +152,35 @@ TEST_F(LWCanvasImageViewPainting, PlaceAndSizeStandBesideThePointerDuringADrag)
     settle();
     EXPECT_NE(corner(at(160, 105)), label);
 }
+
+TEST_F(LWCanvasImageViewPainting, TheSelectedWallHasAnOutlineAndItsName)
+{
+    QPalette colours = view.palette();
+    const QColor accent(250, 10, 20);
+    colours.setColor(QPalette::Highlight, accent);
+    view.setPalette(colours);
+    LWScreen &wall = selectScreen(); // 1024 x 640
+    wall.setXpoint(300);
+    wall.setYpoint(300);
+    const auto colourAt = [this](const QPointF &viewPoint, const QPoint &beside) {
+        return seen().pixelColor(((view.frame().topLeft() + viewPoint) * ratio()).toPoint() + beside);
+    };
+    EXPECT_EQ(colourAt({100, 150}, {-1, 0}), accent);
+    EXPECT_NE(colourAt({100, 150}, {0, 0}), accent);
+    EXPECT_EQ(colourAt({102, 99}, {0, -static_cast<int>(ratio()) - 1}), QColor(Qt::black));
+    wall.setLabel("MAIN");
+    EXPECT_EQ(colourAt({102, 99}, {0, -static_cast<int>(ratio()) - 1}), label);
+    EXPECT_EQ(colourAt({101, 99}, {0, -10}), label);
+    wall.setYpoint(-600); // its top left is out of sight, not all of it
+    EXPECT_EQ(seen().pixelColor(qRound(114 * ratio()), 1), label);
+    wall.setYpoint(-9000);
+    EXPECT_NE(seen().pixelColor(qRound(114 * ratio()), 1), label);
+}
+
+TEST_F(LWCanvasImageViewPainting, ANameOfManyLettersIsCut)
+{
+    selectScreen().setLabel(QString(2000, 'W'));
+    const QImage picture = seen();
+    EXPECT_EQ(picture.pixelColor(qRound(13 * ratio()), 1), label);
+    EXPECT_NE(picture.pixelColor(qRound(360 * ratio()), 1), label); // the wall is 341 wide
+}

@@ -8,11 +8,15 @@
 #include <QTest>
 
 namespace {
-/// A layer of no kind that tells of clicks.
+/// A layer of no kind, as large as the output, that tells of clicks.
 class ClickedLayer final : public Layer
 {
 public:
-    ClickedLayer(CanvasTestDocument &document) : Layer(document), m_document(document) {}
+    ClickedLayer(CanvasTestDocument &document) : Layer(document), m_document(document)
+    {
+        setScreenSizeWidth(document.OutputWidth());
+        setScreenSizeHeight(document.OutputHeight());
+    }
 
     QImage thumbnail() const override { return {}; }
     void setThumbnail(const QImage &) override {}
@@ -93,6 +97,59 @@ TEST_F(LWCanvasImageViewTest, OtherButtonsAndTheGroundSwitchNothing)
     EXPECT_TRUE(document.calls.isEmpty());
     QTest::mousePress(&view, Qt::LeftButton, {}, at(0, 0));
     EXPECT_EQ(document.calls.value(0), "click 0,0");
+}
+
+TEST_F(LWCanvasImageViewTest, APressBesideTheSelectedLayerSelectsTheTopmostVisibleOne)
+{
+    LWScreen &wall = selectScreen(); // 1024 x 640
+    const LayerPointer selected = document.layer;
+    addWall({1200, 600, 300, 300}).setVisible(false);
+    addWall({1250, 600, 300, 300});
+    addWall({1200, 600, 300, 300});
+    press({341, 100}); // pixel 1023, 300: its last column
+    release({341, 100});
+    EXPECT_EQ(wall.hiddenBoxes(), QStringList("2,7"));
+    document.calls.clear();
+    press({342, 100}); // where nothing is
+    release({342, 100});
+    EXPECT_EQ(document.layer, selected);
+    press({430, 250}); // pixel 1290, 750: of all three
+    release({430, 250});
+    EXPECT_EQ(document.layer, document.all[1]);
+    EXPECT_EQ(document.calls.filter("finishEdit"), QStringList());
+    EXPECT_EQ(wall.hiddenBoxes(), QStringList("2,7"));
+    EXPECT_EQ(dynamic_cast<LWScreen &>(*document.layer).hiddenBoxes(), QStringList());
+}
+
+TEST_F(LWCanvasImageViewTest, LessThanAPanelBeforeTheWallNothingIsSwitched)
+{
+    LWScreen &wall = selectScreen();
+    wall.setXpoint(300);
+    wall.setYpoint(300);
+    for (const QPoint &place : {QPoint(99, 150), QPoint(150, 99), QPoint(20, 150), QPoint(150, 20)}) {
+        press(place);
+        release(place);
+    }
+    EXPECT_EQ(wall.hiddenBoxes(), QStringList());
+    press({100, 100});
+    EXPECT_EQ(wall.hiddenBoxes(), QStringList("0,0"));
+}
+
+TEST_F(LWCanvasImageViewTest, TheHandlesOfASelectedStillAreOfIt)
+{
+    selectStill({300, 200}, {600, 300});
+    const LayerPointer still = document.layer;
+    addWall({0, 0, 1920, 1080});
+    const QPointF corner = view.cropMarker().selectedRect().bottomRight();
+    press(corner + QPointF(3, 3)); // outside of the still
+    EXPECT_TRUE(view.cropMarker().isTracking());
+    release(corner + QPointF(3, 3));
+    settle();
+    EXPECT_EQ(document.layer, still);
+    press(corner + QPointF(30, 30));
+    EXPECT_FALSE(view.cropMarker().isTracking());
+    EXPECT_EQ(document.layer, document.all[0]);
+    release(corner + QPointF(30, 30));
 }
 
 TEST_F(LWCanvasImageViewTest, DraggingOverPanelsSwitchesOnlyTheFirst)

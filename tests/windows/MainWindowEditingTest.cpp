@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QUrl>
 
+#include <algorithm>
+
 class MainWindowEditingTest : public WindowFixture
 {
 protected:
@@ -62,8 +64,32 @@ TEST_F(MainWindowEditingTest, TheStatusLineReadsOutPixelPanelAndColour)
     QApplication::processEvents();
     bool isShown = false;
     for (const QLabel *label : window.findChildren<QLabel *>())
-        isShown = isShown || (label->text().startsWith("x 3") && label->text().contains("  C2  #"));
+        isShown = isShown || (label->text().startsWith("x 3") && label->text().contains("  Layer 0 C2  #"));
     EXPECT_TRUE(isShown);
+}
+
+TEST_F(MainWindowEditingTest, TheStatusLineNamesThePanelThatAClickWouldSwitch)
+{
+    const auto isTold = [this](const QString &panel) {
+        const QList<QLabel *> labels = window.findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(), [&](const QLabel *label) {
+            return label->text().startsWith("x 3") && label->text().contains("  " + panel + "  #");
+        });
+    };
+    window.document().AddScreen(); // 80 x 80, below Layer 0
+    selected()->setLabel("LOW");
+    selected()->setXpoint(300);
+    selected()->setYpoint(180);
+    selected()->drawInRect();
+    QTest::mouseMove(&canvas(), onCanvas(320, 200));
+    QApplication::processEvents();
+    EXPECT_TRUE(isTold("LOW A1"));
+    QTest::mouseClick(&canvas(), Qt::LeftButton, {}, onCanvas(320, 200));
+    EXPECT_EQ(panelsOff(), QStringList("0,0"));
+    canvas().setTool(LWCanvasImageView::Tool::Arrange);
+    QTest::mouseMove(&canvas(), onCanvas(322, 202));
+    QApplication::processEvents();
+    EXPECT_TRUE(isTold("Layer 0 C2"));
 }
 
 TEST_F(MainWindowEditingTest, AStillIsMovedByItsMarkerWithTheMouse)
