@@ -46,7 +46,7 @@ TEST_F(MainWindowFilesTest, AnOpenedProjectIsShown)
     EXPECT_TRUE(shows("Total Power: 1.00Amp"));
     const QRect place = placeOfOutput();
     EXPECT_EQ(seen().pixelColor(place.topLeft() + QPoint(199, 99)), QColor(0, 255, 0));
-    EXPECT_EQ(seen().pixelColor(place.topLeft() + QPoint(200, 99)), QColor(0, 0, 0));
+    EXPECT_EQ(seen().pixelColor(place.topLeft() + QPoint(202, 99)), QColor(0, 0, 0)); // beside the outline
 }
 
 TEST_F(MainWindowFilesTest, ACancelledPanelChangesNothing)
