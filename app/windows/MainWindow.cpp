@@ -2,6 +2,7 @@
 
 #include "app/Settings.h"
 #include "app/windows/CanvasPane.h"
+#include "app/windows/FoldingSide.h"
 #include "app/windows/Icons.h"
 #include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
@@ -34,12 +35,16 @@
 
 namespace {
 constexpr QSize firstSize{1280, 800};
+/// What a display of 1280 x 800 at twice the size leaves below a title bar.
+constexpr QSize leastSize{640, 360};
 constexpr int listsWidth = 260;
 constexpr int leastListsWidth = 200;
 constexpr int inspectorWidth = 300;
 constexpr int leastInspectorWidth = 260;
 /// Below this width the presets fold into a tab beside the layers.
 constexpr int wideWindow = 1100;
+/// Below this one, lists and inspector fold to edges.
+constexpr int narrowWindow = 900;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
 constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
@@ -50,6 +55,7 @@ MainWindow::MainWindow()
     Theme::apply();
     setAcceptDrops(true);
     showFile({});
+    setMinimumSize(leastSize);
     resize(firstSize);
     addViews();
     addMenus();
@@ -124,18 +130,22 @@ void MainWindow::addViews()
     column->addWidget(m_regions, 1);
     m_regions->setHandleWidth(1);
     m_regions->setChildrenCollapsible(false);
-    m_lists = new ListsPane(m_regions);
+    m_listsSide = new FoldingSide("Lists", FoldingSide::Side::Left, m_regions);
+    m_lists = new ListsPane(m_listsSide);
     m_lists->setLayers(layersPanel());
     m_lists->setMinimumWidth(leastListsWidth);
-    m_regions->addWidget(m_lists);
+    m_listsSide->setContent(m_lists);
+    m_regions->addWidget(m_listsSide);
     m_canvasPane = new CanvasPane(m_canvasLink, m_regions);
     m_canvas = &m_canvasPane->canvas();
     m_interface.setCanvas(m_canvas);
     m_canvas->installEventFilter(this);
     m_regions->addWidget(m_canvasPane);
-    m_inspector = new Inspector(m_document, m_interface, m_regions);
+    m_inspectorSide = new FoldingSide("Inspector", FoldingSide::Side::Right, m_regions);
+    m_inspector = new Inspector(m_document, m_interface, m_inspectorSide);
     m_inspector->setMinimumWidth(leastInspectorWidth);
-    m_regions->addWidget(m_inspector);
+    m_inspectorSide->setContent(m_inspector);
+    m_regions->addWidget(m_inspectorSide);
     m_regions->setStretchFactor(1, 1);
     m_regions->setSizes({listsWidth, firstSize.width() - listsWidth - inspectorWidth, inspectorWidth});
     m_powerBar = new PowerBar(centre);
@@ -208,6 +218,8 @@ void MainWindow::connectViews()
     connect(&m_document.arraycontroller(), &LayerList::selectionIndexDidChange, this,
             [this] { m_canvasLink.redrawMarker(); });
     connect(m_layerTable->itemDelegate(), &QAbstractItemDelegate::closeEditor, &m_document, &LWAppDelegate::endTyping);
+    for (FoldingSide *side : {m_listsSide, m_inspectorSide})
+        connect(side, &FoldingSide::left, m_canvas, [this] { m_canvas->setFocus(); });
     connect(m_layerTable, &LayerTable::eyeClicked, &m_document, &LWAppDelegate::toggleVisibilityOf);
     connect(m_powerBar, &PowerBar::voltageChosen, &m_document, &LWAppDelegate::voltageSelect);
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
@@ -261,7 +273,7 @@ void MainWindow::rememberLayout() const
 {
     QByteArray state;
     QDataStream stream(&state, QIODevice::WriteOnly);
-    stream << m_regions->saveState() << m_lists->saveState();
+    stream << (m_listsSide->isFolded() ? m_unfoldedRegions : m_regions->saveState()) << m_lists->saveState();
     Settings::setWindowGeometry(saveGeometry());
     Settings::setWindowState(state);
 }
@@ -280,6 +292,22 @@ void MainWindow::resizeEvent(QResizeEvent *event)
 {
     QMainWindow::resizeEvent(event);
     m_lists->setFolded(width() < wideWindow);
+    foldSides(width() < narrowWindow);
+}
+
+void MainWindow::foldSides(bool areFolded)
+{
+    if (m_listsSide->isFolded() != areFolded) {
+        if (areFolded)
+            m_unfoldedRegions = m_regions->saveState();
+        for (FoldingSide *side : {m_listsSide, m_inspectorSide})
+            side->setFolded(areFolded);
+        if (!areFolded)
+            m_regions->restoreState(m_unfoldedRegions);
+    }
+    // The splitter itself gives no room to the canvas that a side has no use for any more.
+    if (areFolded)
+        m_regions->setSizes({FoldingSide::edgeWidth, m_regions->width(), FoldingSide::edgeWidth});
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

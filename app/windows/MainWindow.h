@@ -13,6 +13,7 @@
 #include <functional>
 
 class CanvasPane;
+class FoldingSide;
 class Inspector;
 class LayerTable;
 class ListsPane;
@@ -49,7 +50,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-    /// A window that is not wide folds its lists.
+    /// A window that is not wide folds its presets behind a tab; a narrow one both sides to edges.
     void resizeEvent(QResizeEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -99,6 +100,7 @@ private:
     void rememberLayout() const;
     void restoreLayout();
     QString panelAt(const QPoint &pixel) const;
+    void foldSides(bool areFolded);
     void showFile(const QString &path);
     void tellUnsavedWork();
     /// "show.Orv, 21/11/2026 02:14"
@@ -111,7 +113,10 @@ private:
     QHBoxLayout *m_layersHead; ///< a title, which comes late, and two buttons
     QToolButton *m_addButton;
     QToolButton *m_deleteButton;
-    QSplitter *m_regions; ///< lists, canvas and inspector
+    QSplitter *m_regions;         ///< lists, canvas and inspector
+    QByteArray m_unfoldedRegions; ///< how wide they were before the sides were folded
+    FoldingSide *m_listsSide;
+    FoldingSide *m_inspectorSide;
     ListsPane *m_lists;
     PresetPanel *m_presetPanel = nullptr; ///< null until makeLateParts()
     Inspector *m_inspector;

@@ -1,4 +1,5 @@
 #include "app/Settings.h"
+#include "app/windows/FoldingSide.h"
 #include "app/windows/Icons.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/ListsPane.h"
@@ -101,8 +102,10 @@ LayerTable &MainWindow::tableInUse()
 void MainWindow::rename()
 {
     LayerTable &table = tableInUse();
-    if (&table == m_layerTable)
+    if (&table == m_layerTable) {
+        m_listsSide->open();
         m_lists->showLayers();
+    }
     table.edit(table.currentIndex());
 }
 
@@ -128,6 +131,7 @@ void MainWindow::fillLayerMenu(QMenu &menu)
     addPlaces(menu);
     menu.addSeparator();
     menu.addAction(Icons::icon("search"), "Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
+        m_listsSide->open();
         m_lists->showPresets();
         m_presetPanel->search();
     });
@@ -154,6 +158,9 @@ void MainWindow::fillViewMenu(QMenu &menu)
                    [this] { m_canvas->setTool(Tool::Panels); });
     menu.addAction(Icons::icon("arrows-move"), "A&rrange Tool", Qt::Key_V, this,
                    [this] { m_canvas->setTool(Tool::Arrange); });
+    menu.addSeparator();
+    menu.addAction("&Lists", Qt::Key_F9, m_listsSide, &FoldingSide::toggle);
+    menu.addAction("&Inspector", Qt::Key_F10, m_inspectorSide, &FoldingSide::toggle);
     menu.addSeparator();
     menu.addAction(Icons::icon("zoom-in"), "&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
     menu.addAction(Icons::icon("zoom-out"), "Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);

@@ -1,4 +1,5 @@
 #include "app/Settings.h"
+#include "app/windows/Inspector.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/ListsPane.h"
 #include "canvas/LWCanvasImageView.h"
@@ -102,4 +103,97 @@ TEST_F(MainWindowLayoutTest, ADamagedLayoutIsNone)
     next.resize(1280, 800);
     next.makeLateParts();
     EXPECT_EQ(splitter(next, Qt::Horizontal).sizes(), QList<int>({260, 718, 300}));
+}
+
+TEST_F(MainWindowLayoutTest, BothSidesFoldToEdgesBelow900)
+{
+    resizeTo({900, 700});
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_TRUE(inspector().isVisible());
+    const QList<int> widths = splitter(window, Qt::Horizontal).sizes();
+
+    table().setFocus();
+    resizeTo({899, 700});
+    EXPECT_FALSE(table().isVisible());
+    EXPECT_FALSE(inspector().isVisible());
+    EXPECT_EQ(window.focusWidget(), &canvas());
+    EXPECT_EQ(splitter(window, Qt::Horizontal).sizes(), QList<int>({28, 841, 28}));
+
+    resizeTo({900, 700});
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_TRUE(inspector().isVisible());
+    EXPECT_EQ(splitter(window, Qt::Horizontal).sizes(), widths);
+}
+
+TEST_F(MainWindowLayoutTest, AKeyOpensAFoldedSideOverTheCanvas)
+{
+    resizeTo({640, 400});
+    const QRect canvasBefore = canvas().rect();
+    canvas().setFocus();
+
+    press(Qt::Key_F9, Qt::NoModifier, {});
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_TRUE(window.findChild<ListsPane *>()->isAncestorOf(window.focusWidget()));
+    press(Qt::Key_F10, Qt::NoModifier, {});
+    EXPECT_FALSE(table().isVisible());
+    EXPECT_TRUE(inspector().isVisible());
+    EXPECT_EQ(inspector().geometry().right(), window.width() - 28 - 1);
+    EXPECT_EQ(canvas().rect(), canvasBefore);
+
+    QTest::keyClick(window.focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(inspector().isVisible());
+    EXPECT_TRUE(canvas().hasFocus());
+}
+
+TEST_F(MainWindowLayoutTest, AClickOnItsEdgeOpensAndClosesAFoldedSide)
+{
+    resizeTo({640, 400});
+    const auto clickEdge = [this] { QTest::mouseClick(window.childAt(14, 200), Qt::LeftButton); };
+    clickEdge();
+    EXPECT_TRUE(table().isVisible());
+    clickEdge();
+    EXPECT_FALSE(table().isVisible());
+
+    clickEdge();
+    QTest::mouseClick(&canvas(), Qt::LeftButton, {}, QPoint(canvas().width() - 2, 2));
+    EXPECT_FALSE(table().isVisible());
+}
+
+TEST_F(MainWindowLayoutTest, KeysLeadIntoTheSidesOfAWideWindowAndBack)
+{
+    resizeTo({1280, 800});
+    canvas().setFocus();
+    press(Qt::Key_F10, Qt::NoModifier, {});
+    EXPECT_TRUE(inspector().isAncestorOf(window.focusWidget()));
+    press(Qt::Key_F10, Qt::NoModifier, {});
+    EXPECT_TRUE(canvas().hasFocus());
+}
+
+TEST_F(MainWindowLayoutTest, SearchAndRenamingOpenTheFoldedLists)
+{
+    resizeTo({640, 400});
+    pressControl(Qt::Key_L, {});
+    EXPECT_TRUE(presetTable().isVisible());
+    canvas().setFocus();
+    EXPECT_FALSE(presetTable().isVisible());
+    press(Qt::Key_F2, Qt::NoModifier, {});
+    EXPECT_NE(table().findChild<QLineEdit *>(), nullptr);
+}
+
+TEST_F(MainWindowLayoutTest, WidthsSurviveAStartAndAnEndInANarrowWindow)
+{
+    resizeTo({1400, 800});
+    splitter(window, Qt::Horizontal).setSizes({330, 700, 368});
+    const QList<int> widths = splitter(window, Qt::Horizontal).sizes();
+    resizeTo({700, 500});
+    window.close();
+
+    MainWindow next;
+    next.start();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&next));
+    next.makeLateParts();
+    EXPECT_EQ(next.width(), 700);
+    EXPECT_EQ(splitter(next, Qt::Horizontal).sizes()[0], 28);
+    next.resize(1400, 800);
+    EXPECT_EQ(splitter(next, Qt::Horizontal).sizes(), widths);
 }
