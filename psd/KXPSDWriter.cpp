@@ -38,6 +38,14 @@ std::vector<std::shared_ptr<KXPSDGroupOpeningLayer>> openGroupsOf(const std::vec
     return open;
 }
 
+/// The painter's opacity by which an opaque pixel gets the byte nearest to `opacity`. It counts in 256ths, of which it
+/// cuts off what is left, and takes 255 of 256 of a colour.
+double painterOpacity(float opacity)
+{
+    const double bytes = std::round(qBound(0.0, static_cast<double>(opacity), 1.0) * 255);
+    return bytes > 0 ? (bytes + 1) / 256 : 0;
+}
+
 /// Applies the flags of a layer to its visible pixels, in their own memory. Error: they cannot be had.
 bool applyFlags(KXPSDLayer &layer, const QSizeF &document, KXPSDError *error)
 {
@@ -254,7 +262,7 @@ bool KXPSDWriter::addLayerToFlattenedContext(const KXPSDLayer *layer, KXPSDError
     const QRectF target(topLeft.x(), m_documentSize.height() - topLeft.y() - image.height(), image.width(),
                         image.height());
     DrawingSurface(m_flattenedContext)
-        .drawImage(image, target, Compositing::SourceOver, static_cast<double>(layer->opacity()));
+        .drawImage(image, target, Compositing::SourceOver, painterOpacity(layer->opacity()));
     return true;
 }
 

@@ -126,7 +126,8 @@ std::vector<Plane> mergedPlanes(const PlannedDocument &planned)
     merged.fill(planned.hasTransparentLayers ? Qt::transparent : Qt::white);
     QPainter painter(&merged);
     for (const PlannedStep &step : planned.steps) {
-        painter.setOpacity(double(step.opacity));
+        const int opacityByte = int(std::lround(step.opacity * 255)); // the painter cuts off 256ths
+        painter.setOpacity(opacityByte == 0 ? 0 : (opacityByte + 1) / 256.0);
         if (step.kind == PlannedStep::AddPicture && !step.image.isNull())
             painter.drawImage(step.offset, plainCopy(step.image));
     }

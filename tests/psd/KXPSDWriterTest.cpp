@@ -70,6 +70,16 @@ TEST(KXPSDWriter, WithoutTransparencyTheMergedPictureIsWhite)
     EXPECT_EQ(merged(opaque, 1, 0), QColor(Qt::white));
 }
 
+TEST(KXPSDWriter, AFractionalOpacityIsRoundedOnceInTheMergedPicture)
+{
+    for (int thousandths = 0; thousandths <= 1000; ++thousandths) {
+        const float opacity = static_cast<float>(thousandths) / 1000;
+        KXPSDWriter writer(QSizeF(1, 1));
+        writer.addLayerWithCGImage(raster(1, 1, Qt::white), "A", opacity);
+        ASSERT_NEAR(merged(writer, 0, 0).alpha(), opacity * 255, 0.501) << opacity;
+    }
+}
+
 TEST(KXPSDWriter, LayersGivenAtFirstAreMergedWhenTheSizeIsSetAgain)
 {
     KXPSDWriter writer({2, 1}, true, {layerOf(raster(2, 1, Qt::red), "A")});
