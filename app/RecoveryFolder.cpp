@@ -82,6 +82,16 @@ void sweep(const QString &folder)
     }
 }
 
+/// Goes before the name of a new folder, so that of copies from one tick of the clock the later one is known.
+QString nextNumber(const QString &folder)
+{
+    constexpr qsizetype digits = 8;
+    uint highest = 0;
+    for (const QString &path : foldersIn(folder))
+        highest = std::max(highest, QFileInfo(path).fileName().left(digits).toUInt());
+    return QString("%1").arg(highest + 1, digits, 10, QChar(u'0'));
+}
+
 Result<void> makePrivate(const QString &folder)
 {
     if (!QDir().mkpath(folder))
@@ -145,7 +155,7 @@ Result<KeptCopy> KeptCopy::makeEmpty(const QString &folder)
 {
     // Another program's sweep may remove the new folder before it is locked: then once more.
     for (int attempt = 0; attempt < 3; ++attempt) {
-        QTemporaryDir made(folder + "/XXXXXX");
+        QTemporaryDir made(folder + '/' + nextNumber(folder) + "-XXXXXX");
         made.setAutoRemove(false);
         if (!made.isValid())
             return fail(QString("%1: no folder can be made in it: %2").arg(folder, made.errorString()));
