@@ -4,8 +4,10 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QSaveFile>
+#include <QUuid>
 
 #include <cerrno>
+#include <cstdio>
 #include <unistd.h>
 
 namespace {
@@ -26,6 +28,33 @@ bool append(QSaveFile &file, QByteArrayView bytes)
 bool reachesDisk(const QSaveFile &file)
 {
     return fdatasync(file.handle()) == 0 || errno == EINVAL; // that one: there is no disk behind
+}
+/// QSaveFile puts seven letters behind the name, more than a name of nearly 255 bytes bears: such a file is completed
+/// beside the old one, under a name of its own.
+QString placeToCollect(const QString &path)
+{
+    constexpr qsizetype longestName = 255 - 7;
+    const QFileInfo place(QFileInfo(path).isSymLink() ? QFileInfo(path).symLinkTarget() : path);
+    if (QFile::encodeName(place.fileName()).size() <= longestName)
+        return path;
+    return place.path() + "/.wallwright-" + QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+/// Puts the complete file at `from` into the place of `path`, in one step, where it is not there already.
+bool moveTo(const QString &path, const QString &from)
+{
+    if (from == path)
+        return true;
+    const QFileInfo existing(path);
+    if (existing.exists())
+        QFile::setPermissions(from, existing.permissions());
+    const QString place = existing.isSymLink() ? existing.symLinkTarget() : path;
+    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(place).constData()) == 0)
+        return true;
+    const int reason = errno;
+    QFile::remove(from);
+    errno = reason;
+    return false;
 }
 } // namespace
 
@@ -62,7 +91,9 @@ Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progre
     const QFileInfo existing(path);
     if (existing.exists() && !existing.isFile()) // committing would put a file in the place of a device
         return fail(QString("%1: cannot be written: this is a folder or a device, not a file").arg(path));
-    QSaveFile file(path);
+    if (existing.exists() && !existing.isWritable())
+        return fail(QString("%1: cannot be written: the file is read-only").arg(path));
+    QSaveFile file(placeToCollect(path));
     if (!file.open(QIODevice::WriteOnly))
         return fail(QString("%1: cannot be written: %2").arg(path, file.errorString()));
 
@@ -75,7 +106,7 @@ Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progre
             return failedWrite(path);
     }
     errno = 0;
-    if (!file.commit())
+    if (!file.commit() || !moveTo(path, file.fileName()))
         return failedWrite(path);
     return Outcome::Written;
 }

@@ -1,5 +1,6 @@
 #include "app/FileBytes.h"
 
+#include "tests/app/AsNobody.h"
 #include "tests/app/FullDisk.h"
 
 #include <QDir>
@@ -15,6 +16,12 @@ QByteArray contents(const QString &path)
 {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+template <typename Value>
+QString reasonOf(const Result<Value> &result)
+{
+    return result ? QString("done") : result.error().text;
 }
 } // namespace
 
@@ -138,6 +145,69 @@ TEST(FileBytes, ADeviceIsNotReplacedByAFile)
     {};
     ASSERT_EQ(stat(qPrintable(path), &status), 0);
     EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST(FileBytes, WhatThePersonMayNotDoIsToldInOneSentence)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "the old show"));
+    const auto told = [&](const QString &place) {
+        return toldToNobody([&] { return reasonOf(FileBytes::write(place, "new")); });
+    };
+
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0777), 0);
+    ASSERT_EQ(chmod(qPrintable(path), 0444), 0);
+    EXPECT_EQ(told(path), path + ": cannot be written: the file is read-only");
+
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0555), 0);
+    const QString other = folder.filePath("other.Orv");
+    EXPECT_EQ(told(other), other + ": cannot be written: Permission denied");
+
+    ASSERT_EQ(chmod(qPrintable(path), 0), 0);
+    EXPECT_EQ(toldToNobody([&] { return reasonOf(FileBytes::read(path, 99)); }),
+              path + ": cannot be read: Permission denied");
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
+    ASSERT_EQ(chmod(qPrintable(path), 0644), 0);
+    EXPECT_EQ(contents(path), "the old show");
+}
+
+TEST(FileBytes, ANameOf255BytesIsReplacedWhole)
+{
+    for (const qsizetype length : {248, 249, 255}) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QString(length - 4, u'n') + ".Orv");
+        ASSERT_TRUE(FileBytes::write(path, "the old show"));
+        ASSERT_EQ(chmod(qPrintable(path), 0640), 0);
+        {
+            const FullDisk disk(4096);
+            EXPECT_EQ(reasonOf(FileBytes::write(path, QByteArray(1 << 20, 'x'))),
+                      path + ": cannot be written: File too large");
+        }
+        EXPECT_EQ(contents(path), "the old show");
+
+        ASSERT_TRUE(FileBytes::write(path, "new")) << length;
+
+        EXPECT_EQ(contents(path), "new");
+        struct stat status
+        {};
+        ASSERT_EQ(stat(qPrintable(path), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777U, 0640U);
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+}
+
+TEST(FileBytes, ALinkToALongNameStaysALink)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QString(255, u'n'));
+    ASSERT_TRUE(FileBytes::write(path, "the old show"));
+    ASSERT_TRUE(QFile::link(path, folder.filePath("link")));
+
+    ASSERT_TRUE(FileBytes::write(folder.filePath("link"), "new"));
+
+    EXPECT_EQ(contents(path), "new");
+    EXPECT_TRUE(QFileInfo(folder.filePath("link")).isSymLink());
 }
 
 TEST(FileBytes, AFolderThatIsNotThereIsNamed)
