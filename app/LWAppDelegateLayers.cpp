@@ -87,7 +87,7 @@ void LWAppDelegate::copyLayer()
     const LayerPointer copy = selected ? createCopyOfLayerThroughArch(selected) : nullptr;
     if (!copy)
         return;
-    copy->setLabel(copy->label() + " Copy");
+    copy->setLabel(copy->label().isEmpty() ? QString("Copy") : copy->label() + " Copy");
     insertAndSelect(copy, m_selectedRow + 1);
     m_selectedRow = m_arraycontroller.selectionIndex();
     finishEdit("Duplicate Layer");

@@ -54,8 +54,8 @@ LWAppDelegate::TerminateReply LWAppDelegate::applicationShouldTerminate()
     if (!m_managedObjectContext)
         return TerminateReply::Now;
     if (!m_managedObjectContext->commitEditing()) {
-        qCDebug(lcDocument, "%s:%s unable to commit editing to terminate", metaObject()->className(),
-                "applicationShouldTerminate:");
+        qCWarning(lcDocument, "%s:%s unable to commit editing to terminate", metaObject()->className(),
+                  "applicationShouldTerminate:");
         return TerminateReply::Cancel;
     }
     if (!m_managedObjectContext->hasChanges())

@@ -270,6 +270,15 @@ TEST_F(LWAppDelegateLayers, DuplicatesOfDuplicatesAreNamedSo)
     EXPECT_EQ(log.lines(), QStringList({"duplicate layer", "duplicate layer"}));
 }
 
+TEST_F(LWAppDelegateLayers, TheDuplicateOfALayerWithoutANameIsNamedCopy)
+{
+    for (const QString &nameless : {QString(), QString("")}) {
+        selected()->setLabel(nameless);
+        document.copyLayer();
+        EXPECT_EQ(selected()->label(), "Copy");
+    }
+}
+
 TEST_F(LWAppDelegateLayers, OnlyDuplicatingMovesThePlaceOfNewLayers)
 {
     document.copyLayer();

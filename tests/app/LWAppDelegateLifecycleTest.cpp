@@ -88,7 +88,7 @@ TEST_F(LWAppDelegateLifecycle, NothingMakesAStore)
 TEST_F(LWAppDelegateLifecycle, EditsThatCannotBeCommittedKeepTheProgram)
 {
     context.canCommit = false;
-    const DocumentLogLines log;
+    const LogLines log;
 
     EXPECT_EQ(quit(), Reply::Cancel);
 
