@@ -3,7 +3,7 @@
 #include "app/PSDExport.h"
 #include "app/PngFile.h"
 #include "app/ProjectText.h"
-#include "drawing/Raster.h"
+#include "screen/LostWall.h"
 
 #include <QFileInfo>
 
@@ -96,16 +96,11 @@ void LWAppDelegate::documentIsInFile()
 
 void LWAppDelegate::tellWallsTooLarge()
 {
-    for (int index = 0; index < std::ssize(allScreensArray()); ++index) {
-        const Layer &layer = *allScreensArray()[static_cast<std::size_t>(index)];
-        const qint64 width = qint64{layer.col()} * layer.panelWidth();
-        const qint64 height = qint64{layer.row()} * layer.panelHeight();
-        if (width > 0 && height > 0 && !Raster::canHold(width, height))
-            return m_userInterface.tellFailure(
-                QString("Layer %1 is a wall of %2 x %3 pixels, too large to draw; make it smaller.")
-                    .arg(index)
-                    .arg(width)
-                    .arg(height));
+    for (const LayerPointer &layer : allScreensArray()) {
+        const qint64 width = qint64{layer->col()} * layer->panelWidth();
+        const qint64 height = qint64{layer->row()} * layer->panelHeight();
+        if (LostWall::isTooLarge(width, height))
+            return m_userInterface.tellFailure(LostWall::sentence(layer->label(), width, height) + '.');
     }
 }
 
@@ -149,8 +144,11 @@ void LWAppDelegate::savePSD()
     m_history.record("Layer Names");
     if (!outcome)
         return tellFailedExport("PSD", outcome.error());
-    const bool isWritten = *outcome == PSDExport::Outcome::Written;
-    m_userInterface.tellStatus(isWritten ? "Exported " + name : "Cancelled the export of " + name);
+    if (*outcome == PSDExport::Outcome::Cancelled)
+        return m_userInterface.tellStatus("Cancelled the export of " + name);
+    const Project project{m_OutputHeight, m_OutputWidth, allScreensArray()};
+    const QStringList all = QStringList("Exported " + name) + PSDExport::resized(project) + PSDExport::leftOut(project);
+    m_userInterface.tellStatus(all.join(". "));
 }
 
 void LWAppDelegate::tellFailedExport(const char *format, const Error &error)

@@ -1,9 +1,15 @@
 #include "app/PSDExport.h"
 
 #include "drawing/Raster.h"
+#include "layer/PixelBox.h"
 #include "psd/KXPSDWriter.h"
+#include "screen/LWScreen.h"
+#include "screen/LostWall.h"
+#include "still/LWStill.h"
 
 #include <QRect>
+
+#include <optional>
 
 namespace {
 /// How much of making the bytes it is to add the layers, which draws the merged picture.
@@ -61,17 +67,32 @@ QString readableName(const QString &label)
     return label.left(splitsPair ? longest - 1 : longest);
 }
 
-void addLayer(KXPSDWriter &writer, Layer &layer, const QSize &output, int &screenNumber)
+/// The sentence of a wall that could not be drawn.
+std::optional<QString> lostWall(const Layer &layer)
+{
+    const qint64 width = qint64{layer.col()} * layer.panelWidth();
+    const qint64 height = qint64{layer.row()} * layer.panelHeight();
+    const bool isWallWithPixels = qobject_cast<const LWScreen *>(&layer) && width > 0 && height > 0;
+    if (!isWallWithPixels || !layer.thumbnail().isNull())
+        return std::nullopt;
+    return LostWall::sentence(layer.label(), width, height);
+}
+
+Result<void> addLayer(KXPSDWriter &writer, Layer &layer, const QSize &output, int &screenNumber)
 {
     ++screenNumber;
     if (layer.label().isEmpty())
         layer.setLabel(QString::asprintf("Untitled %i", screenNumber));
     const PictureAtPlace part = readablePart(layer, output);
+    if (const std::optional<QString> lost = layer.visible() ? lostWall(layer) : std::nullopt)
+        return fail(*lost);
     writer.addLayerWithCGImage(part.picture, readableName(layer.label()), layer.visible() ? 1.0F : 0.0F, part.topLeft);
+    return {};
 }
 
 /// Adds the layers, the topmost last; returns whether it was not cancelled.
-bool addLayers(KXPSDWriter &writer, const Project &project, int &screenNumber, const PSDExport::Progress &progress)
+Result<bool> addLayers(KXPSDWriter &writer, const Project &project, int &screenNumber,
+                       const PSDExport::Progress &progress)
 {
     const QSize output(project.outputWidth, project.outputHeight);
     const auto count = static_cast<double>(project.layers.size());
@@ -79,7 +100,8 @@ bool addLayers(KXPSDWriter &writer, const Project &project, int &screenNumber, c
     for (auto layer = project.layers.rbegin(); layer != project.layers.rend(); ++layer) {
         if (progress && !progress(done++ / count))
             return false;
-        addLayer(writer, **layer, output, screenNumber);
+        if (const Result<void> added = addLayer(writer, **layer, output, screenNumber); !added)
+            return tl::unexpected(added.error());
     }
     return true;
 }
@@ -94,9 +116,60 @@ Result<QByteArray> bytesOf(KXPSDWriter &writer)
         return fail(error.message + "; put a layer with a picture on the output");
     return fail(error.message);
 }
+QString nameOf(const Layer &layer)
+{
+    return layer.label().isEmpty() ? QString("A picture without a name") : layer.label();
+}
+
+std::optional<QString> whyLeftOut(const Layer &layer)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    if (!still)
+        return lostWall(layer);
+    if (!still->thumbnail().isNull())
+        return std::nullopt;
+    const QString file = still->ImageURL().isNil()
+                             ? QString("it names no file")
+                             : QString("\"%1\" is missing or no picture").arg(still->ImageURL().relative);
+    return nameOf(layer) + " is left out: " + file;
+}
+
+std::optional<QString> howResized(const Layer &layer, const QSize &output)
+{
+    const QSize own = layer.thumbnail().size();
+    const QSize shown(layer.screenSizeWidth(), layer.screenSizeHeight());
+    const PixelBox place{{layer.xpoint(), qint64{layer.xpoint()} + own.width()},
+                         {layer.ypoint(), qint64{layer.ypoint()} + own.height()}};
+    const bool isStill = qobject_cast<const LWStill *>(&layer) != nullptr;
+    if (!isStill || own == shown || !place.meets({{0, output.width()}, {0, output.height()}}))
+        return std::nullopt;
+    return QString("%1 went in at its own size, %2 x %3; on the output it is %4 x %5")
+        .arg(nameOf(layer), QString::number(own.width()), QString::number(own.height()), QString::number(shown.width()),
+             QString::number(shown.height()));
+}
 } // namespace
 
 namespace PSDExport {
+
+QStringList leftOut(const Project &project)
+{
+    QStringList sentences;
+    for (const LayerPointer &layer : project.layers) {
+        if (const std::optional<QString> reason = whyLeftOut(*layer))
+            sentences.append(*reason);
+    }
+    return sentences;
+}
+
+QStringList resized(const Project &project)
+{
+    QStringList sentences;
+    for (const LayerPointer &layer : project.layers) {
+        if (const auto sizes = howResized(*layer, {project.outputWidth, project.outputHeight}))
+            sentences.append(*sizes);
+    }
+    return sentences;
+}
 
 Result<void> checkOutputSize(qint64 width, qint64 height)
 {
@@ -117,9 +190,9 @@ Result<QByteArray> encode(const Project &project, int &screenNumber, const Progr
 
     KXPSDWriter writer(QSizeF(project.outputWidth, project.outputHeight));
     writer.setProgress(shareOf(progress, addingShare, 1));
-    if (!addLayers(writer, project, screenNumber, shareOf(progress, 0, addingShare)))
-        return QByteArray();
-    return bytesOf(writer);
+    return addLayers(writer, project, screenNumber, shareOf(progress, 0, addingShare)).and_then([&](bool isWhole) {
+        return isWhole ? bytesOf(writer) : Result<QByteArray>();
+    });
 }
 
 Result<Outcome> write(const QString &path, const Project &project, int &screenNumber, const Progress &progress)

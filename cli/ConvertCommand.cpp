@@ -1,5 +1,6 @@
 #include "cli/ConvertCommand.h"
 
+#include "app/PSDExport.h"
 #include "cli/CommandLineHost.h"
 #include "cli/FileFormat.h"
 #include "cli/Options.h"
@@ -61,15 +62,31 @@ Result<void> takeSettings(ConvertCommand &command, const QCommandLineParser &par
 }
 
 /// Stills whose file is gone leave a gap that nobody would notice; walls that cannot be drawn log it themselves.
-void tellMissingPictures(const Project &project, const QString &path, const ConvertCommand::Teller &notice)
+void tellMissingPictures(const Project &project, bool hiddenToo, const QString &path,
+                         const ConvertCommand::Teller &notice)
 {
     for (int i = 0; i < std::ssize(project.layers); ++i) {
         const Layer &layer = *project.layers[static_cast<std::size_t>(i)];
-        if (!layer.visible() || !qobject_cast<const LWStill *>(&layer))
+        if (!(layer.visible() || hiddenToo) || !qobject_cast<const LWStill *>(&layer))
             continue;
         if (const auto reason = PictureOutput::reasonForNoPicture(project, i))
             notice(path + ": " + *reason);
     }
+}
+
+void tellDifferences(const ConvertCommand &command, const Project &project, const ConvertCommand::Teller &notice)
+{
+    bool showsAllLayers = false;
+    bool isAnyLayered = false;
+    for (const QString &output : command.outputs) {
+        const Result<FileFormat> format = FileFormat::toWrite(output);
+        showsAllLayers |= format && format->isPicture && !(command.picture.layer && format->usesSettings);
+        isAnyLayered |= format && format->isLayered;
+        for (const QString &sentence : format && format->isLayered ? PSDExport::resized(project) : QStringList())
+            notice(output + ": " + sentence);
+    }
+    if (showsAllLayers)
+        tellMissingPictures(project, isAnyLayered, command.input, notice);
 }
 } // namespace
 
@@ -103,11 +120,6 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
             return done;
         written(output);
     }
-    const auto showsAllLayers = [&](const QString &output) {
-        const Result<FileFormat> format = FileFormat::toWrite(output);
-        return format && format->isPicture && !(picture.layer && format->usesSettings);
-    };
-    if (std::any_of(outputs.begin(), outputs.end(), showsAllLayers))
-        tellMissingPictures(*project, input, notice);
+    tellDifferences(*this, *project, notice);
     return {};
 }

@@ -25,10 +25,10 @@ Result<void> writePsd(const QString &path, const Project &project, const Picture
 }
 
 constexpr std::array formats{
-    FileFormat{ProjectFile::extension, false, false, &ProjectFile::read, &writeProject},
-    FileFormat{ProjectText::extension, false, false, &ProjectText::read, &writeText},
-    FileFormat{"png", true, true, nullptr, &PictureOutput::writePng},
-    FileFormat{PSDExport::extension, true, false, nullptr, &writePsd},
+    FileFormat{ProjectFile::extension, false, false, false, &ProjectFile::read, &writeProject},
+    FileFormat{ProjectText::extension, false, false, false, &ProjectText::read, &writeText},
+    FileFormat{"png", true, false, true, nullptr, &PictureOutput::writePng},
+    FileFormat{PSDExport::extension, true, true, false, nullptr, &writePsd},
 };
 
 /// ".Orv, .json, .png or .psd"

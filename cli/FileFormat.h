@@ -10,6 +10,7 @@ struct FileFormat
 {
     const char *extension;
     bool isPicture;    ///< shows the project instead of holding it
+    bool isLayered;    ///< holds every layer, hidden ones too, in its own pixels
     bool usesSettings; ///< can be a single layer, and shows what is behind the layers: PictureSettings concern it
     /// Null: files of this format are only written.
     Result<Project> (*read)(const QString &path, LayerHost &host);

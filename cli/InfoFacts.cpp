@@ -1,9 +1,9 @@
 #include "cli/InfoFacts.h"
 
 #include "app/PowerCalculator.h"
-#include "drawing/Raster.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
+#include "screen/LostWall.h"
 #include "still/LWStill.h"
 
 #include <QtNumeric>
@@ -83,7 +83,7 @@ LayerFacts factsOfLayer(const Layer &layer, qint64 divisor)
         facts.wall = factsOfWall(*screen, divisor);
         facts.width = qint64{screen->col()} * screen->panelWidth();
         facts.height = qint64{screen->row()} * screen->panelHeight();
-        facts.isTooLargeToDraw = facts.width > 0 && facts.height > 0 && !Raster::canHold(facts.width, facts.height);
+        facts.isTooLargeToDraw = LostWall::isTooLarge(facts.width, facts.height);
     }
     if (const auto *still = qobject_cast<const LWStill *>(&layer))
         facts.picture = still->ImageURL().relative;

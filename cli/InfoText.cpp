@@ -4,6 +4,7 @@
 #include "app/PowerCalculator.h"
 #include "cli/InfoFacts.h"
 #include "layer/AmpereText.h"
+#include "screen/LostWall.h"
 
 #include <QLocale>
 
@@ -110,8 +111,8 @@ QString layerText(const LayerFacts &layer, std::size_t index)
 {
     QString text = heading(layer, index);
     text += line("Position", QString("x %1, y %2").arg(figure(layer.x), figure(layer.y)));
-    const QString warning = layer.isTooLargeToDraw ? QString(", too large to draw") : QString();
-    text += line("Size", size(layer.width, layer.height) + " pixels" + warning);
+    text += line("Size", layer.isTooLargeToDraw ? LostWall::reason(layer.width, layer.height)
+                                                : size(layer.width, layer.height) + " pixels");
     if (!layer.wall)
         return text + line("Picture", layer.picture.isNull() ? QString("none") : quoted(layer.picture));
     return text + wallText(*layer.wall);

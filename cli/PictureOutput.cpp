@@ -3,7 +3,7 @@
 #include "app/Composition.h"
 #include "app/PSDExport.h"
 #include "app/PngFile.h"
-#include "drawing/Raster.h"
+#include "screen/LostWall.h"
 #include "still/LWStill.h"
 
 namespace {
@@ -24,10 +24,10 @@ std::optional<QString> reasonForNoPicture(const Layer &layer)
     }
     const qint64 width = qint64{layer.col()} * layer.panelWidth();
     const qint64 height = qint64{layer.row()} * layer.panelHeight();
-    if (Raster::canHold(width, height))
-        return std::nullopt;
-    const char *const fault = width > 0 && height > 0 ? ", too large to draw" : "";
-    return QString("it is %1 x %2 pixels%3").arg(width).arg(height).arg(QLatin1StringView(fault));
+    if (width <= 0 || height <= 0)
+        return QString("it is %1 x %2 pixels").arg(width).arg(height);
+    const bool isLost = LostWall::isTooLarge(width, height) || layer.thumbnail().isNull();
+    return isLost ? std::optional(LostWall::reason(width, height)) : std::nullopt;
 }
 } // namespace
 

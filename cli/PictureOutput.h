@@ -26,7 +26,7 @@ namespace PictureOutput {
 /// Error: that of PSDExport::write(); the message begins with the path.
 [[nodiscard]] Result<void> writePsd(const QString &path, const Project &project);
 
-/// Why a layer has no picture, told without drawing it: `layer 2 has no picture: it is 0 x 0 pixels`. Nullopt: it has
+/// Why a layer has no picture, told as `layer 2 has no picture: it is 0 x 0 pixels`. Nullopt: it has
 /// one.
 std::optional<QString> reasonForNoPicture(const Project &project, int layer);
 

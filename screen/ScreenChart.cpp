@@ -3,6 +3,7 @@
 #include "drawing/Raster.h"
 #include "layer/Logging.h"
 #include "screen/FlowPath.h"
+#include "screen/LostWall.h"
 #include "screen/PanelLabels.h"
 #include "screen/PanelPainter.h"
 
@@ -25,19 +26,14 @@ bool isAffordable(const ScreenChart &chart, const FlowPattern &flow, const PortS
     return lines * length <= longestDataPath && lines * linesPerRun <= mostCrossings;
 }
 
-bool hasPixels(qint64 width, qint64 height)
-{
-    return width > 0 && height > 0;
-}
 } // namespace
 
 QImage ScreenChart::draw(QImage old) const
 {
     QImage raster = Raster::reuse(std::move(old), wallWidth(), wallHeight());
     if (raster.isNull()) {
-        if (hasPixels(wallWidth(), wallHeight()))
-            qCWarning(lcScreen, "A wall of %lld x %lld pixels is too large to draw; make it smaller.", wallWidth(),
-                      wallHeight());
+        if (wallWidth() > 0 && wallHeight() > 0)
+            qCWarning(lcScreen, "%s.", qUtf8Printable(LostWall::sentence(label, wallWidth(), wallHeight())));
         return {};
     }
 

@@ -62,7 +62,8 @@ public:
     PanelGrid panelGrid() const { return {col, row, panelWidth, panelHeight}; }
 
     /// The chart as a raster (drawing/Raster.h) of the wall's size, in the memory of `old` where that fits and nobody
-    /// else holds it. A null image where the wall has no pixels, or more than a raster can hold; the latter is logged.
+    /// else holds it. A null image where the wall has no pixels, more than a raster can hold, or more than there is
+    /// memory for; the latter two are logged.
     /// A text whose colour is nil is not drawn.
     QImage draw(QImage old) const;
 

@@ -2,11 +2,11 @@
 
 #include "app/PowerCalculator.h"
 #include "app/windows/NumberText.h"
-#include "drawing/Raster.h"
 #include "layer/AmpereText.h"
 #include "layer/PixelBox.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
+#include "screen/LostWall.h"
 #include "screen/PortSplit.h"
 #include "still/LWStill.h"
 
@@ -100,9 +100,9 @@ QString tooLargeToDraw(const Layer &layer)
 {
     const QSize size(layer.screenSizeWidth(), layer.screenSizeHeight());
     const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
-    if (!isWall || size.isEmpty() || Raster::canHold(size.width(), size.height()))
+    if (!isWall || !LostWall::isTooLarge(size.width(), size.height()))
         return {};
-    return QString("It has %1 px, too large to be drawn; make it smaller.").arg(NumberText::size(size));
+    return LostWall::reason(size.width(), size.height()) + '.';
 }
 
 QString outsideOutput(const Layer &layer, const QSize &output)

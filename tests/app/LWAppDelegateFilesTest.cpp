@@ -52,6 +52,7 @@ TEST_F(LWAppDelegateFiles, OpeningReplacesTheLayersAndTakesTheOutputSize)
 TEST_F(LWAppDelegateFiles, AWallTooLargeToDrawIsTold)
 {
     const auto screen = std::make_shared<LWScreen>(document);
+    screen->setLabel("MAIN");
     screen->setCol(2'000'000'000);
     screen->setRow(3);
     screen->setPanelWidth(128);
@@ -63,7 +64,7 @@ TEST_F(LWAppDelegateFiles, AWallTooLargeToDrawIsTold)
     document.openProjectPre(path);
 
     EXPECT_EQ(person.failures,
-              QStringList{"Layer 0 is a wall of 256000000000 x 384 pixels, too large to draw; make it smaller."});
+              QStringList{"MAIN: 256,000,000,000 x 384 pixels are too large to draw; make the wall smaller."});
 }
 
 TEST_F(LWAppDelegateFiles, OpeningTwiceDoesNotMerge)

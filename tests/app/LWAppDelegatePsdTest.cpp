@@ -1,3 +1,4 @@
+#include "still/LWStill.h"
 #include "tests/app/DocumentFixture.h"
 #include "tests/app/LayeredFile.h"
 #include "tests/app/LogLines.h"
@@ -113,6 +114,27 @@ TEST_F(LWAppDelegatePsd, AnImpossibleSizeIsToldBeforeThePanel)
                                            "30000 on a side; change the output's size"});
     EXPECT_EQ(log.lines().size(), 1);
     EXPECT_EQ(files(), QString());
+}
+
+TEST_F(LWAppDelegatePsd, WhatTheFileHasOtherwiseIsTold)
+{
+    QImage picture(4, 3, QImage::Format_RGB32);
+    picture.fill(Qt::yellow);
+    const auto logo = LWStill::initWithimage(document, picture);
+    logo->setLabel("LOGO");
+    logo->setPanelWidth(8);
+    logo->drawInRect();
+    const auto gone = LWStill::initWithimage(document, {});
+    gone->setLabel("GONE");
+    gone->setVisible(false);
+    setLayers({logo, gone, nameless()});
+    person.savePanelAnswer = folder.filePath("wall");
+
+    document.savePSD();
+
+    EXPECT_EQ(person.statuses,
+              QStringList{"Exported wall.psd. LOGO went in at its own size, 4 x 3; on the output it is "
+                          "8 x 3. GONE is left out: it names no file"});
 }
 
 TEST_F(LWAppDelegatePsd, ProgressIsShownToItsEnd)

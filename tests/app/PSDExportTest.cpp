@@ -206,6 +206,52 @@ TEST_F(PSDExportTest, ALayerWithoutPictureIsNamedAndLeftOut)
     EXPECT_EQ(missing->label(), "Untitled 1");
 }
 
+TEST_F(PSDExportTest, AVisibleWallThatIsLostFailsTheExport)
+{
+    const LayerPointer wall = solidScreen(Colour{0, 1, 0, 1}, QRect(0, 0, 6, 3));
+    wall->setLabel("MAIN");
+    wall->setThumbnail({}); // what a rendering leaves that got no memory
+    EXPECT_EQ(errorOf(PSDExport::encode(project({still("A"), wall}), screenNumber)),
+              "MAIN: there is not enough memory to draw 6 x 3 pixels; close other programs or make the wall smaller");
+    EXPECT_EQ(PSDExport::leftOut(project({still("A"), wall})).size(), 1);
+
+    wall->setPanelWidth(40'000);
+    wall->drawInRect();
+    EXPECT_EQ(errorOf(PSDExport::encode(project({still("A"), wall}), screenNumber)),
+              "MAIN: 40,000 x 3 pixels are too large to draw; make the wall smaller");
+
+    wall->setVisible(false);
+    EXPECT_EQ(exported({still("A"), wall}).names(), QStringList{"A"});
+    EXPECT_EQ(PSDExport::leftOut(project({still("A"), wall})),
+              QStringList{"MAIN: 40,000 x 3 pixels are too large to draw; make the wall smaller"});
+}
+
+TEST_F(PSDExportTest, AWallWithoutPixelsIsNotLost)
+{
+    const LayerPointer wall = solidScreen(Colour{0, 1, 0, 1}, QRect(0, 0, 6, 0));
+    EXPECT_EQ(exported({still("A"), wall}).names(), QStringList{"A"});
+    EXPECT_EQ(PSDExport::leftOut(project({wall})), QStringList());
+}
+
+TEST_F(PSDExportTest, PicturesInAnotherSizeThanTheOutputShowsAreTold)
+{
+    const LayerPointer scaled = still("LOGO", {2, 1});
+    scaled->setPanelWidth(6);
+    scaled->setPanelHeight(4);
+    scaled->drawInRect();
+    const LayerPointer outside = still("FAR", {7, 1});
+    outside->setPanelWidth(6);
+    outside->drawInRect();
+    const auto missing = LWStill::initWithimage(document, {});
+    missing->setImageURL({"logo.png", {}});
+    missing->setVisible(false);
+
+    EXPECT_EQ(PSDExport::resized(project({scaled, still("B"), outside, missing})),
+              QStringList{"LOGO went in at its own size, 3 x 2; on the output it is 6 x 4"});
+    EXPECT_EQ(PSDExport::leftOut(project({scaled, missing})),
+              QStringList{"A picture without a name is left out: \"logo.png\" is missing or no picture"});
+}
+
 TEST_F(PSDExportTest, NothingToShowIsAnError)
 {
     const QString expected = "No visible layers in the document; put a layer with a picture on the output";

@@ -81,6 +81,43 @@ TEST_F(ConvertLayeredTest, AMissingPictureIsTold)
     EXPECT_EQ(runCommand({"convert", input, path("a.png"), path("out.psd"), "--layer", "1"}).err, notice);
 }
 
+TEST_F(ConvertLayeredTest, AMissingPictureOfAHiddenLayerIsTold)
+{
+    const QByteArray still = R"({"class": "LWStill", "ImageURL": "file:///no/such/logo.png", "visible": false})";
+    const QString input = show(still + ", " + plainWall());
+
+    EXPECT_EQ(runCommand({"convert", input, path("out.psd")}).err,
+              input + ": layer 0 has no picture: \"file:///no/such/logo.png\" is missing or no picture\n");
+    EXPECT_EQ(runCommand({"convert", input, path("a.png")}).err, QString());
+}
+
+TEST_F(ConvertLayeredTest, APictureThatTheOutputShowsInAnotherSizeIsTold)
+{
+    QImage logo(4, 3, QImage::Format_RGB32);
+    logo.fill(Qt::yellow);
+    ASSERT_TRUE(logo.save(path("logo.png")));
+    const QString input = show(R"({"class": "LWStill", "label": "LOGO", "ImageURL": "logo.png", "panelWidth": 8,
+                                   "panelHeight": 6})");
+
+    const Outcome outcome = runCommand({"convert", input, path("out.psd"), path("out.png")});
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, path("out.psd") + ": LOGO went in at its own size, 4 x 3; on the output it is 8 x 6\n");
+}
+
+TEST_F(ConvertLayeredTest, AVisibleWallThatIsLostFails)
+{
+    const Outcome outcome =
+        runCommand({"convert", show(R"({"class": "LWScreen", "label": "MAIN", "col": 2000000000, "row": 1,
+                                        "panelWidth": 10, "panelHeight": 10})"),
+                    path("out.psd")});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              path("out.psd") + ": MAIN: 20,000,000,000 x 10 pixels are too large to draw; make the wall smaller\n");
+    EXPECT_EQ(names(), QStringList{"show.json"});
+}
+
 TEST_F(ConvertLayeredTest, AnOutputLargerThanTheFormatFailsAndLeavesTheOldFile)
 {
     const QString input =

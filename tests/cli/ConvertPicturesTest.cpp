@@ -119,8 +119,8 @@ TEST_F(ConvertPicturesTest, AWallOfTwoBillionColumnsHasNoPictureButAnOutputAndAP
     const Outcome whole = runCommand({"convert", input, path("b.png"), path("b.Orv")});
 
     EXPECT_EQ(alone.status, 1);
-    EXPECT_EQ(alone.err, path("a.png") + ": layer 0 has no picture: it is 20000000000 x 20000000000 pixels, too large "
-                                         "to draw\n");
+    EXPECT_EQ(alone.err, path("a.png") + ": layer 0 has no picture: 20,000,000,000 x 20,000,000,000 pixels are too "
+                                         "large to draw; make the wall smaller\n");
     EXPECT_EQ(whole.status, 0);
     EXPECT_EQ(picture("b.png").size(), QSize(40, 30));
     EXPECT_EQ(names(), QStringList({"b.Orv", "b.png", "show.json"}));

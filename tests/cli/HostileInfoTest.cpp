@@ -23,7 +23,8 @@ TEST_F(HostileInfoTest, TwoBillionColumnsAreToldAtOnceAsTooLargeToDraw)
     const QString info = infoOf(R"("col": 2000000000, "row": 2000000000, "pixelLimit": 600000000000,
                                    "hiddenBoxes": ["1999999999,1999999999", "2000000000,0"])");
 
-    EXPECT_TRUE(info.contains("  Size       20,000,000,000 x 20,000,000,000 pixels, too large to draw\n"));
+    EXPECT_TRUE(info.contains(
+        "  Size       20,000,000,000 x 20,000,000,000 pixels are too large to draw; make the wall smaller\n"));
     EXPECT_TRUE(info.contains("4,000,000,000,000,000,000 in all, 1 of them hidden\n"));
     EXPECT_TRUE(
         info.contains("  Ports      666,666,667, limit 600,000,000,000 pixels\n"

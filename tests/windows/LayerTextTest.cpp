@@ -109,7 +109,7 @@ TEST_F(LayerTextTest, AWallThatIsTooLargeToBeDrawnIsTold)
     layer->drawInRect();
     EXPECT_TRUE(layer->thumbnail().isNull());
     EXPECT_EQ(LayerText::warnings(*layer, output),
-              QStringList("It has 32,896 × 320 px, too large to be drawn; make it smaller."));
+              QStringList("32,896 x 320 pixels are too large to draw; make the wall smaller."));
     layer->setXpoint(1920);
     EXPECT_EQ(LayerText::warnings(*layer, output).size(), 2);
 }
