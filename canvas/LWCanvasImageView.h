@@ -4,6 +4,7 @@
 #include "canvas/CanvasFrame.h"
 #include "canvas/CanvasPicture.h"
 #include "canvas/JXSelectionBorder.h"
+#include "canvas/PanelPainting.h"
 
 #include <QColor>
 #include <QImage>
@@ -50,7 +51,7 @@ public:
 
     enum class Tool
     {
-        Panels, ///< clicks on the selected layer go to it; the marker moves and resizes a still
+        Panels, ///< clicks on the selected layer go to it, see PanelPainting; the marker moves and resizes a still
         Arrange ///< a press selects the topmost layer, a drag moves the selected ones; see Arranging
     };
     Q_ENUM(Tool)
@@ -138,6 +139,7 @@ private:
 
     QPointF placeOf(const QSinglePointEvent &event) const;
     void mouseDown(const QPointF &widgetPoint);
+    void pressPixel(const LayerPointer &layer, const QPoint &pixel);
     void mouseUp();
     void endDrag(const MouseLocation &location);
     void endPress(const MouseLocation &location);
@@ -158,7 +160,7 @@ private:
     void stepZoom(int steps, const QPointF &widgetPoint);
     void zoomAt(double zoom, const QPointF &widgetPoint);
     QPointF middle() const { return QRectF(rect()).center(); }
-    bool isDragged() const { return m_panFrom || m_arranging || m_cropMarker.isTracking(); }
+    bool isDragged() const { return m_panFrom || m_arranging || m_painting || m_cropMarker.isTracking(); }
     void panTo(const QPointF &widgetPoint);
     bool nativeGesture(const QNativeGestureEvent &event);
     void claimSpaceBar(bool claims);
@@ -173,6 +175,8 @@ private:
     void trackArranging(bool attracts);
     void endArranging();
     void cancelArranging();
+    void paintPanels(bool asRectangle);
+    bool isShaking(const std::optional<QPointF> &press) const;
     void arrange(const std::function<void(Arranging &)> &act);
     LayerPointer layerUnderPointer() const;
     std::optional<Hover> hover() const;
@@ -209,9 +213,11 @@ private:
     bool m_isAltHeld = false;
     Tool m_chosenTool = Tool::Panels;
     Tool m_tool = Tool::Panels;
-    std::shared_ptr<Arranging> m_arranging; ///< layers that are held; null: none
-    std::optional<Click> m_click;           ///< while they are not dragged yet
-    std::optional<Hover> m_hover;           ///< as it was last painted, or is going to be
-    int m_wheelRest = 0;                    ///< turned less than a step
-    double m_pinchZoom = 0;                 ///< what the fingers have reached; 0: none pinch
+    std::shared_ptr<Arranging> m_arranging;    ///< layers that are held; null: none
+    std::optional<Click> m_click;              ///< while they are not dragged yet
+    std::shared_ptr<PanelPainting> m_painting; ///< panels of a wall that is held; null: none
+    std::optional<QPointF> m_shakenFrom;       ///< in the widget; while that is a click and no drag
+    std::optional<Hover> m_hover;              ///< as it was last painted, or is going to be
+    int m_wheelRest = 0;                       ///< turned less than a step
+    double m_pinchZoom = 0;                    ///< what the fingers have reached; 0: none pinch
 };

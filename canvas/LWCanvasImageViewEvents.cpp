@@ -3,6 +3,7 @@
 #include "canvas/Logging.h"
 #include "layer/NearestInt.h"
 #include "layer/PixelBox.h"
+#include "screen/LWScreen.h"
 #include "still/LWStill.h"
 
 #include <QKeyEvent>
@@ -13,6 +14,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 constexpr int wheelStep = 120;
@@ -78,13 +80,22 @@ void LWCanvasImageView::mouseDown(const QPointF &widgetPoint)
 
     lockAspect(*layer);
     if (isInFrame(widgetPoint)) {
-        const QPoint pixel = outputPixel(widgetPoint);
-        layer->onImageClick(pixel.x(), pixel.y());
-        m_document.finishEdit("Switch Panel", {});
+        pressPixel(layer, outputPixel(widgetPoint));
         update();
     }
     if (isStill(*layer))
         m_cropMarker.selectAndTrackMouseWithEvent(locationOf(widgetPoint), layer);
+}
+
+void LWCanvasImageView::pressPixel(const LayerPointer &layer, const QPoint &pixel)
+{
+    if (const auto wall = std::dynamic_pointer_cast<LWScreen>(layer)) {
+        m_painting = std::make_shared<PanelPainting>(m_document, wall, pixel);
+        m_shakenFrom = m_pointer;
+        return;
+    }
+    layer->onImageClick(pixel.x(), pixel.y());
+    m_document.update(nullptr);
 }
 
 /// A still's marker belongs to it, also where it stands beside the still.
@@ -133,6 +144,8 @@ void LWCanvasImageView::cancelDrag()
 {
     if (m_arranging)
         return cancelArranging();
+    if (m_painting)
+        return std::exchange(m_painting, nullptr)->cancel();
     m_cropMarker.cancelTracking();
     m_document.redrawMarker(); // it may have been drawn elsewhere meanwhile
     update();
@@ -168,6 +181,8 @@ void LWCanvasImageView::mouseMoveEvent(QMouseEvent *event)
     m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
     if (m_panFrom)
         panTo(place);
+    else if (m_painting)
+        paintPanels(event->modifiers().testFlag(Qt::ShiftModifier));
     else if (isDragged() && !m_isPressed)
         cancelDrag();
     else if (m_arranging)
@@ -200,6 +215,8 @@ void LWCanvasImageView::endPress(const MouseLocation &location)
 {
     if (m_arranging)
         endArranging();
+    else if (m_painting)
+        std::exchange(m_painting, nullptr)->finish();
     else if (m_cropMarker.isTracking())
         endDrag(location);
     else if (m_tool == Tool::Panels)

@@ -44,7 +44,7 @@ bool LWCanvasImageView::takesShortcut(int key) const
 
 void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && (m_arranging || m_cropMarker.isTracking()))
+    if (event->key() == Qt::Key_Escape && (m_arranging || m_painting || m_cropMarker.isTracking()))
         cancelDrag();
     else if (event->key() == Qt::Key_Space)
         takeSpaceBar(true);
@@ -52,6 +52,8 @@ void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
         takeAlt(true);
     else if (event->key() == Qt::Key_Control && m_arranging)
         trackArranging(false);
+    else if (event->key() == Qt::Key_Shift && m_painting)
+        paintPanels(true);
     else if (!m_isPressed && !nudge(*event))
         QWidget::keyPressEvent(event);
 }
@@ -75,6 +77,8 @@ void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
         takeAlt(false);
     else if (event->key() == Qt::Key_Control && m_arranging)
         trackArranging(true);
+    else if (event->key() == Qt::Key_Shift && m_painting)
+        paintPanels(false);
     else
         QWidget::keyReleaseEvent(event);
 }

@@ -10,7 +10,7 @@
 namespace {
 /// How far lines attract, in logical pixels of the view.
 constexpr double reachOfLines = 6;
-/// From where on a press is a drag, in logical pixels: a click may shake.
+/// From where on a press is a drag, in logical pixels.
 constexpr double leastDrag = 3;
 } // namespace
 
@@ -53,7 +53,7 @@ void LWCanvasImageView::beginArranging(const QPointF &widgetPoint, Qt::KeyboardM
 
 void LWCanvasImageView::trackArranging(bool attracts)
 {
-    if (!m_pointer || (m_click && QLineF(m_click->place, *m_pointer).length() < leastDrag))
+    if (!m_pointer || (m_click && isShaking(m_click->place)))
         return;
     m_click.reset();
     const QPoint pixel = outputPixel(*m_pointer);
@@ -90,6 +90,27 @@ void LWCanvasImageView::arrange(const std::function<void(Arranging &)> &act)
     update();
 }
 
+/// What a lost release leaves is seen, and stays.
+void LWCanvasImageView::paintPanels(bool asRectangle)
+{
+    const std::shared_ptr<PanelPainting> painting = m_painting;
+    if (!m_isPressed) {
+        m_painting.reset();
+        return painting->finish();
+    }
+    if (!m_pointer || isShaking(m_shakenFrom))
+        return;
+    m_shakenFrom.reset();
+    painting->track(outputPixel(*m_pointer),
+                    asRectangle ? PanelPainting::Shape::Rectangle : PanelPainting::Shape::Stroke);
+}
+
+/// Whether the pointer has not gone far enough from a press for a drag; a click may shake.
+bool LWCanvasImageView::isShaking(const std::optional<QPointF> &press) const
+{
+    return press && QLineF(*press, *m_pointer).length() < leastDrag;
+}
+
 LayerPointer LWCanvasImageView::layerUnderPointer() const
 {
     const bool isOverOutput = m_pointer && !m_frame.place().isEmpty();
@@ -98,7 +119,8 @@ LayerPointer LWCanvasImageView::layerUnderPointer() const
 
 std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
 {
-    if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || isDragged() || !isInFrame(*m_pointer))
+    if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || (isDragged() && !m_painting) ||
+        !isInFrame(*m_pointer))
         return std::nullopt;
     const LayerPointer layer = m_document.selectedLayer();
     const auto *screen = qobject_cast<const LWScreen *>(layer.get());

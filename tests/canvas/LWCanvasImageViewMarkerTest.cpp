@@ -33,11 +33,11 @@ TEST_F(LWCanvasImageViewMarker, ThePressUpdatesFirstAndTheReleaseLater)
 {
     selectStill({300, 200}, {600, 300});
     press({150, 100});
-    EXPECT_EQ(document.calls, QStringList("finishEdit Switch Panel"));
+    EXPECT_EQ(document.calls, QStringList("update"));
     release({160, 105});
-    EXPECT_EQ(document.calls, QStringList("finishEdit Switch Panel"));
+    EXPECT_EQ(document.calls, QStringList("update"));
     settle();
-    EXPECT_EQ(document.calls, QStringList({"finishEdit Switch Panel", "finishEdit Move Image"}));
+    EXPECT_EQ(document.calls, QStringList({"update", "finishEdit Move Image"}));
 }
 
 TEST_F(LWCanvasImageViewMarker, TheMarkerIsTakenHoldOfWhereTheUpdateHasPutIt)

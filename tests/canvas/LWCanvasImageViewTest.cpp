@@ -45,7 +45,7 @@ TEST_F(LWCanvasImageViewTest, AClickReachesTheLayerInOutputPixels)
 {
     document.layer = std::make_shared<ClickedLayer>(document);
     press({10, 20});
-    EXPECT_EQ(document.calls, QStringList({"click 30,60", "finishEdit Switch Panel"}));
+    EXPECT_EQ(document.calls, QStringList({"click 30,60", "update"}));
     document.calls.clear();
     release({10, 20});
     EXPECT_EQ(document.calls, QStringList("update"));
@@ -150,13 +150,6 @@ TEST_F(LWCanvasImageViewTest, TheHandlesOfASelectedStillAreOfIt)
     EXPECT_FALSE(view.cropMarker().isTracking());
     EXPECT_EQ(document.layer, document.all[0]);
     release(corner + QPointF(30, 30));
-}
-
-TEST_F(LWCanvasImageViewTest, DraggingOverPanelsSwitchesOnlyTheFirst)
-{
-    const LWScreen &screen = selectScreen();
-    drag({50, 50}, {200, 150});
-    EXPECT_EQ(screen.hiddenBoxes(), QStringList("1,1"));
 }
 
 TEST_F(LWCanvasImageViewTest, AClickOnAScreenNeitherMovesNorShowsTheMarker)

@@ -58,6 +58,32 @@ TEST_F(MainWindowEditingTest, AClickOnAPanelSwitchesItOffAndIsOneStep)
     EXPECT_EQ(panelsOff(), QStringList("1,2"));
 }
 
+TEST_F(MainWindowEditingTest, ADragOverPanelsIsOneStepAndWithEscapeNone)
+{
+    const auto dragOverPanels = [this] {
+        QTest::mousePress(&canvas(), Qt::LeftButton, {}, onCanvas(64, 64));
+        for (const double x : {64.0 + 128, 64.0 + 256}) {
+            const QPointF place = onCanvas(x, 64);
+            QMouseEvent move(QEvent::MouseMove, place, canvas().mapToGlobal(place), Qt::NoButton, Qt::LeftButton, {});
+            QApplication::sendEvent(&canvas(), &move);
+            window.document().timerupdate();
+            window.document().update();
+        }
+        EXPECT_EQ(panelsOff(), QStringList({"0,0", "0,1", "0,2"}));
+    };
+    dragOverPanels();
+    QTest::keyClick(&canvas(), Qt::Key_Escape);
+    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, onCanvas(320, 64));
+    EXPECT_EQ(panelsOff(), QStringList());
+    EXPECT_EQ(window.document().undoStack().count(), 0);
+    dragOverPanels();
+    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, onCanvas(320, 64));
+    EXPECT_EQ(window.document().undoStack().count(), 1);
+    EXPECT_EQ(undoText(), "Switch Panels");
+    press(Qt::Key_Z, Qt::ControlModifier, {});
+    EXPECT_EQ(panelsOff(), QStringList());
+}
+
 TEST_F(MainWindowEditingTest, TheStatusLineReadsOutPixelPanelAndColour)
 {
     QTest::mouseMove(&canvas(), onCanvas(2.5 * 128, 1.5 * 128));

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "screen/LWScreen.h"
+
+#include <QPoint>
+#include <QStringList>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class CanvasDocument;
+
+/// A press on a panel of a wall and a drag from there over others. The press switches its panel, as a click does; the
+/// drag gives the others the state that this one got. Main thread only.
+class PanelPainting
+{
+public:
+    /// A press at an output pixel of the wall, which is the selected layer. `document` outlives this.
+    PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen> wall, const QPoint &pixel);
+
+    enum class Shape
+    {
+        Stroke,   ///< all panels that the pointer has come over
+        Rectangle ///< those between the press and the pointer
+    };
+    /// The pointer is at that pixel, which may lie beside the wall. Where other panels are painted than before, the
+    /// document is told to update().
+    void track(const QPoint &pixel, Shape shape);
+    /// Makes it one edit.
+    void finish();
+    /// All panels are as they were.
+    void cancel();
+
+private:
+    using Panel = LWScreen::Panel;
+
+    Panel placeOf(const QPoint &pixel) const;
+    void strokeTo(const Panel &place);
+    std::vector<Panel> rectangleTo(const Panel &place) const;
+    void paint(const std::vector<Panel> &panels);
+
+    CanvasDocument &m_document;
+    std::shared_ptr<LWScreen> m_wall;
+    std::optional<QStringList> m_keysAtPress;
+    std::optional<Panel> m_first; ///< under the press; none: the wall has no panels to paint
+    bool m_switchesOff = false;
+    std::vector<Panel> m_stroke;
+    Panel m_place; ///< where the pointer is; beside the wall one further
+    Shape m_shape = Shape::Stroke;
+    std::size_t m_painted = 1; ///< panels
+};
