@@ -37,9 +37,10 @@ public:
     bool isFitted() const { return m_isFitted; }
     /// Device pixels per output pixel; 0 where there is nothing to show.
     double zoom() const;
+    /// What fit() makes of the output, whatever the zoom is.
+    QSize fittedSize() const;
 
 private:
-    QSize fittedSize() const;
     QSize sizeAt(double zoom) const;
     double leastZoom() const;
     double step(double zoom, bool isLarger) const;

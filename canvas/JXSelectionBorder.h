@@ -87,6 +87,9 @@ public:
     /// Output pixels that a move goes for one unit of the mouse. The still sets it, see LWStill::drawInRect().
     float kScaleFactor() const { return m_kScaleFactor; }
     void setKScaleFactor(float factor) { m_kScaleFactor = factor; }
+    /// Units of the view per output pixel. With them the marker moves and resizes its still by the output pixels that
+    /// the mouse goes; empty: by the factor, and by the scale that the still knows.
+    void setExactScale(const QSizeF &unitsPerPixel) { m_exactScale = unitsPerPixel; }
 
     /// Paints the marker, as far as it lies in `visibleRect`, unless it is hidden. The painter works in the view's
     /// coordinates.
@@ -125,12 +128,14 @@ public:
     {
         QPointF inWindow; ///< origin at the window's bottom left, y up
         QPointF inView;
+        QPoint pixel = {}; ///< of the output
     };
     /// What a drag has led to, to be applied on a later turn of the event loop.
     struct Outcome
     {
         std::shared_ptr<LWStill> still; ///< null: nothing to apply
         std::optional<QSizeF> size;     ///< of the rectangle, after resizing
+        QSizeF exactScale = {};         ///< see setExactScale()
     };
 
     /// A press. Inside the rectangle and on no handle the layer moves with the mouse, if it is a still; elsewhere the
@@ -158,10 +163,11 @@ public:
 private:
     double ratio() const;
     void resizeLocked(QRectF &rectangle, Handle handle, const QPointF &point) const;
-    static QSize sizeOfStill(const LWStill &still, const QSizeF &size);
+    static QSize sizeOfStill(const LWStill &still, const QSizeF &size, const QSizeF &exactScale);
     void moveWithEvent(const MouseLocation &press, const LayerPointer &layer);
     void resizeWithEvent(Handle handle, const LayerPointer &layer);
     int moved(int place, double from, double to) const;
+    QPoint movedBy(const QPoint &pixels) const;
 
     QRectF m_selectedRect{0, 0, 0, 0};
     QSizeF m_minSize{100, 100};
@@ -178,12 +184,15 @@ private:
     Colour m_fillColor;
     bool m_hide = false;
     float m_kScaleFactor = 0;
+    QSizeF m_exactScale;
 
     std::shared_ptr<LWStill> m_still; ///< that is being dragged
     bool m_isMove = false;            ///< it moves; else it is resized
     Handle m_heldHandle = Handle::None;
     QRectF m_rectAtPress;
     QPointF m_press; ///< in the window
+    QPoint m_pressPixel;
+    QPointF m_handleAtPress;
     QPoint m_placeAtPress;
     QPoint m_movedTo;
 };

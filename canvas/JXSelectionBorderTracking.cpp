@@ -27,6 +27,7 @@ void JXSelectionBorder::selectAndTrackMouseWithEvent(const MouseLocation &press,
         return;
     Handle handle = Handle::None;
     m_rectAtPress = m_selectedRect;
+    m_pressPixel = press.pixel;
     if (mouseIsInFrame(press.inView, handle) && handle == Handle::None)
         moveWithEvent(press, layer);
     else
@@ -51,6 +52,7 @@ void JXSelectionBorder::resizeWithEvent(Handle handle, const LayerPointer &layer
     m_still = std::dynamic_pointer_cast<LWStill>(layer);
     m_isMove = false;
     m_heldHandle = handle;
+    m_handleAtPress = locationOfHandle(handle, m_selectedRect);
 }
 
 /// A coordinate of the still after the mouse went that way along its axis; the mouse counts in whole units.
@@ -60,11 +62,25 @@ int JXSelectionBorder::moved(int place, double from, double to) const
     return truncated(double(place) + truncated(double{way}));
 }
 
+QPoint JXSelectionBorder::movedBy(const QPoint &pixels) const
+{
+    return {nearestInt(qint64{m_placeAtPress.x()} + pixels.x()), nearestInt(qint64{m_placeAtPress.y()} + pixels.y())};
+}
+
 void JXSelectionBorder::trackMouse(const MouseLocation &drag, const QRectF &viewBounds)
 {
-    if (m_isMove)
+    const bool isExact = !m_exactScale.isEmpty();
+    const QPoint pixels = drag.pixel - m_pressPixel;
+    if (m_isMove && isExact)
+        m_movedTo = movedBy(pixels);
+    else if (m_isMove)
         m_movedTo = {moved(m_placeAtPress.x(), m_press.x(), drag.inWindow.x()),
                      moved(m_placeAtPress.y(), drag.inWindow.y(), m_press.y())};
+    else if (isExact)
+        m_heldHandle = resizeByMovingHandle(
+            m_heldHandle,
+            m_handleAtPress + QPointF(pixels.x() * m_exactScale.width(), pixels.y() * m_exactScale.height()),
+            viewBounds);
     else
         m_heldHandle = resizeByMovingHandle(m_heldHandle, drag.inView, viewBounds);
 }
@@ -73,7 +89,7 @@ JXSelectionBorder::Outcome JXSelectionBorder::endTracking(const MouseLocation &r
 {
     trackMouse(release, viewBounds);
     m_drawingHandles = true;
-    Outcome outcome{std::exchange(m_still, nullptr), {}};
+    Outcome outcome{std::exchange(m_still, nullptr), {}, m_exactScale};
     if (m_isMove) {
         outcome.still->setXpoint(m_movedTo.x());
         outcome.still->setYpoint(m_movedTo.y());
@@ -95,7 +111,7 @@ void JXSelectionBorder::apply(const Outcome &outcome, CanvasDocument &document)
     if (!outcome.still)
         return;
     if (outcome.size) {
-        const QSize size = sizeOfStill(*outcome.still, *outcome.size);
+        const QSize size = sizeOfStill(*outcome.still, *outcome.size, outcome.exactScale);
         outcome.still->setPanelWidth(size.width());
         outcome.still->setPanelHeight(size.height());
     }
@@ -103,8 +119,11 @@ void JXSelectionBorder::apply(const Outcome &outcome, CanvasDocument &document)
 }
 
 /// The size in output pixels that a rectangle gives a still. A canvas too small to have a scale gives none: it stays.
-QSize JXSelectionBorder::sizeOfStill(const LWStill &still, const QSizeF &size)
+QSize JXSelectionBorder::sizeOfStill(const LWStill &still, const QSizeF &size, const QSizeF &exactScale)
 {
+    if (!exactScale.isEmpty())
+        return {truncated(std::round(size.width() / exactScale.width())),
+                truncated(std::round(size.height() / exactScale.height()))};
     const float scale = still.calculateCoeff().coefficient;
     if (scale <= 0)
         return {still.panelWidth(), still.panelHeight()};
@@ -119,5 +138,5 @@ std::optional<JXSelectionBorder::Place> JXSelectionBorder::trackedPlace() const
         return Place{m_movedTo, {m_still->panelWidth(), m_still->panelHeight()}};
     if (m_heldHandle == Handle::None)
         return std::nullopt;
-    return Place{{m_still->xpoint(), m_still->ypoint()}, sizeOfStill(*m_still, m_selectedRect.size())};
+    return Place{{m_still->xpoint(), m_still->ypoint()}, sizeOfStill(*m_still, m_selectedRect.size(), m_exactScale)};
 }

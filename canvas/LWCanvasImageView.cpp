@@ -46,8 +46,25 @@ void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
 {
     if (rectangle.width() == 0 || m_cropMarker.isTracking())
         return;
-    m_cropMarker.setSelectedRect(rectangle);
+    const LayerPointer layer = m_document.selectedLayer();
+    const bool isExact = layer && !m_frame.isFitted() && !m_frame.place().isEmpty();
+    m_cropMarker.setExactScale(isExact ? unitsPerPixel() : QSizeF());
+    m_cropMarker.setSelectedRect(isExact ? exactRectangle(*layer) : rectangle);
     update();
+}
+
+/// Of the view, per output pixel.
+QSizeF LWCanvasImageView::unitsPerPixel() const
+{
+    const QSizeF frameSize = frame().size();
+    return {frameSize.width() / m_frame.output().width(), frameSize.height() / m_frame.output().height()};
+}
+
+QRectF LWCanvasImageView::exactRectangle(const Layer &layer) const
+{
+    const QSizeF scale = unitsPerPixel();
+    return {layer.xpoint() * scale.width(), layer.ypoint() * scale.height(), layer.screenSizeWidth() * scale.width(),
+            layer.screenSizeHeight() * scale.height()};
 }
 
 void LWCanvasImageView::showRectangle()
@@ -101,7 +118,7 @@ void LWCanvasImageView::takeRoom()
 
 void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 {
-    const bool isOtherSize = frame.place().size() != m_frame.place().size();
+    const bool isOtherSize = frame.place().size() != m_frame.place().size() || frame.isFitted() != m_frame.isFitted();
     const bool isOtherOutput = frame.output() != m_frame.output();
     const bool isOther = isOtherOutput || frame.place() != m_frame.place();
     m_frame = frame;

@@ -65,8 +65,11 @@ public:
     /// Lets go of the picture; showOutput() follows before the next painting.
     void releaseOutput() { m_picture.release(); }
 
-    /// The output's place in the widget; its size is what LayerHost::canvasFrameSize() tells. Empty without an output.
+    /// The output's place in the widget; empty without an output.
     QRectF frame() const;
+    /// Its size where the whole output is fitted into the widget, whatever the zoom: what LayerHost::canvasFrameSize()
+    /// tells.
+    QSizeF fittedSize() const { return QSizeF(m_frame.fittedSize()) / m_pixelRatio; }
     /// The same in device pixels, from the first whole one in the widget on.
     const CanvasFrame &deviceFrame() const { return m_frame; }
 
@@ -76,8 +79,8 @@ public:
     Tool tool() const { return m_tool; }
 
     JXSelectionBorder &cropMarker() { return m_cropMarker; }
-    /// Puts the marker there, in view coordinates; one of no width stays where it is. During a drag it is in the
-    /// person's hand and stays there.
+    /// Puts the marker there, in coordinates of the fitted view; one of no width stays where it is. At another zoom it
+    /// stands around the selected layer's exact pixels. During a drag it is in the person's hand and stays there.
     void drawRectangle(const QRectF &rectangle);
     void showRectangle();
     void hideRectangle();
@@ -152,6 +155,8 @@ private:
     bool isInFrame(const QPointF &widgetPoint) const;
     QPointF devicePoint(const QPointF &widgetPoint) const;
     MouseLocation locationOf(const QPointF &widgetPoint) const;
+    QSizeF unitsPerPixel() const;
+    QRectF exactRectangle(const Layer &layer) const;
     QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }
     QPoint outputPixel(const QPointF &widgetPoint) const;
 

@@ -37,7 +37,8 @@ QPointF LWCanvasImageView::placeOf(const QSinglePointEvent &event) const
 LWCanvasImageView::MouseLocation LWCanvasImageView::locationOf(const QPointF &widgetPoint) const
 {
     const QPointF inWindow = mapTo(window(), widgetPoint);
-    return {{inWindow.x(), window()->height() - inWindow.y()}, widgetPoint - frame().topLeft()};
+    return {
+        {inWindow.x(), window()->height() - inWindow.y()}, widgetPoint - frame().topLeft(), outputPixel(widgetPoint)};
 }
 
 /// A pointer stands on a whole one. Logical pixels, which it is told in, lose some digits of that.

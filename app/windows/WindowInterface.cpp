@@ -189,7 +189,7 @@ bool WindowInterface::showProgress(const QString &what, double done)
 
 QSizeF WindowInterface::canvasFrameSize() const
 {
-    return m_canvas ? m_canvas->frame().size() : QSizeF(0, 0);
+    return m_canvas ? m_canvas->fittedSize() : QSizeF(0, 0);
 }
 
 void WindowInterface::setKScaleFactor(float factor)

@@ -35,7 +35,7 @@ public:
     qint64 phaseCalc() const override { return 1; }
     void setPhaseCalc(qint64) override {}
     int popupIndex() const override { return 0; }
-    QSizeF canvasFrameSize() const override { return view ? view->frame().size() : frameWithoutView; }
+    QSizeF canvasFrameSize() const override { return view ? view->fittedSize() : frameWithoutView; }
     void setKScaleFactor(float factor) override;
     void drawRectangle(const QRectF &rectangle) override;
     void hideRectangle() override;

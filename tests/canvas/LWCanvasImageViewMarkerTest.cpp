@@ -161,3 +161,58 @@ TEST_F(LWCanvasImageViewMarker, AnotherFrameCallsADragOffAndRedrawsTheMarker)
     settle();
     EXPECT_EQ(still.panelWidth(), 600);
 }
+
+TEST_F(LWCanvasImageViewMarker, TheFactorIsThatOfTheFittedFrameWhateverTheZoom)
+{
+    const LWStill &still = selectStill({900, 500}, {200, 100});
+    const float factor = view.cropMarker().kScaleFactor();
+    EXPECT_NEAR(factor, 2 - 0.33472803, 1e-6);
+    view.setZoom(300);
+    EXPECT_EQ(document.canvasFrameSize(), QSizeF(640, 360));
+    EXPECT_NEAR(still.calculateCoeff().coefficient, 0.33472803, 1e-6);
+    EXPECT_EQ(view.cropMarker().kScaleFactor(), factor);
+}
+
+TEST_F(LWCanvasImageViewMarker, AtAChosenZoomItGoesByExactOutputPixels)
+{
+    const LWStill &still = selectStill({900, 500}, {200, 100});
+    for (const int zoom : {1, 2, 3}) {
+        view.setZoom(100 * zoom);
+        const QPoint place(still.xpoint(), still.ypoint());
+        const QPointF middle = view.cropMarker().selectedRect().center() + QPointF(7, 7);
+        const QPointF way(zoom * 12 / ratio(), zoom * -6 / ratio());
+        drag(middle, middle + way);
+        EXPECT_EQ(QPoint(still.xpoint(), still.ypoint()), place + QPoint(12, -6)) << zoom;
+        EXPECT_EQ(QSize(still.panelWidth(), still.panelHeight()), QSize(200, 100));
+    }
+}
+
+TEST_F(LWCanvasImageViewMarker, AtAChosenZoomItStandsOnTheStillsPixels)
+{
+    const LWStill &still = selectStill({900, 500}, {200, 100});
+    for (const double percent : {60.0, 100.0, 300.0}) {
+        view.setZoom(percent);
+        const double units = view.frame().width() / 1920;
+        EXPECT_EQ(view.cropMarker().selectedRect(), QRectF(900 * units, 500 * units, 200 * units, 100 * units));
+    }
+    view.setZoom(view.readOut().zoomPercent); // of the fitted size, though chosen
+    view.zoomToFit();
+    EXPECT_NEAR(view.cropMarker().selectedRect().x(), 900 * 0.33472803 + 1, 1e-3);
+    EXPECT_EQ(still.xpoint(), 900);
+}
+
+TEST_F(LWCanvasImageViewMarker, AtAChosenZoomAHandleGoesByExactOutputPixelsWhereverItIsHeld)
+{
+    const LWStill &still = selectStill({900, 500}, {200, 100});
+    for (const int zoom : {1, 2, 3}) {
+        view.setZoom(100 * zoom);
+        const QSize size(still.panelWidth(), still.panelHeight());
+        const QPointF handle = view.cropMarker().selectedRect().bottomRight() + QPointF(-4, 3);
+        press(handle);
+        release(handle);
+        settle();
+        EXPECT_EQ(QSize(still.panelWidth(), still.panelHeight()), size) << zoom;
+        drag(handle, handle + QPointF(zoom * 12, zoom * -6) / ratio());
+        EXPECT_EQ(QSize(still.panelWidth(), still.panelHeight()), size + QSize(12, -6)) << zoom;
+    }
+}
