@@ -139,14 +139,19 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 void LWCanvasImageView::tellReadOut()
 {
     m_readOut = {m_frame.output(), m_frame.zoom() * 100, m_frame.isFitted(), {}, {}};
-    if (m_pointer && isInFrame(*m_pointer)) {
-        const QPoint pixel = outputPixel(*m_pointer);
-        if (m_picture.output().valid(pixel)) {
-            m_readOut.pixel = pixel;
-            m_readOut.colour = m_picture.output().pixelColor(pixel);
-        }
+    const std::optional<QPoint> pixel = pixelToTell();
+    if (pixel && m_picture.output().valid(*pixel)) {
+        m_readOut.pixel = pixel;
+        m_readOut.colour = m_picture.output().pixelColor(*pixel);
     }
     emit readOutDidChange(m_readOut);
+}
+
+std::optional<QPoint> LWCanvasImageView::pixelToTell() const
+{
+    if (const std::optional<LWScreen::Panel> panel = panelCursor())
+        return static_cast<const LWScreen &>(*m_panelCursor->wall).panelRect(*panel).center().toPoint();
+    return m_pointer && isInFrame(*m_pointer) ? std::optional(outputPixel(*m_pointer)) : std::nullopt;
 }
 
 void LWCanvasImageView::resizeEvent(QResizeEvent *event)

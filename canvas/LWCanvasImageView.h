@@ -24,11 +24,13 @@ class QSinglePointEvent;
 /// What a status line tells of the canvas.
 struct CanvasReadOut
 {
-    QSize output;                ///< its size in pixels; empty: there is none
-    double zoomPercent = 0;      ///< 100: one output pixel is one device pixel; 0 where nothing is shown
-    bool isFitted = true;        ///< the zoom follows the canvas' size
-    std::optional<QPoint> pixel; ///< output pixel under the pointer, top-left origin; none while it is elsewhere
-    QColor colour;               ///< of that pixel; invalid without one
+    QSize output;           ///< its size in pixels; empty: there is none
+    double zoomPercent = 0; ///< 100: one output pixel is one device pixel; 0 where nothing is shown
+    bool isFitted = true;   ///< the zoom follows the canvas' size
+    /// Output pixel under the pointer, or in the middle of the panel that the arrow keys have reached; top-left origin.
+    /// None while the pointer is elsewhere.
+    std::optional<QPoint> pixel;
+    QColor colour; ///< of that pixel; invalid without one
 };
 Q_DECLARE_METATYPE(CanvasReadOut)
 
@@ -124,14 +126,21 @@ protected:
 
 private:
     using MouseLocation = JXSelectionBorder::MouseLocation;
-    /// The panel that a click would switch, as it is shown.
+    /// The panel that a click, or Enter, would switch, as it is shown.
     struct Hover
     {
-        QRect panel; ///< in device pixels
+        QRect panel;   ///< in device pixels
+        int lineWidth; ///< likewise
         QString label;
         QRect labelBox; ///< in the widget
 
         bool operator==(const Hover &) const = default;
+    };
+    /// A panel that the keyboard has reached.
+    struct PanelCursor
+    {
+        LayerPointer wall;
+        LWScreen::Panel panel;
     };
     /// A press in Arrange from which the pointer has not gone far enough for a drag.
     struct Click
@@ -150,8 +159,13 @@ private:
     void lockAspect(const Layer &layer);
     bool isOn(const Layer &layer, const QPointF &widgetPoint) const;
     void selectLayerAt(const QPointF &widgetPoint);
-    bool takesShortcut(int key) const;
-    bool nudge(const QKeyEvent &event);
+    bool takesShortcut(const QKeyEvent &event) const;
+    bool goByKey(const QKeyEvent &event);
+    bool movePanelCursor(const QPoint &step);
+    bool switchPanelAtCursor();
+    bool dropPanelCursor();
+    std::optional<LWScreen::Panel> panelCursor() const;
+    void bringIntoSight(const QRectF &pixels);
     bool isInFrame(const QPointF &widgetPoint) const;
     QPointF devicePoint(const QPointF &widgetPoint) const;
     MouseLocation locationOf(const QPointF &widgetPoint) const;
@@ -171,6 +185,7 @@ private:
     void claimSpaceBar(bool claims);
     void takeSpaceBar(bool isHeld);
     void tellReadOut();
+    std::optional<QPoint> pixelToTell() const;
     void showPointer();
     void showCursor();
 
@@ -185,12 +200,14 @@ private:
     void arrange(const std::function<void(Arranging &)> &act);
     LayerPointer layerUnderPointer() const;
     std::optional<Hover> hover() const;
+    Hover hoverAt(const LWScreen &screen, const LWScreen::Panel &panel) const;
     void takeHover();
     QRegion regionOf(const Hover &hover) const;
 
     int lineWidth() const;
     QRect devicePlaceOf(const QRectF &pixels) const;
     QRect boxBesidePointer(const QString &text) const;
+    QRect boxBeside(const QPoint &point, const QString &text) const;
     /// A box of the widget, moved so that none of it is cut off.
     QRect inSight(QRect box) const;
     QPointF offsetOfDevicePixels() const;
@@ -198,7 +215,7 @@ private:
     void paintArranging(QPainter &painter) const;
     void paintSelectedWall(QPainter &painter) const;
     void paintName(QPainter &painter) const;
-    void paintOutline(QPainter &painter, const QRect &place) const;
+    void paintOutline(QPainter &painter, const QRect &place, int width) const;
     void paintText(QPainter &painter, const QRect &box, const QString &text) const;
     void paintBesidePointer(QPainter &painter, const QString &text) const;
 
@@ -222,6 +239,7 @@ private:
     std::optional<Click> m_click;              ///< while they are not dragged yet
     std::shared_ptr<PanelPainting> m_painting; ///< panels of a wall that is held; null: none
     std::optional<QPointF> m_shakenFrom;       ///< in the widget; while that is a click and no drag
+    std::optional<PanelCursor> m_panelCursor;  ///< none: the pointer was moved since
     std::optional<Hover> m_hover;              ///< as it was last painted, or is going to be
     int m_wheelRest = 0;                       ///< turned less than a step
     double m_pinchZoom = 0;                    ///< what the fingers have reached; 0: none pinch

@@ -156,6 +156,7 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
 {
     const QPointF place = placeOf(*event);
     m_pointer = place;
+    m_panelCursor.reset();
     takeAlt(event->modifiers().testFlag(Qt::AltModifier));
     if (isDragged())
         return;
@@ -177,6 +178,7 @@ void LWCanvasImageView::mouseMoveEvent(QMouseEvent *event)
 {
     const QPointF place = placeOf(*event);
     m_pointer = place;
+    m_panelCursor.reset();
     claimSpaceBar(true);
     // A release that something else has swallowed ends a press, too.
     m_isPressed = m_isPressed && event->buttons().testFlag(Qt::LeftButton);
@@ -263,7 +265,7 @@ bool LWCanvasImageView::event(QEvent *event)
     case QEvent::NativeGesture:
         return nativeGesture(*static_cast<QNativeGestureEvent *>(event)) || QWidget::event(event);
     case QEvent::ShortcutOverride:
-        if (takesShortcut(static_cast<QKeyEvent *>(event)->key()))
+        if (takesShortcut(*static_cast<QKeyEvent *>(event)))
             event->accept();
         break;
     case QEvent::ScreenChangeInternal:

@@ -36,10 +36,12 @@ std::optional<QPoint> stepOf(const QKeyEvent &event)
 } // namespace
 
 /// Keys that are ours, whatever they mean in the window: while the button is down all of them, since one could save or
-/// delete in the middle of a drag; and Alt over the canvas, which does not go for the menus there.
-bool LWCanvasImageView::takesShortcut(int key) const
+/// delete in the middle of a drag; Alt over the canvas, which does not go for the menus there; and what nudges beside
+/// the panel cursor.
+bool LWCanvasImageView::takesShortcut(const QKeyEvent &event) const
 {
-    return m_isPressed || (key == Qt::Key_Alt && m_pointer);
+    const bool nudges = m_tool == Tool::Panels && event.modifiers().testFlag(Qt::ControlModifier) && stepOf(event);
+    return m_isPressed || (event.key() == Qt::Key_Alt && m_pointer) || nudges;
 }
 
 void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
@@ -54,17 +56,23 @@ void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
         trackArranging(false);
     else if (event->key() == Qt::Key_Shift && m_painting)
         paintPanels(true);
-    else if (!m_isPressed && !nudge(*event))
+    else if (!m_isPressed && !goByKey(*event))
         QWidget::keyPressEvent(event);
 }
 
-/// Here alone: elsewhere arrows go from row to row, or from field to field.
-bool LWCanvasImageView::nudge(const QKeyEvent &event)
+/// Arrows here alone move anything: elsewhere they go from row to row, or from field to field.
+bool LWCanvasImageView::goByKey(const QKeyEvent &event)
 {
     const std::optional<QPoint> step = stepOf(event);
-    if (step)
+    const bool isNudge = event.modifiers().testFlag(Qt::ControlModifier) == (m_tool == Tool::Panels);
+    if (step && !isNudge && movePanelCursor(*step))
+        return true;
+    if (step && (isNudge || m_tool == Tool::Panels)) {
         m_document.nudge(*step);
-    return step.has_value();
+        return true;
+    }
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    return (isEnter && switchPanelAtCursor()) || (event.key() == Qt::Key_Escape && dropPanelCursor());
 }
 
 void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
@@ -86,6 +94,7 @@ void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
 void LWCanvasImageView::focusOutEvent(QFocusEvent *event)
 {
     QWidget::focusOutEvent(event);
+    dropPanelCursor();
     takeSpaceBar(false);
     takeAlt(false);
 }

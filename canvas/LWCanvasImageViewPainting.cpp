@@ -37,7 +37,7 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
                           palette().color(QPalette::Base));
     m_tool == Tool::Arrange ? paintArranging(painter) : paintSelectedWall(painter);
     if (m_hover)
-        paintOutline(painter, m_hover->panel);
+        paintOutline(painter, m_hover->panel, m_hover->lineWidth);
     painter.restore();
     if (m_tool == Tool::Panels)
         paintMarker(painter);
@@ -70,7 +70,7 @@ void LWCanvasImageView::paintSelectedWall(QPainter &painter) const
 {
     const LayerPointer layer = m_document.selectedLayer();
     if (qobject_cast<const LWScreen *>(layer.get()))
-        paintOutline(painter, devicePlaceOf(pixelsOf(*layer)));
+        paintOutline(painter, devicePlaceOf(pixelsOf(*layer)), lineWidth());
 }
 
 /// Of the layer that clicks go to, above its top left or as near to that as is in sight.
@@ -91,7 +91,7 @@ void LWCanvasImageView::paintName(QPainter &painter) const
 void LWCanvasImageView::paintArranging(QPainter &painter) const
 {
     for (const LayerPointer &layer : m_document.selectedLayers())
-        paintOutline(painter, devicePlaceOf(pixelsOf(*layer)));
+        paintOutline(painter, devicePlaceOf(pixelsOf(*layer)), lineWidth());
     if (!m_arranging)
         return;
     const QColor colour = palette().color(QPalette::Highlight);
@@ -128,17 +128,21 @@ QRect LWCanvasImageView::devicePlaceOf(const QRectF &pixels) const
 }
 
 /// Outside the edge, so that nothing of what it is around is covered.
-void LWCanvasImageView::paintOutline(QPainter &painter, const QRect &place) const
+void LWCanvasImageView::paintOutline(QPainter &painter, const QRect &place, int width) const
 {
-    const int width = lineWidth();
     for (const QRect &side : QRegion(place.adjusted(-width, -width, width, width)).subtracted(place))
         painter.fillRect(side, palette().color(QPalette::Highlight));
 }
 
 QRect LWCanvasImageView::boxBesidePointer(const QString &text) const
 {
+    return boxBeside(m_pointer.value_or(middle()).toPoint(), text);
+}
+
+QRect LWCanvasImageView::boxBeside(const QPoint &point, const QString &text) const
+{
     const QSize size = fontMetrics().size(Qt::TextSingleLine, text) + QSize(2 * paddingOfText, 2 * paddingOfText);
-    return inSight({m_pointer.value_or(middle()).toPoint() + QPoint(distanceOfText, distanceOfText), size});
+    return inSight({point + QPoint(distanceOfText, distanceOfText), size});
 }
 
 QRect LWCanvasImageView::inSight(QRect box) const

@@ -119,6 +119,8 @@ LayerPointer LWCanvasImageView::layerUnderPointer() const
 
 std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
 {
+    if (const std::optional<LWScreen::Panel> panel = panelCursor())
+        return hoverAt(static_cast<const LWScreen &>(*m_panelCursor->wall), *panel);
     if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || (isDragged() && !m_painting) ||
         !isInFrame(*m_pointer))
         return std::nullopt;
@@ -127,10 +129,18 @@ std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
     const QPoint pixel = outputPixel(*m_pointer);
     const bool isOnScreen = screen && PixelBox::of(*screen).contains(pixel);
     const auto panel = isOnScreen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
-    if (!panel)
-        return std::nullopt;
-    const QString label = screen->panelLabel(*panel);
-    return Hover{devicePlaceOf(screen->panelRect(*panel)), label, boxBesidePointer(label)};
+    return panel ? std::optional(hoverAt(*screen, *panel)) : std::nullopt;
+}
+
+/// The cursor of the keyboard has a wider line, and its label in the panel.
+LWCanvasImageView::Hover LWCanvasImageView::hoverAt(const LWScreen &screen, const LWScreen::Panel &panel) const
+{
+    const QString label = screen.panelLabel(panel);
+    const QRect place = devicePlaceOf(screen.panelRect(panel));
+    if (!panelCursor())
+        return {place, lineWidth(), label, boxBesidePointer(label)};
+    const QPointF middle = QPointF(place.center()) / m_pixelRatio + offsetOfDevicePixels();
+    return {place, 2 * lineWidth(), label, boxBeside(middle.toPoint(), label)};
 }
 
 /// Only what changes is painted anew.
@@ -151,7 +161,7 @@ QRegion LWCanvasImageView::regionOf(const Hover &hover) const
         return QRectF(QPointF(device.topLeft()) / m_pixelRatio + offsetOfDevicePixels(),
                       QSizeF(device.size()) / m_pixelRatio);
     };
-    const int width = lineWidth();
+    const int width = hover.lineWidth;
     const QRect outside = logical(hover.panel.adjusted(-width, -width, width, width)).toAlignedRect();
     const QRect inside = logical(hover.panel).toAlignedRect().adjusted(1, 1, -1, -1);
     return QRegion(outside).subtracted(inside) + hover.labelBox;

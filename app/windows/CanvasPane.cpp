@@ -24,7 +24,7 @@ struct ToolText
 constexpr QSize iconSize{20, 16};
 constexpr ToolText toolTexts[] = {
     {Tool::Panels, "Panels", "grid-3x3", "Switches panels off and on, and resizes images (P)",
-     "Click a panel to switch it off or on. Drag an image or its handles."},
+     "Click panels off or on, or drag over them; Shift makes a rectangle. Drag an image or its handles."},
     {Tool::Arrange, "Arrange", "arrows-move", "Moves layers (V, or Alt held)",
      "Drag layers by exact pixels. Shift adds to the selection, Ctrl keeps from snapping."},
 };

@@ -1,5 +1,8 @@
 #include "tests/canvas/CanvasFixture.h"
 
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPalette>
 #include <QTest>
 
 namespace {
@@ -119,4 +122,93 @@ TEST_F(LWCanvasImageViewPanels, AWallOfPanelsWithoutASizeIsOnlyClicked)
     moveTo({100, 50});
     release({100, 50});
     EXPECT_EQ(off().size(), 1);
+}
+
+TEST_F(LWCanvasImageViewPanels, ArrowsLeadACursorOverThePanelsAndEnterSwitches)
+{
+    view.setFocus();
+    screen.setXpoint(300);
+    QTest::keyClick(&view, Qt::Key_Right); // the first one
+    EXPECT_EQ(view.readOut().pixel, QPoint(364, 64));
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(view.readOut().pixel, QPoint(300 + 128 + 64, 4 * 128 + 64));
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(off(), QStringList("4,1"));
+    QTest::keyClick(&view, Qt::Key_Up);
+    QTest::keyClick(&view, Qt::Key_Left);
+    QTest::keyClick(&view, Qt::Key_Left); // no further
+    QTest::keyClick(&view, Qt::Key_Enter);
+    EXPECT_EQ(off(), QStringList({"4,1", "3,0"}));
+    EXPECT_EQ(edits(), QStringList({"finishEdit Switch Panel", "finishEdit Switch Panel"}));
+    EXPECT_EQ(document.calls.filter("nudge"), QStringList());
+}
+
+TEST_F(LWCanvasImageViewPanels, TheCursorIsSeenUntilThePointerMovesOrTheFocusGoes)
+{
+    QPalette colours = view.palette();
+    const QColor accent(250, 10, 20);
+    colours.setColor(QPalette::Highlight, accent);
+    view.setPalette(colours);
+    view.setFocus();
+    const auto isSeen = [&] { // above the second panel of the second row, by two widths of a line
+        const QPointF corner = view.frame().topLeft() + QPointF(60, 128 / 3.0);
+        return seen().pixelColor((corner * ratio()).toPoint() - QPoint(0, 2 * static_cast<int>(ratio()))) == accent;
+    };
+    moveTo(panel(1, 0), Qt::NoButton);
+    QTest::keyClick(&view, Qt::Key_Right); // from where the pointer is
+    EXPECT_TRUE(isSeen());
+    EXPECT_EQ(view.readOut().pixel, QPoint(192, 192));
+    moveTo(panel(1, 1), Qt::NoButton);
+    EXPECT_FALSE(isSeen()); // a thin line
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Left);
+    EXPECT_TRUE(isSeen());
+    QTest::keyClick(&view, Qt::Key_Escape);
+    EXPECT_FALSE(isSeen());
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Left);
+    EXPECT_TRUE(isSeen());
+    view.clearFocus();
+    EXPECT_FALSE(isSeen());
+}
+
+TEST_F(LWCanvasImageViewPanels, TheCursorBringsItsPanelIntoSight)
+{
+    view.setFocus();
+    view.setZoom(400);
+    QTest::keyClick(&view, Qt::Key_Down);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&view, Qt::Key_Right);
+    const QRect place = view.deviceFrame().place();
+    const QRect panel(place.topLeft() + QPoint(3 * 512, 0), QSize(512, 384));
+    EXPECT_TRUE(QRect({0, 0}, view.deviceFrame().room()).contains(QRect(panel.topLeft(), QSize(300, 300))));
+}
+
+TEST_F(LWCanvasImageViewPanels, WithCtrlArrowsNudge)
+{
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Right, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_Up, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(document.calls.filter("nudge"), QStringList({"nudge 1,0", "nudge 0,-10"}));
+    QKeyEvent shortcut(QEvent::ShortcutOverride, Qt::Key_Up, Qt::ControlModifier);
+    shortcut.ignore();
+    QApplication::sendEvent(&view, &shortcut);
+    EXPECT_TRUE(shortcut.isAccepted()); // no layer is reordered
+}
+
+TEST_F(LWCanvasImageViewPanels, InArrangeOrOnAStillArrowsNudge)
+{
+    view.setFocus();
+    view.setTool(LWCanvasImageView::Tool::Arrange);
+    QTest::keyClick(&view, Qt::Key_Left);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Down, Qt::ControlModifier); // the window's, where it has a use for it
+    EXPECT_EQ(document.calls.filter("nudge"), QStringList({"nudge -1,0", "nudge 0,10"}));
+    view.setTool(LWCanvasImageView::Tool::Panels);
+    selectStill({0, 0}, {60, 30});
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_EQ(document.calls.filter("nudge").last(), "nudge 1,0");
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(edits(), QStringList());
 }

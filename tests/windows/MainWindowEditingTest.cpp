@@ -143,6 +143,7 @@ TEST_F(MainWindowEditingTest, ArrowKeysNudgeByOneAndWithShiftByTen)
 {
     window.activateWindow();
     canvas().setFocus();
+    canvas().setTool(LWCanvasImageView::Tool::Arrange);
     QTest::keyClick(&canvas(), Qt::Key_Right);
     QTest::keyClick(&canvas(), Qt::Key_Down, Qt::ShiftModifier);
     QTest::keyClick(&canvas(), Qt::Key_Left, Qt::ShiftModifier);
