@@ -91,7 +91,7 @@ void CanvasRuler::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.fillRect(rect(), palette().color(QPalette::Window));
     const double ratio = devicePixelRatioF();
-    toDevicePixels(painter, ratio); // as the canvas does
+    toDevicePixels(painter, *this); // as the canvas does
     const int length = static_cast<int>(std::ceil(along(size()) * ratio));
     if (pixelLength() > 0) {
         paintMark(painter);

@@ -1,7 +1,9 @@
 #pragma once
 
 class QPainter;
+class QWidget;
 
-/// From here on the painter of a widget with `pixelRatio` device pixels per logical one works in device pixels, from
-/// the first whole one in the widget on: at a scale of 1.5 a widget may begin between two of them.
-void toDevicePixels(QPainter &painter, double pixelRatio);
+/// From here on the widget's painter works in device pixels, from the first whole one in the widget on: at a scale of
+/// 1.5 a widget may begin between two of them. A window that is new on a display may have a surface of another scale
+/// than it will have; until that comes, the widget is painted again.
+void toDevicePixels(QPainter &painter, QWidget &widget);

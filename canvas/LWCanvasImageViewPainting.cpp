@@ -32,7 +32,7 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
     }
     m_hover = hover(); // the document may have changed under the pointer
     painter.save();
-    toDevicePixels(painter, m_pixelRatio);
+    toDevicePixels(painter, *this);
     m_picture.paintFramed(painter, m_frame.place(), {QPoint(0, 0), m_frame.room()}, palette().color(QPalette::Mid),
                           palette().color(QPalette::Base));
     m_tool == Tool::Arrange ? paintArranging(painter) : paintSelectedWall(painter);

@@ -56,14 +56,14 @@ void OutputView::paintWhole(QPainter &painter)
                          m_picture.output().isNull() ? "The output has no picture" : QString());
         return;
     }
-    toDevicePixels(painter, devicePixelRatioF());
+    toDevicePixels(painter, *this);
     m_picture.paintFramed(painter, frame.place(), {QPoint(0, 0), room}, Theme::line, Theme::ground);
 }
 
 void OutputView::paintPixelForPixel(QPainter &painter)
 {
     painter.fillRect(rect(), Qt::black);
-    toDevicePixels(painter, devicePixelRatioF());
+    toDevicePixels(painter, *this);
     const QRect place = m_picture.output().rect();
     m_picture.paint(painter, place, place);
 }

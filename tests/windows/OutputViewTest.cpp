@@ -3,6 +3,9 @@
 #include "app/windows/Theme.h"
 #include "canvas/CanvasFrame.h"
 
+#include <QEvent>
+#include <QTest>
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -31,6 +34,17 @@ QImage picturedNoise(const QSize &size)
     }
     return picture;
 }
+
+class PaintCount final : public QObject
+{
+public:
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
 } // namespace
 
 class OutputViewTest : public ::testing::Test
@@ -161,4 +175,25 @@ TEST_F(OutputViewTest, TheOutputsPixelsAreNotHeldPastTheirRelease)
     EXPECT_FALSE(output.isDetached());
     view.releaseOutput();
     EXPECT_TRUE(output.isDetached());
+}
+
+TEST_F(OutputViewTest, OnASurfaceOfAnotherScaleItIsExactAndPaintedAgain)
+{
+    const QImage output = picturedNoise({401, 301});
+    view.showOutput(output);
+    view.setFit(OutputView::Fit::PixelForPixel);
+    view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    QTest::qWait(50);
+    QImage surface(seen().size(), QImage::Format_ARGB32_Premultiplied);
+    surface.setDevicePixelRatio(2 * view.devicePixelRatioF());
+    PaintCount paints;
+    view.installEventFilter(&paints);
+    view.render(&surface);
+    surface.setDevicePixelRatio(1);
+    EXPECT_EQ(surface.copy(QRect(0, 0, 300, 250)), output.copy(0, 0, 300, 250));
+    EXPECT_EQ(paints.count, 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }, 1000));
+    QTest::qWait(50);
+    EXPECT_EQ(paints.count, 2); // its own surface has the right scale
 }
