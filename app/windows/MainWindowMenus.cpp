@@ -170,8 +170,7 @@ void MainWindow::fillViewMenu(QMenu &menu)
     addTold(menu, {"Output &Preview", "display"}, {}, [this] { m_document.openPvw(); });
     QMenu *displays = menu.addMenu("Preview on &Display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    QAction *fill = addTold(menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
-    fill->setShortcutContext(Qt::ApplicationShortcut); // the preview has the keyboard when it fills the display
+    addTold(menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
 }
 
 void MainWindow::fillHelpMenu(QMenu &menu)
@@ -220,7 +219,7 @@ OutputPreview &MainWindow::outputPreview()
 /// On the display that was chosen last, else on the first that does not show this window; and back again.
 void MainWindow::showPreviewOnDisplay()
 {
-    if (m_preview && m_preview->display())
+    if (m_preview && (m_preview->display() || m_preview->isWaiting()))
         return m_preview->leaveDisplay();
     QScreen *display = m_display;
     for (QScreen *other : QGuiApplication::screens()) {

@@ -13,13 +13,39 @@
 #include <cstdlib>
 #include <utility>
 
+namespace {
+/// What a display is known by when it comes back.
+QString keyOf(const QScreen &display)
+{
+    return QStringList{display.name(), display.manufacturer(), display.model(), display.serialNumber()}.join('\n');
+}
+
+/// Beside the window, else in the corner that is farthest from its menus.
+QPoint besideWindow(const QRect &window, const QSize &size, const QRect &room)
+{
+    constexpr int frame = 8;
+    if (window.right() + frame + size.width() < room.right())
+        return {window.right() + frame, window.top()};
+    if (window.left() - frame - size.width() > room.left())
+        return {window.left() - frame - size.width(), window.top()};
+    return room.bottomRight() - QPoint(size.width() + frame, size.height() + frame);
+}
+} // namespace
+
 OutputPreview::OutputPreview(QWidget *parent)
     : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>())
 {
     m_form->setupUi(this);
     connect(qApp, &QGuiApplication::screenRemoved, this, [this](const QScreen *gone) {
-        if (gone == m_display)
-            leaveDisplay();
+        if (gone != m_display)
+            return;
+        leaveDisplay();
+        m_awaited = keyOf(*gone);
+        emit displayDidChange(gone->name() + " is gone; the output returns to it when it is back.");
+    });
+    connect(qApp, &QGuiApplication::screenAdded, this, [this](QScreen *added) {
+        if (keyOf(*added) == m_awaited)
+            showOn(*added);
     });
 }
 
@@ -49,6 +75,9 @@ void OutputPreview::showOn(QScreen &display)
         m_windowGeometry = geometry();
     }
     m_display = &display;
+    m_awaited.clear();
+    // The keyboard stays with the window where that is still seen.
+    setAttribute(Qt::WA_ShowWithoutActivating, parentWidget() && parentWidget()->screen() != &display);
     m_resolution = connect(&display, &QScreen::geometryChanged, this, &OutputPreview::fillDisplay);
     m_form->pvwImageWell->setFit(OutputView::Fit::PixelForPixel);
     setCursor(Qt::BlankCursor);
@@ -61,11 +90,15 @@ void OutputPreview::showOn(QScreen &display)
 void OutputPreview::fillDisplay()
 {
     setGeometry(m_display->geometry());
+    if (isVisible() && !isFullScreen())
+        showFullScreen(); // another resolution ends that
     tellFit();
 }
 
 void OutputPreview::leaveDisplay()
 {
+    if (!std::exchange(m_awaited, {}).isEmpty())
+        emit displayDidChange({});
     if (!std::exchange(m_display, nullptr))
         return;
     disconnect(m_resolution);
@@ -81,26 +114,38 @@ void OutputPreview::showInWindow()
 {
     m_hasWindow = true;
     leaveDisplay();
+    if (parentWidget() && !std::exchange(m_wasInWindow, true))
+        move(besideWindow(parentWidget()->frameGeometry(), size(), parentWidget()->screen()->availableGeometry()));
     show();
     raise();
+}
+
+QString OutputPreview::misfit(const QSize &display, double ratio, bool isWayland, const QSize &output)
+{
+    // There the desktop rounds what it says of its scales up to whole ones.
+    if (isWayland && ratio > 1)
+        return "The desktop scales this display: only at a scale of 100 % is the output sure to be shown pixel for "
+               "pixel. Set that in the system's display settings.";
+    const QSize pixels = (QSizeF(display) * ratio).toSize();
+    // At a scale of 1.5 a display's size is known to within a logical pixel.
+    const QSize off = pixels - output;
+    if (std::abs(off.width()) < ratio && std::abs(off.height()) < ratio)
+        return {};
+    return QString("The display has %1 pixels, the output %2; the rest is cut or black.")
+        .arg(NumberText::size(pixels), NumberText::size(output));
 }
 
 /// On the wall itself nothing is ever said.
 void OutputPreview::tellFit()
 {
-    const qreal ratio = m_display->devicePixelRatio();
-    const QSize display = (QSizeF(m_display->size()) * ratio).toSize();
-    // At a scale of 1.5 a display's size is known to within a logical pixel.
-    const QSize off = display - m_outputSize;
-    const bool fits = std::abs(off.width()) < ratio && std::abs(off.height()) < ratio;
-    emit displayDidChange(fits ? QString()
-                               : QString("The display has %1 pixels, the output %2; the rest is cut or black.")
-                                     .arg(NumberText::size(display), NumberText::size(m_outputSize)));
+    const bool isWayland = QGuiApplication::platformName().startsWith("wayland");
+    emit displayDidChange(misfit(m_display->size(), m_display->devicePixelRatio(), isWayland, m_outputSize));
 }
 
 void OutputPreview::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && m_display)
+    const bool isEnd = event->key() == Qt::Key_Escape || event->key() == Qt::Key_F11;
+    if (isEnd && (m_display || isWaiting()))
         leaveDisplay();
     else
         QWidget::keyPressEvent(event);

@@ -12,7 +12,7 @@ class OutputPreview;
 }
 
 /// The composed output alone: in a window, scaled to fit, or on a whole display, one output pixel to one device pixel
-/// from the top left, without chrome or pointer. Escape brings it back.
+/// from the top left, without chrome or pointer. Escape and F11 bring it back.
 class OutputPreview final : public QWidget
 {
     Q_OBJECT
@@ -24,13 +24,18 @@ public:
     void showOutput(const QImage &output);
     void releaseOutput();
 
-    /// Fills a display, also from another one. A display that goes away takes the preview back into its window.
+    /// Fills a display, also from another one. A display that goes away takes the preview back into its window until it
+    /// returns.
     void showOn(QScreen &display);
     void showInWindow();
-    /// Goes from the display back into the window, if it was in one.
+    /// Goes from the display back into the window, if it was in one; waits for no display any more.
     void leaveDisplay();
     /// The one that it fills; null: none.
     QScreen *display() const { return m_display; }
+    /// For a display that has gone away while the preview was on it.
+    bool isWaiting() const { return !m_awaited.isEmpty(); }
+    /// What stands against showing an output pixel for pixel on a display of `display` logical pixels; empty: nothing.
+    static QString misfit(const QSize &display, double ratio, bool isWayland, const QSize &output);
 
 signals:
     /// The preview is on a display or has left it, or sizes have changed there; `problem` says where the display's is
@@ -50,6 +55,8 @@ private:
     QSize m_outputSize;
     QRect m_windowGeometry;   ///< before it went to the display
     bool m_hasWindow = false; ///< where it goes back to from the display
+    bool m_wasInWindow = false;
+    QString m_awaited; ///< display that has gone away; empty: none
     QScreen *m_display = nullptr;
     QMetaObject::Connection m_resolution; ///< follows its geometry
 };

@@ -106,3 +106,74 @@ TEST_F(DisplaysTest, ThePreviewFollowsTheDisplaysResolution)
     EXPECT_EQ(preview().geometry(), QRect(1920, 0, 1280, 1024));
     EXPECT_EQ(told.size(), 1);
 }
+
+TEST_F(DisplaysTest, AnotherResolutionLeavesItOnTheWholeDisplay)
+{
+    previewOn(stage);
+    preview().showNormal();
+    emit display(1).geometryChanged(display(1).geometry());
+    EXPECT_TRUE(preview().isFullScreen());
+    EXPECT_EQ(preview().geometry(), QRect(1920, 0, 1280, 1024));
+}
+
+TEST_F(DisplaysTest, ADisplayThatComesBackIsFilledAgain)
+{
+    previewOn(wall);
+    emit qApp->screenRemoved(&display(2));
+    EXPECT_TRUE(preview().isWaiting());
+    EXPECT_TRUE(shows("Wall is gone; the output returns to it when it is back."));
+    emit qApp->screenAdded(&display(1)); // another one
+    EXPECT_EQ(preview().display(), nullptr);
+    emit qApp->screenAdded(&display(2));
+    EXPECT_EQ(preview().display(), &display(2));
+    EXPECT_FALSE(preview().isWaiting());
+}
+
+TEST_F(DisplaysTest, F11OrAnotherDisplayEndsTheWaiting)
+{
+    previewOn(wall);
+    emit qApp->screenRemoved(&display(2));
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    emit qApp->screenAdded(&display(2));
+    EXPECT_EQ(preview().display(), nullptr);
+    previewOn(wall);
+    emit qApp->screenRemoved(&display(2));
+    previewOn(stage);
+    emit qApp->screenAdded(&display(2));
+    EXPECT_EQ(preview().display(), &display(1));
+}
+
+TEST_F(DisplaysTest, InThePreviewF11EndsItAndNoOtherShortcutIsTheWindows)
+{
+    previewOn(wall);
+    QTest::keyClick(&preview(), Qt::Key_F11);
+    EXPECT_EQ(preview().display(), nullptr);
+    previewOn(wall);
+    preview().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&preview()));
+    QTest::keyClick(&preview(), Qt::Key_D, Qt::ControlModifier);
+    EXPECT_EQ(window.document().allScreensArray().size(), 1U);
+    EXPECT_EQ(preview().display(), &display(2));
+}
+
+TEST_F(DisplaysTest, ThePreviewOpensBesideTheWindow)
+{
+    window.setGeometry(40, 60, 700, 600);
+    choose({"View", "Output Preview"});
+    EXPECT_FALSE(preview().geometry().intersects(window.frameGeometry()));
+    preview().move(5, 5);
+    preview().close();
+    choose({"View", "Output Preview"});
+    EXPECT_EQ(preview().pos(), QPoint(5, 5)); // where the person has put it
+}
+
+TEST_F(DisplaysTest, AScaledDisplayIsToldInsteadOfAWrongSize)
+{
+    EXPECT_EQ(OutputPreview::misfit({1920, 1080}, 1, false, {1920, 1080}), QString());
+    EXPECT_EQ(OutputPreview::misfit({1745, 982}, 1.1, false, {1920, 1080}), QString());
+    EXPECT_EQ(OutputPreview::misfit({1536, 864}, 1, true, {1920, 1080}),
+              "The display has 1,536 × 864 pixels, the output 1,920 × 1,080; the rest is cut or black.");
+    const QString scaled = OutputPreview::misfit({1280, 720}, 2, true, {1920, 1080});
+    EXPECT_TRUE(scaled.startsWith("The desktop scales this display"));
+    EXPECT_FALSE(scaled.contains("2,560"));
+}
