@@ -108,6 +108,8 @@ signals:
     void frameDidChange();
     /// Another one is in effect.
     void toolDidChange(LWCanvasImageView::Tool tool);
+    /// Someone wants the menu of the selected layers, at this place on the screen.
+    void layerMenuAsked(const QPoint &place);
 
 protected:
     bool event(QEvent *event) override;
@@ -123,6 +125,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
+    /// Of the layer under the pointer, which is selected for that.
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     using MouseLocation = JXSelectionBorder::MouseLocation;
@@ -213,6 +217,7 @@ private:
     QPointF offsetOfDevicePixels() const;
     void paintMarker(QPainter &painter) const;
     void paintArranging(QPainter &painter) const;
+    void paintMissingPictures(QPainter &painter) const;
     void paintSelectedWall(QPainter &painter) const;
     void paintName(QPainter &painter) const;
     void paintOutline(QPainter &painter, const QRect &place, int width) const;

@@ -6,6 +6,7 @@
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
@@ -299,6 +300,16 @@ void LWCanvasImageView::leaveEvent(QEvent *event)
     takeAlt(m_isAltHeld && hasFocus());
     takeHover();
     tellReadOut();
+}
+
+void LWCanvasImageView::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (m_isPressed || isDragged() || m_frame.place().isEmpty())
+        return;
+    if (event->reason() != QContextMenuEvent::Keyboard &&
+        !Arranging::press(m_document, outputPixel(event->pos()), false))
+        return;
+    emit layerMenuAsked(event->globalPos());
 }
 
 void LWCanvasImageView::showCursor()

@@ -2,7 +2,9 @@
 #include "canvas/DevicePixels.h"
 #include "canvas/LWCanvasImageView.h"
 #include "screen/LWScreen.h"
+#include "still/LWStill.h"
 
+#include <QFileInfo>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -35,6 +37,7 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
     toDevicePixels(painter, *this);
     m_picture.paintFramed(painter, m_frame.place(), {QPoint(0, 0), m_frame.room()}, palette().color(QPalette::Mid),
                           palette().color(QPalette::Base));
+    paintMissingPictures(painter);
     m_tool == Tool::Arrange ? paintArranging(painter) : paintSelectedWall(painter);
     if (m_hover)
         paintOutline(painter, m_hover->panel, m_hover->lineWidth);
@@ -63,6 +66,33 @@ void LWCanvasImageView::paintMarker(QPainter &painter) const
                                     .arg(place->topLeft.y())
                                     .arg(place->size.width())
                                     .arg(place->size.height()));
+}
+
+/// A frame and a name where a picture would be; of neither is anything in the output. The painter works in device
+/// pixels.
+void LWCanvasImageView::paintMissingPictures(QPainter &painter) const
+{
+    for (const LayerPointer &layer : m_document.layers()) {
+        const auto *still = qobject_cast<const LWStill *>(layer.get());
+        if (!still || !still->visible() || !still->isPictureMissing())
+            continue;
+        const QRect place = devicePlaceOf(pixelsOf(*still));
+        const QColor colour = palette().color(QPalette::PlaceholderText);
+        const QRegion frame =
+            QRegion(place).subtracted(place.adjusted(lineWidth(), lineWidth(), -lineWidth(), -lineWidth()));
+        for (const QRect &side : frame)
+            painter.fillRect(side, colour);
+        const QString file = QFileInfo(still->ImageURL().toLocalFile()).fileName();
+        painter.save();
+        painter.setPen(colour);
+        painter.translate(place.topLeft());
+        painter.scale(m_pixelRatio, m_pixelRatio);
+        const QRectF room(QPointF(0, 0), QSizeF(place.size()) / m_pixelRatio);
+        painter.drawText(room, Qt::AlignCenter,
+                         fontMetrics().elidedText(still->label().isEmpty() ? file : still->label(), Qt::ElideMiddle,
+                                                  static_cast<int>(room.width()) - 2 * paddingOfText));
+        painter.restore();
+    }
 }
 
 /// Whose panels a click switches.

@@ -22,6 +22,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QLocale>
+#include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
@@ -225,6 +226,8 @@ void MainWindow::connectViews()
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
     connect(m_powerBar, &PowerBar::zoomChosen, m_canvas, &LWCanvasImageView::setZoom);
     connect(m_powerBar, &PowerBar::fitChosen, m_canvas, &LWCanvasImageView::zoomToFit);
+    connect(m_canvas, &LWCanvasImageView::layerMenuAsked, this,
+            [this](const QPoint &place) { QMenu::exec(m_layerTable->actions(), place, nullptr, this); });
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
         m_powerBar->showReadOut(readOut, readOut.pixel ? panelAt(*readOut.pixel) : QString());
     });

@@ -184,3 +184,34 @@ TEST_F(LWCanvasImageViewPainting, ANameOfManyLettersIsCut)
     EXPECT_EQ(picture.pixelColor(qRound(13 * ratio()), 1), label);
     EXPECT_NE(picture.pixelColor(qRound(360 * ratio()), 1), label); // the wall is 341 wide
 }
+
+TEST_F(LWCanvasImageViewPainting, AMissingPictureIsAFramedPlaceWithItsName)
+{
+    QPalette colours = view.palette();
+    const QColor dim(160, 161, 162);
+    colours.setColor(QPalette::PlaceholderText, dim);
+    view.setPalette(colours);
+    LWStill &still = addStill({300, 300, 600, 300});
+    const QRectF place = QRectF(100, 100, 200, 100).translated(view.frame().topLeft());
+    const auto count = [&] { // device pixels that are not the output's
+        const QImage picture = seen().copy(QRectF(place.topLeft() * ratio(), place.size() * ratio()).toRect());
+        int pixels = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                pixels += picture.pixelColor(x, y) != QColor(Qt::black) ? 1 : 0;
+        }
+        return pixels;
+    };
+    EXPECT_EQ(count(), 0);
+    still.setImageURL(Address::fromLocalFile("/nowhere/plate.png"));
+    still.loadThumbnail();
+    EXPECT_EQ(seen().pixelColor((place.topLeft() * ratio()).toPoint()), dim);
+    EXPECT_NE(seen().pixelColor((place.topLeft() * ratio()).toPoint() - QPoint(1, 1)), dim);
+    const int frame = 2 * (200 + 100) * static_cast<int>(ratio()) - 4;
+    const int withName = count();
+    EXPECT_GT(withName, frame);
+    still.setLabel("a much longer name than that of the file");
+    EXPECT_NE(count(), withName);
+    still.setVisible(false);
+    EXPECT_EQ(count(), 0);
+}

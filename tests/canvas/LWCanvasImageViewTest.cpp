@@ -2,9 +2,11 @@
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLoggingCategory>
 #include <QMouseEvent>
+#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -264,4 +266,25 @@ TEST_F(LWCanvasImageViewTest, WhileTheButtonIsDownTheWindowGetsNoKeys)
     addWall({300, 300, 60, 60});
     view.setTool(LWCanvasImageView::Tool::Arrange);
     expectKeysTakenDuringPressAt({110, 110});
+}
+
+TEST_F(LWCanvasImageViewTest, TheMenuIsOfTheLayerUnderThePointer)
+{
+    addWall({0, 0, 300, 300});
+    addWall({600, 0, 300, 300});
+    document.select(document.all[0], false);
+    const QSignalSpy asked(&view, &LWCanvasImageView::layerMenuAsked);
+    const auto ask = [&](const QPoint &place, QContextMenuEvent::Reason reason) {
+        QContextMenuEvent event(reason, place, view.mapToGlobal(place));
+        QApplication::sendEvent(&view, &event);
+    };
+    ask(at(250, 50), QContextMenuEvent::Mouse);
+    EXPECT_EQ(document.selection, std::vector{document.all[1]});
+    ASSERT_EQ(asked.size(), 1);
+    EXPECT_EQ(asked[0][0].toPoint(), view.mapToGlobal(at(250, 50)));
+    ask(at(500, 300), QContextMenuEvent::Mouse); // nothing there
+    EXPECT_EQ(asked.size(), 1);
+    ask(at(50, 50), QContextMenuEvent::Keyboard);
+    EXPECT_EQ(document.selection, std::vector{document.all[1]});
+    EXPECT_EQ(asked.size(), 2);
 }
