@@ -1,6 +1,7 @@
 #include "archive/PropertyListGuard.h"
 
 #include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -70,6 +71,13 @@ private:
         quint64 referencesAt = 0;
         quint64 keys = 0; ///< how many of the references, from the first on, are a dictionary's keys
     };
+    /// Where the letters of a text stand.
+    struct Letters
+    {
+        quint64 position;
+        quint64 count;
+        quint64 unit; ///< bytes of one
+    };
     struct Visit
     {
         quint64 index;
@@ -84,6 +92,9 @@ private:
     Result<Object> sized(quint8 type, quint64 count, quint64 position) const;
     Result<void> checkKeys(const Object &dictionary);
     Result<bool> isKey(quint64 index) const;
+    /// Of an object that object() passes; nullopt: it is no text.
+    std::optional<Letters> lettersOf(quint64 index) const;
+    bool holdsNul(const Letters &letters) const;
     Result<void> open(quint64 index);
     Result<void> follow(quint64 child);
     Result<void> add(Cost &parent, const Cost &child) const;
@@ -231,22 +242,32 @@ Result<bool> BinaryGuard::isKey(quint64 index) const
     const Result<Object> found = object(index);
     if (!found)
         return tl::unexpected(found.error());
+    const std::optional<Letters> letters = lettersOf(index);
+    return letters && !holdsNul(*letters);
+}
+
+std::optional<BinaryGuard::Letters> BinaryGuard::lettersOf(quint64 index) const
+{
     const quint64 offset = number(m_tableAt + index * m_offsetSize, m_offsetSize);
     const quint8 marker = static_cast<quint8>(m_bytes[static_cast<qsizetype>(offset)]);
     const quint8 type = marker >> 4;
     if (type != Ascii && type != Utf16)
-        return false;
+        return std::nullopt;
 
     quint64 position = offset + 1;
     quint64 count = marker & 0xF;
     if (count == 0xF)
         count = longCount(position).value();
-    const quint64 unit = type == Utf16 ? 2 : 1;
-    for (quint64 i = 0; i < count; ++i) {
-        if (number(position + i * unit, unit) == 0)
-            return false;
+    return Letters{position, count, type == Utf16 ? 2U : 1U};
+}
+
+bool BinaryGuard::holdsNul(const Letters &letters) const
+{
+    for (quint64 i = 0; i < letters.count; ++i) {
+        if (number(letters.position + i * letters.unit, letters.unit) == 0)
+            return true;
     }
-    return true;
+    return false;
 }
 
 Result<void> BinaryGuard::open(quint64 index)
@@ -256,6 +277,9 @@ Result<void> BinaryGuard::open(quint64 index)
         return tl::unexpected(found.error());
     if (found->copiedBytes > PropertyListGuard::maximumBytes)
         return tooLarge();
+    const std::optional<Letters> letters = lettersOf(index);
+    if (letters && holdsNul(*letters)) // libplist would end the text there
+        return damaged(QString("object %1 is a text with a NUL in it").arg(index));
     if (m_visits.size() > PropertyListGuard::maximumDepth)
         return damaged(QString("it is nested more than %1 deep").arg(PropertyListGuard::maximumDepth));
     const quint8 depth = found->referencesAt == 0 ? 0 : 1;

@@ -206,6 +206,17 @@ TEST(PropertyListGuard, RefusesKeysThatAreNoTextOrHoldANul)
     EXPECT_EQ(withKey(QByteArray("\x10\x05", 2)), noKey);
 }
 
+TEST(PropertyListGuard, RefusesTextsThatHoldANul)
+{
+    const auto withText = [](const QByteArray &text) { return binaryError(rawList({rawContainer(0xA, {1}), text})); };
+    const QString cut = "The binary property list is damaged: object 1 is a text with a NUL in it.";
+
+    EXPECT_EQ(withText("\x52no"), "no error");
+    EXPECT_EQ(withText(QByteArray("\x53n\0o", 4)), cut);
+    EXPECT_EQ(withText(QByteArray("\x62\0n\0\0", 5)), cut);
+    EXPECT_EQ(withText(QByteArray("\x62\1\0\0\1", 5)), "no error"); // half of a letter may be 0
+}
+
 TEST(PropertyListGuard, XmlIsRewrittenToElementsAndTheirText)
 {
     const QByteArray odd = "<?xml version='1.0'?>\n<!DOCTYPE plist SYSTEM \"x.dtd\">\n<?tool note?>"
