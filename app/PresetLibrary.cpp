@@ -1,6 +1,7 @@
 #include "app/PresetLibrary.h"
 
 #include "app/FileBytes.h"
+#include "app/FileKind.h"
 #include "app/LayerArchive.h"
 #include "app/LayerLimits.h"
 #include "archive/KeyedArchive.h"
@@ -52,7 +53,8 @@ Result<std::vector<LayerPointer>> read(const QString &path, LayerHost &host)
     const Result<QByteArray> bytes = FileBytes::read(path, LayerArchive::mostBytes);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    Result<std::vector<LayerPointer>> presets = decode(*bytes, host);
+    Result<std::vector<LayerPointer>> presets =
+        FileKind::checkArchive(*bytes, "preset library").and_then([&] { return decode(*bytes, host); });
     if (!presets)
         return failWithin(path, presets.error());
     return presets;

@@ -1,6 +1,7 @@
 #include "app/ProjectFile.h"
 
 #include "app/FileBytes.h"
+#include "app/FileKind.h"
 #include "app/LayerArchive.h"
 #include "app/LayerLimits.h"
 #include "archive/KeyedArchive.h"
@@ -80,7 +81,7 @@ Result<Project> read(const QString &path, LayerHost &host)
     const Result<QByteArray> bytes = FileBytes::read(path, LayerArchive::mostBytes);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    Result<Project> project = decode(*bytes, host);
+    Result<Project> project = FileKind::checkArchive(*bytes, "project").and_then([&] { return decode(*bytes, host); });
     if (!project)
         return failWithin(path, project.error());
     return project;

@@ -1,6 +1,8 @@
 #include "app/ProjectText.h"
 
 #include "app/FileBytes.h"
+#include "app/FileKind.h"
+#include "app/JsonCheck.h"
 #include "app/JsonValues.h"
 #include "app/LayerLimits.h"
 #include "app/PropertyText.h"
@@ -158,12 +160,12 @@ Result<Project> decodeHead(const QJsonObject &root)
 
 Result<QJsonObject> parse(const QByteArray &json)
 {
+    if (const Result<void> checked = JsonCheck::check(json); !checked)
+        return tl::unexpected(checked.error());
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
     if (error.error != QJsonParseError::NoError)
-        return fail(QString("line %1: this is no JSON: %2")
-                        .arg(json.left(error.offset).count('\n') + 1)
-                        .arg(error.errorString()));
+        return fail(JsonCheck::place(json, error.offset) + ": this is no JSON: " + error.errorString());
     if (!document.isObject())
         return fail("expected an object with \"format\" and \"layers\", found a list");
     return document.object();
@@ -217,7 +219,8 @@ Result<Project> read(const QString &path, LayerHost &host)
     const Result<QByteArray> json = FileBytes::read(path, mostBytes);
     if (!json)
         return tl::unexpected(json.error());
-    Result<Project> project = decode(*json, QFileInfo(path).absolutePath(), host);
+    const QString folder = QFileInfo(path).absolutePath();
+    Result<Project> project = FileKind::checkText(*json).and_then([&] { return decode(*json, folder, host); });
     if (!project)
         return failWithin(path, project.error());
     return project;

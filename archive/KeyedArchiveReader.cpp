@@ -8,7 +8,7 @@ Result<ArchiveValue> KeyedArchive::read(const QByteArray &bytes, const QStringLi
         return tl::unexpected(list.error());
     plist_t archive = list->get();
     if (PropertyList::text(PropertyList::value(archive, "$archiver")) != "NSKeyedArchiver")
-        return fail("This is a property list, but no keyed archive.");
+        return fail("This file is another program's; open one that was saved here.");
     plist_t version = PropertyList::value(archive, "$version");
     if (version && PropertyList::integer(version) != 100000)
         return fail("The keyed archive is of an unknown version; only version 100000 can be read.");

@@ -336,11 +336,52 @@ TEST_F(ProjectTextTest, WhatWasFoundIsCutInMessages)
               "layers[0].rectColor: expected a colour such as \"#ff0000\", found \"" + cut + '"');
 }
 
-TEST_F(ProjectTextTest, BrokenJsonIsNamedByItsLine)
+TEST_F(ProjectTextTest, BrokenJsonIsNamedByItsPlaceAndWhatStandsThere)
 {
-    EXPECT_TRUE(refusal("{\n\"format\": 1,\n\"layers\": [}\n").startsWith("line 3: this is no JSON: "));
-    EXPECT_TRUE(refusal("").startsWith("line 1: this is no JSON: "));
-    EXPECT_TRUE(refusal(QByteArray(100000, '[')).startsWith("line 1: this is no JSON: "));
+    const QString noJson = ": this is no JSON: ";
+    EXPECT_EQ(refusal("{\n\"format\": 1,\n\"layers\": [}\n"),
+              "line 3, column 12" + noJson + "expected a value, found \"}\"");
+    EXPECT_EQ(refusal(""), "line 1, column 1" + noJson + "it ends here, expected a value");
+    EXPECT_EQ(refusal(QByteArray(100000, '[')), "line 1, column 1025" + noJson + "it is nested more than 1024 deep");
+    EXPECT_EQ(refusal("{\"format\": 1\n \"layers\": []}"),
+              "line 2, column 2" + noJson + "expected \",\" or \"}\", found a text");
+    EXPECT_EQ(refusal("{\"B\xc3\xbchne\" 1}"),
+              "line 1, column 10" + noJson + "expected \":\" behind the name, found \"1\"");
+    EXPECT_EQ(refusal("{format: 1}"),
+              "line 1, column 2" + noJson + "expected a name in double quotes, found \"format\"");
+    EXPECT_EQ(refusal("{\"format\": True}"), "line 1, column 12" + noJson + "expected a value, found \"True\"");
+    EXPECT_EQ(refusal("{\"format\": 1}\n]"), "line 2, column 1" + noJson + "expected nothing more, found \"]\"");
+    EXPECT_EQ(refusal("{\"format\": \"1}\n"),
+              "line 1, column 12" + noJson + "the text that begins here has no closing quote");
+    EXPECT_TRUE(refusal("{\"format\": 1.2.3}").startsWith("line 1, column 1"));
+}
+
+TEST_F(ProjectTextTest, WhatPeopleTakeForJsonIsSaidPlainly)
+{
+    const QString noJson = ": this is no JSON: ";
+    const QString comment = noJson + "a comment stands here, and JSON has none; take it out";
+    EXPECT_EQ(refusal("{\n  // the show\n\"format\": 1}"), "line 2, column 3" + comment);
+    EXPECT_EQ(refusal("{\"format\": 1 /* ours */}"), "line 1, column 14" + comment);
+    EXPECT_EQ(refusal("# show\n{}"), "line 1, column 1" + comment);
+    EXPECT_EQ(refusal("{'format': 1}"),
+              "line 1, column 2" + noJson + "a single quote stands here; names and texts are in double quotes");
+    EXPECT_EQ(refusal("{\"format\": 1,\n}"),
+              "line 1, column 13" + noJson + "a comma stands in front of \"}\"; take it out");
+    EXPECT_EQ(refusal("{\"layers\": [1, ]}"),
+              "line 1, column 14" + noJson + "a comma stands in front of \"]\"; take it out");
+}
+
+TEST_F(ProjectTextTest, ANameThatStandsTwiceIsRefusedWithBothLines)
+{
+    EXPECT_EQ(refusal("{\"format\": 1,\n\"layers\": [],\n\n\"layers\": []}"),
+              "line 4: \"layers\" stands here a second time, the first is on line 2; leave one out");
+    EXPECT_EQ(refusalOf("\"col\": 1,\n\"c\\u006fl\": 2").endsWith("the first is on line 1; leave one out"), true);
+    EXPECT_EQ(refusal(R"({"format": 1, "layers": [{"class": "LWScreen"}, {"class": "LWScreen"}]})"), "accepted");
+}
+
+TEST_F(ProjectTextTest, AMarkOfTheByteOrderIsPassedOver)
+{
+    EXPECT_EQ(refusal("\xef\xbb\xbf{\"format\": 1, \"layers\": []}"), "accepted");
 }
 
 TEST_F(ProjectTextTest, AnEmptyTextAndNoTextDiffer)

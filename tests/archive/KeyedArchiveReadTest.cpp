@@ -343,10 +343,11 @@ TEST(KeyedArchiveRead, WhatIsNoArchiveIsRefusedAsAWhole)
     EXPECT_EQ(errorOf(""), "This is no property list, neither binary nor XML.");
     EXPECT_EQ(errorOf("\x89PNG\r\n"), "The XML property list is not written in Unicode.");
     EXPECT_EQ(errorOf("{\"format\": 1}"), "This is no property list, neither binary nor XML.");
-    EXPECT_EQ(errorOf("<plist><dict/></plist>"), "This is a property list, but no keyed archive.");
-    EXPECT_EQ(errorOf("<plist><string>x</string></plist>"), "This is a property list, but no keyed archive.");
+    EXPECT_EQ(errorOf("<plist><dict/></plist>"), "This file is another program's; open one that was saved here.");
+    EXPECT_EQ(errorOf("<plist><string>x</string></plist>"),
+              "This file is another program's; open one that was saved here.");
     EXPECT_EQ(errorOf(QByteArray(good).replace("NSKeyedArchiver", "NSArchiver")),
-              "This is a property list, but no keyed archive.");
+              "This file is another program's; open one that was saved here.");
     EXPECT_EQ(errorOf(QByteArray(good).replace(">100000<", ">200000<")),
               "The keyed archive is of an unknown version; only version 100000 can be read.");
     EXPECT_EQ(errorOf(QByteArray(good).replace("$objects", "$things")),

@@ -41,7 +41,16 @@ QString CommandTest::show(const QByteArray &layers) const
 
 QByteArray CommandTest::plainWall(const QByteArray &more)
 {
-    return R"({"class": "LWScreen", "col": 2, "row": 1, "panelWidth": 10, "panelHeight": 10, "xpoint": 5, "ypoint": 5,
-               "rectColor": "#ff0000", "rectColor2": "#0000ff", "BoarderEnable": false)" +
-           (more.isEmpty() ? QByteArray() : ", " + more) + '}';
+    QByteArrayList members{R"("class": "LWScreen")"};
+    for (const QByteArray &usual :
+         {QByteArray(R"("col": 2)"), QByteArray(R"("row": 1)"), QByteArray(R"("panelWidth": 10)"),
+          QByteArray(R"("panelHeight": 10)"), QByteArray(R"("xpoint": 5)"), QByteArray(R"("ypoint": 5)"),
+          QByteArray(R"("rectColor": "#ff0000")"), QByteArray(R"("rectColor2": "#0000ff")"),
+          QByteArray(R"("BoarderEnable": false)")}) {
+        if (!more.contains(usual.first(usual.indexOf(':') + 1)))
+            members.append(usual);
+    }
+    if (!more.isEmpty())
+        members.append(more);
+    return '{' + members.join(", ") + '}';
 }
