@@ -3,8 +3,11 @@
 
 #include <QApplication>
 #include <QLoggingCategory>
+#include <QTimer>
 
 #include <cstdio>
+#include <cstdlib>
+#include <unistd.h>
 
 namespace {
 int runWithoutWindow(int programNameAlone, char *argv[], const QStringList &arguments)
@@ -25,32 +28,56 @@ bool hasDisplay()
            !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
 }
 
+/// From a terminal or a desktop, not from a script, which wants a reason and a status.
+bool isStartedByPerson()
+{
+    return isatty(STDERR_FILENO) != 0 || !qEnvironmentVariableIsEmpty("DESKTOP_STARTUP_ID") ||
+           !qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN");
+}
+
+int failNoDisplay()
+{
+    std::fputs("wallwright: there is no display for a window; \"wallwright --help\" tells what works without\n",
+               stderr);
+    return static_cast<int>(ExitStatus::Failed);
+}
+
+/// Qt aborts where the display does not answer, and has told it in several lines.
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext & /*context*/, const QString & /*message*/)
+{
+    if (type == QtFatalMsg)
+        std::_Exit(failNoDisplay());
+}
+
 int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
+    const QtMessageHandler before = qInstallMessageHandler(&endWithoutDisplay);
     const QApplication application(programNameAlone, argv);
+    qInstallMessageHandler(before);
     QApplication::setApplicationName("Wallwright");
     QApplication::setDesktopFileName("org.wallwright.Wallwright"); // the window belongs to its entry in the menu
     MainWindow window;
-    if (!arguments.isEmpty())
+    const bool isMissing = namesMissingFile(arguments);
+    if (!arguments.isEmpty() && !isMissing)
         window.applicationOpenFile(arguments.first());
     window.start();
+    if (isMissing)
+        QTimer::singleShot(0, &window, [&window] { window.applicationOpenFile({}); });
     return QApplication::exec();
 }
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const Result<QStringList> arguments = argumentsOf(argc, argv);
+    if (!arguments) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(arguments.error().text));
+        return static_cast<int>(ExitStatus::Misused);
+    }
 
     // Qt sees the program's name alone, since it would take some options for its own.
-    if (!asksForWindow(arguments))
-        return runWithoutWindow(1, argv, arguments);
-    if (!hasDisplay()) {
-        std::fputs("wallwright: there is no display for a window; \"wallwright --help\" tells what works without\n",
-                   stderr);
-        return static_cast<int>(ExitStatus::Failed);
-    }
-    return runWindow(1, argv, arguments);
+    const bool opensMissing = namesMissingFile(*arguments) && hasDisplay() && isStartedByPerson();
+    if (!asksForWindow(*arguments) && !opensMissing)
+        return runWithoutWindow(1, argv, *arguments);
+    return hasDisplay() ? runWindow(1, argv, *arguments) : failNoDisplay();
 }

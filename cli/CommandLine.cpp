@@ -4,6 +4,7 @@
 #include "cli/FileFormat.h"
 #include "cli/Help.h"
 #include "cli/InfoCommand.h"
+#include "cli/VisibleText.h"
 
 #include <QFileInfo>
 
@@ -18,25 +19,15 @@ struct Verb
     ExitStatus (*run)(const QStringList &arguments, QTextStream &out, QTextStream &err);
 };
 
-/// On one line whatever a file's name contains, and without what a terminal would obey.
-QString asOneLine(QString text)
-{
-    for (QChar &character : text) {
-        if (character.category() == QChar::Other_Control)
-            character = u' ';
-    }
-    return text;
-}
-
 ExitStatus misused(QTextStream &err, const QString &program, const QString &what)
 {
-    err << asOneLine(QString("%1: %2; \"%1 --help\" tells more").arg(program, what)) << '\n';
+    err << VisibleText::asOneLine(QString("%1: %2; \"%1 --help\" tells more").arg(program, what)) << '\n';
     return ExitStatus::Misused;
 }
 
 ExitStatus failed(QTextStream &err, const Error &error)
 {
-    err << asOneLine(error.text) << '\n';
+    err << VisibleText::asOneLine(error.text) << '\n';
     return ExitStatus::Failed;
 }
 
@@ -46,7 +37,7 @@ ExitStatus runConvert(const QStringList &arguments, QTextStream &out, QTextStrea
     if (!command)
         return misused(err, "wallwright convert", command.error().text);
     const auto written = [&](const QString &path) { out << path << Qt::endl; };
-    const auto notice = [&](const QString &sentence) { err << asOneLine(sentence) << '\n'; };
+    const auto notice = [&](const QString &sentence) { err << VisibleText::asOneLine(sentence) << '\n'; };
     const Result<void> done = command->run(written, notice);
     return done ? ExitStatus::Done : failed(err, done.error());
 }
@@ -86,6 +77,8 @@ ExitStatus runWithoutVerb(const QStringList &arguments, QTextStream &out, QTextS
 {
     const QString first = arguments.value(0);
     if (first == "--version" || first == "-v") {
+        if (arguments.size() > 1)
+            return misused(err, "wallwright", QString("%1 stands alone").arg(first));
         out << "wallwright " WALLWRIGHT_VERSION "\n";
         return ExitStatus::Done;
     }
@@ -93,7 +86,7 @@ ExitStatus runWithoutVerb(const QStringList &arguments, QTextStream &out, QTextS
         return misused(err, "wallwright", QString("there is no option %1").arg(first));
     if (arguments.size() > 1 && QFileInfo::exists(first))
         return misused(err, "wallwright", "one file can be opened at a time");
-    if (arguments.size() == 1 && (first.contains(u'/') || FileFormat::toRead(first)))
+    if (namesMissingFile(arguments))
         return failed(err, {first + ": there is no such file"});
     return misused(err, "wallwright", QString("\"%1\" is neither a command nor a file").arg(first));
 }
@@ -102,7 +95,8 @@ ExitStatus run(const QStringList &arguments, QTextStream &out, QTextStream &err)
 {
     const Verb *verb = verbNamed(arguments.value(0));
     if (asksForHelp(arguments) || arguments.isEmpty()) {
-        out << (verb ? verb->help() : Help::general());
+        const Verb *asked = verb ? verb : verbNamed(arguments.value(1)); // "--help convert"
+        out << (asked ? asked->help() : Help::general());
         return ExitStatus::Done;
     }
     return verb ? verb->run(arguments.mid(1), out, err) : runWithoutVerb(arguments, out, err);
@@ -115,6 +109,26 @@ bool asksForWindow(const QStringList &arguments)
         return true;
     const QString &file = arguments.first();
     return arguments.size() == 1 && !verbNamed(file) && !file.startsWith(u'-') && QFileInfo::exists(file);
+}
+
+bool namesMissingFile(const QStringList &arguments)
+{
+    const QString name = arguments.value(0);
+    const bool looksLikeFile = name.contains(u'/') || FileFormat::toRead(name);
+    return arguments.size() == 1 && looksLikeFile && !name.startsWith(u'-') && !QFileInfo::exists(name);
+}
+
+Result<QStringList> argumentsOf(int count, const char *const *values)
+{
+    QStringList arguments;
+    for (int i = 1; i < count; ++i) {
+        const QString argument = QString::fromLocal8Bit(values[i]);
+        if (argument.toLocal8Bit() != values[i])
+            return fail(QString("wallwright: argument %1, \"%2\", is not written in UTF-8; rename the file")
+                            .arg(QString::number(i), VisibleText::asOneLine(argument)));
+        arguments.append(argument);
+    }
+    return arguments;
 }
 
 ExitStatus runCommandLine(const QStringList &arguments, QTextStream &out, QTextStream &err)

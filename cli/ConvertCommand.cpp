@@ -31,8 +31,17 @@ Result<void> takeFiles(ConvertCommand &command, const QStringList &files)
         if (const auto format = FileFormat::toWrite(output); !format)
             return tl::unexpected(format.error());
     }
-    if (command.picture.layer && std::none_of(command.outputs.begin(), command.outputs.end(), usesSettings))
-        return fail("--layer concerns .png outputs, and there is none");
+    return {};
+}
+
+Result<void> checkSettingsAreUsed(const ConvertCommand &command, const QCommandLineParser &parser)
+{
+    if (std::any_of(command.outputs.begin(), command.outputs.end(), usesSettings))
+        return {};
+    for (const char *name : {"layer", "background", "edge"}) {
+        if (parser.isSet(name))
+            return fail(QString("--%1 concerns .png outputs, and there is none").arg(name));
+    }
     return {};
 }
 
@@ -101,6 +110,7 @@ Result<ConvertCommand> ConvertCommand::parse(const QStringList &arguments)
     ConvertCommand command;
     return parsed.and_then([&] { return takeSettings(command, parser); })
         .and_then([&] { return takeFiles(command, parser.positionalArguments()); })
+        .and_then([&] { return checkSettingsAreUsed(command, parser); })
         .map([&] { return command; });
 }
 

@@ -1,7 +1,7 @@
 #include "cli/InfoJson.h"
 
-#include "app/JsonValues.h"
 #include "cli/InfoFacts.h"
+#include "cli/VisibleText.h"
 
 #include <QByteArray>
 
@@ -17,7 +17,7 @@ using Member = std::pair<const char *, QByteArray>;
 
 QByteArray text(const QString &value)
 {
-    return value.isNull() ? QByteArray("null") : JsonValues::text(value);
+    return value.isNull() ? QByteArray("null") : VisibleText::quoted(value).toUtf8();
 }
 
 QByteArray text(bool value)

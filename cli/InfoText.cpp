@@ -1,8 +1,8 @@
 #include "cli/InfoText.h"
 
-#include "app/JsonValues.h"
 #include "app/PowerCalculator.h"
 #include "cli/InfoFacts.h"
+#include "cli/VisibleText.h"
 #include "layer/AmpereText.h"
 #include "screen/LostWall.h"
 
@@ -32,16 +32,10 @@ QString line(const QString &name, const QString &text)
     return "  " + name.leftJustified(nameWidth) + text + u'\n';
 }
 
-/// In quotes, with everything escaped that could break the line.
-QString quoted(const QString &text)
-{
-    return QString::fromUtf8(JsonValues::text(text));
-}
-
 QString heading(const LayerFacts &layer, std::size_t index)
 {
     const QString kind = layer.wall ? "screen" : "still";
-    const QString name = layer.label.isNull() ? QString("without a name") : quoted(layer.label);
+    const QString name = layer.label.isNull() ? QString("without a name") : VisibleText::quoted(layer.label);
     const QString hidden = layer.isVisible ? QString() : QString(", not visible");
     return QString("Layer %1: ").arg(index) + kind + u' ' + name + hidden + u'\n';
 }
@@ -114,7 +108,7 @@ QString layerText(const LayerFacts &layer, std::size_t index)
     text += line("Size", layer.isTooLargeToDraw ? LostWall::reason(layer.width, layer.height)
                                                 : size(layer.width, layer.height) + " pixels");
     if (!layer.wall)
-        return text + line("Picture", layer.picture.isNull() ? QString("none") : quoted(layer.picture));
+        return text + line("Picture", layer.picture.isNull() ? QString("none") : VisibleText::quoted(layer.picture));
     return text + wallText(*layer.wall);
 }
 } // namespace

@@ -2,6 +2,19 @@
 
 #include "app/ColourText.h"
 
+#include <algorithm>
+
+namespace {
+/// With one dash or two, as it stands in the arguments.
+QString asTyped(const QString &option, const QStringList &arguments)
+{
+    const bool hasOneDash = std::any_of(arguments.begin(), arguments.end(), [&](const QString &argument) {
+        return argument.section(u'=', 0, 0) == u'-' + option;
+    });
+    return (hasOneDash ? "-" : "--") + option;
+}
+} // namespace
+
 namespace Options {
 
 QCommandLineOption withValue(const QString &name)
@@ -23,7 +36,7 @@ Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &
         return {};
     const QStringList unknown = parser.unknownOptionNames();
     if (!unknown.isEmpty())
-        return fail(QString("there is no option --%1").arg(unknown.first()));
+        return fail("there is no option " + asTyped(unknown.first(), arguments));
     const QString reason = parser.errorText().remove(u'.');
     return fail(reason.left(1).toLower() + reason.mid(1));
 }

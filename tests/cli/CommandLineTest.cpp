@@ -59,6 +59,58 @@ TEST_F(CommandLineTest, EachVerbHasItsOwnHelpWhateverElseIsGiven)
     EXPECT_EQ(outcome.err, QString());
 }
 
+TEST_F(CommandLineTest, HelpInFrontOfAVerbIsTheVerbs)
+{
+    EXPECT_TRUE(runCommand({"--help", "convert"}).out.startsWith("Usage: wallwright convert INPUT OUTPUT..."));
+    EXPECT_TRUE(runCommand({"-h", "info"}).out.startsWith("Usage: wallwright info INPUT"));
+    EXPECT_EQ(runCommand({"--help", "frobnicate"}).out, runCommand({"--help"}).out);
+}
+
+TEST_F(CommandLineTest, TheVersionStandsAlone)
+{
+    expectMisuse({"--version", "foo"}, R"(wallwright: --version stands alone; "wallwright --help" tells more)");
+    expectMisuse({"-v", "a.Orv"}, R"(wallwright: -v stands alone; "wallwright --help" tells more)");
+}
+
+TEST_F(CommandLineTest, SettingsOfPicturesNeedAPicture)
+{
+    for (const char *option : {"--background", "--edge"})
+        expectMisuse({"convert", "a.Orv", "b.json", "c.psd", option, "#ff0000"},
+                     QString("wallwright convert: %1 concerns .png outputs, and there is none; ").arg(option) +
+                         R"("wallwright convert --help" tells more)");
+}
+
+TEST_F(CommandLineTest, AnUnknownOptionIsToldAsItWasTyped)
+{
+    const QString more = R"(; "wallwright convert --help" tells more)";
+    expectMisuse({"convert", "a.Orv", "b.png", "-x"}, "wallwright convert: there is no option -x" + more);
+    expectMisuse({"convert", "a.Orv", "b.png", "-x=1"}, "wallwright convert: there is no option -x" + more);
+    expectMisuse({"convert", "a.Orv", "b.png", "--x"}, "wallwright convert: there is no option --x" + more);
+}
+
+TEST_F(CommandLineTest, AMissingFileIsKnownByItsName)
+{
+    for (const char *name : {"missing.Orv", "missing.json", "./missing"})
+        EXPECT_TRUE(namesMissingFile({name})) << name;
+    EXPECT_FALSE(namesMissingFile({"frobnicate"}));
+    EXPECT_FALSE(namesMissingFile({}));
+    EXPECT_FALSE(namesMissingFile({"--./missing"}));
+    EXPECT_FALSE(namesMissingFile({"missing.Orv", "other.Orv"}));
+    EXPECT_FALSE(namesMissingFile({file("show.Orv", {})}));
+}
+
+TEST_F(CommandLineTest, AnArgumentThatIsNotUtf8IsRefused)
+{
+    const char *const good[] = {"wallwright", "Gr\xc3\xb6\xc3\x9f"
+                                              "e.png"};
+    EXPECT_EQ(argumentsOf(2, good).value(), QStringList{"Größe.png"});
+    const char *const bad[] = {"wallwright", "convert", "a.Orv", "caf\xe9.png"};
+    const Result<QStringList> refused = argumentsOf(4, bad);
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error().text,
+              "wallwright: argument 3, \"caf\uFFFD.png\", is not written in UTF-8; rename the file");
+}
+
 TEST_F(CommandLineTest, HelpOfConvertNamesItsOptions)
 {
     const QString help = runCommand({"convert", "--help"}).out;
@@ -161,6 +213,11 @@ TEST_F(CommandLineTest, UnknownOptionsAndMissingValuesAreAMisuse)
     expectMisuse({"convert", "a.Orv", "b.png", "--layer"}, "wallwright convert: missing value after '--layer'" + more);
     expectMisuse({"info", "a.Orv", "--json=1"},
                  R"(wallwright info: unexpected value after '--json'; "wallwright info --help" tells more)");
+}
+
+TEST_F(CommandLineTest, ReasonsDoNotTurnTheDirectionOfTheLine)
+{
+    EXPECT_EQ(runCommand({"info", u"a\u202egpj\u2066.Orv"_qs}).err, "a gpj .Orv: there is no such file\n");
 }
 
 TEST_F(CommandLineTest, ReasonsStayOnOneLineWhateverAFileIsCalled)

@@ -147,6 +147,15 @@ TEST_F(InfoCommandTest, NamesAreQuotedSoThatTheyCannotBreakALine)
     EXPECT_TRUE(info.contains("\nLayer 1: screen without a name\n"));
 }
 
+TEST_F(InfoCommandTest, LettersThatTurnTheDirectionAreEscaped)
+{
+    const QByteArray wall =
+        QStringView(u"{\"class\": \"LWScreen\", \"label\": \"A\u202eB\u2066\u200f\u007f שׁ\"}").toUtf8();
+
+    EXPECT_TRUE(infoOf(wall).contains(u"\nLayer 0: screen \"A\\u202eB\\u2066\\u200f\\u007f שׁ\"\n"));
+    EXPECT_TRUE(infoOf(wall, {"--json"}).contains(u"\"label\": \"A\\u202eB\\u2066\\u200f\\u007f שׁ\""));
+}
+
 TEST_F(InfoCommandTest, FestivalPortsAndPanelsAreThoseWorkedOutByHand)
 {
     const QJsonObject show = festival();

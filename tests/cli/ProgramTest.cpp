@@ -9,12 +9,16 @@ namespace {
 class ProgramTest : public CommandTest
 {
 protected:
-    static Outcome start(const QStringList &arguments)
+    using Variables = std::initializer_list<std::pair<const char *, const char *>>;
+
+    static Outcome start(const QStringList &arguments, Variables variables = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LC_ALL"})
             environment.remove(name);
         environment.insert("LANG", "C");
+        for (const auto &[name, value] : variables)
+            environment.insert(name, value);
         QProcess process;
         process.setProcessEnvironment(environment);
         process.start(PROGRAM, arguments);
@@ -44,10 +48,8 @@ TEST_F(ProgramTest, PicturesAreTheSameAsInTheTests)
     ASSERT_EQ(start({"convert", input, path("a.png")}).status, 0);
     ASSERT_EQ(runCommand({"convert", input, path("b.png")}).status, 0);
 
-    // By pixels: equal pictures need not be compressed to equal bytes.
-    const QImage picture(path("a.png"));
-    ASSERT_EQ(picture.size(), QSize(1920, 1080));
-    EXPECT_EQ(picture, QImage(path("b.png")));
+    EXPECT_EQ(QImage(path("a.png")).size(), QSize(1920, 1080));
+    EXPECT_EQ(bytes("a.png"), bytes("b.png"));
 }
 
 TEST_F(ProgramTest, ExitStatusAndReasonReachTheShell)
@@ -90,6 +92,34 @@ TEST_F(ProgramTest, TheWindowNeedsADisplayAndSaysSo)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err,
               "wallwright: there is no display for a window; \"wallwright --help\" tells what works without\n");
+}
+
+TEST_F(ProgramTest, ADisplayThatDoesNotAnswerIsOneLine)
+{
+    const QString noDisplay =
+        "wallwright: there is no display for a window; \"wallwright --help\" tells what works without\n";
+    const Outcome outcome = start({}, {{"DISPLAY", ":4711"}});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, noDisplay);
+    EXPECT_EQ(start({file("show.Orv", {})}, {{"WAYLAND_DISPLAY", "none"}, {"QT_QPA_PLATFORM", "wayland"}}).status, 1);
+}
+
+TEST_F(ProgramTest, AMissingFileIsAReasonForAScriptAndAWindowForAPerson)
+{
+    const Outcome script = start({path("none.Orv")}, {{"QT_QPA_PLATFORM", "offscreen"}});
+    EXPECT_EQ(script.status, 1);
+    EXPECT_EQ(script.err, path("none.Orv") + ": there is no such file\n");
+
+    QProcessEnvironment desktop = QProcessEnvironment::systemEnvironment();
+    desktop.insert("QT_QPA_PLATFORM", "offscreen");
+    desktop.insert("XDG_ACTIVATION_TOKEN", "clicked");
+    QProcess process;
+    process.setProcessEnvironment(desktop);
+    process.start(PROGRAM, {path("none.Orv")});
+    EXPECT_FALSE(process.waitForFinished(2000)); // it shows its window
+    process.kill();
+    EXPECT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.readAllStandardOutput(), QByteArray());
 }
 
 TEST_F(ProgramTest, ResultsThatCannotBePrintedAreAFailure)
