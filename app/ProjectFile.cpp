@@ -21,6 +21,13 @@ Result<Project> decodeOutputSize(const std::vector<ArchiveValue> &root)
         return tl::unexpected(width.error());
     return ProjectFile::checkOutputSize(*width, *height).map([&] { return Project{*height, *width, {}}; });
 }
+
+/// Preset libraries are lists as well, of layers from the first entry on.
+bool isPresetLibrary(const ArchiveValue &root)
+{
+    const ArchiveList *const list = std::get_if<ArchiveList>(&root.storage);
+    return list && !(*list)->empty() && std::holds_alternative<ArchiveObjectPointer>((*list)->front().storage);
+}
 } // namespace
 
 namespace ProjectFile {
@@ -58,6 +65,8 @@ Result<Project> decode(const QByteArray &bytes, LayerHost &host)
     const Result<ArchiveValue> archive = LayerArchive::read(bytes);
     if (!archive)
         return tl::unexpected(archive.error());
+    if (isPresetLibrary(*archive))
+        return fail("this is no project, but a preset library. Open it with Open library in the presets' menu.");
     const Result<ArchiveList> root = archive->toList("the root");
     if (!root)
         return tl::unexpected(root.error());

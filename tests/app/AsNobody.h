@@ -2,7 +2,9 @@
 
 #include <QString>
 
+#include <algorithm>
 #include <functional>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -15,7 +17,9 @@ inline QString toldToNobody(const std::function<QString()> &work)
     EXPECT_EQ(pipe(ends), 0);
     const pid_t child = fork();
     if (child == 0) {
-        if (geteuid() == 0 && (setresgid(nobody, nobody, nobody) != 0 || setresuid(nobody, nobody, nobody) != 0))
+        const bool isRoot = geteuid() == 0;
+        if (isRoot && (setgroups(0, nullptr) != 0 || setresgid(nobody, nobody, nobody) != 0 ||
+                       setresuid(nobody, nobody, nobody) != 0))
             _exit(1);
         const QByteArray told = work().toUtf8();
         _exit(::write(ends[1], told.constData(), static_cast<std::size_t>(told.size())) == told.size() ? 0 : 1);

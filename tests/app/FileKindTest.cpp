@@ -1,6 +1,7 @@
 #include "app/FileBytes.h"
 #include "app/PresetLibrary.h"
 #include "app/ProjectText.h"
+#include "screen/LWScreen.h"
 #include "tests/screen/TestHost.h"
 
 #include <QBuffer>
@@ -55,6 +56,15 @@ TEST_F(FileKindTest, APictureIsToldWhereItBelongs)
                   "this is no preset library. To place a picture use Layer > Add image.");
     }
     EXPECT_FALSE(refusalOf("<svg xmlns='http://www.w3.org/2000/svg' width='4' height='3'/>", "a.Orv").contains("XML"));
+}
+
+TEST_F(FileKindTest, APresetLibraryIsToldWhereItIsOpened)
+{
+    for (const std::size_t count : {1, 3, 4}) {
+        const std::vector<LayerPointer> presets(count, LWScreen::init(host));
+        EXPECT_EQ(refusalOf(PresetLibrary::encode(presets).value(), "presets.Orv"),
+                  "this is no project, but a preset library. Open it with Open library in the presets' menu.");
+    }
 }
 
 TEST_F(FileKindTest, OtherFilesAreToldInPlainWords)

@@ -1,8 +1,12 @@
+#include "tests/app/FullDisk.h"
 #include "tests/cli/CommandRun.h"
 
 #include <QImage>
 #include <QProcess>
 #include <QProcessEnvironment>
+
+#include <grp.h>
+#include <unistd.h>
 
 namespace {
 /// The program itself, started as on a server: no display, no UTF-8 locale, nobody logged in.
@@ -13,13 +17,32 @@ protected:
 
     static Outcome start(const QStringList &arguments, Variables variables = {})
     {
+        QProcess process;
+        return finished(process, arguments, variables);
+    }
+    /// As a person whom the system refuses what it refuses: tests may run as root.
+    static Outcome startAsNobody(const QStringList &arguments)
+    {
+        constexpr uid_t nobody = 65534;
+        QProcess process;
+        process.setChildProcessModifier([] {
+            const bool isRoot = geteuid() == 0;
+            if (isRoot && (setgroups(0, nullptr) != 0 || setresgid(nobody, nobody, nobody) != 0 ||
+                           setresuid(nobody, nobody, nobody) != 0))
+                _exit(99);
+        });
+        return finished(process, arguments, {});
+    }
+
+private:
+    static Outcome finished(QProcess &process, const QStringList &arguments, Variables variables)
+    {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "XDG_RUNTIME_DIR", "LC_ALL"})
             environment.remove(name);
         environment.insert("LANG", "C");
         for (const auto &[name, value] : variables)
             environment.insert(name, value);
-        QProcess process;
         process.setProcessEnvironment(environment);
         process.start(PROGRAM, arguments);
         EXPECT_TRUE(process.waitForFinished());
@@ -92,6 +115,38 @@ TEST_F(ProgramTest, TheWindowNeedsADisplayAndSaysSo)
     EXPECT_EQ(outcome.status, 1);
     EXPECT_EQ(outcome.err,
               "wallwright: there is no display for a window; \"wallwright --help\" tells what works without\n");
+}
+
+TEST_F(ProgramTest, AFullDiskIsOneSentenceForEveryOutput)
+{
+    const QString input = show(plainWall(R"("col": 40, "row": 40)"));
+    const FullDisk disk(64);
+    for (const char *name : {"a.png", "a.psd", "a.Orv", "a.json"}) {
+        const Outcome outcome = start({"convert", input, path(name)});
+        EXPECT_EQ(outcome.status, 1) << name;
+        EXPECT_EQ(outcome.err, path(name) + ": cannot be written: File too large\n");
+    }
+    EXPECT_EQ(names(), QStringList{"show.json"});
+}
+
+TEST_F(ProgramTest, WhatThePersonMayNotDoIsOneSentence)
+{
+    const QString input = show(plainWall());
+    file("locked.Orv", "old");
+    const QFile::Permissions none;
+    ASSERT_TRUE(QFile::setPermissions(path("locked.Orv"), none));
+    ASSERT_TRUE(
+        QFile::setPermissions(path("."), QFile::ReadOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+    ASSERT_TRUE(QFile::setPermissions(input, QFile::ReadOwner | QFile::ReadOther));
+
+    EXPECT_EQ(startAsNobody({"info", path("locked.Orv")}).err,
+              path("locked.Orv") + ": cannot be read: Permission denied\n");
+    EXPECT_EQ(startAsNobody({"convert", input, path("a.png")}).err,
+              path("a.png") + ": cannot be written: Permission denied\n");
+    EXPECT_EQ(startAsNobody({"convert", input, path("locked.Orv")}).err,
+              path("locked.Orv") + ": cannot be written: the file is read-only\n");
+    ASSERT_TRUE(QFile::setPermissions(path("."), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+    EXPECT_EQ(bytes("locked.Orv"), "old");
 }
 
 TEST_F(ProgramTest, ADisplayThatDoesNotAnswerIsOneLine)
