@@ -161,6 +161,8 @@ public:
     void toggleVisibility();
     /// Hides or shows the layer of one row; the selection stays. Nothing where there is no such row.
     void toggleVisibilityOf(qsizetype row);
+    /// Moves the selected rows of one of the two lists up by one (-1) or down (1), as one step; those at the end stay.
+    void moveSelectedRows(LayerList &table, int distance);
     /// Shows the selected layers and hides all others.
     void hideOthers();
     /// Switches on what is off of the selected walls.
@@ -178,6 +180,8 @@ public:
 
     /// Adds a copy of a preset above the selected layer.
     void insertPreset(qsizetype index);
+    /// Keeps copies of the selected layers as presets, before all others, and selects them.
+    void keepAsPresets();
     /// Removes the selected presets; an alert where the list has but one.
     void removePreset();
     /// Asks where, and writes the presets; a failure is an alert.

@@ -40,6 +40,7 @@ void LWAppDelegate::writeProject(const QString &path)
     *m_file = path;
     documentIsInFile();
     emit projectPathDidChange(path);
+    m_userInterface.tellStatus("Saved " + QFileInfo(path).fileName());
 }
 
 void LWAppDelegate::openProject()

@@ -125,6 +125,22 @@ void LWAppDelegate::tableViewAcceptDrop(LayerList &table, qsizetype index, qsize
     updateAgainSoon();
 }
 
+void LWAppDelegate::moveSelectedRows(LayerList &table, int distance)
+{
+    std::vector<qsizetype> rows = table.selectionIndexes();
+    if (distance > 0)
+        std::reverse(rows.begin(), rows.end());
+    // Who is at the end has nowhere to go, nor has who comes behind him.
+    qsizetype end = distance < 0 ? 0 : table.rowCount() - 1;
+    for (const qsizetype row : rows) {
+        if (row == end)
+            end -= distance;
+        else
+            table.moveObjectAtArrangedObjectIndex(row, distance < 0 ? row - 1 : row + 2);
+    }
+    finishEdit(&table == &m_arraycontroller ? "Move Layer" : "Move Preset");
+}
+
 void LWAppDelegate::insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row)
 {
     const LayerPointer copy = createCopyOfLayerThroughArch(layer);

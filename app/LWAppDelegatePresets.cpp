@@ -1,8 +1,10 @@
 #include "app/BuiltInPresets.h"
 #include "app/LWAppDelegate.h"
+#include "app/LayerArchive.h"
 #include "app/PresetLibrary.h"
 
 #include <algorithm>
+#include <numeric>
 
 void LWAppDelegate::insertPreset(qsizetype index)
 {
@@ -11,6 +13,20 @@ void LWAppDelegate::insertPreset(qsizetype index)
         return;
     insertCopy(preset, m_arraycontroller, std::max<qsizetype>(m_arraycontroller.selectionIndex(), 0));
     finishEdit("Insert Preset");
+}
+
+void LWAppDelegate::keepAsPresets()
+{
+    const Result<std::vector<LayerPointer>> copies = LayerArchive::copies(selectedLayers(), *this);
+    if (!copies)
+        return m_userInterface.tellFailure("Cannot keep " + copies.error().text);
+    m_presetarraycontroller.insertObjectsAtArrangedObjectIndex(*copies, 0);
+    std::vector<qsizetype> rows(copies->size());
+    std::iota(rows.begin(), rows.end(), 0);
+    m_presetarraycontroller.setSelectionIndexes(std::move(rows), 0);
+    finishEdit("Store Preset");
+    m_userInterface.tellStatus(copies->size() == 1 ? QString("%1 is kept as a preset").arg(copies->front()->label())
+                                                   : QString("%1 layers are kept as presets").arg(copies->size()));
 }
 
 void LWAppDelegate::removePreset()

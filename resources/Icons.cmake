@@ -12,6 +12,7 @@ set(WALLWRIGHT_ICONS
     question-circle
     save scissors search
     three-dots trash
+    x-lg
     zoom-in zoom-out)
 
 find_path(ICON_FOLDER eye.svg PATHS /usr/share/bootstrap-icons/svg NO_DEFAULT_PATH)

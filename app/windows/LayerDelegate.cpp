@@ -206,8 +206,12 @@ bool LayerDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const 
     const LayerPointer layer = m_list.layer(index.row());
     if (event->type() != QEvent::ToolTip || !layer)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString tip = (QStringList(name(*layer)) + lines(*layer)).join('\n').toHtmlEscaped().replace('\n', "<br>");
-    QToolTip::showText(event->globalPos(), "<qt>" + tip + "</qt>", view, option.rect);
+    QStringList tip = lines(*layer).mid(1);
+    const bool isCut = option.fontMetrics.horizontalAdvance(name(*layer)) > namePlace(option.rect).width();
+    if (isCut || !tip.isEmpty())
+        tip.prepend(name(*layer));
+    const QString text = tip.join('\n').toHtmlEscaped().replace('\n', "<br>");
+    QToolTip::showText(event->globalPos(), text.isEmpty() ? QString() : "<qt>" + text + "</qt>", view, option.rect);
     return true;
 }
 

@@ -11,10 +11,12 @@
 #include <QPainter>
 #include <QPointer>
 #include <QProxyStyle>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QStyleOption>
 #include <QTimer>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -56,6 +58,27 @@ QItemSelection rangesOf(const LayerList &list)
     }
     return ranges;
 }
+
+/// "128 × 64" is one word, "128x64".
+QStringList wordsOf(const QString &text)
+{
+    static const QRegularExpression timesSign("(?<=\\d)\\s*[x×]\\s*(?=\\d)", QRegularExpression::CaseInsensitiveOption);
+    return QString(text).replace(timesSign, "x").remove(',').split(' ', Qt::SkipEmptyParts);
+}
+
+/// Whether each of the words is part of the name, or begins one of the numbers that the row shows.
+bool isFound(const QStringList &words, const Layer &layer)
+{
+    const QString width = QString::number(layer.panelWidth());
+    const QString height = QString::number(layer.panelHeight());
+    const QString watts = QString::number(layer.powerOnCell());
+    const QStringList facts{width + 'x' + height + "px", height + "px", watts + 'W', "px", "W"};
+    return std::all_of(words.begin(), words.end(), [&](const QString &word) {
+        return layer.label().contains(word, Qt::CaseInsensitive) ||
+               std::any_of(facts.begin(), facts.end(),
+                           [&](const QString &fact) { return fact.startsWith(word, Qt::CaseInsensitive); });
+    });
+}
 } // namespace
 
 LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind kind, LayerDelegate::Warnings warnings,
@@ -94,10 +117,10 @@ LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind
     followSelection();
 }
 
-void LayerTable::showNamesWith(const QString &text)
+void LayerTable::showRowsWith(const QString &text)
 {
-    m_searched = text;
-    hideOtherNames(0, m_list.rowCount() - 1);
+    m_searched = wordsOf(text);
+    hideOthers(0, m_list.rowCount() - 1);
     for (int row = 0; shownRow() < 0 && row < m_list.rowCount(); ++row) {
         if (!isRowHidden(row))
             m_list.setSelectionIndex(row);
@@ -119,13 +142,13 @@ int LayerTable::shownRow() const
 void LayerTable::searchRows(int first, int last)
 {
     if (!m_searched.isEmpty())
-        hideOtherNames(first, last);
+        hideOthers(first, last);
 }
 
-void LayerTable::hideOtherNames(int first, int last)
+void LayerTable::hideOthers(int first, int last)
 {
     for (int row = first; row <= last; ++row) {
-        const bool isSearched = m_list.layer(row)->label().contains(m_searched, Qt::CaseInsensitive);
+        const bool isSearched = isFound(m_searched, *m_list.layer(row));
         if (isRowHidden(row) == isSearched)
             setRowHidden(row, !isSearched);
     }

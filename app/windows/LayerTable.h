@@ -18,9 +18,10 @@ public:
     LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind kind, LayerDelegate::Warnings warnings = {},
                QWidget *parent = nullptr);
 
-    /// Shows only the rows whose names contain the text, whatever its case; empty: all. Rows that it hides are not
-    /// selected any longer; where that is the current one, the first that is shown is selected.
-    void showNamesWith(const QString &text);
+    /// Shows only the rows that all words of the text are found in, whatever their case: anywhere in the name, or where
+    /// a number begins ("128", "128x64", "220W"); empty: all. Rows that it hides are not selected any longer; where
+    /// that is the current one, the first that is shown is selected.
+    void showRowsWith(const QString &text);
     /// The current row; -1 where that is not shown.
     int shownRow() const;
 
@@ -47,12 +48,12 @@ private:
     void followSelection();
     void leadSelection();
     void searchRows(int first, int last);
-    void hideOtherNames(int first, int last);
+    void hideOthers(int first, int last);
 
     LayerList &m_list;
     LayerDelegate::Kind m_kind;
     LayerDelegate *m_delegate;
-    QString m_searched;
+    QStringList m_searched;   ///< words
     bool m_eyeIsDown = false; ///< what the mouse does is no gesture of the table
     bool m_wasPainted = false;
     bool m_follows = false; ///< the list leads

@@ -48,7 +48,6 @@ constexpr int wideWindow = 1100;
 constexpr int narrowWindow = 900;
 /// Nobody waits for a folder to be read before there is a window.
 constexpr std::chrono::milliseconds afterFirstPaint{500};
-constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
 } // namespace
 
 MainWindow::MainWindow()
@@ -66,6 +65,7 @@ MainWindow::MainWindow()
 
 MainWindow::~MainWindow()
 {
+    m_document.undoStack().disconnect(this); // it tells that its steps go, when the actions have gone
     // The views show the document, so they go first.
     m_interface.setCanvas(nullptr);
     delete takeCentralWidget();
@@ -100,8 +100,10 @@ QWidget *MainWindow::layersPanel()
     m_layersHead = new QHBoxLayout;
     m_layersHead->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
     m_layersHead->addStretch(1);
-    m_addButton = headButton("+", "Add layer", "Adds a screen or an image", [this] { m_document.add(); });
-    m_deleteButton = headButton("−", "Delete layer", "Deletes the selected layers", [this] { m_document.remove(); });
+    m_addButton = headButton("+", "Add layer", "A screen or an image");
+    m_addButton->setPopupMode(QToolButton::InstantPopup);
+    m_deleteButton = headButton("−", "Delete layer", "Deletes the selected layers");
+    connect(m_deleteButton, &QToolButton::clicked, &m_document, &LWAppDelegate::remove);
     m_layersHead->addWidget(m_addButton);
     m_layersHead->addWidget(m_deleteButton);
     column->addLayout(m_layersHead);
@@ -109,14 +111,12 @@ QWidget *MainWindow::layersPanel()
     return panel;
 }
 
-QToolButton *MainWindow::headButton(const QString &sign, const QString &name, const QString &tip,
-                                    const std::function<void()> &act)
+QToolButton *MainWindow::headButton(const QString &sign, const QString &name, const QString &tip)
 {
     auto *button = new QToolButton;
     button->setText(sign);
     button->setAccessibleName(name);
     button->setToolTip(tip);
-    connect(button, &QToolButton::clicked, this, act);
     return button;
 }
 
@@ -124,11 +124,11 @@ void MainWindow::addViews()
 {
     // From the outside in: a widget that is put into another is styled anew with all that is in it.
     auto *centre = new QWidget(this);
-    auto *column = new QVBoxLayout(centre);
-    column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
+    m_column = new QVBoxLayout(centre);
+    m_column->setContentsMargins(0, 0, 0, 0);
+    m_column->setSpacing(0);
     m_regions = new QSplitter(centre);
-    column->addWidget(m_regions, 1);
+    m_column->addWidget(m_regions, 1);
     m_regions->setHandleWidth(1);
     m_regions->setChildrenCollapsible(false);
     m_listsSide = new FoldingSide("Lists", FoldingSide::Side::Left, m_regions);
@@ -150,7 +150,7 @@ void MainWindow::addViews()
     m_regions->setStretchFactor(1, 1);
     m_regions->setSizes({listsWidth, firstSize.width() - listsWidth - inspectorWidth, inspectorWidth});
     m_powerBar = new PowerBar(centre);
-    column->addWidget(m_powerBar);
+    m_column->addWidget(m_powerBar);
     setCentralWidget(centre);
 }
 
@@ -167,10 +167,10 @@ void MainWindow::makeLateParts()
 {
     if (m_presetPanel)
         return;
-    fillMenus();
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
     m_presetPanel = new PresetPanel(m_document, m_interface);
     m_lists->setPresets(m_presetPanel);
+    fillMenus();
     m_canvasPane->showIcons();
     m_layersHead->insertWidget(0, Theme::title("Layers", m_layerTable));
     m_addButton->setIcon(Icons::icon("plus-lg"));
@@ -212,6 +212,7 @@ void MainWindow::connectDocument()
     connect(&m_document, &LWAppDelegate::projectPathDidChange, this, &MainWindow::showFile);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this,
             [this](bool isClean) { setWindowModified(!isClean); });
+    connect(&m_document.undoStack(), &QUndoStack::indexChanged, m_powerBar, &PowerBar::clearStatus);
 }
 
 void MainWindow::connectViews()
@@ -248,20 +249,6 @@ void MainWindow::showFile(const QString &path)
     // "[*]" in a title is Qt's sign for a changed document; twice it is the text itself.
     const QString name = path.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(path).fileName();
     setWindowTitle(QString(name).replace("[*]", "[*][*]") + "[*] — Wallwright");
-}
-
-void MainWindow::tellUnsavedWork()
-{
-    const std::vector<FoundCopy> copies = m_document.recoverable();
-    if (!copies.empty())
-        m_powerBar->showStatus("Unsaved work: " + titleOf(copies.front()) + ". File > Recover");
-}
-
-QString MainWindow::titleOf(const FoundCopy &copy)
-{
-    const QString name =
-        copy.projectPath.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(copy.projectPath).fileName();
-    return name + ", " + QLocale().toString(copy.time.toLocalTime(), QLocale::ShortFormat);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -328,7 +315,11 @@ void MainWindow::dropEvent(QDropEvent *event)
         const QString extension = QFileInfo(path).suffix().toLower();
         if (extension == "orv" || extension == "json")
             return m_document.openProjectPre(path);
-        if (!path.isEmpty())
+        if (path.isEmpty())
+            m_powerBar->showFailure(QString("Cannot place %1: it is no file on this computer; save it here first, then "
+                                            "drop that.")
+                                        .arg(url.toDisplayString()));
+        else
             pictures.append(path);
     }
     m_document.addImages(pictures);

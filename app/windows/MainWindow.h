@@ -11,6 +11,8 @@
 #include <QScreen>
 
 #include <functional>
+#include <utility>
+#include <vector>
 
 class CanvasPane;
 class FoldingSide;
@@ -18,8 +20,10 @@ class Inspector;
 class LayerTable;
 class ListsPane;
 class LWCanvasImageView;
+class NoticeBar;
 class PresetPanel;
 class QHBoxLayout;
+class QVBoxLayout;
 class QMenu;
 class QSplitter;
 class QToolButton;
@@ -47,6 +51,8 @@ public:
     /// they are not there. Otherwise that is done after the first painting, so that nobody waits for them before there
     /// is a window.
     void makeLateParts();
+    /// What can be done with the selected layers, for a context menu; nothing before makeLateParts().
+    QList<QAction *> layerActions() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -80,6 +86,14 @@ private:
     };
     /// An action at whose start the message of the one before goes.
     QAction *addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys, const std::function<void()> &act);
+    /// The same, which cannot be chosen while `isOfUse` says no.
+    QAction *addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys, const std::function<void()> &act,
+                     const std::function<bool()> &isOfUse);
+    void enableActions();
+    void addUndo(QMenu &menu);
+    void addOrder(QMenu &menu);
+    void addTools(QMenu &menu);
+    void addPreview(QMenu &menu);
     void listDisplays(QMenu &menu);
     OutputPreview &outputPreview();
     void showPreviewOnDisplay();
@@ -91,9 +105,11 @@ private:
     /// The table that keys go to: the presets while they have the focus, otherwise the layers.
     LayerTable &tableInUse();
     void rename();
+    void moveRows(int distance);
+    void addLayer(const std::function<void()> &act);
+    void addImage();
     void removeSelected();
-    QToolButton *headButton(const QString &sign, const QString &name, const QString &tip,
-                            const std::function<void()> &act);
+    QToolButton *headButton(const QString &sign, const QString &name, const QString &tip);
     void addViews();
     void connectDocument();
     void connectViews();
@@ -103,12 +119,19 @@ private:
     void foldSides(bool areFolded);
     void showFile(const QString &path);
     void tellUnsavedWork();
+    void followUnsavedWork(const QMenu &menu);
+    void showNotice(NoticeBar *notice, QPointer<NoticeBar> &place);
     /// "show.Orv, 21/11/2026 02:14"
     static QString titleOf(const FoundCopy &copy);
+
+    static constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
 
     WindowInterface m_interface{*this};
     LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath(), PresetStore::standardPath()};
     CanvasLink m_canvasLink{m_document};
+    QVBoxLayout *m_column; ///< notices, regions and power line
+    QPointer<NoticeBar> m_unsavedWork;
+    std::vector<std::pair<QAction *, std::function<bool()>>> m_conditions; ///< when actions can be chosen
     LayerTable *m_layerTable;
     QHBoxLayout *m_layersHead; ///< a title, which comes late, and two buttons
     QToolButton *m_addButton;

@@ -1,3 +1,4 @@
+#include "app/LayerPasteboard.h"
 #include "app/Settings.h"
 #include "app/windows/FoldingSide.h"
 #include "app/windows/Icons.h"
@@ -10,6 +11,8 @@
 #include "app/windows/PresetPanel.h"
 #include "canvas/LWCanvasImageView.h"
 
+#include <QActionGroup>
+#include <QClipboard>
 #include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -37,6 +40,10 @@ void MainWindow::fillMenus()
     const QList<QAction *> titles = menuBar()->actions();
     for (std::size_t i = 0; i < menus().size(); ++i)
         (this->*menus()[i].fill)(*titles[static_cast<qsizetype>(i)]->menu());
+    LayerList &layers = m_document.arraycontroller();
+    connect(&layers, &LayerList::selectionIndexesDidChange, this, &MainWindow::enableActions);
+    connect(&m_document.undoStack(), &QUndoStack::indexChanged, this, &MainWindow::enableActions);
+    enableActions();
 }
 
 void MainWindow::fillFileMenu(QMenu &menu)
@@ -46,19 +53,20 @@ void MainWindow::fillFileMenu(QMenu &menu)
         m_interface.prepareOpenPanel("Open project");
         m_document.openProject();
     });
-    QMenu *recent = menu.addMenu("Open &Recent");
+    QMenu *recent = menu.addMenu("Open &recent");
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
     menu.addSeparator();
     addTold(menu, {"&Save", "save"}, QKeySequence::Save, [this] {
         m_interface.prepareSavePanel("Save project", ProjectFile::extension);
         m_document.save();
     });
-    addTold(menu, {"Save &As..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
+    addTold(menu, {"Save &as..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
         m_interface.prepareSavePanel("Save project", ProjectFile::extension);
         m_document.saveProject();
     });
     QMenu *recover = menu.addMenu("Re&cover");
     connect(recover, &QMenu::aboutToShow, this, [this, recover] { listUnsavedWork(*recover); });
+    followUnsavedWork(*recover);
     menu.addSeparator();
     addTold(menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] {
         m_interface.prepareSavePanel("Export PNG", "png");
@@ -74,23 +82,41 @@ void MainWindow::fillFileMenu(QMenu &menu)
 
 void MainWindow::fillEditMenu(QMenu &menu)
 {
-    QAction *undo = m_document.undoStack().createUndoAction(this, "&Undo");
-    undo->setShortcut(QKeySequence::Undo);
-    undo->setIcon(Icons::icon("arrow-counterclockwise"));
-    menu.addAction(undo);
-    QAction *redo = m_document.undoStack().createRedoAction(this, "&Redo");
-    redo->setShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
-    redo->setIcon(Icons::icon("arrow-clockwise"));
-    menu.addAction(redo);
+    addUndo(menu);
     menu.addSeparator();
     addTold(menu, {"Cu&t", "scissors"}, QKeySequence::Cut, [this] { m_document.cutToPasteboard(); });
-    addTold(menu, {"&Copy", "files"}, QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
-    addTold(menu, {"&Paste", "clipboard"}, QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); });
-    addTold(menu, {"&Rename", "pencil"}, Qt::Key_F2, [this] { rename(); });
-    QAction *duplicate = addTold(menu, {"D&uplicate Layer"}, Qt::CTRL | Qt::Key_D, [this] { m_document.copyLayer(); });
+    QAction *copy = addTold(menu, {"&Copy", "files"}, QKeySequence::Copy, [this] { m_document.copyToPasteboard(); });
+    addTold(
+        menu, {"&Paste", "clipboard"}, QKeySequence::Paste, [this] { m_document.pasteFromPasteboard(); },
+        LayerPasteboard::hasLayers);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, &MainWindow::enableActions);
+    QAction *rename = addTold(menu, {"&Rename", "pencil"}, Qt::Key_F2, [this] { this->rename(); });
+    QAction *duplicate = addTold(menu, {"D&uplicate layer"}, Qt::CTRL | Qt::Key_D,
+                                 [this] { addLayer([this] { m_document.copyLayer(); }); });
     QAction *remove = addTold(menu, {"D&elete", "trash"}, QKeySequence::Delete, [this] { removeSelected(); });
-    addTold(menu, {"Select &All"}, QKeySequence::SelectAll, [this] { tableInUse().selectAll(); });
-    m_layerTable->addActions({duplicate, remove});
+    addTold(menu, {"Select &all"}, QKeySequence::SelectAll, [this] { tableInUse().selectAll(); });
+    m_layerTable->addActions({rename, copy, duplicate, remove});
+}
+
+/// Like the stack's own actions, which would say the names of steps in capitals.
+void MainWindow::addUndo(QMenu &menu)
+{
+    QUndoStack &stack = m_document.undoStack();
+    const auto titled = [](const char *verb, const QString &step) {
+        return QString("%1 %2").arg(verb, step.toLower()).trimmed().replace('&', "&&").replace(0, 0, "&");
+    };
+    QAction *undo =
+        menu.addAction(Icons::icon("arrow-counterclockwise"), "&Undo", QKeySequence::Undo, &stack, &QUndoStack::undo);
+    QAction *redo = menu.addAction(Icons::icon("arrow-clockwise"), "&Redo", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &stack,
+                                   &QUndoStack::redo);
+    undo->setEnabled(stack.canUndo());
+    redo->setEnabled(stack.canRedo());
+    connect(&stack, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
+    connect(&stack, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
+    connect(&stack, &QUndoStack::undoTextChanged, undo,
+            [=](const QString &step) { undo->setText(titled("Undo", step)); });
+    connect(&stack, &QUndoStack::redoTextChanged, redo,
+            [=](const QString &step) { redo->setText(titled("Redo", step)); });
 }
 
 LayerTable &MainWindow::tableInUse()
@@ -117,67 +143,133 @@ void MainWindow::removeSelected()
         m_presetPanel->removeShown();
 }
 
+void MainWindow::moveRows(int distance)
+{
+    const bool areLayers = &tableInUse() == m_layerTable;
+    m_document.moveSelectedRows(areLayers ? m_document.arraycontroller() : m_document.presetarraycontroller(),
+                                distance);
+}
+
+/// Folded layers come forward with the new one, which is selected and scrolled to.
+void MainWindow::addLayer(const std::function<void()> &act)
+{
+    m_lists->showLayers();
+    act();
+}
+
+void MainWindow::addImage()
+{
+    m_interface.prepareOpenPanel("Add image");
+    addLayer([this] { m_document.AddImage(); });
+}
+
 void MainWindow::fillLayerMenu(QMenu &menu)
 {
-    addTold(menu, {"Add &Screen", "grid"}, Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { m_document.AddScreen(); });
-    addTold(menu, {"Add &Image...", "image"}, Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] {
-        m_interface.prepareOpenPanel("Add image");
-        m_document.AddImage();
-    });
+    QAction *screen = addTold(menu, {"Add &screen", "grid"}, Qt::CTRL | Qt::SHIFT | Qt::Key_N,
+                              [this] { addLayer([this] { m_document.AddScreen(); }); });
+    QAction *image =
+        addTold(menu, {"Add &image...", "image"}, Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] { addImage(); });
+    auto *atButton = new QMenu(m_addButton);
+    atButton->addActions({screen, image});
+    m_addButton->setMenu(atButton);
     menu.addSeparator();
-    addTold(menu, {"&Hide or Show", "eye"}, Qt::Key_H, [this] { m_document.toggleVisibility(); });
-    m_layerTable->addAction(addTold(menu, {"Hide &Others"}, {}, [this] { m_document.hideOthers(); }));
+    m_layerTable->addAction(
+        addTold(menu, {"&Hide or show", "eye"}, Qt::Key_H, [this] { m_document.toggleVisibility(); }));
+    m_layerTable->addAction(addTold(
+        menu, {"Hide &others"}, {}, [this] { m_document.hideOthers(); },
+        [this] { return m_document.allScreensArray().size() > m_document.selectedLayers().size(); }));
     menu.addSeparator();
+    addOrder(menu);
     addPlaces(menu);
     menu.addSeparator();
-    menu.addAction(Icons::icon("search"), "Search &Presets", Qt::CTRL | Qt::Key_L, this, [this] {
+    m_layerTable->addAction(addTold(menu, {"&Keep as preset"}, {}, [this] { m_document.keepAsPresets(); }));
+    menu.addAction(Icons::icon("search"), "Search &presets", Qt::CTRL | Qt::Key_L, this, [this] {
         m_listsSide->open();
         m_lists->showPresets();
         m_presetPanel->search();
     });
 }
 
+/// The keys are the lists' own: in the canvas they nudge, in a field they mean nothing.
+void MainWindow::addOrder(QMenu &menu)
+{
+    const auto addMove = [&](const QString &title, Qt::Key key, int distance) {
+        QAction *move = addTold(menu, {title}, Qt::CTRL | key, [this, distance] { moveRows(distance); });
+        move->setShortcutContext(Qt::WidgetShortcut);
+        m_layerTable->addAction(move);
+        m_presetPanel->table().addAction(move);
+    };
+    addMove("Move &up", Qt::Key_Up, -1);
+    addMove("Move &down", Qt::Key_Down, 1);
+}
+
 void MainWindow::addPlaces(QMenu &menu)
 {
-    m_layerTable->addAction(addTold(menu, {"&Centre in Output"}, {}, [this] { m_document.centreInOutput(); }));
-    QMenu *corners = menu.addMenu("&Fit to Output Corner");
+    m_layerTable->addAction(addTold(menu, {"&Centre in output"}, {}, [this] { m_document.centreInOutput(); }));
+    QMenu *corners = menu.addMenu("&Fit to output corner");
     const auto addCorner = [this, corners](const QString &title, Qt::Corner corner) {
         addTold(*corners, {title}, {}, [this, corner] { m_document.fitToOutputCorner(corner); });
     };
-    addCorner("Top &Left", Qt::TopLeftCorner);
-    addCorner("Top &Right", Qt::TopRightCorner);
-    addCorner("Bottom L&eft", Qt::BottomLeftCorner);
-    addCorner("Bottom R&ight", Qt::BottomRightCorner);
+    addCorner("Top &left", Qt::TopLeftCorner);
+    addCorner("Top &right", Qt::TopRightCorner);
+    addCorner("Bottom l&eft", Qt::BottomLeftCorner);
+    addCorner("Bottom r&ight", Qt::BottomRightCorner);
     m_layerTable->addAction(corners->menuAction());
 }
 
 void MainWindow::fillViewMenu(QMenu &menu)
 {
-    using Tool = LWCanvasImageView::Tool;
-    menu.addAction(Icons::icon("grid-3x3"), "P&anels Tool", Qt::Key_P, this,
-                   [this] { m_canvas->setTool(Tool::Panels); });
-    menu.addAction(Icons::icon("arrows-move"), "A&rrange Tool", Qt::Key_V, this,
-                   [this] { m_canvas->setTool(Tool::Arrange); });
+    addTools(menu);
     menu.addSeparator();
     menu.addAction("&Lists", Qt::Key_F9, m_listsSide, &FoldingSide::toggle);
     menu.addAction("&Inspector", Qt::Key_F10, m_inspectorSide, &FoldingSide::toggle);
     menu.addSeparator();
-    menu.addAction(Icons::icon("zoom-in"), "&Zoom In", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
-    menu.addAction(Icons::icon("zoom-out"), "Zoom &Out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
+    menu.addAction(Icons::icon("zoom-in"), "&Zoom in", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
+    menu.addAction(Icons::icon("zoom-out"), "Zoom &out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
     menu.addAction("&100 %", Qt::CTRL | Qt::Key_1, m_canvas, &LWCanvasImageView::zoomTo100);
     menu.addAction("&Fit", Qt::CTRL | Qt::Key_0, m_canvas, &LWCanvasImageView::zoomToFit);
     menu.addSeparator();
-    addTold(menu, {"Output &Preview", "display"}, {}, [this] { m_document.openPvw(); });
-    QMenu *displays = menu.addMenu("Preview on &Display");
+    addPreview(menu);
+}
+
+void MainWindow::addTools(QMenu &menu)
+{
+    using Tool = LWCanvasImageView::Tool;
+    auto *tools = new QActionGroup(&menu);
+    const auto addTool = [&](Tool tool, const Entry &entry, Qt::Key key) {
+        QAction *action =
+            menu.addAction(Icons::icon(entry.icon), entry.title, key, this, [this, tool] { m_canvas->setTool(tool); });
+        action->setCheckable(true);
+        action->setChecked(m_canvas->tool() == tool);
+        tools->addAction(action);
+        connect(m_canvas, &LWCanvasImageView::toolDidChange, action,
+                [action, tool](Tool now) { action->setChecked(now == tool); });
+    };
+    addTool(Tool::Panels, {"P&anels tool", "grid-3x3"}, Qt::Key_P);
+    addTool(Tool::Arrange, {"A&rrange tool", "arrows-move"}, Qt::Key_V);
+}
+
+void MainWindow::addPreview(QMenu &menu)
+{
+    QAction *preview = addTold(menu, {"Output &preview", "display"}, {}, [this] {
+        if (m_preview && m_preview->isVisible())
+            m_preview->close();
+        else
+            m_document.openPvw();
+    });
+    preview->setCheckable(true);
+    connect(&menu, &QMenu::aboutToShow, preview,
+            [this, preview] { preview->setChecked(m_preview && m_preview->isVisible()); });
+    QMenu *displays = menu.addMenu("Preview on &display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    addTold(menu, {"Fi&ll the Display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    addTold(menu, {"Fi&ll the display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
 }
 
 void MainWindow::fillHelpMenu(QMenu &menu)
 {
-    addTold(menu, {"&First Steps", "question-circle"}, QKeySequence::HelpContents, [this] { m_document.openHelp(); });
-    addTold(menu, {"Help in the &Web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
-    addTold(menu, {"Look for a New &Version"}, {}, [this] { m_document.webupdatecheck(); });
+    addTold(menu, {"&First steps", "question-circle"}, QKeySequence::HelpContents, [this] { m_document.openHelp(); });
+    addTold(menu, {"Help in the &web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
+    addTold(menu, {"Look for a new &version"}, {}, [this] { m_document.webupdatecheck(); });
     menu.addSeparator();
     addTold(menu, {"&About Wallwright"}, {}, [this] { m_document.openAbout(); });
 }
@@ -239,6 +331,25 @@ QAction *MainWindow::addTold(QMenu &menu, const Entry &entry, const QKeySequence
                           });
 }
 
+QAction *MainWindow::addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys,
+                             const std::function<void()> &act, const std::function<bool()> &isOfUse)
+{
+    QAction *action = addTold(menu, entry, keys, act);
+    m_conditions.emplace_back(action, isOfUse);
+    return action;
+}
+
+void MainWindow::enableActions()
+{
+    for (const auto &[action, isOfUse] : m_conditions)
+        action->setEnabled(isOfUse());
+}
+
+QList<QAction *> MainWindow::layerActions() const
+{
+    return m_layerTable->actions();
+}
+
 void MainWindow::listRecentFiles(QMenu &menu)
 {
     menu.clear();
@@ -272,7 +383,7 @@ void MainWindow::listUnsavedWork(QMenu &menu)
         return;
     }
     menu.addSeparator();
-    menu.addAction("Forget All...", this, [this, copies] { forget(copies); });
+    menu.addAction("Forget all...", this, [this, copies] { forget(copies); });
 }
 
 void MainWindow::forget(const std::vector<FoundCopy> &copies)

@@ -88,6 +88,7 @@ void PowerBar::showPowerResult(const QString &text)
 void PowerBar::showFailure(const QString &sentence)
 {
     showMessage(sentence, Theme::warning, "What could not be done");
+    m_isFailure = true;
 }
 
 void PowerBar::showStatus(const QString &sentence)
@@ -95,9 +96,16 @@ void PowerBar::showStatus(const QString &sentence)
     showMessage(sentence, Theme::text, "What was done");
 }
 
+void PowerBar::clearStatus()
+{
+    if (!m_isFailure)
+        clearMessage();
+}
+
 void PowerBar::showMessage(const QString &sentence, const QColor &colour, const QString &kind)
 {
     m_messageSentence = sentence;
+    m_isFailure = false;
     Theme::colourText(*m_message, colour);
     m_message->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");
     m_message->setAccessibleName(sentence);

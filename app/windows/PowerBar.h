@@ -26,6 +26,8 @@ public:
     void showFailure(const QString &sentence);
     void showStatus(const QString &sentence);
     void clearMessage() { showStatus({}); }
+    /// Takes away what was done; what could not be done stays.
+    void clearStatus();
     /// "x 812  y 344  MAIN C7  #ff0000", "1,920 × 1,080 px" and the zoom; `panel`: the wall and panel under the
     /// pointer.
     void showReadOut(const CanvasReadOut &readOut, const QString &panel);
@@ -64,4 +66,5 @@ private:
     QLabel *m_outputSize;
     ZoomField *m_zoom;
     QString m_messageSentence;
+    bool m_isFailure = false; ///< what the sentence tells
 };

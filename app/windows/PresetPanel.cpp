@@ -18,7 +18,7 @@
 PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
     : QWidget(parent), m_document(document), m_interface(interface), m_search(new QLineEdit),
       m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::Kind::Presets)),
-      m_nothingFound(new QLabel("No preset has such a name"))
+      m_nothingFound(new QLabel("No preset has that name, size or power"))
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, Theme::edge, 0, 0);
@@ -33,7 +33,7 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
     m_table->setObjectName("presetTView");
     m_search->setPlaceholderText("Search presets");
     m_search->setAccessibleName("Search presets");
-    m_search->setToolTip("Shows the presets whose names contain this. Enter adds the chosen one.");
+    m_search->setToolTip("By name, pixels or watts; Enter adds the chosen one");
     m_search->setClearButtonEnabled(true);
     connect(m_search, &QLineEdit::textChanged, this, &PresetPanel::showFound);
     connect(m_search, &QLineEdit::returnPressed, this, &PresetPanel::addShown);
@@ -45,6 +45,7 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
     connect(&presets, &LayerList::modelReset, this, searchAgain, Qt::QueuedConnection);
     connect(&presets, &LayerList::rowsInserted, this, searchAgain, Qt::QueuedConnection);
     connect(&presets, &LayerList::rowsRemoved, this, searchAgain, Qt::QueuedConnection);
+    connect(&document.arraycontroller(), &LayerList::rowsInserted, m_search, &QLineEdit::clear, Qt::QueuedConnection);
 }
 
 bool PresetPanel::eventFilter(QObject *watched, QEvent *event)
@@ -65,7 +66,7 @@ bool PresetPanel::eventFilter(QObject *watched, QEvent *event)
 
 void PresetPanel::showFound(const QString &searched)
 {
-    m_table->showNamesWith(searched);
+    m_table->showRowsWith(searched);
     m_nothingFound->setVisible(m_table->shownRow() < 0);
 }
 
@@ -96,6 +97,8 @@ QWidget *PresetPanel::head()
     more->setToolTip("Opens, saves and changes the preset library");
     more->setPopupMode(QToolButton::InstantPopup);
     auto *menu = new QMenu(more);
+    menu->addAction("&Keep selected layers", &m_document, &LWAppDelegate::keepAsPresets);
+    menu->addSeparator();
     menu->addAction("&Open library...", this, [this] {
         m_interface.prepareOpenPanel("Open preset library");
         m_document.openPresets();

@@ -15,7 +15,7 @@ class DisplaysTest : public WindowFixture
 {
 protected:
     static QScreen &display(qsizetype number) { return *QGuiApplication::screens().at(number); }
-    void previewOn(const QString &title) { choose({"View", "Preview on Display", title}); }
+    void previewOn(const QString &title) { choose({"View", "Preview on display", title}); }
     OutputPreview &preview() { return *window.findChild<OutputPreview *>(); }
 
     const QString stage = "2: Stage, 1,280 × 1,024";
@@ -47,7 +47,7 @@ TEST_F(DisplaysTest, AnotherDisplayTakesItOverTheSameBringsItBack)
 
 TEST_F(DisplaysTest, FromTheSecondDisplayItGoesBackToItsWindow)
 {
-    choose({"View", "Output Preview"});
+    choose({"View", "Output preview"});
     const QRect place = preview().geometry();
     previewOn(stage);
     previewOn(wall);
@@ -70,7 +70,7 @@ TEST_F(DisplaysTest, TheMenuMarksTheDisplayThatIsFilled)
     previewOn(wall);
     QStringList marked;
     for (QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
-        if (menu->title().remove('&') != "Preview on Display")
+        if (menu->title().remove('&') != "Preview on display")
             continue;
         emit menu->aboutToShow();
         for (const QAction *action : menu->actions()) {

@@ -159,8 +159,21 @@ TEST_F(LayerRowTest, TheTipSaysWhatIsWrong)
     QHelpEvent asked(QEvent::ToolTip, name(1), table().viewport()->mapToGlobal(name(1)));
     QApplication::sendEvent(table().viewport(), &asked);
     EXPECT_EQ(QToolTip::text(),
-              "<qt>&lt;b&gt;<br>x 1,920 y 0 · 240 × 240<br>Hidden<br>It lies wholly outside the output "
-              "of 1,920 × 1,080 px; change its left and top.</qt>");
+              "<qt>&lt;b&gt;<br>Hidden<br>It lies wholly outside the output of 1,920 × 1,080 px; change its left and "
+              "top.</qt>");
+    QToolTip::hideText();
+}
+
+TEST_F(LayerRowTest, ATipDoesNotRepeatWhatTheRowShows)
+{
+    const auto tip = [this] {
+        QHelpEvent asked(QEvent::ToolTip, name(1), table().viewport()->mapToGlobal(name(1)));
+        QApplication::sendEvent(table().viewport(), &asked);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(tip(), "");
+    list().layer(1)->setLabel(QString(200, 'W'));
+    EXPECT_EQ(tip(), "<qt>" + QString(200, 'W') + "</qt>");
     QToolTip::hideText();
 }
 

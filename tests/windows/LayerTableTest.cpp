@@ -116,7 +116,7 @@ TEST_F(LayerTableTest, RowsThatTheSearchHidesAreNotPicked)
 {
     addWall("Sideways", 3);
     list().setSelectionIndexes({0, 2}, 2);
-    table().showNamesWith("side");
+    table().showRowsWith("side");
     QTest::mouseClick(table().viewport(), Qt::LeftButton, Qt::ControlModifier, middleOfRow(3));
     EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{2, 3}));
     table().selectAll();
@@ -125,7 +125,7 @@ TEST_F(LayerTableTest, RowsThatTheSearchHidesAreNotPicked)
 
 TEST_F(LayerTableTest, OnlyChangedRowsAreSearchedAgain)
 {
-    table().showNamesWith("an"); // Banner
+    table().showRowsWith("an"); // Banner
     list().layer(1)->setLabel("Side");
     list().layer(2)->setLabel("Span");
     emit list().dataChanged(list().index(2), list().index(2));
@@ -138,7 +138,7 @@ TEST_F(LayerTableTest, OnlyChangedRowsAreSearchedAgain)
 
 TEST_F(LayerTableTest, RowsThatComeOrMoveDuringASearchAreHiddenByTheirNames)
 {
-    table().showNamesWith("an");
+    table().showRowsWith("an");
     addWall("Span", 0);
     addWall("Rear", 1); // Span, Rear, Layer 0, Banner, Side
     const auto shown = [this] {
@@ -155,7 +155,7 @@ TEST_F(LayerTableTest, RowsThatComeOrMoveDuringASearchAreHiddenByTheirNames)
     EXPECT_EQ(shown(), QStringList({"Banner", "Span"}));
     list().setLayers({list().layer(3), list().layer(0)}, {0});
     EXPECT_EQ(shown(), QStringList("Banner"));
-    table().showNamesWith({});
+    table().showRowsWith({});
     EXPECT_EQ(shown(), QStringList({"Side", "Banner"}));
 }
 

@@ -2,14 +2,19 @@
 #include "app/Settings.h"
 #include "app/windows/CanvasPane.h"
 #include "app/windows/LayerTable.h"
+#include "app/windows/ListsPane.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QAbstractButton>
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QTest>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -51,7 +56,7 @@ TEST_F(MainWindowMenusTest, UndoAndRedoSayWhatAndTheTitleShowsUnsavedChanges)
 {
     EXPECT_EQ(undoEntry(), "Undo");
     setWidth(64);
-    EXPECT_EQ(undoEntry(), "Undo Panel Width");
+    EXPECT_EQ(undoEntry(), "Undo panel width");
     EXPECT_EQ(title(), "Untitled* — Wallwright");
     undo();
     EXPECT_EQ(width(), 128);
@@ -134,7 +139,7 @@ TEST_F(MainWindowMenusTest, RecentProjectsOpenAgain)
 {
     window.document().openProjectPre(greenProject("a&b.Orv"));
     window.document().newProject();
-    QMenu &recent = submenu(window, "Open Recent");
+    QMenu &recent = submenu(window, "Open recent");
     emit recent.aboutToShow();
     ASSERT_EQ(recent.actions().first()->text(), "a&&b.Orv");
     recent.actions().first()->trigger();
@@ -145,49 +150,6 @@ TEST_F(MainWindowMenusTest, RecentProjectsOpenAgain)
     answer([&] { recent.actions().first()->trigger(); }, {readingAndPressing("OK")});
     EXPECT_TRUE(said.startsWith("Cannot open " + path("a&b.Orv"))) << qPrintable(said);
     EXPECT_FALSE(Settings::recentFiles().contains(path("a&b.Orv")));
-}
-
-TEST_F(MainWindowMenusTest, UnsavedWorkOfAnEndedProgramIsToldOnceAndRecovered)
-{
-    {
-        WindowInterface nobody(window);
-        LWAppDelegate ended(nobody, RecoveryFolder::standardPath());
-        ended.applicationDidFinishLaunching();
-        ended.arraycontroller().setValue(77, "arrangedObjects.panelWidth");
-    }
-    MainWindow next;
-    next.start();
-    QTest::qWait(700);
-    const auto labels = next.findChildren<QLabel *>();
-    EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
-        return label->isVisible() && label->accessibleName().startsWith("Unsaved work: Untitled, ");
-    }));
-    QMenu &recover = submenu(next, "Recover");
-    emit recover.aboutToShow();
-    answer([&] { recover.actions().last()->trigger(); }, {readingAndPressing("Cancel")});
-    EXPECT_EQ(said, "Forget all unsaved work of ended programs?\nThis cannot be undone.");
-    emit recover.aboutToShow();
-    ASSERT_EQ(recover.actions().size(), 3);
-    recover.actions().first()->trigger();
-    EXPECT_EQ(next.document().arraycontroller().selectedLayer()->panelWidth(), 77);
-    EXPECT_TRUE(next.isWindowModified());
-    emit recover.aboutToShow();
-    EXPECT_EQ(titles(recover), QStringList("No unsaved work"));
-}
-
-TEST_F(MainWindowMenusTest, UnsavedWorkCanBeForgotten)
-{
-    {
-        WindowInterface nobody(window);
-        LWAppDelegate ended(nobody, RecoveryFolder::standardPath());
-        ended.applicationDidFinishLaunching();
-        ended.arraycontroller().setValue(77, "arrangedObjects.panelWidth");
-    }
-    QMenu &recover = submenu(window, "Recover");
-    emit recover.aboutToShow();
-    answer([&] { recover.actions().last()->trigger(); }, {readingAndPressing("Forget")});
-    emit recover.aboutToShow();
-    EXPECT_EQ(titles(recover), QStringList("No unsaved work"));
 }
 
 TEST_F(MainWindowMenusTest, TheWindowComesBackInItsSize)
@@ -202,7 +164,7 @@ TEST_F(MainWindowMenusTest, TheWindowComesBackInItsSize)
 TEST_F(MainWindowMenusTest, OthersAreHiddenAndComeBackByUndoing)
 {
     press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier, {});
-    choose({"Layer", "Hide Others"});
+    choose({"Layer", "Hide others"});
     EXPECT_EQ(list().selectionIndex(), 1);
     EXPECT_FALSE(list().layer(0)->visible());
     EXPECT_TRUE(list().layer(1)->visible());
@@ -213,12 +175,12 @@ TEST_F(MainWindowMenusTest, OthersAreHiddenAndComeBackByUndoing)
 TEST_F(MainWindowMenusTest, ALayerIsPlacedInTheMiddleAndInEachCorner)
 {
     const Layer &wall = *list().selectedLayer(); // 1024 x 640 in 1920 x 1080
-    choose({"Layer", "Centre in Output"});
+    choose({"Layer", "Centre in output"});
     EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), QPoint(448, 220));
     const std::pair<QString, QPoint> corners[] = {
-        {"Top Right", {896, 0}}, {"Bottom Right", {896, 440}}, {"Bottom Left", {0, 440}}, {"Top Left", {0, 0}}};
+        {"Top right", {896, 0}}, {"Bottom right", {896, 440}}, {"Bottom left", {0, 440}}, {"Top left", {0, 0}}};
     for (const auto &[corner, place] : corners) {
-        choose({"Layer", "Fit to Output Corner", corner});
+        choose({"Layer", "Fit to output corner", corner});
         EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), place) << qPrintable(corner);
     }
     undo();
@@ -233,7 +195,7 @@ TEST_F(MainWindowMenusTest, TheToolIsChosenByKeyMenuAndButton)
     EXPECT_EQ(canvas().tool(), Tool::Arrange);
     press(Qt::Key_P, Qt::NoModifier, {});
     EXPECT_EQ(canvas().tool(), Tool::Panels);
-    choose({"View", "Arrange Tool"});
+    choose({"View", "Arrange tool"});
     EXPECT_EQ(canvas().tool(), Tool::Arrange);
     QWidget &pane = *window.findChild<CanvasPane *>();
     click(pane, "Panels");
@@ -244,4 +206,142 @@ TEST_F(MainWindowMenusTest, TheToolIsChosenByKeyMenuAndButton)
     EXPECT_EQ(canvas().tool(), Tool::Arrange);
     for (const QAbstractButton *button : pane.findChildren<QAbstractButton *>())
         EXPECT_EQ(button->isChecked(), button->text() == "Arrange");
+}
+
+TEST_F(MainWindowMenusTest, LayersAndPresetsChangeTheirOrderByKeys)
+{
+    window.document().AddScreen();
+    window.document().AddScreen(); // 0, 2, 1
+    list().setSelectionIndexes({1, 2}, 2);
+    table().setFocus();
+    const auto names = [](const LayerList &of) {
+        return of.index(0).data().toString() + ", " + of.index(1).data().toString() + ", " +
+               of.index(2).data().toString();
+    };
+    const int steps = window.document().undoStack().index();
+    press(Qt::Key_Up, Qt::ControlModifier, {});
+    EXPECT_EQ(names(list()), "Layer 2, Layer 1, Layer 0");
+    press(Qt::Key_Up, Qt::ControlModifier, {}); // no further
+    EXPECT_EQ(window.document().undoStack().index(), steps + 1);
+    EXPECT_EQ(window.document().undoStack().undoText(), "Move Layer");
+    press(Qt::Key_Down, Qt::ControlModifier, {});
+    EXPECT_EQ(names(list()), "Layer 0, Layer 2, Layer 1");
+    EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{1, 2}));
+    choose({"Layer", "Move up"});
+    EXPECT_EQ(names(list()), "Layer 2, Layer 1, Layer 0");
+    EXPECT_EQ(list().layer(0)->ypoint(), 0);
+
+    canvas().setFocus();
+    press(Qt::Key_Down, Qt::ControlModifier, {});
+    EXPECT_EQ(names(list()), "Layer 2, Layer 1, Layer 0");
+
+    const LayerList &presets = window.document().presetarraycontroller();
+    presetTable().setFocus();
+    presetTable().setCurrentIndex(presets.index(0));
+    press(Qt::Key_Down, Qt::ControlModifier, {});
+    EXPECT_EQ(names(presets), "P 2.8, P 2.6, P 3.125");
+    EXPECT_EQ(names(list()), "Layer 2, Layer 1, Layer 0");
+}
+
+TEST_F(MainWindowMenusTest, ALayerIsKeptAsPreset)
+{
+    choose({"Layer", "Keep as preset"});
+    EXPECT_EQ(window.document().presetScreensArray().size(), 32U);
+    EXPECT_EQ(window.document().presetScreensArray()[0]->label(), "Layer 0");
+}
+
+TEST_F(MainWindowMenusTest, ThePlusOffersScreenAndImage)
+{
+    for (const QToolButton *button : window.findChildren<QToolButton *>()) {
+        if (button->accessibleName() != "Add layer")
+            continue;
+        ASSERT_NE(button->menu(), nullptr);
+        EXPECT_EQ(button->popupMode(), QToolButton::InstantPopup);
+        EXPECT_EQ(titles(*button->menu()), QStringList({"Add &screen", "Add &image..."}));
+        button->menu()->actions().first()->trigger();
+        EXPECT_EQ(list().rowCount(), 2);
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+        return;
+    }
+    ADD_FAILURE() << "there is no button";
+}
+
+TEST_F(MainWindowMenusTest, AnAddedLayerComesIntoView)
+{
+    std::vector<LayerPointer> many;
+    for (int i = 0; i < 60; ++i)
+        many.push_back(window.document().createCopyOfLayerThroughArch(list().layer(0)));
+    list().insertObjectsAtArrangedObjectIndex(many, 0);
+    list().setSelectionIndex(60);
+    resizeTo({1000, 700});
+    window.findChild<ListsPane *>()->showPresets();
+    press(Qt::Key_N, Qt::ControlModifier | Qt::ShiftModifier, {});
+    EXPECT_EQ(list().selectionIndexes(), std::vector<qsizetype>{1}); // below the first row
+    EXPECT_TRUE(table().isVisible());
+    EXPECT_TRUE(table().viewport()->rect().contains(table().visualRect(list().index(1))));
+}
+
+TEST_F(MainWindowMenusTest, TheViewMenuTicksToolAndPreview)
+{
+    QMenu &view = submenu(window, "View");
+    const auto ticked = [&] {
+        emit view.aboutToShow();
+        QStringList all;
+        for (const QAction *action : view.actions()) {
+            if (action->isChecked())
+                all.append(action->text().remove('&'));
+        }
+        return all.join(", ");
+    };
+    EXPECT_EQ(ticked(), "Panels tool");
+    press(Qt::Key_V, Qt::NoModifier, {});
+    EXPECT_EQ(ticked(), "Arrange tool");
+    choose({"View", "Output preview"});
+    EXPECT_EQ(ticked(), "Arrange tool, Output preview");
+    choose({"View", "Output preview"});
+    EXPECT_EQ(ticked(), "Arrange tool");
+}
+
+TEST_F(MainWindowMenusTest, TitlesHaveOneCapital)
+{
+    static const QRegularExpression capital("\\s[A-Z]");
+    for (const QMenu *menu : window.findChildren<QMenu *>()) {
+        for (const QAction *action : menu->actions()) {
+            const QString title = action->text().remove('&').remove("PNG").remove("PSD").remove("Wallwright");
+            EXPECT_FALSE(title.contains(capital)) << qPrintable(title);
+        }
+    }
+}
+
+TEST_F(MainWindowMenusTest, WhatWouldDoNothingCannotBeChosen)
+{
+    const auto isEnabled = [this](const QString &menu, const QString &title) {
+        for (const QAction *action : submenu(window, menu).actions()) {
+            if (action->text().remove('&') == title)
+                return action->isEnabled();
+        }
+        ADD_FAILURE() << qPrintable(title);
+        return false;
+    };
+    QGuiApplication::clipboard()->setText("no layer");
+    EXPECT_FALSE(isEnabled("Edit", "Paste"));
+    EXPECT_FALSE(isEnabled("Edit", "Undo"));
+    EXPECT_FALSE(isEnabled("Layer", "Hide others"));
+    window.document().copyToPasteboard();
+    window.document().AddScreen();
+    EXPECT_TRUE(isEnabled("Edit", "Paste"));
+    EXPECT_TRUE(isEnabled("Edit", "Undo add screen"));
+    EXPECT_TRUE(isEnabled("Layer", "Hide others"));
+    press(Qt::Key_A, Qt::ControlModifier, {});
+    EXPECT_FALSE(isEnabled("Layer", "Hide others"));
+}
+
+TEST_F(MainWindowMenusTest, TheContextMenuOfLayersHasWhatALayerNeeds)
+{
+    QStringList all;
+    for (const QAction *action : window.layerActions())
+        all.append(action->text().remove('&'));
+    EXPECT_EQ(all, QStringList({"Rename", "Copy", "Duplicate layer", "Delete", "Hide or show", "Hide others", "Move up",
+                                "Move down", "Centre in output", "Fit to output corner", "Keep as preset"}));
+    EXPECT_EQ(all.size(), table().actions().size());
 }

@@ -2,10 +2,14 @@
 #include "app/windows/LayerTable.h"
 #include "tests/windows/WindowFixture.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QTest>
 #include <QToolButton>
+
+#include <memory>
 
 class PresetPanelTest : public WindowFixture
 {
@@ -65,6 +69,51 @@ TEST_F(PresetPanelTest, SearchNarrowsWhileTyping)
     EXPECT_EQ(shownNames().size(), 31);
 }
 
+TEST_F(PresetPanelTest, SearchFindsPixelsAndWattsToo)
+{
+    const auto found = [this](const QString &text) {
+        searchField().setText(text);
+        return shownNames().join(", ");
+    };
+    EXPECT_EQ(found("160x80"), "HDO X7");
+    EXPECT_EQ(found("160 × 80 px"), "HDO X7");
+    EXPECT_EQ(found("160"), "P 3.125, HDO X7"); // not where it stands in the middle of a number
+    EXPECT_EQ(found("1,920"), "LINES");
+    EXPECT_EQ(found("720 w"), "HDO X12");
+    EXPECT_EQ(found("x7 510"), "X7B");
+    EXPECT_EQ(found("64 950"), "X15");
+}
+
+TEST_F(PresetPanelTest, TheSearchEndsWithAnInsertion)
+{
+    press(Qt::Key_L, Qt::ControlModifier, {});
+    QTest::keyClicks(&searchField(), "x15");
+    QTest::keyClick(&searchField(), Qt::Key_Return);
+    QApplication::processEvents();
+    EXPECT_EQ(searchField().text(), "");
+    EXPECT_EQ(shownNames().size(), 31);
+    EXPECT_EQ(presetTable().currentIndex().data().toString(), "X15");
+
+    searchField().setText("p 3.9");
+    const std::unique_ptr<QMimeData> preset(presets().mimeData({presets().index(3)}));
+    EXPECT_TRUE(window.document().arraycontroller().dropMimeData(preset.get(), Qt::CopyAction, 0, 0, {}));
+    QApplication::processEvents();
+    EXPECT_EQ(searchField().text(), "");
+}
+
+TEST_F(PresetPanelTest, SelectedLayersAreKeptAsPresets)
+{
+    choose("Keep selected layers", {});
+    ASSERT_EQ(presets().rowCount(), 32);
+    EXPECT_EQ(presets().layer(0)->label(), "Layer 0");
+    EXPECT_NE(presets().layer(0), window.document().arraycontroller().layer(0));
+    EXPECT_EQ(presetTable().currentIndex().row(), 0);
+    EXPECT_TRUE(shows("Layer 0 is kept as a preset"));
+    EXPECT_FALSE(window.isWindowModified());
+    window.document().undoStack().undo();
+    EXPECT_EQ(presets().rowCount(), 31);
+}
+
 TEST_F(PresetPanelTest, EnterAddsTheChosenPresetAboveTheSelectedLayer)
 {
     presetTable().setFocus();
@@ -104,7 +153,7 @@ TEST_F(PresetPanelTest, WhatTheSearchHidesIsNeitherAddedNorRemoved)
 {
     press(Qt::Key_L, Qt::ControlModifier, {});
     QTest::keyClicks(&searchField(), "no such preset");
-    EXPECT_TRUE(shows("No preset has such a name"));
+    EXPECT_TRUE(shows("No preset has that name, size or power"));
     QTest::keyClick(&searchField(), Qt::Key_Return);
     choose("Remove preset", {});
     EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
@@ -112,7 +161,7 @@ TEST_F(PresetPanelTest, WhatTheSearchHidesIsNeitherAddedNorRemoved)
 
     QTest::keyClick(&searchField(), Qt::Key_Escape);
     EXPECT_EQ(shownNames().size(), 31);
-    EXPECT_FALSE(shows("No preset has such a name"));
+    EXPECT_FALSE(shows("No preset has that name, size or power"));
 }
 
 TEST_F(PresetPanelTest, WhatTheSearchHidesIsSelectedNoLonger)
@@ -129,9 +178,9 @@ TEST_F(PresetPanelTest, WhatTheSearchHidesIsSelectedNoLonger)
     press(Qt::Key_Delete, Qt::NoModifier, {});
     EXPECT_EQ(presets().rowCount(), 28);
     EXPECT_EQ(shownNames(), QStringList());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return shows("No preset has such a name"); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return shows("No preset has that name, size or power"); }));
     window.document().undoStack().undo();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !shows("No preset has such a name"); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !shows("No preset has that name, size or power"); }));
     EXPECT_EQ(shownNames().size(), 3);
 }
 
@@ -155,7 +204,7 @@ TEST_F(PresetPanelTest, TheContextMenuAddsAndRemoves)
 {
     presetTable().setCurrentIndex(presets().index(3));
     const QList<QAction *> actions = presetTable().actions();
-    ASSERT_EQ(actions.size(), 2);
+    ASSERT_GE(actions.size(), 2);
     actions[0]->trigger();
     EXPECT_EQ(window.document().arraycontroller().layer(0)->label(), "P 3.9");
     actions[1]->trigger();

@@ -58,7 +58,7 @@ TEST_F(SheetsTest, ThePictureOfTheAddSheetIsAskedForAndMayBeCancelled)
 
 TEST_F(SheetsTest, AboutAndHelpOpenAndClose)
 {
-    for (const auto &[text, title] : {std::pair("About Wallwright", "About Wallwright"), {"First Steps", "Help"}}) {
+    for (const auto &[text, title] : {std::pair("About Wallwright", "About Wallwright"), {"First steps", "Help"}}) {
         choose({"Help", text});
         QWidget *sheet = QApplication::activeModalWidget();
         ASSERT_NE(sheet, nullptr);
@@ -72,7 +72,7 @@ TEST_F(SheetsTest, AboutAndHelpOpenAndClose)
 
 TEST_F(SheetsTest, ThePreviewShowsTheOutputAndFollowsIt)
 {
-    choose({"View", "Output Preview"});
+    choose({"View", "Output preview"});
     ASSERT_NE(preview(), nullptr);
     EXPECT_TRUE(preview()->isVisible());
     EXPECT_EQ(preview()->windowTitle(), "Output Preview");
@@ -101,7 +101,7 @@ TEST_F(SheetsTest, OnADisplayThePreviewIsPixelForPixelAndEscapeOrF11BringsItBack
     EXPECT_NE(preview()->cursor().shape(), Qt::BlankCursor);
     EXPECT_FALSE(preview()->isVisible()); // it had no window
 
-    choose({"View", "Output Preview"});
+    choose({"View", "Output preview"});
     press(Qt::Key_F11, Qt::NoModifier, {});
     EXPECT_TRUE(preview()->isFullScreen());
     preview()->activateWindow();

@@ -48,7 +48,7 @@ protected:
     void pressControl(Qt::Key key, const std::vector<Answer> &answers) { press(key, Qt::ControlModifier, answers); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers, const std::vector<Answer> &answers);
 
-    /// Clicks through the menus, {"Layer", "Fit to Output Corner", "Top Right"}, and gives the answers to what comes
+    /// Clicks through the menus, {"Layer", "Fit to output corner", "Top right"}, and gives the answers to what comes
     /// up.
     void choose(const QStringList &titles, const std::vector<Answer> &answers = {});
 

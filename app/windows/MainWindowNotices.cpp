@@ -1,0 +1,55 @@
+#include "app/windows/MainWindow.h"
+#include "app/windows/NoticeBar.h"
+
+#include <QFileInfo>
+#include <QLocale>
+#include <QMenu>
+#include <QVBoxLayout>
+
+/// In the place of the one of the same kind that may still be there.
+void MainWindow::showNotice(NoticeBar *notice, QPointer<NoticeBar> &place)
+{
+    delete place;
+    place = notice;
+    m_column->insertWidget(0, notice);
+    notice->show();
+}
+
+void MainWindow::tellUnsavedWork()
+{
+    delete m_unsavedWork;
+    const std::vector<FoundCopy> copies = m_document.recoverable();
+    if (copies.empty())
+        return;
+    QStringList titles;
+    for (const FoundCopy &copy : copies)
+        titles.append(titleOf(copy));
+    NoticeBar::Answer recover{"&Recover", "Opens the unsaved work in place of this document"};
+    if (copies.size() == 1) {
+        recover.act = [this, copy = copies.front()] { m_document.recover(copy); };
+    } else {
+        recover.menu = new QMenu(this);
+        listUnsavedWork(*recover.menu);
+        followUnsavedWork(*recover.menu);
+    }
+    showNotice(new NoticeBar("Unsaved work was left behind: " + titles.join("; "),
+                             {recover, {"&Not now", "It stays in File > Recover"}}, centralWidget()),
+               m_unsavedWork);
+}
+
+/// Where something of it was chosen, the notice tells what is left.
+void MainWindow::followUnsavedWork(const QMenu &menu)
+{
+    const auto tellRest = [this] {
+        if (m_unsavedWork)
+            tellUnsavedWork();
+    };
+    connect(&menu, &QMenu::triggered, this, tellRest, Qt::QueuedConnection); // the menu may be the notice's
+}
+
+QString MainWindow::titleOf(const FoundCopy &copy)
+{
+    const QString name =
+        copy.projectPath.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(copy.projectPath).fileName();
+    return name + ", " + QLocale().toString(copy.time.toLocalTime(), QLocale::ShortFormat);
+}
