@@ -126,7 +126,8 @@ public:
     void CancelAddWindow();
     /// Adds a small red screen under the next name.
     void AddScreen();
-    /// Asks for a picture and adds it as a still; one that cannot be read becomes a still without a picture.
+    /// Asks for a picture and adds it as a still, in the middle of the view and with its ratio kept; one that cannot be
+    /// read becomes a still without a picture.
     void AddImage();
     /// Asks for another picture of the selected still, whose place and size stay.
     void choosePicture();
@@ -148,8 +149,9 @@ public:
     void cutToPasteboard();
     /// Adds what is on the pasteboard above the selected layer, and selects it.
     void pasteFromPasteboard();
-    /// Adds stills of picture files above the selected layer; what cannot be read is told and left out.
-    void addImages(const QStringList &paths);
+    /// Adds stills of picture files above the selected layer, around a pixel of the output or else in the middle of the
+    /// view; what cannot be read is told and left out.
+    void addImages(const QStringList &paths, const std::optional<QPoint> &middle = {});
     /// Moves the selected layers by output pixels; moves in a row are one step.
     void moveSelection(const QPoint &distance);
     /// Moves the selected layers together, so that the box around them stands in the middle of the output. Where that
@@ -198,6 +200,8 @@ public:
     void closeHelp();
     /// Shows the output preview.
     void openPvw();
+    /// Whether the build was given addresses of the maker's pages; without, nothing should offer to open them.
+    static bool hasWebPages();
     /// Open the maker's pages in the browser.
     void Orvurllink();
     void orvsoftwareurl();
@@ -301,6 +305,7 @@ private:
     void documentIsInFile();
     void shiftSelection(qint64 right, qint64 down);
     void placeSelection(int halvesLeft, int halvesAbove);
+    void placeNew(Layer &still, std::optional<QPoint> middle) const;
     void insertAboveSelection(const std::vector<LayerPointer> &layers);
     void insertAndSelect(const LayerPointer &layer, qsizetype index);
     void insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row);

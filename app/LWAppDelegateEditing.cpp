@@ -64,7 +64,18 @@ void LWAppDelegate::insertAboveSelection(const std::vector<LayerPointer> &layers
     m_arraycontroller.setSelectionIndexes(std::move(rows), first);
 }
 
-void LWAppDelegate::addImages(const QStringList &paths)
+void LWAppDelegate::placeNew(Layer &still, std::optional<QPoint> middle) const
+{
+    still.setAspectRatio(true);
+    if (!middle)
+        middle = m_userInterface.middleOfView();
+    if (!middle)
+        return;
+    still.setXpoint(middle->x() - still.panelWidth() / 2);
+    still.setYpoint(middle->y() - still.panelHeight() / 2);
+}
+
+void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoint> &middle)
 {
     std::vector<LayerPointer> stills;
     for (const QString &path : paths) {
@@ -75,6 +86,7 @@ void LWAppDelegate::addImages(const QStringList &paths)
         }
         const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);
         still->setImageURL(Address::fromLocalFile(path));
+        placeNew(*still, middle);
         stills.push_back(still);
     }
     if (stills.empty())

@@ -33,6 +33,7 @@ void LWAppDelegate::AddImage()
         return;
     const std::shared_ptr<const QImage> picture = PictureFile::load(*path);
     const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
+    placeNew(*still, std::nullopt);
     insertAndSelect(still, m_selectedRow + 1);
     m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
     still->setImageURL(Address::fromLocalFile(*path));

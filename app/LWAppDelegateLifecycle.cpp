@@ -5,6 +5,7 @@
 #include "screen/LWScreen.h"
 
 #include <QStandardPaths>
+#include <QUrl>
 
 Q_LOGGING_CATEGORY(lcDocument, "wallwright.document", QtWarningMsg)
 
@@ -106,6 +107,11 @@ void LWAppDelegate::openPvw()
 {
     m_userInterface.showOutputPreview();
     qCDebug(lcDocument, "test");
+}
+
+bool LWAppDelegate::hasWebPages()
+{
+    return !QUrl(WebAddresses::home).host().endsWith(".example"); // as no page in the web does
 }
 
 void LWAppDelegate::Orvurllink()

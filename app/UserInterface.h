@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QPoint>
 #include <QRectF>
 #include <QSizeF>
 #include <QString>
@@ -23,7 +24,7 @@ public:
     virtual void ask(const QString &message, const QString &informativeText, const QStringList &buttons) = 0;
     /// Shows why something failed. Returns whether that was dealt with, so that what was under way is called off.
     virtual bool presentError(const QString &text) = 0;
-    /// Sheets over the main window.
+    /// Sheets over the main window; help is a window beside it.
     enum class Sheet
     {
         AddWindow,
@@ -56,6 +57,8 @@ public:
     virtual void repaintCanvas() = 0;
     /// The canvas and the marker in it, as LayerHost has them.
     virtual QSizeF canvasFrameSize() const = 0;
+    /// The pixel of the output in the middle of what the canvas shows; nullopt where there is no canvas.
+    virtual std::optional<QPoint> middleOfView() const = 0;
     virtual void setKScaleFactor(float factor) = 0;
     virtual void drawRectangle(const QRectF &rectangle) = 0;
     /// Shows and hides the marker around a selected still.

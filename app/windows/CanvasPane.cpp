@@ -1,12 +1,12 @@
 #include "app/windows/CanvasPane.h"
 
+#include "app/windows/ElidedLabel.h"
 #include "app/windows/Icons.h"
 #include "app/windows/Theme.h"
 #include "canvas/CanvasRuler.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QToolButton>
 
 namespace {
@@ -31,7 +31,7 @@ constexpr ToolText toolTexts[] = {
 } // namespace
 
 CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
-    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new QLabel)
+    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new ElidedLabel)
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -69,8 +69,6 @@ QWidget *CanvasPane::toolSwitch()
     QPalette colours = m_hint->palette();
     colours.setColor(QPalette::WindowText, Theme::dimText);
     m_hint->setPalette(colours);
-    // A hint that has no room is cut, it does not widen the window.
-    m_hint->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     row->addWidget(m_hint, 1);
     return bar;
 }

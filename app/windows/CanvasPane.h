@@ -5,7 +5,7 @@
 #include <QWidget>
 
 class QHBoxLayout;
-class QLabel;
+class ElidedLabel;
 class QToolButton;
 
 /// The middle of the window: the switch between the canvas' tools, the rulers, and the canvas.
@@ -27,5 +27,5 @@ private:
 
     LWCanvasImageView *m_canvas;
     QList<QToolButton *> m_tools; ///< no QButtonGroup, so that Tab reaches each of them
-    QLabel *m_hint;
+    ElidedLabel *m_hint;
 };

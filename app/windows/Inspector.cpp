@@ -346,7 +346,7 @@ std::vector<LayerPointer> Inspector::shownLayers() const
 
 void Inspector::choosePicture()
 {
-    m_interface.prepareOpenPanel("Choose picture");
+    m_interface.prepareOpenPanel("Choose picture", WindowInterface::Files::Pictures);
     m_document.choosePicture();
 }
 

@@ -4,10 +4,13 @@
 #include "app/windows/Icons.h"
 #include "app/windows/NumberText.h"
 #include "app/windows/Theme.h"
+#include "still/LWStill.h"
 
 #include <QAbstractItemView>
+#include <QFileInfo>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QRegularExpression>
 #include <QToolTip>
 
 #include <cmath>
@@ -24,11 +27,18 @@ constexpr int mostStamps = 256;
 constexpr double mostPixelsRead = 2'000'000;
 
 /// Inside the place at every scale; a pen would be cut off at its edge.
-void paintFrame(QPainter &painter, const QRect &place)
+void paintFrame(QPainter &painter, const QRect &place, const QColor &colour)
 {
     const QRect inside = place.adjusted(1, 1, -1, -1);
     for (const QRect &side : QRegion(place).subtracted(inside))
-        painter.fillRect(side, Theme::accent);
+        painter.fillRect(side, colour);
+}
+
+/// A tip wraps its lines only where a word ends, or where it is allowed to.
+QString breakable(QString text)
+{
+    static const QRegularExpression longWord("(\\S{20})(?=\\S)");
+    return text.replace(longWord, "\\1\u200b");
 }
 
 void paintGround(QPainter &painter, const QStyleOptionViewItem &option)
@@ -39,7 +49,7 @@ void paintGround(QPainter &painter, const QStyleOptionViewItem &option)
         return;
     painter.fillRect(QRect(option.rect.topLeft(), QSize(markWidth, option.rect.height())), Theme::accent);
     if (option.state.testFlag(QStyle::State_HasFocus))
-        paintFrame(painter, option.rect);
+        paintFrame(painter, option.rect, Theme::accent);
 }
 
 void paintLine(QPainter &painter, const QRect &place, const QFont &font, const QColor &colour, const QString &text)
@@ -57,7 +67,11 @@ LayerDelegate::LayerDelegate(const LayerList &list, Kind kind, Warnings warnings
 
 QString LayerDelegate::name(const Layer &layer)
 {
-    return layer.label().isEmpty() ? QString("Unnamed") : layer.label();
+    if (!layer.label().isEmpty())
+        return layer.label();
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    const QString file = still ? QFileInfo(still->ImageURL().toLocalFile()).fileName() : QString();
+    return file.isEmpty() ? QString("Unnamed") : file;
 }
 
 QString LayerDelegate::placeAndSize(const Layer &layer)
@@ -130,7 +144,8 @@ void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
     const bool hasWarning = !warnings(*layer).isEmpty();
     if (hasWarning)
         nameLine.setRight(warningPlace(option.rect).left() - Theme::gap / 2);
-    paintLine(*painter, nameLine, option.font, layer->visible() ? Theme::text : Theme::dimText, name(*layer));
+    const bool isDim = !layer->visible() || layer->label().isEmpty();
+    paintLine(*painter, nameLine, option.font, isDim ? Theme::dimText : Theme::text, name(*layer));
     paintLine(*painter, below, Theme::smallFont(), Theme::dimText, secondLine(*layer));
     if (m_hasIcons)
         paintIcons(*painter, option.rect, *layer, hasWarning);
@@ -157,7 +172,7 @@ void LayerDelegate::paintPicture(QPainter &painter, const QRect &place, const La
     painter.fillRect(place, Theme::ground);
     const QImage picture = stamp(layer, painter.device()->devicePixelRatioF());
     if (picture.isNull())
-        return;
+        return paintFrame(painter, place, Theme::line);
     const QSizeF size = picture.deviceIndependentSize();
     const QPointF topLeft((place.width() - size.width()) / 2, (place.height() - size.height()) / 2);
     painter.setOpacity(layer.visible() ? 1 : hiddenOpacity);
@@ -210,7 +225,7 @@ bool LayerDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const 
     const bool isCut = option.fontMetrics.horizontalAdvance(name(*layer)) > namePlace(option.rect).width();
     if (isCut || !tip.isEmpty())
         tip.prepend(name(*layer));
-    const QString text = tip.join('\n').toHtmlEscaped().replace('\n', "<br>");
+    const QString text = breakable(tip.join('\n')).toHtmlEscaped().replace('\n', "<br>");
     QToolTip::showText(event->globalPos(), text.isEmpty() ? QString() : "<qt>" + text + "</qt>", view, option.rect);
     return true;
 }

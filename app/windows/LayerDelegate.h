@@ -33,7 +33,7 @@ public:
     /// painting, and never where it is null.
     LayerDelegate(const LayerList &list, Kind kind, Warnings warnings, QObject *parent = nullptr);
 
-    /// The layer's name; "Unnamed" where it has none.
+    /// The layer's name; where it has none, that of its picture's file or "Unnamed".
     static QString name(const Layer &layer);
     /// "x 1,920 y 0 · 1,024 × 640"
     static QString placeAndSize(const Layer &layer);

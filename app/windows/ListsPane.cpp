@@ -1,5 +1,6 @@
 #include "app/windows/ListsPane.h"
 
+#include <QLabel>
 #include <QSplitter>
 #include <QTabBar>
 #include <QVBoxLayout>
@@ -32,7 +33,9 @@ void ListsPane::setPresets(QWidget *presets)
 {
     m_presets = presets;
     m_splitter->addWidget(presets);
-    m_splitter->setSizes({1, 1});
+    m_splitter->setStretchFactor(0, 2); // presets are looked at less often
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setSizes({2 * height() / 3, height() / 3});
     m_splitter->restoreState(m_state);
     addTabs();
     showLists();
@@ -73,6 +76,8 @@ void ListsPane::showLists()
     if (!m_presets)
         return;
     m_tabs->setVisible(m_isFolded);
+    for (QLabel *title : findChildren<QLabel *>(titleName))
+        title->setVisible(!m_isFolded);
     m_layers->setVisible(!m_isFolded || m_tabs->currentIndex() == Layers);
     m_presets->setVisible(!m_isFolded || m_tabs->currentIndex() == Presets);
 }

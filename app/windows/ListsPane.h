@@ -12,6 +12,9 @@ class ListsPane final : public QWidget
     Q_OBJECT
 
 public:
+    /// Object name of the labels that are the lists' titles; where tabs say the same they are not shown.
+    static constexpr char titleName[] = "listTitle";
+
     /// Empty; first come the layers, later the presets.
     explicit ListsPane(QWidget *parent = nullptr);
 

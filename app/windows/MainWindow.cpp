@@ -169,10 +169,12 @@ void MainWindow::makeLateParts()
         return;
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
     m_presetPanel = new PresetPanel(m_document, m_interface);
-    m_lists->setPresets(m_presetPanel);
     fillMenus();
     m_canvasPane->showIcons();
-    m_layersHead->insertWidget(0, Theme::title("Layers", m_layerTable));
+    QLabel *title = Theme::title("Layers", m_layerTable);
+    title->setObjectName(ListsPane::titleName);
+    m_layersHead->insertWidget(0, title);
+    m_lists->setPresets(m_presetPanel);
     m_addButton->setIcon(Icons::icon("plus-lg"));
     m_deleteButton->setIcon(Icons::icon("dash-lg"));
     m_inspector->makeControls();
@@ -202,7 +204,8 @@ void MainWindow::connectDocument()
     connect(&m_interface, &WindowInterface::outputReleased, m_canvas, &LWCanvasImageView::releaseOutput);
     connect(&m_interface, &WindowInterface::sheetAsked, &m_sheets, &Sheets::begin);
     connect(&m_interface, &WindowInterface::sheetDone, &m_sheets, &Sheets::end);
-    connect(&m_sheets, &Sheets::imageAsked, this, [this] { m_interface.prepareOpenPanel("Add image"); });
+    connect(&m_sheets, &Sheets::imageAsked, this,
+            [this] { m_interface.prepareOpenPanel("Add image", WindowInterface::Files::Pictures); });
     connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
     connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
@@ -322,5 +325,7 @@ void MainWindow::dropEvent(QDropEvent *event)
         else
             pictures.append(path);
     }
-    m_document.addImages(pictures);
+    const QPointF place = m_canvas->mapFrom(this, event->position().toPoint());
+    const bool isOnCanvas = m_canvas->rect().contains(place.toPoint());
+    m_document.addImages(pictures, isOnCanvas ? m_interface.pixelAt(place) : std::nullopt);
 }

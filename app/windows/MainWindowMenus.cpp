@@ -50,7 +50,7 @@ void MainWindow::fillFileMenu(QMenu &menu)
 {
     addTold(menu, {"&New", "file-earmark-plus"}, QKeySequence::New, [this] { m_document.newProject(); });
     addTold(menu, {"&Open...", "folder2-open"}, QKeySequence::Open, [this] {
-        m_interface.prepareOpenPanel("Open project");
+        m_interface.prepareOpenPanel("Open project", WindowInterface::Files::Projects);
         m_document.openProject();
     });
     QMenu *recent = menu.addMenu("Open &recent");
@@ -159,7 +159,7 @@ void MainWindow::addLayer(const std::function<void()> &act)
 
 void MainWindow::addImage()
 {
-    m_interface.prepareOpenPanel("Add image");
+    m_interface.prepareOpenPanel("Add image", WindowInterface::Files::Pictures);
     addLayer([this] { m_document.AddImage(); });
 }
 
@@ -268,8 +268,10 @@ void MainWindow::addPreview(QMenu &menu)
 void MainWindow::fillHelpMenu(QMenu &menu)
 {
     addTold(menu, {"&First steps", "question-circle"}, QKeySequence::HelpContents, [this] { m_document.openHelp(); });
-    addTold(menu, {"Help in the &web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
-    addTold(menu, {"Look for a new &version"}, {}, [this] { m_document.webupdatecheck(); });
+    if (LWAppDelegate::hasWebPages()) {
+        addTold(menu, {"Help in the &web"}, {}, [this] { m_document.orvsoftwarehelpurl(); });
+        addTold(menu, {"Look for a new &version"}, {}, [this] { m_document.webupdatecheck(); });
+    }
     menu.addSeparator();
     addTold(menu, {"&About Wallwright"}, {}, [this] { m_document.openAbout(); });
 }

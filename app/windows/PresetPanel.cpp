@@ -4,6 +4,7 @@
 #include "app/LayerList.h"
 #include "app/windows/Icons.h"
 #include "app/windows/LayerTable.h"
+#include "app/windows/ListsPane.h"
 #include "app/windows/Theme.h"
 #include "app/windows/WindowInterface.h"
 
@@ -88,7 +89,9 @@ QWidget *PresetPanel::head()
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
     layout->setSpacing(Theme::gap);
-    layout->addWidget(Theme::title("Presets", m_table));
+    QLabel *title = Theme::title("Presets", m_table);
+    title->setObjectName(ListsPane::titleName);
+    layout->addWidget(title);
     layout->addWidget(m_search, 1);
 
     auto *more = new QToolButton;

@@ -1,9 +1,9 @@
 #include "app/windows/Sheets.h"
 
 #include "app/LWAppDelegate.h"
+#include "app/windows/HelpWindow.h"
 #include "ui_About.h"
 #include "ui_AddWindow.h"
-#include "ui_HelpWindow.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -20,8 +20,12 @@ std::size_t indexOf(UserInterface::Sheet sheet)
 
 Sheets::Sheets(LWAppDelegate &document, QWidget &window) : m_document(document), m_window(window) {}
 
+Sheets::~Sheets() = default;
+
 void Sheets::begin(UserInterface::Sheet sheet)
 {
+    if (sheet == UserInterface::Sheet::Help)
+        return showHelp();
     QDialog *&dialog = m_dialogs[indexOf(sheet)];
     if (!dialog)
         dialog = make(sheet);
@@ -30,21 +34,16 @@ void Sheets::begin(UserInterface::Sheet sheet)
 
 void Sheets::end(UserInterface::Sheet sheet)
 {
-    if (QDialog *dialog = m_dialogs[indexOf(sheet)])
-        dialog->hide();
+    QWidget *shown = sheet == UserInterface::Sheet::Help ? m_help.get() : nullptr;
+    if (sheet != UserInterface::Sheet::Help)
+        shown = m_dialogs[indexOf(sheet)];
+    if (shown)
+        shown->hide();
 }
 
 QDialog *Sheets::make(UserInterface::Sheet sheet)
 {
-    switch (sheet) {
-    case UserInterface::Sheet::AddWindow:
-        return makeAddWindow();
-    case UserInterface::Sheet::About:
-        return makeAbout();
-    case UserInterface::Sheet::Help:
-        break;
-    }
-    return makeHelp();
+    return sheet == UserInterface::Sheet::AddWindow ? makeAddWindow() : makeAbout();
 }
 
 QDialog *Sheets::makeAddWindow()
@@ -68,19 +67,21 @@ QDialog *Sheets::makeAbout()
     form.setupUi(dialog);
     form.icon->setPixmap(m_window.windowIcon().pixmap(iconSize, m_window.devicePixelRatioF()));
     form.version->setText("Wallwright " WALLWRIGHT_VERSION);
+    for (QWidget *page : {form.home, form.software})
+        page->setVisible(LWAppDelegate::hasWebPages());
     connect(form.home, &QPushButton::clicked, &m_document, &LWAppDelegate::Orvurllink);
     connect(form.software, &QPushButton::clicked, &m_document, &LWAppDelegate::orvsoftwareurl);
+    form.close->setFocus(); // Enter does not leave for the browser
     connect(form.close, &QPushButton::clicked, &m_document, &LWAppDelegate::closeAbout);
     return dialog;
 }
 
-QDialog *Sheets::makeHelp()
+void Sheets::showHelp()
 {
-    auto *dialog = new QDialog(&m_window);
-    Ui::HelpWindow form;
-    form.setupUi(dialog);
-    form.close->setFocus(); // Enter does not leave for the browser
-    connect(form.web, &QPushButton::clicked, &m_document, &LWAppDelegate::orvsoftwarehelpurl);
-    connect(form.close, &QPushButton::clicked, &m_document, &LWAppDelegate::closeHelp);
-    return dialog;
+    if (!m_help)
+        m_help = std::make_unique<HelpWindow>();
+    m_help->setWindowIcon(m_window.windowIcon());
+    m_help->show();
+    m_help->raise();
+    m_help->activateWindow();
 }

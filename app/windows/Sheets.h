@@ -5,12 +5,15 @@
 #include <QObject>
 
 #include <array>
+#include <memory>
 
+class HelpWindow;
 class LWAppDelegate;
 class QDialog;
 class QWidget;
 
-/// The sheets over the main window, each made when it is first shown. Their buttons are the document's actions.
+/// The sheets over the main window, each made when it is first shown; help is a window beside it. Their buttons are the
+/// document's actions.
 class Sheets final : public QObject
 {
     Q_OBJECT
@@ -18,6 +21,7 @@ class Sheets final : public QObject
 public:
     /// Both outlive this; `window` is what the sheets are shown over.
     Sheets(LWAppDelegate &document, QWidget &window);
+    ~Sheets() override;
 
     void begin(UserInterface::Sheet sheet);
     void end(UserInterface::Sheet sheet);
@@ -30,9 +34,10 @@ private:
     QDialog *make(UserInterface::Sheet sheet);
     QDialog *makeAddWindow();
     QDialog *makeAbout();
-    QDialog *makeHelp();
+    void showHelp();
 
     LWAppDelegate &m_document;
     QWidget &m_window;
-    std::array<QDialog *, 3> m_dialogs{}; ///< by UserInterface::Sheet; the window owns them
+    std::array<QDialog *, 2> m_dialogs{}; ///< by UserInterface::Sheet; the window owns them
+    std::unique_ptr<HelpWindow> m_help;
 };

@@ -2,6 +2,7 @@
 
 #include "app/FileBytes.h"
 #include "app/Settings.h"
+#include "app/windows/PicturePreview.h"
 #include "app/windows/ProgressDialog.h"
 #include "canvas/LWCanvasImageView.h"
 
@@ -10,13 +11,19 @@
 #include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QImageReader>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTreeView>
 #include <QUrl>
+#include <QtMath>
 
 namespace {
 /// Wide enough for a long name, its size and its date.
 constexpr QSize panelSize{880, 520};
+constexpr char allFiles[] = "All files (*)";
 
 /// Tells files by their names. Qt's own provider reads each file to tell its kind, and waits for ever for those that
 /// only speak when there is news, such as some of the system's.
@@ -43,6 +50,45 @@ void setUp(QFileDialog &panel, QAbstractFileIconProvider &icons)
     panel.setIconProvider(&icons);
     panel.setViewMode(QFileDialog::Detail);
     panel.resize(panelSize);
+    if (auto *list = panel.findChild<QTreeView *>("treeView")) {
+        list->header()->setStretchLastSection(false);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch); // the name
+    }
+}
+
+QString pictureFilter()
+{
+    QStringList patterns;
+    for (const QByteArray &format : QImageReader::supportedImageFormats())
+        patterns.append("*." + QString::fromLatin1(format));
+    return "Pictures (" + patterns.join(' ') + ")";
+}
+
+/// To list, beside all files, those of a kind.
+QStringList filtersFor(WindowInterface::Files files)
+{
+    switch (files) {
+    case WindowInterface::Files::Projects:
+        return {allFiles, "Projects (*.Orv *.orv *.json)"};
+    case WindowInterface::Files::Pictures:
+        return {allFiles, pictureFilter()};
+    case WindowInterface::Files::Any:
+        break;
+    }
+    return {allFiles};
+}
+
+/// Beside the list of files.
+void addPreview(QFileDialog &panel)
+{
+    auto *layout = qobject_cast<QGridLayout *>(panel.layout());
+    if (!layout)
+        return;
+    auto *preview = new PicturePreview;
+    layout->addWidget(preview, 1, layout->columnCount());
+    QObject::connect(&panel, &QFileDialog::currentChanged, preview, &PicturePreview::showFile);
+    panel.resize(panelSize + QSize(preview->width(), 0));
 }
 
 /// The message as it is, whatever signs are in it.
@@ -99,6 +145,9 @@ std::optional<QString> WindowInterface::runModalOpenPanel()
     QFileDialog panel(&m_window, m_openTitle, startFolder(m_folder));
     setUp(panel, *m_icons);
     panel.setFileMode(QFileDialog::ExistingFile);
+    panel.setNameFilters(filtersFor(m_openFiles));
+    if (m_openFiles == Files::Pictures)
+        addPreview(panel);
     const std::optional<QString> path = run(panel);
     if (path)
         m_folder = QFileInfo(*path).path();
@@ -111,6 +160,8 @@ std::optional<QString> WindowInterface::runModalSavePanel()
     setUp(panel, *m_icons);
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setFileMode(QFileDialog::AnyFile);
+    if (!m_saveExtension.isEmpty())
+        panel.setNameFilters({allFiles, QString("%1 files (*.%1)").arg(m_saveExtension)});
     // Qt would ask about the name as it was typed, which is not the file that is replaced.
     panel.setOption(QFileDialog::DontConfirmOverwrite);
     panel.selectFile(proposedName());
@@ -190,6 +241,21 @@ bool WindowInterface::showProgress(const QString &what, double done)
 QSizeF WindowInterface::canvasFrameSize() const
 {
     return m_canvas ? m_canvas->fittedSize() : QSizeF(0, 0);
+}
+
+std::optional<QPoint> WindowInterface::pixelAt(const QPointF &place) const
+{
+    const QRectF frame = m_canvas ? m_canvas->frame() : QRectF();
+    if (frame.isEmpty() || m_outputSize.isEmpty())
+        return std::nullopt;
+    const QPointF inFrame = place - frame.topLeft();
+    return QPoint(qFloor(inFrame.x() * m_outputSize.width() / frame.width()),
+                  qFloor(inFrame.y() * m_outputSize.height() / frame.height()));
+}
+
+std::optional<QPoint> WindowInterface::middleOfView() const
+{
+    return m_canvas ? pixelAt(QRectF(m_canvas->rect()).center()) : std::nullopt;
 }
 
 void WindowInterface::setKScaleFactor(float factor)

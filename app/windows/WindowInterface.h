@@ -25,8 +25,20 @@ public:
 
     /// Asks whether to do what cannot be undone; `button` says yes. Enter and Escape say no.
     bool confirm(const QString &message, const QString &informativeText, const QString &button);
+    /// The kind of file that an open panel is for. Any file can be chosen; the panel offers to list those alone, and
+    /// shows pictures in small.
+    enum class Files
+    {
+        Any,
+        Projects,
+        Pictures
+    };
     /// What the next open panel is for.
-    void prepareOpenPanel(const QString &title) { m_openTitle = title; }
+    void prepareOpenPanel(const QString &title, Files files = Files::Any)
+    {
+        m_openTitle = title;
+        m_openFiles = files;
+    }
     /// How the document appends an extension to the name that was typed.
     enum class Appended
     {
@@ -51,12 +63,19 @@ public:
     /// Work that is done within `patience` shows nothing.
     bool showProgress(const QString &what, double done) override;
     static constexpr std::chrono::milliseconds patience{500};
-    void showOutput(const QImage &output) override { emit outputComposed(output); }
+    void showOutput(const QImage &output) override
+    {
+        m_outputSize = output.size();
+        emit outputComposed(output);
+    }
     void releaseOutput() override { emit outputReleased(); }
     void repaintCanvas() override { emit canvasRepaintAsked(); }
     /// Where the marker is shown; outlives this, or is taken away with null.
     void setCanvas(LWCanvasImageView *canvas) { m_canvas = canvas; }
     QSizeF canvasFrameSize() const override;
+    std::optional<QPoint> middleOfView() const override;
+    /// The pixel of the output at a place in the canvas; nullopt where there is none.
+    std::optional<QPoint> pixelAt(const QPointF &place) const;
     void setKScaleFactor(float factor) override;
     void drawRectangle(const QRectF &rectangle) override;
     void showRectangle() override;
@@ -88,10 +107,12 @@ private:
 
     QWidget &m_window;
     LWCanvasImageView *m_canvas = nullptr;
+    QSize m_outputSize;                                 ///< in pixels, as composed last
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
     QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own
     QString m_openTitle;
+    Files m_openFiles = Files::Any;
     QString m_saveTitle;
     QString m_saveExtension;
     Appended m_saveAppended = Appended::WhereMissing;

@@ -341,3 +341,21 @@ TEST_F(LWAppDelegateLayers, ADuplicateSharesNothingWithItsSource)
     EXPECT_EQ(source->rectColor(), OptionalColour(NamedColour::red));
     EXPECT_EQ(std::dynamic_pointer_cast<LWScreen>(selected())->hiddenBoxes(), std::optional(QStringList{"0,0"}));
 }
+
+TEST_F(LWAppDelegateLayers, ANewPictureStandsInTheMiddleOfTheViewAndKeepsItsRatio)
+{
+    person.viewMiddle = QPoint(500, 300);
+    person.openPanelAnswer = pictureFile(); // 31 x 17
+    document.AddImage();
+    EXPECT_EQ(QPoint(still(1)->xpoint(), still(1)->ypoint()), QPoint(485, 292));
+    EXPECT_TRUE(still(1)->aspectRatio());
+    EXPECT_TRUE(still(1)->label().isEmpty()); // its file names it, until somebody does
+    EXPECT_TRUE(document.setValue(62, "arrangedObjects.panelWidth"));
+    compose();
+    EXPECT_EQ(still(1)->panelHeight(), 34);
+
+    document.addImages({pictureFile()});
+    EXPECT_EQ(selected()->xpoint(), 485);
+    document.addImages({pictureFile()}, QPoint(100, 50));
+    EXPECT_EQ(QPoint(selected()->xpoint(), selected()->ypoint()), QPoint(85, 42));
+}

@@ -63,6 +63,7 @@ public:
     void releaseOutput() override { shownOutput = {}; }
     void repaintCanvas() override { ++timesRepainted; }
     QSizeF canvasFrameSize() const override { return canvasFrame; }
+    std::optional<QPoint> middleOfView() const override { return viewMiddle; }
     void setKScaleFactor(float factor) override { scaleFactor = factor; }
     void drawRectangle(const QRectF &rectangle) override { drawnRectangles.append(rectangle); }
     void showRectangle() override { isMarkerShown = true; }
@@ -96,8 +97,9 @@ public:
     QImage shownOutput;
     int timesShown = 0;
     int timesRepainted = 0;
-    QSizeF canvasFrame{0, 0}; ///< 0 x 0: no canvas
-    float scaleFactor = 0;    ///< of the marker, as last given
+    QSizeF canvasFrame{0, 0};         ///< 0 x 0: no canvas
+    std::optional<QPoint> viewMiddle; ///< nullopt: no canvas
+    float scaleFactor = 0;            ///< of the marker, as last given
     QList<QRectF> drawnRectangles;
     int timesHidden = 0;
     bool isMarkerShown = false;

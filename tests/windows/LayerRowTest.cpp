@@ -2,6 +2,7 @@
 #include "app/windows/LayerTable.h"
 #include "app/windows/Theme.h"
 #include "screen/LWScreen.h"
+#include "still/LWStill.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QAccessible>
@@ -173,7 +174,9 @@ TEST_F(LayerRowTest, ATipDoesNotRepeatWhatTheRowShows)
     };
     EXPECT_EQ(tip(), "");
     list().layer(1)->setLabel(QString(200, 'W'));
-    EXPECT_EQ(tip(), "<qt>" + QString(200, 'W') + "</qt>");
+    EXPECT_EQ(tip().remove(QChar(0x200b)), "<qt>" + QString(200, 'W') + "</qt>");
+    for (QWidget *shown : QApplication::topLevelWidgets())
+        EXPECT_LT(shown->inherits("QTipLabel") ? shown->width() : 0, 700); // it wraps
     QToolTip::hideText();
 }
 
@@ -294,4 +297,19 @@ TEST_F(LayerRowTest, AnEyeHidesItsLayerAloneAsOneStep)
     EXPECT_TRUE(list().layer(2)->visible());
     window.document().undoStack().undo();
     EXPECT_FALSE(list().layer(2)->visible());
+}
+
+TEST_F(LayerRowTest, APictureWithoutANameShowsThatOfItsFileInDimType)
+{
+    const auto still = LWStill::initWithimage(window.document(), QImage());
+    still->setImageURL(Address::fromLocalFile("/nowhere/plate.png"));
+    list().insertObjectAtArrangedObjectIndex(still, 0);
+    EXPECT_EQ(LayerDelegate::name(*still), "plate.png");
+    EXPECT_TRUE(still->label().isEmpty());
+    EXPECT_EQ(pixels(rows().namePlace(place(0)), Theme::text), 0);
+    EXPECT_GT(pixels(rows().namePlace(place(0)), Theme::dimText), 5);
+    const QRect picture = rows().picturePlace(place(0)); // framed, though there is none
+    EXPECT_EQ(pixels({picture.topLeft(), QSize(picture.width(), 1)}, Theme::line), picture.width());
+    still->setLabel("Plate");
+    EXPECT_EQ(LayerDelegate::name(*still), "Plate");
 }

@@ -120,7 +120,7 @@ TEST_F(MainWindowEditingTest, TheStatusLineNamesThePanelThatAClickWouldSwitch)
 
 TEST_F(MainWindowEditingTest, AStillIsMovedByItsMarkerWithTheMouse)
 {
-    window.document().addImages({picture("plate.png", {600, 400})});
+    window.document().addImages({picture("plate.png", {600, 400})}, QPoint(300, 200));
     window.document().timerupdate();
     window.document().update();
     ASSERT_EQ(selected()->xpoint(), 0);

@@ -1,11 +1,15 @@
 #include "app/windows/LayerTable.h"
+#include "app/windows/PicturePreview.h"
 #include "app/windows/PowerBar.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTreeView>
 
 namespace {
 void writeFile(const QString &path, const QByteArray &bytes)
@@ -160,4 +164,38 @@ TEST_F(MainWindowFilesTest, TheDocumentNamesWhatIsExportedFromIt)
                      EXPECT_EQ(panel.windowTitle(), "Export PNG");
                      click(panel, "Cancel");
                  }});
+}
+
+TEST_F(MainWindowFilesTest, FilePanelsOfferFiltersAndAllFilesFirst)
+{
+    const auto filters = [](const QStringList &expected) {
+        return [expected](QWidget &panel) {
+            const auto &files = dynamic_cast<QFileDialog &>(panel);
+            EXPECT_EQ(files.nameFilters().first(), "All files (*)");
+            EXPECT_EQ(files.selectedNameFilter(), "All files (*)");
+            EXPECT_EQ(files.nameFilters().mid(1), expected);
+            const QHeaderView &columns = *panel.findChild<QTreeView *>("treeView")->header();
+            EXPECT_GT(columns.sectionSize(0), 200);
+            panel.close();
+        };
+    };
+    pressControl(Qt::Key_O, {filters({"Projects (*.Orv *.orv *.json)"})});
+    pressControl(Qt::Key_E, {filters({"png files (*.png)"})});
+}
+
+TEST_F(MainWindowFilesTest, ThePanelForPicturesShowsThemInSmall)
+{
+    QImage picture(640, 320, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(path("plate.png")));
+    press(Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier, {[this](QWidget &panel) {
+              auto *preview = panel.findChild<PicturePreview *>();
+              ASSERT_NE(preview, nullptr);
+              emit dynamic_cast<QFileDialog &>(panel).currentChanged(path("plate.png"));
+              EXPECT_EQ(preview->pixmap().deviceIndependentSize(), QSizeF(200, 100));
+              EXPECT_EQ(preview->pixmap().toImage().pixelColor(100, 50), QColor(Qt::green));
+              emit dynamic_cast<QFileDialog &>(panel).currentChanged(path("no such file"));
+              EXPECT_TRUE(preview->pixmap().isNull());
+              panel.close();
+          }});
 }

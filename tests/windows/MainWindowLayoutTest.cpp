@@ -5,6 +5,7 @@
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QSplitter>
 #include <QTabBar>
@@ -68,11 +69,12 @@ TEST_F(MainWindowLayoutTest, RenamingBringsFoldedLayersForward)
     EXPECT_NE(table().findChild<QLineEdit *>(), nullptr);
 }
 
-TEST_F(MainWindowLayoutTest, TheListsHaveEqualHeightsAndTheirWidths)
+TEST_F(MainWindowLayoutTest, PresetsHaveAThirdOfTheListsAtMost)
 {
     resizeTo({1280, 800});
     const QList<int> heights = splitter(window, Qt::Vertical).sizes();
-    EXPECT_NEAR(heights[0], heights[1], 1);
+    EXPECT_LE(heights[1] * 3, heights[0] + heights[1] + 3);
+    EXPECT_GE(heights[1], 150);
     EXPECT_EQ(splitter(window, Qt::Horizontal).sizes(), QList<int>({260, 718, 300})); // and two lines between
 }
 
@@ -196,4 +198,18 @@ TEST_F(MainWindowLayoutTest, WidthsSurviveAStartAndAnEndInANarrowWindow)
     EXPECT_EQ(splitter(next, Qt::Horizontal).sizes()[0], 28);
     next.resize(1400, 800);
     EXPECT_EQ(splitter(next, Qt::Horizontal).sizes(), widths);
+}
+
+TEST_F(MainWindowLayoutTest, AFoldedListHasItsTitleOnce)
+{
+    const auto titles = [this] {
+        int shown = 0;
+        for (const QLabel *label : window.findChildren<QLabel *>(ListsPane::titleName))
+            shown += label->isVisible() ? 1 : 0;
+        return shown;
+    };
+    resizeTo({1280, 700});
+    EXPECT_EQ(titles(), 2);
+    resizeTo({1000, 700});
+    EXPECT_EQ(titles(), 0);
 }

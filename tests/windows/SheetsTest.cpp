@@ -1,3 +1,4 @@
+#include "app/windows/HelpWindow.h"
 #include "app/windows/OutputPreview.h"
 #include "app/windows/OutputView.h"
 #include "tests/windows/WindowFixture.h"
@@ -5,6 +6,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QMenu>
+#include <QMenuBar>
 #include <QScreen>
 #include <QTest>
 
@@ -12,6 +15,14 @@ class SheetsTest : public WindowFixture
 {
 protected:
     int layers() { return window.document().arraycontroller().rowCount(); }
+    static QWidget *helpWindow()
+    {
+        for (QWidget *shown : QApplication::topLevelWidgets()) {
+            if (qobject_cast<HelpWindow *>(shown))
+                return shown;
+        }
+        return nullptr;
+    }
     OutputPreview *preview() { return window.findChild<OutputPreview *>(); }
     QImage previewed()
     {
@@ -58,15 +69,37 @@ TEST_F(SheetsTest, ThePictureOfTheAddSheetIsAskedForAndMayBeCancelled)
 
 TEST_F(SheetsTest, AboutAndHelpOpenAndClose)
 {
-    for (const auto &[text, title] : {std::pair("About Wallwright", "About Wallwright"), {"First steps", "Help"}}) {
-        choose({"Help", text});
-        QWidget *sheet = QApplication::activeModalWidget();
-        ASSERT_NE(sheet, nullptr);
-        EXPECT_EQ(sheet->windowTitle(), title);
-        ASSERT_NE(sheet->focusWidget(), nullptr);
-        EXPECT_EQ(sheet->focusWidget()->objectName(), "close");
-        click(*sheet, "Close");
-        EXPECT_FALSE(sheet->isVisible());
+    choose({"Help", "About Wallwright"});
+    QWidget *sheet = QApplication::activeModalWidget();
+    ASSERT_NE(sheet, nullptr);
+    EXPECT_EQ(sheet->windowTitle(), "About Wallwright");
+    ASSERT_NE(sheet->focusWidget(), nullptr);
+    EXPECT_EQ(sheet->focusWidget()->objectName(), "close");
+    for (const char *page : {"home", "software"})
+        EXPECT_EQ(sheet->findChild<QWidget *>(page)->isVisible(), LWAppDelegate::hasWebPages());
+    click(*sheet, "Close");
+    EXPECT_FALSE(sheet->isVisible());
+
+    choose({"Help", "First steps"});
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    QWidget *help = helpWindow();
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    window.document().AddScreen(); // nothing is blocked
+    window.document().closeHelp();
+    EXPECT_FALSE(help->isVisible());
+    window.document().openHelp();
+    EXPECT_EQ(helpWindow(), help);
+    EXPECT_TRUE(help->isVisible());
+    QTest::keyClick(help, Qt::Key_Escape);
+    EXPECT_FALSE(help->isVisible());
+}
+
+TEST_F(SheetsTest, ThePagesOfTheMakerAreOfferedWhereTheBuildHasThem)
+{
+    for (const QAction *menu : window.menuBar()->actions()) {
+        for (const QAction *action : menu->menu()->actions())
+            EXPECT_FALSE(action->text().contains("web") && !LWAppDelegate::hasWebPages());
     }
 }
 

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QLabel>
+
+/// One line of plain text that ends in an ellipsis where it has too little room; it never widens what it stands in.
+class ElidedLabel final : public QLabel
+{
+    Q_OBJECT
+
+public:
+    explicit ElidedLabel(QWidget *parent = nullptr);
+
+    QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+};

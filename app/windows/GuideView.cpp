@@ -1,0 +1,127 @@
+#include "app/windows/GuideView.h"
+
+#include "app/windows/Theme.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QImage>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextTable>
+
+namespace {
+constexpr int columnWidth = 640;
+constexpr int margin = 24;
+constexpr int lineHeightPercent = 140;
+constexpr int textSize = 14;
+constexpr int headingSizes[] = {textSize, 24, 18, 15}; ///< by level, 0: text
+constexpr int roomAboveHeading = 20;
+constexpr int roomInCell = 6;
+constexpr QLatin1StringView folder{"qrc:/docs/"};
+
+/// As links name a heading: "On a second display" is "on-a-second-display".
+QString slugOf(const QString &heading)
+{
+    static const QRegularExpression signs("[^a-z0-9 -]");
+    return heading.toLower().remove(signs).replace(' ', '-');
+}
+} // namespace
+
+GuideView::GuideView(QWidget *parent) : QTextBrowser(parent)
+{
+    setAccessibleName("Guide");
+    setFrameShape(QFrame::NoFrame);
+    setOpenLinks(false);
+    QFont letters = font();
+    letters.setPixelSize(textSize);
+    setFont(letters);
+    document()->setDocumentMargin(margin);
+    setLineWrapMode(QTextEdit::FixedPixelWidth);
+    setLineWrapColumnOrWidth(columnWidth + 2 * margin);
+    connect(this, &QTextBrowser::anchorClicked, this, &GuideView::follow);
+}
+
+void GuideView::showGuide(const QString &address)
+{
+    follow(QUrl(address));
+}
+
+void GuideView::follow(const QUrl &link)
+{
+    const QUrl page = QUrl(folder).resolved(link);
+    setSource(page, QTextDocument::MarkdownResource);
+}
+
+void GuideView::doSetSource(const QUrl &url, QTextDocument::ResourceType)
+{
+    const bool isHere = !url.path().endsWith('/') && source().matches(url, QUrl::RemoveFragment);
+    // Of headings Qt knows nothing: it would look for an anchor of this name.
+    if (!isHere || url.fragment().isEmpty())
+        QTextBrowser::doSetSource(url.adjusted(QUrl::RemoveFragment), QTextDocument::MarkdownResource);
+    layOut();
+    if (!url.fragment().isEmpty())
+        scrollToHeading(url.fragment());
+}
+
+void GuideView::layOut()
+{
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        const int level = std::min(format.headingLevel(), 3);
+        format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
+        if (level > 1)
+            format.setTopMargin(roomAboveHeading);
+        cursor.setPosition(block.position());
+        cursor.setBlockFormat(format);
+        if (level == 0)
+            continue;
+        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+        QTextCharFormat letters;
+        QFont font = this->font();
+        font.setPixelSize(headingSizes[level]);
+        font.setWeight(QFont::DemiBold);
+        letters.setFont(font);
+        cursor.mergeCharFormat(letters);
+    }
+    cursor.endEditBlock();
+    for (QTextFrame *frame : document()->rootFrame()->childFrames()) {
+        auto *table = qobject_cast<QTextTable *>(frame);
+        if (!table)
+            continue;
+        QTextTableFormat format = table->format();
+        format.setCellPadding(roomInCell);
+        format.setCellSpacing(0);
+        format.setBorderCollapse(true);
+        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+        format.setBorderBrush(Theme::line);
+        format.setBorder(1);
+        table->setFormat(format);
+    }
+}
+
+void GuideView::scrollToHeading(const QString &slug)
+{
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockFormat().headingLevel() == 0 || slugOf(block.text()) != slug)
+            continue;
+        const QRectF place = document()->documentLayout()->blockBoundingRect(block);
+        return verticalScrollBar()->setValue(static_cast<int>(place.top()));
+    }
+}
+
+QVariant GuideView::loadResource(int type, const QUrl &name)
+{
+    const QVariant resource = QTextBrowser::loadResource(type, name);
+    if (type != QTextDocument::ImageResource)
+        return resource;
+    QImage picture = QImage::fromData(resource.toByteArray());
+    const qreal ratio = devicePixelRatioF();
+    const int widest = qRound(columnWidth * ratio);
+    if (picture.width() > widest)
+        picture = picture.scaledToWidth(widest, Qt::SmoothTransformation);
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}

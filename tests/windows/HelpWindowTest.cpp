@@ -1,0 +1,87 @@
+#include "app/windows/HelpWindow.h"
+
+#include "app/windows/GuideView.h"
+#include "app/windows/Theme.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QRegularExpression>
+#include <QScrollBar>
+#include <QTest>
+#include <QTextBlock>
+
+#include <gtest/gtest.h>
+
+namespace {
+class HelpWindowTest : public ::testing::Test
+{
+protected:
+    HelpWindowTest()
+    {
+        Theme::apply();
+        help.show();
+    }
+    void click(const QString &title)
+    {
+        for (QAbstractButton *button : help.findChildren<QAbstractButton *>()) {
+            if (button->text() == title)
+                return QTest::mouseClick(button, Qt::LeftButton);
+        }
+        ADD_FAILURE() << "no button says " << qPrintable(title);
+    }
+    QString heading() const { return guides.document()->firstBlock().text(); }
+    QString atTheTop() const { return guides.cursorForPosition({100, 10}).block().text(); }
+
+    HelpWindow help;
+    GuideView &guides = *help.findChild<GuideView *>();
+};
+} // namespace
+
+TEST_F(HelpWindowTest, OpensAtTheFirstWallAndLeadsToTheGuideAndBack)
+{
+    EXPECT_EQ(heading(), "A first wall in five minutes");
+    click("User guide");
+    EXPECT_EQ(heading(), "User guide");
+    click("Back");
+    EXPECT_EQ(heading(), "A first wall in five minutes");
+}
+
+TEST_F(HelpWindowTest, ALinkLeadsToItsHeading)
+{
+    guides.showGuide("user-guide.md#presets");
+    EXPECT_EQ(heading(), "User guide");
+    EXPECT_EQ(atTheTop(), "Presets");
+    guides.showGuide("user-guide.md#the-output");
+    EXPECT_EQ(atTheTop(), "The output");
+}
+
+TEST_F(HelpWindowTest, PicturesAreThereAndNoWiderThanTheLines)
+{
+    int pictures = 0;
+    for (QTextBlock block = guides.document()->begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const QTextImageFormat format = part.fragment().charFormat().toImageFormat();
+            if (!format.isValid())
+                continue;
+            const QVariant picture = guides.document()->resource(QTextDocument::ImageResource, QUrl(format.name()));
+            EXPECT_EQ(picture.value<QImage>().width(), 640) << qPrintable(format.name());
+            ++pictures;
+        }
+    }
+    EXPECT_GE(pictures, 3);
+    EXPECT_EQ(guides.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(HelpWindowTest, EveryLinkAndPictureOfTheGuidesIsShippedWithThem)
+{
+    static const QRegularExpression target("\\]\\(([^)#]+)");
+    for (const char *page : {"first-wall.md", "user-guide.md", "file-formats.md"}) {
+        QFile file(QString(":/docs/") + page);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << page;
+        const QString text = QString::fromUtf8(file.readAll());
+        for (auto found = target.globalMatch(text); found.hasNext();) {
+            const QString name = found.next().captured(1);
+            EXPECT_TRUE(QFile::exists(":/docs/" + name)) << page << ": " << qPrintable(name);
+        }
+    }
+}
