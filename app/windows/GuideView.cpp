@@ -71,7 +71,8 @@ void GuideView::layOut()
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
         QTextBlockFormat format = block.blockFormat();
         const int level = std::min(format.headingLevel(), 3);
-        format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
+        if (!block.text().contains(QChar::ObjectReplacementCharacter)) // a picture's line is high enough
+            format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
         if (level > 1)
             format.setTopMargin(roomAboveHeading);
         cursor.setPosition(block.position());
