@@ -420,6 +420,7 @@ TEST_F(NumberFieldTest, TheMenuOfATextHasNoHistoryOfItsOwn)
 TEST_F(NumberFieldTest, AWrongEntryTakesBackNothingThatWasDoneBeforeIt)
 {
     canvas().setFocus();
+    canvas().setTool(LWCanvasImageView::Tool::Arrange);
     press(Qt::Key_Right); // moves the wall by a pixel
     ASSERT_EQ(shown()->xpoint(), 1);
     enter(number("Columns"), "8"); // as it is
