@@ -24,11 +24,12 @@ QString keyOf(const QScreen &display)
 QPoint besideWindow(const QRect &window, const QSize &size, const QRect &room)
 {
     constexpr int frame = 8;
+    constexpr int titleBar = 32;
     if (window.right() + frame + size.width() < room.right())
         return {window.right() + frame, window.top()};
     if (window.left() - frame - size.width() > room.left())
         return {window.left() - frame - size.width(), window.top()};
-    return room.bottomRight() - QPoint(size.width() + frame, size.height() + frame);
+    return room.bottomRight() - QPoint(size.width() + frame, size.height() + titleBar + frame);
 }
 } // namespace
 
