@@ -159,11 +159,11 @@ TEST_F(DisplaysTest, InThePreviewF11EndsItAndNoOtherShortcutIsTheWindows)
 TEST_F(DisplaysTest, ThePreviewOpensBesideTheWindow)
 {
     window.setGeometry(40, 60, 700, 600);
-    choose({"View", "Output Preview"});
+    choose({"View", "Output preview"});
     EXPECT_FALSE(preview().geometry().intersects(window.frameGeometry()));
     preview().move(5, 5);
     preview().close();
-    choose({"View", "Output Preview"});
+    choose({"View", "Output preview"});
     EXPECT_EQ(preview().pos(), QPoint(5, 5)); // where the person has put it
 }
 
