@@ -75,7 +75,7 @@ Result<void> Scanner::value()
     while (QByteArrayView("+-.0123456789eE").contains(next()) && next() != '\0')
         ++m_at;
     for (const char *const word : {"true", "false", "null"}) {
-        if (m_at == before && m_json.sliced(m_at).startsWith(word))
+        if (m_at == before && QByteArrayView(m_json).sliced(m_at).startsWith(word))
             m_at += qstrlen(word);
     }
     return m_at > before ? Result<void>() : failExpecting("a value");
