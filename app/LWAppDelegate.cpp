@@ -17,6 +17,7 @@ namespace {
 constexpr std::chrono::milliseconds gateTime{100};
 constexpr QLatin1StringView panelWidthPath{"arrangedObjects.panelWidth"};
 constexpr QLatin1StringView panelHeightPath{"arrangedObjects.panelHeight"};
+constexpr QLatin1StringView aspectRatioPath{"arrangedObjects.aspectRatio"};
 constexpr QLatin1StringView outputWidthPath{"OutputWidth"};
 constexpr QLatin1StringView outputHeightPath{"OutputHeight"};
 constexpr QLatin1StringView updatePatternPath{"updatePattern"};
@@ -38,6 +39,24 @@ bool isObserved(const QString &keyPath)
     return std::any_of(observedProperties.begin(), observedProperties.end(), [&](const char *property) {
         return keyPath == LayerList::keyPathPrefix + QLatin1StringView(property);
     });
+}
+
+/// Width to height, as the lock keeps it; nothing where that would be no ratio.
+std::optional<double> ratioOf(const Layer &layer)
+{
+    const QSizeF aspect = layer.aspectValue();
+    const double ratio = aspect.width() / aspect.height();
+    return std::isfinite(ratio) && ratio != 0 ? std::optional(ratio) : std::nullopt;
+}
+
+/// Copies of pictures, and those from files, have no ratio: a lock that is put on keeps that of their sides.
+void takeRatioOfSides(const std::vector<LayerPointer> &layers)
+{
+    for (const LayerPointer &layer : layers) {
+        const bool isPicture = qobject_cast<LWStill *>(layer.get()) != nullptr;
+        if (isPicture && layer->aspectRatio() && !ratioOf(*layer))
+            layer->setAspectValue(QSizeF(layer->panelWidth(), layer->panelHeight()));
+    }
 }
 
 /// The layers, looking as their states say.
@@ -154,14 +173,13 @@ void LWAppDelegate::composeOutput()
 
 void LWAppDelegate::applyAspectLock(Layer &layer) const
 {
-    const QSizeF aspect = layer.aspectValue();
-    const double ratio = aspect.width() / aspect.height();
-    if (!layer.aspectRatio() || !std::isfinite(ratio) || ratio == 0)
+    const std::optional<double> ratio = ratioOf(layer);
+    if (!layer.aspectRatio() || !ratio)
         return;
     if (!m_hwchange || m_hwchangeVal == panelWidthPath)
-        layer.setPanelHeight(truncated(layer.panelWidth() / ratio));
+        layer.setPanelHeight(truncated(layer.panelWidth() / *ratio));
     else if (m_hwchangeVal == panelHeightPath)
-        layer.setPanelWidth(truncated(ratio * layer.panelHeight()));
+        layer.setPanelWidth(truncated(*ratio * layer.panelHeight()));
 }
 
 void LWAppDelegate::calculatePower()
@@ -216,13 +234,16 @@ void LWAppDelegate::noteEditedSide(const QString &keyPath)
 
 void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
 {
+    noteEditedSide(keyPath);
+    if (keyPath == aspectRatioPath)
+        takeRatioOfSides(selectedLayers());
     if (const LayerPointer selected = m_arraycontroller.selectedLayer()) {
         if (keyPath == updatePatternPath)
             selected->setPattern(m_pattern);
+        applyAspectLock(*selected); // an update may come when another layer is selected
         selected->drawInRect();
         m_userInterface.reloadTable();
     }
-    noteEditedSide(keyPath);
     finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
 }
 

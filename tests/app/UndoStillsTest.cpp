@@ -78,3 +78,60 @@ TEST_F(UndoStills, AnotherPictureOfAStillIsChosenWithoutMovingIt)
     document.choosePicture();
     EXPECT_EQ(stack.count(), steps);
 }
+
+TEST_F(UndoStills, ALockHoldsWhereAnotherLayerIsSelectedAtOnce)
+{
+    addStill();
+    selected()->setAspectRatio(true);
+    document.finishEdit("Setting");
+    const LayerPointer still = selected();
+    edit("panelWidth", 62); // its update is put off
+    document.arraycontroller().setSelectionIndex(1);
+    EXPECT_EQ(still->panelHeight(), 34);
+    waitForRedraws();
+    EXPECT_EQ(still->panelHeight(), 34);
+    stack.undo();
+    EXPECT_EQ(still->panelWidth(), 31);
+    EXPECT_EQ(still->panelHeight(), 17);
+}
+
+TEST_F(UndoStills, ALockHoldsWhereALayerIsAddedAtOnce)
+{
+    addStill();
+    selected()->setAspectRatio(true);
+    document.finishEdit("Setting");
+    const LayerPointer still = selected();
+    edit("panelWidth", 62);
+    document.AddScreen();
+    EXPECT_EQ(still->panelHeight(), 34);
+    stack.undo(); // the screen alone
+    EXPECT_EQ(still->panelHeight(), 34);
+}
+
+TEST_F(UndoStills, ALockOfACopyKeepsTheRatioOfItsSides)
+{
+    addStill();
+    document.copyLayer();
+    ASSERT_EQ(selected()->aspectValue(), QSizeF(0, 0));
+    selected()->setPanelWidth(40);
+    selected()->setPanelHeight(10);
+    document.finishEdit("Setting");
+    edit("aspectRatio", true);
+    EXPECT_EQ(selected()->aspectValue(), QSizeF(40, 10));
+    edit("panelWidth", 62);
+    waitForRedraws();
+    EXPECT_EQ(selected()->panelHeight(), 15);
+    stack.undo();
+    stack.undo();
+    EXPECT_FALSE(selected()->aspectRatio());
+    EXPECT_EQ(selected()->aspectValue(), QSizeF(0, 0));
+}
+
+TEST_F(UndoStills, ALockKeepsTheRatioOfThePictureWhereThereIsOne)
+{
+    addStill();
+    selected()->setPanelHeight(100);
+    document.finishEdit("Setting");
+    edit("aspectRatio", true);
+    EXPECT_EQ(selected()->aspectValue(), QSizeF(31, 17));
+}
