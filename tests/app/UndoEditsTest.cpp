@@ -77,54 +77,54 @@ TEST_F(UndoEdits, EveryValueOfAStillComesBack)
 TEST_F(UndoEdits, EditsInTheInspectorAreNamedByTheirValue)
 {
     edit("screenFontEnable", true);
-    const std::pair<const char *, const char *> names[]{{"panelWidth", "Panel Width"},
-                                                        {"panelHeight", "Panel Height"},
+    const std::pair<const char *, const char *> names[]{{"panelWidth", "Panel width"},
+                                                        {"panelHeight", "Panel height"},
                                                         {"row", "Rows"},
                                                         {"col", "Columns"},
-                                                        {"xpoint", "Horizontal Position"},
-                                                        {"ypoint", "Vertical Position"},
+                                                        {"xpoint", "Left"},
+                                                        {"ypoint", "Top"},
                                                         {"visible", "Visibility"},
                                                         {"label", "Name"},
-                                                        {"bgEnable", "Panels"},
-                                                        {"rectColor", "First Panel Colour"},
-                                                        {"rectColor2", "Second Panel Colour"},
-                                                        {"BoarderEnable", "Frames"},
-                                                        {"boarderColor", "Frame Colour"},
-                                                        {"boarderWidth", "Frame Width"},
-                                                        {"CircleEnable", "Circle"},
-                                                        {"circleColor", "Circle Colour"},
-                                                        {"circleBWidth", "Circle Width"},
-                                                        {"XYFontEnable", "Coordinates"},
-                                                        {"xyColor", "Coordinate Colour"},
-                                                        {"XYFontSize", "Coordinate Size"},
-                                                        {"screenFontEnable", "Centre Texts"},
-                                                        {"sfColor", "Centre Text Colour"},
-                                                        {"screenFontSize", "Centre Text Size"},
-                                                        {"drawLabels", "Panel Labels"},
-                                                        {"labelColor", "Label Colour"},
-                                                        {"labelFontSize", "Label Size"},
-                                                        {"XYLabelDirection", "Label Direction"},
-                                                        {"drawFlowPath", "Data Path"},
-                                                        {"pixelLimit", "Pixels per Port"},
-                                                        {"powerOnCell", "Panel Power"},
-                                                        {"aspectRatio", "Aspect Lock"},
-                                                        {"showPower", "Power Text"},
-                                                        {"pattern", "Data Path Pattern"}};
+                                                        {"bgEnable", "Fill"},
+                                                        {"rectColor", "Colour 1"},
+                                                        {"rectColor2", "Colour 2"},
+                                                        {"BoarderEnable", "Frame"},
+                                                        {"boarderColor", "Frame, colour"},
+                                                        {"boarderWidth", "Frame, width"},
+                                                        {"CircleEnable", "Circle and diagonals"},
+                                                        {"circleColor", "Circle and diagonals, colour"},
+                                                        {"circleBWidth", "Circle and diagonals, width"},
+                                                        {"XYFontEnable", "Corner coordinates"},
+                                                        {"xyColor", "Corner coordinates, colour"},
+                                                        {"XYFontSize", "Corner coordinates, size"},
+                                                        {"screenFontEnable", "Name and size at the centre"},
+                                                        {"sfColor", "Name and size at the centre, colour"},
+                                                        {"screenFontSize", "Name and size at the centre, size"},
+                                                        {"drawLabels", "Panel labels"},
+                                                        {"labelColor", "Panel labels, colour"},
+                                                        {"labelFontSize", "Panel labels, size"},
+                                                        {"XYLabelDirection", "Letters by row"},
+                                                        {"drawFlowPath", "Path"},
+                                                        {"pixelLimit", "Pixels per port"},
+                                                        {"powerOnCell", "Watts per panel"},
+                                                        {"aspectRatio", "Keep ratio"},
+                                                        {"showPower", "Power text"},
+                                                        {"pattern", "Pattern of the path"}};
     for (const auto &[property, name] : names) {
         edit(property, another(selected()->property(property)));
         EXPECT_EQ(stack.undoText(), name) << property;
     }
     document.choosePattern(6);
-    EXPECT_EQ(stack.undoText(), "Data Path Pattern");
+    EXPECT_EQ(stack.undoText(), "Pattern of the path");
 }
 
 TEST_F(UndoEdits, NumbersColoursAndSwitchesComeBackWithTheirPixels)
 {
-    expectUndone("Panel Width", [&] { edit("panelWidth", 100); });
+    expectUndone("Panel width", [&] { edit("panelWidth", 100); });
     expectUndone("Rows", [&] { edit("row", 3); });
-    expectUndone("First Panel Colour", [&] { edit("rectColor", another(selected()->property("rectColor"))); });
+    expectUndone("Colour 1", [&] { edit("rectColor", another(selected()->property("rectColor"))); });
     expectUndone("Visibility", [&] { edit("visible", false); });
-    expectUndone("Vertical Position", [&] { edit("ypoint", 40); });
+    expectUndone("Top", [&] { edit("ypoint", 40); });
 }
 
 TEST_F(UndoEdits, TextsAndPathsComeBackWithWhatDrawingThemFilledIn)
@@ -137,18 +137,18 @@ TEST_F(UndoEdits, TextsAndPathsComeBackWithWhatDrawingThemFilledIn)
     stack.redo();
     EXPECT_EQ(selected()->labelFontSize(), 40);
 
-    expectUndone("Panel Labels", [&] { edit("drawLabels", true); });
+    expectUndone("Panel labels", [&] { edit("drawLabels", true); });
     edit("drawFlowPath", true);
-    expectUndone("Data Path Pattern", [&] { document.choosePattern(5); });
+    expectUndone("Pattern of the path", [&] { document.choosePattern(5); });
     edit("screenFontEnable", true);
     expectUndone("Name", [&] { edit("label", "Left"); });
 }
 
 TEST_F(UndoEdits, TheOutputSizeComesBack)
 {
-    expectUndone("Output Width", [&] { document.setValue(640, "OutputWidth"); });
+    expectUndone("Output width", [&] { document.setValue(640, "OutputWidth"); });
     EXPECT_EQ(document.OutputWidth(), 1920);
-    expectUndone("Output Height", [&] { document.setValue(360, "OutputHeight"); });
+    expectUndone("Output height", [&] { document.setValue(360, "OutputHeight"); });
     EXPECT_EQ(person.shownOutput.size(), QSize(1920, 1080));
 }
 
@@ -172,11 +172,11 @@ TEST_F(UndoEdits, WhatTheAspectLockMadeOfAnEditIsUndoneWithIt)
     selected()->setPanelHeight(72);
     document.finishEdit("Setting");
 
-    expectUndone("Panel Width", [&] { edit("panelWidth", 160); });
+    expectUndone("Panel width", [&] { edit("panelWidth", 160); });
     EXPECT_EQ(selected()->panelHeight(), 72);
     stack.redo();
     EXPECT_EQ(selected()->panelHeight(), 90);
-    expectUndone("Panel Height", [&] { edit("panelHeight", 45); });
+    expectUndone("Panel height", [&] { edit("panelHeight", 45); });
     EXPECT_EQ(selected()->panelWidth(), 160);
 }
 
@@ -352,7 +352,7 @@ TEST_F(UndoEdits, AnEditOfSeveralLayersIsOneStep)
     showLayers({"a", "b", "c"});
     document.arraycontroller().setSelectionIndexes({0, 2}, 2);
 
-    expectUndone("Panel Width", [&] { document.setValueOfSelection(31, "arrangedObjects.panelWidth"); });
+    expectUndone("Panel width", [&] { document.setValueOfSelection(31, "arrangedObjects.panelWidth"); });
     EXPECT_EQ(document.arraycontroller().layer(0)->panelWidth(), 7);
     stack.redo();
     EXPECT_EQ(document.arraycontroller().layer(0)->panelWidth(), 31);

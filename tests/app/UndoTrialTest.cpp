@@ -48,7 +48,7 @@ TEST_F(UndoTrial, TypingThatHasEndedIsNotTakenBack)
 
 TEST_F(UndoTrial, WhatIsTriedAndKeptIsOneStep)
 {
-    expectUndone("First Panel Colour", [&] {
+    expectUndone("Colour 1", [&] {
         document.beginTrial();
         tryColour({0, 1, 0, 1});
         waitForRedraws();
@@ -77,7 +77,7 @@ TEST_F(UndoTrial, WhatIsTriedAndDroppedLeavesStepsAndSignalsAsTheyWere)
     EXPECT_EQ(indexes.size(), 0);
     EXPECT_EQ(stack.redoText(), "Add Screen");
     tryColour({0, 1, 0, 1}); // is a step again
-    EXPECT_EQ(stack.undoText(), "First Panel Colour");
+    EXPECT_EQ(stack.undoText(), "Colour 1");
 }
 
 TEST_F(UndoTrial, ATrialWithoutAChangeIsNoStep)

@@ -38,7 +38,7 @@ TEST_F(ColourButtonTest, ColoursAreSeenWhileTheDialogIsOpenAndChosenAsOneStep)
     EXPECT_EQ(seen, (std::vector<Colour>{Colour{1, 0, 0, 1}, blue}));
     EXPECT_EQ(shown()->rectColor(), OptionalColour(blue));
     EXPECT_EQ(stack().index(), steps + 1);
-    EXPECT_EQ(undoText(), "First Panel Colour");
+    EXPECT_EQ(undoText(), "Colour 1");
     undo();
     EXPECT_EQ(archive(), before);
 }
@@ -63,7 +63,7 @@ TEST_F(ColourButtonTest, CancellingGivesEachOfSeveralLayersItsOwnColourBack)
 {
     window.document().AddScreen();
     list().layer(0)->setRectColor(Colour{0, 1, 0, 1});
-    window.document().finishEdit("First Panel Colour");
+    window.document().finishEdit("Colour 1");
     list().setSelectionIndexes({0, 1});
     ASSERT_EQ(control<ColourButton>("Colour 1").accessibleDescription(), "several");
     const QByteArray before = archive();
@@ -76,7 +76,7 @@ TEST_F(ColourButtonTest, CancellingGivesEachOfSeveralLayersItsOwnColourBack)
 TEST_F(ColourButtonTest, CancellingAlsoTakesBackWhereThereWasNoColour)
 {
     shown()->setRectColor(std::nullopt);
-    window.document().finishEdit("First Panel Colour");
+    window.document().finishEdit("Colour 1");
     ASSERT_EQ(control<ColourButton>("Colour 1").accessibleDescription(), "none");
     look("Colour 1", "Cancel");
     EXPECT_EQ(seen.back(), blue);
