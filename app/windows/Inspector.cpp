@@ -3,11 +3,13 @@
 #include "app/LWAppDelegate.h"
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
+#include "app/windows/FigureBlock.h"
 #include "app/windows/Icons.h"
 #include "app/windows/LayerText.h"
 #include "app/windows/NumberField.h"
 #include "app/windows/NumberText.h"
 #include "app/windows/PatternGrid.h"
+#include "app/windows/SummaryLine.h"
 #include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
 #include "app/windows/WindowInterface.h"
@@ -20,11 +22,13 @@
 #include <QFileInfo>
 #include <QMenu>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QUrl>
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace {
 using Range = InspectorForm::Range;
@@ -86,8 +90,10 @@ void Inspector::makeControls()
     auto *column = new QVBoxLayout(m_content);
     column->setContentsMargins(0, Theme::edge / 2, 0, Theme::edge);
     column->setSpacing(0);
+    column->addWidget(m_figures = new FigureBlock);
     m_form = std::make_unique<InspectorForm>(
         *column, [this](const QString &property, const QVariant &value) { edit(property, value); });
+    addEmptyGroup();
     m_form->beginGroup({}, InspectorForm::All);
     m_form->addText({"Name"}, "label");
     m_form->addSwitch({"Visible", 0, "Composes the layer into the output"}, "visible");
@@ -134,10 +140,20 @@ void Inspector::follow()
     connect(&list, &LayerList::selectionIndexesDidChange, this, &Inspector::refresh);
     connect(&list, &LayerList::selectionIndexDidChange, this, &Inspector::refresh);
     connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
+    connect(&list, &LayerList::modelReset, this, &Inspector::refresh);
+    connect(&list, &LayerList::rowsInserted, this, [this] { verticalScrollBar()->setValue(0); });
     connect(&m_interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
     connect(&m_interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
     connect(&m_interface, &WindowInterface::patternShown, this, &Inspector::refresh);
     refresh();
+}
+
+void Inspector::addEmptyGroup()
+{
+    m_form->beginGroup({}, InspectorForm::None);
+    auto *line = new SummaryLine("Layers");
+    line->show("There are no layers. Add one with + above the list of layers.", false);
+    m_form->addWide({}, line);
 }
 
 void Inspector::addPlaceGroup()
@@ -213,9 +229,12 @@ void Inspector::addPowerGroup()
 {
     m_form->beginGroup("Power", InspectorForm::Screens);
     m_form->addNumber({"Watts per panel"}, "powerOnCell", {0, mostWatts, "W"});
-    m_form->addSummary("Power", [this](const std::vector<LayerPointer> &layers) {
-        return LayerText::power(layers, m_document.voltageCalc(), m_document.phaseCalc());
-    });
+    m_form->addSummary(
+        "Power",
+        [this](const std::vector<LayerPointer> &layers) {
+            return LayerText::power(layers, m_document.voltageCalc(), m_document.phaseCalc());
+        },
+        [](const std::vector<LayerPointer> &layers) { return !LayerText::isPowerCounted(layers); });
 }
 
 void Inspector::addStillGroup()
@@ -236,7 +255,7 @@ void Inspector::addStillGroup()
 
 void Inspector::addOutputGroup()
 {
-    m_form->beginGroup("Output", InspectorForm::All);
+    m_form->beginGroup("Output", InspectorForm::Always);
     const auto side = [this](const char *keyPath) {
         auto *field = new NumberField(1, longestOutput, "px");
         connect(field, &NumberField::edited, this,
@@ -316,11 +335,22 @@ void Inspector::refresh()
 {
     showOutput();
     const std::vector<LayerPointer> layers = shownLayers();
+    if (std::exchange(m_kinds, InspectorForm::kindsOf(layers)) != m_kinds)
+        verticalScrollBar()->setValue(0);
+    m_figures->show(layers, m_document.voltageCalc(), m_document.phaseCalc());
+    m_form->show(layers);
     if (layers.empty())
         return;
-    m_form->show(layers);
     const std::optional<QVariant> pattern = InspectorForm::commonValue(layers, "pattern");
     m_patterns->show(pattern ? pattern->toLongLong() : PatternGrid::none);
+}
+
+void Inspector::showOutputFirst()
+{
+    if (!m_content)
+        return;
+    const int top = m_outputWidth->mapTo(m_content, QPoint()).y();
+    verticalScrollBar()->setValue(top - Theme::controlHeight - 2 * Theme::edge);
 }
 
 void Inspector::showOutput()

@@ -7,6 +7,7 @@
 #include <functional>
 
 class ColourButton;
+class FigureBlock;
 class LWAppDelegate;
 class NumberField;
 class PatternGrid;
@@ -26,14 +27,17 @@ public:
 
     /// Makes the controls, if they are not there.
     void makeControls();
-    /// Shows what the layers and the output are now. Without a layer it keeps what it showed.
+    /// Shows what the layers and the output are now, from the top where the layers are of another kind.
     void refresh();
+    /// Scrolls to the output, for who has nothing else in mind.
+    void showOutputFirst();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void follow();
+    void addEmptyGroup();
     void followEntries();
     void addPlaceGroup();
     void addPlace();
@@ -59,6 +63,8 @@ private:
     WindowInterface &m_interface;
     QWidget *m_content = nullptr; ///< null until the controls are made
     std::unique_ptr<InspectorForm> m_form;
+    InspectorForm::Kinds m_kinds = InspectorForm::None; ///< as last shown
+    FigureBlock *m_figures;
     PatternGrid *m_patterns;
     QComboBox *m_corners;
     NumberField *m_outputWidth;

@@ -24,14 +24,6 @@ namespace {
 constexpr int captionWidth = 108;
 constexpr int controlWidth = 148;
 
-InspectorForm::Kinds kindsOf(const std::vector<LayerPointer> &layers)
-{
-    const auto isScreen = [](const LayerPointer &layer) { return qobject_cast<LWScreen *>(layer.get()) != nullptr; };
-    if (std::all_of(layers.begin(), layers.end(), isScreen))
-        return InspectorForm::Screens;
-    return std::any_of(layers.begin(), layers.end(), isScreen) ? InspectorForm::Both : InspectorForm::Stills;
-}
-
 QString propertyOfCaption(int number)
 {
     return "label" + QString::number(number);
@@ -104,8 +96,7 @@ void InspectorForm::addFaultLine(const NumberField &field)
     line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
     line->setFont(Theme::smallFont());
-    Theme::colourText(*line, Theme::danger);
-    line->hide();
+        line->hide();
     QGridLayout &grid = *m_groups.back().grid;
     grid.addWidget(line, grid.rowCount(), 0, 1, 2);
     QObject::connect(&field, &NumberField::faultDidChange, line, [line](const QString &sentence) {
@@ -257,6 +248,16 @@ void InspectorForm::addSummary(const QString &name, std::function<QString(const 
         });
 }
 
+InspectorForm::Kinds InspectorForm::kindsOf(const std::vector<LayerPointer> &layers)
+{
+    if (layers.empty())
+        return None;
+    const auto isScreen = [](const LayerPointer &layer) { return qobject_cast<LWScreen *>(layer.get()) != nullptr; };
+    if (std::all_of(layers.begin(), layers.end(), isScreen))
+        return Screens;
+    return std::any_of(layers.begin(), layers.end(), isScreen) ? Both : Stills;
+}
+
 void InspectorForm::show(const std::vector<LayerPointer> &layers)
 {
     m_layers = layers;
@@ -267,6 +268,8 @@ void InspectorForm::show(const std::vector<LayerPointer> &layers)
             group.head->setVisible(isShown);
         group.body->setVisible(isShown && (!group.head || group.head->isChecked()));
     }
+    if (layers.empty())
+        return;
     for (const Row &row : m_rows)
         showRow(row, *layers.front());
     for (const Show &show : m_shows)

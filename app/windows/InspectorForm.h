@@ -26,7 +26,9 @@ public:
         Screens = 1,
         Stills = 2,
         Both = 4, ///< screens and stills together
-        All = Screens | Stills | Both
+        None = 8, ///< there are no layers
+        All = Screens | Stills | Both,
+        Always = All | None
     };
     /// Writes a value into the property of all selected layers.
     using Edit = std::function<void(const QString &property, const QVariant &value)>;
@@ -77,8 +79,9 @@ public:
     void addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text,
                     std::function<bool(const std::vector<LayerPointer> &)> isWrong = {});
 
-    /// Shows what the layers have: the first is the one before the inspector. Not empty.
+    /// Shows what the layers have: the first is the one before the inspector.
     void show(const std::vector<LayerPointer> &layers);
+    static Kinds kindsOf(const std::vector<LayerPointer> &layers);
 
     /// The value that all layers, at least one, have under the property; nullopt where they differ.
     static std::optional<QVariant> commonValue(const std::vector<LayerPointer> &layers, const QString &property);

@@ -1,17 +1,14 @@
 #include "app/windows/LayerText.h"
 
 #include "app/PowerCalculator.h"
+#include "app/windows/LayerFigures.h"
 #include "app/windows/NumberText.h"
 #include "layer/AmpereText.h"
 #include "layer/PixelBox.h"
-#include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 #include "screen/PortSplit.h"
 #include "still/LWStill.h"
-
-#include <initializer_list>
-#include <limits>
 
 namespace {
 /// The layers of one kind.
@@ -31,59 +28,11 @@ QString counted(qint64 count, const QString &noun)
     return NumberText::grouped(count) + ' ' + noun + (count == 1 ? "" : "s");
 }
 
-qint64 panelsOff(const LWScreen &screen)
-{
-    return countHiddenPanels(screen.hiddenBoxes().value_or(QStringList()), screen.col(), screen.row());
-}
-
-PanelGrid gridOf(const Layer &layer)
-{
-    return {layer.col(), layer.row(), layer.panelWidth(), layer.panelHeight()};
-}
-
-/// The largest number where that is smaller than the product: a file may claim any wall.
-qint64 product(std::initializer_list<qint64> factors)
-{
-    qint64 result = 1;
-    for (const qint64 factor : factors) {
-        if (qMulOverflow(result, factor, &result))
-            return std::numeric_limits<qint64>::max();
-    }
-    return result;
-}
-
-/// The largest number where that is smaller than the sum.
-qint64 sum(qint64 first, qint64 second)
-{
-    qint64 result = 0;
-    return qAddOverflow(first, second, &result) ? std::numeric_limits<qint64>::max() : result;
-}
-
-/// Nothing where the wall has no panels, or its pattern is not one of the eight.
-std::optional<PortSplit> splitOf(const Layer &wall)
-{
-    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(wall.pattern());
-    return pattern ? PortSplit::of(gridOf(wall), *pattern, wall.pixelLimit()) : std::nullopt;
-}
-
-bool hangsOnOnePort(const PortSplit &split)
-{
-    return split.isOneRun || split.portCount() < 1;
-}
-
-/// Whether not even one row, or column, of the wall fits a port.
-bool isOverLimit(const Layer &layer)
-{
-    const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
-    const std::optional<PortSplit> split = isWall ? splitOf(layer) : std::nullopt;
-    return split && hangsOnOnePort(*split) && layer.pixelLimit() > 0;
-}
-
 /// Pixels of so many rows, or columns, of the wall.
 qint64 pixelsOf(const Layer &layer, const FlowPattern &pattern, qint64 lines)
 {
     const bool alongRows = pattern.along == FlowPattern::Along::Rows;
-    return product({lines, alongRows ? layer.col() : layer.row(), layer.panelWidth(), layer.panelHeight()});
+    return limitedProduct({lines, alongRows ? layer.col() : layer.row(), layer.panelWidth(), layer.panelHeight()});
 }
 
 QString missingPicture(const Layer &layer)
@@ -116,7 +65,7 @@ QString outsideOutput(const Layer &layer, const QSize &output)
 
 QString portOverLimit(const Layer &layer)
 {
-    if (!isOverLimit(layer))
+    if (!isOverPortLimit(layer))
         return {};
     const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
     const QString line = pattern->along == FlowPattern::Along::Rows ? "row" : "column";
@@ -127,13 +76,13 @@ QString portOverLimit(const Layer &layer)
 
 QString portsOf(const Layer &wall)
 {
-    const std::optional<PortSplit> split = splitOf(wall);
+    const std::optional<PortSplit> split = portSplitOf(wall);
     if (!split)
         return "No data path";
     if (hangsOnOnePort(*split)) {
-        const qint64 all = product({wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()});
+        const qint64 all = limitedProduct({wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()});
         return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
-               (isOverLimit(wall) ? ", more than one port carries" : "");
+               (isOverPortLimit(wall) ? ", more than one port carries" : "");
     }
     const auto pixels = [&wall, pattern = *FlowPattern::ofCode(wall.pattern())](qint64 lines) {
         return NumberText::grouped(pixelsOf(wall, pattern, lines)) + " px";
@@ -145,19 +94,11 @@ QString portsOf(const Layer &wall)
     return split->remainderLines == 0 ? each : each + ", last " + pixels(split->remainderLines);
 }
 
-QString portsOfAll(const std::vector<const LWScreen *> &walls)
+QString portsOfAll(const LayerFigures &figures)
 {
-    qint64 ports = 0;
-    qint64 overloaded = 0;
-    for (const LWScreen *wall : walls) {
-        const std::optional<PortSplit> split = splitOf(*wall);
-        if (!split)
-            continue;
-        ports = sum(ports, hangsOnOnePort(*split) ? 1 : split->portCount());
-        overloaded += isOverLimit(*wall) ? 1 : 0;
-    }
-    const QString text = ports == 0 ? QString("No data path") : counted(ports, "port");
-    return overloaded == 0 ? text : text + ", " + NumberText::grouped(overloaded) + " over the limit";
+    const QString text = figures.ports == 0 ? QString("No data path") : counted(figures.ports, "port");
+    return figures.portsOverLimit == 0 ? text
+                                       : text + ", " + NumberText::grouped(figures.portsOverLimit) + " over the limit";
 }
 
 QString pictureOf(const LWStill &still)
@@ -177,19 +118,14 @@ QString wall(const std::vector<LayerPointer> &layers)
     const std::vector<const LWScreen *> walls = among<LWScreen>(layers);
     if (walls.empty())
         return {};
-    qint64 panels = 0;
-    qint64 off = 0;
-    for (const LWScreen *each : walls) {
-        panels = sum(panels, product({each->col(), each->row()}));
-        off += panelsOff(*each);
-    }
+    const LayerFigures figures = LayerFigures::of(layers);
     const LWScreen &first = *walls.front();
     const QString text = walls.size() > 1
-                             ? counted(std::ssize(walls), "wall") + ", " + counted(panels, "panel")
+                             ? counted(figures.walls, "wall") + ", " + counted(figures.panels, "panel")
                              : QString("%1 × %2 panels, %3 px")
                                    .arg(NumberText::grouped(first.col()), NumberText::grouped(first.row()),
                                         NumberText::size({first.screenSizeWidth(), first.screenSizeHeight()}));
-    return off == 0 ? text : text + ", " + NumberText::grouped(off) + " off";
+    return figures.panelsOff == 0 ? text : text + ", " + NumberText::grouped(figures.panelsOff) + " off";
 }
 
 QString ports(const std::vector<LayerPointer> &layers)
@@ -197,12 +133,12 @@ QString ports(const std::vector<LayerPointer> &layers)
     const std::vector<const LWScreen *> walls = among<LWScreen>(layers);
     if (walls.empty())
         return {};
-    return walls.size() == 1 ? portsOf(*walls.front()) : portsOfAll(walls);
+    return walls.size() == 1 ? portsOf(*walls.front()) : portsOfAll(LayerFigures::of(layers));
 }
 
 bool hasPortOverLimit(const std::vector<LayerPointer> &layers)
 {
-    return std::any_of(layers.begin(), layers.end(), [](const LayerPointer &layer) { return isOverLimit(*layer); });
+    return LayerFigures::of(layers).portsOverLimit > 0;
 }
 
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
@@ -217,11 +153,26 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
     return {};
 }
 
+QString amperes(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
+{
+    const qint64 divisor = PowerCalculator::divisor(volts, phases);
+    return AmpereText::of(PowerCalculator::amperes(PowerCalculator::watts(layers), divisor)) + " A";
+}
+
+QString at(qint64 volts, qint64 phases)
+{
+    return QString("at %1 V, %2").arg(QString::number(volts), counted(phases, "phase"));
+}
+
 QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
 {
-    const float amperes =
-        PowerCalculator::amperes(PowerCalculator::watts(layers), PowerCalculator::divisor(volts, phases));
-    return QString("%1 A at %2 V, %3").arg(AmpereText::of(amperes), QString::number(volts), counted(phases, "phase"));
+    const QString text = amperes(layers, volts, phases) + ' ' + at(volts, phases);
+    return isPowerCounted(layers) ? text : text + ", " + beyondCounting;
+}
+
+bool isPowerCounted(const std::vector<LayerPointer> &layers)
+{
+    return LayerFigures::of(layers).isPowerCounted;
 }
 
 QString picture(const std::vector<LayerPointer> &layers)

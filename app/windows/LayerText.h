@@ -21,8 +21,15 @@ QString ports(const std::vector<LayerPointer> &layers);
 bool hasPortOverLimit(const std::vector<LayerPointer> &layers);
 /// The topmost visible wall at a pixel of the output and the panel there: "MAIN C7"; empty where there is none.
 QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel);
-/// "12.73 A at 110 V, 1 phase"
+/// "12.73 A"
+QString amperes(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
+/// "at 110 V, 1 phase"
+QString at(qint64 volts, qint64 phases);
+/// "12.73 A at 110 V, 1 phase", and whether the watts were too many for that figure.
 QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
+/// Whether all their watts can be counted, and what is said beside a figure where they cannot.
+bool isPowerCounted(const std::vector<LayerPointer> &layers);
+inline constexpr QLatin1StringView beyondCounting{"beyond what can be counted"};
 /// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture; "2 pictures".
 QString picture(const std::vector<LayerPointer> &layers);
 /// What is wrong with a layer on an output of this size and what to do, one sentence each, the most urgent first: a

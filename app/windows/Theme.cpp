@@ -58,6 +58,7 @@ QString styleSheet()
         {"@ground", Theme::ground}, {"@panel", Theme::panel},     {"@raised", Theme::raised},
         {"@line", Theme::line},     {"@text", Theme::text},       {"@dimText", Theme::dimText},
         {"@accent", Theme::accent}, {"@warning", Theme::warning}, {"@danger", Theme::danger},
+        {"@chosen", Theme::chosen},
     };
     for (const auto &[name, colour] : names)
         sheet.replace(name, colour.name());
@@ -78,6 +79,11 @@ void Theme::apply()
 QFont Theme::smallFont()
 {
     return fontOfSize(smallTextSize);
+}
+
+QFont Theme::figureFont()
+{
+    return fontOfSize(figureTextSize);
 }
 
 QFont Theme::titleFont()

@@ -1,6 +1,7 @@
 #include "tests/windows/InspectorFixture.h"
 
 #include <QCheckBox>
+#include <QScrollBar>
 #include <QTest>
 #include <QToolButton>
 
@@ -89,7 +90,7 @@ TEST_F(InspectorSelectionTest, APatternIsChosenForAllWallsAsOneStepPerChoice)
     EXPECT_EQ(list().layer(0)->pattern(), 2);
     EXPECT_EQ(list().layer(1)->pattern(), 2);
     EXPECT_EQ(window.document().undoStack().index(), steps + 2);
-    EXPECT_EQ(undoText(), "Data Path Pattern");
+    EXPECT_EQ(undoText(), "Pattern of the path");
     undo();
     EXPECT_EQ(list().layer(0)->pattern(), 5);
     EXPECT_EQ(list().layer(1)->pattern(), 5);
@@ -157,6 +158,84 @@ TEST_F(InspectorSelectionTest, SummariesTellTheSumOfAllWalls)
     list().setSelectionIndex(1);
     EXPECT_EQ(summary("Wall"), "1 × 1 panels, 80 × 80 px");
     EXPECT_EQ(summary("Power"), "11.37 A at 110 V, 1 phase");
+}
+
+TEST_F(InspectorSelectionTest, TheFiguresAreThoseOfAllWallsOrOfThePictures)
+{
+    selectTwoWalls();
+    list().layer(1)->setPixelLimit(1'000);
+    window.document().finishEdit("Setting");
+    EXPECT_EQ(summary("Number of panels"), "41");
+    EXPECT_EQ(summary("Number of pixels"), "661,760");
+    EXPECT_EQ(summary("Number of ports"), "2");
+    EXPECT_TRUE(shows("ports, 1 over the limit"));
+
+    selectBothKinds(0);
+    EXPECT_EQ(summary("Number of panels"), "40");
+    EXPECT_TRUE(shows("pixels of the walls"));
+    EXPECT_EQ(summary("Amperes"), "72.73 A");
+
+    list().setSelectionIndex(1);
+    shown()->setPanelWidth(1'600);
+    window.document().finishEdit("Setting");
+    for (const char *name : {"Number of panels", "Number of pixels", "Number of ports", "Amperes"})
+        EXPECT_FALSE(isShown(name)) << name;
+    EXPECT_EQ(summary("Size of the picture"), "1,600 × 30");
+    selectTwoStills();
+    EXPECT_EQ(summary("Size of the picture"), "2");
+    EXPECT_TRUE(shows("pictures"));
+}
+
+TEST_F(InspectorSelectionTest, ItScrollsUpForAnotherKindOfLayerAndForANewOne)
+{
+    resizeTo({1280, 600});
+    QScrollBar &bar = *inspector().verticalScrollBar();
+    const auto scrollDown = [&bar] {
+        bar.setValue(150);
+        EXPECT_EQ(bar.value(), 150);
+    };
+    addStill();
+    window.document().AddScreen(); // a wall below the wall, then the picture
+    list().setSelectionIndex(0);
+    scrollDown();
+    list().setSelectionIndex(1);
+    EXPECT_EQ(bar.value(), 150); // a wall, too
+    list().setSelectionIndex(2);
+    EXPECT_EQ(bar.value(), 0);
+    list().setSelectionIndex(0);
+    scrollDown();
+    window.document().AddScreen();
+    EXPECT_EQ(bar.value(), 0);
+}
+
+TEST_F(InspectorSelectionTest, WithoutLayersThereIsTheOutputAndALineAboutHowToAddOne)
+{
+    list().setLayers({}, {});
+    for (const char *name : {"Name", "Visible", "Left", "Top", "Columns", "Keep ratio", "Number of panels", "Wall"})
+        EXPECT_FALSE(isShown(name)) << name;
+    EXPECT_TRUE(isShown("Height"));
+    EXPECT_TRUE(isShown("Background colour"));
+    QStringList heads;
+    for (const QToolButton *head : inspector().findChildren<QToolButton *>("groupHead")) {
+        if (head->isVisibleTo(&inspector()))
+            heads.append(head->text());
+    }
+    EXPECT_EQ(heads, QStringList("Output"));
+    EXPECT_EQ(summary("Layers"), "There are no layers. Add one with + above the list of layers.");
+
+    window.document().AddScreen();
+    EXPECT_TRUE(isShown("Columns"));
+    EXPECT_FALSE(isShown("Layers"));
+}
+
+TEST_F(InspectorSelectionTest, TheOutputIsShownFirstOnceItIsAskedFor)
+{
+    resizeTo({1280, 600});
+    inspector().showOutputFirst();
+    const NumberField &width = control<NumberField>("Width");
+    const int top = width.mapTo(inspector().viewport(), QPoint()).y();
+    EXPECT_GE(top, 0);
+    EXPECT_LE(top + width.height(), inspector().viewport()->height());
 }
 
 TEST_F(InspectorSelectionTest, PicturesAreCounted)

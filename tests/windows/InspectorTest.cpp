@@ -1,5 +1,6 @@
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
+#include "app/windows/FigureLabel.h"
 #include "app/windows/Theme.h"
 #include "tests/windows/InspectorFixture.h"
 
@@ -27,17 +28,17 @@ TEST_F(InspectorTest, EveryNumberIsTypedArchivedAndUndone)
     constexpr NumberCase cases[] = {
         {"Columns", "col", 3, "Columns"},
         {"Rows", "row", 4, "Rows"},
-        {"Panel width", "panelWidth", 96, "Panel Width"},
-        {"Panel height", "panelHeight", 72, "Panel Height"},
-        {"Left", "xpoint", -40, "Horizontal Position"},
-        {"Top", "ypoint", 55, "Vertical Position"},
-        {"Frame, width", "boarderWidth", 7, "Frame Width"},
-        {"Circle and diagonals, width", "circleBWidth", 9, "Circle Width"},
-        {"Corner coordinates, size", "XYFontSize", 33, "Coordinate Size"},
-        {"Name and size at the centre, size", "screenFontSize", 44, "Centre Text Size"},
-        {"Panel labels, size", "labelFontSize", 21, "Label Size"},
-        {"Pixels per port", "pixelLimit", 500000, "Pixels per Port"},
-        {"Watts per panel", "powerOnCell", 250, "Panel Power"},
+        {"Panel width", "panelWidth", 96, "Panel width"},
+        {"Panel height", "panelHeight", 72, "Panel height"},
+        {"Left", "xpoint", -40, "Left"},
+        {"Top", "ypoint", 55, "Top"},
+        {"Frame, width", "boarderWidth", 7, "Frame, width"},
+        {"Circle and diagonals, width", "circleBWidth", 9, "Circle and diagonals, width"},
+        {"Corner coordinates, size", "XYFontSize", 33, "Corner coordinates, size"},
+        {"Name and size at the centre, size", "screenFontSize", 44, "Name and size at the centre, size"},
+        {"Panel labels, size", "labelFontSize", 21, "Panel labels, size"},
+        {"Pixels per port", "pixelLimit", 500000, "Pixels per port"},
+        {"Watts per panel", "powerOnCell", 250, "Watts per panel"},
     };
     for (const NumberCase &each : cases) {
         SCOPED_TRACE(each.name);
@@ -126,7 +127,7 @@ TEST_F(InspectorTest, APatternIsChosenByItsPicture)
     sixth.click();
     EXPECT_EQ(shown()->pattern(), 5);
     EXPECT_TRUE(sixth.isChecked());
-    EXPECT_EQ(undoText(), "Data Path Pattern");
+    EXPECT_EQ(undoText(), "Pattern of the path");
     sixth.click(); // stays
     EXPECT_TRUE(sixth.isChecked());
     undo();
@@ -289,6 +290,48 @@ TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
     EXPECT_EQ(summary("Power"), "72.73 A at 110 V, 1 phase");
     click(window, "208 V");
     EXPECT_EQ(summary("Power"), "38.46 A at 208 V, 1 phase");
+}
+
+TEST_F(InspectorTest, WhatIsReadAloudStandsAtTheTop)
+{
+    EXPECT_EQ(summary("Number of panels"), "40");
+    EXPECT_TRUE(shows("panels"));
+    EXPECT_EQ(summary("Number of pixels"), "655,360");
+    EXPECT_EQ(summary("Number of ports"), "1");
+    EXPECT_TRUE(shows("port"));
+    EXPECT_EQ(summary("Amperes"), "72.73 A");
+    EXPECT_TRUE(shows("at 110 V, 1 phase"));
+    shown()->onImageClick(10, 10);
+    window.document().finishEdit("Toggle Panel");
+    EXPECT_TRUE(shows("panels, 1 off"));
+    window.document().setValue(300'000, "arrangedObjects.pixelLimit");
+    EXPECT_EQ(summary("Number of ports"), "3");
+    window.document().setValue(1'000, "arrangedObjects.pixelLimit");
+    EXPECT_TRUE(shows("port, over the limit"));
+    click(window, "208 V");
+    EXPECT_EQ(summary("Amperes"), "38.46 A");
+    EXPECT_TRUE(shows("at 208 V, 1 phase"));
+}
+
+TEST_F(InspectorTest, DigitsOfAFigureStandInPlacesOfOneWidth)
+{
+    FigureLabel ones("Ones");
+    FigureLabel eights("Eights");
+    ones.setText("1,111");
+    eights.setText("8,888");
+    EXPECT_EQ(ones.sizeHint(), eights.sizeHint());
+    EXPECT_GT(ones.fontMetrics().height(), QFontMetrics(window.font()).height());
+}
+
+TEST_F(InspectorTest, ACurrentBeyondCountingIsToldBesideIt)
+{
+    window.document().setValue(5'000'000, "arrangedObjects.powerOnCell"); // 200 MW
+    EXPECT_EQ(summary("Power"), "1818181.88 A at 110 V, 1 phase");
+    window.document().setValue(100'000'000, "arrangedObjects.powerOnCell"); // 4 GW
+    EXPECT_EQ(summary("Power"), "-2681520.75 A at 110 V, 1 phase, beyond what can be counted");
+    EXPECT_EQ(summary("Amperes"), "-2681520.75 A");
+    EXPECT_TRUE(shows("beyond what can be counted"));
+    EXPECT_TRUE(isShown("Warning"));
 }
 
 TEST_F(InspectorTest, ColoursAreExchanged)

@@ -94,6 +94,25 @@ TEST_F(MainWindowTest, NothingIsCutOffInSmallAndLargeWindows)
     }
 }
 
+TEST_F(MainWindowTest, ChoicesHaveWhiteTitlesAndTheFillShowsTheChosenOne)
+{
+    click(window, "208 V");
+    table().setFocus();
+    for (QRadioButton *button : window.findChildren<QRadioButton *>()) {
+        const QImage look = button->grab().toImage();
+        const QPoint beside(4, button->height() / 2);
+        EXPECT_EQ(look.pixelColor(beside), button->isChecked() ? Theme::chosen : Theme::panel)
+            << qPrintable(button->text());
+        EXPECT_EQ(look.pixelColor(0, beside.y()), Theme::line) << qPrintable(button->text());
+        int white = 0;
+        for (int y = 0; y < look.height(); ++y) {
+            for (int x = 0; x < look.width(); ++x)
+                white += look.pixelColor(x, y) == QColor(Qt::white) ? 1 : 0;
+        }
+        EXPECT_GT(white, 5) << qPrintable(button->text());
+    }
+}
+
 TEST_F(MainWindowTest, TheIconShowsTheSerpentine)
 {
     const QImage icon = window.windowIcon().pixmap(64).toImage();

@@ -33,6 +33,7 @@ TEST(Theme, EveryTextIsReadableOnEveryGround)
             EXPECT_GE(contrast(text, ground), 4.5) << qPrintable(text.name() + " on " + ground.name());
     }
     EXPECT_GE(contrast(Theme::text, Theme::line), 4.5);
+    EXPECT_GE(contrast(Theme::text, Theme::chosen), 4.5);
     EXPECT_GE(contrast(Theme::ground, Theme::accent), 4.5);
 }
 
