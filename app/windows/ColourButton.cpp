@@ -1,23 +1,13 @@
 #include "app/windows/ColourButton.h"
 
+#include "app/windows/ColourPopover.h"
+#include "app/windows/ColourSwatch.h"
 #include "app/windows/Theme.h"
 
-#include <QColorDialog>
 #include <QPainter>
 
 namespace {
 constexpr QSize swatchSize{44, Theme::controlHeight};
-constexpr int checkSide = 6;
-
-/// What shines through a translucent colour.
-void paintCheckers(QPainter &painter, const QRect &place)
-{
-    painter.fillRect(place, Qt::white);
-    for (int y = 0; y < place.height(); y += checkSide) {
-        for (int x = y / checkSide % 2 * checkSide; x < place.width(); x += 2 * checkSide)
-            painter.fillRect(QRect(place.topLeft() + QPoint(x, y), QSize(checkSide, checkSide)) & place, Qt::lightGray);
-    }
-}
 } // namespace
 
 ColourButton::ColourButton(const QString &name, QWidget *parent) : QAbstractButton(parent), m_name(name)
@@ -61,21 +51,13 @@ QSize ColourButton::sizeHint() const
 void ColourButton::choose()
 {
     const OptionalColour before = m_isMixed ? std::nullopt : m_colour;
-    const QColor first = before ? before->toQColor() : QColor(Qt::white);
-    auto *dialog = new QColorDialog(first, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowTitle(m_name);
-    dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
-    connect(dialog, &QColorDialog::currentColorChanged, this, &ColourButton::tell);
-    connect(dialog, &QDialog::accepted, this, [this, dialog, before, first] {
-        // A file's colour may be finer than the dialog's: left as it is, it is no choice.
-        if (!before || dialog->selectedColor() != first)
-            tell(dialog->selectedColor());
-        emit choiceEnded();
-    });
-    connect(dialog, &QDialog::rejected, this, [this, before] { emit choiceCancelled(before); });
+    auto *popover = new ColourPopover(m_name, before ? before->toQColor() : QColor(),
+                                      m_offered ? m_offered() : QList<QColor>(), this);
+    connect(popover, &ColourPopover::looked, this, &ColourButton::tell);
+    connect(popover, &ColourPopover::kept, this, &ColourButton::choiceEnded);
+    connect(popover, &ColourPopover::cancelled, this, [this, before] { emit choiceCancelled(before); });
     emit choiceBegan();
-    dialog->open();
+    popover->showBeside(*this);
 }
 
 void ColourButton::tell(const QColor &colour)
@@ -91,8 +73,7 @@ void ColourButton::paintEvent(QPaintEvent *)
         painter.setPen(Theme::dimText);
         painter.drawText(inside, Qt::AlignCenter, "—");
     } else if (m_colour) {
-        paintCheckers(painter, inside);
-        painter.fillRect(inside, m_colour->toQColor());
+        ColourSwatch::paint(painter, inside, m_colour->toQColor());
     } else {
         painter.setPen(Theme::dimText);
         painter.drawLine(inside.bottomLeft(), inside.topRight());

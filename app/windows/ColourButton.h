@@ -3,7 +3,9 @@
 #include "drawing/Colour.h"
 
 #include <QAbstractButton>
+#include <QList>
 
+#include <functional>
 #include <optional>
 
 /// A colour with its opacity, to be chosen by pressing. No colour at all is a field that is struck through.
@@ -12,17 +14,20 @@ class ColourButton final : public QAbstractButton
     Q_OBJECT
 
 public:
-    /// `name`: of the colour, for those who cannot see it and as the title of its dialog.
+    /// `name`: of the colour, for those who cannot see it and as the title of the popover.
     explicit ColourButton(const QString &name, QWidget *parent = nullptr);
 
     void show(const OptionalColour &colour);
     /// Shows that there are several colours.
     void showMixed();
 
+    /// Where the popover has the colours from that it offers.
+    void setOffered(const std::function<QList<QColor>()> &offered) { m_offered = offered; }
+
     QSize sizeHint() const override;
 
 signals:
-    /// The dialog comes up; either choiceEnded() or choiceCancelled() follows, and edited() in between.
+    /// The popover comes up; either choiceEnded() or choiceCancelled() follows, and edited() in between.
     void choiceBegan();
     /// Someone looks at this colour or has chosen it.
     void edited(const Colour &colour);
@@ -42,4 +47,5 @@ private:
     QString m_name;
     OptionalColour m_colour;
     bool m_isMixed = false;
+    std::function<QList<QColor>()> m_offered;
 };

@@ -39,6 +39,7 @@ constexpr int furthest = 100'000;
 constexpr int widestLine = 512;
 constexpr int largestText = 1'000;
 constexpr int mostWatts = 100'000;
+constexpr int mostOffered = 24; ///< colours of the show
 constexpr int longestOutput = Raster::longestSide;
 
 const Range lineWidths{0, widestLine, "px", "width"};
@@ -127,7 +128,8 @@ void Inspector::followEntries()
     }
     for (const TextField *field : m_content->findChildren<TextField *>())
         connect(field, &TextField::editingFinished, this, [this] { m_document.endTyping(); });
-    for (const ColourButton *button : m_content->findChildren<ColourButton *>()) {
+    for (ColourButton *button : m_content->findChildren<ColourButton *>()) {
+        button->setOffered([this] { return coloursOfShow(); });
         connect(button, &ColourButton::choiceBegan, this, [this] { m_document.beginTrial(); });
         connect(button, &ColourButton::choiceEnded, this, [this] { m_document.keepTrial(); });
         connect(button, &ColourButton::choiceCancelled, this, [this] { m_document.dropTrial(); });
@@ -372,6 +374,24 @@ std::vector<LayerPointer> Inspector::shownLayers() const
     if (shown != layers.end())
         std::rotate(layers.begin(), shown, shown + 1);
     return layers;
+}
+
+/// Those of the layers from the topmost, then the output's, each once.
+QList<QColor> Inspector::coloursOfShow() const
+{
+    QList<QColor> colours;
+    const auto add = [&colours](const OptionalColour &colour) {
+        if (colour && !colours.contains(colour->toQColor()) && colours.size() < mostOffered)
+            colours.append(colour->toQColor());
+    };
+    for (const LayerPointer &layer : m_document.allScreensArray()) {
+        for (const char *property :
+             {"rectColor", "rectColor2", "boarderColor", "circleColor", "xyColor", "sfColor", "labelColor"})
+            add(layer->property(property).value<OptionalColour>());
+    }
+    add(m_document.bgColor());
+    add(m_document.edgeColor());
+    return colours;
 }
 
 void Inspector::choosePicture()

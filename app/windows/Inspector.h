@@ -56,6 +56,7 @@ private:
     void edit(const QString &property, const QVariant &value);
     void showOutput();
     std::vector<LayerPointer> shownLayers() const;
+    QList<QColor> coloursOfShow() const;
     void choosePicture();
     void showFolder() const;
 

@@ -5,8 +5,8 @@
 #include "still/LWStill.h"
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QTest>
 #include <QTimer>
@@ -48,20 +48,26 @@ void InspectorFixture::type(NumberField &field, const QString &text)
 
 void InspectorFixture::openColour(const QString &name, const Answer &given)
 {
-    const auto hasGone = [] { return !QApplication::activeModalWidget(); };
-    const auto openAndWait = [&] {
-        QTest::mouseClick(&control<ColourButton>(name), Qt::LeftButton);
-        EXPECT_TRUE(QTest::qWaitFor(hasGone));
-    };
-    answer(openAndWait, {given});
+    QTest::mouseClick(&control<ColourButton>(name), Qt::LeftButton);
+    QWidget *popover = QApplication::activePopupWidget();
+    ASSERT_NE(popover, nullptr);
+    EXPECT_FALSE(popover->isModal());
+    given(*popover);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+void InspectorFixture::typeColour(QWidget &popover, const QColor &colour)
+{
+    auto *digits = popover.findChild<QLineEdit *>();
+    digits->selectAll();
+    QTest::keyClicks(digits, colour.name(QColor::HexArgb));
 }
 
 void InspectorFixture::chooseColour(const QString &name, const QColor &colour)
 {
-    openColour(name, [colour](QWidget &dialog) {
-        auto &colours = dynamic_cast<QColorDialog &>(dialog);
-        colours.setCurrentColor(colour);
-        colours.accept();
+    openColour(name, [colour](QWidget &popover) {
+        typeColour(popover, colour);
+        QTest::keyClick(popover.findChild<QLineEdit *>(), Qt::Key_Return);
     });
 }
 

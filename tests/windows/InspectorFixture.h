@@ -33,7 +33,9 @@ protected:
     QString summary(const QString &name);
 
     void type(NumberField &field, const QString &text);
-    /// Clicks on the colour's button, and waits until the dialog was answered and has gone.
+    /// Types a colour's eight digits into a popover.
+    static void typeColour(QWidget &popover, const QColor &colour);
+    /// Clicks on the colour's button, and has the popover answered, which has gone then.
     void openColour(const QString &name, const Answer &given);
     /// Clicks on the colour's button and chooses this one.
     void chooseColour(const QString &name, const QColor &colour);
