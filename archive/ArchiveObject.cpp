@@ -16,6 +16,26 @@ const ArchiveValue &ArchiveObject::value(const QString &key) const
     return found == m_indexOfKey.cend() ? nil : m_entries[*found].second;
 }
 
+ArchiveObjectPointer ArchiveObject::unknownPart() const
+{
+    auto part = std::make_shared<ArchiveObject>(m_className);
+    part->setPlace(m_place);
+    for (const auto &[key, value] : m_entries) {
+        if (std::holds_alternative<UnknownValue>(value.storage))
+            part->encode(key, value);
+    }
+    return part;
+}
+
+void ArchiveObject::encodeUnknownPart(const ArchiveObject &part)
+{
+    m_place = part.m_place;
+    for (const auto &[key, value] : part.m_entries) {
+        if (!contains(key))
+            encode(key, value);
+    }
+}
+
 void ArchiveObject::encode(const QString &key, ArchiveValue value)
 {
     const auto found = m_indexOfKey.constFind(key);

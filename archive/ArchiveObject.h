@@ -16,6 +16,7 @@
 #include <vector>
 
 class ArchiveObject;
+struct ArchiveSource;
 struct ArchiveValue;
 
 /// Indexes of rows, as the platform's index set holds them: ascending, no two ranges touching, none empty,
@@ -42,6 +43,16 @@ struct ArchiveFault
     bool operator==(const ArchiveFault &) const = default;
 };
 
+/// A value that stands in an archive under a name which this version does not know. It is not decoded, whatever it is,
+/// and is written again as it came, with all that it refers to: objects keep their classes, and what refers to the
+/// root, or to an object that is written anew, refers to that again. It keeps the archive that it came from in memory.
+struct UnknownValue
+{
+    std::shared_ptr<const ArchiveSource> source;
+    void *node = nullptr; ///< libplist's, of that archive
+    bool operator==(const UnknownValue &) const = default;
+};
+
 /// An ordered list; shared, since a table may refer to one list from many places. Never null within a value.
 using ArchiveList = std::shared_ptr<const std::vector<ArchiveValue>>;
 using ArchiveObjectPointer = std::shared_ptr<const ArchiveObject>;
@@ -53,7 +64,7 @@ using ArchiveObjectPointer = std::shared_ptr<const ArchiveObject>;
 struct ArchiveValue
 {
     using Storage = std::variant<std::monostate, bool, qint64, double, QString, QByteArray, Colour, Address, IndexSet,
-                                 ArchiveList, ArchiveObjectPointer, ArchiveFault>;
+                                 ArchiveList, ArchiveObjectPointer, ArchiveFault, UnknownValue>;
     Storage storage;
 
     /// A value that is a new list of `entries`.
@@ -61,7 +72,7 @@ struct ArchiveValue
 
     bool isNil() const { return std::holds_alternative<std::monostate>(storage); }
     /// What it is, for messages: "nil", "a boolean", "a number", "a text", "data", "a colour", "an address",
-    /// "an index set", "a list", "an object of class LWScreen", or what a fault found.
+    /// "an index set", "a list", "an object of class LWScreen", "an unknown value", or what a fault found.
     QString kind() const;
 
     /// nil is 0; booleans (0 or 1) and whole reals are taken. Error: outside 32 bits, too.
@@ -82,7 +93,18 @@ struct ArchiveValue
     [[nodiscard]] Result<ArchiveObjectPointer> toObject(const QString &subject) const;
 };
 
-/// A record with a class: values under text keys, in the order in which they were encoded.
+/// Values under text keys, in their order.
+using ArchiveEntries = std::vector<std::pair<QString, ArchiveValue>>;
+
+/// Where an object stood in the archive that it was read from.
+struct ArchivePlace
+{
+    std::weak_ptr<const ArchiveSource> source; ///< alive while something unknown came from it
+    quint64 index = 0;
+};
+
+/// A record with a class: values under text keys, in the order in which they were encoded. One without a class is a
+/// plain dictionary, which stands in place and is referred to by nobody.
 ///
 /// Reading: a key that is absent gives 0, false or nil. A value of another kind is an error that names the key, what
 /// was found and what was expected: `"rectcolor" is a number, expected a colour`.
@@ -92,10 +114,17 @@ public:
     explicit ArchiveObject(QString className) : m_className(std::move(className)) {}
 
     const QString &className() const { return m_className; }
-    const std::vector<std::pair<QString, ArchiveValue>> &entries() const { return m_entries; }
+    const ArchiveEntries &entries() const { return m_entries; }
     bool contains(const QString &key) const { return m_indexOfKey.contains(key); }
     /// The value under `key`, nil where it is absent.
     const ArchiveValue &value(const QString &key) const;
+
+    /// Its place and what it holds under unknown keys, as an object of their own.
+    ArchiveObjectPointer unknownPart() const;
+    /// Takes such a part over, behind what is encoded already.
+    void encodeUnknownPart(const ArchiveObject &part);
+    const ArchivePlace &place() const { return m_place; }
+    void setPlace(const ArchivePlace &place) { m_place = place; }
 
     /// Each key is encoded once; encoding a key again replaces its value in place. Keys that begin with "$" are the
     /// format's own.
@@ -118,6 +147,7 @@ public:
 
 private:
     QString m_className;
-    std::vector<std::pair<QString, ArchiveValue>> m_entries;
+    ArchivePlace m_place;
+    ArchiveEntries m_entries;
     QHash<QString, std::size_t> m_indexOfKey;
 };

@@ -26,8 +26,10 @@ ArchiveValue ArchiveTable::list(plist_t record)
     const std::vector<plist_t> nodes = PropertyList::entries(array);
     std::vector<ArchiveValue> entries;
     entries.reserve(nodes.size());
+    const bool isRoot = m_openEntries == 1 && m_index == m_source->root;
+    const std::size_t known = isRoot ? m_vocabulary.rootEntries : nodes.size();
     for (plist_t node : nodes) {
-        entries.push_back(member(node));
+        entries.push_back(entries.size() < known ? member(node) : unknown(node));
         if (m_failure)
             return {};
     }

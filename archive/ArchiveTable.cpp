@@ -3,19 +3,33 @@
 #include <algorithm>
 #include <utility>
 
-ArchiveTable::ArchiveTable(std::vector<plist_t> objects, const QStringList &classNames)
-    : m_objects(std::move(objects)), m_classNames(classNames), m_entries(m_objects.size())
+ArchiveTable::ArchiveTable(std::shared_ptr<const ArchiveSource> source, KeyedArchive::Vocabulary vocabulary)
+    : m_source(std::move(source)), m_vocabulary(std::move(vocabulary)), m_entries(m_source->objects.size())
 {}
 
-Result<ArchiveValue> ArchiveTable::root(quint64 index)
+Result<ArchiveValue> ArchiveTable::root()
 {
-    m_root = index;
-    const ArchiveValue value = entry(index);
+    const ArchiveValue value = entry(m_source->root);
     if (m_failure)
         return tl::unexpected(*m_failure);
     if (const ArchiveFault *const found = std::get_if<ArchiveFault>(&value.storage))
         return fail(QString("The archive is damaged: its root is %1.").arg(found->found));
     return value;
+}
+
+Result<ArchiveEntries> ArchiveTable::besideRoot(plist_t top)
+{
+    ArchiveEntries entries;
+    for (const auto &[key, node] : PropertyList::members(top)) {
+        if (key == "root")
+            continue;
+        const bool isDictionary = plist_get_node_type(node) == PLIST_DICT && !PropertyList::reference(node);
+        const bool isKnown = key == m_vocabulary.topDictionary && isDictionary;
+        entries.emplace_back(key, isKnown ? object(node, {}, m_vocabulary.topKeys) : unknown(node));
+    }
+    if (m_failure)
+        return tl::unexpected(*m_failure);
+    return entries;
 }
 
 ArchiveValue ArchiveTable::entry(quint64 index)
@@ -26,12 +40,12 @@ ArchiveValue ArchiveTable::entry(quint64 index)
         return fault(QString("a reference to object %1 of %2").arg(index).arg(m_entries.size()));
     Entry &entry = m_entries[index];
     if (entry.state == Entry::Open) {
-        if (index == m_root)
+        if (index == m_source->root)
             m_failure = Error{"The archive is damaged: its root contains itself."};
         return fault("an object that contains itself");
     }
     if (entry.state == Entry::Unread)
-        readEntry(entry, m_objects[index]);
+        readEntry(index);
 
     m_cost.values += entry.cost.values;
     m_cost.depth = std::max(m_cost.depth, entry.cost.depth + 1);
@@ -41,14 +55,17 @@ ArchiveValue ArchiveTable::entry(quint64 index)
     return entry.value;
 }
 
-void ArchiveTable::readEntry(Entry &entry, plist_t node)
+void ArchiveTable::readEntry(quint64 index)
 {
+    Entry &entry = m_entries[index];
     entry.state = Entry::Open;
     const Cost outer = std::exchange(m_cost, Cost());
+    const quint64 outerIndex = std::exchange(m_index, index);
     // The last may be a plain value. What is left out deeper down makes the outermost too deep.
     if (++m_openEntries <= maximumDepth + 1)
-        entry.value = convert(node);
+        entry.value = convert(m_source->objects[index]);
     --m_openEntries;
+    m_index = outerIndex;
     entry.cost = std::exchange(m_cost, outer);
     entry.state = Entry::Read;
     if (entry.cost.depth > maximumDepth)
@@ -64,6 +81,12 @@ ArchiveValue ArchiveTable::convert(plist_t node)
     const ArchiveValue value = scalar(node);
     const QString *const text = std::get_if<QString>(&value.storage);
     return text && *text == "$null" ? ArchiveValue() : value;
+}
+
+ArchiveValue ArchiveTable::unknown(plist_t node)
+{
+    ++m_cost.values;
+    return {UnknownValue{m_source, node}};
 }
 
 ArchiveValue ArchiveTable::scalar(plist_t node)
@@ -118,19 +141,20 @@ ArchiveValue ArchiveTable::record(plist_t node)
     if (recordClass->decoder)
         return (this->*recordClass->decoder)(node);
     if (recordClass->isOwn)
-        return object(node, recordClass->name);
+        return object(node, recordClass->name, m_vocabulary.classes.value(recordClass->name));
     return fault("an object of the unknown class " + recordClass->name.left(60));
 }
 
 std::optional<ArchiveTable::RecordClass> ArchiveTable::classOf(plist_t node)
 {
     const std::optional<quint64> index = PropertyList::reference(node);
-    if (!index || *index >= m_objects.size() || !PropertyList::value(m_objects[*index], "$classname"))
+    const std::vector<plist_t> &objects = m_source->objects;
+    if (!index || *index >= objects.size() || !PropertyList::value(objects[*index], "$classname"))
         return {};
     const auto known = m_classes.constFind(*index);
     if (known != m_classes.cend())
         return *known;
-    return *m_classes.insert(*index, readClass(m_objects[*index]));
+    return *m_classes.insert(*index, readClass(objects[*index]));
 }
 
 ArchiveTable::RecordClass ArchiveTable::readClass(plist_t table) const
@@ -142,18 +166,30 @@ ArchiveTable::RecordClass ArchiveTable::readClass(plist_t table) const
     for (const QString &name : std::as_const(chain)) {
         if (const Decoder decoder = platformDecoder(name))
             return {name, decoder, false};
-        if (m_classNames.contains(name))
+        if (m_vocabulary.classes.contains(name))
             return {name, nullptr, true};
     }
     return {ownName, nullptr, false};
 }
 
-ArchiveValue ArchiveTable::object(plist_t record, const QString &className)
+std::optional<QStringList> ArchiveTable::classChain(plist_t node)
+{
+    const std::optional<QString> name = PropertyList::text(PropertyList::value(node, "$classname"));
+    QStringList chain;
+    for (plist_t base : PropertyList::entries(PropertyList::value(node, "$classes")))
+        chain.append(PropertyList::text(base).value_or(QString()));
+    const bool isPlain = name && plist_dict_get_size(node) == 2 && !chain.isEmpty() && chain.first() == *name;
+    return isPlain ? std::optional(chain) : std::nullopt;
+}
+
+ArchiveValue ArchiveTable::object(plist_t record, const QString &className, const std::optional<QSet<QString>> &keys)
 {
     const auto result = std::make_shared<ArchiveObject>(className);
+    result->setPlace({m_source, m_index});
     for (const auto &[key, node] : PropertyList::members(record)) {
-        if (!key.startsWith('$'))
-            result->encode(key, member(node));
+        const bool isKnown = !keys || keys->contains(key);
+        if (isKnown ? !key.startsWith('$') : key != "$class")
+            result->encode(key, isKnown ? member(node) : unknown(node));
     }
     return {ArchiveObjectPointer(result)};
 }

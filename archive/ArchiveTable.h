@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/ArchiveObject.h"
-#include "archive/PropertyList.h"
+#include "archive/ArchiveSource.h"
+#include "archive/KeyedArchive.h"
 
 #include <QStringList>
 
@@ -18,12 +18,18 @@ public:
     /// Values that the root would hold if nothing were shared; who walks it meets no more than these.
     static constexpr quint64 maximumValues = 8'000'000;
 
-    /// `objects` are the nodes of the table and outlive it.
-    ArchiveTable(std::vector<plist_t> objects, const QStringList &classNames);
+    ArchiveTable(std::shared_ptr<const ArchiveSource> source, KeyedArchive::Vocabulary vocabulary);
 
-    /// The value at `index`. Error: an index beyond the table, a root that is not understood or contains itself, or
+    /// The source's root. Error: an index beyond the table, a root that is not understood or contains itself, or
     /// the table is too deep or too large.
-    [[nodiscard]] Result<ArchiveValue> root(quint64 index);
+    [[nodiscard]] Result<ArchiveValue> root();
+    /// What stands beside the root in `$top`. Error: that of root().
+    [[nodiscard]] Result<ArchiveEntries> besideRoot(plist_t top);
+
+    /// A number, text or data that needs no other entry of the table; a fault for anything else.
+    static ArchiveValue scalar(plist_t node);
+    /// Whether a record is the class table of other records, and which: its name and those of its bases.
+    static std::optional<QStringList> classChain(plist_t node);
 
 private:
     /// A value that is not understood where it stands.
@@ -59,10 +65,9 @@ private:
     };
 
     ArchiveValue entry(quint64 index);
-    void readEntry(Entry &entry, plist_t node);
+    void readEntry(quint64 index);
     ArchiveValue convert(plist_t node);
-    /// A number, text or data that needs no other entry of the table.
-    static ArchiveValue scalar(plist_t node);
+    ArchiveValue unknown(plist_t node);
     /// A value that stands in a record: in place or by reference.
     ArchiveValue member(plist_t node);
     ArchiveValue member(plist_t record, const char *key) { return member(PropertyList::value(record, key)); }
@@ -74,7 +79,7 @@ private:
     RecordClass readClass(plist_t table) const;
     static Decoder platformDecoder(const QString &className);
 
-    ArchiveValue object(plist_t record, const QString &className);
+    ArchiveValue object(plist_t record, const QString &className, const std::optional<QSet<QString>> &keys);
     ArchiveValue list(plist_t record);
     ArchiveValue text(plist_t record);
     ArchiveValue data(plist_t record);
@@ -85,13 +90,13 @@ private:
     ArchiveValue colourFrom(plist_t record, const char *key, std::initializer_list<int> models, bool alphaIsGiven);
     bool hasOwnColourSpace(plist_t record) const;
 
-    std::vector<plist_t> m_objects;
-    QStringList m_classNames;
+    std::shared_ptr<const ArchiveSource> m_source;
+    KeyedArchive::Vocabulary m_vocabulary;
     std::vector<Entry> m_entries;
     QHash<quint64, RecordClass> m_classes;
-    quint64 m_root = 0;
     /// Of the entry that is being read.
     Cost m_cost;
+    quint64 m_index = 0;
     int m_openEntries = 0;
     /// Once set, reading comes to its end as fast as it can.
     std::optional<Error> m_failure;

@@ -80,6 +80,7 @@ QString ArchiveValue::kind() const
         [](const ArchiveList &) { return QString("a list"); },
         [](const ArchiveObjectPointer &object) { return "an object of class " + object->className(); },
         [](const ArchiveFault &fault) { return fault.found; },
+        [](const UnknownValue &) { return QString("an unknown value"); },
     };
     return std::visit(kinds, storage);
 }
