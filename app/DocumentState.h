@@ -1,12 +1,16 @@
 #pragma once
 
+#include "app/ProjectFile.h"
+#include "app/Supply.h"
 #include "layer/Layer.h"
 
+#include <QByteArray>
 #include <QSize>
 #include <QString>
 #include <QVariantList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 /// Everything about a layer that an edit can change, with the layer that it belongs to. Pictures are not kept: a wall
@@ -25,13 +29,24 @@ struct LayerState
     void apply() const;
 };
 
+/// The project file that a document belongs to.
+struct DocumentFile
+{
+    QString path;      ///< empty while there is none
+    QByteArray digest; ///< FileBytes::digest() of it when it was opened or saved; empty where that is not known
+};
+
 /// A document at one moment, to come back to: the layers themselves, in their order, and what they looked like.
 struct DocumentState
 {
-    /// The project file that the document belongs to, empty while there is none. One string for all states of one
-    /// document: saving it under another name is no edit.
-    std::shared_ptr<QString> file;
-    QSize output; ///< pixels
+    /// One for all states of one document: saving it under another name is no edit.
+    std::shared_ptr<DocumentFile> file;
+    /// What the document's file held beside what this version knows; null: nothing. It goes with `file`.
+    std::shared_ptr<const UnknownContent> unknown;
+    QSize output;                 ///< pixels
+    std::optional<Supply> supply; ///< as it was chosen for the document; nullopt: it was not
+    qint64 volts = 0;             ///< what was counted with, chosen or not
+    qint64 phases = 0;
     std::vector<LayerState> layers;
     std::vector<LayerState> presets;
     std::vector<qsizetype> selection;       ///< rows of layers
@@ -44,7 +59,7 @@ struct DocumentState
     /// Whether both have the same project: presets are the person's, and no part of it.
     bool hasProjectOf(const DocumentState &other) const
     {
-        return file == other.file && output == other.output && layers == other.layers;
+        return file == other.file && output == other.output && supply == other.supply && layers == other.layers;
     }
 };
 

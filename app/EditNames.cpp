@@ -15,6 +15,8 @@ struct NamedValue
 constexpr std::array names{
     NamedValue{QLatin1StringView("OutputWidth"), QLatin1StringView("Output width")},
     NamedValue{QLatin1StringView("OutputHeight"), QLatin1StringView("Output height")},
+    NamedValue{QLatin1StringView("voltageCalc"), QLatin1StringView("Voltage")},
+    NamedValue{QLatin1StringView("phaseCalc"), QLatin1StringView("Phases")},
     NamedValue{QLatin1StringView("panelWidth"), QLatin1StringView("Panel width")},
     NamedValue{QLatin1StringView("panelHeight"), QLatin1StringView("Panel height")},
     NamedValue{QLatin1StringView("row"), QLatin1StringView("Rows")},
@@ -39,6 +41,7 @@ constexpr std::array names{
     NamedValue{QLatin1StringView("sfColor"), QLatin1StringView("Name and size at the centre, colour")},
     NamedValue{QLatin1StringView("screenFontSize"), QLatin1StringView("Name and size at the centre, size")},
     NamedValue{QLatin1StringView("showPower"), QLatin1StringView("Power text")},
+    NamedValue{QLatin1StringView("showCurrent"), QLatin1StringView("Current")},
     NamedValue{QLatin1StringView("drawLabels"), QLatin1StringView("Panel labels")},
     NamedValue{QLatin1StringView("labelColor"), QLatin1StringView("Panel labels, colour")},
     NamedValue{QLatin1StringView("labelFontSize"), QLatin1StringView("Panel labels, size")},

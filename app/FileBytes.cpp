@@ -1,5 +1,6 @@
 #include "app/FileBytes.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
@@ -79,6 +80,14 @@ Result<QByteArray> read(const QString &path, qint64 mostBytes)
     if (file.error() != QFileDevice::NoError || bytes.size() != info.size())
         return fail(QString("%1: cannot be read to its end: %2").arg(path, file.errorString()));
     return bytes;
+}
+
+QByteArray digest(const QString &path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    const bool isRead = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && hash.addData(&file);
+    return isRead ? hash.result() : QByteArray();
 }
 
 Result<void> write(const QString &path, const QByteArray &bytes)

@@ -14,6 +14,9 @@ namespace FileBytes {
 /// the path.
 [[nodiscard]] Result<QByteArray> read(const QString &path, qint64 mostBytes);
 
+/// What tells the contents of one file from those of another, whatever its size; empty where there is no file to read.
+QByteArray digest(const QString &path);
+
 /// Puts `bytes` into the file at `path`. Whatever stood there stays whole until its successor is complete on disk.
 /// Error: the file cannot be made, filled or put into its place; nothing half-written is left. The message begins with
 /// the path.

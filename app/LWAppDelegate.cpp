@@ -1,7 +1,6 @@
 #include "app/LWAppDelegate.h"
 
 #include "app/EditNames.h"
-#include "app/PowerCalculator.h"
 #include "layer/NearestInt.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
@@ -20,18 +19,20 @@ constexpr QLatin1StringView panelHeightPath{"arrangedObjects.panelHeight"};
 constexpr QLatin1StringView aspectRatioPath{"arrangedObjects.aspectRatio"};
 constexpr QLatin1StringView outputWidthPath{"OutputWidth"};
 constexpr QLatin1StringView outputHeightPath{"OutputHeight"};
+constexpr QLatin1StringView voltagePath{"voltageCalc"};
 constexpr QLatin1StringView updatePatternPath{"updatePattern"};
 constexpr QLatin1StringView patternPath{"arrangedObjects.pattern"};
 constexpr QLatin1StringView thumbnailPath{"arrangedObjects.thumbnail"};
 
-/// The properties whose edits lead to a redraw: what the inspector's controls are bound to.
+/// The properties whose edits lead to a redraw: what the inspector's controls are bound to. "patternBool" is a name
+/// without a property: no layer ever had one.
 constexpr std::array observedProperties{
     "panelHeight",  "panelWidth",   "row",           "col",           "rectColor",      "rectColor2",
     "boarderColor", "visible",      "xpoint",        "ypoint",        "xyColor",        "sfColor",
     "XYFontSize",   "XYFontEnable", "CircleEnable",  "BoarderEnable", "screenFontSize", "screenFontEnable",
     "bgEnable",     "circleColor",  "circleBWidth",  "boarderWidth",  "drawFlowPath",   "drawLabels",
     "patternBool",  "pixelLimit",   "labelFontSize", "labelColor",    "label",          "XYLabelDirection",
-    "powerOnCell",  "aspectRatio",  "showPower",
+    "powerOnCell",  "aspectRatio",  "showPower",     "showCurrent",
 };
 
 bool isObserved(const QString &keyPath)
@@ -76,8 +77,7 @@ LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recove
 {
     connectLists();
     if (!recoveryFolder.isEmpty()) {
-        const auto contents = [this] { return Project{m_OutputHeight, m_OutputWidth, allScreensArray()}; };
-        m_recovery.emplace(contents, recoveryFolder);
+        m_recovery.emplace([this] { return project(); }, recoveryFolder);
         connectRecovery();
     }
     if (!presetsFile.isEmpty())
@@ -182,22 +182,12 @@ void LWAppDelegate::applyAspectLock(Layer &layer) const
         layer.setPanelWidth(truncated(*ratio * layer.panelHeight()));
 }
 
-void LWAppDelegate::calculatePower()
-{
-    if (m_voltageCalc == 0)
-        m_voltageCalc = 110;
-    if (m_phaseCalc == 0)
-        m_phaseCalc = 1;
-    const float amperes = PowerCalculator::amperes(PowerCalculator::watts(allScreensArray()),
-                                                   PowerCalculator::divisor(m_voltageCalc, m_phaseCalc));
-    m_powerResult = PowerCalculator::resultText(amperes);
-    m_userInterface.showPowerResult(m_powerResult);
-}
-
 bool LWAppDelegate::setValue(const QVariant &value, const QString &keyPath)
 {
     if (keyPath.startsWith(LayerList::keyPathPrefix))
         return m_arraycontroller.setValue(value, keyPath);
+    if (keyPath == voltagePath)
+        return typeVoltage(value);
     const bool isOutputSize = keyPath == outputWidthPath || keyPath == outputHeightPath;
     if (!isOutputSize || !setProperty(keyPath.toLatin1(), value))
         return false;
@@ -272,7 +262,11 @@ void LWAppDelegate::choosePattern(qint64 pattern)
 DocumentState LWAppDelegate::state(const DocumentState &before) const
 {
     return {m_file,
+            m_unknown,
             QSize(m_OutputWidth, m_OutputHeight),
+            m_supply,
+            m_voltageCalc,
+            m_phaseCalc,
             statesOf(allScreensArray(), before.layers),
             statesOf(presetScreensArray(), before.presets),
             m_arraycontroller.selectionIndexes(),
@@ -283,16 +277,24 @@ DocumentState LWAppDelegate::state(const DocumentState &before) const
 
 void LWAppDelegate::setState(const DocumentState &state)
 {
+    const bool isOtherSupply = state.volts != m_voltageCalc || state.phases != m_phaseCalc;
+    const bool isOtherChoice = state.supply != m_supply && state.file == m_file;
     if (m_recovery && state.file != m_file) {
         m_recovery->leave();
-        m_recovery->documentWasSaved(*state.file);
+        m_recovery->documentWasSaved(state.file->path);
     }
     setFile(state.file);
+    m_unknown = state.unknown;
+    m_supply = state.supply;
+    m_voltageCalc = state.volts;
+    m_phaseCalc = state.phases;
     m_OutputWidth = state.output.width();
     m_OutputHeight = state.output.height();
     m_arraycontroller.setLayers(restored(state.layers), state.selection, state.shown);
     m_presetarraycontroller.setLayers(restored(state.presets), state.presetSelection);
     m_selectedRow = state.selectedRow;
+    if (isOtherSupply)
+        renderCurrents();
 
     // Shown as it was: an update would render the selected layer anew, and its aspect lock would change it.
     m_hwchange = true;
@@ -302,6 +304,8 @@ void LWAppDelegate::setState(const DocumentState &state)
     composeOutput();
     m_userInterface.reloadTable();
     calculatePower();
+    if (const auto counts = Supply::of(m_voltageCalc, m_phaseCalc); isOtherChoice && counts)
+        m_userInterface.noteSupply(*counts);
     m_userInterface.repaintCanvas();
 }
 
@@ -314,18 +318,6 @@ void LWAppDelegate::showMarker(const DocumentState &state)
         return;
     selected->drawInRect();
     state.layers[static_cast<std::size_t>(m_arraycontroller.selectionIndex())].apply(); // the sizes that it wrote
-}
-
-void LWAppDelegate::voltageSelect(qint64 tag)
-{
-    m_voltageCalc = tag;
-    update();
-}
-
-void LWAppDelegate::phaseSelect(qint64 tag)
-{
-    m_phaseCalc = tag;
-    update();
 }
 
 void LWAppDelegate::popupButton()

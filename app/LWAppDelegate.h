@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class LWScreen;
@@ -30,6 +31,9 @@ class LWAppDelegate final : public QObject, public LayerHost, private UndoableDo
     /// Output size in pixels. Plain setters notify nobody; setValue() does.
     Q_PROPERTY(int OutputWidth READ OutputWidth WRITE setOutputWidth)
     Q_PROPERTY(int OutputHeight READ OutputHeight WRITE setOutputHeight)
+    /// What the current is worked out for; read only. See setValue() and voltageSelect().
+    Q_PROPERTY(qint64 voltageCalc READ voltageCalc)
+    Q_PROPERTY(qint64 phaseCalc READ phaseCalc)
     /// Parts of a store that quitting would take care of; nothing makes them, so they stay empty.
     Q_PROPERTY(QObject *persistentStoreCoordinator MEMBER m_persistentStoreCoordinator)
     Q_PROPERTY(QObject *managedObjectModel MEMBER m_managedObjectModel)
@@ -72,7 +76,7 @@ public:
     /// Undo and redo.
     QUndoStack &undoStack() { return m_history.stack(); }
     /// The project file that the document belongs to; empty: none.
-    const QString &projectPath() const { return *m_file; }
+    const QString &projectPath() const { return m_file->path; }
 
     int OutputWidth() const override { return m_OutputWidth; }
     void setOutputWidth(int pixels) { m_OutputWidth = pixels; }
@@ -101,8 +105,9 @@ public:
     /// Recomputes the power line; chooses 110 V and 1 phase where none was chosen.
     void calculatePower();
 
-    /// Edits the output size ("OutputWidth", "OutputHeight") or the selected layer ("arrangedObjects.panelWidth") and
-    /// notifies the observer. Returns whether there was such a value to edit.
+    /// Edits the output size ("OutputWidth", "OutputHeight"), the volts ("voltageCalc", 1 to Supply::mostVolts, a
+    /// choice as by voltageSelect(), typing joined to one step until endTyping()) or the selected layer
+    /// ("arrangedObjects.panelWidth") and notifies the observer. Returns whether there was such a value to edit.
     bool setValue(const QVariant &value, const QString &keyPath);
     /// The same for all selected layers, as one edit; those without such a value stay as they are.
     bool setValueOfSelection(const QVariant &value, const QString &keyPath);
@@ -212,8 +217,15 @@ public:
     void newProject();
     /// Asks where, and writes the project; a failure is an alert.
     void saveProject();
-    /// Writes the project to the file that it belongs to; saveProject() where there is none.
+    /// Writes the project to the file that it belongs to; saveProject() where there is none. Where another program has
+    /// changed that file since it was opened or saved here, nothing is written and
+    /// UserInterface::fileWasChangedElsewhere() tells so; a file that was deleted is written anew.
     void save();
+    /// Writes the project to the file that it belongs to, whatever others have put there.
+    void saveAnyway();
+    /// Opens the file that the document belongs to in the place of the document. Unsaved changes stay behind as a
+    /// recovery copy, and undoing leads back to them.
+    void openTheirs();
     /// Asks which, and opens it. A file that cannot be opened is an alert and changes nothing.
     void openProject();
     /// Opens the project at `path`; where its name ends in ".json", its JSON form.
@@ -238,9 +250,13 @@ public:
     /// told before anything is asked.
     void savePSD();
 
-    /// The control's tag becomes the voltage (110, 208) or the number of phases (1, 3).
+    /// The control's tag becomes the voltage (110, 208 or any other) or the number of phases (1, 3), as one step. With
+    /// the other of the two as it stands, that is the choice of the person: it is remembered for shows to come, and
+    /// kept with this one. A show without a choice counts with the one remembered, else with 110 V and 1 phase.
     void voltageSelect(qint64 tag);
     void phaseSelect(qint64 tag);
+    /// The choice that the show holds; nullopt: none. voltageCalc() and phaseCalc() are what counts.
+    const std::optional<Supply> &supply() const { return m_supply; }
     /// Another choice in the pop-up of the corner coordinates.
     void popupButton();
     void setPopupIndex(int index) { m_popupIndex = index; }
@@ -263,6 +279,8 @@ public:
 signals:
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
+    /// voltageCalc() or phaseCalc() is another: chosen, undone, or that of another show. Told after the power line.
+    void supplyDidChange();
 
 private:
     /// Which table the last drag began in.
@@ -295,12 +313,20 @@ private:
     void setValueOfOthers(const QVariant &value, const QString &keyPath);
     void editSelectedWalls(const QString &name, const std::function<void(LWScreen &wall)> &edit);
     void gateTimerFired();
+    Project project() const;
+    /// `chosen`: of the show; nullopt: the one remembered counts.
+    void takeSupply(const std::optional<Supply> &chosen);
+    void supplyWasChosen(const QString &keyPath, const QString &typing = {});
+    bool typeVoltage(const QVariant &value);
+    /// Renders the walls that show their current.
+    void renderCurrents();
     void load(const QString &path);
     /// Tells of the first wall that shows nothing because no raster can hold it.
     void tellWallsTooLarge();
     /// Puts another document in the place of this one. `name` is what undoing that is called after.
-    void showProject(const Project &project, const QString &path, const QString &name);
-    void setFile(std::shared_ptr<QString> file);
+    void showProject(const Project &project, const DocumentFile &file, const QString &name);
+    void setFile(std::shared_ptr<DocumentFile> file);
+    void tellUnknownContent(const Project &project);
     void writeProject(const QString &path);
     void documentIsInFile();
     void shiftSelection(qint64 right, qint64 down);
@@ -321,7 +347,8 @@ private:
     std::optional<RecoveryCopy> m_recovery;
     std::optional<PresetStore> m_presetStore;
     std::vector<LayerState> m_keptPresets; ///< as they are in the store
-    std::shared_ptr<QString> m_file = std::make_shared<QString>();
+    std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();
+    std::shared_ptr<const UnknownContent> m_unknown; ///< of that file; null: nothing
 
     int m_OutputWidth = 0;
     int m_OutputHeight = 0;
@@ -340,8 +367,10 @@ private:
     DraggedTable m_draggedTV = DraggedTable::None;
     int m_popupIndex = 0;
     qint64 m_pattern = 0;
+    std::optional<Supply> m_supply; ///< that was chosen for this document
     qint64 m_voltageCalc = 0;
     qint64 m_phaseCalc = 0;
+    std::pair<qint64, qint64> m_toldSupply; ///< volts and phases
     QString m_preOpenFile;
 
     ManagedObjectContext *m_managedObjectContext = nullptr;

@@ -2,6 +2,7 @@
 #include "app/LWAppDelegate.h"
 #include "app/PSDExport.h"
 #include "app/PngFile.h"
+#include "app/PowerCalculator.h"
 #include "app/ProjectText.h"
 #include "screen/LostWall.h"
 
@@ -13,6 +14,19 @@ namespace {
 bool isText(const QString &path)
 {
     return QFileInfo(path).suffix().compare(ProjectText::extension, Qt::CaseInsensitive) == 0;
+}
+
+bool isChangedElsewhere(const DocumentFile &file)
+{
+    const QByteArray there = FileBytes::digest(file.path);
+    return !there.isEmpty() && there != file.digest;
+}
+
+/// The file of recovered work as it was when that work began; what it was is not known where it was written since.
+DocumentFile fileOf(const FoundCopy &copy)
+{
+    const bool isNewer = QFileInfo(copy.projectPath).lastModified() > copy.time;
+    return {copy.projectPath, isNewer ? QByteArray() : FileBytes::digest(copy.projectPath)};
 }
 } // namespace
 
@@ -26,18 +40,35 @@ void LWAppDelegate::save()
 {
     if (projectPath().isEmpty() || isText(projectPath()))
         saveProject();
+    else if (isChangedElsewhere(*m_file))
+        m_userInterface.fileWasChangedElsewhere(projectPath());
     else
         writeProject(projectPath());
+}
+
+void LWAppDelegate::saveAnyway()
+{
+    writeProject(projectPath());
+}
+
+void LWAppDelegate::openTheirs()
+{
+    openProjectPre(QString(projectPath()));
+}
+
+Project LWAppDelegate::project() const
+{
+    return {m_OutputHeight, m_OutputWidth, allScreensArray(), m_supply, m_unknown};
 }
 
 void LWAppDelegate::writeProject(const QString &path)
 {
     catchUp();
-    const Result<void> written = ProjectFile::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()});
+    const Result<void> written = ProjectFile::write(path, project());
     if (!written)
         return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
     m_userInterface.noteRecentDocument(path);
-    *m_file = path;
+    *m_file = {path, FileBytes::digest(path)};
     documentIsInFile();
     emit projectPathDidChange(path);
     m_userInterface.tellStatus("Saved " + QFileInfo(path).fileName());
@@ -60,27 +91,32 @@ void LWAppDelegate::openProjectPre(const QString &path)
 
 void LWAppDelegate::load(const QString &path)
 {
+    const DocumentFile file{path, FileBytes::digest(path)}; // before it is read: what comes later is another's
     const Result<Project> project = isText(path) ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
     if (!project)
         return m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
     m_userInterface.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
-    showProject(*project, path, "Open Project");
+    showProject(*project, file, "Open Project");
     documentIsInFile();
+    tellUnknownContent(*project);
     tellWallsTooLarge();
 }
 
-void LWAppDelegate::showProject(const Project &project, const QString &path, const QString &name)
+void LWAppDelegate::showProject(const Project &project, const DocumentFile &file, const QString &name)
 {
-    setFile(std::make_shared<QString>(path));
+    setFile(std::make_shared<DocumentFile>(file));
+    m_unknown = project.unknown;
     m_OutputHeight = project.outputHeight;
     m_OutputWidth = project.outputWidth;
+    takeSupply(project.supply);
+    PowerCalculator::renderCurrents(project.layers); // they were read under the supply of before
     m_arraycontroller.setLayers(project.layers, {0});
     m_history.record(name);
 }
 
-void LWAppDelegate::setFile(std::shared_ptr<QString> file)
+void LWAppDelegate::setFile(std::shared_ptr<DocumentFile> file)
 {
     if (std::exchange(m_file, file) == file)
         return;
@@ -93,6 +129,13 @@ void LWAppDelegate::documentIsInFile()
     m_history.stack().setClean();
     if (m_recovery)
         m_recovery->documentWasSaved(projectPath());
+}
+
+void LWAppDelegate::tellUnknownContent(const Project &project)
+{
+    if (ProjectFile::holdsUnknown(project))
+        m_userInterface.tellStatus(QString("%1 holds values that this version does not know; they are kept.")
+                                       .arg(QFileInfo(projectPath()).fileName()));
 }
 
 void LWAppDelegate::tellWallsTooLarge()
@@ -138,8 +181,7 @@ void LWAppDelegate::savePSD()
     const QString path = *chosen + '.' + PSDExport::extension; // whatever was typed: "a.psd" becomes "a.psd.psd"
     const QString name = QFileInfo(path).fileName();
     const auto progress = [&](double done) { return m_userInterface.showProgress("Exporting " + name, done); };
-    const Result<PSDExport::Outcome> outcome =
-        PSDExport::write(path, {m_OutputHeight, m_OutputWidth, allScreensArray()}, m_screenNumber, progress);
+    const Result<PSDExport::Outcome> outcome = PSDExport::write(path, project(), m_screenNumber, progress);
     progress(1);
     m_userInterface.reloadTable(); // layers may have got names
     m_history.record("Layer Names");
@@ -182,7 +224,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     const Result<Project> project = m_recovery->take(copy, *this);
     if (!project)
         return m_userInterface.alert("Cannot recover " + project.error().text, "The document is unchanged.");
-    showProject(*project, copy.projectPath, "Recover Project");
+    showProject(*project, fileOf(copy), "Recover Project");
     m_shouldUpdate = true;
     update();
     tellWallsTooLarge();

@@ -24,6 +24,7 @@ LayerPointer LWAppDelegate::firstLayer()
 
 void LWAppDelegate::applicationDidFinishLaunching()
 {
+    takeSupply({});
     const LayerPointer layer = firstLayer();
     const std::vector<LayerPointer> presets = presetsOfLastTime();
     m_OutputHeight = firstOutput.height();

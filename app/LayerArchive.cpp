@@ -1,7 +1,6 @@
 #include "app/LayerArchive.h"
 
 #include "app/LayerLimits.h"
-#include "archive/KeyedArchive.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 
@@ -24,15 +23,23 @@ Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subje
         return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
     if (!layer)
         return failWithin(subject, layer.error());
+    (*layer)->setUnknownContent((*object)->unknownPart());
     return layer;
 }
 } // namespace
 
 namespace LayerArchive {
 
+Result<KeyedArchive::Contents> readContents(const QByteArray &bytes, KeyedArchive::Vocabulary rest)
+{
+    rest.classes.insert("LWScreen", LWScreen::archiveKeys());
+    rest.classes.insert("LWStill", LWStill::archiveKeys());
+    return KeyedArchive::readContents(bytes, rest);
+}
+
 Result<ArchiveValue> read(const QByteArray &bytes)
 {
-    return KeyedArchive::read(bytes, {"LWScreen", "LWStill"});
+    return readContents(bytes, {}).map([](const KeyedArchive::Contents &contents) { return contents.root; });
 }
 
 ArchiveValue encode(const std::vector<LayerPointer> &layers)
@@ -42,6 +49,8 @@ ArchiveValue encode(const std::vector<LayerPointer> &layers)
     for (const LayerPointer &layer : layers) {
         auto record = std::make_shared<ArchiveObject>(layer->className());
         layer->encodeWithCoder(*record);
+        if (const ArchiveObjectPointer &unknown = layer->unknownContent())
+            record->encodeUnknownPart(*unknown);
         records.push_back({ArchiveObjectPointer(std::move(record))});
     }
     return ArchiveValue::list(std::move(records));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/ArchiveObject.h"
+#include "archive/KeyedArchive.h"
 #include "archive/Result.h"
 #include "layer/Layer.h"
 
@@ -15,10 +15,13 @@ namespace LayerArchive {
 /// Larger files are refused before they are read.
 inline constexpr qint64 mostBytes = qint64{512} << 20;
 
-/// The root of an archive in which layers may stand. Error: that of KeyedArchive::read().
+/// What stands in an archive in which layers may stand. Of layers their keys are known; `rest` says what else is.
+/// Error: that of KeyedArchive::readContents().
+[[nodiscard]] Result<KeyedArchive::Contents> readContents(const QByteArray &bytes, KeyedArchive::Vocabulary rest);
+/// The root of such an archive where nothing else is known.
 [[nodiscard]] Result<ArchiveValue> read(const QByteArray &bytes);
 
-/// The list of the layers' records, in their order.
+/// The list of the layers' records, in their order, with what is unknown of them.
 [[nodiscard]] ArchiveValue encode(const std::vector<LayerPointer> &layers);
 
 /// The layers of such a list, each an object of its own even where the table shares one record. `noun` is what the

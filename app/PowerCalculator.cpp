@@ -18,6 +18,14 @@ qint32 watts(const std::vector<LayerPointer> &layers)
     return static_cast<qint32>(total);
 }
 
+void renderCurrents(const std::vector<LayerPointer> &layers)
+{
+    for (const LayerPointer &layer : layers) {
+        if (layer->showCurrent())
+            layer->drawInRect();
+    }
+}
+
 qint64 divisor(qint64 volts, qint64 phases)
 {
     return Power::divisor(volts, phases);

@@ -15,6 +15,9 @@ qint32 watts(const Layer &layer);
 /// Watts of all layers, hidden ones too.
 qint32 watts(const std::vector<LayerPointer> &layers);
 
+/// Renders the walls whose picture shows their current, as it is with the supply of their host.
+void renderCurrents(const std::vector<LayerPointer> &layers);
+
 /// What the watts are divided by: volts x phases, without a square root of three.
 qint64 divisor(qint64 volts, qint64 phases);
 

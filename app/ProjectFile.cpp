@@ -7,9 +7,61 @@
 #include "archive/KeyedArchive.h"
 #include "drawing/Raster.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
+constexpr std::size_t knownElements = 3;
+const QString showKey("wallwright");
+const QString voltsKey("voltage");
+const QString phasesKey("phases");
+
+/// The dictionary of the values of the whole show, and what else stands beside the root.
+ArchiveEntries besideRoot(const Project &project)
+{
+    ArchiveObject show({});
+    if (project.supply) {
+        show.encodeInt32(voltsKey, project.supply->volts);
+        show.encodeInt32(phasesKey, project.supply->phases);
+    }
+    for (const auto &[key, value] : project.unknown ? project.unknown->ofShow : ArchiveEntries())
+        show.encode(key, value);
+    ArchiveEntries entries;
+    if (!show.entries().empty())
+        entries.emplace_back(showKey, ArchiveValue{std::make_shared<const ArchiveObject>(show)});
+    if (project.unknown)
+        entries.insert(entries.end(), project.unknown->ofTop.begin(), project.unknown->ofTop.end());
+    return entries;
+}
+
+Result<void> takeSupply(const ArchiveObject &show, Project &project)
+{
+    if (!show.contains(voltsKey) && !show.contains(phasesKey))
+        return {};
+    const Result<qint32> volts = show.decodeInt32(voltsKey);
+    const Result<qint32> phases = show.decodeInt32(phasesKey);
+    if (!volts || !phases)
+        return tl::unexpected(volts ? phases.error() : volts.error());
+    return ProjectFile::checkSupply(*volts, *phases).map([&](const Supply &supply) { project.supply = supply; });
+}
+
+/// What stands beside the root.
+Result<void> takeBesideRoot(const ArchiveEntries &entries, Project &project, UnknownContent &unknown)
+{
+    for (const auto &[key, value] : entries) {
+        if (key != showKey) {
+            unknown.ofTop.emplace_back(key, value);
+            continue;
+        }
+        const ArchiveObjectPointer *const show = std::get_if<ArchiveObjectPointer>(&value.storage);
+        const Result<void> taken = show ? takeSupply(**show, project) : fail("this is no dictionary");
+        if (!taken)
+            return failWithin('"' + showKey + '"', taken.error());
+        unknown.ofShow = (*show)->unknownPart()->entries();
+    }
+    return {};
+}
+
 /// Output height and width, the first two elements of the root.
 Result<Project> decodeOutputSize(const std::vector<ArchiveValue> &root)
 {
@@ -43,6 +95,23 @@ Result<void> checkOutputSize(qint64 width, qint64 height)
                     .arg(Raster::mostPixels));
 }
 
+Result<Supply> checkSupply(qint64 volts, qint64 phases)
+{
+    if (const std::optional<Supply> supply = Supply::of(volts, phases))
+        return *supply;
+    return fail(QString("the supply is %1 V on %2 phases; it must be 1 to %3 V on 1 or 3")
+                    .arg(volts)
+                    .arg(phases)
+                    .arg(Supply::mostVolts));
+}
+
+bool holdsUnknown(const Project &project)
+{
+    return project.unknown || std::any_of(project.layers.begin(), project.layers.end(), [](const LayerPointer &layer) {
+               return layer->unknownContent() && !layer->unknownContent()->entries().empty();
+           });
+}
+
 Result<void> check(const Project &project)
 {
     return checkOutputSize(project.outputWidth, project.outputHeight).and_then([&] {
@@ -56,21 +125,25 @@ Result<QByteArray> encode(const Project &project)
     if (!isReadable)
         return tl::unexpected(isReadable.error());
 
-    return KeyedArchive::write(ArchiveValue::list(
-        {{qint64{project.outputHeight}}, {qint64{project.outputWidth}}, LayerArchive::encode(project.layers)}));
+    std::vector<ArchiveValue> root{
+        {qint64{project.outputHeight}}, {qint64{project.outputWidth}}, LayerArchive::encode(project.layers)};
+    if (project.unknown)
+        root.insert(root.end(), project.unknown->ofRoot.begin(), project.unknown->ofRoot.end());
+    return KeyedArchive::writeContents({ArchiveValue::list(std::move(root)), besideRoot(project)});
 }
 
 Result<Project> decode(const QByteArray &bytes, LayerHost &host)
 {
-    const Result<ArchiveValue> archive = LayerArchive::read(bytes);
+    const Result<KeyedArchive::Contents> archive =
+        LayerArchive::readContents(bytes, {{}, knownElements, showKey, {voltsKey, phasesKey}});
     if (!archive)
         return tl::unexpected(archive.error());
-    if (isPresetLibrary(*archive))
+    if (isPresetLibrary(archive->root))
         return fail("this is no project, but a preset library. Open it with Open library in the presets' menu.");
-    const Result<ArchiveList> root = archive->toList("the root");
+    const Result<ArchiveList> root = archive->root.toList("the root");
     if (!root)
         return tl::unexpected(root.error());
-    if ((*root)->size() != 3)
+    if ((*root)->size() < knownElements)
         return fail(QString("this is no project: a list of %1, expected output height, output width and layers")
                         .arg((*root)->size()));
 
@@ -82,6 +155,12 @@ Result<Project> decode(const QByteArray &bytes, LayerHost &host)
     if (!decoded)
         return tl::unexpected(decoded.error());
     project->layers = std::move(*decoded);
+    UnknownContent unknown{{(*root)->begin() + knownElements, (*root)->end()}, {}, {}};
+    const Result<void> taken = takeBesideRoot(archive->top, *project, unknown);
+    if (!taken)
+        return tl::unexpected(taken.error());
+    if (!unknown.isEmpty())
+        project->unknown = std::make_shared<const UnknownContent>(std::move(unknown));
     return project;
 }
 

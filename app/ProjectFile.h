@@ -1,22 +1,40 @@
 #pragma once
 
+#include "app/Supply.h"
+#include "archive/ArchiveObject.h"
 #include "archive/Result.h"
 #include "layer/Layer.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
+#include <optional>
 #include <vector>
+
+/// What a project file held beside what this version knows; written again as it came.
+struct UnknownContent
+{
+    std::vector<ArchiveValue> ofRoot; ///< elements of the root behind the layers
+    ArchiveEntries ofTop;             ///< under `$top`
+    ArchiveEntries ofShow;            ///< in the dictionary of the values of the whole show
+
+    bool isEmpty() const { return ofRoot.empty() && ofTop.empty() && ofShow.empty(); }
+};
 
 /// A whole document as files hold it.
 struct Project
 {
     int outputHeight = 0;
     int outputWidth = 0;
-    std::vector<LayerPointer> layers; ///< topmost first
+    std::vector<LayerPointer> layers;  ///< topmost first
+    std::optional<Supply> supply = {}; ///< nullopt: none was chosen for it
+    /// Null: nothing.
+    std::shared_ptr<const UnknownContent> unknown = {};
 };
 
 /// Project files, extension "Orv": a keyed archive of the list [output height, output width, layers], height first.
+/// Beside it stands, only where there is something to hold, the dictionary of the values of the whole show.
 namespace ProjectFile {
 
 inline constexpr char extension[] = "Orv";
@@ -24,6 +42,12 @@ inline constexpr char extension[] = "Orv";
 /// Whether an output of this size can be drawn at all.
 /// Error: it cannot; the message names the size and the limits.
 [[nodiscard]] Result<void> checkOutputSize(qint64 width, qint64 height);
+
+/// The supply of these volts and phases. Error: there is none such; the message names both and what may be.
+[[nodiscard]] Result<Supply> checkSupply(qint64 volts, qint64 phases);
+
+/// Whether the project, or one of its layers, holds values that this version does not know.
+bool holdsUnknown(const Project &project);
 
 /// Whether a project can be opened again once it is written.
 /// Error: that of checkOutputSize() or LayerLimits::check().

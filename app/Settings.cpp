@@ -9,6 +9,8 @@ namespace {
 constexpr char recentFilesKey[] = "recentFiles";
 constexpr char geometryKey[] = "window/geometry";
 constexpr char stateKey[] = "window/state";
+constexpr char voltsKey[] = "supply/volts";
+constexpr char phasesKey[] = "supply/phases";
 constexpr char foldedGroupsKey[] = "inspector/folded";
 
 /// A larger file is none of ours; reading one in which values nest many thousand deep would overflow the stack.
@@ -97,6 +99,17 @@ QByteArray windowState()
 void setWindowState(const QByteArray &state)
 {
     setValue(stateKey, state);
+}
+
+std::optional<Supply> supply()
+{
+    return Supply::of(value(voltsKey).toLongLong(), value(phasesKey).toLongLong());
+}
+
+void setSupply(const Supply &supply)
+{
+    setValue(voltsKey, supply.volts);
+    setValue(phasesKey, supply.phases);
 }
 
 QStringList foldedGroups()

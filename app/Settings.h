@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/Supply.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
@@ -24,6 +26,10 @@ QByteArray windowGeometry();
 void setWindowGeometry(const QByteArray &geometry);
 QByteArray windowState();
 void setWindowState(const QByteArray &state);
+
+/// The supply that was chosen last; nullopt where there is none.
+std::optional<Supply> supply();
+void setSupply(const Supply &supply);
 
 /// Titles of the inspector's groups that are folded.
 QStringList foldedGroups();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/Supply.h"
+
 #include <QImage>
 #include <QPoint>
 #include <QRectF>
@@ -72,4 +74,10 @@ public:
     virtual void showPowerResult(const QString &text) = 0;
     /// Adds a file to the recent documents.
     virtual void noteRecentDocument(const QString &path) = 0;
+    /// The supply that the person chose last, in whatever show, from one run to the next; nullopt: none yet.
+    virtual std::optional<Supply> lastSupply() const = 0;
+    virtual void noteSupply(const Supply &supply) = 0;
+    /// The document was not saved: another program has changed its file since it was opened or saved here. The answers
+    /// are LWAppDelegate's saveAnyway(), saveProject() and openTheirs(). Blocks nobody.
+    virtual void fileWasChangedElsewhere(const QString &path) = 0;
 };

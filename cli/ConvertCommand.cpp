@@ -1,6 +1,8 @@
 #include "cli/ConvertCommand.h"
 
 #include "app/PSDExport.h"
+#include "app/PowerCalculator.h"
+#include "app/ProjectText.h"
 #include "cli/CommandLineHost.h"
 #include "cli/FileFormat.h"
 #include "cli/Options.h"
@@ -93,6 +95,9 @@ void tellDifferences(const ConvertCommand &command, const Project &project, cons
         isAnyLayered |= format && format->isLayered;
         for (const QString &sentence : format && format->isLayered ? PSDExport::resized(project) : QStringList())
             notice(output + ": " + sentence);
+        if (format && format->extension == QLatin1StringView(ProjectText::extension) &&
+            ProjectFile::holdsUnknown(project))
+            notice(output + ": values of " + command.input + " that this version does not know are left out.");
     }
     if (showsAllLayers)
         tellMissingPictures(project, isAnyLayered, command.input, notice);
@@ -122,6 +127,11 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
         FileFormat::toRead(input).and_then([&](const FileFormat &format) { return format.read(input, host); });
     if (!project)
         return tl::unexpected(project.error());
+    if (project->supply) {
+        host.setVoltageCalc(volts == 0 ? project->supply->volts : volts);
+        host.setPhaseCalc(phases == 0 ? project->supply->phases : phases);
+        PowerCalculator::renderCurrents(project->layers);
+    }
 
     for (const QString &output : outputs) {
         const Result<void> done = FileFormat::toWrite(output).and_then(

@@ -10,8 +10,8 @@ struct InfoCommand
 {
     QString input;
     bool isJson = false;
-    int volts = 0;  ///< 0: not chosen
-    int phases = 0; ///< 0: not chosen
+    int volts = 0;  ///< 0: as the project says
+    int phases = 0; ///< 0: as the project says
 
     /// Error: arguments that make no sense, a format that cannot be read among them.
     [[nodiscard]] static Result<InfoCommand> parse(const QStringList &arguments);

@@ -11,9 +11,6 @@
 #include <algorithm>
 
 namespace {
-constexpr qint64 usualVolts = 110;
-constexpr qint64 usualPhases = 1;
-
 /// Ports `first` to `last`, each with `lines` lines of panels.
 PortGroup portGroup(const WallFacts &wall, qint64 first, qint64 last, qint64 lines)
 {
@@ -96,8 +93,9 @@ ProjectFacts ProjectFacts::of(const Project &project, qint64 volts, qint64 phase
     ProjectFacts facts;
     facts.outputWidth = project.outputWidth;
     facts.outputHeight = project.outputHeight;
-    facts.volts = volts == 0 ? usualVolts : volts;
-    facts.phases = phases == 0 ? usualPhases : phases;
+    const Supply supply = project.supply.value_or(Supply());
+    facts.volts = volts == 0 ? supply.volts : volts;
+    facts.phases = phases == 0 ? supply.phases : phases;
     const qint64 divisor = PowerCalculator::divisor(facts.volts, facts.phases);
     for (const LayerPointer &layer : project.layers)
         facts.layers.push_back(factsOfLayer(*layer, divisor));

@@ -67,6 +67,6 @@ struct ProjectFacts
     qint32 watts = 0;               ///< of all layers
     float amperes = 0;
 
-    /// `volts` and `phases` of 0 become 110 and 1.
+    /// `volts` and `phases` of 0 become those that the project holds, else 110 and 1.
     static ProjectFacts of(const Project &project, qint64 volts, qint64 phases);
 };

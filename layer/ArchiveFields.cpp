@@ -1,7 +1,5 @@
 #include "layer/ArchiveFields.h"
 
-#include <QVariant>
-
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -64,10 +62,21 @@ Result<QVariant> decodeField(const ArchiveField &field, const ArchiveObject &cod
 }
 } // namespace
 
+QSet<QString> keysOf(std::span<const ArchiveField> fields)
+{
+    QSet<QString> keys;
+    for (const ArchiveField &field : fields)
+        keys.insert(field.key);
+    return keys;
+}
+
 void encodeFields(const QObject &layer, std::span<const ArchiveField> fields, ArchiveObject &coder)
 {
-    for (const ArchiveField &field : fields)
-        encodeField(layer.property(field.property), field, coder);
+    for (const ArchiveField &field : fields) {
+        const QVariant value = layer.property(field.property);
+        if (field.isWritten(value))
+            encodeField(value, field, coder);
+    }
 }
 
 Result<void> decodeFields(QObject &layer, std::span<const ArchiveField> fields, const ArchiveObject &coder)

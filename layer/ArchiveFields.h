@@ -3,6 +3,8 @@
 #include "archive/ArchiveObject.h"
 
 #include <QObject>
+#include <QSet>
+#include <QVariant>
 
 #include <span>
 
@@ -23,7 +25,16 @@ struct ArchiveField
     const char *key;
     const char *property;
     StoredAs form;
+    /// Came after the first version: written only where it is not 0, false or nil, so that an archive which uses no
+    /// addition is the archive of that version.
+    bool isAddition = false;
+
+    /// Whether a value of the property is written.
+    bool isWritten(const QVariant &value) const { return !isAddition || value != QVariant(value.metaType()); }
 };
+
+/// The keys of `fields`.
+QSet<QString> keysOf(std::span<const ArchiveField> fields);
 
 /// Writes the properties of `layer` under their keys, in the order of `fields`.
 void encodeFields(const QObject &layer, std::span<const ArchiveField> fields, ArchiveObject &coder);

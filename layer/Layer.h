@@ -83,6 +83,8 @@ class Layer : public QObject
     Q_PROPERTY(int screenFontSize READ screenFontSize WRITE setScreenFontSize)
     /// The power text is drawn; set by every composition on the selected layer (off: screen, on: still).
     Q_PROPERTY(bool showPower READ showPower WRITE setShowPower)
+    /// The power text is drawn, whatever showPower says; chosen by a person, and no composition changes it.
+    Q_PROPERTY(bool showCurrent READ showCurrent WRITE setShowCurrent)
     /// A second power switch, set alike.
     Q_PROPERTY(bool showPowerl READ showPowerl WRITE setShowPowerl)
 
@@ -158,6 +160,11 @@ public:
     /// The values that survive a save and a load, by archive key and property.
     virtual std::span<const ArchiveField> keptFields() const = 0;
 
+    /// What the layer's archive held under keys that this version does not know; written again as it came, and taken
+    /// over by copies that go through an archive. Null: the layer comes from no archive.
+    const ArchiveObjectPointer &unknownContent() const { return m_unknownContent; }
+    void setUnknownContent(const ArchiveObjectPointer &content) { m_unknownContent = content; }
+
     /// "LWScreen", "LWStill": the name of the kind in archives.
     QString className() const { return QString::fromLatin1(metaObject()->className()); }
 
@@ -213,6 +220,8 @@ public:
     void setScreenFontSize(int value) { m_screenFontSize = value; }
     bool showPower() const { return m_showPower; }
     void setShowPower(bool value) { m_showPower = value; }
+    bool showCurrent() const { return m_showCurrent; }
+    void setShowCurrent(bool value) { m_showCurrent = value; }
     bool showPowerl() const { return m_showPowerl; }
     void setShowPowerl(bool value) { m_showPowerl = value; }
     bool drawLabels() const { return m_drawLabels; }
@@ -277,6 +286,7 @@ protected:
 
 private:
     LayerHost &m_host;
+    ArchiveObjectPointer m_unknownContent;
 
     int m_panelWidth = 0;
     int m_panelHeight = 0;
@@ -304,6 +314,7 @@ private:
     OptionalColour m_sfColor;
     int m_screenFontSize = 0;
     bool m_showPower = false;
+    bool m_showCurrent = false;
     bool m_showPowerl = false;
     bool m_drawLabels = false;
     bool m_XYLabelDirection = false;

@@ -42,6 +42,7 @@ constexpr std::array archiveFields{
     ArchiveField{"pattern", "pattern", StoredAs::Integer32},
     ArchiveField{"powerOnCell", "powerOnCell", StoredAs::Integer32},
     ArchiveField{"hiddenBoxes", "hiddenBoxes", StoredAs::TextList},
+    ArchiveField{"showcurrent", "showCurrent", StoredAs::Boolean, true},
 };
 
 /// What a copy takes over by property, in this order; thumbnail and hidden panels are handled beside it.
@@ -79,6 +80,7 @@ constexpr std::array copiedProperties{
     "pixelLimit",
     "pattern",
     "powerOnCell",
+    "showCurrent",
 };
 
 constexpr int defaultPixelLimit = 655360;
@@ -177,6 +179,11 @@ Result<std::shared_ptr<LWScreen>> LWScreen::initWithCoder(LayerHost &host, const
         return tl::unexpected(decoded.error());
     screen->drawInRect();
     return screen;
+}
+
+QSet<QString> LWScreen::archiveKeys()
+{
+    return keysOf(archiveFields);
 }
 
 LayerPointer LWScreen::copyWithZone() const

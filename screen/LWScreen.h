@@ -95,7 +95,10 @@ public:
     /// Its label as the wall shows it, "C7"; of very many letters only the first, with an ellipsis.
     QString panelLabel(const Panel &panel) const;
 
-    /// A fresh screen with this one's look and geometry: captions, aspect and power switches are the defaults.
+    /// The keys of an archive that a screen knows.
+    static QSet<QString> archiveKeys();
+    /// A fresh screen with this one's look and geometry: captions, aspect and power switches are the defaults, and
+    /// nothing that is unknown is taken over.
     LayerPointer copyWithZone() const override;
     void encodeWithCoder(ArchiveObject &coder) const override;
     std::span<const ArchiveField> keptFields() const override;

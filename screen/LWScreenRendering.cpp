@@ -46,7 +46,7 @@ ScreenChart chartOf(const LWScreen &screen, const LayerHost &host)
     chart.screenFontEnable = screen.screenFontEnable();
     chart.sfColor = screen.sfColor();
     chart.screenFontSize = screen.screenFontSize();
-    chart.showPower = screen.showPower();
+    chart.showPower = screen.showPower() || screen.showCurrent();
     chart.label = screen.label();
     chart.powerOnCell = screen.powerOnCell();
     chart.drawLabels = screen.drawLabels();

@@ -209,6 +209,11 @@ LayerPointer LWStill::copyWithZone() const
     return copy;
 }
 
+QSet<QString> LWStill::archiveKeys()
+{
+    return keysOf(writtenFields) + keysOf(fieldsOnlyRead);
+}
+
 void LWStill::encodeWithCoder(ArchiveObject &coder) const
 {
     encodeFields(*this, writtenFields, coder);

@@ -52,6 +52,8 @@ public:
     void onImageClick(qint64 x, qint64 y) override;
     /// A plain still with this one's picture, place, look and captions; aspect and power are zero.
     LayerPointer copyWithZone() const override;
+    /// The keys of an archive that a still knows, those that are read or written alone among them.
+    static QSet<QString> archiveKeys();
     void encodeWithCoder(ArchiveObject &coder) const override;
     std::span<const ArchiveField> keptFields() const override;
 

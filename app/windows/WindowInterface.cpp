@@ -287,3 +287,20 @@ void WindowInterface::noteRecentDocument(const QString &path)
     m_folder = QFileInfo(path).absolutePath();
     Settings::noteRecentFile(path);
 }
+
+std::optional<Supply> WindowInterface::lastSupply() const
+{
+    return Settings::supply();
+}
+
+void WindowInterface::noteSupply(const Supply &supply)
+{
+    Settings::setSupply(supply);
+}
+
+void WindowInterface::fileWasChangedElsewhere(const QString &path)
+{
+    emit failureTold(QString("%1 was changed by another program and is not saved; Save as keeps both.")
+                         .arg(QFileInfo(path).fileName()));
+    emit fileChangedElsewhere(path);
+}

@@ -84,6 +84,9 @@ public:
     void reloadTable() override { emit layersRendered(); }
     void showPowerResult(const QString &text) override { emit powerComputed(text); }
     void noteRecentDocument(const QString &path) override;
+    std::optional<Supply> lastSupply() const override;
+    void noteSupply(const Supply &supply) override;
+    void fileWasChangedElsewhere(const QString &path) override;
     /// The file that the document belongs to, which gives save panels their name; empty: none.
     void setFile(const QString &path) { m_file = path; }
 
@@ -99,6 +102,8 @@ signals:
     void canvasRepaintAsked();
     void layersRendered();
     void powerComputed(const QString &text);
+    /// UserInterface::fileWasChangedElsewhere().
+    void fileChangedElsewhere(const QString &path);
 
 private:
     QString proposedName() const;

@@ -52,7 +52,8 @@ protected:
 
     QByteArray archive() const
     {
-        return ProjectFile::encode({document.OutputHeight(), document.OutputWidth(), document.allScreensArray()})
+        return ProjectFile::encode(
+                   {document.OutputHeight(), document.OutputWidth(), document.allScreensArray(), document.supply()})
             .value_or(QByteArray());
     }
 };

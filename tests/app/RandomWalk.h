@@ -48,7 +48,8 @@ private:
     QString pathOf(const QString &name) const { return m_folder.filePath(name); }
     Project project() const
     {
-        return {m_document->OutputHeight(), m_document->OutputWidth(), m_document->allScreensArray()};
+        return {m_document->OutputHeight(), m_document->OutputWidth(), m_document->allScreensArray(),
+                m_document->supply()};
     }
 
     void editProperty();

@@ -236,7 +236,10 @@ void RandomWalk::save()
 {
     const qsizetype alerts = m_person.alerts.size();
     m_person.savePanelAnswer = pathOf("d");
+    const qsizetype told = m_person.filesChangedElsewhere.size();
     m_document->save();
+    if (m_person.filesChangedElsewhere.size() > told) // undoing has led to a document before the one in the file
+        m_document->saveAnyway();
     expectSavedUnless(false, alerts);
 }
 

@@ -76,6 +76,9 @@ public:
     void reloadTable() override { ++timesReloaded; }
     void showPowerResult(const QString &text) override { powerResult = text; }
     void noteRecentDocument(const QString &path) override { recentDocuments.append(path); }
+    std::optional<Supply> lastSupply() const override { return supply; }
+    void noteSupply(const Supply &chosen) override { supply = chosen; }
+    void fileWasChangedElsewhere(const QString &path) override { filesChangedElsewhere.append(path); }
 
     std::optional<QString> openPanelAnswer; ///< nullopt: cancelled
     std::optional<QString> savePanelAnswer;
@@ -107,4 +110,6 @@ public:
     int timesReloaded = 0;
     QString powerResult;
     QStringList recentDocuments;
+    std::optional<Supply> supply; ///< that was chosen last
+    QStringList filesChangedElsewhere;
 };

@@ -312,7 +312,6 @@ TEST_F(UndoEdits, WhatChangesNothingIsNoStep)
     edit("label", "Layer 0");
     document.finishEdit("Nothing");
     document.arraycontroller().setSelectionIndex(0);
-    document.voltageSelect(208);
     document.popupButton();
 
     EXPECT_EQ(stack.count(), 0);

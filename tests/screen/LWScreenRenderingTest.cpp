@@ -176,6 +176,60 @@ TEST(LWScreenRendering, ThePowerShowsOnlyWhereItIsSwitchedOnAtThatMoment)
     EXPECT_EQ(screen->thumbnail(), without);
 }
 
+TEST(LWScreenRendering, CurrentShowsThePowerWhateverElseSaysAboutIt)
+{
+    TestHost host;
+    const auto screen = LWScreen::init(host);
+    screen->setScreenFontEnable(true);
+    screen->setSfColor(NamedColour::white);
+    screen->setScreenFontSize(15);
+    screen->setShowPower(true);
+    screen->drawInRect();
+    const QImage withPower = screen->thumbnail().copy();
+
+    screen->setShowPower(false);
+    screen->setShowCurrent(true);
+    screen->drawInRect();
+    EXPECT_EQ(screen->thumbnail(), withPower);
+}
+
+TEST(LWScreenRendering, ThePictureIsThatOfAChartWithTheSameValues)
+{
+    TestHost host;
+    host.volts = 230;
+    host.phases = 3;
+    const auto screen = LWScreen::init(host);
+    screen->setScreenFontEnable(true);
+    screen->setSfColor(NamedColour::white);
+    screen->setScreenFontSize(15);
+    screen->setShowPower(true);
+    screen->setPowerOnCell(345);
+    screen->setDrawLabels(true);
+    screen->setLabelColor(NamedColour::black);
+    screen->setLabelFontSize(12);
+    screen->setXYLabelDirection(true);
+    screen->drawInRect();
+
+    ScreenChart chart;
+    chart.col = chart.row = 5;
+    chart.panelWidth = chart.panelHeight = 48;
+    chart.bgEnable = chart.BoarderEnable = true;
+    chart.rectColor = NamedColour::red;
+    chart.rectColor2 = NamedColour::green;
+    chart.boarderColor = NamedColour::white;
+    chart.boarderWidth = 1;
+    chart.screenFontEnable = chart.showPower = true;
+    chart.sfColor = NamedColour::white;
+    chart.screenFontSize = 15;
+    chart.powerOnCell = 345;
+    chart.drawLabels = chart.XYLabelDirection = true;
+    chart.labelColor = NamedColour::black;
+    chart.labelFontSize = 12;
+    chart.voltage = 230;
+    chart.phases = 3;
+    EXPECT_EQ(screen->thumbnail(), chart.draw({}));
+}
+
 TEST(LWScreenRendering, ClaimedSizesBeyondAnyRasterGiveNoPicture)
 {
     TestHost host;

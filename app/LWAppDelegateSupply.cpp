@@ -1,0 +1,70 @@
+#include "app/EditNames.h"
+#include "app/LWAppDelegate.h"
+#include "app/PowerCalculator.h"
+
+namespace {
+const QString voltageKey("voltageCalc");
+const QString phaseKey("phaseCalc");
+} // namespace
+
+void LWAppDelegate::calculatePower()
+{
+    if (m_voltageCalc == 0)
+        m_voltageCalc = 110;
+    if (m_phaseCalc == 0)
+        m_phaseCalc = 1;
+    const float amperes = PowerCalculator::amperes(PowerCalculator::watts(allScreensArray()),
+                                                   PowerCalculator::divisor(m_voltageCalc, m_phaseCalc));
+    m_powerResult = PowerCalculator::resultText(amperes);
+    m_userInterface.showPowerResult(m_powerResult);
+    const std::pair supply(m_voltageCalc, m_phaseCalc);
+    if (std::exchange(m_toldSupply, supply) != supply)
+        emit supplyDidChange();
+}
+
+void LWAppDelegate::voltageSelect(qint64 tag)
+{
+    m_voltageCalc = tag;
+    supplyWasChosen(voltageKey);
+}
+
+void LWAppDelegate::phaseSelect(qint64 tag)
+{
+    m_phaseCalc = tag;
+    supplyWasChosen(phaseKey);
+}
+
+bool LWAppDelegate::typeVoltage(const QVariant &value)
+{
+    bool isNumber = false;
+    const qint64 volts = value.toLongLong(&isNumber);
+    if (!isNumber || !Supply::of(volts, 1))
+        return false;
+    m_voltageCalc = volts;
+    supplyWasChosen(voltageKey, voltageKey);
+    return true;
+}
+
+void LWAppDelegate::supplyWasChosen(const QString &keyPath, const QString &typing)
+{
+    calculatePower(); // chooses what is 0
+    m_supply = Supply::of(m_voltageCalc, m_phaseCalc);
+    if (m_supply)
+        m_userInterface.noteSupply(*m_supply);
+    renderCurrents();
+    finishEdit(EditNames::ofKeyPath(keyPath), typing);
+}
+
+void LWAppDelegate::takeSupply(const std::optional<Supply> &chosen)
+{
+    m_supply = chosen;
+    const std::optional<Supply> counts = chosen ? chosen : m_userInterface.lastSupply();
+    m_voltageCalc = counts ? counts->volts : 0;
+    m_phaseCalc = counts ? counts->phases : 0;
+}
+
+void LWAppDelegate::renderCurrents()
+{
+    for (const auto *list : {&allScreensArray(), &presetScreensArray()})
+        PowerCalculator::renderCurrents(*list);
+}

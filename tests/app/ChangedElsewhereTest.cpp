@@ -1,0 +1,134 @@
+#include "tests/app/UndoFixture.h"
+
+#include <QDateTime>
+#include <QFile>
+
+namespace {
+/// A document whose file is another program's too.
+class ChangedElsewhere : public UndoFixture
+{
+protected:
+    ChangedElsewhere()
+    {
+        person.savePanelAnswer = path;
+        document.saveProject();
+    }
+    QByteArray onDisk() const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+    /// Another program saves a show whose first layer stands at `xpoint`.
+    QByteArray saveTheirs(int xpoint)
+    {
+        const LayerPointer wall = selected()->copyWithZone();
+        wall->setXpoint(xpoint);
+        EXPECT_TRUE(ProjectFile::write(path, {90, 160, {wall}}).has_value());
+        return onDisk();
+    }
+
+    const QString path = folder.filePath("show.Orv");
+};
+} // namespace
+
+TEST_F(ChangedElsewhere, SavingTellsAndWritesNothing)
+{
+    edit("xpoint", 7);
+    const QByteArray theirs = saveTheirs(100);
+
+    document.save();
+    EXPECT_EQ(person.filesChangedElsewhere, QStringList(path));
+    EXPECT_EQ(onDisk(), theirs);
+    EXPECT_FALSE(stack.isClean());
+
+    document.saveAnyway();
+    EXPECT_NE(onDisk(), theirs);
+    EXPECT_TRUE(stack.isClean());
+    edit("xpoint", 8);
+    document.save();
+    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+    EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 8);
+}
+
+TEST_F(ChangedElsewhere, OpeningTheirsCanBeUndone)
+{
+    edit("xpoint", 7);
+    saveTheirs(100);
+    document.save();
+
+    document.openTheirs();
+    EXPECT_EQ(selected()->xpoint(), 100);
+    EXPECT_EQ(document.projectPath(), path);
+    document.save();
+    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+
+    stack.undo();
+    EXPECT_EQ(selected()->xpoint(), 7);
+    document.save(); // the file is not the one that this document was saved to
+    EXPECT_EQ(person.filesChangedElsewhere.size(), 2);
+}
+
+TEST_F(ChangedElsewhere, AFileThatIsTheSameToTheByteIsNotChanged)
+{
+    const QByteArray ours = onDisk();
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(ours) == ours.size());
+    file.setFileTime(QDateTime::currentDateTime().addDays(1), QFileDevice::FileModificationTime);
+    file.close();
+
+    edit("xpoint", 7);
+    document.save();
+    EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
+    EXPECT_NE(onDisk(), ours);
+}
+
+TEST_F(ChangedElsewhere, AFileThatIsGoneIsWrittenAnew)
+{
+    ASSERT_TRUE(QFile::remove(path));
+    document.save();
+    EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
+    EXPECT_TRUE(QFile::exists(path));
+}
+
+TEST_F(ChangedElsewhere, AnOpenedFileIsWatchedAlike)
+{
+    saveTheirs(3);
+    document.openProjectPre(path);
+    document.save();
+    EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
+
+    const QByteArray theirs = saveTheirs(4);
+    document.save();
+    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+    EXPECT_EQ(onDisk(), theirs);
+
+    document.saveProject(); // the panel has asked
+    EXPECT_NE(onDisk(), theirs);
+}
+
+TEST_F(ChangedElsewhere, RecoveredWorkAsksWhereItsFileIsNewerThanItself)
+{
+    const QString copies = folder.filePath("copies");
+    {
+        LWAppDelegate lost(person, copies);
+        lost.applicationDidFinishLaunching();
+        lost.openProjectPre(path);
+        lost.setValue(9, "arrangedObjects.xpoint");
+    }
+    const auto recoverAndSave = [&] {
+        LWAppDelegate next(person, copies);
+        next.applicationDidFinishLaunching();
+        next.recover(next.recoverable().at(0));
+        next.save();
+    };
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime);
+    recoverAndSave();
+    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+
+    file.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFileDevice::FileModificationTime);
+    recoverAndSave();
+    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+    EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 9);
+}
