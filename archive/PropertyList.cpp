@@ -2,6 +2,8 @@
 
 #include "archive/PropertyListGuard.h"
 
+#include <QStringDecoder>
+
 #include <cstdlib>
 #include <limits>
 #include <locale.h>
@@ -32,6 +34,13 @@ private:
     locale_t m_locale;
     locale_t m_former;
 };
+
+/// Letter by letter: at the beginning of a file U+FEFF is a mark and no letter, in a text it is one.
+QString fromUtf8(const char *letters, qsizetype size)
+{
+    return QStringDecoder(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom)
+        .decode(QByteArrayView(letters, size));
+}
 
 bool isOfType(plist_t node, plist_type type)
 {
@@ -79,7 +88,7 @@ std::optional<QString> PropertyList::text(plist_t node)
     const char *letters = plist_get_string_ptr(node, &size);
     if (!letters || size == 0)
         return QString("");
-    return QString::fromUtf8(letters, static_cast<qsizetype>(size));
+    return fromUtf8(letters, static_cast<qsizetype>(size));
 }
 
 std::optional<QByteArray> PropertyList::data(plist_t node)
@@ -157,6 +166,6 @@ std::vector<std::pair<QString, plist_t>> PropertyList::members(plist_t node)
         const Allocated<char> key(letters);
         if (!item)
             return result;
-        result.emplace_back(QString::fromUtf8(letters), item);
+        result.emplace_back(fromUtf8(letters, qstrlen(letters)), item);
     }
 }

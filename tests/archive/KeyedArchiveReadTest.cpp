@@ -350,9 +350,42 @@ TEST(KeyedArchiveRead, WhatIsNoArchiveIsRefusedAsAWhole)
               "This file is another program's; open one that was saved here.");
     EXPECT_EQ(errorOf(QByteArray(good).replace(">100000<", ">200000<")),
               "The keyed archive is of an unknown version; only version 100000 can be read.");
+    EXPECT_EQ(errorOf(QByteArray(good).replace("$version", "$release")),
+              "The keyed archive is of an unknown version; only version 100000 can be read.");
     EXPECT_EQ(errorOf(QByteArray(good).replace("$objects", "$things")),
               "The keyed archive is damaged: it has no table of objects.");
     EXPECT_EQ(errorOf(QByteArray(good).replace(">root<", ">stem<")), "The keyed archive is damaged: it has no root.");
     EXPECT_EQ(errorOf(QByteArray(good).replace("<integer>1<", "<integer>7<")),
               "The archive is damaged: its root is a reference to object 7 of 2.");
+}
+
+TEST(KeyedArchiveRead, ANilReferenceUnderANumberOrFlagIsNought)
+{
+    const QByteArray bytes = xml(
+        {record(2, "<key>col</key>" + uid(0) + "<key>visible</key>" + uid(0)), classTable({"LWScreen", "NSObject"})});
+    const ArchiveObjectPointer screen = *readBoth(bytes)->toObject("root");
+    EXPECT_EQ(screen->decodeInt32("col").value(), 0);
+    EXPECT_EQ(screen->decodeBool("visible").value(), false);
+}
+
+TEST(KeyedArchiveRead, TheChainCountsWhereTheClassNameIsAnother)
+{
+    const QByteArray table = classTable({"LWScreen", "NSObject"}).toUtf8();
+    const QString wrongName = QByteArray(table).replace("<string>LWScreen</string><key>", "<string>Odd</string><key>");
+    const Result<ArchiveValue> root = readBoth(xml({record(2, {}), wrongName}));
+    ASSERT_TRUE(root);
+    EXPECT_EQ(root->kind(), "an object of class LWScreen");
+}
+
+TEST(KeyedArchiveRead, TextsKeepEveryLetter)
+{
+    const QString marked = QChar(0xFEFF) + QString("MAIN");
+    const Result<ArchiveValue> root = readBoth(xml({"<string>" + marked + "</string>"}));
+    ASSERT_TRUE(root);
+    EXPECT_EQ(root->toText("root").value(), marked);
+
+    const ArchiveValue both = ArchiveValue::list({{marked}, {QString("MAIN")}});
+    const Result<ArchiveValue> written = KeyedArchive::read(KeyedArchive::write(both).value(), {});
+    ASSERT_TRUE(written);
+    EXPECT_EQ(written->toTextList("root").value(), QStringList({marked, "MAIN"}));
 }
