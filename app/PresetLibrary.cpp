@@ -7,18 +7,10 @@
 #include "archive/KeyedArchive.h"
 
 namespace {
-/// Opening a library replaces the presets of before, and the table keeps at least one.
-Result<void> checkIsNotEmpty(std::size_t count)
-{
-    if (count > 0)
-        return {};
-    return fail("a preset library has at least one preset, this one has none");
-}
-
-/// Projects are lists as well: two numbers and the list of the layers.
+/// Projects are lists as well: two numbers, the list of the layers, and whatever else.
 bool isProject(const std::vector<ArchiveValue> &root)
 {
-    return root.size() == 3 && std::holds_alternative<ArchiveList>(root[2].storage);
+    return root.size() >= 3 && std::holds_alternative<ArchiveList>(root[2].storage);
 }
 } // namespace
 
@@ -26,9 +18,7 @@ namespace PresetLibrary {
 
 Result<QByteArray> encode(const std::vector<LayerPointer> &presets)
 {
-    const Result<void> isReadable =
-        checkIsNotEmpty(presets.size()).and_then([&] { return LayerLimits::check(presets); });
-    if (!isReadable)
+    if (const Result<void> isReadable = LayerLimits::check(presets); !isReadable)
         return tl::unexpected(isReadable.error());
     return KeyedArchive::write(LayerArchive::encode(presets));
 }
@@ -41,8 +31,6 @@ Result<std::vector<LayerPointer>> decode(const QByteArray &bytes, LayerHost &hos
     const Result<ArchiveList> root = archive->toList("the root");
     if (!root)
         return failWithin("this is no preset library", root.error());
-    if (const Result<void> isLibrary = checkIsNotEmpty((*root)->size()); !isLibrary)
-        return tl::unexpected(isLibrary.error());
     if (isProject(**root))
         return fail("this is a project, no preset library; open it as a project");
     return LayerArchive::decode(**root, "preset", host);

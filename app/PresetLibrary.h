@@ -9,14 +9,15 @@
 #include <vector>
 
 /// Preset library files: a keyed archive of the list of presets, each under the keys of its kind, and nothing else.
-/// Most presets are walls; a picture that was put among them is kept as well. A library has at least one preset and at
-/// most as many as LayerLimits allows. Its file has the name that the person gave it, without an extension.
+/// Most presets are walls; a picture that was put among them is kept as well. A library has none or
+/// more presets, at most as many as LayerLimits allows. Its file has the name that the person gave it, without an
+/// extension.
 namespace PresetLibrary {
 
 /// Error: a list that decode() would refuse.
 [[nodiscard]] Result<QByteArray> encode(const std::vector<LayerPointer> &presets);
 /// The presets in their stored order.
-/// Error: no library, an empty one, or damaged; the message names the preset, counted from 0, and the key where it can:
+/// Error: no library, or damaged; the message names the preset, counted from 0, and the key where it can:
 /// `preset 3: "rectcolor" is a number, expected a colour`.
 [[nodiscard]] Result<std::vector<LayerPointer>> decode(const QByteArray &bytes, LayerHost &host);
 
