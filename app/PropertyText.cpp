@@ -17,10 +17,10 @@ using TextList = std::optional<QStringList>;
 /// As many as a project file can hold, which bounds the depth of its objects.
 constexpr qsizetype mostAddressParts = 61;
 
-/// An address that means the same wherever it stands: one with a scheme, or a path from the root.
-bool isAbsolute(const QString &address)
+/// An address that stands for itself; other texts are paths.
+bool hasScheme(const QString &address)
 {
-    static const QRegularExpression start("\\A([A-Za-z][A-Za-z0-9+.-]*:|/)");
+    static const QRegularExpression start("\\A[A-Za-z][A-Za-z0-9+.-]*:");
     return start.match(address).hasMatch();
 }
 
@@ -28,7 +28,7 @@ QJsonValue encodeAddress(const Address &address)
 {
     if (address.isNil())
         return QJsonValue::Null;
-    if (address.bases.isEmpty() && isAbsolute(address.relative))
+    if (address.bases.isEmpty() && hasScheme(address.relative))
         return address.relative;
     return QJsonArray::fromStringList(QStringList(address.relative) + address.bases);
 }
@@ -96,7 +96,7 @@ Result<Address> decodeAddress(const QJsonValue &value, const QString &folder)
     if (text.isEmpty())
         return fail(QString("expected an address, found %1")
                         .arg(value.isString() ? QString("an empty text") : JsonValues::kind(value)));
-    return isAbsolute(text) ? Address{text, {}} : Address::fromLocalFile(QDir(folder).absoluteFilePath(text));
+    return hasScheme(text) ? Address{text, {}} : Address::fromLocalFile(QDir(folder).absoluteFilePath(text));
 }
 
 template <typename T>

@@ -10,12 +10,12 @@
 /// A layer's property as JSON, by the type that the layer declares for it.
 namespace PropertyText {
 
-/// Null for nil. An address that stands alone is a text; one with bases, or a relative one without, is the list of its
-/// parts, nearest first, so that nothing of it is lost.
+/// Null for nil. An address with a scheme that stands alone is a text; one with bases, or without a scheme, is the list
+/// of its parts, nearest first, so that nothing of it is lost.
 QJsonValue encode(const QVariant &value);
 
-/// The value as a property of `type`. A relative address given as one text is a path in `folder`, and comes back as a
-/// "file:" address.
+/// The value as a property of `type`. A text without a scheme is a path, a relative one in `folder`, and comes back
+/// as a "file:" address.
 /// Error: a value of another kind, or outside the range of the type.
 [[nodiscard]] Result<QVariant> decode(const QJsonValue &value, QMetaType type, const QString &folder);
 

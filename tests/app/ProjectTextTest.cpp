@@ -194,11 +194,52 @@ TEST_F(ProjectTextTest, AddressesKeepTheirForm)
         return onlyLayer("LWStill", "\"ImageURL\": " + json)->property("ImageURL").value<Address>();
     };
     EXPECT_EQ(address(R"("https://example.org/a.png")"), (Address{"https://example.org/a.png", {}}));
-    EXPECT_EQ(address(R"("/show/plate.png")"), (Address{"/show/plate.png", {}}));
+    EXPECT_EQ(address(R"(["/show/plate.png"])"), (Address{"/show/plate.png", {}}));
     EXPECT_EQ(address(R"(["a.png", "b/", "file:///c/"])"), (Address{"a.png", {"b/", "file:///c/"}}));
     EXPECT_EQ(address(R"(["a.png"])"), (Address{"a.png", {}}));
     EXPECT_EQ(address(R"([""])"), (Address{"", {}}));
     EXPECT_TRUE(address("null").isNil());
+}
+
+TEST_F(ProjectTextTest, APathBecomesAFileAddressAndABarePathOfAnArchiveStaysOne)
+{
+    const LayerPointer still = onlyLayer("LWStill", R"("ImageURL": "/show/50 % plate.png")");
+    EXPECT_EQ(still->property("ImageURL").value<Address>(), (Address{"file:///show/50%20%25%20plate.png", {}}));
+
+    const auto bare = std::make_shared<LWStill>(host);
+    bare->setImageURL({"/show/plate.png", {}});
+    const QByteArray json = ProjectText::encode({5, 5, {bare}});
+    EXPECT_TRUE(json.contains("\"ImageURL\": [\"/show/plate.png\"]"));
+    EXPECT_EQ(decoded(json)->layers[0]->property("ImageURL").value<Address>(), bare->ImageURL());
+}
+
+TEST_F(ProjectTextTest, AdditionsAreWrittenOnlyWhereTheyAreUsed)
+{
+    const LayerPointer wall = onlyLayer("LWScreen", R"("col": 7)");
+    EXPECT_TRUE(ProjectText::encode({5, 5, {wall}}).startsWith("{\n  \"format\": 1,"));
+    EXPECT_FALSE(ProjectText::encode({5, 5, {wall}}).contains("showCurrent"));
+
+    wall->setShowCurrent(true);
+    const QByteArray json = ProjectText::encode({5, 5, {wall}, Supply{230, 3}});
+    EXPECT_TRUE(json.startsWith("{\n  \"format\": 2,\n  \"OutputWidth\": 5,\n  \"OutputHeight\": 5,\n"
+                                "  \"voltage\": 230,\n  \"phases\": 3,\n  \"layers\": ["));
+    const Result<Project> again = decoded(json);
+    ASSERT_TRUE(again.has_value()) << qPrintable(again.error().text);
+    EXPECT_EQ(again->supply, (Supply{230, 3}));
+    EXPECT_TRUE(again->layers[0]->showCurrent());
+    EXPECT_EQ(ProjectText::encode(*again), json);
+    EXPECT_EQ(ProjectText::encode({5, 5, {wall}}).startsWith("{\n  \"format\": 2,"), true);
+}
+
+TEST_F(ProjectTextTest, AdditionsAreUnknownToTheFirstFormat)
+{
+    const QByteArray layers = R"("layers": [{"class": "LWScreen", "showCurrent": true}]})";
+    EXPECT_EQ(refusal(R"({"format": 1, )" + layers), "layers[0].showCurrent: unknown name");
+    EXPECT_TRUE(decoded(R"({"format": 2, )" + layers).has_value());
+    EXPECT_EQ(decoded(R"({"format": 2, "phases": 3, "layers": []})")->supply, (Supply{110, 3}));
+    EXPECT_EQ(refusal(R"({"format": 2, "voltage": 0, "layers": []})"),
+              "the supply is 0 V on 1 phases; it must be 1 to 1000 V on 1 or 3");
+    EXPECT_EQ(refusal(R"({"format": 2, "volts": 0, "layers": []})"), "volts: unknown name");
 }
 
 TEST_F(ProjectTextTest, AnAddressHasAsManyPartsAsAProjectFileHolds)
