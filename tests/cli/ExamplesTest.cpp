@@ -2,7 +2,9 @@
 #include "cli/CommandLineHost.h"
 #include "tests/cli/CommandRun.h"
 
+#include <QCryptographicHash>
 #include <QDir>
+#include <QHash>
 #include <QRect>
 
 namespace {
@@ -33,6 +35,20 @@ TEST_F(ExamplesTest, AreWrittenAsTheProgramWritesThem)
 
         EXPECT_EQ(bytes("first.json"), bytesOf(example)) << qPrintable(example);
         EXPECT_EQ(bytes("second.json"), bytesOf(example)) << qPrintable(example);
+    }
+}
+
+TEST_F(ExamplesTest, UseNoAdditionAndAreTheProjectsOfTheFirstVersion)
+{
+    const QHash<QString, QByteArray> digests{
+        {"corporate.json", "683b6c8657c9cd8eaa0c047c2a4ad5a55a5a2a564d07b30ba24b0758b918827e"},
+        {"festival.json", "3016ff1ab0485c2ca614a1885eb9a49c999d49e74875eaf5e562ae5149ad1b22"},
+        {"studio.json", "b8cf5b0f768f455a6cbf2069f1678e17d61bc8e8be919e23f37fd2a44c49b230"},
+    };
+    for (const QString &example : examples()) {
+        ASSERT_EQ(runCommand({"convert", EXAMPLES + example, path("show.Orv")}).status, 0);
+        EXPECT_EQ(QCryptographicHash::hash(bytes("show.Orv"), QCryptographicHash::Sha256).toHex(), digests[example])
+            << qPrintable(example);
     }
 }
 

@@ -1,0 +1,166 @@
+#include "app/ProjectText.h"
+#include "tests/app/ArchiveNodes.h"
+#include "tests/app/UndoFixture.h"
+
+#include <QFile>
+
+namespace {
+/// A show into which another program has put values of its own.
+class UnknownInShow : public UndoFixture
+{
+protected:
+    /// Saves the document, and adds to the file a text under a key of the first layer, a list of the layer and the root
+    /// behind the elements of the root, and a number beside it.
+    QByteArray saveTheirs()
+    {
+        person.savePanelAnswer = path;
+        document.saveProject();
+        const ArchiveNodes archive = parsedArchive(onDisk());
+        plist_t objects = plist_dict_get_item(archive.get(), "$objects");
+        const auto add = [&](plist_t node) {
+            plist_array_append_item(objects, node);
+            return plist_new_uid(plist_array_get_size(objects) - 1);
+        };
+        plist_t root = plist_dict_get_item(rootEntry(archive), "NS.objects");
+        plist_t layers = plist_dict_get_item(tableEntry(archive, plist_array_get_item(root, 2)), "NS.objects");
+        plist_t layer = tableEntry(archive, plist_array_get_item(layers, 0));
+        plist_dict_set_item(layer, "rigging", add(plist_new_string("truss 7")));
+
+        plist_t record = plist_new_dict();
+        plist_dict_set_item(record, "layer", plist_copy(plist_array_get_item(layers, 0)));
+        plist_dict_set_item(record, "show", plist_new_uid(1));
+        plist_t chain = plist_new_array();
+        for (const char *name : {"Rig", "NSObject"})
+            plist_array_append_item(chain, plist_new_string(name));
+        plist_t table = plist_new_dict();
+        plist_dict_set_item(table, "$classname", plist_new_string("Rig"));
+        plist_dict_set_item(table, "$classes", chain);
+        plist_dict_set_item(record, "$class", add(table));
+        plist_array_append_item(root, add(record));
+        plist_dict_set_item(plist_dict_get_item(archive.get(), "$top"), "build", plist_new_uint(4711));
+        return write(archive.get());
+    }
+    /// The same, as this program writes what it has read: the order of the table is its own.
+    QByteArray openTheirs()
+    {
+        saveTheirs();
+        document.openProjectPre(path);
+        return save();
+    }
+    QByteArray save()
+    {
+        document.finishEdit("Nothing");
+        document.save();
+        return onDisk();
+    }
+    QByteArray onDisk() const
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    const QString path = folder.filePath("show.Orv");
+
+private:
+    QByteArray write(plist_t archive)
+    {
+        char *bytes = nullptr;
+        uint32_t size = 0;
+        plist_to_bin(archive, &bytes, &size);
+        const QByteArray written(bytes, size);
+        plist_mem_free(bytes);
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(written) == written.size());
+        return written;
+    }
+};
+} // namespace
+
+TEST_F(UnknownInShow, ComesBackAtTheNextSave)
+{
+    const QByteArray theirs = saveTheirs();
+    document.openProjectPre(path);
+    EXPECT_EQ(person.statuses.value(0), "show.Orv holds values that this version does not know; they are kept.");
+
+    const QByteArray first = save();
+    EXPECT_EQ(first.size(), theirs.size());
+    document.openProjectPre(path);
+    EXPECT_EQ(save(), first);
+
+    const ArchiveNodes archive = parsedArchive(first);
+    plist_t root = plist_dict_get_item(rootEntry(archive), "NS.objects");
+    ASSERT_EQ(plist_array_get_size(root), 4U);
+    plist_t rig = tableEntry(archive, plist_array_get_item(root, 3));
+    plist_t layers = plist_dict_get_item(tableEntry(archive, plist_array_get_item(root, 2)), "NS.objects");
+    plist_t layer = tableEntry(archive, plist_array_get_item(layers, 0));
+    EXPECT_EQ(tableEntry(archive, plist_dict_get_item(rig, "layer")), layer);
+    EXPECT_EQ(tableEntry(archive, plist_dict_get_item(rig, "show")), rootEntry(archive));
+    EXPECT_STREQ(plist_get_string_ptr(tableEntry(archive, plist_dict_get_item(layer, "rigging")), nullptr), "truss 7");
+    uint64_t build = 0;
+    plist_get_uint_val(plist_dict_get_item(plist_dict_get_item(archive.get(), "$top"), "build"), &build);
+    EXPECT_EQ(build, 4711U);
+}
+
+TEST_F(UnknownInShow, StaysThroughUndoAndThroughAnotherShow)
+{
+    const QByteArray kept = openTheirs();
+    edit("xpoint", 5);
+    document.newProject();
+    stack.undo();
+    stack.undo();
+    EXPECT_EQ(save(), kept);
+    EXPECT_EQ(document.projectPath(), path);
+}
+
+TEST_F(UnknownInShow, DoesNotGoIntoAnotherShow)
+{
+    openTheirs();
+    document.newProject();
+    person.savePanelAnswer = folder.filePath("new.Orv");
+    document.saveProject();
+    EXPECT_EQ(ProjectFile::read(document.projectPath(), document)->unknown, nullptr);
+}
+
+TEST_F(UnknownInShow, ADuplicateHoldsWhatTheArchiveHeld)
+{
+    openTheirs();
+    const qsizetype before = onDisk().size();
+    document.copyLayer();
+    const QByteArray now = save();
+    const Project project = ProjectFile::decode(now, document).value();
+    ASSERT_EQ(project.layers.size(), 2U);
+    for (const LayerPointer &layer : project.layers)
+        EXPECT_EQ(layer->unknownContent()->entries().size(), 1U);
+    EXPECT_EQ(now.count("truss 7"), 1); // equal texts are written once
+    EXPECT_LT(now.size(), 2 * before);
+    EXPECT_TRUE(selected()->copyWithZone()->unknownContent() == nullptr);
+}
+
+TEST_F(UnknownInShow, IsKeptByARecoveryCopy)
+{
+    openTheirs();
+    const QString copies = folder.filePath("copies");
+    {
+        LWAppDelegate lost(person, copies);
+        lost.applicationDidFinishLaunching();
+        lost.openProjectPre(path);
+        lost.setValue(5, "arrangedObjects.xpoint");
+    }
+    LWAppDelegate next(person, copies);
+    next.applicationDidFinishLaunching();
+    next.recover(next.recoverable().at(0));
+    next.setValue(0, "arrangedObjects.xpoint");
+    const QByteArray before = onDisk();
+    next.saveAnyway();
+    EXPECT_EQ(onDisk(), before);
+}
+
+TEST_F(UnknownInShow, IsNotThereInAShowOfThisVersion)
+{
+    person.savePanelAnswer = path;
+    document.saveProject();
+    const Project project = ProjectFile::read(path, document).value();
+    EXPECT_FALSE(ProjectFile::holdsUnknown(project));
+    document.openProjectPre(path);
+    EXPECT_TRUE(person.statuses.isEmpty());
+}
