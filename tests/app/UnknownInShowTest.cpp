@@ -68,7 +68,7 @@ private:
         uint32_t size = 0;
         plist_to_bin(archive, &bytes, &size);
         const QByteArray written(bytes, size);
-        plist_mem_free(bytes);
+        plist_to_bin_free(bytes);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(written) == written.size());
         return written;
