@@ -34,6 +34,7 @@ public:
     std::vector<LayerPointer> layers() const override { return {}; }
     std::vector<LayerPointer> selectedLayers() const override { return {}; }
     void select(const LayerPointer &, bool) override {}
+    void nudge(const QPoint &) override {}
     void update(QObject *) override {}
     void finishEdit(const QString &, const QString &) override {}
     void redrawMarker() override {}
