@@ -37,7 +37,7 @@ TEST(Layer, EveryPropertyKeepsItsOwnValueByName)
                                 : kept == expected;
         EXPECT_TRUE(isSame) << meta.property(i).name();
     }
-    EXPECT_EQ(meta.propertyCount() - first, 55);
+    EXPECT_EQ(meta.propertyCount() - first, 56);
 }
 
 TEST(Layer, EveryArchivedPropertyExists)

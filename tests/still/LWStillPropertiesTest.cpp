@@ -64,14 +64,15 @@ const QSet<QString> captions{"label1",       "label2",       "label3",       "la
                              "label5",       "label6",       "label7",       "label8",
                              "label1Hidden", "label2Hidden", "label3Hidden", "label4Hidden",
                              "label5Hidden", "label6Hidden", "label7Hidden", "label8Hidden"};
-const QSet<QString> neverTaken{"aspectHidden", "aspectValue", "aspectRatio",     "showPower",
-                               "showPowerl",   "powerOnCell", "XYLabelDirection"};
+const QSet<QString> neverTaken{"aspectHidden", "aspectValue", "aspectRatio",      "showPower",
+                               "showPowerl",   "powerOnCell", "XYLabelDirection", "showCurrent"};
 } // namespace
 
 TEST(LWStillProperties, EveryFieldCanBeSetAndReadByItsName)
 {
     const char *names =
         "panelHeight visible XYFontEnable screenFontEnable BoarderEnable CircleEnable bgEnable showPower showPowerl "
+        "showCurrent "
         "XYLabelDirection label1Hidden label2Hidden label3Hidden label4Hidden label5Hidden label6Hidden label7Hidden "
         "label8Hidden aspectHidden labelGroupRightHidden drawLabels drawFlowPath aspectRatio panelWidth col row "
         "screenSizeWidth screenSizeHeight xpoint ypoint XYFontSize screenFontSize boarderWidth circleBWidth "
