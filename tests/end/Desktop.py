@@ -46,6 +46,11 @@ class Picture:
                     rows += [y, y + 1]
         return (min(columns), min(rows), max(columns), max(rows)) if columns else None
 
+    def part(self, area):
+        """The pixels of an area, a box as above."""
+        left, top, right, bottom = area
+        return [self.pixels[(y * self.width + left) * 3:(y * self.width + right) * 3] for y in range(top, bottom)]
+
 
 class Desktop:
     def __init__(self, width=1280, height=800):
@@ -122,6 +127,12 @@ class Desktop:
 
     def key(self, *keys):
         self._xdotool("key", "--delay", 30, *keys)
+
+    def hold(self, key):
+        self._xdotool("keydown", key)
+
+    def let_go(self, key):
+        self._xdotool("keyup", key)
 
     def type(self, text):
         self._xdotool("type", "--delay", 15, text)

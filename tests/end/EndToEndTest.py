@@ -8,28 +8,20 @@ import sys
 from pathlib import Path
 
 import MainWindow
-from Desktop import Desktop, wait_for
+from Desktop import Desktop
 
 COLUMNS, ROWS = 9, 5
 SWITCHED_OFF = [(0, 0), (1, 3), (4, 8)]  # row from the top, column from the left
 SHOW = "Show.Orv — Wallwright"  # the main window, once the show has its file
 
 
-def save(desktop, keys, panel, typed, file):
-    desktop.key(keys)
-    desktop.wait_for_window(panel)
-    desktop.type(typed)
-    desktop.key("Return")
-    wait_for(file.name, file.exists)
-    desktop.wait_for_window(SHOW)
-
-
 def make_show(desktop, program, folder):
     process = MainWindow.start(desktop, program)
     MainWindow.make_wall(desktop, COLUMNS, ROWS, SWITCHED_OFF)
-    save(desktop, "ctrl+s", "Save project", folder / "Show.Orv", folder / "Show.Orv")
-    save(desktop, "ctrl+e", "Export PNG", folder / "made.png", folder / "made.png")
-    save(desktop, "ctrl+shift+e", "Export PSD", folder / "made", folder / "made.psd")  # the ending is always added
+    MainWindow.save(desktop, "ctrl+s", "Save project", folder / "Show.Orv", SHOW)
+    MainWindow.save(desktop, "ctrl+e", "Export PNG", folder / "made.png", SHOW)
+    # The ending is always added.
+    MainWindow.save(desktop, "ctrl+shift+e", "Export PSD", folder / "made.psd", SHOW, typed=folder / "made")
     MainWindow.quit_program(desktop, process)
 
 
@@ -40,7 +32,7 @@ def open_show_again(desktop, program, folder):
     desktop.type(folder / "Show.Orv")
     desktop.key("Return")
     desktop.wait_for_window(SHOW)
-    save(desktop, "ctrl+e", "Export PNG", folder / "again.png", folder / "again.png")
+    MainWindow.save(desktop, "ctrl+e", "Export PNG", folder / "again.png", SHOW)
     MainWindow.quit_program(desktop, process)
 
 

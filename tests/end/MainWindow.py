@@ -3,13 +3,14 @@
 from Desktop import wait_for
 
 # Where things are in the window of 1280 x 800. Walls, panels and rows of the lists are found by their colours.
-LISTS = (0, 40, 258, 755)
-LAYERS = (0, 90, 258, 400)
-PRESETS = (0, 400, 258, 755)
+LAYERS = (0, 90, 258, 510)
+PRESETS = (0, 560, 258, 755)
 CANVAS = (262, 40, 978, 755)
 EMPTY_PART_OF_LAYERS = (130, 330)
-COLUMNS_FIELD = (1180, 174)
-ROWS_FIELD = (1180, 204)
+SUPPLY = (0, 765, 320, 795)
+NAME_FIELD = (1180, 160)
+COLUMNS_FIELD = (1180, 264)
+ROWS_FIELD = (1180, 294)
 
 RED, YELLOW, GREEN, ORANGE = b"\xff\0\0", b"\xff\xff\0", b"\0\xff\0", b"\xff\x80\0"
 FIRST_WALL_COLOURS = [RED]
@@ -34,6 +35,16 @@ def quit_program(desktop, process):
     assert process.returncode == 0, f"the program ended with {process.returncode}"
 
 
+def save(desktop, keys, panel, file, title, typed=None):
+    """In the panel that the keys bring up; `title` is that of the window afterwards."""
+    desktop.key(keys)
+    desktop.wait_for_window(panel)
+    desktop.type(typed or file)
+    desktop.key("Return")
+    wait_for(file.name, file.exists)
+    desktop.wait_for_window(title)
+
+
 def make_wall(desktop, columns, rows, switched_off):
     """A wall of the preset in the place of the one that a new project begins with."""
     drag_preset_in(desktop)
@@ -54,7 +65,7 @@ def drag_preset_in(desktop):
 def delete_first_wall(desktop):
     desktop.click(*middle(desktop.picture().extent(FIRST_WALL_COLOURS, LAYERS)))
     desktop.key("Delete")
-    wait_for("the first wall to go", lambda: not desktop.picture().extent(FIRST_WALL_COLOURS, LISTS))
+    wait_for("the first wall to go", lambda: not desktop.picture().extent(FIRST_WALL_COLOURS, LAYERS))
 
 
 def wall(desktop):
@@ -81,12 +92,23 @@ def type_size(desktop, columns, rows):
     wait_for(f"a wall of {columns} x {rows}", lambda: has_size(wall(desktop), columns, rows))
 
 
-def switch_off(desktop, columns, rows, panels):
-    """The panels, (row from the top, column from the left), of a wall of which all are on."""
+def keep_as_preset(desktop):
+    desktop.key("alt+l", "k")
+    desktop.wait_for_rest()
+
+
+def panel_of(desktop, columns, rows, panel):
+    """The inside of a panel, (row from the top, column from the left), on the screen."""
     left, top, right, bottom = wall(desktop)
     width, height = (right - left) / columns, (bottom - top) / rows
-    for row, column in panels:
-        panel = (round(left + (column + 0.2) * width), round(top + (row + 0.2) * height),
-                 round(left + (column + 0.8) * width), round(top + (row + 0.8) * height))
-        desktop.click(*middle(panel))
-        wait_for(f"panel {row},{column} to go off", lambda: not desktop.picture().extent(PRESET_COLOURS, panel))
+    row, column = panel
+    return (round(left + (column + 0.2) * width), round(top + (row + 0.2) * height),
+            round(left + (column + 0.8) * width), round(top + (row + 0.8) * height))
+
+
+def switch_off(desktop, columns, rows, panels):
+    """The panels, (row from the top, column from the left), of a wall of which all are on."""
+    places = {panel: panel_of(desktop, columns, rows, panel) for panel in panels}  # while the wall is whole
+    for (row, column), place in places.items():
+        desktop.click(*middle(place))
+        wait_for(f"panel {row},{column} to go off", lambda: not desktop.picture().extent(PRESET_COLOURS, place))
