@@ -11,7 +11,11 @@ constexpr char geometryKey[] = "window/geometry";
 constexpr char stateKey[] = "window/state";
 constexpr char voltsKey[] = "supply/volts";
 constexpr char phasesKey[] = "supply/phases";
+constexpr char otherVoltsKey[] = "supply/otherVolts";
 constexpr char foldedGroupsKey[] = "inspector/folded";
+
+/// Of most countries that have neither 110 V nor 208 V.
+constexpr int usualOtherVolts = 230;
 
 /// A larger file is none of ours; reading one in which values nest many thousand deep would overflow the stack.
 constexpr qint64 mostBytes = 64 << 10;
@@ -110,6 +114,17 @@ void setSupply(const Supply &supply)
 {
     setValue(voltsKey, supply.volts);
     setValue(phasesKey, supply.phases);
+}
+
+int otherVolts()
+{
+    const std::optional<Supply> other = Supply::of(value(otherVoltsKey).toLongLong(), 1);
+    return other ? other->volts : usualOtherVolts;
+}
+
+void setOtherVolts(int volts)
+{
+    setValue(otherVoltsKey, volts);
 }
 
 QStringList foldedGroups()

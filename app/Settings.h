@@ -30,6 +30,9 @@ void setWindowState(const QByteArray &state);
 /// The supply that was chosen last; nullopt where there is none.
 std::optional<Supply> supply();
 void setSupply(const Supply &supply);
+/// The volts that are offered beside 110 and 208: those that were chosen last, at first 230.
+int otherVolts();
+void setOtherVolts(int volts);
 
 /// Titles of the inspector's groups that are folded.
 QStringList foldedGroups();

@@ -170,6 +170,12 @@ QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phas
     return isPowerCounted(layers) ? text : text + ", " + beyondCounting;
 }
 
+QString load(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
+{
+    const QString kilowatts = QString::asprintf(", %.2f kW", PowerCalculator::watts(layers) / 1000.0);
+    return power(layers, volts, phases) + (isPowerCounted(layers) ? kilowatts : QString());
+}
+
 bool isPowerCounted(const std::vector<LayerPointer> &layers)
 {
     return LayerFigures::of(layers).isPowerCounted;

@@ -27,6 +27,8 @@ QString amperes(const std::vector<LayerPointer> &layers, qint64 volts, qint64 ph
 QString at(qint64 volts, qint64 phases);
 /// "12.73 A at 110 V, 1 phase", and whether the watts were too many for that figure.
 QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
+/// "12.73 A at 110 V, 1 phase, 1.40 kW"
+QString load(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
 /// Whether all their watts can be counted, and what is said beside a figure where they cannot.
 bool isPowerCounted(const std::vector<LayerPointer> &layers);
 inline constexpr QLatin1StringView beyondCounting{"beyond what can be counted"};

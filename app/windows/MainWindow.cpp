@@ -209,7 +209,12 @@ void MainWindow::connectDocument()
     connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
     connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
-    connect(&m_interface, &WindowInterface::powerComputed, m_powerBar, &PowerBar::showPowerResult);
+    connect(&m_interface, &WindowInterface::powerComputed, this, [this](const QString &text) {
+        m_powerBar->showPowerResult(text);
+        m_powerBar->showSupply(
+            m_document.voltageCalc(), m_document.phaseCalc(),
+            LayerText::load(m_document.allScreensArray(), m_document.voltageCalc(), m_document.phaseCalc()));
+    });
     connect(&m_interface, &WindowInterface::failureTold, m_powerBar, &PowerBar::showFailure);
     connect(&m_interface, &WindowInterface::statusTold, m_powerBar, &PowerBar::showStatus);
     connect(&m_document, &LWAppDelegate::projectPathDidChange, this, &MainWindow::showFile);

@@ -23,7 +23,7 @@ protected:
         press(Qt::Key_E, Qt::ControlModifier | Qt::ShiftModifier, answers);
     }
 
-    QString told() { return window.findChild<PowerBar *>()->findChildren<QLabel *>().value(1)->accessibleName(); }
+    QString told() { return window.findChild<QLabel *>(PowerBar::messageName)->accessibleName(); }
 
     QByteArray contents(const QString &name)
     {

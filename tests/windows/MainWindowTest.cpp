@@ -57,6 +57,7 @@ TEST_F(MainWindowTest, VoltageAndPhasesAreChosenWithTheKeyboardToo)
     QTest::keyClick(&window, Qt::Key_Tab);
     QTest::keyClick(window.focusWidget(), Qt::Key_Right);
     EXPECT_EQ(window.document().voltageCalc(), 208);
+    QTest::keyClick(&window, Qt::Key_Tab); // to the volts of another supply
     QTest::keyClick(&window, Qt::Key_Tab);
     QTest::keyClick(window.focusWidget(), Qt::Key_Right);
     EXPECT_EQ(window.document().phaseCalc(), 3);

@@ -19,6 +19,7 @@
 #include <QMessageBox>
 #include <QPixmap>
 #include <QScopedValueRollback>
+#include <QSettings>
 #include <QTest>
 #include <QTimer>
 
@@ -28,6 +29,7 @@ WindowFixture::WindowFixture()
 {
     for (const QString &ofTestsBefore : {RecoveryFolder::standardPath(), QFileInfo(PresetStore::standardPath()).path()})
         QDir(ofTestsBefore).removeRecursively();
+    QSettings(QSettings::UserScope, "wallwright", "wallwright").clear();
     window.start();
     if (!QTest::qWaitForWindowExposed(&window))
         ADD_FAILURE() << "the window does not show";
