@@ -206,6 +206,8 @@ void Inspector::addChartGroup()
     m_form->addControl({"At the corners"}, cornerChoice());
     m_form->addSwitchRow({.text = "Name and size", .number = 8, .name = "Name and size at the centre"},
                          "screenFontEnable", "screenFontSize", textSizes, "sfColor");
+    m_form->addSwitch({"Current", 0, "Adds current, volts and phases to name and size at the centre"}, "showCurrent",
+                      "sfColor");
 }
 
 void Inspector::addLabelsGroup()

@@ -96,7 +96,7 @@ void InspectorForm::addFaultLine(const NumberField &field)
     line->setTextFormat(Qt::PlainText);
     line->setWordWrap(true);
     line->setFont(Theme::smallFont());
-        line->hide();
+    line->hide();
     QGridLayout &grid = *m_groups.back().grid;
     grid.addWidget(line, grid.rowCount(), 0, 1, 2);
     QObject::connect(&field, &NumberField::faultDidChange, line, [line](const QString &sentence) {
@@ -166,9 +166,9 @@ void InspectorForm::addNumberWith(QWidget *button, const Caption &caption, const
     addControlWith(button, caption, number(caption, property, range));
 }
 
-void InspectorForm::addSwitch(const Caption &caption, const QString &property)
+void InspectorForm::addSwitch(const Caption &caption, const QString &property, const QString &colour)
 {
-    addRow(caption, switchOf(caption, property));
+    addRow(caption, switchOf(caption, property, colour));
 }
 
 void InspectorForm::addColour(const Caption &caption, const QString &property)

@@ -63,10 +63,10 @@ public:
     /// A number with a button that offers common values for it.
     void addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range);
     void addText(const Caption &caption, const QString &property);
-    void addSwitch(const Caption &caption, const QString &property);
+    /// Turning it on gives a layer that has no such `colour` black or white, as it stands off from the panels.
+    void addSwitch(const Caption &caption, const QString &property, const QString &colour = {});
     void addColour(const Caption &caption, const QString &property);
-    /// A switch and, in the same row, the number and the colour that belong to it. Turning it on gives a layer that
-    /// has no such colour black or white, as it stands off from the panels.
+    /// A switch as addSwitch() makes it and, in the same row, the number and the colour that belong to it.
     void addSwitchRow(const Caption &caption, const QString &property, const QString &number, const Range &range,
                       const QString &colour);
     /// Any other control; it looks after itself.
@@ -112,7 +112,7 @@ private:
     QToolButton *headOf(const QString &title, QWidget *body);
     QWidget *number(const Caption &caption, const QString &property, const Range &range);
     QWidget *colour(const QString &name, const QString &property);
-    QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour = {});
+    QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour);
     void addRow(const Caption &caption, QWidget *control);
     void addFaultLine(const NumberField &field);
     static void showRow(const Row &row, const Layer &layer);

@@ -1,3 +1,4 @@
+#include "app/ProjectFile.h"
 #include "app/Settings.h"
 #include "app/windows/ColourButton.h"
 #include "app/windows/FigureLabel.h"
@@ -65,6 +66,7 @@ TEST_F(InspectorTest, EverySwitchIsPressedArchivedAndUndone)
         {"Circle and diagonals", "CircleEnable", archived},
         {"Corner coordinates", "XYFontEnable", archived},
         {"Name and size at the centre", "screenFontEnable", archived},
+        {"Current", "showCurrent", archived},
         {"Panel labels", "drawLabels", archived},
         {"Letters by row", "XYLabelDirection", !archived}, // a file has no place for it
         {"Path", "drawFlowPath", archived},
@@ -210,6 +212,31 @@ TEST_F(InspectorTest, ATextWithoutAColourGetsTheOneThatStandsOffFromBothPanelCol
         undo();
         EXPECT_EQ(shown()->xyColor(), std::nullopt);
     }
+}
+
+TEST_F(InspectorTest, TheCurrentIsDrawnByAClickAndKeptWithTheLayer)
+{
+    shown()->setRectColor(NamedColour::white);
+    shown()->setRectColor2(NamedColour::white);
+    shown()->setSfColor(std::nullopt);
+    shown()->setScreenFontEnable(true);
+    window.document().finishEdit("Setting");
+    window.document().timerupdate();
+    const QByteArray before = archive();
+    const QImage without = window.document().offscreenRep().copy();
+    QCheckBox &box = control<QCheckBox>("Current");
+    inspector().ensureWidgetVisible(&box);
+    QTest::mouseClick(&box, Qt::LeftButton, {}, QPoint(8, box.height() / 2));
+    EXPECT_TRUE(shown()->showCurrent());
+    EXPECT_EQ(shown()->sfColor(), OptionalColour(NamedColour::black));
+    window.document().timerupdate();
+    EXPECT_TRUE(window.document().offscreenRep() != without);
+    EXPECT_TRUE(ProjectFile::decode(archive(), window.document())->layers.front()->showCurrent());
+    EXPECT_EQ(undoText(), "Current");
+    undo();
+    EXPECT_FALSE(shown()->showCurrent());
+    EXPECT_EQ(shown()->sfColor(), std::nullopt);
+    EXPECT_EQ(archive(), before);
 }
 
 TEST_F(InspectorTest, ATextKeepsTheColourThatItHas)
