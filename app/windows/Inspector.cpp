@@ -349,14 +349,6 @@ void Inspector::refresh()
     m_patterns->show(pattern ? pattern->toLongLong() : PatternGrid::none);
 }
 
-void Inspector::showOutputFirst()
-{
-    if (!m_content)
-        return;
-    const int top = m_outputWidth->mapTo(m_content, QPoint()).y();
-    verticalScrollBar()->setValue(top - Theme::controlHeight - 2 * Theme::edge);
-}
-
 void Inspector::showOutput()
 {
     m_outputWidth->setHighest(longestBeside(m_document.OutputHeight()));

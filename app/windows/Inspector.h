@@ -29,8 +29,6 @@ public:
     void makeControls();
     /// Shows what the layers and the output are now, from the top where the layers are of another kind.
     void refresh();
-    /// Scrolls to the output, for who has nothing else in mind.
-    void showOutputFirst();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

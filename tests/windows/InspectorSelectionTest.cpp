@@ -222,20 +222,12 @@ TEST_F(InspectorSelectionTest, WithoutLayersThereIsTheOutputAndALineAboutHowToAd
     }
     EXPECT_EQ(heads, QStringList("Output"));
     EXPECT_EQ(summary("Layers"), "There are no layers. Add one with + above the list of layers.");
+    resizeTo({1280, 500});
+    EXPECT_EQ(inspector().verticalScrollBar()->maximum(), 0); // all of it is in sight
 
     window.document().AddScreen();
     EXPECT_TRUE(isShown("Columns"));
     EXPECT_FALSE(isShown("Layers"));
-}
-
-TEST_F(InspectorSelectionTest, TheOutputIsShownFirstOnceItIsAskedFor)
-{
-    resizeTo({1280, 600});
-    inspector().showOutputFirst();
-    const NumberField &width = control<NumberField>("Width");
-    const int top = width.mapTo(inspector().viewport(), QPoint()).y();
-    EXPECT_GE(top, 0);
-    EXPECT_LE(top + width.height(), inspector().viewport()->height());
 }
 
 TEST_F(InspectorSelectionTest, PicturesAreCounted)
