@@ -21,7 +21,7 @@ struct ToolText
     const char *hint;
 };
 /// Wider than the icon is, for some room beside the text.
-constexpr QSize iconSize{20, 16};
+constexpr QSize iconSize{24, 16};
 constexpr ToolText toolTexts[] = {
     {Tool::Panels, "Panels", "grid-3x3", "Switches panels off and on, and resizes images (P)",
      "Click panels off or on, or drag over them; Shift makes a rectangle. Drag an image or its handles."},

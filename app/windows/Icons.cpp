@@ -40,10 +40,17 @@ public:
         painter->drawPixmap(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, rect), sign);
     }
 
-    /// `size` is in device pixels.
+    /// `size` is in device pixels; all of it is the pixmap's, with the sign in its middle.
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
     {
-        return Icons::pixmap(m_name, qMin(size.width(), size.height()), colour(mode), 1);
+        const QPixmap sign = Icons::pixmap(m_name, qMin(size.width(), size.height()), colour(mode), 1);
+        if (sign.isNull() || sign.size() == size)
+            return sign;
+        QPixmap whole(size);
+        whole.fill(Qt::transparent);
+        QPainter(&whole).drawPixmap(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, sign.size(), whole.rect()),
+                                    sign);
+        return whole;
     }
 
     QIconEngine *clone() const override { return new SignEngine(m_name); }

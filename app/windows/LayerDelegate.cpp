@@ -146,7 +146,9 @@ void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
         nameLine.setRight(warningPlace(option.rect).left() - Theme::gap / 2);
     const bool isDim = !layer->visible() || layer->label().isEmpty();
     paintLine(*painter, nameLine, option.font, isDim ? Theme::dimText : Theme::text, name(*layer));
-    paintLine(*painter, below, Theme::smallFont(), Theme::dimText, secondLine(*layer));
+    const auto *view = qobject_cast<const QAbstractItemView *>(option.widget);
+    if (!view || !view->indexWidget(index)) // the field to rename it in covers half of the line
+        paintLine(*painter, below, Theme::smallFont(), Theme::dimText, secondLine(*layer));
     if (m_hasIcons)
         paintIcons(*painter, option.rect, *layer, hasWarning);
     painter->restore();
