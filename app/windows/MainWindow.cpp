@@ -217,6 +217,7 @@ void MainWindow::connectDocument()
     });
     connect(&m_interface, &WindowInterface::failureTold, m_powerBar, &PowerBar::showFailure);
     connect(&m_interface, &WindowInterface::statusTold, m_powerBar, &PowerBar::showStatus);
+    connect(&m_interface, &WindowInterface::fileChangedElsewhere, this, &MainWindow::tellChangedElsewhere);
     connect(&m_document, &LWAppDelegate::projectPathDidChange, this, &MainWindow::showFile);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this,
             [this](bool isClean) { setWindowModified(!isClean); });

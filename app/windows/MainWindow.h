@@ -120,6 +120,7 @@ private:
     void showFile(const QString &path);
     void tellUnsavedWork();
     void followUnsavedWork(const QMenu &menu);
+    void tellChangedElsewhere(const QString &path);
     void showNotice(NoticeBar *notice, QPointer<NoticeBar> &place);
     /// "show.Orv, 21/11/2026 02:14"
     static QString titleOf(const FoundCopy &copy);
@@ -131,6 +132,7 @@ private:
     CanvasLink m_canvasLink{m_document};
     QVBoxLayout *m_column; ///< notices, regions and power line
     QPointer<NoticeBar> m_unsavedWork;
+    QPointer<NoticeBar> m_changedElsewhere;
     std::vector<std::pair<QAction *, std::function<bool()>>> m_conditions; ///< when actions can be chosen
     LayerTable *m_layerTable;
     QHBoxLayout *m_layersHead; ///< a title, which comes late, and two buttons

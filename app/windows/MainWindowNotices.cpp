@@ -47,6 +47,23 @@ void MainWindow::followUnsavedWork(const QMenu &menu)
     connect(&menu, &QMenu::triggered, this, tellRest, Qt::QueuedConnection); // the menu may be the notice's
 }
 
+void MainWindow::tellChangedElsewhere(const QString &path)
+{
+    const auto saveAs = [this] {
+        m_interface.prepareSavePanel("Save project", ProjectFile::extension);
+        m_document.saveProject();
+    };
+    auto *notice = new NoticeBar(
+        QString("%1 was changed by another program.").arg(QFileInfo(path).fileName()),
+        {{"Save &anyway", "Replaces what the other program has saved", [this] { m_document.saveAnyway(); }},
+         {"Save a&s...", "Keeps both", saveAs},
+         {"&Open theirs", "Opens the file as it is; undoing leads back here", [this] { m_document.openTheirs(); }}},
+        centralWidget());
+    // It is of no use any more when the document is saved under whatever name, or another one is open.
+    connect(&m_document, &LWAppDelegate::projectPathDidChange, notice, &QObject::deleteLater);
+    showNotice(notice, m_changedElsewhere);
+}
+
 QString MainWindow::titleOf(const FoundCopy &copy)
 {
     const QString name =

@@ -300,7 +300,5 @@ void WindowInterface::noteSupply(const Supply &supply)
 
 void WindowInterface::fileWasChangedElsewhere(const QString &path)
 {
-    emit failureTold(QString("%1 was changed by another program and is not saved; Save as keeps both.")
-                         .arg(QFileInfo(path).fileName()));
     emit fileChangedElsewhere(path);
 }

@@ -156,3 +156,39 @@ TEST_F(MainWindowNoticesTest, ADroppedAddressThatIsNoFileIsTold)
     }));
     EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
 }
+
+TEST_F(MainWindowNoticesTest, AFileThatAnotherProgramHasChangedIsNotReplacedUnasked)
+{
+    const auto bytes = [this] {
+        QFile file(path("wall.Orv"));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    };
+    const auto saveOverTheirs = [&] {
+        QFile::remove(path("wall.Orv"));
+        greenProject("wall.Orv");
+        const QByteArray theirs = bytes();
+        window.document().AddScreen();
+        pressControl(Qt::Key_S, {}); // asks nothing, blocks nothing
+        EXPECT_EQ(bytes(), theirs);
+    };
+    pressControl(Qt::Key_S, {entering(path("wall"))});
+    saveOverTheirs();
+    NoticeBar *bar = notice(window);
+    ASSERT_NE(bar, nullptr);
+    EXPECT_EQ(bar->accessibleName(), "wall.Orv was changed by another program.");
+    EXPECT_TRUE(window.isWindowModified());
+    QTest::mouseClick(&button(*bar, "Save anyway"), Qt::LeftButton);
+    EXPECT_EQ(ProjectFile::read(path("wall.Orv"), window.document())->layers.size(), 2U);
+    EXPECT_FALSE(window.isWindowModified());
+    EXPECT_EQ(notice(window), nullptr);
+
+    saveOverTheirs();
+    answer([&] { QTest::mouseClick(&button(*notice(window), "Save as..."), Qt::LeftButton); }, {pressing("Cancel")});
+    EXPECT_EQ(notice(window), nullptr);
+
+    saveOverTheirs();
+    QTest::mouseClick(&button(*notice(window), "Open theirs"), Qt::LeftButton);
+    EXPECT_EQ(window.document().arraycontroller().layer(0)->label(), "Green");
+    EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
+    EXPECT_EQ(notice(window), nullptr);
+}
