@@ -16,6 +16,7 @@
 #include <QImageReader>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 #include <QTreeView>
 #include <QUrl>
 #include <QtMath>
@@ -88,7 +89,7 @@ void addPreview(QFileDialog &panel)
     auto *preview = new PicturePreview;
     layout->addWidget(preview, 1, layout->columnCount());
     QObject::connect(&panel, &QFileDialog::currentChanged, preview, &PicturePreview::showFile);
-    panel.resize(panelSize + QSize(preview->width(), 0));
+    panel.resize(panel.size() + QSize(preview->width(), 0));
 }
 
 /// The message as it is, whatever signs are in it.
@@ -100,8 +101,11 @@ void setUp(QMessageBox &box, const QString &informativeText)
     box.setIconPixmap(box.windowIcon().pixmap(QSize(iconSize, iconSize), box.devicePixelRatioF()));
 }
 
+/// With its frame, which is as thick as that of the window, a panel takes no more than the screen has.
 std::optional<QString> run(QFileDialog &panel)
 {
+    const QWidget &window = *panel.parentWidget();
+    panel.resize(panel.size().boundedTo(window.screen()->availableSize() - window.frameSize() + window.size()));
     if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
         return std::nullopt;
     return panel.selectedFiles().constFirst();

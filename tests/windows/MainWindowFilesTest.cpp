@@ -1,15 +1,23 @@
 #include "app/windows/LayerTable.h"
 #include "app/windows/PicturePreview.h"
 #include "app/windows/PowerBar.h"
+#include "canvas/LWCanvasImageView.h"
+#include "tests/app/FullDisk.h"
 #include "tests/windows/WindowFixture.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QDropEvent>
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
+#include <QScreen>
 #include <QTreeView>
+#include <QUrl>
+#include <QtMath>
 
 namespace {
 void writeFile(const QString &path, const QByteArray &bytes)
@@ -35,6 +43,15 @@ protected:
         EXPECT_EQ(shown.document().OutputWidth(), 1920);
         EXPECT_EQ(shown.document().arraycontroller().rowCount(), 1);
         EXPECT_EQ(shown.document().arraycontroller().selectedLayer()->label(), "Layer 0");
+    }
+    void drop(const QString &file, const QPointF &place)
+    {
+        QMimeData dragged;
+        dragged.setUrls({QUrl::fromLocalFile(file)});
+        QDragEnterEvent enter(place.toPoint(), Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window, &enter);
+        QDropEvent event(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&window, &event);
     }
 };
 
@@ -125,6 +142,43 @@ TEST_F(MainWindowFilesTest, AProjectThatCannotBeSavedIsAnAlert)
     expectFirstDocument(window);
 }
 
+TEST_F(MainWindowFilesTest, AFullDiskIsAnAlertAndSparesTheFile)
+{
+    pressControl(Qt::Key_S, {entering(path("wall"))});
+    const QByteArray saved = bytesOf(path("wall.Orv"));
+    window.document().AddScreen();
+    {
+        const FullDisk disk(100);
+        pressControl(Qt::Key_S, {readingAndPressing("OK")});
+    }
+    EXPECT_TRUE(said.startsWith("Cannot save " + path("wall.Orv") + ": ")) << qPrintable(said);
+    EXPECT_TRUE(said.endsWith("\nThe document is not saved.")) << qPrintable(said);
+    EXPECT_EQ(bytesOf(path("wall.Orv")), saved);
+    EXPECT_TRUE(window.isWindowModified());
+}
+
+TEST_F(MainWindowFilesTest, ADamagedFileThatIsDroppedIsAnAlertAndChangesNothing)
+{
+    writeFile(path("show.Orv"), "bplist00");
+    answer([&] { drop(path("show.Orv"), QPointF(700, 400)); }, {readingAndPressing("OK")});
+    EXPECT_TRUE(said.startsWith("Cannot open " + path("show.Orv") + ": ")) << qPrintable(said);
+    expectFirstDocument(window);
+}
+
+TEST_F(MainWindowFilesTest, APictureHasItsMiddleAtThePixelWhereItIsDropped)
+{
+    QImage picture(20, 10, QImage::Format_RGB32);
+    picture.fill(Qt::green);
+    ASSERT_TRUE(picture.save(path("plate.png")));
+    canvas().setZoom(200);
+    const QPoint place = canvas().rect().center() + QPoint(30, -20);
+    const QPointF travelled = (place - canvas().frame().topLeft()) * canvas().devicePixelRatioF() / 2;
+    drop(path("plate.png"), canvas().mapTo(&window, place));
+    const LayerPointer dropped = window.document().arraycontroller().selectedLayer();
+    EXPECT_EQ(dropped->xpoint(), qFloor(travelled.x()) - 10);
+    EXPECT_EQ(dropped->ypoint(), qFloor(travelled.y()) - 5);
+}
+
 TEST_F(MainWindowFilesTest, AnExportedPictureIsTheOutputPixelByPixel)
 {
     pressControl(Qt::Key_E, {entering(path("wall.png"))});
@@ -181,6 +235,19 @@ TEST_F(MainWindowFilesTest, FilePanelsOfferFiltersAndAllFilesFirst)
     };
     pressControl(Qt::Key_O, {filters({"Projects (*.Orv *.orv *.json)"})});
     pressControl(Qt::Key_E, {filters({"png files (*.png)"})});
+}
+
+TEST_F(MainWindowFilesTest, FilePanelsTakeNoMoreThanTheScreen)
+{
+    const QSize room = window.screen()->availableSize();
+    ASSERT_LT(room.width(), 880);
+    const auto measure = [room](QWidget &panel) {
+        EXPECT_LE(panel.frameGeometry().width(), room.width());
+        EXPECT_LE(panel.frameGeometry().height(), room.height());
+        panel.close();
+    };
+    pressControl(Qt::Key_O, {measure});
+    press(Qt::Key_I, Qt::ControlModifier | Qt::ShiftModifier, {measure});
 }
 
 TEST_F(MainWindowFilesTest, ThePanelForPicturesShowsThemInSmall)
