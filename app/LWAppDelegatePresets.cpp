@@ -71,7 +71,11 @@ std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()
     const Result<std::optional<std::vector<LayerPointer>>> kept = m_presetStore->load(*this);
     if (!kept)
         m_userInterface.tellFailure(kept.error().text);
-    return kept && *kept ? **kept : BuiltInPresets::make(*this);
+    if (kept && *kept)
+        return **kept;
+    std::vector<LayerPointer> builtIn = BuiltInPresets::make(*this);
+    m_presetStore->know(builtIn); // another program that begins with them writes no presets of its own
+    return builtIn;
 }
 
 void LWAppDelegate::keepPresets()

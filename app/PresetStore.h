@@ -32,9 +32,12 @@ public:
     /// the path.
     [[nodiscard]] Result<void> save(const std::vector<LayerPointer> &presets, LayerHost &host);
 
+    /// These are no other program's: what of them is in the file when save() comes may be replaced. load() and save()
+    /// do so by themselves.
+    void know(const std::vector<LayerPointer> &presets);
+
 private:
     Result<std::vector<LayerPointer>> ofOthers(LayerHost &host) const;
-    void know(const std::vector<LayerPointer> &presets);
     Error putAside(const Error &why) const;
 
     QString m_path;

@@ -44,6 +44,15 @@ TEST_F(PresetStoreOfAPerson, AtTheFirstStartTheBuiltInOnesAreThereAndNothingIsWr
     EXPECT_TRUE(person.failures.isEmpty());
 }
 
+TEST_F(PresetStoreOfAPerson, ProgramsThatBeginWithTheBuiltInOnesAddNoneToEachOther)
+{
+    const auto one = program();
+    const auto other = program();
+    removeFirst(*one);
+    removeFirst(*other);
+    EXPECT_EQ(PresetLibrary::read(file, document)->size(), 30U);
+}
+
 TEST_F(PresetStoreOfAPerson, PresetsComeBackAtTheNextStart)
 {
     {
