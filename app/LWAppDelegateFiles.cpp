@@ -48,6 +48,8 @@ void LWAppDelegate::save()
 
 void LWAppDelegate::saveAnyway()
 {
+    if (projectPath().isEmpty() || isText(projectPath()))
+        return saveProject();
     writeProject(projectPath());
 }
 
