@@ -123,7 +123,10 @@ void Inspector::makeControls()
 void Inspector::followEntries()
 {
     for (const NumberField *field : m_content->findChildren<NumberField *>()) {
-        connect(field, &NumberField::takenBack, this, [this] { m_document.takeBackTyping(); });
+        connect(field, &NumberField::takenBack, this, [this] {
+            m_document.takeBackTyping();
+            refresh(); // saving may have ended the typing: what was saved stays
+        });
         connect(field, &NumberField::editingFinished, this, [this] { m_document.endTyping(); });
     }
     for (const TextField *field : m_content->findChildren<TextField *>())

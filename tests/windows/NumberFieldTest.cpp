@@ -273,6 +273,16 @@ TEST_F(NumberFieldTest, EscapeBringsBackTheValueBeforeTheEntryAndLeavesNoStep)
     EXPECT_EQ(steps(), before);
 }
 
+TEST_F(NumberFieldTest, EscapeAfterASaveShowsWhatWasSaved)
+{
+    NumberField &field = number("Columns");
+    enter(field, "12");
+    window.document().endTyping(); // as saving does
+    press(Qt::Key_Escape);
+    EXPECT_EQ(shown()->col(), 12);
+    EXPECT_EQ(field.text(), "12");
+}
+
 TEST_F(NumberFieldTest, EscapeAfterUndoAndRedoTakesNothingBack)
 {
     NumberField &field = number("Columns");
