@@ -119,7 +119,7 @@ private:
     void foldSides(bool areFolded);
     void showFile(const QString &path);
     void tellUnsavedWork();
-    void followUnsavedWork(const QMenu &menu);
+    void tellRemainingWork();
     void tellChangedElsewhere(const QString &path);
     void showNotice(NoticeBar *notice, QPointer<NoticeBar> &place);
     /// "show.Orv, 21/11/2026 02:14"

@@ -66,7 +66,6 @@ void MainWindow::fillFileMenu(QMenu &menu)
     });
     QMenu *recover = menu.addMenu("Re&cover");
     connect(recover, &QMenu::aboutToShow, this, [this, recover] { listUnsavedWork(*recover); });
-    followUnsavedWork(*recover);
     menu.addSeparator();
     addTold(menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] {
         m_interface.prepareSavePanel("Export PNG", "png");
@@ -378,6 +377,7 @@ void MainWindow::listUnsavedWork(QMenu &menu)
         menu.addAction(titleOf(copy).replace('&', "&&"), this, [this, copy] {
             m_powerBar->clearMessage();
             m_document.recover(copy);
+            tellRemainingWork();
         });
     }
     if (copies.empty()) {
@@ -394,4 +394,5 @@ void MainWindow::forget(const std::vector<FoundCopy> &copies)
         return;
     for (const FoundCopy &copy : copies)
         m_document.discardRecoverable(copy);
+    tellRemainingWork();
 }

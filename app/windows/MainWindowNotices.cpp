@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QLocale>
 #include <QMenu>
+#include <QTimer>
 #include <QVBoxLayout>
 
 /// In the place of the one of the same kind that may still be there.
@@ -30,21 +31,17 @@ void MainWindow::tellUnsavedWork()
     } else {
         recover.menu = new QMenu(this);
         listUnsavedWork(*recover.menu);
-        followUnsavedWork(*recover.menu);
     }
     showNotice(new NoticeBar("Unsaved work was left behind: " + titles.join("; "),
                              {recover, {"&Not now", "It stays in File > Recover"}}, centralWidget()),
                m_unsavedWork);
 }
 
-/// Where something of it was chosen, the notice tells what is left.
-void MainWindow::followUnsavedWork(const QMenu &menu)
+/// Later, since the menu that was chosen from may be the notice's.
+void MainWindow::tellRemainingWork()
 {
-    const auto tellRest = [this] {
-        if (m_unsavedWork)
-            tellUnsavedWork();
-    };
-    connect(&menu, &QMenu::triggered, this, tellRest, Qt::QueuedConnection); // the menu may be the notice's
+    if (m_unsavedWork)
+        QTimer::singleShot(0, this, &MainWindow::tellUnsavedWork);
 }
 
 void MainWindow::tellChangedElsewhere(const QString &path)
