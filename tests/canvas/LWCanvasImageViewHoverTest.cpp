@@ -4,6 +4,8 @@
 #include <QPalette>
 #include <QTest>
 
+#include <utility>
+
 namespace {
 /// Notes what is painted anew.
 class PaintWatch final : public QObject
@@ -118,7 +120,7 @@ TEST_F(LWCanvasImageViewHover, WhereAClickDoesNothingNothingIsOutlined)
 TEST_F(LWCanvasImageViewHover, AStillAndNoLayerHaveNoPanels)
 {
     pointTo({50, 50});
-    document.layer = nullptr;
+    const LayerPointer kept = std::exchange(document.layer, nullptr); // the fixture asks it where it was
     EXPECT_EQ(outline(), QRect());
     selectStill({0, 0}, {600, 300});
     pointTo({51, 50});
