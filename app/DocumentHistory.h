@@ -42,7 +42,7 @@ public:
     const DocumentState &state() const { return m_state; }
 
     /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
-    /// nothing has. `name` follows "Undo": "Panel width". Edits in a row with the same `typing` that is not empty are
+    /// nothing has. `name` follows "Undo": "panel width". Edits in a row with the same `typing` that is not empty are
     /// one step.
     void record(const QString &name, const QString &typing = {});
     /// The next edit begins a step of its own, whatever it types on.

@@ -101,7 +101,7 @@ void LWAppDelegate::connectLists()
         if (keyPath == thumbnailPath)
             observeValueForKeyPath(keyPath);
         else
-            m_history.record("Preset " + EditNames::ofKeyPath(keyPath));
+            m_history.record("preset " + EditNames::ofKeyPath(keyPath));
     });
     connect(&m_arraycontroller, &LayerList::selectionIndexesDidChange, this,
             [this] { tableViewSelectionDidChange(m_arraycontroller.selectionIndex()); });

@@ -43,7 +43,7 @@ void LWAppDelegate::cutToPasteboard()
     if (!copyToPasteboard())
         return;
     m_arraycontroller.removeObjectsAtArrangedObjectIndexes(m_arraycontroller.selectionIndexes());
-    finishEdit("Cut Layer");
+    finishEdit("cut layer");
 }
 
 void LWAppDelegate::pasteFromPasteboard()
@@ -52,7 +52,7 @@ void LWAppDelegate::pasteFromPasteboard()
     if (!layers)
         return m_userInterface.tellFailure("Cannot paste: " + layers.error().text);
     insertAboveSelection(*layers);
-    finishEdit("Paste Layer");
+    finishEdit("paste layer");
 }
 
 void LWAppDelegate::insertAboveSelection(const std::vector<LayerPointer> &layers)
@@ -92,13 +92,13 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
     if (stills.empty())
         return;
     insertAboveSelection(stills);
-    finishEdit("Add Image");
+    finishEdit("add image");
 }
 
 void LWAppDelegate::moveSelection(const QPoint &distance)
 {
     shiftSelection(distance.x(), distance.y());
-    finishEdit("Move Layer", "move");
+    finishEdit("move layer", "move");
 }
 
 void LWAppDelegate::shiftSelection(qint64 right, qint64 down)
@@ -120,7 +120,7 @@ void LWAppDelegate::placeSelection(int halvesLeft, int halvesAbove)
     for (const LayerPointer &layer : layers)
         box = box.united(PixelBox::of(*layer));
     shiftSelection(wayInto(m_OutputWidth, box.columns, halvesLeft), wayInto(m_OutputHeight, box.rows, halvesAbove));
-    finishEdit("Move Layer");
+    finishEdit("move layer");
 }
 
 void LWAppDelegate::centreInOutput()
@@ -143,7 +143,7 @@ void LWAppDelegate::toggleVisibility()
     const bool isVisible = !shown->visible();
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(isVisible);
-    finishEdit("Visibility");
+    finishEdit("visibility");
     m_userInterface.reloadTable();
 }
 
@@ -153,7 +153,7 @@ void LWAppDelegate::toggleVisibilityOf(qsizetype row)
     if (!layer)
         return;
     layer->setVisible(!layer->visible());
-    finishEdit("Visibility");
+    finishEdit("visibility");
     m_userInterface.reloadTable();
 }
 
@@ -163,18 +163,18 @@ void LWAppDelegate::hideOthers()
         layer->setVisible(false);
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(true);
-    finishEdit("Hide Others");
+    finishEdit("hide others");
     m_userInterface.reloadTable();
 }
 
 void LWAppDelegate::switchAllPanelsOn()
 {
-    editSelectedWalls("Switch All Panels On", [](LWScreen &wall) { wall.setHiddenBoxes(QStringList()); });
+    editSelectedWalls("switch all panels on", [](LWScreen &wall) { wall.setHiddenBoxes(QStringList()); });
 }
 
 void LWAppDelegate::exchangeColours()
 {
-    editSelectedWalls("Exchange Colours", [](LWScreen &wall) {
+    editSelectedWalls("exchange colours", [](LWScreen &wall) {
         const OptionalColour first = wall.rectColor();
         wall.setRectColor(wall.rectColor2());
         wall.setRectColor2(first);

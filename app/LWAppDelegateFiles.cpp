@@ -100,7 +100,7 @@ void LWAppDelegate::load(const QString &path)
     m_userInterface.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
-    showProject(*project, file, "Open Project");
+    showProject(*project, file, "open project");
     documentIsInFile();
     tellUnknownContent(*project);
     tellWallsTooLarge();
@@ -186,7 +186,7 @@ void LWAppDelegate::savePSD()
     const Result<PSDExport::Outcome> outcome = PSDExport::write(path, project(), m_screenNumber, progress);
     progress(1);
     m_userInterface.reloadTable(); // layers may have got names
-    m_history.record("Layer Names");
+    m_history.record("layer names");
     if (!outcome)
         return tellFailedExport("PSD", outcome.error());
     if (*outcome == PSDExport::Outcome::Cancelled)
@@ -226,7 +226,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     const Result<Project> project = m_recovery->take(copy, *this);
     if (!project)
         return m_userInterface.alert("Cannot recover " + project.error().text, "The document is unchanged.");
-    showProject(*project, fileOf(copy), "Recover Project");
+    showProject(*project, fileOf(copy), "recover project");
     m_shouldUpdate = true;
     update();
     tellWallsTooLarge();

@@ -23,7 +23,7 @@ void LWAppDelegate::AddScreen()
     const QString label = QString::asprintf("Layer %i", m_screenNumber);
     insertAndSelect(LWScreen::initWithrow(*this, NewScreens::added(label)), m_selectedRow + 1);
     m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
-    finishEdit("Add Screen");
+    finishEdit("add screen");
 }
 
 void LWAppDelegate::AddImage()
@@ -39,7 +39,7 @@ void LWAppDelegate::AddImage()
     still->setImageURL(Address::fromLocalFile(*path));
     if (!picture)
         m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
-    finishEdit("Add Image");
+    finishEdit("add image");
 }
 
 void LWAppDelegate::choosePicture()
@@ -53,7 +53,7 @@ void LWAppDelegate::choosePicture()
     still->loadThumbnail();
     if (still->thumbnail().isNull())
         m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
-    finishEdit("Choose Picture");
+    finishEdit("choose picture");
 }
 
 void LWAppDelegate::AddMask(const QObject *sender)
@@ -78,7 +78,7 @@ void LWAppDelegate::remove()
     if (allScreensArray().size() < 2)
         return tellListCannotBeEmpty();
     m_arraycontroller.removeObjectsAtArrangedObjectIndexes(m_arraycontroller.selectionIndexes());
-    finishEdit("Remove Layer");
+    finishEdit("remove layer");
 }
 
 void LWAppDelegate::copyLayer()
@@ -91,7 +91,7 @@ void LWAppDelegate::copyLayer()
     copy->setLabel(copy->label().isEmpty() ? QString("Copy") : copy->label() + " Copy");
     insertAndSelect(copy, m_selectedRow + 1);
     m_selectedRow = m_arraycontroller.selectionIndex();
-    finishEdit("Duplicate Layer");
+    finishEdit("duplicate layer");
 }
 
 LayerPointer LWAppDelegate::createCopyOfLayerThroughArch(const LayerPointer &layer)
@@ -117,11 +117,11 @@ void LWAppDelegate::tableViewAcceptDrop(LayerList &table, qsizetype index, qsize
     const LayerList &other = isLayerTable ? m_presetarraycontroller : m_arraycontroller;
     if (m_draggedTV == own) {
         table.moveObjectAtArrangedObjectIndex(index, row);
-        finishEdit(isLayerTable ? "Move Layer" : "Move Preset");
+        finishEdit(isLayerTable ? "move layer" : "move preset");
     } else {
         if (const LayerPointer dragged = other.layer(index))
             insertCopy(dragged, table, row);
-        finishEdit(isLayerTable ? "Insert Preset" : "Store Preset");
+        finishEdit(isLayerTable ? "insert preset" : "store preset");
     }
     updateAgainSoon();
 }
@@ -139,7 +139,7 @@ void LWAppDelegate::moveSelectedRows(LayerList &table, int distance)
         else
             table.moveObjectAtArrangedObjectIndex(row, distance < 0 ? row - 1 : row + 2);
     }
-    finishEdit(&table == &m_arraycontroller ? "Move Layer" : "Move Preset");
+    finishEdit(&table == &m_arraycontroller ? "move layer" : "move preset");
 }
 
 void LWAppDelegate::insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row)

@@ -45,7 +45,7 @@ void LWAppDelegate::newProject()
 {
     if (m_recovery)
         m_recovery->leave();
-    showProject({firstOutput.height(), firstOutput.width(), {firstLayer()}}, {}, "New Project");
+    showProject({firstOutput.height(), firstOutput.width(), {firstLayer()}}, {}, "new project");
     documentIsInFile();
     m_shouldUpdate = true;
     update();

@@ -12,7 +12,7 @@ void LWAppDelegate::insertPreset(qsizetype index)
     if (!preset)
         return;
     insertCopy(preset, m_arraycontroller, std::max<qsizetype>(m_arraycontroller.selectionIndex(), 0));
-    finishEdit("Insert Preset");
+    finishEdit("insert preset");
 }
 
 void LWAppDelegate::keepAsPresets()
@@ -24,7 +24,7 @@ void LWAppDelegate::keepAsPresets()
     std::vector<qsizetype> rows(copies->size());
     std::iota(rows.begin(), rows.end(), 0);
     m_presetarraycontroller.setSelectionIndexes(std::move(rows), 0);
-    finishEdit("Store Preset");
+    finishEdit("store preset");
     m_userInterface.tellStatus(copies->size() == 1 ? QString("%1 is kept as a preset").arg(copies->front()->label())
                                                    : QString("%1 layers are kept as presets").arg(copies->size()));
 }
@@ -34,7 +34,7 @@ void LWAppDelegate::removePreset()
     if (presetScreensArray().size() < 2)
         return tellListCannotBeEmpty();
     m_presetarraycontroller.removeObjectsAtArrangedObjectIndexes(m_presetarraycontroller.selectionIndexes());
-    finishEdit("Remove Preset");
+    finishEdit("remove preset");
 }
 
 void LWAppDelegate::savePresets()
@@ -55,13 +55,13 @@ void LWAppDelegate::openPresets()
     if (!presets)
         return m_userInterface.alert("Cannot open " + presets.error().text, "The presets are unchanged.");
     m_presetarraycontroller.setLayers(*presets, {0});
-    finishEdit("Open Presets");
+    finishEdit("open presets");
 }
 
 void LWAppDelegate::resetPresets()
 {
     m_presetarraycontroller.setLayers(BuiltInPresets::make(*this), {0});
-    finishEdit("Reset Presets");
+    finishEdit("reset presets");
 }
 
 std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()

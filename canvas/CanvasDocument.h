@@ -32,7 +32,7 @@ public:
     /// Renders the selected layer and composes the output, not more often than the document wants to. `sender` is of no
     /// consequence.
     virtual void update(QObject *sender) = 0;
-    /// An edit was made with plain setters: it becomes a step of the history under that name ("Move Image"), none where
+    /// An edit was made with plain setters: it becomes a step of the history under that name ("move image"), none where
     /// nothing has changed, and update() follows. Edits in a row with the same `typing` that is not empty are one step.
     virtual void finishEdit(const QString &name, const QString &typing) = 0;
     /// The canvas shows the output in a frame of another size: a selected still draws its marker anew. Other layers

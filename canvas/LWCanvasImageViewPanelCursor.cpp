@@ -64,7 +64,7 @@ bool LWCanvasImageView::switchPanelAtCursor()
     auto &wall = static_cast<LWScreen &>(*m_panelCursor->wall);
     const QPointF corner = wall.panelRect(*panel).topLeft();
     wall.onImageClick(static_cast<qint64>(corner.x()), static_cast<qint64>(corner.y()));
-    m_document.finishEdit("Switch Panel", {});
+    m_document.finishEdit("switch panel", {});
     update();
     return true;
 }

@@ -111,7 +111,7 @@ void PanelPainting::paint(const std::vector<Panel> &panels)
 
 void PanelPainting::finish()
 {
-    m_document.finishEdit(m_painted > 1 ? "Switch Panels" : "Switch Panel", {});
+    m_document.finishEdit(m_painted > 1 ? "switch panels" : "switch panel", {});
 }
 
 void PanelPainting::cancel()

@@ -97,25 +97,16 @@ void MainWindow::fillEditMenu(QMenu &menu)
     m_layerTable->addActions({rename, copy, duplicate, remove});
 }
 
-/// Like the stack's own actions, which would say the names of steps in capitals.
 void MainWindow::addUndo(QMenu &menu)
 {
-    QUndoStack &stack = m_document.undoStack();
-    const auto titled = [](const char *verb, const QString &step) {
-        return QString("%1 %2").arg(verb, step.toLower()).trimmed().replace('&', "&&").replace(0, 0, "&");
+    const auto add = [&menu](QAction *action, const char *icon, const QKeySequence &keys) {
+        action->setIcon(Icons::icon(icon));
+        action->setShortcut(keys);
+        menu.addAction(action);
     };
-    QAction *undo =
-        menu.addAction(Icons::icon("arrow-counterclockwise"), "&Undo", QKeySequence::Undo, &stack, &QUndoStack::undo);
-    QAction *redo = menu.addAction(Icons::icon("arrow-clockwise"), "&Redo", Qt::CTRL | Qt::SHIFT | Qt::Key_Z, &stack,
-                                   &QUndoStack::redo);
-    undo->setEnabled(stack.canUndo());
-    redo->setEnabled(stack.canRedo());
-    connect(&stack, &QUndoStack::canUndoChanged, undo, &QAction::setEnabled);
-    connect(&stack, &QUndoStack::canRedoChanged, redo, &QAction::setEnabled);
-    connect(&stack, &QUndoStack::undoTextChanged, undo,
-            [=](const QString &step) { undo->setText(titled("Undo", step)); });
-    connect(&stack, &QUndoStack::redoTextChanged, redo,
-            [=](const QString &step) { redo->setText(titled("Redo", step)); });
+    const QUndoStack &stack = m_document.undoStack();
+    add(stack.createUndoAction(&menu, "&Undo"), "arrow-counterclockwise", QKeySequence::Undo);
+    add(stack.createRedoAction(&menu, "&Redo"), "arrow-clockwise", Qt::CTRL | Qt::SHIFT | Qt::Key_Z);
 }
 
 LayerTable &MainWindow::tableInUse()

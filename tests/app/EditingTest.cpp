@@ -42,7 +42,7 @@ TEST_F(EditingTest, CopiedLayersArePastedAboveTheSelectedOneAndSelected)
     document.pasteFromPasteboard();
     EXPECT_EQ(labels(), QStringList({"Layer 0", "Layer 0", "Layer 1", "Layer 1"}));
     EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{1, 2}));
-    EXPECT_EQ(document.undoStack().undoText(), "Paste Layer");
+    EXPECT_EQ(document.undoStack().undoText(), "paste layer");
     document.undoStack().undo();
     EXPECT_EQ(labels(), QStringList({"Layer 0", "Layer 1"}));
 }
@@ -118,7 +118,7 @@ TEST_F(EditingTest, MovesInARowAreOneStepAndStopAtTheEndOfNumbers)
     EXPECT_EQ(list().layer(0)->xpoint(), 11);
     EXPECT_EQ(list().layer(0)->ypoint(), -3);
     EXPECT_EQ(list().layer(1)->xpoint(), std::numeric_limits<int>::max());
-    EXPECT_EQ(document.undoStack().undoText(), "Move Layer");
+    EXPECT_EQ(document.undoStack().undoText(), "move layer");
     document.undoStack().undo();
     EXPECT_EQ(list().layer(0)->xpoint(), 0);
     EXPECT_EQ(list().layer(0)->ypoint(), 0);
@@ -169,7 +169,7 @@ TEST_F(EditingTest, HidingOthersLeavesTheSelectedLayersAlone)
     EXPECT_FALSE(list().layer(0)->visible());
     EXPECT_TRUE(list().layer(1)->visible());
     EXPECT_TRUE(list().layer(2)->visible());
-    EXPECT_EQ(document.undoStack().undoText(), "Hide Others");
+    EXPECT_EQ(document.undoStack().undoText(), "hide others");
     document.undoStack().undo();
     EXPECT_TRUE(list().layer(0)->visible());
     EXPECT_FALSE(list().layer(1)->visible());
@@ -183,7 +183,7 @@ TEST_F(EditingTest, OneRowIsHiddenWithoutBeingSelected)
     EXPECT_FALSE(list().layer(0)->visible());
     EXPECT_TRUE(list().layer(1)->visible());
     EXPECT_EQ(list().selectionIndex(), 1);
-    EXPECT_EQ(document.undoStack().undoText(), "Visibility");
+    EXPECT_EQ(document.undoStack().undoText(), "visibility");
     document.toggleVisibilityOf(0);
     EXPECT_TRUE(list().layer(0)->visible());
     document.toggleVisibilityOf(2); // no such row
@@ -205,7 +205,7 @@ TEST_F(EditingTest, AllPanelsOfTheSelectedWallsAreSwitchedOn)
     EXPECT_EQ(keysOff(1), QStringList());
     EXPECT_EQ(keysOff(2), QStringList("0,0"));
     EXPECT_EQ(keysOff(3), QStringList());
-    EXPECT_EQ(document.undoStack().undoText(), "Switch All Panels On");
+    EXPECT_EQ(document.undoStack().undoText(), "switch all panels on");
     document.undoStack().undo();
     EXPECT_EQ(keysOff(1).size(), 1);
     EXPECT_EQ(keysOff(3).size(), 1);
@@ -222,7 +222,7 @@ TEST_F(EditingTest, TheColoursOfEachSelectedWallAreExchanged)
     EXPECT_EQ(list().layer(0)->rectColor2(), OptionalColour(NamedColour::red));
     EXPECT_EQ(list().layer(1)->rectColor(), OptionalColour(NamedColour::black));
     EXPECT_EQ(list().layer(1)->rectColor2(), OptionalColour(NamedColour::red));
-    EXPECT_EQ(document.undoStack().undoText(), "Exchange Colours");
+    EXPECT_EQ(document.undoStack().undoText(), "exchange colours");
     document.undoStack().undo();
     EXPECT_EQ(list().layer(1)->rectColor(), OptionalColour(NamedColour::red));
 }
@@ -279,7 +279,7 @@ TEST_F(PlacingTest, TheSelectionIsCentredAsOne)
     document.centreInOutput();
     EXPECT_EQ(place(0), QPoint(304, 304)); // 609 pixels are free in each direction
     EXPECT_EQ(place(1), QPoint(594, 384));
-    EXPECT_EQ(document.undoStack().undoText(), "Move Layer");
+    EXPECT_EQ(document.undoStack().undoText(), "move layer");
     document.undoStack().undo();
     EXPECT_EQ(place(0), QPoint(10, 20));
     EXPECT_EQ(place(1), QPoint(300, 100));

@@ -133,7 +133,7 @@ TEST_F(PresetStoreOfAPerson, TheBuiltInOnesComeBackAndThatCanBeUndone)
     showPresets(*one, {"p", "q"});
     one->resetPresets();
     EXPECT_EQ(one->presetScreensArray().size(), 31U);
-    EXPECT_EQ(one->undoStack().undoText(), "Reset Presets");
+    EXPECT_EQ(one->undoStack().undoText(), "reset presets");
     EXPECT_EQ(program()->presetScreensArray().size(), 31U);
     one->undoStack().undo();
     EXPECT_EQ(presetsOf(*one), "p, q");

@@ -178,7 +178,7 @@ TEST_F(RecoverDocument, RecoveredWorkIsUnsavedWorkOfItsProject)
     EXPECT_EQ(selected()->xpoint(), 7);
     EXPECT_EQ(document->projectPath(), path);
     EXPECT_FALSE(document->undoStack().isClean());
-    EXPECT_EQ(document->undoStack().undoText(), "Recover Project");
+    EXPECT_EQ(document->undoStack().undoText(), "recover project");
     EXPECT_TRUE(document->recoverable().empty());
     EXPECT_EQ(keptXpoint(), 7);
     EXPECT_EQ(document->offscreenRep().pixel(3, 3), 0xff000000U); // composed with the wall 7 pixels away

@@ -22,8 +22,8 @@ protected:
 
 TEST_F(SupplyOfShow, ChoosingIsOneStepEach)
 {
-    expectUndone("Voltage", [&] { document.voltageSelect(208); });
-    expectUndone("Phases", [&] { document.phaseSelect(3); });
+    expectUndone("voltage", [&] { document.voltageSelect(208); });
+    expectUndone("phases", [&] { document.phaseSelect(3); });
     stack.redo();
 
     EXPECT_EQ(document.powerResult(), "Total Power: 24.24Amp"); // at 110 V, 3 phases
@@ -179,7 +179,7 @@ TEST_F(SupplyOfShow, AFileWithAnImpossibleSupplyIsRefused)
 
 TEST_F(SupplyOfShow, CurrentStaysWhenTheOutputIsComposed)
 {
-    expectUndone("Current", [&] { edit("showCurrent", true); });
+    expectUndone("current", [&] { edit("showCurrent", true); });
     stack.redo();
     compose();
     EXPECT_TRUE(selected()->showCurrent());

@@ -77,54 +77,54 @@ TEST_F(UndoEdits, EveryValueOfAStillComesBack)
 TEST_F(UndoEdits, EditsInTheInspectorAreNamedByTheirValue)
 {
     edit("screenFontEnable", true);
-    const std::pair<const char *, const char *> names[]{{"panelWidth", "Panel width"},
-                                                        {"panelHeight", "Panel height"},
-                                                        {"row", "Rows"},
-                                                        {"col", "Columns"},
-                                                        {"xpoint", "Left"},
-                                                        {"ypoint", "Top"},
-                                                        {"visible", "Visibility"},
-                                                        {"label", "Name"},
-                                                        {"bgEnable", "Fill"},
-                                                        {"rectColor", "Colour 1"},
-                                                        {"rectColor2", "Colour 2"},
-                                                        {"BoarderEnable", "Frame"},
-                                                        {"boarderColor", "Frame, colour"},
-                                                        {"boarderWidth", "Frame, width"},
-                                                        {"CircleEnable", "Circle and diagonals"},
-                                                        {"circleColor", "Circle and diagonals, colour"},
-                                                        {"circleBWidth", "Circle and diagonals, width"},
-                                                        {"XYFontEnable", "Corner coordinates"},
-                                                        {"xyColor", "Corner coordinates, colour"},
-                                                        {"XYFontSize", "Corner coordinates, size"},
-                                                        {"screenFontEnable", "Name and size at the centre"},
-                                                        {"sfColor", "Name and size at the centre, colour"},
-                                                        {"screenFontSize", "Name and size at the centre, size"},
-                                                        {"drawLabels", "Panel labels"},
-                                                        {"labelColor", "Panel labels, colour"},
-                                                        {"labelFontSize", "Panel labels, size"},
-                                                        {"XYLabelDirection", "Letters by row"},
-                                                        {"drawFlowPath", "Path"},
-                                                        {"pixelLimit", "Pixels per port"},
-                                                        {"powerOnCell", "Watts per panel"},
-                                                        {"aspectRatio", "Keep ratio"},
-                                                        {"showPower", "Power text"},
-                                                        {"pattern", "Pattern of the path"}};
+    const std::pair<const char *, const char *> names[]{{"panelWidth", "panel width"},
+                                                        {"panelHeight", "panel height"},
+                                                        {"row", "rows"},
+                                                        {"col", "columns"},
+                                                        {"xpoint", "left"},
+                                                        {"ypoint", "top"},
+                                                        {"visible", "visibility"},
+                                                        {"label", "name"},
+                                                        {"bgEnable", "fill"},
+                                                        {"rectColor", "colour 1"},
+                                                        {"rectColor2", "colour 2"},
+                                                        {"BoarderEnable", "frame"},
+                                                        {"boarderColor", "frame, colour"},
+                                                        {"boarderWidth", "frame, width"},
+                                                        {"CircleEnable", "circle and diagonals"},
+                                                        {"circleColor", "circle and diagonals, colour"},
+                                                        {"circleBWidth", "circle and diagonals, width"},
+                                                        {"XYFontEnable", "corner coordinates"},
+                                                        {"xyColor", "corner coordinates, colour"},
+                                                        {"XYFontSize", "corner coordinates, size"},
+                                                        {"screenFontEnable", "name and size at the centre"},
+                                                        {"sfColor", "name and size at the centre, colour"},
+                                                        {"screenFontSize", "name and size at the centre, size"},
+                                                        {"drawLabels", "panel labels"},
+                                                        {"labelColor", "panel labels, colour"},
+                                                        {"labelFontSize", "panel labels, size"},
+                                                        {"XYLabelDirection", "letters by row"},
+                                                        {"drawFlowPath", "path"},
+                                                        {"pixelLimit", "pixels per port"},
+                                                        {"powerOnCell", "watts per panel"},
+                                                        {"aspectRatio", "keep ratio"},
+                                                        {"showPower", "power text"},
+                                                        {"pattern", "pattern of the path"}};
     for (const auto &[property, name] : names) {
         edit(property, another(selected()->property(property)));
         EXPECT_EQ(stack.undoText(), name) << property;
     }
     document.choosePattern(6);
-    EXPECT_EQ(stack.undoText(), "Pattern of the path");
+    EXPECT_EQ(stack.undoText(), "pattern of the path");
 }
 
 TEST_F(UndoEdits, NumbersColoursAndSwitchesComeBackWithTheirPixels)
 {
-    expectUndone("Panel width", [&] { edit("panelWidth", 100); });
-    expectUndone("Rows", [&] { edit("row", 3); });
-    expectUndone("Colour 1", [&] { edit("rectColor", another(selected()->property("rectColor"))); });
-    expectUndone("Visibility", [&] { edit("visible", false); });
-    expectUndone("Top", [&] { edit("ypoint", 40); });
+    expectUndone("panel width", [&] { edit("panelWidth", 100); });
+    expectUndone("rows", [&] { edit("row", 3); });
+    expectUndone("colour 1", [&] { edit("rectColor", another(selected()->property("rectColor"))); });
+    expectUndone("visibility", [&] { edit("visible", false); });
+    expectUndone("top", [&] { edit("ypoint", 40); });
 }
 
 TEST_F(UndoEdits, TextsAndPathsComeBackWithWhatDrawingThemFilledIn)
@@ -132,35 +132,35 @@ TEST_F(UndoEdits, TextsAndPathsComeBackWithWhatDrawingThemFilledIn)
     edit("col", 0);
     selected()->setLabelFontSize(0);
     document.finishEdit("Setting");
-    expectUndone("Columns", [&] { edit("col", 3); });
+    expectUndone("columns", [&] { edit("col", 3); });
     EXPECT_EQ(selected()->labelFontSize(), 0);
     stack.redo();
     EXPECT_EQ(selected()->labelFontSize(), 40);
 
-    expectUndone("Panel labels", [&] { edit("drawLabels", true); });
+    expectUndone("panel labels", [&] { edit("drawLabels", true); });
     edit("drawFlowPath", true);
-    expectUndone("Pattern of the path", [&] { document.choosePattern(5); });
+    expectUndone("pattern of the path", [&] { document.choosePattern(5); });
     edit("screenFontEnable", true);
-    expectUndone("Name", [&] { edit("label", "Left"); });
+    expectUndone("name", [&] { edit("label", "Left"); });
 }
 
 TEST_F(UndoEdits, TheOutputSizeComesBack)
 {
-    expectUndone("Output width", [&] { document.setValue(640, "OutputWidth"); });
+    expectUndone("output width", [&] { document.setValue(640, "OutputWidth"); });
     EXPECT_EQ(document.OutputWidth(), 1920);
-    expectUndone("Output height", [&] { document.setValue(360, "OutputHeight"); });
+    expectUndone("output height", [&] { document.setValue(360, "OutputHeight"); });
     EXPECT_EQ(person.shownOutput.size(), QSize(1920, 1080));
 }
 
 TEST_F(UndoEdits, SwitchedOffPanelsComeBack)
 {
-    expectUndone("Toggle Panel", [&] {
+    expectUndone("toggle panel", [&] {
         selected()->onImageClick(5, 5);
-        document.finishEdit("Toggle Panel");
+        document.finishEdit("toggle panel");
     });
     for (const int x : {5, 200, 5}) {
         selected()->onImageClick(x, 5);
-        document.finishEdit("Toggle Panel");
+        document.finishEdit("toggle panel");
     }
     EXPECT_EQ(stack.count(), 3); // a step each
 }
@@ -172,11 +172,11 @@ TEST_F(UndoEdits, WhatTheAspectLockMadeOfAnEditIsUndoneWithIt)
     selected()->setPanelHeight(72);
     document.finishEdit("Setting");
 
-    expectUndone("Panel width", [&] { edit("panelWidth", 160); });
+    expectUndone("panel width", [&] { edit("panelWidth", 160); });
     EXPECT_EQ(selected()->panelHeight(), 72);
     stack.redo();
     EXPECT_EQ(selected()->panelHeight(), 90);
-    expectUndone("Panel height", [&] { edit("panelHeight", 45); });
+    expectUndone("panel height", [&] { edit("panelHeight", 45); });
     EXPECT_EQ(selected()->panelWidth(), 160);
 }
 
@@ -327,7 +327,7 @@ TEST_F(UndoEdits, ANameThatIsEmptyAndNoNameAreNotTheSame)
 
     edit("label", "");
     EXPECT_NE(archive(), before);
-    EXPECT_EQ(stack.undoText(), "Name");
+    EXPECT_EQ(stack.undoText(), "name");
     stack.undo();
 
     EXPECT_EQ(archive(), before);
@@ -351,7 +351,7 @@ TEST_F(UndoEdits, AnEditOfSeveralLayersIsOneStep)
     showLayers({"a", "b", "c"});
     document.arraycontroller().setSelectionIndexes({0, 2}, 2);
 
-    expectUndone("Panel width", [&] { document.setValueOfSelection(31, "arrangedObjects.panelWidth"); });
+    expectUndone("panel width", [&] { document.setValueOfSelection(31, "arrangedObjects.panelWidth"); });
     EXPECT_EQ(document.arraycontroller().layer(0)->panelWidth(), 7);
     stack.redo();
     EXPECT_EQ(document.arraycontroller().layer(0)->panelWidth(), 31);

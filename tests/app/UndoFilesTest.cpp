@@ -44,7 +44,7 @@ TEST_F(UndoFiles, OpeningAProjectIsUndoneToTheDocumentBeforeIt)
     document.AddScreen();
     const QSignalSpy paths(&document, &LWAppDelegate::projectPathDidChange);
 
-    expectUndone("Open Project", [&] { document.openProjectPre(sample()); });
+    expectUndone("open project", [&] { document.openProjectPre(sample()); });
 
     EXPECT_EQ(labels(), "Layer 0, Layer 1");
     EXPECT_EQ(document.OutputWidth(), 1920);
@@ -59,7 +59,7 @@ TEST_F(UndoFiles, ANewProjectIsUndoneAlike)
     document.AddScreen();
     saveAs("show");
 
-    expectUndone("New Project", [&] { document.newProject(); });
+    expectUndone("new project", [&] { document.newProject(); });
 
     EXPECT_EQ(document.projectPath(), folder.filePath("show.Orv"));
 }
@@ -147,7 +147,7 @@ TEST_F(UndoFiles, NamesThatAnExportGaveComeOffAgain)
     document.finishEdit("Setting");
     person.savePanelAnswer = folder.filePath("wall");
 
-    expectUndone("Layer Names", [&] { document.savePSD(); });
+    expectUndone("layer names", [&] { document.savePSD(); });
 
     EXPECT_TRUE(selected()->label().isNull());
 }

@@ -29,7 +29,7 @@ protected:
 
 TEST_F(UndoLists, AddedScreensGoAndComeAgain)
 {
-    expectUndone("Add Screen", [&] { document.AddScreen(); });
+    expectUndone("add screen", [&] { document.AddScreen(); });
     EXPECT_EQ(labels(), "Layer 0");
     stack.redo();
     EXPECT_EQ(labels(), "Layer 0, Layer 1");
@@ -39,7 +39,7 @@ TEST_F(UndoLists, AddedScreensGoAndComeAgain)
 TEST_F(UndoLists, AddedImagesGoAndComeAgain)
 {
     person.openPanelAnswer = pictureFile("plate.png", {31, 17}, Qt::blue);
-    expectUndone("Add Image", [&] { document.AddImage(); });
+    expectUndone("add image", [&] { document.AddImage(); });
 }
 
 TEST_F(UndoLists, RemovedLayersComeBackInTheirPlacesAndSelected)
@@ -48,18 +48,18 @@ TEST_F(UndoLists, RemovedLayersComeBackInTheirPlacesAndSelected)
     const std::vector<LayerPointer> before = document.allScreensArray();
 
     layers.setSelectionIndex(1);
-    expectUndone("Remove Layer", [&] { document.remove(); });
+    expectUndone("remove layer", [&] { document.remove(); });
     EXPECT_EQ(labels(), "a, b, c");
     EXPECT_EQ(layers.selectionIndexes(), std::vector<qsizetype>{1});
 
     layers.setSelectionIndexes({0, 2}, 2);
-    expectUndone("Remove Layer", [&] { document.remove(); });
+    expectUndone("remove layer", [&] { document.remove(); });
     EXPECT_EQ(labels(), "a, b, c");
     EXPECT_EQ(layers.selectionIndexes(), (std::vector<qsizetype>{0, 2}));
     EXPECT_EQ(layers.selectionIndex(), 2);
 
     layers.setSelectionIndexes({0, 1, 2});
-    expectUndone("Remove Layer", [&] { document.remove(); });
+    expectUndone("remove layer", [&] { document.remove(); });
     EXPECT_EQ(document.allScreensArray(), before); // the layers themselves
     stack.redo();
     EXPECT_TRUE(document.allScreensArray().empty());
@@ -71,7 +71,7 @@ TEST_F(UndoLists, DuplicatesGoAndTheirPlaceWithThem)
     showLists();
     layers.setSelectionIndex(1);
 
-    expectUndone("Duplicate Layer", [&] { document.copyLayer(); });
+    expectUndone("duplicate layer", [&] { document.copyLayer(); });
     EXPECT_EQ(labels(), "a, b, c");
     EXPECT_EQ(document.selectedRow(), 0);
     EXPECT_EQ(layers.selectionIndex(), 1);
@@ -83,9 +83,9 @@ TEST_F(UndoLists, DuplicatesGoAndTheirPlaceWithThem)
 TEST_F(UndoLists, RowsGoBackToWhereTheyWere)
 {
     showLists();
-    expectUndone("Move Layer", [&] { drag(layers, 0, layers, 3); });
+    expectUndone("move layer", [&] { drag(layers, 0, layers, 3); });
     EXPECT_EQ(labels(), "a, b, c");
-    expectUndone("Move Preset", [&] { drag(presets, 2, presets, 0); });
+    expectUndone("move preset", [&] { drag(presets, 2, presets, 0); });
     EXPECT_EQ(presetLabels(), "p, q, r");
 }
 
@@ -101,9 +101,9 @@ TEST_F(UndoLists, ARowThatStaysIsNoStep)
 TEST_F(UndoLists, PresetsAndLayersThatWereCopiedIntoTheOtherTableGo)
 {
     showLists();
-    expectUndone("Insert Preset", [&] { drag(presets, 1, layers, 0); });
+    expectUndone("insert preset", [&] { drag(presets, 1, layers, 0); });
     EXPECT_EQ(labels(), "a, b, c");
-    expectUndone("Store Preset", [&] { drag(layers, 1, presets, 0); });
+    expectUndone("store preset", [&] { drag(layers, 1, presets, 0); });
     EXPECT_EQ(presetLabels(), "p, q, r");
 }
 
@@ -128,7 +128,7 @@ TEST_F(UndoLists, ADropUndoneAtOnceStaysUndoneWhenItsRedrawsCome)
 TEST_F(UndoLists, AnInsertedPresetGoes)
 {
     showLists();
-    expectUndone("Insert Preset", [&] { document.insertPreset(2); });
+    expectUndone("insert preset", [&] { document.insertPreset(2); });
 }
 
 TEST_F(UndoLists, RemovedPresetsComeBackSelected)
@@ -136,7 +136,7 @@ TEST_F(UndoLists, RemovedPresetsComeBackSelected)
     showLists();
     presets.setSelectionIndexes({1, 2}, 2);
 
-    expectUndone("Remove Preset", [&] { document.removePreset(); });
+    expectUndone("remove preset", [&] { document.removePreset(); });
 
     EXPECT_EQ(presetLabels(), "p, q, r");
     EXPECT_EQ(presets.selectionIndexes(), (std::vector<qsizetype>{1, 2}));
@@ -145,7 +145,7 @@ TEST_F(UndoLists, RemovedPresetsComeBackSelected)
 TEST_F(UndoLists, APresetsNameComesBack)
 {
     showLists();
-    expectUndone("Preset Name", [&] { presets.setValue("Renamed", "arrangedObjects.label"); });
+    expectUndone("preset name", [&] { presets.setValue("Renamed", "arrangedObjects.label"); });
 }
 
 TEST_F(UndoLists, OpenedPresetsMakeRoomForTheFormerOnes)
@@ -155,7 +155,7 @@ TEST_F(UndoLists, OpenedPresetsMakeRoomForTheFormerOnes)
     document.savePresets();
     showPresets({"x", "y"});
 
-    expectUndone("Open Presets", [&] { document.openPresets(); });
+    expectUndone("open presets", [&] { document.openPresets(); });
     EXPECT_EQ(presetLabels(), "x, y");
 }
 

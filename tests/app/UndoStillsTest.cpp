@@ -12,7 +12,7 @@ protected:
         person.openPanelAnswer = pictureFile("plate.png", {31, 17}, Qt::blue);
         document.AddImage();
         document.arraycontroller().moveObjectAtArrangedObjectIndex(1, 0);
-        document.finishEdit("Move Layer");
+        document.finishEdit("move layer");
     }
 };
 } // namespace
@@ -27,10 +27,10 @@ TEST_F(UndoStills, AStillMovesAndGrowsBackWithItsMarker)
     const auto move = [&] { // as the marker does, with both sides in one step
         selected()->setXpoint(300);
         selected()->setYpoint(200);
-        document.finishEdit("Move Layer");
+        document.finishEdit("move layer");
     };
 
-    expectUndone("Move Layer", move);
+    expectUndone("move layer", move);
     EXPECT_EQ(markerNow(), marker);
     expectUndone("Resize Layer", [&] {
         selected()->setPanelWidth(400);
@@ -64,7 +64,7 @@ TEST_F(UndoStills, AnotherPictureOfAStillIsChosenWithoutMovingIt)
     document.finishEdit("Resize Layer");
     person.openPanelAnswer = pictureFile("other.png", {50, 50}, Qt::green);
 
-    expectUndone("Choose Picture", [&] { document.choosePicture(); });
+    expectUndone("choose picture", [&] { document.choosePicture(); });
     EXPECT_EQ(outputPixel(61, 16), 0xff0000ffU);
     stack.redo();
     EXPECT_EQ(outputPixel(61, 16), 0xff00ff00U);

@@ -48,7 +48,7 @@ TEST_F(UndoTrial, TypingThatHasEndedIsNotTakenBack)
 
 TEST_F(UndoTrial, WhatIsTriedAndKeptIsOneStep)
 {
-    expectUndone("Colour 1", [&] {
+    expectUndone("colour 1", [&] {
         document.beginTrial();
         tryColour({0, 1, 0, 1});
         waitForRedraws();
@@ -75,9 +75,9 @@ TEST_F(UndoTrial, WhatIsTriedAndDroppedLeavesStepsAndSignalsAsTheyWere)
 
     expectLook(before);
     EXPECT_EQ(indexes.size(), 0);
-    EXPECT_EQ(stack.redoText(), "Add Screen");
+    EXPECT_EQ(stack.redoText(), "add screen");
     tryColour({0, 1, 0, 1}); // is a step again
-    EXPECT_EQ(stack.undoText(), "Colour 1");
+    EXPECT_EQ(stack.undoText(), "colour 1");
 }
 
 TEST_F(UndoTrial, ATrialWithoutAChangeIsNoStep)

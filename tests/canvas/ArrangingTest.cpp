@@ -90,7 +90,7 @@ TEST_F(ArrangingTest, AllSelectedLayersGoByThePointersWay)
     drag.track({1, 2}, std::nullopt);
     EXPECT_EQ(document.calls.size(), 2);
     drag.finish();
-    EXPECT_EQ(document.calls.last(), "finishEdit Move Layer");
+    EXPECT_EQ(document.calls.last(), "finishEdit move layer");
 }
 
 TEST_F(ArrangingTest, ADragThatComesBackIsNoEdit)

@@ -54,7 +54,7 @@ TEST_F(JXSelectionBorderTracking, WithAFactorOfThreeTenRightAndFiveDownAreThirty
 
     EXPECT_EQ(place(), QPoint(130, 65));
     EXPECT_EQ(size(), QSize(400, 200));
-    EXPECT_EQ(document.calls, QStringList("finishEdit Move Image"));
+    EXPECT_EQ(document.calls, QStringList("finishEdit move image"));
 }
 
 TEST_F(JXSelectionBorderTracking, TheStillMovesOnceAtTheRelease)
@@ -128,7 +128,7 @@ TEST_F(JXSelectionBorderTracking, AHandleResizesTheStillByTheViewsScale)
 
     EXPECT_EQ(size(), QSize(600, 301)); // 300.4 and 150.8 at half the output's size
     EXPECT_EQ(place(), QPoint(100, 50));
-    EXPECT_EQ(document.calls, QStringList("finishEdit Resize Image"));
+    EXPECT_EQ(document.calls, QStringList("finishEdit resize image"));
 }
 
 TEST_F(JXSelectionBorderTracking, TheSizeComesLaterThanTheRelease)

@@ -106,7 +106,7 @@ TEST_F(LWCanvasImageViewArrange, ThePressDecidesWhichToolTheDragHas)
     EXPECT_EQ(placeOf(0), QPoint(360, 300));
     release({130, 110});
     EXPECT_EQ(view.tool(), Tool::Panels);
-    EXPECT_EQ(document.calls.last(), "finishEdit Move Layer");
+    EXPECT_EQ(document.calls.last(), "finishEdit move layer");
 
     press({130, 110});
     QTest::keyPress(&view, Qt::Key_Alt);
@@ -126,7 +126,7 @@ TEST_F(LWCanvasImageViewArrange, ADragMovesTheLayerUnderThePointerByItsOutputPix
     EXPECT_EQ(QPoint(still.xpoint(), still.ypoint()), QPoint(270 + 120, 270 + 123));
     EXPECT_EQ(placeOf(0), QPoint(300, 300));
     EXPECT_EQ(document.selection, std::vector{layer(1)});
-    EXPECT_EQ(document.calls.filter("finishEdit"), QStringList("finishEdit Move Layer"));
+    EXPECT_EQ(document.calls.filter("finishEdit"), QStringList("finishEdit move layer"));
 }
 
 TEST_F(LWCanvasImageViewArrange, EveryMoveIsLive)

@@ -37,7 +37,7 @@ TEST_F(LWCanvasImageViewMarker, ThePressUpdatesFirstAndTheReleaseLater)
     release({160, 105});
     EXPECT_EQ(document.calls, QStringList("update"));
     settle();
-    EXPECT_EQ(document.calls, QStringList({"update", "finishEdit Move Image"}));
+    EXPECT_EQ(document.calls, QStringList({"update", "finishEdit move image"}));
 }
 
 TEST_F(LWCanvasImageViewMarker, TheMarkerIsTakenHoldOfWhereTheUpdateHasPutIt)
@@ -74,7 +74,7 @@ TEST_F(LWCanvasImageViewMarker, AHandleResizesTheStill)
     EXPECT_EQ(still.panelWidth(), static_cast<int>((400 - before.x()) / 0.33472803));
     EXPECT_EQ(still.panelHeight(), static_cast<int>((250 - before.y()) / 0.33472803));
     EXPECT_EQ(QPoint(still.xpoint(), still.ypoint()), QPoint(300, 200));
-    EXPECT_EQ(document.calls.last(), "finishEdit Resize Image");
+    EXPECT_EQ(document.calls.last(), "finishEdit resize image");
     // The marker stands round what the still has become.
     EXPECT_NEAR(view.cropMarker().selectedRect().width(), still.panelWidth() * 0.33472803, 1e-3);
 }

@@ -35,7 +35,7 @@ TEST_F(LWCanvasImageViewPanels, ADragGivesAllPanelsTheStateOfTheFirst)
     EXPECT_EQ(edits(), QStringList());
     release(panel(1, 2));
     EXPECT_EQ(off(), QStringList({"1,2", "4,7", "1,1", "1,3", "2,3", "2,2"}));
-    EXPECT_EQ(edits(), QStringList("finishEdit Switch Panels"));
+    EXPECT_EQ(edits(), QStringList("finishEdit switch panels"));
 
     press(panel(1, 3));
     moveTo(panel(1, 0)); // over a panel that is on
@@ -68,7 +68,7 @@ TEST_F(LWCanvasImageViewPanels, WithShiftItIsARectangle)
     EXPECT_TRUE(off().contains("3,7"));
     EXPECT_FALSE(off().contains("1,2"));
     release(panel(2, 3), Qt::LeftButton, Qt::ShiftModifier);
-    EXPECT_EQ(edits(), QStringList("finishEdit Switch Panels"));
+    EXPECT_EQ(edits(), QStringList("finishEdit switch panels"));
 }
 
 TEST_F(LWCanvasImageViewPanels, ShiftCountsFromWhenItIsPressedUntilItIsReleased)
@@ -102,7 +102,7 @@ TEST_F(LWCanvasImageViewPanels, AClickThatShakesOverAnEdgeSwitchesOne)
     moveTo({44, 20});
     release({44, 20});
     EXPECT_EQ(off(), QStringList("0,0"));
-    EXPECT_EQ(edits(), QStringList("finishEdit Switch Panel"));
+    EXPECT_EQ(edits(), QStringList("finishEdit switch panel"));
 }
 
 TEST_F(LWCanvasImageViewPanels, ALostReleaseKeepsWhatWasPainted)
@@ -112,7 +112,7 @@ TEST_F(LWCanvasImageViewPanels, ALostReleaseKeepsWhatWasPainted)
     moveTo(panel(1, 5), Qt::NoButton);
     moveTo(panel(2, 5), Qt::NoButton);
     EXPECT_EQ(off(), QStringList({"1,1", "1,2"}));
-    EXPECT_EQ(edits(), QStringList("finishEdit Switch Panels"));
+    EXPECT_EQ(edits(), QStringList("finishEdit switch panels"));
 }
 
 TEST_F(LWCanvasImageViewPanels, AWallOfPanelsWithoutASizeIsOnlyClicked)
@@ -140,7 +140,7 @@ TEST_F(LWCanvasImageViewPanels, ArrowsLeadACursorOverThePanelsAndEnterSwitches)
     QTest::keyClick(&view, Qt::Key_Left); // no further
     QTest::keyClick(&view, Qt::Key_Enter);
     EXPECT_EQ(off(), QStringList({"4,1", "3,0"}));
-    EXPECT_EQ(edits(), QStringList({"finishEdit Switch Panel", "finishEdit Switch Panel"}));
+    EXPECT_EQ(edits(), QStringList({"finishEdit switch panel", "finishEdit switch panel"}));
     EXPECT_EQ(document.calls.filter("nudge"), QStringList());
 }
 

@@ -74,7 +74,7 @@ TEST_F(LWCanvasImageViewTest, AClickSwitchesThePanelUnderIt)
     EXPECT_EQ(screen.hiddenBoxes(), QStringList());
     QTest::mouseClick(&view, Qt::LeftButton, {}, at(86, 85));
     EXPECT_EQ(screen.hiddenBoxes(), QStringList("1,2"));
-    EXPECT_EQ(document.calls.count("finishEdit Switch Panel"), 3);
+    EXPECT_EQ(document.calls.count("finishEdit switch panel"), 3);
 }
 
 TEST_F(LWCanvasImageViewTest, ADoubleClickSwitchesThePanelBack)

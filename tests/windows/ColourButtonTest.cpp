@@ -40,7 +40,7 @@ TEST_F(ColourButtonTest, ColoursAreSeenWhileThePopoverIsOpenAndChosenAsOneStep)
     EXPECT_EQ(seen, (std::vector<Colour>{Colour{1, 0, 0, 1}, blue}));
     EXPECT_EQ(shown()->rectColor(), OptionalColour(blue));
     EXPECT_EQ(stack().index(), steps + 1);
-    EXPECT_EQ(undoText(), "Colour 1");
+    EXPECT_EQ(undoText(), "colour 1");
     undo();
     EXPECT_EQ(archive(), before);
 }
@@ -58,7 +58,7 @@ TEST_F(ColourButtonTest, CancellingLeavesTheDocumentAndItsHistoryAsTheyWere)
     EXPECT_EQ(archive(), before);
     EXPECT_EQ(stack().index(), steps);
     EXPECT_EQ(stack().isClean(), wasClean);
-    EXPECT_EQ(stack().redoText(), "Add Screen");
+    EXPECT_EQ(stack().redoText(), "add screen");
 }
 
 TEST_F(ColourButtonTest, CancellingGivesEachOfSeveralLayersItsOwnColourBack)

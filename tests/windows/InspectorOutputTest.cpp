@@ -23,7 +23,7 @@ TEST_F(InspectorOutputTest, TheOutputHasItsSizeAndColours)
 {
     type(control<NumberField>("Height"), "720");
     EXPECT_EQ(window.document().OutputHeight(), 720);
-    EXPECT_EQ(undoText(), "Output height");
+    EXPECT_EQ(undoText(), "output height");
     chooseFrom("Usual sizes of the output", "3,840 × 2,160");
     EXPECT_EQ(window.document().OutputWidth(), 3840);
     EXPECT_EQ(window.document().OutputHeight(), 2160);

@@ -90,7 +90,7 @@ TEST_F(InspectorSelectionTest, APatternIsChosenForAllWallsAsOneStepPerChoice)
     EXPECT_EQ(list().layer(0)->pattern(), 2);
     EXPECT_EQ(list().layer(1)->pattern(), 2);
     EXPECT_EQ(window.document().undoStack().index(), steps + 2);
-    EXPECT_EQ(undoText(), "Pattern of the path");
+    EXPECT_EQ(undoText(), "pattern of the path");
     undo();
     EXPECT_EQ(list().layer(0)->pattern(), 5);
     EXPECT_EQ(list().layer(1)->pattern(), 5);
@@ -245,7 +245,7 @@ TEST_F(InspectorSelectionTest, AllPanelsOfAllWallsAreSwitchedOnAsOneStep)
     ASSERT_EQ(summary("Wall"), "2 walls, 41 panels, 2 off");
     click(inspector(), "Switch all panels on");
     EXPECT_EQ(summary("Wall"), "2 walls, 41 panels");
-    EXPECT_EQ(undoText(), "Switch All Panels On");
+    EXPECT_EQ(undoText(), "switch all panels on");
     undo();
     EXPECT_EQ(summary("Wall"), "2 walls, 41 panels, 2 off");
 }

@@ -42,7 +42,7 @@ TEST_F(InspectorStillTest, AMissingPictureIsToldAndChosenAgain)
     EXPECT_EQ(shown()->thumbnail().size(), QSize(20, 10));
     EXPECT_EQ(shown()->panelWidth(), 40);
     EXPECT_EQ(summary("Picture"), "20 × 10 px, shown at 200 %");
-    EXPECT_EQ(undoText(), "Choose Picture");
+    EXPECT_EQ(undoText(), "choose picture");
 }
 
 TEST_F(InspectorStillTest, EveryNumberIsTypedArchivedAndUndone)

@@ -27,19 +27,19 @@ struct NumberCase
 TEST_F(InspectorTest, EveryNumberIsTypedArchivedAndUndone)
 {
     constexpr NumberCase cases[] = {
-        {"Columns", "col", 3, "Columns"},
-        {"Rows", "row", 4, "Rows"},
-        {"Panel width", "panelWidth", 96, "Panel width"},
-        {"Panel height", "panelHeight", 72, "Panel height"},
-        {"Left", "xpoint", -40, "Left"},
-        {"Top", "ypoint", 55, "Top"},
-        {"Frame, width", "boarderWidth", 7, "Frame, width"},
-        {"Circle and diagonals, width", "circleBWidth", 9, "Circle and diagonals, width"},
-        {"Corner coordinates, size", "XYFontSize", 33, "Corner coordinates, size"},
-        {"Name and size at the centre, size", "screenFontSize", 44, "Name and size at the centre, size"},
-        {"Panel labels, size", "labelFontSize", 21, "Panel labels, size"},
-        {"Pixels per port", "pixelLimit", 500000, "Pixels per port"},
-        {"Watts per panel", "powerOnCell", 250, "Watts per panel"},
+        {"Columns", "col", 3, "columns"},
+        {"Rows", "row", 4, "rows"},
+        {"Panel width", "panelWidth", 96, "panel width"},
+        {"Panel height", "panelHeight", 72, "panel height"},
+        {"Left", "xpoint", -40, "left"},
+        {"Top", "ypoint", 55, "top"},
+        {"Frame, width", "boarderWidth", 7, "frame, width"},
+        {"Circle and diagonals, width", "circleBWidth", 9, "circle and diagonals, width"},
+        {"Corner coordinates, size", "XYFontSize", 33, "corner coordinates, size"},
+        {"Name and size at the centre, size", "screenFontSize", 44, "name and size at the centre, size"},
+        {"Panel labels, size", "labelFontSize", 21, "panel labels, size"},
+        {"Pixels per port", "pixelLimit", 500000, "pixels per port"},
+        {"Watts per panel", "powerOnCell", 250, "watts per panel"},
     };
     for (const NumberCase &each : cases) {
         SCOPED_TRACE(each.name);
@@ -118,7 +118,7 @@ TEST_F(InspectorTest, ANameIsTyped)
     field.selectAll();
     QTest::keyClicks(&field, "Stage left");
     EXPECT_EQ(shown()->label(), "Stage left");
-    EXPECT_EQ(undoText(), "Name");
+    EXPECT_EQ(undoText(), "name");
     undo();
     EXPECT_EQ(field.text(), "Layer 0");
 }
@@ -129,7 +129,7 @@ TEST_F(InspectorTest, APatternIsChosenByItsPicture)
     sixth.click();
     EXPECT_EQ(shown()->pattern(), 5);
     EXPECT_TRUE(sixth.isChecked());
-    EXPECT_EQ(undoText(), "Pattern of the path");
+    EXPECT_EQ(undoText(), "pattern of the path");
     sixth.click(); // stays
     EXPECT_TRUE(sixth.isChecked());
     undo();
@@ -232,7 +232,7 @@ TEST_F(InspectorTest, TheCurrentIsDrawnByAClickAndKeptWithTheLayer)
     window.document().timerupdate();
     EXPECT_TRUE(window.document().offscreenRep() != without);
     EXPECT_TRUE(ProjectFile::decode(archive(), window.document())->layers.front()->showCurrent());
-    EXPECT_EQ(undoText(), "Current");
+    EXPECT_EQ(undoText(), "current");
     undo();
     EXPECT_FALSE(shown()->showCurrent());
     EXPECT_EQ(shown()->sfColor(), std::nullopt);
@@ -309,7 +309,7 @@ TEST_F(InspectorTest, SummariesTellPanelsPortsAndCurrent)
     EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px, 1 off");
     click(inspector(), "Switch all panels on");
     EXPECT_EQ(summary("Wall"), "8 × 5 panels, 1,024 × 640 px");
-    EXPECT_EQ(undoText(), "Switch All Panels On");
+    EXPECT_EQ(undoText(), "switch all panels on");
 
     EXPECT_EQ(summary("Ports"), "1 port, 655,360 px");
     window.document().setValue(300'000, "arrangedObjects.pixelLimit"); // two rows of 131,072
@@ -370,7 +370,7 @@ TEST_F(InspectorTest, ColoursAreExchanged)
     click(inspector(), "Exchange");
     EXPECT_EQ(shown()->rectColor(), second);
     EXPECT_EQ(shown()->rectColor2(), first);
-    EXPECT_EQ(undoText(), "Exchange Colours");
+    EXPECT_EQ(undoText(), "exchange colours");
     undo();
     EXPECT_EQ(archive(), before);
 }

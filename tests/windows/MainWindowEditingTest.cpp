@@ -51,7 +51,7 @@ TEST_F(MainWindowEditingTest, AClickOnAPanelSwitchesItOffAndIsOneStep)
 {
     QTest::mouseClick(&canvas(), Qt::LeftButton, {}, onCanvas(2.5 * 128, 1.5 * 128));
     EXPECT_EQ(panelsOff(), QStringList("1,2"));
-    EXPECT_EQ(undoText(), "Switch Panel");
+    EXPECT_EQ(undoText(), "switch panel");
     QTest::mouseClick(&canvas(), Qt::LeftButton, {}, onCanvas(7.5 * 128, 4.5 * 128));
     EXPECT_EQ(panelsOff(), QStringList({"1,2", "4,7"}));
     press(Qt::Key_Z, Qt::ControlModifier, {});
@@ -79,7 +79,7 @@ TEST_F(MainWindowEditingTest, ADragOverPanelsIsOneStepAndWithEscapeNone)
     dragOverPanels();
     QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, onCanvas(320, 64));
     EXPECT_EQ(window.document().undoStack().count(), 1);
-    EXPECT_EQ(undoText(), "Switch Panels");
+    EXPECT_EQ(undoText(), "switch panels");
     press(Qt::Key_Z, Qt::ControlModifier, {});
     EXPECT_EQ(panelsOff(), QStringList());
 }
@@ -133,7 +133,7 @@ TEST_F(MainWindowEditingTest, AStillIsMovedByItsMarkerWithTheMouse)
     QApplication::processEvents();
     EXPECT_GT(selected()->xpoint(), 50);
     EXPECT_GT(selected()->ypoint(), 20);
-    EXPECT_EQ(undoText(), "Move Image");
+    EXPECT_EQ(undoText(), "move image");
     press(Qt::Key_Z, Qt::ControlModifier, {});
     EXPECT_EQ(selected()->xpoint(), 0);
     EXPECT_EQ(selected()->ypoint(), 0);
@@ -187,7 +187,7 @@ TEST_F(MainWindowEditingTest, KeysCopyCutPasteAndHide)
     EXPECT_EQ(list().rowCount(), 1);
     press(Qt::Key_H, Qt::NoModifier, {});
     EXPECT_FALSE(selected()->visible());
-    EXPECT_EQ(undoText(), "Visibility");
+    EXPECT_EQ(undoText(), "visibility");
 }
 
 TEST_F(MainWindowEditingTest, ALayerIsRenamedInTheTable)
@@ -198,14 +198,14 @@ TEST_F(MainWindowEditingTest, ALayerIsRenamedInTheTable)
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     QApplication::processEvents();
     EXPECT_EQ(selected()->label(), "Upstage");
-    EXPECT_EQ(undoText(), "Name");
+    EXPECT_EQ(undoText(), "name");
 }
 
 TEST_F(MainWindowEditingTest, DroppedFilesOpenOrBecomeStills)
 {
     drop({picture("a.png", {40, 30}), picture("b.png", {50, 20})});
     EXPECT_EQ(list().rowCount(), 3);
-    EXPECT_EQ(undoText(), "Add Image");
+    EXPECT_EQ(undoText(), "add image");
     drop({greenProject("show.Orv")});
     EXPECT_EQ(title(), "show.Orv — Wallwright");
     EXPECT_EQ(list().rowCount(), 1);

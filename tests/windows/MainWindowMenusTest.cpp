@@ -223,7 +223,7 @@ TEST_F(MainWindowMenusTest, LayersAndPresetsChangeTheirOrderByKeys)
     EXPECT_EQ(names(list()), "Layer 2, Layer 1, Layer 0");
     press(Qt::Key_Up, Qt::ControlModifier, {}); // no further
     EXPECT_EQ(window.document().undoStack().index(), steps + 1);
-    EXPECT_EQ(window.document().undoStack().undoText(), "Move Layer");
+    EXPECT_EQ(window.document().undoStack().undoText(), "move layer");
     press(Qt::Key_Down, Qt::ControlModifier, {});
     EXPECT_EQ(names(list()), "Layer 0, Layer 2, Layer 1");
     EXPECT_EQ(list().selectionIndexes(), (std::vector<qsizetype>{1, 2}));

@@ -438,5 +438,5 @@ TEST_F(NumberFieldTest, AWrongEntryTakesBackNothingThatWasDoneBeforeIt)
     press(Qt::Key_Tab);
     EXPECT_EQ(shown()->col(), 8);
     EXPECT_EQ(shown()->xpoint(), 1);
-    EXPECT_EQ(undoText(), "Move Layer");
+    EXPECT_EQ(undoText(), "move layer");
 }

@@ -125,7 +125,7 @@ TEST_F(PresetPanelTest, EnterAddsTheChosenPresetAboveTheSelectedLayer)
     EXPECT_EQ(layers.selectionIndex(), 0);
     EXPECT_NE(layers.layer(0), presets().layer(3));
     EXPECT_EQ(presets().rowCount(), 31);
-    EXPECT_EQ(window.document().undoStack().undoText(), "Insert Preset");
+    EXPECT_EQ(window.document().undoStack().undoText(), "insert preset");
 }
 
 TEST_F(PresetPanelTest, EnterInTheSearchAddsTheFirstThatItFinds)
@@ -234,7 +234,7 @@ TEST_F(PresetPanelTest, TheBuiltInPresetsComeBackFromTheMenuAndNothingIsUnsaved)
     choose("Reset to the built-in presets", {});
     EXPECT_EQ(presets().rowCount(), 31);
     EXPECT_FALSE(window.isWindowModified());
-    EXPECT_EQ(window.document().undoStack().undoText(), "Reset Presets");
+    EXPECT_EQ(window.document().undoStack().undoText(), "reset presets");
 }
 
 TEST_F(PresetPanelTest, ThePresetsAreThereInTheNextWindow)
