@@ -1,6 +1,7 @@
 #include "app/windows/InspectorForm.h"
 
 #include "app/windows/ColourButton.h"
+#include "app/windows/FaultLine.h"
 #include "app/windows/NumberField.h"
 #include "app/windows/SummaryLine.h"
 #include "app/windows/TextColour.h"
@@ -32,7 +33,7 @@ QString propertyOfCaption(int number)
 
 InspectorForm::InspectorForm(QVBoxLayout &column, Edit edit) : m_column(column), m_edit(std::move(edit)) {}
 
-void InspectorForm::beginGroup(const QString &title, Kinds kinds)
+const QWidget &InspectorForm::beginGroup(const QString &title, Kinds kinds)
 {
     Group group{title, kinds, nullptr, new QWidget, nullptr};
     group.grid = new QGridLayout(group.body);
@@ -46,6 +47,7 @@ void InspectorForm::beginGroup(const QString &title, Kinds kinds)
         m_column.addWidget(group.head = headOf(title, group.body));
     m_column.addWidget(group.body);
     m_groups.push_back(group);
+    return group.head ? *group.head : *group.body;
 }
 
 QToolButton *InspectorForm::headOf(const QString &title, QWidget *body)
@@ -84,25 +86,15 @@ void InspectorForm::addRow(const Caption &caption, QWidget *control)
     grid.addWidget(label, row, 0);
     grid.addWidget(control, row, 1);
     m_rows.push_back({caption, label, control});
-    const auto *only = qobject_cast<const NumberField *>(control);
-    if (const NumberField *field = only ? only : control->findChild<const NumberField *>())
+    auto *only = qobject_cast<NumberField *>(control);
+    if (NumberField *field = only ? only : control->findChild<NumberField *>())
         addFaultLine(*field);
 }
 
-/// What is wrong with the entry in a field, below its row.
-void InspectorForm::addFaultLine(const NumberField &field)
+void InspectorForm::addFaultLine(NumberField &field)
 {
-    auto *line = new QLabel;
-    line->setTextFormat(Qt::PlainText);
-    line->setWordWrap(true);
-    line->setFont(Theme::smallFont());
-    line->hide();
-    QGridLayout &grid = *m_groups.back().grid;
-    grid.addWidget(line, grid.rowCount(), 0, 1, 2);
-    QObject::connect(&field, &NumberField::faultDidChange, line, [line](const QString &sentence) {
-        line->setText(sentence);
-        line->setVisible(!sentence.isEmpty());
-    });
+    auto *line = new FaultLine(field, *m_column.parentWidget());
+    QObject::connect(&field, &NumberField::faultDidChange, line, &FaultLine::show);
 }
 
 QWidget *InspectorForm::number(const Caption &caption, const QString &property, const Range &range)

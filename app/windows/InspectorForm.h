@@ -52,12 +52,12 @@ public:
         const QString &inFull() const { return name.isEmpty() ? text : name; }
     };
 
-    /// Rows go into `column`, which outlives this.
+    /// Rows go into `column`, which outlives this and is that of a widget.
     InspectorForm(QVBoxLayout &column, Edit edit);
 
     /// Later rows belong to a group of this title, shown where these kinds are selected. Empty: a group without a
-    /// title.
-    void beginGroup(const QString &title, Kinds kinds);
+    /// title. Returns what stands at its top.
+    const QWidget &beginGroup(const QString &title, Kinds kinds);
 
     void addNumber(const Caption &caption, const QString &property, const Range &range);
     /// A number with a button that offers common values for it.
@@ -114,7 +114,7 @@ private:
     QWidget *colour(const QString &name, const QString &property);
     QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour);
     void addRow(const Caption &caption, QWidget *control);
-    void addFaultLine(const NumberField &field);
+    void addFaultLine(NumberField &field);
     static void showRow(const Row &row, const Layer &layer);
 
     QVBoxLayout &m_column;

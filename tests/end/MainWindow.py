@@ -85,7 +85,6 @@ def type_size(desktop, columns, rows):
     desktop.click(*COLUMNS_FIELD)
     desktop.key("ctrl+a")
     desktop.type(f"{columns - 1}+1")
-    desktop.wait_for_rest()  # what is wrong with a sum that has no end yet stands between the fields until it has one
     desktop.click(*ROWS_FIELD)
     desktop.key("ctrl+a")
     desktop.type(rows)

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 
@@ -56,14 +57,14 @@ protected:
     }
     int columns(qsizetype layer) { return list().layer(layer)->col(); }
 
-    /// The line below the field; empty: there is none.
-    QString fault(const QString &sentence)
+    /// The line beside the field; null: there is none.
+    QLabel *faultLine(const QString &sentence)
     {
-        for (const QLabel *label : inspector().findChildren<QLabel *>()) {
+        for (QLabel *label : inspector().findChildren<QLabel *>()) {
             if (label->isVisibleTo(&inspector()) && label->text() == sentence)
-                return label->text();
+                return label;
         }
-        return {};
+        return nullptr;
     }
     /// The colour of the frame, in the middle of its left edge.
     static QColor frame(QWidget &field) { return field.grab().toImage().pixelColor(0, field.height() / 2); }
@@ -217,12 +218,47 @@ TEST_F(NumberFieldTest, WhatIsWrongIsFramedAndToldBelowTheFieldWhileItIsTyped)
         enter(field, text);
         EXPECT_EQ(field.text(), text); // nothing is swallowed
         EXPECT_EQ(frame(field), Theme::danger) << text;
-        EXPECT_EQ(fault(sentence), sentence);
+        EXPECT_NE(faultLine(sentence), nullptr);
         EXPECT_EQ(field.accessibleDescription(), sentence);
         enter(field, "8");
         EXPECT_EQ(frame(field), Theme::accent) << text;
-        EXPECT_EQ(fault(sentence), QString());
+        EXPECT_EQ(faultLine(sentence), nullptr);
     }
+}
+
+TEST_F(NumberFieldTest, TheNextFieldStaysUnderTheClickWhileAnEntryIsWrong)
+{
+    NumberField &rows = number("Rows");
+    enter(number("Columns"), "9+");
+    QApplication::processEvents(); // lays out
+    const QRect next(rows.mapTo(&window, QPoint(0, 0)), rows.size());
+    const QLabel *line = faultLine("The sum is not finished; type on.");
+    ASSERT_NE(line, nullptr);
+    EXPECT_TRUE(QRect(line->mapTo(&window, QPoint(0, 0)), line->size()).intersects(next));
+    type(number("Columns"), "9");
+    QApplication::processEvents();
+    EXPECT_EQ(rows.mapTo(&window, QPoint(0, 0)), next.topLeft());
+
+    enter(number("Columns"), "9+");
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, next.center());
+    EXPECT_TRUE(rows.hasFocus());
+    EXPECT_EQ(faultLine("The sum is not finished; type on."), nullptr);
+}
+
+TEST_F(NumberFieldTest, WhatIsWrongIsSaidAboveTheFieldWhereNobodyWouldSeeItBelow)
+{
+    NumberField &field = number("Watts per panel");
+    clickInto(field);
+    QScrollBar &bar = *inspector().verticalScrollBar();
+    resizeTo({1280, 500});
+    bar.setValue(field.mapTo(inspector().widget(), QPoint(0, field.height())).y() - inspector().viewport()->height());
+    press(Qt::Key_A, Qt::ControlModifier);
+    typeKeys("4*");
+    const QLabel *line = faultLine("The sum is not finished; type on.");
+    ASSERT_NE(line, nullptr);
+    EXPECT_LT(line->geometry().bottom(), field.mapTo(inspector().widget(), QPoint(0, 0)).y());
+    EXPECT_TRUE(inspector().viewport()->rect().contains(
+        QRect(line->mapTo(inspector().viewport(), QPoint(0, 0)), line->size())));
 }
 
 TEST_F(NumberFieldTest, WhatIsWrongAsItStandsChangesNothing)
