@@ -106,6 +106,8 @@ signals:
     void readOutDidChange(const CanvasReadOut &readOut);
     /// Place or size of the output has.
     void frameDidChange();
+    /// A tool was pressed on a layer, or beside all of them.
+    void pressed(bool isOnLayer);
     /// Another one is in effect.
     void toolDidChange(LWCanvasImageView::Tool tool);
     /// Someone wants the menu of the selected layers, at this place on the screen.
@@ -162,6 +164,7 @@ private:
     void cancelDrag();
     void lockAspect(const Layer &layer);
     bool isOn(const Layer &layer, const QPointF &widgetPoint) const;
+    bool isOnLayer(const QPointF &widgetPoint) const;
     void selectLayerAt(const QPointF &widgetPoint);
     bool takesShortcut(const QKeyEvent &event) const;
     bool goByKey(const QKeyEvent &event);

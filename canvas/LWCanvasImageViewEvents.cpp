@@ -109,6 +109,14 @@ bool LWCanvasImageView::isOn(const Layer &layer, const QPointF &widgetPoint) con
     return (isStill(layer) && isOnMarker) || PixelBox::of(layer).contains(outputPixel(widgetPoint));
 }
 
+/// Without a frame nothing is beside it.
+bool LWCanvasImageView::isOnLayer(const QPointF &widgetPoint) const
+{
+    const LayerPointer selected = m_document.selectedLayer();
+    const bool goesToSelected = m_tool == Tool::Panels && selected && isOn(*selected, widgetPoint);
+    return m_frame.place().isEmpty() || goesToSelected || layerUnderPointer();
+}
+
 void LWCanvasImageView::selectLayerAt(const QPointF &widgetPoint)
 {
     const LayerPointer layer = Arranging::layerAt(m_document, outputPixel(widgetPoint));
@@ -167,10 +175,12 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
         m_panButton = event->button();
     } else if (isLeft) {
         m_isPressed = true;
+        const bool isOnAny = isOnLayer(place);
         if (m_tool == Tool::Arrange)
             beginArranging(place, event->modifiers());
         else
             mouseDown(place);
+        emit pressed(isOnAny);
     }
     showPointer();
 }

@@ -143,6 +143,7 @@ void Inspector::follow()
 {
     LayerList &list = m_document.arraycontroller();
     connect(&list, &LayerList::selectionIndexesDidChange, this, &Inspector::refresh);
+    connect(&list, &LayerList::selectionIndexesDidChange, this, [this] { showOutputFirst(false); });
     connect(&list, &LayerList::selectionIndexDidChange, this, &Inspector::refresh);
     connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
     connect(&list, &LayerList::modelReset, this, &Inspector::refresh);
@@ -262,7 +263,7 @@ void Inspector::addStillGroup()
 
 void Inspector::addOutputGroup()
 {
-    m_form->beginGroup("Output", InspectorForm::Always);
+    m_output = &m_form->beginGroup("Output", InspectorForm::Always);
     const auto side = [this](const char *keyPath) {
         auto *field = new NumberField(1, longestOutput, "px");
         connect(field, &NumberField::edited, this,
@@ -404,6 +405,16 @@ void Inspector::showFolder() const
     const QString path = still ? still->ImageURL().toLocalFile() : QString();
     if (path.isEmpty() || !QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())))
         m_interface.tellFailure("There is no folder to show; choose the picture first.");
+}
+
+/// Nothing stands below the group: there has to be some room to scroll.
+void Inspector::showOutputFirst(bool isFirst)
+{
+    if (!m_content || (!isFirst && m_content->minimumHeight() == 0))
+        return;
+    m_content->setMinimumHeight(isFirst ? m_output->y() + viewport()->height() : 0);
+    widget()->adjustSize(); // scrolls at once, not when it is laid out next
+    verticalScrollBar()->setValue(isFirst ? m_output->y() : 0);
 }
 
 bool Inspector::eventFilter(QObject *watched, QEvent *event)

@@ -29,6 +29,8 @@ public:
     void makeControls();
     /// Shows what the layers and the output are now, from the top where the layers are of another kind.
     void refresh();
+    /// Has the output's group at the top of what is seen of the controls, or, once that is over, the first group.
+    void showOutputFirst(bool isFirst);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -64,6 +66,7 @@ private:
     std::unique_ptr<InspectorForm> m_form;
     InspectorForm::Kinds m_kinds = InspectorForm::None; ///< as last shown
     FigureBlock *m_figures;
+    const QWidget *m_output; ///< the top of the output's group
     PatternGrid *m_patterns;
     QComboBox *m_corners;
     NumberField *m_outputWidth;

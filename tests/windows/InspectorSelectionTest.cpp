@@ -1,5 +1,8 @@
+#include "app/windows/LayerTable.h"
+#include "canvas/LWCanvasImageView.h"
 #include "tests/windows/InspectorFixture.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QScrollBar>
 #include <QTest>
@@ -22,6 +25,23 @@ protected:
                 chosen.push_back(number);
         }
         return chosen;
+    }
+    /// Where the group begins in what is seen of the inspector.
+    int topOf(const QString &group)
+    {
+        for (const QToolButton *head : inspector().findChildren<QToolButton *>("groupHead")) {
+            if (head->text() == group)
+                return head->mapTo(inspector().viewport(), QPoint(0, 0)).y();
+        }
+        ADD_FAILURE() << "there is no group " << qPrintable(group);
+        return 0;
+    }
+    void pressOnOutput(double x, double y)
+    {
+        const QRectF frame = canvas().frame();
+        const QPointF place = frame.topLeft() + QPointF(x * frame.width() / 1920, y * frame.height() / 1080);
+        QTest::mouseClick(&canvas(), Qt::LeftButton, {}, place.toPoint());
+        QApplication::processEvents();
     }
     /// A wall of one panel with 80 x 80 px and 0 W below the first one, which has 8 x 5 panels of 128 x 128 px and
     /// 200 W; both are selected.
@@ -248,4 +268,38 @@ TEST_F(InspectorSelectionTest, AllPanelsOfAllWallsAreSwitchedOnAsOneStep)
     EXPECT_EQ(undoText(), "switch all panels on");
     undo();
     EXPECT_EQ(summary("Wall"), "2 walls, 41 panels, 2 off");
+}
+
+TEST_F(InspectorSelectionTest, APressBesideEveryLayerShowsTheOutputFirst)
+{
+    for (const auto tool : {LWCanvasImageView::Tool::Panels, LWCanvasImageView::Tool::Arrange}) {
+        canvas().setTool(tool);
+        for (const int height : {500, 800, 1400}) {
+            resizeTo({1280, height});
+            pressOnOutput(1900, 1000);
+            EXPECT_EQ(topOf("Output"), 0) << height;
+            EXPECT_EQ(list().selectionIndexes(), std::vector<qsizetype>({0}));
+            pressOnOutput(100, 100); // on the wall
+            EXPECT_EQ(inspector().verticalScrollBar()->value(), 0) << height;
+            EXPECT_GT(topOf("Output"), topOf("Wall"));
+        }
+    }
+}
+
+TEST_F(InspectorSelectionTest, AnotherSelectionEndsShowingTheOutputFirst)
+{
+    selectTwoWalls();
+    QApplication::processEvents();
+    const int scrollable = inspector().verticalScrollBar()->maximum();
+    pressOnOutput(1900, 1000);
+    ASSERT_EQ(topOf("Output"), 0);
+    list().setSelectionIndex(1);
+    QApplication::processEvents();
+    EXPECT_EQ(inspector().verticalScrollBar()->value(), 0);
+    EXPECT_EQ(inspector().verticalScrollBar()->maximum(), scrollable);
+
+    pressOnOutput(1900, 1000);
+    ASSERT_EQ(topOf("Output"), 0);
+    QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, table().visualRect(table().currentIndex()).center());
+    EXPECT_EQ(inspector().verticalScrollBar()->value(), 0); // the same one, chosen again
 }
