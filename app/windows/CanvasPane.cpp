@@ -48,7 +48,8 @@ QWidget *CanvasPane::toolSwitch()
 {
     auto *bar = new QWidget(this);
     auto *row = new QHBoxLayout(bar);
-    row->setContentsMargins(Theme::gap, Theme::gap / 2, Theme::gap, Theme::gap / 2);
+    row->setContentsMargins(Theme::gap, 0, Theme::gap, 0);
+    bar->setFixedHeight(Theme::controlHeight + Theme::gap); // all of it is the hint's, which may need two lines
     row->setSpacing(Theme::gap / 2);
     for (const ToolText &text : toolTexts) {
         auto *button = new QToolButton;

@@ -12,6 +12,11 @@ void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(contentsRect(), Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()));
+    const QRect room = contentsRect();
+    constexpr int middle = Qt::AlignLeft | Qt::AlignVCenter;
+    constexpr int wrapped = middle | Qt::TextWordWrap;
+    if (room.contains(fontMetrics().boundingRect(room, wrapped, text())))
+        painter.drawText(room, wrapped, text());
+    else
+        painter.drawText(room, middle, fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
 }

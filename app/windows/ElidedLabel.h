@@ -2,7 +2,8 @@
 
 #include <QLabel>
 
-/// One line of plain text that ends in an ellipsis where it has too little room; it never widens what it stands in.
+/// Plain text of one line that wraps where it has the height for more, and else ends in an ellipsis where it has too
+/// little room; it never widens what it stands in.
 class ElidedLabel final : public QLabel
 {
     Q_OBJECT

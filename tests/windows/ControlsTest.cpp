@@ -132,3 +132,24 @@ TEST(ElidedLabel, EndsInAnEllipsisWhereItHasTooLittleRoomAndWidensNothing)
     label.setText(shown);
     EXPECT_EQ(cut, grabbed(whole / 2));
 }
+
+TEST(ElidedLabel, WrapsWhereItHasTheHeight)
+{
+    Theme::apply();
+    ElidedLabel label;
+    label.setText("Click panels off or on, or drag over them");
+    const int half = label.fontMetrics().horizontalAdvance(label.text()) * 2 / 3;
+    const auto inked = [&label, half](int height) {
+        label.resize(half, height);
+        const QImage seen = label.grab().toImage();
+        int rows = 0;
+        for (int y = 0; y < seen.height(); ++y) {
+            bool hasInk = false;
+            for (int x = 0; x < seen.width(); ++x)
+                hasInk = hasInk || seen.pixelColor(x, y).lightness() > 2 * Theme::panel.lightness();
+            rows += hasInk;
+        }
+        return rows;
+    };
+    EXPECT_GT(inked(2 * label.fontMetrics().lineSpacing()), inked(20) + label.fontMetrics().xHeight());
+}
