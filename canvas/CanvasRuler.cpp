@@ -107,7 +107,7 @@ void CanvasRuler::paintTicks(QPainter &painter) const
     const double length = pixelLength();
     const int start = along(m_canvas.deviceFrame().place().topLeft());
     const double room = along(size()) * ratio;
-    // A number before the first tick in sight may still reach into it.
+    // The ticks before the first number in sight may be in it, too.
     const auto numberOf = [&](double place) {
         return static_cast<qint64>(std::floor((place - start) / length / double(steps.numbered)));
     };
@@ -131,11 +131,13 @@ void CanvasRuler::paintNumber(QPainter &painter, qint64 pixel) const
     const QString text = QString::number(pixel);
     const int width = QFontMetrics(small).horizontalAdvance(text);
     const double ratio = devicePixelRatioF();
+    const double place = placeOf(pixel) / ratio + besideTick;
+    if (place < 0 || place + width > along(size()))
+        return; // cut off, 5000 is read as 500
     painter.save();
     painter.setFont(small);
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.scale(ratio, ratio);
-    const double place = placeOf(pixel) / ratio + besideTick;
     if (isLevel()) {
         painter.translate(place, 0);
     } else {

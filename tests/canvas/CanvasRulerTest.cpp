@@ -144,6 +144,22 @@ TEST_F(CanvasRulerTest, NumbersStandBehindTheirTicks)
     EXPECT_GT(pixels, 20);
 }
 
+TEST_F(CanvasRulerTest, ANumberIsWholeOrNotThere)
+{
+    const auto inkBehind1800 = [this](int width) {
+        top.setGeometry(50, 10, width, 20);
+        const QImage picture = top.grab().toImage();
+        int pixels = 0;
+        for (int y = 0; y < device(12); ++y) {
+            for (int x = device(12 + 600 + 2); x < picture.width(); ++x)
+                pixels += picture.pixelColor(x, y) != ground;
+        }
+        return pixels;
+    };
+    EXPECT_GT(inkBehind1800(664), 0);
+    EXPECT_EQ(inkBehind1800(12 + 600 + 16), 0); // "18" would fit
+}
+
 TEST_F(CanvasRulerTest, ThePixelUnderThePointerIsMarked)
 {
     EXPECT_TRUE(places(top, device(18), mark).empty());
