@@ -10,6 +10,8 @@
 #include <QTextCursor>
 #include <QTextTable>
 
+#include <algorithm>
+
 namespace {
 constexpr int columnWidth = 640;
 constexpr int margin = 24;
@@ -38,7 +40,7 @@ GuideView::GuideView(QWidget *parent) : QTextBrowser(parent)
     setFont(letters);
     document()->setDocumentMargin(margin);
     setLineWrapMode(QTextEdit::FixedPixelWidth);
-    setLineWrapColumnOrWidth(columnWidth + 2 * margin);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the lines keep their width
     connect(this, &QTextBrowser::anchorClicked, this, &GuideView::follow);
 }
 
@@ -62,6 +64,24 @@ void GuideView::doSetSource(const QUrl &url, QTextDocument::ResourceType)
     layOut();
     if (!url.fragment().isEmpty())
         scrollToHeading(url.fragment());
+}
+
+int GuideView::lineWidth() const
+{
+    return std::clamp(viewport()->width() - 2 * margin, 1, columnWidth);
+}
+
+void GuideView::resizeEvent(QResizeEvent *event)
+{
+    QTextBrowser::resizeEvent(event);
+    const int wrapped = lineWidth() + 2 * margin;
+    if (lineWrapColumnOrWidth() == wrapped)
+        return;
+    setLineWrapColumnOrWidth(wrapped);
+    QScrollBar &bar = *verticalScrollBar();
+    const double read = double(bar.value()) / std::max(1, bar.maximum());
+    reload(); // the pictures
+    bar.setValue(qRound(read * bar.maximum()));
 }
 
 void GuideView::layOut()
@@ -120,7 +140,7 @@ QVariant GuideView::loadResource(int type, const QUrl &name)
         return resource;
     QImage picture = QImage::fromData(resource.toByteArray());
     const qreal ratio = devicePixelRatioF();
-    const int widest = qRound(columnWidth * ratio);
+    const int widest = qRound(lineWidth() * ratio);
     if (picture.width() > widest)
         picture = picture.scaledToWidth(widest, Qt::SmoothTransformation);
     picture.setDevicePixelRatio(ratio);

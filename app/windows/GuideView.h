@@ -17,9 +17,12 @@ protected:
     /// Pictures no wider than the lines.
     QVariant loadResource(int type, const QUrl &name) override;
     void doSetSource(const QUrl &url, QTextDocument::ResourceType type) override;
+    /// Lines and pictures are never wider than the window.
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void follow(const QUrl &link);
+    int lineWidth() const;
     void layOut();
     void scrollToHeading(const QString &slug);
 };

@@ -4,6 +4,7 @@
 #include "app/windows/Theme.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QFile>
 #include <QRegularExpression>
 #include <QScrollBar>
@@ -70,6 +71,17 @@ TEST_F(HelpWindowTest, PicturesAreThereAndNoWiderThanTheLines)
     }
     EXPECT_GE(pictures, 3);
     EXPECT_EQ(guides.horizontalScrollBar()->maximum(), 0);
+}
+
+TEST_F(HelpWindowTest, InANarrowWindowLinesAndPicturesAreAsWideAsIt)
+{
+    for (const int width : {500, 620, 800}) {
+        help.resize(width, 300);
+        QApplication::processEvents();
+        EXPECT_EQ(guides.horizontalScrollBar()->maximum(), 0) << width;
+        EXPECT_LE(guides.document()->idealWidth(), guides.viewport()->width()) << width;
+    }
+    EXPECT_EQ(guides.document()->textWidth(), 640 + 2 * 24);
 }
 
 TEST_F(HelpWindowTest, EveryLinkAndPictureOfTheGuidesIsShippedWithThem)
