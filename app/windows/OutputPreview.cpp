@@ -115,8 +115,11 @@ void OutputPreview::showInWindow()
 {
     m_hasWindow = true;
     leaveDisplay();
-    if (parentWidget() && !std::exchange(m_wasInWindow, true))
-        move(besideWindow(parentWidget()->frameGeometry(), size(), parentWidget()->screen()->availableGeometry()));
+    if (parentWidget() && !std::exchange(m_wasInWindow, true)) {
+        const QRect room = parentWidget()->screen()->availableGeometry();
+        resize(size().boundedTo(room.size() * 2 / 3)); // the menus stay in reach
+        move(besideWindow(parentWidget()->frameGeometry(), size(), room));
+    }
     show();
     raise();
 }
