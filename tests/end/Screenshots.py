@@ -7,10 +7,12 @@ from pathlib import Path
 
 import MainWindow
 from Desktop import Desktop
+from MainWindow import CANVAS, COLUMNS_FIELD, FIRST_WALL_COLOURS, ROWS_FIELD
 
 EXAMPLES = Path(__file__).parents[2] / "examples"
+PANEL_WIDTH_FIELD, PANEL_HEIGHT_FIELD = (1180, 326), (1180, 356)
 INSPECTOR_MARGIN = (986, 420)
-PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 325), (1117, 222)  # when the inspector is scrolled to its end
+PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 317), (1117, 211)  # when the inspector is scrolled to its end
 BOOTH = (600, 588)  # the wall at the bottom of the festival, on the canvas
 BOOTH_MOVED = (452, 600)  # so far to the left that it meets the main wall's edge
 
@@ -37,12 +39,25 @@ class Pictures:
         with Desktop() as desktop:
             MainWindow.start(desktop, self.program)
             self.take(desktop, "start.png")
-            MainWindow.make_wall(desktop, 9, 5, [(0, 0), (0, 8), (4, 4)])
+            self.make_wall(desktop)
             self.take(desktop, "first-wall.png")
             desktop.wheel_down(*INSPECTOR_MARGIN, 30)
             desktop.click(*PATH_SWITCH)
             desktop.click(*PANEL_LABELS_SWITCH)
             self.take(desktop, "inspector.png")
+
+    @staticmethod
+    def make_wall(desktop):
+        """Of the wall that is there, as the page tells it."""
+        for place, number in zip((PANEL_WIDTH_FIELD, PANEL_HEIGHT_FIELD, COLUMNS_FIELD, ROWS_FIELD), (192, 192, 9, 5)):
+            desktop.click(*place)
+            desktop.key("ctrl+a")
+            desktop.type(number)
+        desktop.key("Return")
+        desktop.wait_for_rest()
+        left, top, right, bottom = desktop.picture().extent(FIRST_WALL_COLOURS, CANVAS)
+        for row, column in ((0, 0), (0, 8), (4, 4)):
+            desktop.click(round(left + (column + 0.5) * (right - left) / 9), round(top + (row + 0.5) * (bottom - top) / 5))
 
     def festival(self):
         with Desktop() as desktop:
@@ -58,7 +73,7 @@ class Pictures:
         with Desktop() as desktop:
             self.open_example(desktop, "studio")
             desktop.key("alt+v", "p")
-            desktop.wait_for_window("Output Preview")
+            desktop.wait_for_window("Output preview")
             self.take(desktop, "preview.png")
 
 
