@@ -40,6 +40,7 @@ void NoticeBar::addAnswer(const Answer &answer)
     auto *button = new QPushButton(answer.title);
     button->setToolTip(answer.tip);
     button->setAutoDefault(false);
+    button->setFocusPolicy(Qt::TabFocus); // it goes with its bar: after a click the keys stay where they were
     layout()->addWidget(button);
     if (answer.menu) {
         answer.menu->setParent(this, answer.menu->windowFlags());

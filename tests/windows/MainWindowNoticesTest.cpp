@@ -1,6 +1,7 @@
 #include "app/ProjectFile.h"
 #include "app/windows/NoticeBar.h"
 #include "app/windows/PowerBar.h"
+#include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
 #include <QAbstractButton>
@@ -191,4 +192,20 @@ TEST_F(MainWindowNoticesTest, AFileThatAnotherProgramHasChangedIsNotReplacedUnas
     EXPECT_EQ(window.document().arraycontroller().layer(0)->label(), "Green");
     EXPECT_EQ(window.document().arraycontroller().rowCount(), 1);
     EXPECT_EQ(notice(window), nullptr);
+}
+
+TEST_F(MainWindowNoticesTest, AfterAClickOnABarTheKeysGoWhereTheyWent)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    pressControl(Qt::Key_S, {entering(path("wall"))});
+    QFile::remove(path("wall.Orv"));
+    greenProject("wall.Orv");
+    window.document().AddScreen();
+    canvas().setFocus();
+    pressControl(Qt::Key_S, {});
+    ASSERT_NE(notice(window), nullptr);
+    QTest::mouseClick(&button(*notice(window), "Save anyway"), Qt::LeftButton);
+    ASSERT_EQ(notice(window), nullptr);
+    EXPECT_TRUE(canvas().hasFocus());
 }
