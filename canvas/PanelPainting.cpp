@@ -3,7 +3,7 @@
 #include "canvas/CanvasDocument.h"
 #include "screen/HiddenPanels.h"
 
-#include <QSet>
+#include <QRegion>
 
 #include <algorithm>
 #include <cmath>
@@ -30,6 +30,24 @@ QSet<QString> setOf(const QStringList &keys)
 {
     return {keys.begin(), keys.end()};
 }
+
+qint64 panelsIn(const QRect &rectangle)
+{
+    return qint64{rectangle.width()} * rectangle.height();
+}
+
+/// Row by row, where the region is one rectangle.
+std::vector<LWScreen::Panel> panelsOf(const QRegion &region)
+{
+    std::vector<LWScreen::Panel> panels;
+    for (const QRect &part : region) {
+        for (int row = part.top(); row <= part.bottom(); ++row) {
+            for (int column = part.left(); column <= part.right(); ++column)
+                panels.push_back({column, row});
+        }
+    }
+    return panels;
+}
 } // namespace
 
 PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen> wall, const QPoint &pixel)
@@ -38,9 +56,10 @@ PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen>
 {
     m_wall->onImageClick(pixel.x(), pixel.y());
     if (m_first) {
-        m_stroke = {*m_first};
         m_place = *m_first;
         m_switchesOff = m_wall->hiddenBoxes()->contains(hiddenPanelKey(m_first->row, m_first->column));
+        beginAnew();
+        addToStroke(*m_first);
     }
     m_document.update(nullptr);
 }
@@ -61,8 +80,11 @@ void PanelPainting::track(const QPoint &pixel, Shape shape)
     if (shape == Shape::Stroke)
         strokeTo(place);
     m_place = place;
-    m_shape = shape;
-    paint(shape == Shape::Stroke ? m_stroke : rectangleTo(place));
+    if (std::exchange(m_shape, shape) != shape)
+        beginAnew();
+    shape == Shape::Stroke ? paintStroke() : paintRectangle(rectangleTo(place));
+    m_wall->setHiddenBoxes(m_keys);
+    m_document.update(nullptr);
 }
 
 /// A fast pointer leaps over panels; those on its way are meant.
@@ -76,42 +98,87 @@ void PanelPainting::strokeTo(const Panel &place)
                           static_cast<int>(std::lround(std::lerp(from.row, place.row, part)))};
         const bool isOnWall =
             panel.column >= 0 && panel.column < m_wall->col() && panel.row >= 0 && panel.row < m_wall->row();
-        if (isOnWall && std::find(m_stroke.begin(), m_stroke.end(), panel) == m_stroke.end())
-            m_stroke.push_back(panel);
+        if (isOnWall)
+            addToStroke(panel);
     }
 }
 
-std::vector<PanelPainting::Panel> PanelPainting::rectangleTo(const Panel &place) const
+void PanelPainting::addToStroke(const Panel &panel)
+{
+    const qsizetype before = m_inStroke.size();
+    m_inStroke.insert({panel.column, panel.row});
+    if (m_inStroke.size() > before)
+        m_stroke.push_back(panel);
+}
+
+/// Columns and rows.
+QRect PanelPainting::rectangleTo(const Panel &place) const
 {
     const auto [left, right] = std::minmax({m_first->column, std::clamp(place.column, 0, m_wall->col() - 1)});
     const auto [top, bottom] = std::minmax({m_first->row, std::clamp(place.row, 0, m_wall->row() - 1)});
-    std::vector<Panel> panels;
-    for (int row = top; row <= bottom; ++row) {
-        for (int column = left; column <= right; ++column)
-            panels.push_back({column, row});
-    }
-    return panels;
+    return {QPoint(left, top), QPoint(right, bottom)};
 }
 
-void PanelPainting::paint(const std::vector<Panel> &panels)
+/// Nothing is painted.
+void PanelPainting::beginAnew()
 {
-    QStringList keys = m_keysAtPress.value_or(QStringList());
-    const QStringList painted = keysOf(panels);
+    m_keys = m_keysAtPress.value_or(QStringList());
+    m_keysOff = m_switchesOff ? setOf(m_keys) : QSet<QString>();
+    m_keysOn.clear();
+    m_paintedOfStroke = 0;
+    m_paintedRectangle = {};
+}
+
+void PanelPainting::paintStroke()
+{
+    paint({m_stroke.begin() + std::exchange(m_paintedOfStroke, std::ssize(m_stroke)), m_stroke.end()}, {});
+}
+
+/// A wall may have millions of panels: only what has changed since the last move is gone through.
+void PanelPainting::paintRectangle(const QRect &rectangle)
+{
+    const qint64 gone = panelsIn(m_paintedRectangle) - panelsIn(m_paintedRectangle & rectangle);
+    if (gone > panelsIn(rectangle)) // what stays is found sooner than what goes
+        beginAnew();
+    const QRegion before(std::exchange(m_paintedRectangle, rectangle));
+    paint(panelsOf(QRegion(rectangle).subtracted(before)), panelsOf(before.subtracted(rectangle)));
+}
+
+void PanelPainting::paint(const std::vector<Panel> &more, const std::vector<Panel> &less)
+{
+    m_wall->setHiddenBoxes(std::nullopt); // the list is this one's alone, or it would be copied
     if (m_switchesOff) {
-        const QSet<QString> known = setOf(keys);
-        std::copy_if(painted.begin(), painted.end(), std::back_inserter(keys),
-                     [&](const QString &key) { return !known.contains(key); });
-    } else {
-        keys.removeIf([gone = setOf(painted)](const QString &key) { return gone.contains(key); });
+        QSet<QString> gone = setOf(keysOf(less));
+        gone.subtract(m_keysOff);
+        if (!gone.isEmpty())
+            m_keys.removeIf([&](const QString &key) { return gone.contains(key); });
+        for (const QString &key : keysOf(more)) {
+            if (!m_keysOff.contains(key))
+                m_keys.append(key);
+        }
+        return;
     }
-    m_painted = panels.size();
-    m_wall->setHiddenBoxes(keys);
-    m_document.update(nullptr);
+    m_keysOn.subtract(setOf(keysOf(less)));
+    m_keysOn.unite(setOf(keysOf(more)));
+    m_keys = m_keysAtPress.value_or(QStringList());
+    m_keys.removeIf([this](const QString &key) { return m_keysOn.contains(key); });
+}
+
+/// In the order of the rectangle, whatever way the pointer took.
+void PanelPainting::orderRectangle()
+{
+    const QRect rectangle = m_paintedRectangle;
+    beginAnew();
+    paintRectangle(rectangle);
+    m_wall->setHiddenBoxes(m_keys);
 }
 
 void PanelPainting::finish()
 {
-    m_document.finishEdit(m_painted > 1 ? "switch panels" : "switch panel", {});
+    if (m_shape == Shape::Rectangle)
+        orderRectangle();
+    const qint64 painted = m_shape == Shape::Stroke ? m_paintedOfStroke : panelsIn(m_paintedRectangle);
+    m_document.finishEdit(painted > 1 ? "switch panels" : "switch panel", {});
 }
 
 void PanelPainting::cancel()

@@ -3,10 +3,13 @@
 #include "screen/LWScreen.h"
 
 #include <QPoint>
+#include <QRect>
+#include <QSet>
 #include <QStringList>
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class CanvasDocument;
@@ -37,16 +40,26 @@ private:
 
     Panel placeOf(const QPoint &pixel) const;
     void strokeTo(const Panel &place);
-    std::vector<Panel> rectangleTo(const Panel &place) const;
-    void paint(const std::vector<Panel> &panels);
+    void addToStroke(const Panel &panel);
+    QRect rectangleTo(const Panel &place) const;
+    void beginAnew();
+    void paintStroke();
+    void paintRectangle(const QRect &rectangle);
+    void paint(const std::vector<Panel> &more, const std::vector<Panel> &less);
+    void orderRectangle();
 
     CanvasDocument &m_document;
     std::shared_ptr<LWScreen> m_wall;
     std::optional<QStringList> m_keysAtPress;
     std::optional<Panel> m_first; ///< under the press; none: the wall has no panels to paint
     bool m_switchesOff = false;
+    QStringList m_keys;      ///< with what is painted
+    QSet<QString> m_keysOff; ///< where it switches off: those of the press
+    QSet<QString> m_keysOn;  ///< where it switches on: those that are painted
     std::vector<Panel> m_stroke;
-    Panel m_place; ///< where the pointer is; beside the wall one further
+    QSet<std::pair<int, int>> m_inStroke;
+    std::ptrdiff_t m_paintedOfStroke = 0;
+    QRect m_paintedRectangle; ///< columns and rows
+    Panel m_place;            ///< where the pointer is; beside the wall one further
     Shape m_shape = Shape::Stroke;
-    std::size_t m_painted = 1; ///< panels
 };

@@ -212,3 +212,55 @@ TEST_F(LWCanvasImageViewPanels, InArrangeOrOnAStillArrowsNudge)
     QTest::keyClick(&view, Qt::Key_Return);
     EXPECT_EQ(edits(), QStringList());
 }
+
+TEST_F(LWCanvasImageViewPanels, ARectangleOverMillionsOfPanelsFollowsThePointer)
+{
+    constexpr int side = 2000;
+    CanvasTestDocument large;
+    large.rendersOnUpdate = false;
+    const auto wall = std::make_shared<LWScreen>(large);
+    wall->setCol(side);
+    wall->setRow(side);
+    wall->setPanelWidth(1);
+    wall->setPanelHeight(1);
+    wall->setHiddenBoxes(QStringList{"7,5", "1999,0"});
+    PanelPainting painting(large, wall, {0, 0});
+    for (int at = 20; at < side; at += 20)
+        painting.track({at, at}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes()->size(), 1981 * 1981 + 1);
+    painting.track({0, 1999}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes()->size(), 2001);
+    painting.track({9, 1998}, PanelPainting::Shape::Rectangle);
+    painting.finish();
+
+    QStringList expected{"7,5", "1999,0"};
+    for (int row = 0; row < 1999; ++row) {
+        for (int column = 0; column < 10; ++column) {
+            if (row != 7 || column != 5)
+                expected.append(QString("%1,%2").arg(row).arg(column));
+        }
+    }
+    EXPECT_TRUE(*wall->hiddenBoxes() == expected);
+    EXPECT_EQ(large.calls.last(), "finishEdit switch panels");
+}
+
+TEST_F(LWCanvasImageViewPanels, ARectangleThatSwitchesOnGivesBackWhatItLeaves)
+{
+    CanvasTestDocument another;
+    another.rendersOnUpdate = false;
+    const auto wall = std::make_shared<LWScreen>(another);
+    wall->setCol(8);
+    wall->setRow(8);
+    wall->setPanelWidth(1);
+    wall->setPanelHeight(1);
+    wall->setHiddenBoxes(QStringList{"5,5", "1,1", "9,9", "2,2", "1,1"});
+    PanelPainting painting(another, wall, {1, 1});
+    painting.track({6, 6}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList("9,9"));
+    painting.track({3, 3}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList({"5,5", "9,9"}));
+    painting.track({1, 2}, PanelPainting::Shape::Stroke);
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList({"5,5", "9,9", "2,2"}));
+    painting.cancel();
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList({"5,5", "1,1", "9,9", "2,2", "1,1"}));
+}
