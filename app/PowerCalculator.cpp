@@ -1,6 +1,6 @@
 #include "app/PowerCalculator.h"
 
-#include "layer/AmpereText.h"
+#include "layer/DecimalText.h"
 #include "layer/Power.h"
 
 namespace PowerCalculator {
@@ -38,7 +38,7 @@ float amperes(qint32 watts, qint64 divisor)
 
 QString resultText(float amperes)
 {
-    return "Total Power: " + AmpereText::of(amperes) + "Amp";
+    return "Total Power: " + DecimalText::of(amperes) + "Amp";
 }
 
 } // namespace PowerCalculator

@@ -3,7 +3,7 @@
 #include "app/PowerCalculator.h"
 #include "cli/InfoFacts.h"
 #include "cli/VisibleText.h"
-#include "layer/AmpereText.h"
+#include "layer/DecimalText.h"
 #include "screen/LostWall.h"
 
 #include <QLocale>
@@ -98,7 +98,7 @@ QString wallText(const WallFacts &wall)
     for (const PortGroup &group : wall.ports)
         text += line("", portText(wall, group));
     text += line("Power", QString("%1 W, %2 W a panel").arg(figure(wall.watts), figure(wall.wattsPerPanel)));
-    return text + line("Current", AmpereText::of(wall.amperes) + " A");
+    return text + line("Current", DecimalText::of(wall.amperes) + " A");
 }
 
 QString layerText(const LayerFacts &layer, std::size_t index)

@@ -1,4 +1,4 @@
-#include "layer/AmpereText.h"
+#include "layer/DecimalText.h"
 #include "layer/Power.h"
 #include "screen/ScreenChart.h"
 
@@ -60,7 +60,7 @@ void ScreenChart::addCentreTexts(std::vector<PlacedText> &texts) const
             static_cast<double>(halfHeight + 10 + halfFont), {NamedColour::black, nameBackground});
     }
     if (showPower && sfColor) {
-        const auto power = QString("%1A| %2V| %3Phase").arg(AmpereText::of(amperes())).arg(voltage).arg(phases);
+        const auto power = QString("%1A| %2V| %3Phase").arg(DecimalText::of(amperes())).arg(voltage).arg(phases);
         const TextLine line(power, screenFontSize);
         add(line, static_cast<double>(halfWidth - line.size().width() / 2),
             static_cast<double>(halfFont + halfHeight) + powerTextDrop * line.size().height(),

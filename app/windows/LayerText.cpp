@@ -3,7 +3,7 @@
 #include "app/PowerCalculator.h"
 #include "app/windows/LayerFigures.h"
 #include "app/windows/NumberText.h"
-#include "layer/AmpereText.h"
+#include "layer/DecimalText.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
@@ -156,7 +156,7 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
 QString amperes(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
 {
     const qint64 divisor = PowerCalculator::divisor(volts, phases);
-    return AmpereText::of(PowerCalculator::amperes(PowerCalculator::watts(layers), divisor)) + " A";
+    return DecimalText::of(PowerCalculator::amperes(PowerCalculator::watts(layers), divisor)) + " A";
 }
 
 QString at(qint64 volts, qint64 phases)
@@ -172,8 +172,9 @@ QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phas
 
 QString load(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
 {
-    const QString kilowatts = QString::asprintf(", %.2f kW", PowerCalculator::watts(layers) / 1000.0);
-    return power(layers, volts, phases) + (isPowerCounted(layers) ? kilowatts : QString());
+    const QString text = power(layers, volts, phases);
+    return isPowerCounted(layers) ? text + ", " + DecimalText::of(PowerCalculator::watts(layers) / 1000.0) + " kW"
+                                  : text;
 }
 
 bool isPowerCounted(const std::vector<LayerPointer> &layers)

@@ -2,10 +2,11 @@
 
 #include <QString>
 
-/// A current as people read it.
-namespace AmpereText {
+/// A current or a load as people read it.
+namespace DecimalText {
 
 /// "10.91": two decimals of the number as it is stored, a tie to the even digit. Qt's own formatting rounds a tie up.
-QString of(float amperes);
+QString of(float number);
+QString of(double number);
 
-} // namespace AmpereText
+} // namespace DecimalText
