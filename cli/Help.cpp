@@ -33,8 +33,8 @@ Each path is printed once it is written. A file is replaced only by a complete o
 Options:
   --layer N            a .png holds layer N alone, in its own size; 0 is the top of the list
   --corners 0|1|2      corner coordinates: 0 top left, 1 bottom, 2 all (0)
-  --voltage V          supply voltage in volts (110), for charts that show power; none that a file holds does
-  --phases P           number of phases of the supply (1), likewise
+  --voltage V          supply voltage in volts, for walls that show their current (the show's own, else 110)
+  --phases P           number of phases of the supply (the show's own, else 1)
   --background COLOUR  fill of a .png's output ("#000000")
   --edge COLOUR        outline of a .png's output, one pixel wide ("#000000")
   --help               prints this
@@ -53,8 +53,8 @@ wall its panels, the panels and pixels on each port of the processor, and the cu
 
 Options:
   --json       prints JSON, its members always in the same order
-  --voltage V  supply voltage in volts (110)
-  --phases P   number of phases of the supply (1)
+  --voltage V  supply voltage in volts (the show's own, else 110)
+  --phases P   number of phases of the supply (the show's own, else 1)
   --help       prints this
   --           all that follows is file names
 )";
