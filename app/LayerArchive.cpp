@@ -26,6 +26,18 @@ Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subje
     (*layer)->setUnknownContent((*object)->unknownPart());
     return layer;
 }
+
+/// The same values, with all that they refer to.
+ArchiveObjectPointer unknownContentOfCopy(const Layer &original)
+{
+    if (!original.unknownContent())
+        return nullptr;
+    auto content = std::make_shared<ArchiveObject>(*original.unknownContent());
+    ArchivePlace place = content->place();
+    place.isCopy = true;
+    content->setPlace(place);
+    return content;
+}
 } // namespace
 
 namespace LayerArchive {
@@ -78,9 +90,12 @@ Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers
     const Result<ArchiveValue> archive = KeyedArchive::write(encode(layers)).and_then(read);
     if (!archive)
         return tl::unexpected(archive.error());
-    return archive->toList("the root").and_then([&](const ArchiveList &records) {
+    Result<std::vector<LayerPointer>> copied = archive->toList("the root").and_then([&](const ArchiveList &records) {
         return decode(*records, "layer", host);
     });
+    for (std::size_t i = 0; copied && i < layers.size(); ++i)
+        (*copied)[i]->setUnknownContent(unknownContentOfCopy(*layers[i]));
+    return copied;
 }
 
 } // namespace LayerArchive

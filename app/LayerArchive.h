@@ -31,7 +31,8 @@ inline constexpr qint64 mostBytes = qint64{512} << 20;
 [[nodiscard]] Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun,
                                                        LayerHost &host);
 
-/// Copies that hold exactly what an archive of the layers holds.
+/// Copies that hold exactly what an archive of the layers holds. What is unknown of them refers to what it refers to in
+/// the originals.
 /// Error: more than LayerLimits allows, or a value that no archive can hold.
 [[nodiscard]] Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host);
 

@@ -101,6 +101,7 @@ struct ArchivePlace
 {
     std::weak_ptr<const ArchiveSource> source; ///< alive while something unknown came from it
     quint64 index = 0;
+    bool isCopy = false; ///< of an object from there: what refers to that one leads here only where it is gone
 };
 
 /// A record with a class: values under text keys, in the order in which they were encoded. One without a class is a

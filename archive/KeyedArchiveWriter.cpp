@@ -270,8 +270,12 @@ void TableWriter::findPlaces(const ArchiveValue &value)
             findPlaces(entry);
     }
     const ArchiveObjectPointer *const object = std::get_if<ArchiveObjectPointer>(&value.storage);
-    if (const auto source = object ? (*object)->place().source.lock() : nullptr)
-        m_places.emplace(Place(source.get(), (*object)->place().index), *object);
+    const auto source = object ? (*object)->place().source.lock() : nullptr;
+    if (!source)
+        return;
+    ArchiveObjectPointer &known = m_places[Place(source.get(), (*object)->place().index)];
+    if (!known || (known->place().isCopy && !(*object)->place().isCopy))
+        known = *object;
 }
 
 TableWriter::Index TableWriter::add(bool flag)

@@ -29,3 +29,14 @@ inline plist_t rootEntry(const ArchiveNodes &archive)
 {
     return tableEntry(archive, plist_dict_get_item(plist_dict_get_item(archive.get(), "$top"), "root"));
 }
+
+/// An archive of such nodes, after they were changed.
+inline QByteArray archiveBytes(const ArchiveNodes &archive)
+{
+    char *bytes = nullptr;
+    uint32_t size = 0;
+    plist_to_bin(archive.get(), &bytes, &size);
+    const QByteArray written(bytes, size);
+    plist_to_bin_free(bytes);
+    return written;
+}

@@ -38,9 +38,36 @@ protected:
         plist_dict_set_item(record, "$class", add(table));
         plist_array_append_item(root, add(record));
         plist_dict_set_item(plist_dict_get_item(archive.get(), "$top"), "build", plist_new_uint(4711));
-        return write(archive.get());
+        return write(archive);
     }
-    /// The same, as this program writes what it has read: the order of the table is its own.
+    /// Saves the document with a key "sibling" in the first layer's record that refers to the second, and opens it.
+    void openWithSibling()
+    {
+        person.savePanelAnswer = path;
+        document.saveProject();
+        const ArchiveNodes archive = parsedArchive(onDisk());
+        plist_t layers = layersOf(archive);
+        plist_dict_set_item(tableEntry(archive, plist_array_get_item(layers, 0)), "sibling",
+                            plist_copy(plist_array_get_item(layers, 1)));
+        write(archive);
+        document.openProjectPre(path);
+    }
+    static plist_t layersOf(const ArchiveNodes &archive)
+    {
+        plist_t root = plist_dict_get_item(rootEntry(archive), "NS.objects");
+        return plist_dict_get_item(tableEntry(archive, plist_array_get_item(root, 2)), "NS.objects");
+    }
+    /// Which element of a list of records the "sibling" of another is; -1: none of them.
+    static int siblingOf(const ArchiveNodes &archive, plist_t records, uint32_t index)
+    {
+        plist_t named = plist_dict_get_item(tableEntry(archive, plist_array_get_item(records, index)), "sibling");
+        for (uint32_t i = 0; named && i < plist_array_get_size(records); ++i) {
+            if (plist_compare_node_value(plist_array_get_item(records, i), named))
+                return static_cast<int>(i);
+        }
+        return -1;
+    }
+    /// What saveTheirs() saves, as this program writes what it has read: the order of the table is its own.
     QByteArray openTheirs()
     {
         saveTheirs();
@@ -62,13 +89,9 @@ protected:
     const QString path = folder.filePath("show.Orv");
 
 private:
-    QByteArray write(plist_t archive)
+    QByteArray write(const ArchiveNodes &archive)
     {
-        char *bytes = nullptr;
-        uint32_t size = 0;
-        plist_to_bin(archive, &bytes, &size);
-        const QByteArray written(bytes, size);
-        plist_to_bin_free(bytes);
+        const QByteArray written = archiveBytes(archive);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(written) == written.size());
         return written;
@@ -134,6 +157,47 @@ TEST_F(UnknownInShow, ADuplicateHoldsWhatTheArchiveHeld)
     EXPECT_EQ(now.count("truss 7"), 1); // equal texts are written once
     EXPECT_LT(now.size(), 2 * before);
     EXPECT_TRUE(selected()->copyWithZone()->unknownContent() == nullptr);
+}
+
+TEST_F(UnknownInShow, ADuplicateRefersToWhatItsOriginalRefersTo)
+{
+    showLayers({"first", "second"});
+    openWithSibling();
+    document.copyLayer();
+    ASSERT_EQ(labels(), "first, first Copy, second");
+    const ArchiveNodes archive = parsedArchive(save());
+    EXPECT_EQ(siblingOf(archive, layersOf(archive), 0), 2);
+    EXPECT_EQ(siblingOf(archive, layersOf(archive), 1), 2);
+
+    stack.undo();
+    stack.redo();
+    document.arraycontroller().removeObjectAtArrangedObjectIndex(0);
+    const ArchiveNodes later = parsedArchive(save());
+    EXPECT_EQ(siblingOf(later, layersOf(later), 0), 1);
+}
+
+TEST_F(UnknownInShow, ADuplicateTakesNoReferenceFromItsOriginal)
+{
+    showLayers({"first", "second"});
+    openWithSibling();
+    document.keepAsPresets();
+    document.arraycontroller().setSelectionIndex(1);
+    document.keepAsPresets();
+    document.arraycontroller().setSelectionIndex(0);
+    document.insertPreset(0); // a copy of the second, above it
+    ASSERT_EQ(labels(), "second, first, second");
+    const ArchiveNodes archive = parsedArchive(save());
+    EXPECT_EQ(siblingOf(archive, layersOf(archive), 1), 2);
+}
+
+TEST_F(UnknownInShow, CopiesThatAreMadeTogetherReferToEachOther)
+{
+    showLayers({"first", "second"});
+    openWithSibling();
+    document.arraycontroller().setSelectionIndexes({0, 1}, 0);
+    document.keepAsPresets();
+    const ArchiveNodes archive = parsedArchive(PresetLibrary::encode(document.presetScreensArray()).value());
+    EXPECT_EQ(siblingOf(archive, plist_dict_get_item(rootEntry(archive), "NS.objects"), 0), 1);
 }
 
 TEST_F(UnknownInShow, IsKeptByARecoveryCopy)
