@@ -86,6 +86,7 @@ LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recove
 
 LWAppDelegate::~LWAppDelegate()
 {
+    keepPresets();
     m_recovery.reset(); // keeps what is unsaved while all of it is still there
 }
 

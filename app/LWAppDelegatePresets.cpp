@@ -80,9 +80,9 @@ std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()
 
 void LWAppDelegate::keepPresets()
 {
-    if (m_history.state().presets == m_keptPresets)
+    if (!m_presetStore || m_history.state().presets == m_keptPresets)
         return;
-    m_keptPresets = m_history.state().presets;
     if (const Result<void> kept = m_presetStore->save(presetScreensArray(), *this); !kept)
-        m_userInterface.tellFailure("The presets are not kept for the next start: " + kept.error().text);
+        return m_userInterface.tellFailure("The presets are not kept for the next start: " + kept.error().text);
+    m_keptPresets = m_history.state().presets;
 }

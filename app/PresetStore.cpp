@@ -3,6 +3,7 @@
 #include "app/FileBytes.h"
 #include "app/LayerArchive.h"
 #include "app/PresetLibrary.h"
+#include "archive/KeyedArchive.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,15 +12,20 @@
 #include <QStandardPaths>
 
 #include <chrono>
+#include <memory>
+#include <utility>
 
 namespace {
 /// Another program holds the file only while it writes.
 constexpr std::chrono::milliseconds longestWait{1000};
 
-/// Equal for presets that files cannot tell apart.
-QByteArray archiveOf(const LayerPointer &preset)
+/// Equal for presets whose values are the same. Unknown content does not count: what it refers to is another preset,
+/// and each has its own archive.
+QByteArray archiveOf(const Layer &preset)
 {
-    return PresetLibrary::encode({preset}).value_or(QByteArray());
+    auto record = std::make_shared<ArchiveObject>(preset.className());
+    preset.encodeWithCoder(*record);
+    return KeyedArchive::write({ArchiveObjectPointer(std::move(record))}).value_or(QByteArray());
 }
 } // namespace
 
@@ -75,7 +81,7 @@ Result<std::vector<LayerPointer>> PresetStore::ofOthers(LayerHost &host) const
     if (!there)
         return failWithin(m_path, there.error());
     for (const LayerPointer &preset : *there) {
-        if (!m_known.contains(archiveOf(preset)))
+        if (!m_known.contains(archiveOf(*preset)))
             others.push_back(preset);
     }
     return others;
@@ -84,7 +90,7 @@ Result<std::vector<LayerPointer>> PresetStore::ofOthers(LayerHost &host) const
 void PresetStore::know(const std::vector<LayerPointer> &presets)
 {
     for (const LayerPointer &preset : presets)
-        m_known.insert(archiveOf(preset));
+        m_known.insert(archiveOf(*preset));
 }
 
 /// The sentence that tells of it.

@@ -1,4 +1,5 @@
 #include "app/PresetLibrary.h"
+#include "tests/app/ArchiveNodes.h"
 #include "tests/app/ListFixture.h"
 
 #include <QDir>
@@ -29,6 +30,14 @@ protected:
         program.presetarraycontroller().setSelectionIndex(0);
         program.removePreset();
     }
+    /// Puts a file into the place of the kept presets.
+    void put(const QByteArray &bytes)
+    {
+        QDir(folder.path()).mkdir("data");
+        QFile put(file);
+        EXPECT_TRUE(put.open(QIODevice::WriteOnly) && put.write(bytes) == bytes.size());
+    }
+    QString kept() { return labelsOf(PresetLibrary::read(file, document).value_or(std::vector<LayerPointer>())); }
     QStringList files() const { return QDir(folder.filePath("data")).entryList(QDir::Files, QDir::Name); }
 
     QString file = folder.filePath("data/presets");
@@ -142,11 +151,8 @@ TEST_F(PresetStoreOfAPerson, TheBuiltInOnesComeBackAndThatCanBeUndone)
 
 TEST_F(PresetStoreOfAPerson, ADamagedListIsToldAndPutAside)
 {
-    QDir(folder.path()).mkdir("data");
     for (const char *bytes : {"no list", "none either"}) {
-        QFile damaged(file);
-        ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write(bytes) > 0);
-        damaged.close();
+        put(bytes);
         const auto one = program();
         EXPECT_EQ(one->presetScreensArray().size(), 31U);
     }
@@ -161,11 +167,9 @@ TEST_F(PresetStoreOfAPerson, ADamagedListIsToldAndPutAside)
 TEST_F(PresetStoreOfAPerson, NothingIsWrittenOverAListThatCannotBeRead)
 {
     const auto one = program();
-    QDir(folder.path()).mkdir("data");
-    QFile damaged(file);
-    ASSERT_TRUE(damaged.open(QIODevice::WriteOnly) && damaged.write("no list") > 0);
-    damaged.close();
+    put("no list");
     removeFirst(*one);
+    QFile damaged(file);
     ASSERT_TRUE(damaged.open(QIODevice::ReadOnly));
     EXPECT_EQ(damaged.readAll(), "no list");
     ASSERT_EQ(person.failures.size(), 1);
@@ -198,4 +202,40 @@ TEST_F(PresetStoreOfAPerson, DrawnPresetsAreStillTheSame)
         EXPECT_FALSE(preset->thumbnail().isNull());
     removeFirst(*again);
     EXPECT_EQ(program()->presetScreensArray().size(), 29U);
+}
+
+TEST_F(PresetStoreOfAPerson, APresetWithContentOfALaterVersionIsKeptOnce)
+{
+    const ArchiveNodes archive = parsedArchive(PresetLibrary::encode(screensNamed({"p", "q"})).value());
+    plist_t presets = plist_dict_get_item(rootEntry(archive), "NS.objects");
+    plist_dict_set_item(tableEntry(archive, plist_array_get_item(presets, 0)), "sibling",
+                        plist_copy(plist_array_get_item(presets, 1)));
+    put(archiveBytes(archive));
+
+    const auto one = program();
+    one->presetarraycontroller().setSelectionIndex(1);
+    for (const char *name : {"r", "s", "t"}) {
+        one->presetarraycontroller().setValue(name, "arrangedObjects.label");
+        EXPECT_EQ(kept(), QString("p, ") + name);
+    }
+}
+
+TEST_F(PresetStoreOfAPerson, WhatCouldNotBeKeptIsTriedAgainAtTheNextEditAndAtTheEnd)
+{
+    const auto fails = [&](LWAppDelegate &program) {
+        put("no list");
+        removeFirst(program);
+        EXPECT_EQ(person.failures.size(), 1);
+        person.failures.clear();
+        EXPECT_TRUE(QFile::remove(file));
+    };
+    auto one = program();
+    showPresets(*one, {"p", "q", "r"});
+    fails(*one);
+    one->AddScreen();
+    EXPECT_EQ(kept(), "q, r");
+    fails(*one);
+    one.reset();
+    EXPECT_EQ(kept(), "r");
+    EXPECT_TRUE(person.failures.isEmpty());
 }
