@@ -28,6 +28,18 @@ QString slugOf(const QString &heading)
     static const QRegularExpression signs("[^a-z0-9 -]");
     return heading.toLower().remove(signs).replace(' ', '-');
 }
+
+void layOutTable(QTextTable &table)
+{
+    QTextTableFormat format = table.format();
+    format.setCellPadding(roomInCell);
+    format.setCellSpacing(0);
+    format.setBorderCollapse(true);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
+    format.setBorderBrush(Theme::line);
+    format.setBorder(1);
+    table.setFormat(format);
+}
 } // namespace
 
 GuideView::GuideView(QWidget *parent) : QTextBrowser(parent)
@@ -88,39 +100,34 @@ void GuideView::layOut()
 {
     QTextCursor cursor(document());
     cursor.beginEditBlock();
-    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
-        QTextBlockFormat format = block.blockFormat();
-        const int level = std::min(format.headingLevel(), 3);
-        if (!block.text().contains(QChar::ObjectReplacementCharacter)) // a picture's line is high enough
-            format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
-        if (level > 1)
-            format.setTopMargin(roomAboveHeading);
-        cursor.setPosition(block.position());
-        cursor.setBlockFormat(format);
-        if (level == 0)
-            continue;
-        cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
-        QTextCharFormat letters;
-        QFont font = this->font();
-        font.setPixelSize(headingSizes[level]);
-        font.setWeight(QFont::DemiBold);
-        letters.setFont(font);
-        cursor.mergeCharFormat(letters);
-    }
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        layOutBlock(cursor, block);
     cursor.endEditBlock();
     for (QTextFrame *frame : document()->rootFrame()->childFrames()) {
-        auto *table = qobject_cast<QTextTable *>(frame);
-        if (!table)
-            continue;
-        QTextTableFormat format = table->format();
-        format.setCellPadding(roomInCell);
-        format.setCellSpacing(0);
-        format.setBorderCollapse(true);
-        format.setBorderStyle(QTextFrameFormat::BorderStyle_Solid);
-        format.setBorderBrush(Theme::line);
-        format.setBorder(1);
-        table->setFormat(format);
+        if (auto *table = qobject_cast<QTextTable *>(frame))
+            layOutTable(*table);
     }
+}
+
+void GuideView::layOutBlock(QTextCursor &cursor, const QTextBlock &block) const
+{
+    QTextBlockFormat format = block.blockFormat();
+    const int level = std::min(format.headingLevel(), 3);
+    if (!block.text().contains(QChar::ObjectReplacementCharacter)) // a picture's line is high enough
+        format.setLineHeight(lineHeightPercent, QTextBlockFormat::ProportionalHeight);
+    if (level > 1)
+        format.setTopMargin(roomAboveHeading);
+    cursor.setPosition(block.position());
+    cursor.setBlockFormat(format);
+    if (level == 0)
+        return;
+    cursor.movePosition(QTextCursor::EndOfBlock, QTextCursor::KeepAnchor);
+    QTextCharFormat letters;
+    QFont font = this->font();
+    font.setPixelSize(headingSizes[level]);
+    font.setWeight(QFont::DemiBold);
+    letters.setFont(font);
+    cursor.mergeCharFormat(letters);
 }
 
 void GuideView::scrollToHeading(const QString &slug)

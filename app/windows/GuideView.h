@@ -24,5 +24,6 @@ private:
     void follow(const QUrl &link);
     int lineWidth() const;
     void layOut();
+    void layOutBlock(QTextCursor &cursor, const QTextBlock &block) const;
     void scrollToHeading(const QString &slug);
 };

@@ -40,28 +40,10 @@ constexpr int widestLine = 512;
 constexpr int largestText = 1'000;
 constexpr int mostWatts = 100'000;
 constexpr int mostOffered = 24; ///< colours of the show
-constexpr int longestOutput = Raster::longestSide;
 
 const Range lineWidths{0, widestLine, "px", "width"};
 const Range textSizes{1, largestText, "pt", "size"};
 const Range places{-furthest, furthest, "px"};
-
-/// The longest side of an output that a raster can hold whose other side has so many pixels.
-int longestBeside(int other)
-{
-    return static_cast<int>(std::min(Raster::longestSide, Raster::mostPixels / std::max(other, 1)));
-}
-
-QToolButton *menuButton(const QString &name, const QString &tip)
-{
-    auto *button = new QToolButton;
-    button->setIcon(Icons::icon("three-dots"));
-    button->setAccessibleName(name);
-    button->setToolTip(tip);
-    button->setPopupMode(QToolButton::InstantPopup);
-    button->setMenu(new QMenu(button));
-    return button;
-}
 
 QPushButton *textButton(const QString &text, const QString &tip)
 {
@@ -248,8 +230,8 @@ void Inspector::addPowerGroup()
 void Inspector::addStillGroup()
 {
     m_form->beginGroup("Picture", InspectorForm::Stills);
-    m_form->addNumber({"Width", 1}, "panelWidth", {1, longestOutput, "px"});
-    m_form->addNumber({"Height", 2}, "panelHeight", {1, longestOutput, "px"});
+    m_form->addNumber({"Width", 1}, "panelWidth", {1, Raster::longestSide, "px"});
+    m_form->addNumber({"Height", 2}, "panelHeight", {1, Raster::longestSide, "px"});
     m_form->addSwitch({"Keep ratio", 0, "Width and height keep their ratio"}, "aspectRatio");
     addPlace();
     m_form->addSummary("Picture", LayerText::picture);
@@ -261,22 +243,15 @@ void Inspector::addStillGroup()
     m_form->addControl({{}}, folder);
 }
 
-void Inspector::addOutputGroup()
+QToolButton *Inspector::menuButton(const QString &name, const QString &tip)
 {
-    m_output = &m_form->beginGroup("Output", InspectorForm::Always);
-    const auto side = [this](const char *keyPath) {
-        auto *field = new NumberField(1, longestOutput, "px");
-        connect(field, &NumberField::edited, this,
-                [this, keyPath](int pixels) { m_document.setValue(pixels, keyPath); });
-        return field;
-    };
-    m_outputWidth = side("OutputWidth");
-    m_outputHeight = side("OutputHeight");
-    const QString most = NumberText::grouped(Raster::mostPixels);
-    m_form->addControlWith(outputSizes(), {"Width", 0, "Width times height is at most " + most + " px"}, m_outputWidth);
-    m_form->addControl({"Height", 0, "Height times width is at most " + most + " px"}, m_outputHeight);
-    m_background = outputColour("Background", [this](const Colour &colour) { m_document.setBgColor(colour); });
-    m_edge = outputColour("Edge", [this](const Colour &colour) { m_document.setEdgeColor(colour); });
+    auto *button = new QToolButton;
+    button->setIcon(Icons::icon("three-dots"));
+    button->setAccessibleName(name);
+    button->setToolTip(tip);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setMenu(new QMenu(button));
+    return button;
 }
 
 QWidget *Inspector::cornerChoice()
@@ -305,35 +280,6 @@ QWidget *Inspector::portSizes()
     return button;
 }
 
-QWidget *Inspector::outputSizes()
-{
-    QToolButton *button = menuButton("Usual sizes of the output", "Takes a size that outputs have");
-    for (const QSize size : {QSize(1920, 1080), QSize(3840, 2160), QSize(4096, 2160), QSize(7680, 4320)}) {
-        button->menu()->addAction(NumberText::size(size), this, [this, size] {
-            m_document.endTyping();
-            m_document.setOutputHeight(size.height());
-            m_document.setValue(size.width(), "OutputWidth");
-            m_document.endTyping();
-        });
-    }
-    return button;
-}
-
-ColourButton *Inspector::outputColour(const QString &name, const std::function<void(const Colour &)> &set)
-{
-    auto *button = new ColourButton(name + " colour");
-    connect(button, &ColourButton::edited, this, [this, set](const Colour &colour) {
-        set(colour);
-        m_document.update();
-    });
-    connect(button, &ColourButton::choiceCancelled, this, [this, set](const OptionalColour &before) {
-        set(*before); // the output always has one
-        m_document.update();
-    });
-    m_form->addControl({name}, button);
-    return button;
-}
-
 void Inspector::edit(const QString &property, const QVariant &value)
 {
     m_document.setValueOfSelection(value, LayerList::keyPathPrefix + property);
@@ -351,17 +297,6 @@ void Inspector::refresh()
         return;
     const std::optional<QVariant> pattern = InspectorForm::commonValue(layers, "pattern");
     m_patterns->show(pattern ? pattern->toLongLong() : PatternGrid::none);
-}
-
-void Inspector::showOutput()
-{
-    m_outputWidth->setHighest(longestBeside(m_document.OutputHeight()));
-    m_outputHeight->setHighest(longestBeside(m_document.OutputWidth()));
-    m_outputWidth->show(m_document.OutputWidth());
-    m_outputHeight->show(m_document.OutputHeight());
-    m_background->show(m_document.bgColor());
-    m_edge->show(m_document.edgeColor());
-    m_corners->setCurrentIndex(m_document.popupIndex());
 }
 
 /// The selected layers, first the one whose captions are shown.

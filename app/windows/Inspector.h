@@ -12,6 +12,7 @@ class LWAppDelegate;
 class NumberField;
 class PatternGrid;
 class QComboBox;
+class QToolButton;
 class WindowInterface;
 
 /// What the selected layers are made of, to be read and edited, and the output below it. Edits apply while they are
@@ -49,6 +50,7 @@ private:
     void addPowerGroup();
     void addStillGroup();
     void addOutputGroup();
+    static QToolButton *menuButton(const QString &name, const QString &tip);
     QWidget *cornerChoice();
     QWidget *portSizes();
     QWidget *outputSizes();
