@@ -51,8 +51,6 @@ public:
     /// they are not there. Otherwise that is done after the first painting, so that nobody waits for them before there
     /// is a window.
     void makeLateParts();
-    /// What can be done with the selected layers, for a context menu; nothing before makeLateParts().
-    QList<QAction *> layerActions() const;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -296,7 +296,8 @@ OutputPreview &MainWindow::outputPreview()
     m_preview->showOutput(m_document.img());
     connect(&m_interface, &WindowInterface::outputComposed, m_preview, &OutputPreview::showOutput);
     connect(&m_interface, &WindowInterface::outputReleased, m_preview, &OutputPreview::releaseOutput);
-    connect(m_preview, &OutputPreview::displayDidChange, m_powerBar, &PowerBar::showFailure);
+    connect(m_preview, &OutputPreview::displayDidChange, m_powerBar,
+            [this](const QString &problem) { m_powerBar->showFault(m_preview, problem); });
     return *m_preview;
 }
 
@@ -335,11 +336,6 @@ void MainWindow::enableActions()
 {
     for (const auto &[action, isOfUse] : m_conditions)
         action->setEnabled(isOfUse());
-}
-
-QList<QAction *> MainWindow::layerActions() const
-{
-    return m_layerTable->actions();
 }
 
 void MainWindow::listRecentFiles(QMenu &menu)

@@ -60,6 +60,14 @@ void NumberField::show(int value)
     showLast();
 }
 
+void NumberField::showBeneath(int value)
+{
+    if (!m_isEntry)
+        return show(value);
+    m_valueBefore = value;
+    m_wasMixed = false;
+}
+
 void NumberField::showMixed()
 {
     if (m_isMixed)

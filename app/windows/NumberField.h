@@ -24,6 +24,9 @@ public:
     void setHighest(int highest);
     /// Shows a value without telling it. A text that is being typed stays as long as its value is that.
     void show(int value);
+    /// The same, but what is being typed or stepped to stays, whatever its value; where it comes to nothing, this one
+    /// is there.
+    void showBeneath(int value);
     /// Shows that there are several values; only what is typed from then on counts.
     void showMixed();
 

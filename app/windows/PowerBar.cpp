@@ -104,7 +104,6 @@ void PowerBar::addVolts(QHBoxLayout &row)
     m_volts = new NumberField(1, Supply::mostVolts, "V");
     m_volts->setAccessibleName("Volts");
     m_volts->setToolTip("Volts of another supply, 1 to " + NumberText::grouped(Supply::mostVolts));
-    m_volts->show(Settings::otherVolts());
     connect(m_volts, &NumberField::edited, this, [this](int volts) { m_typedVolts = volts; });
     connect(m_volts, &NumberField::takenBack, this, [this] { m_typedVolts.reset(); });
     // No crew wants the current at 2 V on the way to 230.
@@ -112,14 +111,15 @@ void PowerBar::addVolts(QHBoxLayout &row)
         if (const std::optional<int> volts = std::exchange(m_typedVolts, std::nullopt))
             chooseOther(*volts);
     });
-    connect(m_volts, &NumberField::faultDidChange, this, &PowerBar::showFailure);
+    connect(m_volts, &NumberField::faultDidChange, this,
+            [this](const QString &sentence) { showFault(m_volts, sentence); });
     row.addWidget(m_volts);
 }
 
 void PowerBar::chooseOther(int volts)
 {
     if (!m_voltages->button(volts))
-        Settings::setOtherVolts(volts);
+        Settings::setOtherVolts(m_otherVolts.emplace(volts));
     emit voltageChosen(volts);
 }
 
@@ -149,7 +149,7 @@ void PowerBar::addZoom()
     connect(fit, &QToolButton::clicked, this, &PowerBar::fitChosen);
     connect(m_zoom, &ZoomField::fitChosen, this, &PowerBar::fitChosen);
     connect(m_zoom, &ZoomField::zoomChosen, this, &PowerBar::zoomChosen);
-    connect(m_zoom, &ZoomField::faultDidChange, this, &PowerBar::showFailure);
+    connect(m_zoom, &ZoomField::faultDidChange, this, [this](const QString &sentence) { showFault(m_zoom, sentence); });
     row.addWidget(m_zoom);
     row.addWidget(fit);
 }
@@ -164,7 +164,9 @@ void PowerBar::showSupply(qint64 volts, qint64 phases, const QString &inWords)
 {
     QAbstractButton *known = volts == otherVoltage ? nullptr : m_voltages->button(static_cast<int>(volts));
     (known ? known : m_voltages->button(otherVoltage))->setChecked(true);
-    m_volts->show(known ? Settings::otherVolts() : static_cast<int>(volts));
+    if (!m_otherVolts)
+        m_otherVolts = Settings::otherVolts();
+    m_volts->showBeneath(known ? *m_otherVolts : static_cast<int>(volts));
     if (QAbstractButton *phase = m_phases->button(static_cast<int>(phases)))
         phase->setChecked(true);
     m_supplyInWords->setText(inWords);
@@ -175,6 +177,16 @@ void PowerBar::showFailure(const QString &sentence)
 {
     showMessage(sentence, Theme::warning, "What could not be done");
     m_isFailure = true;
+}
+
+void PowerBar::showFault(const QObject *part, const QString &sentence)
+{
+    if (!sentence.isEmpty()) {
+        showFailure(sentence);
+        m_faulty = part;
+    } else if (m_faulty == part) {
+        clearMessage();
+    }
 }
 
 void PowerBar::showStatus(const QString &sentence)
@@ -191,6 +203,7 @@ void PowerBar::clearStatus()
 void PowerBar::showMessage(const QString &sentence, const QColor &colour, const QString &kind)
 {
     m_isFailure = false;
+    m_faulty = nullptr;
     m_message->setText(sentence);
     Theme::colourText(*m_message, colour);
     m_message->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");

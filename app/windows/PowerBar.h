@@ -35,6 +35,8 @@ public:
     /// A sentence about what could not be done, or about what was; it stays until the next one or clearMessage().
     void showFailure(const QString &sentence);
     void showStatus(const QString &sentence);
+    /// The failure that a part of the window has to tell now; empty: it has none any more, and only its own goes.
+    void showFault(const QObject *part, const QString &sentence);
     void clearMessage() { showStatus({}); }
     /// Takes away what was done; what could not be done stays.
     void clearStatus();
@@ -83,11 +85,13 @@ private:
     QButtonGroup *m_phases;
     NumberField *m_volts; ///< of the third choice
     std::optional<int> m_typedVolts;
+    std::optional<int> m_otherVolts; ///< that the settings hold, once they were read
     QLabel *m_powerResult;
     QLabel *m_supplyInWords;
     ElidedLabel *m_message;
     ElidedLabel *m_pointer;
     QLabel *m_outputSize;
     ZoomField *m_zoom;
-    bool m_isFailure = false; ///< what the message tells
+    bool m_isFailure = false;          ///< what the message tells
+    const QObject *m_faulty = nullptr; ///< which part has told it; null: none
 };

@@ -66,6 +66,19 @@ protected:
         }
         return nullptr;
     }
+    /// The field of two walls of 8 columns and of 1, with the cursor in it.
+    NumberField &columnsOfTwoWalls()
+    {
+        selectTwoWalls();
+        clickInto(number("Columns"));
+        return number("Columns");
+    }
+    void expectColumnsOfBefore(const NumberField &field)
+    {
+        EXPECT_EQ(columns(0), 8);
+        EXPECT_EQ(columns(1), 1);
+        EXPECT_EQ(field.text(), "—");
+    }
     /// The colour of the frame, in the middle of its left edge.
     static QColor frame(QWidget &field) { return field.grab().toImage().pixelColor(0, field.height() / 2); }
 };
@@ -332,9 +345,7 @@ TEST_F(NumberFieldTest, EscapeAfterUndoAndRedoTakesNothingBack)
 
 TEST_F(NumberFieldTest, WrongEntriesAndEscapeLeaveSeveralLayersTheirOwnValues)
 {
-    selectTwoWalls();
-    NumberField &field = number("Columns");
-    clickInto(field);
+    NumberField &field = columnsOfTwoWalls();
     typeKeys("99999");
     EXPECT_EQ(columns(0), 8);
     EXPECT_EQ(columns(1), 1);
@@ -345,9 +356,7 @@ TEST_F(NumberFieldTest, WrongEntriesAndEscapeLeaveSeveralLayersTheirOwnValues)
     typeKeys("6");
     EXPECT_EQ(columns(1), 6);
     press(Qt::Key_Escape);
-    EXPECT_EQ(columns(0), 8);
-    EXPECT_EQ(columns(1), 1);
-    EXPECT_EQ(field.text(), "—");
+    expectColumnsOfBefore(field);
 }
 
 TEST_F(NumberFieldTest, UnitsCanBeTypedAndSumsWorkWithThem)
@@ -373,15 +382,11 @@ TEST_F(NumberFieldTest, WhatIsTypedBeyondTheRangeGoesBackToTheValueBeforeTheTypi
 
 TEST_F(NumberFieldTest, AWrongEntryForSeveralLayersGivesEachItsOwnValueBack)
 {
-    selectTwoWalls();
-    NumberField &field = number("Columns");
-    clickInto(field);
+    NumberField &field = columnsOfTwoWalls();
     typeKeys("9*");
     ASSERT_EQ(columns(0), 9);
     press(Qt::Key_Tab);
-    EXPECT_EQ(columns(0), 8);
-    EXPECT_EQ(columns(1), 1);
-    EXPECT_EQ(field.text(), "—");
+    expectColumnsOfBefore(field);
 }
 
 TEST_F(NumberFieldTest, AnEntryThatNeverHadAValueTakesNothingBack)

@@ -95,6 +95,24 @@ TEST_F(PowerBarTest, WrongVoltsAndEscapeChangeNothing)
     EXPECT_EQ(window.document().voltageCalc(), 110);
 }
 
+TEST_F(PowerBarTest, WhatIsTypedStaysWhateverTheDocumentDoes)
+{
+    for (const char *text : {"40", "4000"}) {
+        type(volts(), text);
+        window.document().update();
+        window.document().voltageSelect(240);
+        EXPECT_TRUE(volts().text().startsWith(text)) << qPrintable(volts().text());
+        EXPECT_TRUE(says("33.33 A at 240 V, 1 phase, 8.00 kW"));
+        QTest::keyClick(&volts(), Qt::Key_Escape);
+        EXPECT_EQ(volts().text(), "240 V");
+    }
+    type(volts(), "400");
+    window.document().update();
+    QTest::keyClick(&volts(), Qt::Key_Return);
+    EXPECT_EQ(window.document().voltageCalc(), 400);
+    EXPECT_EQ(volts().text(), "400 V");
+}
+
 TEST_F(PowerBarTest, ItShowsTheDocumentsSupply)
 {
     window.document().phaseSelect(3);

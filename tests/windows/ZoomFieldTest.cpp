@@ -1,9 +1,11 @@
 #include "app/windows/ZoomField.h"
 
+#include "app/windows/PowerBar.h"
 #include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
 
+#include <QLabel>
 #include <QTest>
 
 class ZoomFieldTest : public WindowFixture
@@ -60,6 +62,20 @@ TEST_F(ZoomFieldTest, WhatIsWrongIsFramedAndToldWhileItIsTyped)
         EXPECT_FALSE(shows(sentence)) << text;
         EXPECT_NE(field().grab().toImage().pixelColor(0, field().height() / 2), Theme::danger) << text;
     }
+}
+
+TEST_F(ZoomFieldTest, ItsFaultTakesOnlyItsOwnMessageAway)
+{
+    PowerBar &bar = *window.findChild<PowerBar *>();
+    type("1e3");
+    bar.showFailure("It could not be done");
+    QTest::keyClick(&field(), Qt::Key_Escape);
+    EXPECT_TRUE(shows("It could not be done"));
+
+    type("1e3");
+    EXPECT_FALSE(shows("It could not be done"));
+    QTest::keyClick(&field(), Qt::Key_Escape);
+    EXPECT_EQ(bar.findChild<QLabel *>(PowerBar::messageName)->text(), QString());
 }
 
 TEST_F(ZoomFieldTest, EscapeAndLeavingTakeBackWhatWasTyped)
