@@ -30,6 +30,7 @@ bool reachesDisk(const QSaveFile &file)
 {
     return fdatasync(file.handle()) == 0 || errno == EINVAL; // that one: there is no disk behind
 }
+
 /// QSaveFile puts seven letters behind the name, more than a name of nearly 255 bytes bears: such a file is completed
 /// beside the old one, under a name of its own.
 QString placeToCollect(const QString &path)

@@ -3,7 +3,6 @@
 #include "drawing/Raster.h"
 #include "layer/PixelBox.h"
 #include "psd/KXPSDWriter.h"
-#include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 #include "still/LWStill.h"
 
@@ -67,24 +66,13 @@ QString readableName(const QString &label)
     return label.left(splitsPair ? longest - 1 : longest);
 }
 
-/// The sentence of a wall that could not be drawn.
-std::optional<QString> lostWall(const Layer &layer)
-{
-    const qint64 width = qint64{layer.col()} * layer.panelWidth();
-    const qint64 height = qint64{layer.row()} * layer.panelHeight();
-    const bool isWallWithPixels = qobject_cast<const LWScreen *>(&layer) && width > 0 && height > 0;
-    if (!isWallWithPixels || !layer.thumbnail().isNull())
-        return std::nullopt;
-    return LostWall::sentence(layer.label(), width, height);
-}
-
 Result<void> addLayer(KXPSDWriter &writer, Layer &layer, const QSize &output, int &screenNumber)
 {
     ++screenNumber;
     if (layer.label().isEmpty())
         layer.setLabel(QString::asprintf("Untitled %i", screenNumber));
     const PictureAtPlace part = readablePart(layer, output);
-    if (const std::optional<QString> lost = layer.visible() ? lostWall(layer) : std::nullopt)
+    if (const std::optional<QString> lost = layer.visible() ? LostWall::sentenceOf(layer) : std::nullopt)
         return fail(*lost);
     writer.addLayerWithCGImage(part.picture, readableName(layer.label()), layer.visible() ? 1.0F : 0.0F, part.topLeft);
     return {};
@@ -116,6 +104,7 @@ Result<QByteArray> bytesOf(KXPSDWriter &writer)
         return fail(error.message + "; put a layer with a picture on the output");
     return fail(error.message);
 }
+
 QString nameOf(const Layer &layer)
 {
     return layer.label().isEmpty() ? QString("A picture without a name") : layer.label();
@@ -125,7 +114,7 @@ std::optional<QString> whyLeftOut(const Layer &layer)
 {
     const auto *still = qobject_cast<const LWStill *>(&layer);
     if (!still)
-        return lostWall(layer);
+        return LostWall::sentenceOf(layer);
     if (!still->thumbnail().isNull())
         return std::nullopt;
     const QString file = still->ImageURL().isNil()

@@ -78,8 +78,9 @@ LayerFacts factsOfLayer(const Layer &layer, qint64 divisor)
     facts.height = layer.screenSizeHeight();
     if (const auto *screen = qobject_cast<const LWScreen *>(&layer)) {
         facts.wall = factsOfWall(*screen, divisor);
-        facts.width = qint64{screen->col()} * screen->panelWidth();
-        facts.height = qint64{screen->row()} * screen->panelHeight();
+        const auto [width, height] = LostWall::sizeOf(*screen);
+        facts.width = width;
+        facts.height = height;
         facts.isTooLargeToDraw = LostWall::isTooLarge(facts.width, facts.height);
     }
     if (const auto *still = qobject_cast<const LWStill *>(&layer))

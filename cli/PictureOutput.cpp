@@ -13,6 +13,12 @@ QImage composed(const Project &project, const PictureSettings &settings)
     return Composition().compose(placedPictures(project.layers), {size, settings.background, settings.edge});
 }
 
+Result<void> writeOutput(const QString &path, const Project &project, const PictureSettings &settings)
+{
+    const QStringList lost = LostWall::sentencesOf(project.layers, LostWall::Among::Visible);
+    return lost.isEmpty() ? PngFile::write(path, composed(project, settings)) : fail(path + ": " + lost.join(". "));
+}
+
 std::optional<QString> reasonForNoPicture(const Layer &layer)
 {
     if (const auto *still = qobject_cast<const LWStill *>(&layer)) {
@@ -22,8 +28,7 @@ std::optional<QString> reasonForNoPicture(const Layer &layer)
         return address.isEmpty() ? QString("it names no file")
                                  : QString("\"%1\" is missing or no picture").arg(address);
     }
-    const qint64 width = qint64{layer.col()} * layer.panelWidth();
-    const qint64 height = qint64{layer.row()} * layer.panelHeight();
+    const auto [width, height] = LostWall::sizeOf(layer);
     if (width <= 0 || height <= 0)
         return QString("it is %1 x %2 pixels").arg(width).arg(height);
     const bool isLost = LostWall::isTooLarge(width, height) || layer.thumbnail().isNull();
@@ -44,7 +49,7 @@ std::optional<QString> reasonForNoPicture(const Project &project, int layer)
 Result<void> writePng(const QString &path, const Project &project, const PictureSettings &settings)
 {
     if (!settings.layer)
-        return PngFile::write(path, composed(project, settings));
+        return writeOutput(path, project, settings);
     if (*settings.layer >= std::ssize(project.layers))
         return fail(QString("%1: there is no layer %2; the project has %3, counted from 0")
                         .arg(path, QString::number(*settings.layer), QString::number(project.layers.size())));

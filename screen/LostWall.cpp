@@ -1,10 +1,16 @@
 #include "screen/LostWall.h"
 
 #include "drawing/Raster.h"
+#include "screen/LWScreen.h"
 
 #include <QLocale>
 
 namespace LostWall {
+
+Size sizeOf(const Layer &wall)
+{
+    return {qint64{wall.col()} * wall.panelWidth(), qint64{wall.row()} * wall.panelHeight()};
+}
 
 bool isTooLarge(qint64 width, qint64 height)
 {
@@ -23,6 +29,26 @@ QString reason(qint64 width, qint64 height)
 QString sentence(const QString &label, qint64 width, qint64 height)
 {
     return (label.isEmpty() ? QString("A wall without a name") : label) + ": " + reason(width, height);
+}
+
+std::optional<QString> sentenceOf(const Layer &layer)
+{
+    const auto [width, height] = sizeOf(layer);
+    const bool isWallWithPixels = qobject_cast<const LWScreen *>(&layer) && width > 0 && height > 0;
+    if (!isWallWithPixels || !layer.thumbnail().isNull())
+        return std::nullopt;
+    return sentence(layer.label(), width, height);
+}
+
+QStringList sentencesOf(const std::vector<LayerPointer> &layers, Among among)
+{
+    QStringList sentences;
+    for (const LayerPointer &layer : layers) {
+        const bool isMeant = among == Among::All || layer->visible();
+        if (const std::optional<QString> lost = isMeant ? sentenceOf(*layer) : std::nullopt)
+            sentences.append(*lost);
+    }
+    return sentences;
 }
 
 } // namespace LostWall

@@ -1,9 +1,23 @@
 #pragma once
 
+#include "layer/Layer.h"
+
 #include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <vector>
 
 /// Why a wall that has pixels has no picture, in the same words wherever it is told.
 namespace LostWall {
+
+/// In pixels, of a wall whether it can be drawn or not.
+struct Size
+{
+    qint64 width;
+    qint64 height;
+};
+Size sizeOf(const Layer &wall);
 
 /// A wall of this size, in pixels, has some, but more than a raster can hold.
 bool isTooLarge(qint64 width, qint64 height);
@@ -14,5 +28,15 @@ QString reason(qint64 width, qint64 height);
 
 /// The same with the wall's name in front: "MAIN: 32,896 x 320 pixels ...".
 QString sentence(const QString &label, qint64 width, qint64 height);
+/// That of a layer; nullopt where it is no wall, has no pixels or has its picture.
+std::optional<QString> sentenceOf(const Layer &layer);
+
+enum class Among
+{
+    All,
+    Visible
+};
+/// Those of all such walls, in the order of the layers.
+QStringList sentencesOf(const std::vector<LayerPointer> &layers, Among among);
 
 } // namespace LostWall

@@ -111,19 +111,18 @@ TEST_F(ConvertPicturesTest, AWallWithoutPixelsHasNoPicture)
     EXPECT_EQ(outcome.err, path("a.png") + ": layer 0 has no picture: it is 0 x 10 pixels\n");
 }
 
-TEST_F(ConvertPicturesTest, AWallOfTwoBillionColumnsHasNoPictureButAnOutputAndAProject)
+TEST_F(ConvertPicturesTest, AWallOfTwoBillionColumnsHasNoPictureButAProject)
 {
     const QString input = show(plainWall(R"("col": 2000000000, "row": 2000000000)"));
 
     const Outcome alone = runCommand({"convert", input, path("a.png"), "--layer", "0"});
-    const Outcome whole = runCommand({"convert", input, path("b.png"), path("b.Orv")});
+    const Outcome whole = runCommand({"convert", input, path("b.Orv"), path("b.png")});
 
     EXPECT_EQ(alone.status, 1);
     EXPECT_EQ(alone.err, path("a.png") + ": layer 0 has no picture: 20,000,000,000 x 20,000,000,000 pixels are too "
                                          "large to draw; make the wall smaller\n");
-    EXPECT_EQ(whole.status, 0);
-    EXPECT_EQ(picture("b.png").size(), QSize(40, 30));
-    EXPECT_EQ(names(), QStringList({"b.Orv", "b.png", "show.json"}));
+    EXPECT_EQ(whole.status, 1);
+    EXPECT_EQ(names(), QStringList({"b.Orv", "show.json"}));
 }
 
 TEST_F(ConvertPicturesTest, AnOutputTooLargeToDrawIsRefused)
@@ -172,4 +171,20 @@ TEST_F(ConvertPicturesTest, StillsAreFoundBesideTheText)
     EXPECT_EQ(output.pixelColor(33, 22), QColor(Qt::yellow));
     EXPECT_EQ(output.pixelColor(34, 22), black);
     EXPECT_EQ(converted(input, {"--layer", "0"}).size(), QSize(4, 3));
+}
+
+TEST_F(ConvertPicturesTest, AVisibleWallThatIsLostFails)
+{
+    const auto huge = [](const QByteArray &name, const QByteArray &visible) {
+        return R"({"class": "LWScreen", "col": 2000000000, "row": 1, "panelWidth": 10, "panelHeight": 10, "label": ")" +
+               name + R"(", "visible": )" + visible + '}';
+    };
+    const QString reason = "20,000,000,000 x 10 pixels are too large to draw; make the wall smaller";
+    const Outcome outcome = runCommand(
+        {"convert", show(huge("MAIN", "true") + ", " + plainWall() + ", " + huge("SIDE", "true")), path("out.png")});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err, path("out.png") + ": MAIN: " + reason + ". SIDE: " + reason + '\n');
+    EXPECT_EQ(names(), QStringList{"show.json"});
+
+    converted(show(huge("MAIN", "false") + ", " + plainWall()));
 }
