@@ -32,8 +32,10 @@ struct LayerState
 /// The project file that a document belongs to.
 struct DocumentFile
 {
-    QString path;      ///< empty while there is none
-    QByteArray digest; ///< FileBytes::digest() of it when it was opened or saved; empty where that is not known
+    QString path; ///< empty while there is none
+    /// FileBytes::digest() of it when it was opened or saved; empty where that is not known. One for all documents that
+    /// were opened from it without another program's doing between them: what is saved from one is no news to another.
+    std::shared_ptr<QByteArray> digest = std::make_shared<QByteArray>();
 };
 
 /// A document at one moment, to come back to: the layers themselves, in their order, and what they looked like.

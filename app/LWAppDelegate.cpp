@@ -19,7 +19,6 @@ constexpr QLatin1StringView panelHeightPath{"arrangedObjects.panelHeight"};
 constexpr QLatin1StringView aspectRatioPath{"arrangedObjects.aspectRatio"};
 constexpr QLatin1StringView outputWidthPath{"OutputWidth"};
 constexpr QLatin1StringView outputHeightPath{"OutputHeight"};
-constexpr QLatin1StringView voltagePath{"voltageCalc"};
 constexpr QLatin1StringView updatePatternPath{"updatePattern"};
 constexpr QLatin1StringView patternPath{"arrangedObjects.pattern"};
 constexpr QLatin1StringView thumbnailPath{"arrangedObjects.thumbnail"};
@@ -187,8 +186,6 @@ bool LWAppDelegate::setValue(const QVariant &value, const QString &keyPath)
 {
     if (keyPath.startsWith(LayerList::keyPathPrefix))
         return m_arraycontroller.setValue(value, keyPath);
-    if (keyPath == voltagePath)
-        return typeVoltage(value);
     const bool isOutputSize = keyPath == outputWidthPath || keyPath == outputHeightPath;
     if (!isOutputSize || !setProperty(keyPath.toLatin1(), value))
         return false;
@@ -280,6 +277,16 @@ void LWAppDelegate::setState(const DocumentState &state)
 {
     const bool isOtherSupply = state.volts != m_voltageCalc || state.phases != m_phaseCalc;
     const bool isOtherChoice = state.supply != m_supply && state.file == m_file;
+    takeState(state);
+    if (isOtherSupply)
+        renderCurrents();
+    showAsItWas(state);
+    if (const auto counts = Supply::of(m_voltageCalc, m_phaseCalc); isOtherChoice && counts)
+        m_userInterface.noteSupply(*counts);
+}
+
+void LWAppDelegate::takeState(const DocumentState &state)
+{
     if (m_recovery && state.file != m_file) {
         m_recovery->leave();
         m_recovery->documentWasSaved(state.file->path);
@@ -294,10 +301,11 @@ void LWAppDelegate::setState(const DocumentState &state)
     m_arraycontroller.setLayers(restored(state.layers), state.selection, state.shown);
     m_presetarraycontroller.setLayers(restored(state.presets), state.presetSelection);
     m_selectedRow = state.selectedRow;
-    if (isOtherSupply)
-        renderCurrents();
+}
 
-    // Shown as it was: an update would render the selected layer anew, and its aspect lock would change it.
+/// An update would render the selected layer anew, and its aspect lock would change it.
+void LWAppDelegate::showAsItWas(const DocumentState &state)
+{
     m_hwchange = true;
     m_hwchangeVal.clear();
     m_updateWasSwallowed = false;
@@ -305,8 +313,6 @@ void LWAppDelegate::setState(const DocumentState &state)
     composeOutput();
     m_userInterface.reloadTable();
     calculatePower();
-    if (const auto counts = Supply::of(m_voltageCalc, m_phaseCalc); isOtherChoice && counts)
-        m_userInterface.noteSupply(*counts);
     m_userInterface.repaintCanvas();
 }
 

@@ -10,6 +10,7 @@
 #include "drawing/Colour.h"
 #include "layer/LayerHost.h"
 
+#include <QHash>
 #include <QImage>
 #include <QObject>
 #include <QPoint>
@@ -31,7 +32,7 @@ class LWAppDelegate final : public QObject, public LayerHost, private UndoableDo
     /// Output size in pixels. Plain setters notify nobody; setValue() does.
     Q_PROPERTY(int OutputWidth READ OutputWidth WRITE setOutputWidth)
     Q_PROPERTY(int OutputHeight READ OutputHeight WRITE setOutputHeight)
-    /// What the current is worked out for; read only. See setValue() and voltageSelect().
+    /// What the current is worked out for; read only. See voltageSelect().
     Q_PROPERTY(qint64 voltageCalc READ voltageCalc)
     Q_PROPERTY(qint64 phaseCalc READ phaseCalc)
     /// Parts of a store that quitting would take care of; nothing makes them, so they stay empty.
@@ -75,6 +76,8 @@ public:
     int screenNumber() const { return m_screenNumber; }
     /// Undo and redo.
     QUndoStack &undoStack() { return m_history.stack(); }
+    /// What a project file of the document holds; the layers are the document's own.
+    Project project() const;
     /// The project file that the document belongs to; empty: none.
     const QString &projectPath() const { return m_file->path; }
 
@@ -105,9 +108,8 @@ public:
     /// Recomputes the power line; chooses 110 V and 1 phase where none was chosen.
     void calculatePower();
 
-    /// Edits the output size ("OutputWidth", "OutputHeight"), the volts ("voltageCalc", 1 to Supply::mostVolts, a
-    /// choice as by voltageSelect(), typing joined to one step until endTyping()) or the selected layer
-    /// ("arrangedObjects.panelWidth") and notifies the observer. Returns whether there was such a value to edit.
+    /// Edits the output size ("OutputWidth", "OutputHeight") or the selected layer ("arrangedObjects.panelWidth") and
+    /// notifies the observer. Returns whether there was such a value to edit.
     bool setValue(const QVariant &value, const QString &keyPath);
     /// The same for all selected layers, as one edit; those without such a value stay as they are.
     bool setValueOfSelection(const QVariant &value, const QString &keyPath);
@@ -255,8 +257,6 @@ public:
     /// kept with this one. A show without a choice counts with the one remembered, else with 110 V and 1 phase.
     void voltageSelect(qint64 tag);
     void phaseSelect(qint64 tag);
-    /// The choice that the show holds; nullopt: none. voltageCalc() and phaseCalc() are what counts.
-    const std::optional<Supply> &supply() const { return m_supply; }
     /// Another choice in the pop-up of the corner coordinates.
     void popupButton();
     void setPopupIndex(int index) { m_popupIndex = index; }
@@ -279,8 +279,6 @@ public:
 signals:
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
-    /// voltageCalc() or phaseCalc() is another: chosen, undone, or that of another show. Told after the power line.
-    void supplyDidChange();
 
 private:
     /// Which table the last drag began in.
@@ -293,6 +291,8 @@ private:
 
     DocumentState state(const DocumentState &before) const override;
     void setState(const DocumentState &state) override;
+    void takeState(const DocumentState &state);
+    void showAsItWas(const DocumentState &state);
     LayerPointer firstLayer();
     void connectLists();
     void connectRecovery();
@@ -313,16 +313,16 @@ private:
     void setValueOfOthers(const QVariant &value, const QString &keyPath);
     void editSelectedWalls(const QString &name, const std::function<void(LWScreen &wall)> &edit);
     void gateTimerFired();
-    Project project() const;
     /// `chosen`: of the show; nullopt: the one remembered counts.
     void takeSupply(const std::optional<Supply> &chosen);
-    void supplyWasChosen(const QString &keyPath, const QString &typing = {});
-    bool typeVoltage(const QVariant &value);
+    void supplyWasChosen(const QString &keyPath);
     /// Renders the walls that show their current.
     void renderCurrents();
     void load(const QString &path);
-    /// Tells of the first wall that shows nothing because no raster can hold it.
-    void tellWallsTooLarge();
+    /// Tells of the walls that show nothing because they could not be drawn.
+    void tellLostWalls();
+    void drawLostWalls();
+    DocumentFile fileAt(const QString &path);
     /// Puts another document in the place of this one. `name` is what undoing that is called after.
     void showProject(const Project &project, const DocumentFile &file, const QString &name);
     void setFile(std::shared_ptr<DocumentFile> file);
@@ -348,7 +348,8 @@ private:
     std::optional<PresetStore> m_presetStore;
     std::vector<LayerState> m_keptPresets; ///< as they are in the store
     std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();
-    std::shared_ptr<const UnknownContent> m_unknown; ///< of that file; null: nothing
+    std::shared_ptr<const UnknownContent> m_unknown;       ///< of that file; null: nothing
+    QHash<QString, std::shared_ptr<QByteArray>> m_digests; ///< of the files that were opened or saved last, by path
 
     int m_OutputWidth = 0;
     int m_OutputHeight = 0;
@@ -370,7 +371,6 @@ private:
     std::optional<Supply> m_supply; ///< that was chosen for this document
     qint64 m_voltageCalc = 0;
     qint64 m_phaseCalc = 0;
-    std::pair<qint64, qint64> m_toldSupply; ///< volts and phases
     QString m_preOpenFile;
 
     ManagedObjectContext *m_managedObjectContext = nullptr;

@@ -19,14 +19,15 @@ bool isText(const QString &path)
 bool isChangedElsewhere(const DocumentFile &file)
 {
     const QByteArray there = FileBytes::digest(file.path);
-    return !there.isEmpty() && there != file.digest;
+    return !there.isEmpty() && there != *file.digest;
 }
 
 /// The file of recovered work as it was when that work began; what it was is not known where it was written since.
 DocumentFile fileOf(const FoundCopy &copy)
 {
     const bool isNewer = QFileInfo(copy.projectPath).lastModified() > copy.time;
-    return {copy.projectPath, isNewer ? QByteArray() : FileBytes::digest(copy.projectPath)};
+    return {copy.projectPath,
+            std::make_shared<QByteArray>(isNewer ? QByteArray() : FileBytes::digest(copy.projectPath))};
 }
 } // namespace
 
@@ -70,7 +71,10 @@ void LWAppDelegate::writeProject(const QString &path)
     if (!written)
         return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
     m_userInterface.noteRecentDocument(path);
-    *m_file = {path, FileBytes::digest(path)};
+    if (projectPath() == path)
+        *m_file->digest = FileBytes::digest(path);
+    else
+        *m_file = fileAt(path);
     documentIsInFile();
     emit projectPathDidChange(path);
     m_userInterface.tellStatus("Saved " + QFileInfo(path).fileName());
@@ -91,9 +95,18 @@ void LWAppDelegate::openProjectPre(const QString &path)
     update();
 }
 
+DocumentFile LWAppDelegate::fileAt(const QString &path)
+{
+    const QByteArray there = FileBytes::digest(path);
+    std::shared_ptr<QByteArray> &known = m_digests[path];
+    if (!known || *known != there)
+        known = std::make_shared<QByteArray>(there);
+    return {path, known};
+}
+
 void LWAppDelegate::load(const QString &path)
 {
-    const DocumentFile file{path, FileBytes::digest(path)}; // before it is read: what comes later is another's
+    const DocumentFile file = fileAt(path); // before it is read: what comes later is another's
     const Result<Project> project = isText(path) ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
     if (!project)
         return m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
@@ -103,7 +116,7 @@ void LWAppDelegate::load(const QString &path)
     showProject(*project, file, "open project");
     documentIsInFile();
     tellUnknownContent(*project);
-    tellWallsTooLarge();
+    tellLostWalls();
 }
 
 void LWAppDelegate::showProject(const Project &project, const DocumentFile &file, const QString &name)
@@ -140,14 +153,24 @@ void LWAppDelegate::tellUnknownContent(const Project &project)
                                        .arg(QFileInfo(projectPath()).fileName()));
 }
 
-void LWAppDelegate::tellWallsTooLarge()
+void LWAppDelegate::tellLostWalls()
 {
+    if (const QStringList lost = LostWall::sentencesOf(allScreensArray(), LostWall::Among::All); !lost.isEmpty())
+        m_userInterface.tellFailure(lost.join(". ") + '.');
+}
+
+/// Memory may have become free since.
+void LWAppDelegate::drawLostWalls()
+{
+    bool isAnyDrawn = false;
     for (const LayerPointer &layer : allScreensArray()) {
-        const qint64 width = qint64{layer->col()} * layer->panelWidth();
-        const qint64 height = qint64{layer->row()} * layer->panelHeight();
-        if (LostWall::isTooLarge(width, height))
-            return m_userInterface.tellFailure(LostWall::sentence(layer->label(), width, height) + '.');
+        if (!LostWall::sentenceOf(*layer))
+            continue;
+        layer->drawInRect();
+        isAnyDrawn |= !LostWall::sentenceOf(*layer);
     }
+    if (isAnyDrawn)
+        composeOutput();
 }
 
 bool LWAppDelegate::applicationOpenFile(const QString &path)
@@ -162,13 +185,16 @@ bool LWAppDelegate::applicationOpenFile(const QString &path)
 void LWAppDelegate::saveAction()
 {
     catchUp();
+    drawLostWalls();
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;
     const QString path = FileBytes::withExtension(*chosen, "png");
     if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
         return tellFailedExport("PNG", written.error());
-    m_userInterface.tellStatus("Exported " + QFileInfo(path).fileName());
+    const QStringList lost = LostWall::sentencesOf(allScreensArray(), LostWall::Among::Visible);
+    const QStringList all = QStringList("Exported " + QFileInfo(path).fileName()) + lost;
+    lost.isEmpty() ? m_userInterface.tellStatus(all.front()) : m_userInterface.tellFailure(all.join(". ") + '.');
 }
 
 void LWAppDelegate::savePSD()
@@ -176,6 +202,7 @@ void LWAppDelegate::savePSD()
     catchUp();
     if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
+    drawLostWalls();
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;
@@ -191,8 +218,9 @@ void LWAppDelegate::savePSD()
         return tellFailedExport("PSD", outcome.error());
     if (*outcome == PSDExport::Outcome::Cancelled)
         return m_userInterface.tellStatus("Cancelled the export of " + name);
-    const Project project{m_OutputHeight, m_OutputWidth, allScreensArray()};
-    const QStringList all = QStringList("Exported " + name) + PSDExport::resized(project) + PSDExport::leftOut(project);
+    const Project exported = project();
+    const QStringList all =
+        QStringList("Exported " + name) + PSDExport::resized(exported) + PSDExport::leftOut(exported);
     m_userInterface.tellStatus(all.join(". "));
 }
 
@@ -229,7 +257,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     showProject(*project, fileOf(copy), "recover project");
     m_shouldUpdate = true;
     update();
-    tellWallsTooLarge();
+    tellLostWalls();
 }
 
 void LWAppDelegate::discardRecoverable(const FoundCopy &copy)

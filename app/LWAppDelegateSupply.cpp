@@ -17,9 +17,6 @@ void LWAppDelegate::calculatePower()
                                                    PowerCalculator::divisor(m_voltageCalc, m_phaseCalc));
     m_powerResult = PowerCalculator::resultText(amperes);
     m_userInterface.showPowerResult(m_powerResult);
-    const std::pair supply(m_voltageCalc, m_phaseCalc);
-    if (std::exchange(m_toldSupply, supply) != supply)
-        emit supplyDidChange();
 }
 
 void LWAppDelegate::voltageSelect(qint64 tag)
@@ -34,25 +31,14 @@ void LWAppDelegate::phaseSelect(qint64 tag)
     supplyWasChosen(phaseKey);
 }
 
-bool LWAppDelegate::typeVoltage(const QVariant &value)
-{
-    bool isNumber = false;
-    const qint64 volts = value.toLongLong(&isNumber);
-    if (!isNumber || !Supply::of(volts, 1))
-        return false;
-    m_voltageCalc = volts;
-    supplyWasChosen(voltageKey, voltageKey);
-    return true;
-}
-
-void LWAppDelegate::supplyWasChosen(const QString &keyPath, const QString &typing)
+void LWAppDelegate::supplyWasChosen(const QString &keyPath)
 {
     calculatePower(); // chooses what is 0
     m_supply = Supply::of(m_voltageCalc, m_phaseCalc);
     if (m_supply)
         m_userInterface.noteSupply(*m_supply);
     renderCurrents();
-    finishEdit(EditNames::ofKeyPath(keyPath), typing);
+    finishEdit(EditNames::ofKeyPath(keyPath));
 }
 
 void LWAppDelegate::takeSupply(const std::optional<Supply> &chosen)

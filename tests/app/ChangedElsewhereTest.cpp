@@ -68,6 +68,26 @@ TEST_F(ChangedElsewhere, OpeningTheirsCanBeUndone)
     EXPECT_EQ(person.filesChangedElsewhere.size(), 2);
 }
 
+TEST_F(ChangedElsewhere, WhatThisProgramHasSavedFromALaterDocumentIsNotAnothers)
+{
+    edit("xpoint", 7);
+    document.save();
+    document.openProjectPre(path);
+    edit("xpoint", 8);
+    document.save();
+    stack.undo();
+    stack.undo(); // the document of before
+    edit("xpoint", 9);
+    document.save();
+    EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
+    EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 9);
+
+    saveTheirs(100);
+    edit("xpoint", 10);
+    document.save();
+    EXPECT_EQ(person.filesChangedElsewhere, QStringList(path));
+}
+
 TEST_F(ChangedElsewhere, AFileThatIsTheSameToTheByteIsNotChanged)
 {
     const QByteArray ours = onDisk();

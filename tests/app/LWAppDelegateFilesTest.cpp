@@ -248,6 +248,33 @@ TEST_F(LWAppDelegateFiles, TheOutputIsExportedAsItIs)
     EXPECT_EQ(person.statuses, QStringList({"Exported wall.png", "Exported wall.png", "Exported wall.Orv.png"}));
 }
 
+TEST_F(LWAppDelegateFiles, AWallThatWasLostForMemoryIsDrawnAgainForAnExport)
+{
+    compose();
+    const QImage whole = document.offscreenRep().copy();
+    selected()->setThumbnail({}); // what a rendering leaves that got no memory
+    person.savePanelAnswer = folder.filePath("wall.png");
+    document.saveAction();
+    EXPECT_EQ(QImage(folder.filePath("wall.png")).convertToFormat(whole.format()), whole);
+    EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
+}
+
+TEST_F(LWAppDelegateFiles, AWallThatAPictureMustDoWithoutIsTold)
+{
+    selected()->setLabel("MAIN");
+    selected()->setCol(1'000'000);
+    selected()->drawInRect();
+    person.savePanelAnswer = folder.filePath("wall.png");
+    document.saveAction();
+    EXPECT_TRUE(person.statuses.isEmpty());
+    ASSERT_EQ(person.failures.size(), 1);
+    EXPECT_TRUE(person.failures[0].startsWith("Exported wall.png. MAIN: ")) << qPrintable(person.failures[0]);
+
+    selected()->setVisible(false);
+    document.saveAction();
+    EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
+}
+
 TEST_F(LWAppDelegateFiles, AFailedExportIsToldInTheStatusLine)
 {
     person.savePanelAnswer = folder.filePath("nowhere/wall.png");

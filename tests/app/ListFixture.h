@@ -50,10 +50,5 @@ protected:
         document.finishEdit("Setting");
     }
 
-    QByteArray archive() const
-    {
-        return ProjectFile::encode(
-                   {document.OutputHeight(), document.OutputWidth(), document.allScreensArray(), document.supply()})
-            .value_or(QByteArray());
-    }
+    QByteArray archive() const { return ProjectFile::encode(document.project()).value_or(QByteArray()); }
 };

@@ -46,11 +46,7 @@ private:
     LayerPointer selected() { return layers().selectedLayer(); }
     QUndoStack &stack() { return m_document->undoStack(); }
     QString pathOf(const QString &name) const { return m_folder.filePath(name); }
-    Project project() const
-    {
-        return {m_document->OutputHeight(), m_document->OutputWidth(), m_document->allScreensArray(),
-                m_document->supply()};
-    }
+    Project project() const { return m_document->project(); }
 
     void editProperty();
     void typeOn();

@@ -1,8 +1,6 @@
 #include "app/ProjectFile.h"
 #include "tests/app/UndoFixture.h"
 
-#include <QSignalSpy>
-
 namespace {
 /// The supply that the current is worked out for. The wall of the start draws 40 x 200 W.
 class SupplyOfShow : public UndoFixture
@@ -36,26 +34,6 @@ TEST_F(SupplyOfShow, ChoosingIsOneStepEach)
     EXPECT_EQ(document.powerResult(), "Total Power: 24.24Amp");
 }
 
-TEST_F(SupplyOfShow, TypedVoltsAreOneStepUntilTypingEnds)
-{
-    const int steps = stack.index();
-    for (const int volts : {2, 23, 230})
-        EXPECT_TRUE(document.setValue(volts, "voltageCalc"));
-    EXPECT_EQ(stack.index(), steps + 1);
-    EXPECT_EQ(counted(), Pair(230, 1));
-    EXPECT_FALSE(document.setValue(0, "voltageCalc"));
-    EXPECT_FALSE(document.setValue(1001, "voltageCalc"));
-    EXPECT_FALSE(document.setValue("much", "voltageCalc"));
-    EXPECT_EQ(counted(), Pair(230, 1));
-
-    document.endTyping();
-    document.setValue(115, "voltageCalc");
-    EXPECT_EQ(stack.index(), steps + 2);
-    document.takeBackTyping();
-    EXPECT_EQ(counted(), Pair(230, 1));
-    EXPECT_EQ(person.supply, (Supply{230, 1}));
-}
-
 TEST_F(SupplyOfShow, GoesWithTheShowOnlyWhereItWasChosen)
 {
     EXPECT_EQ(supplyInFile(saved("plain")), std::nullopt);
@@ -79,10 +57,10 @@ TEST_F(SupplyOfShow, AShowWithAChoiceWinsOverTheOneRemembered)
     EXPECT_EQ(person.supply, (Supply{230, 1})); // opening chooses nothing
     document.openProjectPre(plain);
     EXPECT_EQ(counted(), Pair(230, 1));
-    EXPECT_EQ(document.supply(), std::nullopt);
+    EXPECT_EQ(document.project().supply, std::nullopt);
     stack.undo();
     EXPECT_EQ(counted(), Pair(208, 3));
-    EXPECT_EQ(document.supply(), (Supply{208, 3}));
+    EXPECT_EQ(document.project().supply, (Supply{208, 3}));
 }
 
 TEST_F(SupplyOfShow, NothingChosenAnywhereIs110VoltsOnOnePhase)
@@ -102,7 +80,7 @@ TEST_F(SupplyOfShow, TheOneRememberedCountsFromTheStart)
     another.applicationDidFinishLaunching();
 
     EXPECT_EQ(another.powerResult(), "Total Power: 11.59Amp");
-    EXPECT_EQ(another.supply(), std::nullopt);
+    EXPECT_EQ(another.project().supply, std::nullopt);
 }
 
 TEST_F(SupplyOfShow, UndoingAChoiceTakesItBackFromWhatIsRemembered)
@@ -113,7 +91,7 @@ TEST_F(SupplyOfShow, UndoingAChoiceTakesItBackFromWhatIsRemembered)
     EXPECT_EQ(person.supply, (Supply{208, 1}));
     stack.undo();
     EXPECT_EQ(person.supply, (Supply{110, 1}));
-    EXPECT_EQ(document.supply(), std::nullopt);
+    EXPECT_EQ(document.project().supply, std::nullopt);
 }
 
 TEST_F(SupplyOfShow, IsKeptByARecoveryCopy)
@@ -132,19 +110,8 @@ TEST_F(SupplyOfShow, IsKeptByARecoveryCopy)
     ASSERT_EQ(next.recoverable().size(), 1U);
 
     next.recover(next.recoverable()[0]);
-    EXPECT_EQ(next.supply(), (Supply{208, 3}));
+    EXPECT_EQ(next.project().supply, (Supply{208, 3}));
     EXPECT_EQ(next.powerResult(), "Total Power: 12.82Amp");
-}
-
-TEST_F(SupplyOfShow, EachChangeIsTold)
-{
-    const QSignalSpy told(&document, &LWAppDelegate::supplyDidChange);
-    document.voltageSelect(208);
-    EXPECT_EQ(told.size(), 1);
-    document.voltageSelect(208);
-    EXPECT_EQ(told.size(), 1);
-    stack.undo();
-    EXPECT_EQ(told.size(), 2);
 }
 
 TEST_F(SupplyOfShow, WallsThatShowTheirCurrentFollowItSelectedOrNot)
