@@ -3,6 +3,7 @@
 #include "canvas/Arranging.h"
 #include "canvas/CanvasFrame.h"
 #include "canvas/CanvasPicture.h"
+#include "canvas/ExactPointer.h"
 #include "canvas/JXSelectionBorder.h"
 #include "canvas/PanelPainting.h"
 
@@ -19,7 +20,6 @@
 
 class CanvasDocument;
 class QNativeGestureEvent;
-class QSinglePointEvent;
 
 /// What a status line tells of the canvas.
 struct CanvasReadOut
@@ -155,7 +155,6 @@ private:
         bool extends;  ///< the selection
     };
 
-    QPointF placeOf(const QSinglePointEvent &event) const;
     void mouseDown(const QPointF &widgetPoint);
     void pressPixel(const LayerPointer &layer, const QPoint &pixel);
     void mouseUp();
@@ -234,6 +233,7 @@ private:
     JXSelectionBorder m_cropMarker;
     CanvasReadOut m_readOut;
 
+    ExactPointer m_exactPointer{*this};
     std::optional<QPointF> m_pointer;           ///< in the widget; none while it is elsewhere
     std::optional<QPointF> m_panFrom;           ///< in device pixels; while the view is dragged
     Qt::MouseButton m_panButton = Qt::NoButton; ///< that began it

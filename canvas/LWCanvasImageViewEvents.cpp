@@ -26,15 +26,6 @@ bool isStill(const Layer &layer)
 }
 } // namespace
 
-/// Exactly: to a widget in another one Qt tells a place in whole logical pixels, but to its window the device pixel.
-/// An event that knows of no window tells the one place twice.
-QPointF LWCanvasImageView::placeOf(const QSinglePointEvent &event) const
-{
-    const QPointF place = event.scenePosition() - mapTo(window(), QPointF(0, 0));
-    const QPointF rounded = place - event.position();
-    return std::max(std::abs(rounded.x()), std::abs(rounded.y())) < 1 ? place : event.position();
-}
-
 LWCanvasImageView::MouseLocation LWCanvasImageView::locationOf(const QPointF &widgetPoint) const
 {
     const QPointF inWindow = mapTo(window(), widgetPoint);
@@ -163,7 +154,7 @@ void LWCanvasImageView::cancelDrag()
 
 void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
 {
-    const QPointF place = placeOf(*event);
+    const QPointF place = m_exactPointer.placeOf(*event);
     m_pointer = place;
     m_panelCursor.reset();
     takeAlt(event->modifiers().testFlag(Qt::AltModifier));
@@ -187,7 +178,7 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
 
 void LWCanvasImageView::mouseMoveEvent(QMouseEvent *event)
 {
-    const QPointF place = placeOf(*event);
+    const QPointF place = m_exactPointer.placeOf(*event);
     m_pointer = place;
     m_panelCursor.reset();
     claimSpaceBar(true);
@@ -214,7 +205,7 @@ void LWCanvasImageView::mouseReleaseEvent(QMouseEvent *event)
     if (m_panFrom && event->button() == m_panButton) {
         m_panFrom.reset();
     } else if (event->button() == Qt::LeftButton && !m_panFrom) {
-        const QPointF place = placeOf(*event);
+        const QPointF place = m_exactPointer.placeOf(*event);
         m_pointer = place;
         if (m_arranging)
             trackArranging(!event->modifiers().testFlag(Qt::ControlModifier));
@@ -267,7 +258,7 @@ void LWCanvasImageView::wheelEvent(QWheelEvent *event)
     const int steps = m_wheelRest / wheelStep;
     m_wheelRest %= wheelStep;
     if (steps != 0)
-        stepZoom(steps, placeOf(*event));
+        stepZoom(steps, m_exactPointer.placeOf(*event));
 }
 
 bool LWCanvasImageView::event(QEvent *event)
@@ -298,7 +289,7 @@ bool LWCanvasImageView::nativeGesture(const QNativeGestureEvent &event)
     if (m_pinchZoom <= 0)
         m_pinchZoom = m_frame.zoom();
     m_pinchZoom = std::clamp(m_pinchZoom * (1 + event.value()), 1e-3, CanvasFrame::greatestZoom);
-    zoomAt(m_pinchZoom, placeOf(event));
+    zoomAt(m_pinchZoom, m_exactPointer.placeOf(event));
     return true;
 }
 

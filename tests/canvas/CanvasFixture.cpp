@@ -150,13 +150,15 @@ void CanvasFixture::release(const QPointF &viewPoint, Qt::MouseButton button, Qt
     QTest::mouseRelease(&view, button, keys, at(viewPoint.x(), viewPoint.y()));
 }
 
-void CanvasFixture::sendMouse(QEvent::Type type, const QPointF &devicePixel, Qt::MouseButtons buttons)
+void CanvasFixture::sendMouse(QEvent::Type type, const QPointF &devicePixel, Qt::MouseButtons buttons,
+                              Qt::KeyboardModifiers keys)
 {
+    constexpr int longerThanADoubleClick = 1000;
+    static int time = 0;
     const QPointF inWindow = devicePixel / ratio();
-    const QPoint rounded = view.mapFrom(&window, inWindow).toPoint();
     const auto button = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
-    QMouseEvent event(type, rounded, inWindow, window.mapToGlobal(inWindow), button, buttons, {});
-    QApplication::sendEvent(&view, &event);
+    qt_handleMouseEvent(window.windowHandle(), inWindow, window.mapToGlobal(inWindow), buttons, button, type, keys,
+                        time += longerThanADoubleClick);
 }
 
 void CanvasFixture::drag(const QPointF &from, const QPointF &to)

@@ -73,8 +73,9 @@ protected:
     void press(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {});
     void moveTo(const QPointF &viewPoint, Qt::MouseButtons buttons = Qt::LeftButton, Qt::KeyboardModifiers keys = {});
     void release(const QPointF &viewPoint, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {});
-    /// As Qt tells of a mouse: the device pixel of the window, from its top left, is exact for the window alone.
-    void sendMouse(QEvent::Type type, const QPointF &devicePixel, Qt::MouseButtons buttons = {});
+    /// As a display tells of a mouse: the native window hears of the device pixel, from its top left.
+    void sendMouse(QEvent::Type type, const QPointF &devicePixel, Qt::MouseButtons buttons = {},
+                   Qt::KeyboardModifiers keys = {});
     /// Press, move there in one step, release; what it leads to later has happened.
     void drag(const QPointF &from, const QPointF &to);
     void wheel(const QPoint &widgetPoint, int turned);

@@ -42,6 +42,21 @@ TEST_F(LWCanvasImageViewPointer, EveryDevicePixelIsItsOwn)
     }
 }
 
+// On the way into a widget Qt sends a hover event first, which overwrites the place in the window that the move tells.
+TEST_F(LWCanvasImageViewPointer, IsExactWhereAMoveTellsNoPlaceInTheWindow)
+{
+    view.zoomTo100();
+    const QPoint origin = corner() + view.deviceFrame().place().topLeft();
+    for (int i = 0; i < 6; ++i) {
+        const QPoint at = corner() + QPoint(200 + i, 100 + i);
+        sendMouse(QEvent::MouseMove, at);
+        QMouseEvent move(QEvent::MouseMove, view.mapFrom(&window, (QPointF(at) / ratio()).toPoint()), QPointF(-1, -1),
+                         QPointF(at) / ratio(), Qt::NoButton, {}, {});
+        QApplication::sendEvent(&view, &move);
+        EXPECT_EQ(view.readOut().pixel, at - origin);
+    }
+}
+
 TEST_F(LWCanvasImageViewPointer, TheLastDevicePixelOfAPanelIsThatPanels)
 {
     const LWScreen &screen = selectScreen(); // panels of 128 x 128
@@ -65,13 +80,8 @@ TEST_F(LWCanvasImageViewPointer, ADragOfSevenAndFiveDevicePixelsMovesALayerByThe
     for (int i = 0; i < 20; ++i) {
         const QPoint from = origin + place + QPoint(40 + i, 50 + i);
         sendMouse(QEvent::MouseButtonPress, from, Qt::LeftButton);
-        QMouseEvent move(QEvent::MouseMove, view.mapFrom(&window, QPointF(from + QPoint(7, 5)) / ratio()).toPoint(),
-                         QPointF(from + QPoint(7, 5)) / ratio(), QPointF(), Qt::NoButton, Qt::LeftButton,
-                         Qt::ControlModifier);
-        QApplication::sendEvent(&view, &move);
-        QMouseEvent release(QEvent::MouseButtonRelease, move.position(), move.scenePosition(), QPointF(),
-                            Qt::LeftButton, {}, Qt::ControlModifier);
-        QApplication::sendEvent(&view, &release);
+        sendMouse(QEvent::MouseMove, from + QPoint(7, 5), Qt::LeftButton, Qt::ControlModifier);
+        sendMouse(QEvent::MouseButtonRelease, from + QPoint(7, 5), {}, Qt::ControlModifier);
         place += QPoint(7, 5);
         EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), place);
     }
