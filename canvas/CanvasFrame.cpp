@@ -27,12 +27,13 @@ int keptInSight(int start, int length, int room)
 
 void CanvasFrame::setRoom(const QSize &room, int margin)
 {
-    const QSize more = room - m_room;
+    // Of the middles: halves of single steps would be lost.
+    const QPoint way(room.width() / 2 - m_room.width() / 2, room.height() / 2 - m_room.height() / 2);
     m_room = room;
     m_margin = margin;
     if (m_isFitted)
         return fit();
-    m_place.translate(more.width() / 2, more.height() / 2);
+    m_place.translate(way);
     keepInSight();
 }
 

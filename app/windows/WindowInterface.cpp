@@ -257,9 +257,20 @@ std::optional<QPoint> WindowInterface::pixelAt(const QPointF &place) const
                   qFloor(inFrame.y() * m_outputSize.height() / frame.height()));
 }
 
+/// The output's own middle, where a pixel of the view does not tell them apart: what is as large as the output covers
+/// it then.
 std::optional<QPoint> WindowInterface::middleOfView() const
 {
-    return m_canvas ? pixelAt(QRectF(m_canvas->rect()).center()) : std::nullopt;
+    const std::optional<QPoint> middle =
+        m_canvas ? pixelAt(QRectF(m_canvas->rect()).center()) : std::optional<QPoint>();
+    if (!middle)
+        return std::nullopt;
+    const QPoint ofOutput(m_outputSize.width() / 2, m_outputSize.height() / 2);
+    const QSizeF shown = m_canvas->frame().size();
+    const QPoint way = *middle - ofOutput;
+    const bool isOutputs = std::abs(way.x()) <= std::max(1.0, m_outputSize.width() / shown.width()) &&
+                           std::abs(way.y()) <= std::max(1.0, m_outputSize.height() / shown.height());
+    return isOutputs ? ofOutput : *middle;
 }
 
 void WindowInterface::setKScaleFactor(float factor)

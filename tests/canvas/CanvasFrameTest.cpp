@@ -164,6 +164,15 @@ TEST_F(CanvasFrameTest, SmallerThanTheRoomItIsZoomedAtTheAnchorToo)
     }
 }
 
+TEST_F(CanvasFrameTest, ARoomThatGrowsByPixelsKeepsItsMiddle)
+{
+    frame.setZoom(1, {332, 192});
+    const QRect place = frame.place();
+    for (int i = 1; i <= 101; ++i)
+        frame.setRoom({664 + i, 384 + i}, 12);
+    EXPECT_EQ(frame.place(), place.translated(50, 50));
+}
+
 TEST_F(CanvasFrameTest, FittedItFollowsTheRoomElseItKeepsTheZoom)
 {
     frame.setRoom({1304, 744}, 12);

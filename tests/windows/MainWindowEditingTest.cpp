@@ -118,6 +118,21 @@ TEST_F(MainWindowEditingTest, TheStatusLineNamesThePanelThatAClickWouldSwitch)
     EXPECT_TRUE(isTold("Layer 0 C2"));
 }
 
+TEST_F(MainWindowEditingTest, APictureOfTheOutputsSizeCoversIt)
+{
+    const QString plate = picture("plate.png", {1920, 1080});
+    for (int wider = 0; wider < 5; ++wider) {
+        window.resize(window.size() + QSize(1, 1));
+        QApplication::processEvents();
+        canvas().zoomToFit();
+        for (const double zoom : {canvas().readOut().zoomPercent, 100.0}) {
+            canvas().setZoom(zoom);
+            window.document().addImages({plate});
+            EXPECT_EQ(QPoint(selected()->xpoint(), selected()->ypoint()), QPoint(0, 0)) << zoom << ' ' << wider;
+        }
+    }
+}
+
 TEST_F(MainWindowEditingTest, AStillIsMovedByItsMarkerWithTheMouse)
 {
     window.document().addImages({picture("plate.png", {600, 400})}, QPoint(300, 200));
