@@ -50,10 +50,12 @@ bool isCopyIn(const QString &folder)
     return copy.isFile() && !copy.isSymLink(); // writing through a link could go over a person's file
 }
 
-/// Removes what a copy consists of, and nothing that somebody else has put beside it. The lock goes last.
+/// Removes what a copy consists of, and nothing that somebody else has put beside it. The copy goes first: if the
+/// program is killed meanwhile, none is found whose project is not known any more. The lock goes last.
 void removeFiles(const QString &folder)
 {
     QDir directory(folder);
+    directory.remove("project.Orv");
     const QStringList ours{"project.Orv", "project.Orv.*", "project-path", "project-path.*"};
     for (const QString &name : directory.entryList(ours, QDir::Files | QDir::System | QDir::Hidden))
         directory.remove(name);

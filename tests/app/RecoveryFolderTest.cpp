@@ -2,7 +2,10 @@
 
 #include "tests/app/RecoveryFixture.h"
 
+#include <array>
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 class RecoveryFolderTest : public RecoveryFixture
@@ -153,6 +156,21 @@ TEST_F(RecoveryFolderTest, WhatSomebodyElsePutThereStays)
     for (const QString &path : {folder + "/notes/shopping.txt", folder + "/readme.txt",
                                 folder + "/odd/project.Orv notes", folder + "/odd/todo.txt", beside})
         EXPECT_TRUE(QFile::exists(path)) << qPrintable(path);
+}
+
+// A program that is killed in between leaves no copy whose project nobody knows.
+TEST_F(RecoveryFolderTest, TheCopyGoesBeforeThePathOfItsProject)
+{
+    const FoundCopy copy = leftCopy(641, "/show/stage.Orv");
+    const int watch = inotify_init1(IN_NONBLOCK);
+    ASSERT_GE(inotify_add_watch(watch, QFile::encodeName(QFileInfo(copy.path).path()).constData(), IN_DELETE), 0);
+
+    ASSERT_TRUE(program()->discard(copy).has_value());
+
+    alignas(inotify_event) std::array<char, 4096> told{};
+    ASSERT_GT(read(watch, told.data(), told.size()), 0);
+    close(watch);
+    EXPECT_STREQ(reinterpret_cast<const inotify_event *>(told.data())->name, "project.Orv");
 }
 
 TEST_F(RecoveryFolderTest, AHeldFolderIsNotSwept)
