@@ -5,6 +5,7 @@
 #include "app/windows/Icons.h"
 #include "app/windows/LayerTable.h"
 #include "app/windows/ListsPane.h"
+#include "app/windows/TextField.h"
 #include "app/windows/Theme.h"
 #include "app/windows/WindowInterface.h"
 
@@ -51,8 +52,13 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
 
 bool PresetPanel::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_search || event->type() != QEvent::KeyPress)
+    if (watched != m_search)
         return QWidget::eventFilter(watched, event);
+    // With nothing to search for, the history's keys are the document's: Enter has just added a preset.
+    if (event->type() == QEvent::ShortcutOverride && TextField::isOfHistory(*event) && m_search->text().isEmpty())
+        return true;
+    if (event->type() != QEvent::KeyPress)
+        return false;
     switch (static_cast<QKeyEvent *>(event)->key()) {
     case Qt::Key_Down:
         m_table->setFocus();

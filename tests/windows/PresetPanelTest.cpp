@@ -101,6 +101,20 @@ TEST_F(PresetPanelTest, TheSearchEndsWithAnInsertion)
     EXPECT_EQ(searchField().text(), "");
 }
 
+TEST_F(PresetPanelTest, AfterEnterTheUndoKeyTakesTheAddedWallBack)
+{
+    const int before = window.document().arraycontroller().rowCount();
+    searchField().setFocus();
+    QTest::keyClicks(&searchField(), "x15");
+    QTest::keyClick(&searchField(), Qt::Key_Return);
+    QApplication::processEvents();
+    ASSERT_EQ(window.document().arraycontroller().rowCount(), before + 1);
+
+    QTest::keyClick(window.windowHandle(), Qt::Key_Z, Qt::ControlModifier);
+
+    EXPECT_EQ(window.document().arraycontroller().rowCount(), before);
+}
+
 TEST_F(PresetPanelTest, SelectedLayersAreKeptAsPresets)
 {
     choose("Keep selected layers", {});
