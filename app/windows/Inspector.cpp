@@ -359,7 +359,9 @@ bool Inspector::eventFilter(QObject *watched, QEvent *event)
         m_document.endTyping();
     if (event->type() == QEvent::FocusIn) {
         m_document.endTyping(); // of what was done elsewhere
-        ensureWidgetVisible(qobject_cast<QWidget *>(watched));
+        // Under the mouse it would be gone before the release, and the click with it.
+        if (static_cast<QFocusEvent *>(event)->reason() != Qt::MouseFocusReason)
+            ensureWidgetVisible(qobject_cast<QWidget *>(watched));
     }
     return QScrollArea::eventFilter(watched, event);
 }

@@ -270,6 +270,23 @@ TEST_F(InspectorSelectionTest, AllPanelsOfAllWallsAreSwitchedOnAsOneStep)
     EXPECT_EQ(summary("Wall"), "2 walls, 41 panels, 2 off");
 }
 
+TEST_F(InspectorSelectionTest, AClickOnAHalfOfASwitchInSightCounts)
+{
+    QCheckBox &labels = control<QCheckBox>("Panel labels");
+    QScrollBar &bar = *inspector().verticalScrollBar();
+    bar.setValue(labels.mapTo(inspector().widget(), QPoint(0, labels.height() / 2)).y() -
+                 inspector().viewport()->height());
+    QApplication::processEvents();
+    const bool before = labels.isChecked();
+    const int scrolled = bar.value();
+    const QPoint place = labels.mapTo(&window, QPoint(labels.height() / 2, labels.height() / 2 - 3));
+
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, place);
+
+    EXPECT_NE(labels.isChecked(), before);
+    EXPECT_EQ(bar.value(), scrolled);
+}
+
 TEST_F(InspectorSelectionTest, APressBesideEveryLayerShowsTheOutputFirst)
 {
     for (const auto tool : {LWCanvasImageView::Tool::Panels, LWCanvasImageView::Tool::Arrange}) {
