@@ -44,7 +44,9 @@ QPointF LWCanvasImageView::offsetOfDevicePixels() const
 
 void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
 {
-    if (rectangle.width() == 0 || m_cropMarker.isTracking())
+    if (rectangle.width() == 0)
+        return hideRectangle();
+    if (m_cropMarker.isTracking())
         return;
     const LayerPointer layer = m_document.selectedLayer();
     const bool isExact = layer && !m_frame.isFitted() && !m_frame.place().isEmpty();

@@ -91,13 +91,15 @@ void LWCanvasImageView::pressPixel(const LayerPointer &layer, const QPoint &pixe
     m_document.update(nullptr);
 }
 
-/// A still's marker belongs to it, also where it stands beside the still.
+/// A still's marker belongs to it, also where it stands beside the still. A still without a picture has none: what the
+/// border holds is another one's.
 bool LWCanvasImageView::isOn(const Layer &layer, const QPointF &widgetPoint) const
 {
     auto handle = JXSelectionBorder::Handle::None;
     const bool isOnMarker = m_cropMarker.mouseIsInFrame(locationOf(widgetPoint).inView, handle) ||
                             handle != JXSelectionBorder::Handle::None;
-    return (isStill(layer) && isOnMarker) || PixelBox::of(layer).contains(outputPixel(widgetPoint));
+    return (isStill(layer) && layer.screenSizeWidth() > 0 && isOnMarker) ||
+           PixelBox::of(layer).contains(outputPixel(widgetPoint));
 }
 
 /// Without a frame nothing is beside it.

@@ -29,6 +29,23 @@ TEST_F(LWCanvasImageViewMarker, WithAFactorOfThreeTenRightAndFiveDownAreThirtyAn
     EXPECT_EQ(QPoint(still.xpoint(), still.ypoint()), QPoint(300, 155));
 }
 
+// Its file is no picture, say: the border around the still before it is not its own.
+TEST_F(LWCanvasImageViewMarker, AStillWithoutASizeHasNone)
+{
+    selectStill({300, 200}, {600, 300});
+    document.all = {document.layer};
+    const LWStill &logo = static_cast<LWStill &>(*document.all[0]);
+    const auto empty = LWStill::initWithimage(document, QImage());
+    document.layer = empty;
+    empty->drawInRect();
+    EXPECT_TRUE(view.cropMarker().hide());
+
+    drag({150, 100}, {160, 105});
+
+    EXPECT_EQ(QPoint(empty->xpoint(), empty->ypoint()), QPoint(0, 0));
+    EXPECT_EQ(document.layer.get(), &logo);
+}
+
 TEST_F(LWCanvasImageViewMarker, ThePressUpdatesFirstAndTheReleaseLater)
 {
     selectStill({300, 200}, {600, 300});
