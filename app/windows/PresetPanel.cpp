@@ -27,6 +27,7 @@ PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QW
     column->setSpacing(Theme::gap);
     column->addWidget(head());
     m_nothingFound->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
+    m_nothingFound->setWordWrap(true);
     m_nothingFound->hide();
     column->addWidget(m_nothingFound);
     column->addWidget(m_table);
