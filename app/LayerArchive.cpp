@@ -54,13 +54,19 @@ Result<ArchiveValue> read(const QByteArray &bytes)
     return readContents(bytes, {}).map([](const KeyedArchive::Contents &contents) { return contents.root; });
 }
 
+std::shared_ptr<ArchiveObject> recordOf(const Layer &layer)
+{
+    auto record = std::make_shared<ArchiveObject>(layer.className());
+    layer.encodeWithCoder(*record);
+    return record;
+}
+
 ArchiveValue encode(const std::vector<LayerPointer> &layers)
 {
     std::vector<ArchiveValue> records;
     records.reserve(layers.size());
     for (const LayerPointer &layer : layers) {
-        auto record = std::make_shared<ArchiveObject>(layer->className());
-        layer->encodeWithCoder(*record);
+        auto record = recordOf(*layer);
         if (const ArchiveObjectPointer &unknown = layer->unknownContent())
             record->encodeUnknownPart(*unknown);
         records.push_back({ArchiveObjectPointer(std::move(record))});
@@ -87,12 +93,15 @@ Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &record
 
 Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host)
 {
-    const Result<ArchiveValue> archive = KeyedArchive::write(encode(layers)).and_then(read);
+    std::vector<ArchiveValue> records;
+    records.reserve(layers.size());
+    for (const LayerPointer &layer : layers)
+        records.push_back({ArchiveObjectPointer(recordOf(*layer))});
+    const Result<ArchiveValue> archive = KeyedArchive::write(ArchiveValue::list(std::move(records))).and_then(read);
     if (!archive)
         return tl::unexpected(archive.error());
-    Result<std::vector<LayerPointer>> copied = archive->toList("the root").and_then([&](const ArchiveList &records) {
-        return decode(*records, "layer", host);
-    });
+    Result<std::vector<LayerPointer>> copied =
+        archive->toList("the root").and_then([&](const ArchiveList &list) { return decode(*list, "layer", host); });
     for (std::size_t i = 0; copied && i < layers.size(); ++i)
         (*copied)[i]->setUnknownContent(unknownContentOfCopy(*layers[i]));
     return copied;

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
 #include <vector>
 
 /// Layers as values of a keyed archive: what project files and preset libraries have in common.
@@ -21,6 +22,8 @@ inline constexpr qint64 mostBytes = qint64{512} << 20;
 /// The root of such an archive where nothing else is known.
 [[nodiscard]] Result<ArchiveValue> read(const QByteArray &bytes);
 
+/// A layer's record, without what is unknown of it.
+[[nodiscard]] std::shared_ptr<ArchiveObject> recordOf(const Layer &layer);
 /// The list of the layers' records, in their order, with what is unknown of them.
 [[nodiscard]] ArchiveValue encode(const std::vector<LayerPointer> &layers);
 
@@ -31,7 +34,7 @@ inline constexpr qint64 mostBytes = qint64{512} << 20;
 [[nodiscard]] Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun,
                                                        LayerHost &host);
 
-/// Copies that hold exactly what an archive of the layers holds. What is unknown of them refers to what it refers to in
+/// Copies that hold exactly what an archive of the layers holds; what is unknown of them refers to what it refers to in
 /// the originals.
 /// Error: more than LayerLimits allows, or a value that no archive can hold.
 [[nodiscard]] Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host);

@@ -12,20 +12,16 @@
 #include <QStandardPaths>
 
 #include <chrono>
-#include <memory>
-#include <utility>
 
 namespace {
 /// Another program holds the file only while it writes.
 constexpr std::chrono::milliseconds longestWait{1000};
 
-/// Equal for presets whose values are the same. Unknown content does not count: what it refers to is another preset,
-/// and each has its own archive.
+/// Equal for presets whose values are the same. Unknown content does not count: it may refer to another preset, whose
+/// values would come along, so that an edit of that one would make this one a stranger.
 QByteArray archiveOf(const Layer &preset)
 {
-    auto record = std::make_shared<ArchiveObject>(preset.className());
-    preset.encodeWithCoder(*record);
-    return KeyedArchive::write({ArchiveObjectPointer(std::move(record))}).value_or(QByteArray());
+    return KeyedArchive::write({ArchiveObjectPointer(LayerArchive::recordOf(preset))}).value_or(QByteArray());
 }
 } // namespace
 

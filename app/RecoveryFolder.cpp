@@ -56,7 +56,7 @@ void removeFiles(const QString &folder)
 {
     QDir directory(folder);
     directory.remove("project.Orv");
-    const QStringList ours{"project.Orv", "project.Orv.*", "project-path", "project-path.*"};
+    const QStringList ours{"project.Orv.*", "project-path", "project-path.*"};
     for (const QString &name : directory.entryList(ours, QDir::Files | QDir::System | QDir::Hidden))
         directory.remove(name);
     directory.remove("lock");
