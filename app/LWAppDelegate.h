@@ -289,6 +289,15 @@ private:
         Presets
     };
 
+    /// Presets that could not be kept, and the sentence that has told so.
+    struct UnkeptPresets
+    {
+        std::vector<LayerState> presets;
+        QString sentence;
+
+        bool operator==(const UnkeptPresets &) const = default;
+    };
+
     DocumentState state(const DocumentState &before) const override;
     void setState(const DocumentState &state) override;
     void takeState(const DocumentState &state);
@@ -298,6 +307,8 @@ private:
     void connectRecovery();
     std::vector<LayerPointer> presetsOfLastTime();
     void keepPresets();
+    /// The same after an edit; what has just failed is left for the next edit of the presets and the end.
+    void keepEditedPresets();
 
     /// Makes up for a swallowed update at once, before the document goes into a file.
     void catchUp();
@@ -346,7 +357,8 @@ private:
     DocumentHistory m_history{*this};
     std::optional<RecoveryCopy> m_recovery;
     std::optional<PresetStore> m_presetStore;
-    std::vector<LayerState> m_keptPresets; ///< as they are in the store
+    std::vector<LayerState> m_keptPresets;        ///< as they are in the store
+    std::optional<UnkeptPresets> m_unkeptPresets; ///< nullopt: nothing has failed since
     std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();
     std::shared_ptr<const UnknownContent> m_unknown;       ///< of that file; null: nothing
     QHash<QString, std::shared_ptr<QByteArray>> m_digests; ///< of the files that were opened or saved last, by path

@@ -38,7 +38,7 @@ void LWAppDelegate::applicationDidFinishLaunching()
     m_history.clear(); // nobody undoes the start
     m_keptPresets = m_history.state().presets;
     if (m_presetStore)
-        connect(&m_history, &DocumentHistory::contentDidChange, this, &LWAppDelegate::keepPresets);
+        connect(&m_history, &DocumentHistory::contentDidChange, this, &LWAppDelegate::keepEditedPresets);
 }
 
 void LWAppDelegate::newProject()

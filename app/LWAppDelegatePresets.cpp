@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 void LWAppDelegate::insertPreset(qsizetype index)
 {
@@ -80,9 +81,24 @@ std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()
 
 void LWAppDelegate::keepPresets()
 {
-    if (!m_presetStore || m_history.state().presets == m_keptPresets)
+    if (!m_presetStore)
         return;
-    if (const Result<void> kept = m_presetStore->save(presetScreensArray(), *this); !kept)
-        return m_userInterface.tellFailure("The presets are not kept for the next start: " + kept.error().text);
-    m_keptPresets = m_history.state().presets;
+    const std::vector<LayerState> &presets = m_history.state().presets;
+    const bool areKept = presets == m_keptPresets;
+    const Result<void> kept = areKept ? Result<void>() : m_presetStore->save(presetScreensArray(), *this);
+    if (kept) {
+        m_keptPresets = presets;
+        m_unkeptPresets.reset();
+        return;
+    }
+    UnkeptPresets unkept{presets, "The presets are not kept for the next start: " + kept.error().text};
+    if (m_unkeptPresets != unkept)
+        m_userInterface.tellFailure(unkept.sentence);
+    m_unkeptPresets = std::move(unkept);
+}
+
+void LWAppDelegate::keepEditedPresets()
+{
+    if (!m_unkeptPresets || m_unkeptPresets->presets != m_history.state().presets)
+        keepPresets();
 }

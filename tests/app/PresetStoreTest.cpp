@@ -220,7 +220,7 @@ TEST_F(PresetStoreOfAPerson, APresetWithContentOfALaterVersionIsKeptOnce)
     }
 }
 
-TEST_F(PresetStoreOfAPerson, WhatCouldNotBeKeptIsTriedAgainAtTheNextEditAndAtTheEnd)
+TEST_F(PresetStoreOfAPerson, WhatCouldNotBeKeptIsTriedAgainWhenThePresetsChangeAndAtTheEnd)
 {
     const auto fails = [&](LWAppDelegate &program) {
         put("no list");
@@ -233,9 +233,42 @@ TEST_F(PresetStoreOfAPerson, WhatCouldNotBeKeptIsTriedAgainAtTheNextEditAndAtThe
     showPresets(*one, {"p", "q", "r"});
     fails(*one);
     one->AddScreen();
-    EXPECT_EQ(kept(), "q, r");
+    EXPECT_FALSE(QFile::exists(file));
+    one->presetarraycontroller().setSelectionIndex(1);
+    one->presetarraycontroller().setValue("s", "arrangedObjects.label");
+    EXPECT_EQ(kept(), "q, s");
     fails(*one);
     one.reset();
-    EXPECT_EQ(kept(), "r");
+    EXPECT_EQ(kept(), "s");
     EXPECT_TRUE(person.failures.isEmpty());
+}
+
+TEST_F(PresetStoreOfAPerson, WhatCannotBeKeptIsToldOnceForTheSamePresets)
+{
+    auto one = program();
+    showPresets(*one, {"p", "q", "r"});
+    put("no list");
+    removeFirst(*one);
+    for (const int columns : {3, 4, 5})
+        one->setValue(columns, "arrangedObjects.col");
+    one->AddScreen();
+    EXPECT_EQ(person.failures.size(), 1);
+
+    removeFirst(*one);
+    one->AddScreen();
+    EXPECT_EQ(person.failures.size(), 2);
+    one.reset();
+    EXPECT_EQ(person.failures.size(), 2);
+}
+
+TEST_F(PresetStoreOfAPerson, WhatFailsForAnotherReasonAtTheEndIsTold)
+{
+    auto one = program();
+    showPresets(*one, {"p", "q", "r"});
+    put("no list");
+    removeFirst(*one);
+    ASSERT_TRUE(QFile::remove(file) && QDir().mkdir(file));
+    one.reset();
+    ASSERT_EQ(person.failures.size(), 2);
+    EXPECT_NE(person.failures[0], person.failures[1]);
 }
