@@ -333,7 +333,9 @@ private:
     /// Tells of the walls that show nothing because they could not be drawn.
     void tellLostWalls();
     void drawLostWalls();
-    DocumentFile fileAt(const QString &path);
+    /// The file when it held what has this digest, known to all documents of it.
+    DocumentFile fileAt(const QString &path, const QByteArray &digest);
+    DocumentFile fileOf(const FoundCopy &copy);
     /// Puts another document in the place of this one. `name` is what undoing that is called after.
     void showProject(const Project &project, const DocumentFile &file, const QString &name);
     void setFile(std::shared_ptr<DocumentFile> file);

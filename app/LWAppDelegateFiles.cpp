@@ -21,14 +21,6 @@ bool isChangedElsewhere(const DocumentFile &file)
     const QByteArray there = FileBytes::digest(file.path);
     return !there.isEmpty() && there != *file.digest;
 }
-
-/// The file of recovered work as it was when that work began; what it was is not known where it was written since.
-DocumentFile fileOf(const FoundCopy &copy)
-{
-    const bool isNewer = QFileInfo(copy.projectPath).lastModified() > copy.time;
-    return {copy.projectPath,
-            std::make_shared<QByteArray>(isNewer ? QByteArray() : FileBytes::digest(copy.projectPath))};
-}
 } // namespace
 
 void LWAppDelegate::saveProject()
@@ -74,7 +66,7 @@ void LWAppDelegate::writeProject(const QString &path)
     if (projectPath() == path)
         *m_file->digest = FileBytes::digest(path);
     else
-        *m_file = fileAt(path);
+        *m_file = fileAt(path, FileBytes::digest(path));
     documentIsInFile();
     emit projectPathDidChange(path);
     m_userInterface.tellStatus("Saved " + QFileInfo(path).fileName());
@@ -95,25 +87,31 @@ void LWAppDelegate::openProjectPre(const QString &path)
     update();
 }
 
-DocumentFile LWAppDelegate::fileAt(const QString &path)
+DocumentFile LWAppDelegate::fileAt(const QString &path, const QByteArray &digest)
 {
-    const QByteArray there = FileBytes::digest(path);
     std::shared_ptr<QByteArray> &known = m_digests[path];
-    if (!known || *known != there)
-        known = std::make_shared<QByteArray>(there);
+    if (!known || *known != digest)
+        known = std::make_shared<QByteArray>(digest);
     return {path, known};
+}
+
+/// The file of recovered work as it was when that work began; what it was is not known where it was written since.
+DocumentFile LWAppDelegate::fileOf(const FoundCopy &copy)
+{
+    const bool isNewer = QFileInfo(copy.projectPath).lastModified() > copy.time;
+    return fileAt(copy.projectPath, isNewer ? QByteArray() : FileBytes::digest(copy.projectPath));
 }
 
 void LWAppDelegate::load(const QString &path)
 {
-    const DocumentFile file = fileAt(path); // before it is read: what comes later is another's
+    const QByteArray digest = FileBytes::digest(path); // before it is read: what comes later is another's
     const Result<Project> project = isText(path) ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
     if (!project)
         return m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
     m_userInterface.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
-    showProject(*project, file, "open project");
+    showProject(*project, fileAt(path, digest), "open project");
     documentIsInFile();
     tellUnknownContent(*project);
     tellLostWalls();

@@ -27,7 +27,24 @@ protected:
         return onDisk();
     }
 
+    /// Unsaved changes to the show outlive their program in `copies`.
+    void leaveUnsaved()
+    {
+        LWAppDelegate lost(person, copies);
+        lost.applicationDidFinishLaunching();
+        lost.openProjectPre(path);
+        lost.setValue(9, "arrangedObjects.xpoint");
+    }
+    /// Something becomes of the file behind this program's back, that many seconds from now.
+    void put(const QByteArray &bytes, int seconds = 0)
+    {
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush());
+        file.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime);
+    }
+
     const QString path = folder.filePath("show.Orv");
+    const QString copies = folder.filePath("copies");
 };
 } // namespace
 
@@ -91,10 +108,7 @@ TEST_F(ChangedElsewhere, WhatThisProgramHasSavedFromALaterDocumentIsNotAnothers)
 TEST_F(ChangedElsewhere, AFileThatIsTheSameToTheByteIsNotChanged)
 {
     const QByteArray ours = onDisk();
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(ours) == ours.size());
-    file.setFileTime(QDateTime::currentDateTime().addDays(1), QFileDevice::FileModificationTime);
-    file.close();
+    put(ours, 24 * 60 * 60);
 
     edit("xpoint", 7);
     document.save();
@@ -128,27 +142,59 @@ TEST_F(ChangedElsewhere, AnOpenedFileIsWatchedAlike)
 
 TEST_F(ChangedElsewhere, RecoveredWorkAsksWhereItsFileIsNewerThanItself)
 {
-    const QString copies = folder.filePath("copies");
-    {
-        LWAppDelegate lost(person, copies);
-        lost.applicationDidFinishLaunching();
-        lost.openProjectPre(path);
-        lost.setValue(9, "arrangedObjects.xpoint");
-    }
+    leaveUnsaved();
     const auto recoverAndSave = [&] {
         LWAppDelegate next(person, copies);
         next.applicationDidFinishLaunching();
         next.recover(next.recoverable().at(0));
         next.save();
     };
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.setFileTime(QDateTime::currentDateTime().addSecs(60), QFileDevice::FileModificationTime);
+    put(onDisk(), 60);
     recoverAndSave();
     EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
 
-    file.setFileTime(QDateTime::currentDateTime().addSecs(-60), QFileDevice::FileModificationTime);
+    put(onDisk(), -60);
     recoverAndSave();
     EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
     EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 9);
+}
+
+TEST_F(ChangedElsewhere, WhatThisProgramHasSavedAfterARecoveryIsNotAnothers)
+{
+    for (const int fileTime : {-60, 60}) { // seconds from now: older and newer than the recovered work
+        leaveUnsaved();
+        put(onDisk(), fileTime);
+        LWAppDelegate next(person, copies);
+        next.applicationDidFinishLaunching();
+        next.recover(next.recoverable().at(0));
+        next.saveAnyway();
+        next.openProjectPre(path);
+        next.setValue(10, "arrangedObjects.xpoint");
+        next.save();
+        next.undoStack().undo();
+        EXPECT_EQ(next.undoStack().undoText(), "open project");
+        next.undoStack().undo();
+        next.setValue(11, "arrangedObjects.xpoint");
+        next.save();
+        EXPECT_TRUE(person.filesChangedElsewhere.isEmpty()) << fileTime;
+        EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 11);
+    }
+}
+
+TEST_F(ChangedElsewhere, AFileThatCouldNotBeOpenedChangesNothing)
+{
+    const QByteArray ours = onDisk();
+    put("no show");
+    document.openProjectPre(path);
+    ASSERT_EQ(person.alerts.size(), 1);
+    put(ours);
+
+    document.openProjectPre(path);
+    edit("xpoint", 8);
+    document.save();
+    stack.undo();
+    stack.undo(); // the document of before
+    edit("xpoint", 9);
+    document.save();
+    EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
 }
