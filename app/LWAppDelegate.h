@@ -329,10 +329,13 @@ private:
     void supplyWasChosen(const QString &keyPath);
     /// Renders the walls that show their current.
     void renderCurrents();
-    void load(const QString &path);
-    /// Tells of the walls that show nothing because they could not be drawn.
+    /// Returns whether it could be opened.
+    bool load(const QString &path);
+    /// Tells of the walls that could not be drawn, after the composition has drawn what is visible; of hidden ones only
+    /// those that are too large.
     void tellLostWalls();
-    void drawLostWalls();
+    /// Draws those of the layers again that are lost walls: memory may have become free since.
+    void drawLostWalls(const std::vector<LayerPointer> &layers);
     /// The file when it held what has this digest, known to all documents of it.
     DocumentFile fileAt(const QString &path, const QByteArray &digest);
     DocumentFile fileOf(const FoundCopy &copy);

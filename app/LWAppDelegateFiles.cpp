@@ -21,6 +21,12 @@ bool isChangedElsewhere(const DocumentFile &file)
     const QByteArray there = FileBytes::digest(file.path);
     return !there.isEmpty() && there != *file.digest;
 }
+
+std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
+{
+    std::erase_if(layers, [](const LayerPointer &layer) { return !layer->visible(); });
+    return layers;
+}
 } // namespace
 
 void LWAppDelegate::saveProject()
@@ -75,16 +81,18 @@ void LWAppDelegate::writeProject(const QString &path)
 void LWAppDelegate::openProject()
 {
     if (const std::optional<QString> path = m_userInterface.runModalOpenPanel())
-        load(*path);
+        return openProjectPre(*path);
     m_shouldUpdate = true;
     update();
 }
 
 void LWAppDelegate::openProjectPre(const QString &path)
 {
-    load(path);
+    const bool isOpen = load(path);
     m_shouldUpdate = true;
     update();
+    if (isOpen)
+        tellLostWalls();
 }
 
 DocumentFile LWAppDelegate::fileAt(const QString &path, const QByteArray &digest)
@@ -102,19 +110,21 @@ DocumentFile LWAppDelegate::fileOf(const FoundCopy &copy)
     return fileAt(copy.projectPath, isNewer ? QByteArray() : FileBytes::digest(copy.projectPath));
 }
 
-void LWAppDelegate::load(const QString &path)
+bool LWAppDelegate::load(const QString &path)
 {
     const QByteArray digest = FileBytes::digest(path); // before it is read: what comes later is another's
     const Result<Project> project = isText(path) ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
-    if (!project)
-        return m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
+    if (!project) {
+        m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
+        return false;
+    }
     m_userInterface.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
     showProject(*project, fileAt(path, digest), "open project");
     documentIsInFile();
     tellUnknownContent(*project);
-    tellLostWalls();
+    return true;
 }
 
 void LWAppDelegate::showProject(const Project &project, const DocumentFile &file, const QString &name)
@@ -153,22 +163,23 @@ void LWAppDelegate::tellUnknownContent(const Project &project)
 
 void LWAppDelegate::tellLostWalls()
 {
-    if (const QStringList lost = LostWall::sentencesOf(allScreensArray(), LostWall::Among::All); !lost.isEmpty())
+    if (const QStringList lost = LostWall::sentencesOf(allScreensArray()); !lost.isEmpty())
         m_userInterface.tellFailure(lost.join(". ") + '.');
 }
 
-/// Memory may have become free since.
-void LWAppDelegate::drawLostWalls()
+void LWAppDelegate::drawLostWalls(const std::vector<LayerPointer> &layers)
 {
     bool isAnyDrawn = false;
-    for (const LayerPointer &layer : allScreensArray()) {
+    for (const LayerPointer &layer : layers) {
         if (!LostWall::sentenceOf(*layer))
             continue;
         layer->drawInRect();
         isAnyDrawn |= !LostWall::sentenceOf(*layer);
     }
-    if (isAnyDrawn)
-        composeOutput();
+    if (!isAnyDrawn)
+        return;
+    composeOutput();
+    m_userInterface.reloadTable();
 }
 
 bool LWAppDelegate::applicationOpenFile(const QString &path)
@@ -183,16 +194,16 @@ bool LWAppDelegate::applicationOpenFile(const QString &path)
 void LWAppDelegate::saveAction()
 {
     catchUp();
-    drawLostWalls();
+    drawLostWalls(visibleOf(allScreensArray()));
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;
     const QString path = FileBytes::withExtension(*chosen, "png");
+    if (const Result<void> isWhole = LostWall::check(allScreensArray()); !isWhole)
+        return tellFailedExport("PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
         return tellFailedExport("PNG", written.error());
-    const QStringList lost = LostWall::sentencesOf(allScreensArray(), LostWall::Among::Visible);
-    const QStringList all = QStringList("Exported " + QFileInfo(path).fileName()) + lost;
-    lost.isEmpty() ? m_userInterface.tellStatus(all.front()) : m_userInterface.tellFailure(all.join(". ") + '.');
+    m_userInterface.tellStatus("Exported " + QFileInfo(path).fileName());
 }
 
 void LWAppDelegate::savePSD()
@@ -200,7 +211,7 @@ void LWAppDelegate::savePSD()
     catchUp();
     if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
-    drawLostWalls();
+    drawLostWalls(allScreensArray());
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;

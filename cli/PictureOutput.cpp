@@ -15,8 +15,9 @@ QImage composed(const Project &project, const PictureSettings &settings)
 
 Result<void> writeOutput(const QString &path, const Project &project, const PictureSettings &settings)
 {
-    const QStringList lost = LostWall::sentencesOf(project.layers, LostWall::Among::Visible);
-    return lost.isEmpty() ? PngFile::write(path, composed(project, settings)) : fail(path + ": " + lost.join(". "));
+    if (const Result<void> isWhole = LostWall::check(project.layers); !isWhole)
+        return failWithin(path, isWhole.error());
+    return PngFile::write(path, composed(project, settings));
 }
 
 std::optional<QString> reasonForNoPicture(const Layer &layer)

@@ -5,6 +5,18 @@
 
 #include <QLocale>
 
+namespace {
+QStringList sentencesOf(const std::vector<LayerPointer> &layers, bool (*isMeant)(const Layer &))
+{
+    QStringList sentences;
+    for (const LayerPointer &layer : layers) {
+        if (const std::optional<QString> lost = isMeant(*layer) ? LostWall::sentenceOf(*layer) : std::nullopt)
+            sentences.append(*lost);
+    }
+    return sentences;
+}
+} // namespace
+
 namespace LostWall {
 
 Size sizeOf(const Layer &wall)
@@ -35,20 +47,23 @@ std::optional<QString> sentenceOf(const Layer &layer)
 {
     const auto [width, height] = sizeOf(layer);
     const bool isWallWithPixels = qobject_cast<const LWScreen *>(&layer) && width > 0 && height > 0;
-    if (!isWallWithPixels || !layer.thumbnail().isNull())
+    if (!isWallWithPixels || (!isTooLarge(width, height) && !layer.thumbnail().isNull()))
         return std::nullopt;
     return sentence(layer.label(), width, height);
 }
 
-QStringList sentencesOf(const std::vector<LayerPointer> &layers, Among among)
+QStringList sentencesOf(const std::vector<LayerPointer> &layers)
 {
-    QStringList sentences;
-    for (const LayerPointer &layer : layers) {
-        const bool isMeant = among == Among::All || layer->visible();
-        if (const std::optional<QString> lost = isMeant ? sentenceOf(*layer) : std::nullopt)
-            sentences.append(*lost);
-    }
-    return sentences;
+    return ::sentencesOf(layers, [](const Layer &layer) {
+        const auto [width, height] = sizeOf(layer);
+        return layer.visible() || isTooLarge(width, height);
+    });
+}
+
+Result<void> check(const std::vector<LayerPointer> &layers)
+{
+    const QStringList lost = ::sentencesOf(layers, [](const Layer &layer) { return layer.visible(); });
+    return lost.isEmpty() ? Result<void>() : fail(lost.join(". "));
 }
 
 } // namespace LostWall

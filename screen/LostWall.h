@@ -1,5 +1,6 @@
 #pragma once
 
+#include "archive/Result.h"
 #include "layer/Layer.h"
 
 #include <QString>
@@ -28,15 +29,13 @@ QString reason(qint64 width, qint64 height);
 
 /// The same with the wall's name in front: "MAIN: 32,896 x 320 pixels ...".
 QString sentence(const QString &label, qint64 width, qint64 height);
-/// That of a layer; nullopt where it is no wall, has no pixels or has its picture.
+/// That of a layer; nullopt where it is no wall, has no pixels or has its picture. A wall that is still to be drawn is
+/// drawn by this, unless its size alone tells.
 std::optional<QString> sentenceOf(const Layer &layer);
+/// Those of all such walls, in the order of the layers; hidden ones are not drawn, only their size is looked at.
+QStringList sentencesOf(const std::vector<LayerPointer> &layers);
 
-enum class Among
-{
-    All,
-    Visible
-};
-/// Those of all such walls, in the order of the layers.
-QStringList sentencesOf(const std::vector<LayerPointer> &layers, Among among);
+/// Whether a picture of the layers shows all that it should. Error: the sentences of the visible walls that are lost.
+[[nodiscard]] Result<void> check(const std::vector<LayerPointer> &layers);
 
 } // namespace LostWall

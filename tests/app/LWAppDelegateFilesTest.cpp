@@ -49,24 +49,6 @@ TEST_F(LWAppDelegateFiles, OpeningReplacesTheLayersAndTakesTheOutputSize)
     EXPECT_TRUE(person.alerts.isEmpty());
 }
 
-TEST_F(LWAppDelegateFiles, AWallTooLargeToDrawIsTold)
-{
-    const auto screen = std::make_shared<LWScreen>(document);
-    screen->setLabel("MAIN");
-    screen->setCol(2'000'000'000);
-    screen->setRow(3);
-    screen->setPanelWidth(128);
-    screen->setPanelHeight(128);
-    const QTemporaryDir files;
-    const QString path = files.filePath("huge.Orv");
-    ASSERT_TRUE(ProjectFile::write(path, {1080, 1920, {screen}}));
-
-    document.openProjectPre(path);
-
-    EXPECT_EQ(person.failures,
-              QStringList{"MAIN: 256,000,000,000 x 384 pixels are too large to draw; make the wall smaller."});
-}
-
 TEST_F(LWAppDelegateFiles, OpeningTwiceDoesNotMerge)
 {
     person.openPanelAnswer = sample();
@@ -246,33 +228,6 @@ TEST_F(LWAppDelegateFiles, TheOutputIsExportedAsItIs)
     EXPECT_EQ(exported.convertToFormat(document.offscreenRep().format()), document.offscreenRep());
     EXPECT_TRUE(person.failures.isEmpty());
     EXPECT_EQ(person.statuses, QStringList({"Exported wall.png", "Exported wall.png", "Exported wall.Orv.png"}));
-}
-
-TEST_F(LWAppDelegateFiles, AWallThatWasLostForMemoryIsDrawnAgainForAnExport)
-{
-    compose();
-    const QImage whole = document.offscreenRep().copy();
-    selected()->setThumbnail({}); // what a rendering leaves that got no memory
-    person.savePanelAnswer = folder.filePath("wall.png");
-    document.saveAction();
-    EXPECT_EQ(QImage(folder.filePath("wall.png")).convertToFormat(whole.format()), whole);
-    EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
-}
-
-TEST_F(LWAppDelegateFiles, AWallThatAPictureMustDoWithoutIsTold)
-{
-    selected()->setLabel("MAIN");
-    selected()->setCol(1'000'000);
-    selected()->drawInRect();
-    person.savePanelAnswer = folder.filePath("wall.png");
-    document.saveAction();
-    EXPECT_TRUE(person.statuses.isEmpty());
-    ASSERT_EQ(person.failures.size(), 1);
-    EXPECT_TRUE(person.failures[0].startsWith("Exported wall.png. MAIN: ")) << qPrintable(person.failures[0]);
-
-    selected()->setVisible(false);
-    document.saveAction();
-    EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
 }
 
 TEST_F(LWAppDelegateFiles, AFailedExportIsToldInTheStatusLine)
