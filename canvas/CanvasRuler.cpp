@@ -107,7 +107,7 @@ void CanvasRuler::paintTicks(QPainter &painter) const
     const double length = pixelLength();
     const int start = along(m_canvas.deviceFrame().place().topLeft());
     const double room = along(size()) * ratio;
-    // The ticks before the first number in sight may be in it, too.
+    // Ticks in sight may belong to a number before them.
     const auto numberOf = [&](double place) {
         return static_cast<qint64>(std::floor((place - start) / length / double(steps.numbered)));
     };

@@ -22,7 +22,7 @@ bool ExactPointer::eventFilter(QObject *watched, QEvent *event)
     QWindow *window = m_widget.window()->windowHandle();
     if (watched == window && event->isSinglePointEvent())
         m_inWindow = static_cast<QSinglePointEvent *>(event)->position();
-    else if (watched == &m_widget && event->type() == QEvent::Show)
+    else if (watched == &m_widget && event->type() == QEvent::Show && window)
         window->installEventFilter(this);
     return QObject::eventFilter(watched, event);
 }

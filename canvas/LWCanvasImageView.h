@@ -107,7 +107,7 @@ signals:
     /// Place or size of the output has.
     void frameDidChange();
     /// A tool was pressed on a layer, or beside all of them.
-    void pressed(bool isOnLayer);
+    void toolDidPress(bool isOnLayer);
     /// Another one is in effect.
     void toolDidChange(LWCanvasImageView::Tool tool);
     /// Someone wants the menu of the selected layers, at this place on the screen.

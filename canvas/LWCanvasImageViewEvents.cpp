@@ -102,7 +102,7 @@ bool LWCanvasImageView::isOn(const Layer &layer, const QPointF &widgetPoint) con
            PixelBox::of(layer).contains(outputPixel(widgetPoint));
 }
 
-/// Without a frame nothing is beside it.
+/// Where nothing is shown, no press is beside the layers.
 bool LWCanvasImageView::isOnLayer(const QPointF &widgetPoint) const
 {
     const LayerPointer selected = m_document.selectedLayer();
@@ -168,12 +168,12 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
         m_panButton = event->button();
     } else if (isLeft) {
         m_isPressed = true;
-        const bool isOnAny = isOnLayer(place);
+        const bool isOnLayer = this->isOnLayer(place); // the press may select another one
         if (m_tool == Tool::Arrange)
             beginArranging(place, event->modifiers());
         else
             mouseDown(place);
-        emit pressed(isOnAny);
+        emit toolDidPress(isOnLayer);
     }
     showPointer();
 }
@@ -309,8 +309,10 @@ void LWCanvasImageView::contextMenuEvent(QContextMenuEvent *event)
 {
     if (m_isPressed || isDragged() || m_frame.place().isEmpty())
         return;
-    if (event->reason() != QContextMenuEvent::Keyboard &&
-        !Arranging::press(m_document, outputPixel(event->pos()), false))
+    // Told of the press, the pointer is known to the device pixel.
+    const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QPointF place = isByMouse ? m_pointer.value_or(event->pos()) : QPointF(event->pos());
+    if (event->reason() != QContextMenuEvent::Keyboard && !Arranging::press(m_document, outputPixel(place), false))
         return;
     emit layerMenuAsked(event->globalPos());
 }

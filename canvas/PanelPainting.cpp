@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 namespace {
@@ -58,6 +59,8 @@ PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen>
     if (m_first) {
         m_place = *m_first;
         m_switchesOff = m_wall->hiddenBoxes()->contains(hiddenPanelKey(m_first->row, m_first->column));
+        if (m_switchesOff)
+            m_knownKeys = setOf(m_keysAtPress.value_or(QStringList()));
         beginAnew();
         addToStroke(*m_first);
     }
@@ -82,7 +85,10 @@ void PanelPainting::track(const QPoint &pixel, Shape shape)
     m_place = place;
     if (std::exchange(m_shape, shape) != shape)
         beginAnew();
-    shape == Shape::Stroke ? paintStroke() : paintRectangle(rectangleTo(place));
+    if (shape == Shape::Stroke)
+        paintStroke();
+    else
+        paintRectangle(rectangleTo(place));
     m_wall->setHiddenBoxes(m_keys);
     m_document.update(nullptr);
 }
@@ -123,8 +129,7 @@ QRect PanelPainting::rectangleTo(const Panel &place) const
 void PanelPainting::beginAnew()
 {
     m_keys = m_keysAtPress.value_or(QStringList());
-    m_keysOff = m_switchesOff ? setOf(m_keys) : QSet<QString>();
-    m_keysOn.clear();
+    m_paintedKeys.clear();
     m_paintedOfStroke = 0;
     m_paintedRectangle = {};
 }
@@ -134,7 +139,7 @@ void PanelPainting::paintStroke()
     paint({m_stroke.begin() + std::exchange(m_paintedOfStroke, std::ssize(m_stroke)), m_stroke.end()}, {});
 }
 
-/// A wall may have millions of panels: only what has changed since the last move is gone through.
+/// A wall may have millions of panels: only those that have changed since the last move are worked out anew.
 void PanelPainting::paintRectangle(const QRect &rectangle)
 {
     const qint64 gone = panelsIn(m_paintedRectangle) - panelsIn(m_paintedRectangle & rectangle);
@@ -144,24 +149,38 @@ void PanelPainting::paintRectangle(const QRect &rectangle)
     paint(panelsOf(QRegion(rectangle).subtracted(before)), panelsOf(before.subtracted(rectangle)));
 }
 
-void PanelPainting::paint(const std::vector<Panel> &more, const std::vector<Panel> &less)
+void PanelPainting::paint(const std::vector<Panel> &come, const std::vector<Panel> &gone)
 {
     m_wall->setHiddenBoxes(std::nullopt); // the list is this one's alone, or it would be copied
-    if (m_switchesOff) {
-        QSet<QString> gone = setOf(keysOf(less));
-        gone.subtract(m_keysOff);
-        if (!gone.isEmpty())
-            m_keys.removeIf([&](const QString &key) { return gone.contains(key); });
-        for (const QString &key : keysOf(more)) {
-            if (!m_keysOff.contains(key))
-                m_keys.append(key);
-        }
-        return;
-    }
-    m_keysOn.subtract(setOf(keysOf(less)));
-    m_keysOn.unite(setOf(keysOf(more)));
+    if (m_switchesOff)
+        switchOff(keysOf(come), keysOf(gone));
+    else
+        switchOn(setOf(keysOf(come)), setOf(keysOf(gone)));
+}
+
+void PanelPainting::switchOff(const QStringList &come, const QStringList &gone)
+{
+    const auto isNew = [this](const QString &key) { return !m_knownKeys.contains(key); };
+    QSet<QString> back;
+    std::copy_if(gone.begin(), gone.end(), std::inserter(back, back.end()), isNew);
+    remove(back);
+    std::copy_if(come.begin(), come.end(), std::back_inserter(m_keys), isNew);
+}
+
+/// What the list has lost has its place in it again only where it is made anew.
+void PanelPainting::switchOn(const QSet<QString> &come, const QSet<QString> &gone)
+{
+    m_paintedKeys.subtract(gone).unite(come);
+    if (gone.isEmpty())
+        return remove(come);
     m_keys = m_keysAtPress.value_or(QStringList());
-    m_keys.removeIf([this](const QString &key) { return m_keysOn.contains(key); });
+    remove(m_paintedKeys);
+}
+
+void PanelPainting::remove(const QSet<QString> &keys)
+{
+    if (!keys.isEmpty())
+        m_keys.removeIf([&keys](const QString &key) { return keys.contains(key); });
 }
 
 /// In the order of the rectangle, whatever way the pointer took.

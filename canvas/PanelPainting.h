@@ -45,7 +45,10 @@ private:
     void beginAnew();
     void paintStroke();
     void paintRectangle(const QRect &rectangle);
-    void paint(const std::vector<Panel> &more, const std::vector<Panel> &less);
+    void paint(const std::vector<Panel> &come, const std::vector<Panel> &gone);
+    void switchOff(const QStringList &come, const QStringList &gone);
+    void switchOn(const QSet<QString> &come, const QSet<QString> &gone);
+    void remove(const QSet<QString> &keys);
     void orderRectangle();
 
     CanvasDocument &m_document;
@@ -53,9 +56,9 @@ private:
     std::optional<QStringList> m_keysAtPress;
     std::optional<Panel> m_first; ///< under the press; none: the wall has no panels to paint
     bool m_switchesOff = false;
-    QStringList m_keys;      ///< with what is painted
-    QSet<QString> m_keysOff; ///< where it switches off: those of the press
-    QSet<QString> m_keysOn;  ///< where it switches on: those that are painted
+    QStringList m_keys;          ///< with what is painted
+    QSet<QString> m_knownKeys;   ///< where it switches off: those of the press
+    QSet<QString> m_paintedKeys; ///< where it switches on: those that are painted
     std::vector<Panel> m_stroke;
     QSet<std::pair<int, int>> m_inStroke;
     std::ptrdiff_t m_paintedOfStroke = 0;

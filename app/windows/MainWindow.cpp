@@ -238,7 +238,7 @@ void MainWindow::connectViews()
     connect(m_powerBar, &PowerBar::fitChosen, m_canvas, &LWCanvasImageView::zoomToFit);
     connect(m_canvas, &LWCanvasImageView::layerMenuAsked, this,
             [this](const QPoint &place) { QMenu::exec(m_layerTable->actions(), place, nullptr, this); });
-    connect(m_canvas, &LWCanvasImageView::pressed, m_inspector,
+    connect(m_canvas, &LWCanvasImageView::toolDidPress, m_inspector,
             [this](bool isOnLayer) { m_inspector->showOutputFirst(!isOnLayer); });
     connect(m_layerTable, &LayerTable::pressed, m_inspector, [this] { m_inspector->showOutputFirst(false); });
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {

@@ -49,7 +49,7 @@ public:
     std::vector<LayerPointer> selection; ///< of them
     bool rendersOnUpdate = true;         ///< as update() does when its gate is open
     std::function<void()> onUpdate;
-    QStringList calls; ///< "update", "finishEdit Move Image", "redrawMarker", "nudge 1,0"; selections are not noted
+    QStringList calls; ///< "update", "finishEdit move image", "redrawMarker", "nudge 1,0"; selections are not noted
 };
 
 /// A canvas of 664 x 384 in a window: an output of 1920 x 1080 stands in a frame of 640 x 360 in it, 12 from each edge.

@@ -19,6 +19,17 @@ protected:
 
     LWScreen &screen;
 };
+
+/// Of a wall of as many rows as columns, row by row.
+QStringList everyKey(int side)
+{
+    QStringList keys;
+    for (int row = 0; row < side; ++row) {
+        for (int column = 0; column < side; ++column)
+            keys.append(QString("%1,%2").arg(row).arg(column));
+    }
+    return keys;
+}
 } // namespace
 
 TEST_F(LWCanvasImageViewPanels, ADragGivesAllPanelsTheStateOfTheFirst)
@@ -242,6 +253,17 @@ TEST_F(LWCanvasImageViewPanels, ARectangleOverMillionsOfPanelsFollowsThePointer)
     }
     EXPECT_TRUE(*wall->hiddenBoxes() == expected);
     EXPECT_EQ(large.calls.last(), "finishEdit switch panels");
+
+    wall->setHiddenBoxes(everyKey(side));
+    PanelPainting back(large, wall, {0, 0});
+    for (int at = 400; at < side; at += 400)
+        back.track({at, at}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes()->size(), side * side - 1601 * 1601);
+    back.track({1999, 1997}, PanelPainting::Shape::Rectangle);
+    back.finish();
+    expected = everyKey(side);
+    expected.remove(0, side * 1998);
+    EXPECT_TRUE(*wall->hiddenBoxes() == expected);
 }
 
 TEST_F(LWCanvasImageViewPanels, ARectangleThatSwitchesOnGivesBackWhatItLeaves)

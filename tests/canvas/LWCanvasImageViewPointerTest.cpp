@@ -1,8 +1,12 @@
+#include "canvas/ExactPointer.h"
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QRandomGenerator>
+#include <QShowEvent>
+#include <QSignalSpy>
 
 namespace {
 /// The mouse as Qt tells of it: a canvas in a window gets its places rounded to logical pixels.
@@ -85,4 +89,35 @@ TEST_F(LWCanvasImageViewPointer, ADragOfSevenAndFiveDevicePixelsMovesALayerByThe
         place += QPoint(7, 5);
         EXPECT_EQ(QPoint(wall.xpoint(), wall.ypoint()), place);
     }
+}
+
+TEST_F(LWCanvasImageViewPointer, TheMenuIsOfTheLayerUnderTheExactPlace)
+{
+    const auto menuAt = [this](const QPoint &devicePixel) {
+        document.layer = nullptr;
+        document.selection.clear();
+        sendMouse(QEvent::MouseMove, devicePixel);
+        const QPoint rounded = view.mapFrom(&window, (QPointF(devicePixel) / ratio()).toPoint());
+        QContextMenuEvent event(QContextMenuEvent::Mouse, rounded, view.mapToGlobal(rounded));
+        QApplication::sendEvent(&view, &event);
+        return document.layer;
+    };
+    addWall({941, 521, 40, 40});
+    view.zoomTo100();
+    const QPoint first = corner() + view.deviceFrame().place().topLeft() + QPoint(941, 521);
+    const QSignalSpy asked(&view, &LWCanvasImageView::layerMenuAsked);
+    for (const QPoint &inside : {QPoint(0, 0), QPoint(1, 1), QPoint(39, 39), QPoint(38, 38)})
+        EXPECT_EQ(menuAt(first + inside), document.all.front()) << inside.x();
+    for (const QPoint &beside : {QPoint(-1, 0), QPoint(0, -1), QPoint(40, 39), QPoint(39, 40)})
+        EXPECT_EQ(menuAt(first + beside), nullptr) << beside.x() << ' ' << beside.y();
+    EXPECT_EQ(asked.count(), 4);
+}
+
+TEST_F(LWCanvasImageViewPointer, AWidgetWithoutAWindowOfTheDesktopIsNotFollowed)
+{
+    QWidget alone;
+    const ExactPointer pointer(alone);
+    QShowEvent shown;
+    QApplication::sendEvent(&alone, &shown);
+    EXPECT_EQ(alone.windowHandle(), nullptr);
 }
