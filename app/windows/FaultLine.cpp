@@ -16,7 +16,7 @@ FaultLine::FaultLine(QWidget &field, QWidget &form) : QLabel(&form), m_field(fie
     form.installEventFilter(this);
 }
 
-void FaultLine::show(const QString &sentence)
+void FaultLine::tell(const QString &sentence)
 {
     setText(sentence);
     setVisible(!sentence.isEmpty());

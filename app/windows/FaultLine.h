@@ -13,7 +13,7 @@ public:
     FaultLine(QWidget &field, QWidget &form);
 
     /// Empty: there is no fault any more.
-    void show(const QString &sentence);
+    void tell(const QString &sentence);
 
 protected:
     /// Follows the field when the form is laid out anew.

@@ -93,7 +93,11 @@ void Inspector::makeControls()
     setWidget(m_content);
 
     m_form->fold(Settings::foldedGroups());
-    m_form->foldingDidChange = [this] { Settings::setFoldedGroups(m_form->foldedGroups()); };
+    m_form->foldingDidChange = [this] {
+        Settings::setFoldedGroups(m_form->foldedGroups());
+        if (m_isOutputFirst)
+            makeRoomBelowOutput(isOutputAtTop());
+    };
     for (QWidget *control : m_content->findChildren<QWidget *>())
         control->installEventFilter(this);
     followEntries();
@@ -342,14 +346,41 @@ void Inspector::showFolder() const
         m_interface.tellFailure("There is no folder to show; choose the picture first.");
 }
 
-/// Nothing stands below the group: there has to be some room to scroll.
 void Inspector::showOutputFirst(bool isFirst)
 {
-    if (!m_content || (!isFirst && m_content->minimumHeight() == 0))
+    if (!m_content || (!isFirst && !m_isOutputFirst))
         return;
-    m_content->setMinimumHeight(isFirst ? m_output->y() + viewport()->height() : 0);
+    if (isFirst)
+        m_form->unfold(outputTitle);
+    m_isOutputFirst = isFirst;
+    makeRoomBelowOutput(isFirst);
+    if (!isFirst)
+        verticalScrollBar()->setValue(0);
+}
+
+bool Inspector::isOutputAtTop() const
+{
+    return m_isOutputFirst && verticalScrollBar()->value() == m_outputTop;
+}
+
+/// Nothing stands below the group: there has to be some room to scroll.
+void Inspector::makeRoomBelowOutput(bool isAtTop)
+{
+    m_content->layout()->activate();
+    m_outputTop = m_output->y();
+    const int needed = m_content->minimumSizeHint().height();
+    m_content->setMinimumHeight(m_isOutputFirst ? std::max(m_outputTop + viewport()->height(), needed) : 0);
     widget()->adjustSize(); // scrolls at once, not when it is laid out next
-    verticalScrollBar()->setValue(isFirst ? m_output->y() : 0);
+    if (isAtTop)
+        verticalScrollBar()->setValue(m_outputTop);
+}
+
+void Inspector::resizeEvent(QResizeEvent *event)
+{
+    const bool isAtTop = isOutputAtTop();
+    QScrollArea::resizeEvent(event);
+    if (m_isOutputFirst)
+        makeRoomBelowOutput(isAtTop);
 }
 
 bool Inspector::eventFilter(QObject *watched, QEvent *event)

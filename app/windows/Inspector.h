@@ -30,13 +30,17 @@ public:
     void makeControls();
     /// Shows what the layers and the output are now, from the top where the layers are of another kind.
     void refresh();
-    /// Has the output's group at the top of what is seen of the controls, or, once that is over, the first group.
+    /// Has the output's group, unfolded, at the top of what is seen of the controls, or, once that is over, the first
+    /// group.
     void showOutputFirst(bool isFirst);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    static constexpr char outputTitle[] = "Output";
+
     void follow();
     void addEmptyGroup();
     void followEntries();
@@ -61,6 +65,8 @@ private:
     QList<QColor> coloursOfShow() const;
     void choosePicture();
     void showFolder() const;
+    bool isOutputAtTop() const;
+    void makeRoomBelowOutput(bool isAtTop);
 
     LWAppDelegate &m_document;
     WindowInterface &m_interface;
@@ -69,6 +75,8 @@ private:
     InspectorForm::Kinds m_kinds = InspectorForm::None; ///< as last shown
     FigureBlock *m_figures;
     const QWidget *m_output; ///< the top of the output's group
+    bool m_isOutputFirst = false;
+    int m_outputTop = 0; ///< in the content, when room was made below it
     PatternGrid *m_patterns;
     QComboBox *m_corners;
     NumberField *m_outputWidth;

@@ -94,7 +94,7 @@ void InspectorForm::addRow(const Caption &caption, QWidget *control)
 void InspectorForm::addFaultLine(NumberField &field)
 {
     auto *line = new FaultLine(field, *m_column.parentWidget());
-    QObject::connect(&field, &NumberField::faultDidChange, line, &FaultLine::show);
+    QObject::connect(&field, &NumberField::faultDidChange, line, &FaultLine::tell);
 }
 
 QWidget *InspectorForm::number(const Caption &caption, const QString &property, const Range &range)
@@ -304,5 +304,13 @@ void InspectorForm::fold(const QStringList &titles)
     for (const Group &group : m_groups) {
         if (group.head)
             group.head->setChecked(!titles.contains(group.title));
+    }
+}
+
+void InspectorForm::unfold(const QString &title)
+{
+    for (const Group &group : m_groups) {
+        if (group.head && group.title == title)
+            group.head->setChecked(true);
     }
 }

@@ -89,6 +89,7 @@ public:
     /// Titles of the folded groups.
     QStringList foldedGroups() const;
     void fold(const QStringList &titles);
+    void unfold(const QString &title);
     /// Called whenever a group was folded or unfolded.
     std::function<void()> foldingDidChange;
 

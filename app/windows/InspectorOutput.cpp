@@ -21,7 +21,7 @@ int longestBeside(int other)
 
 void Inspector::addOutputGroup()
 {
-    m_output = &m_form->beginGroup("Output", InspectorForm::Always);
+    m_output = &m_form->beginGroup(outputTitle, InspectorForm::Always);
     const auto side = [this](const char *keyPath) {
         auto *field = new NumberField(1, Raster::longestSide, "px");
         connect(field, &NumberField::edited, this,

@@ -227,14 +227,15 @@ void NumberField::fixup(QString &text) const
     text = textFromValue(value()) + suffix();
 }
 
-bool NumberField::takesEscape(const QEvent &event) const
+bool NumberField::isToTakeBack(const QEvent &event) const
 {
-    return m_isEntry && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Escape;
+    const bool isEscape = static_cast<const QKeyEvent &>(event).key() == Qt::Key_Escape;
+    return m_isEntry && (isEscape || (m_isTakenAtEnd && TextField::isOfHistory(event)));
 }
 
 bool NumberField::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && takesEscape(*event)) {
+    if (event->type() == QEvent::ShortcutOverride && isToTakeBack(*event)) {
         event->accept();
         return true;
     }
@@ -274,7 +275,7 @@ void NumberField::focusOutEvent(QFocusEvent *event)
 
 void NumberField::keyPressEvent(QKeyEvent *event)
 {
-    if (takesEscape(*event)) {
+    if (isToTakeBack(*event)) {
         takeBack();
         endEntry();
         return selectAll();

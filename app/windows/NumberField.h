@@ -22,6 +22,9 @@ public:
 
     /// The most that can be typed and stepped from now on.
     void setHighest(int highest);
+    /// Whoever follows edited() takes a value only at the end of its entry. Until then no history has it: undo and redo
+    /// take the entry back, as Escape does, and nothing else.
+    void setTakenAtEnd() { m_isTakenAtEnd = true; }
     /// Shows a value without telling it. A text that is being typed stays as long as its value is that.
     void show(int value);
     /// The same, but what is being typed or stepped to stays, whatever its value; where it comes to nothing, this one
@@ -73,12 +76,13 @@ private:
     void fitRange(int shown);
     void endEntry();
     void forgetEntry();
-    bool takesEscape(const QEvent &event) const;
+    bool isToTakeBack(const QEvent &event) const;
 
     TextField *m_text;
     QString m_unit; ///< as it stands behind the number
     int m_lowest;
     int m_highest;
+    bool m_isTakenAtEnd = false;
     int m_value = 0; ///< as last shown or told
     bool m_isMixed = false;
     int m_valueBefore = 0; ///< and whether there were several: before the entry

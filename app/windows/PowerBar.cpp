@@ -102,6 +102,7 @@ QButtonGroup *PowerBar::addChoices(QHBoxLayout &row, const std::vector<Choice> &
 void PowerBar::addVolts(QHBoxLayout &row)
 {
     m_volts = new NumberField(1, Supply::mostVolts, "V");
+    m_volts->setTakenAtEnd();
     m_volts->setAccessibleName("Volts");
     m_volts->setToolTip("Volts of another supply, 1 to " + NumberText::grouped(Supply::mostVolts));
     connect(m_volts, &NumberField::edited, this, [this](int volts) { m_typedVolts = volts; });
@@ -181,12 +182,17 @@ void PowerBar::showFailure(const QString &sentence)
 
 void PowerBar::showFault(const QObject *part, const QString &sentence)
 {
-    if (!sentence.isEmpty()) {
-        showFailure(sentence);
-        m_faulty = part;
-    } else if (m_faulty == part) {
-        clearMessage();
-    }
+    const bool isTold = m_faulty == part;
+    std::erase_if(m_faults, [part](const Fault &fault) { return fault.part == part; });
+    if (!sentence.isEmpty())
+        m_faults.push_back({part, sentence});
+    else if (!isTold)
+        return;
+    if (m_faults.empty())
+        return clearMessage();
+    const Fault last = m_faults.back();
+    showFailure(last.sentence);
+    m_faulty = last.part;
 }
 
 void PowerBar::showStatus(const QString &sentence)

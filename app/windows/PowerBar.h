@@ -35,7 +35,8 @@ public:
     /// A sentence about what could not be done, or about what was; it stays until the next one or clearMessage().
     void showFailure(const QString &sentence);
     void showStatus(const QString &sentence);
-    /// The failure that a part of the window has to tell now; empty: it has none any more, and only its own goes.
+    /// The failure that a part of the window has to tell now; empty: it has none any more, and only its own goes. What
+    /// another part still has to tell takes its place.
     void showFault(const QObject *part, const QString &sentence);
     void clearMessage() { showStatus({}); }
     /// Takes away what was done; what could not be done stays.
@@ -66,6 +67,11 @@ private:
         QString title;
         QString tip;
     };
+    struct Fault
+    {
+        const QObject *part;
+        QString sentence;
+    };
     void addSupply();
     void addVolts(QHBoxLayout &row);
     /// Radio buttons side by side, the first one checked.
@@ -92,6 +98,7 @@ private:
     ElidedLabel *m_pointer;
     QLabel *m_outputSize;
     ZoomField *m_zoom;
+    std::vector<Fault> m_faults;       ///< that are there, the latest last
     bool m_isFailure = false;          ///< what the message tells
     const QObject *m_faulty = nullptr; ///< which part has told it; null: none
 };

@@ -26,16 +26,18 @@ protected:
         }
         return chosen;
     }
-    /// Where the group begins in what is seen of the inspector.
-    int topOf(const QString &group)
+    /// What stands at the top of the group.
+    QToolButton &head(const QString &group)
     {
-        for (const QToolButton *head : inspector().findChildren<QToolButton *>("groupHead")) {
-            if (head->text() == group)
-                return head->mapTo(inspector().viewport(), QPoint(0, 0)).y();
+        for (QToolButton *found : inspector().findChildren<QToolButton *>("groupHead")) {
+            if (found->text() == group)
+                return *found;
         }
         ADD_FAILURE() << "there is no group " << qPrintable(group);
-        return 0;
+        return *inspector().findChild<QToolButton *>();
     }
+    /// Where the group begins in what is seen of the inspector.
+    int topOf(const QString &group) { return head(group).mapTo(inspector().viewport(), QPoint(0, 0)).y(); }
     void pressOnOutput(double x, double y)
     {
         const QRectF frame = canvas().frame();
@@ -319,4 +321,44 @@ TEST_F(InspectorSelectionTest, AnotherSelectionEndsShowingTheOutputFirst)
     ASSERT_EQ(topOf("Output"), 0);
     QTest::mouseClick(table().viewport(), Qt::LeftButton, {}, table().visualRect(table().currentIndex()).center());
     EXPECT_EQ(inspector().verticalScrollBar()->value(), 0); // the same one, chosen again
+}
+
+TEST_F(InspectorSelectionTest, TheOutputStaysFirstInAWindowOfAnotherSize)
+{
+    QScrollBar &bar = *inspector().verticalScrollBar();
+    resizeTo({1280, 500});
+    inspector().showOutputFirst(true);
+    ASSERT_EQ(topOf("Output"), 0);
+    for (const int height : {900, 600, 1000}) {
+        resizeTo({1280, height});
+        QApplication::processEvents();
+        EXPECT_EQ(topOf("Output"), 0) << height;
+        EXPECT_EQ(bar.value(), bar.maximum()) << height; // there is no more room than that takes
+    }
+}
+
+TEST_F(InspectorSelectionTest, TheRoomBelowTheOutputIsThatOfTheUnfoldedGroups)
+{
+    QScrollBar &bar = *inspector().verticalScrollBar();
+    resizeTo({1280, 900});
+    inspector().showOutputFirst(true);
+    const int before = bar.maximum();
+    head("Chart").click();
+    QApplication::processEvents();
+    EXPECT_LT(bar.maximum(), before);
+    EXPECT_EQ(topOf("Output"), 0);
+    EXPECT_EQ(bar.value(), bar.maximum());
+    head("Chart").click();
+    QApplication::processEvents();
+    EXPECT_EQ(bar.maximum(), before);
+    EXPECT_EQ(topOf("Output"), 0);
+}
+
+TEST_F(InspectorSelectionTest, APressBesideEveryLayerUnfoldsTheOutput)
+{
+    head("Output").click();
+    ASSERT_FALSE(isShown("Height"));
+    inspector().showOutputFirst(true);
+    EXPECT_TRUE(isShown("Height"));
+    EXPECT_EQ(topOf("Output"), 0);
 }

@@ -113,6 +113,47 @@ TEST_F(PowerBarTest, WhatIsTypedStaysWhateverTheDocumentDoes)
     EXPECT_EQ(volts().text(), "400 V");
 }
 
+TEST_F(PowerBarTest, UndoAndRedoTakeBackTypedVoltsAndNothingElse)
+{
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto pressZ = [this](Qt::KeyboardModifiers keys) { QTest::keyClick(window.windowHandle(), Qt::Key_Z, keys); };
+    click(window, "208 V");
+    const int steps = window.document().undoStack().index();
+    for (const char *text : {"24", "2400", "12*"}) {
+        type(volts(), text);
+        pressZ(Qt::ControlModifier);
+        EXPECT_EQ(volts().text(), "230 V");
+        EXPECT_EQ(window.document().undoStack().index(), steps) << text;
+    }
+    pressZ(Qt::ControlModifier);
+    EXPECT_EQ(window.document().voltageCalc(), 110);
+    type(volts(), "24");
+    pressZ(Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(window.document().voltageCalc(), 110);
+    pressZ(Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(&volts(), Qt::Key_Tab);
+    EXPECT_EQ(window.document().voltageCalc(), 208);
+    EXPECT_EQ(window.document().undoStack().index(), steps);
+}
+
+TEST_F(PowerBarTest, WhatAnotherPartHasToTellIsThereAgainAfterAFault)
+{
+    const QObject preview;
+    bar().showFault(&preview, "The display has another size.");
+    type(volts(), "1001");
+    EXPECT_TRUE(shows(volts().accessibleDescription()));
+    EXPECT_FALSE(shows("The display has another size."));
+    QTest::keyClick(&volts(), Qt::Key_Escape);
+    EXPECT_TRUE(shows("The display has another size."));
+
+    type(volts(), "1001");
+    bar().showFault(&preview, {});
+    EXPECT_TRUE(shows(volts().accessibleDescription()));
+    QTest::keyClick(&volts(), Qt::Key_Escape);
+    EXPECT_EQ(label(PowerBar::messageName).text(), QString());
+}
+
 TEST_F(PowerBarTest, ItShowsTheDocumentsSupply)
 {
     window.document().phaseSelect(3);
