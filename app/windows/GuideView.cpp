@@ -20,6 +20,7 @@ constexpr int textSize = 14;
 constexpr int headingSizes[] = {textSize, 24, 18, 15}; ///< by level, 0: text
 constexpr int roomAboveHeading = 20;
 constexpr int roomInCell = 6;
+constexpr int pictureDelay = 150; ///< milliseconds; a drag of the window's edge tells many sizes
 constexpr QLatin1StringView folder{"qrc:/docs/"};
 
 /// As links name a heading: "On a second display" is "on-a-second-display".
@@ -53,6 +54,9 @@ GuideView::GuideView(QWidget *parent) : QTextBrowser(parent)
     document()->setDocumentMargin(margin);
     setLineWrapMode(QTextEdit::FixedPixelWidth);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn); // the lines keep their width
+    m_pictures.setSingleShot(true);
+    m_pictures.setInterval(pictureDelay);
+    connect(&m_pictures, &QTimer::timeout, this, &GuideView::fitPictures);
     connect(this, &QTextBrowser::anchorClicked, this, &GuideView::follow);
 }
 
@@ -85,15 +89,47 @@ int GuideView::lineWidth() const
 
 void GuideView::resizeEvent(QResizeEvent *event)
 {
+    const std::optional<int> read = placeRead(); // before anything is laid out anew
     QTextBrowser::resizeEvent(event);
     const int wrapped = lineWidth() + 2 * margin;
-    if (lineWrapColumnOrWidth() == wrapped)
+    const bool isSameWidth = lineWrapColumnOrWidth() == wrapped;
+    if (!isSameWidth)
+        setLineWrapColumnOrWidth(wrapped);
+    if (!isSameWidth || !read)
+        readOn(read);
+    if (isSameWidth)
         return;
-    setLineWrapColumnOrWidth(wrapped);
+    if (isVisible())
+        m_pictures.start();
+    else
+        fitPictures();
+}
+
+void GuideView::fitPictures()
+{
+    const std::optional<int> read = placeRead();
+    reload();
+    readOn(read);
+}
+
+/// The place in the text that is at the top of the view; none: the end is in sight.
+std::optional<int> GuideView::placeRead() const
+{
+    const int scrolled = verticalScrollBar()->value();
+    if (scrolled > 0 && scrolled == verticalScrollBar()->maximum())
+        return std::nullopt;
+    return scrolled == 0 ? 0 : cursorForPosition({margin, 0}).position();
+}
+
+void GuideView::readOn(const std::optional<int> &place)
+{
     QScrollBar &bar = *verticalScrollBar();
-    const double read = double(bar.value()) / std::max(1, bar.maximum());
-    reload(); // the pictures
-    bar.setValue(qRound(read * bar.maximum()));
+    document()->size(); // all of it is laid out
+    if (!place || *place == 0)
+        return bar.setValue(place ? 0 : bar.maximum());
+    QTextCursor cursor(document());
+    cursor.setPosition(*place);
+    bar.setValue(bar.value() + cursorRect(cursor).top());
 }
 
 void GuideView::layOut()

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <QTextBrowser>
+#include <QTimer>
+
+#include <optional>
 
 /// Shows the guides that ship with the program, pictures included, in letters and lines that are easy to read.
 class GuideView final : public QTextBrowser
@@ -17,7 +20,7 @@ protected:
     /// Pictures no wider than the lines.
     QVariant loadResource(int type, const QUrl &name) override;
     void doSetSource(const QUrl &url, QTextDocument::ResourceType type) override;
-    /// Lines and pictures are never wider than the window.
+    /// Lines are never wider than the window, pictures soon after. What is read stays at the top.
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -26,4 +29,9 @@ private:
     void layOut();
     void layOutBlock(QTextCursor &cursor, const QTextBlock &block) const;
     void scrollToHeading(const QString &slug);
+    void fitPictures();
+    std::optional<int> placeRead() const;
+    void readOn(const std::optional<int> &place);
+
+    QTimer m_pictures; ///< until they are fitted to another width
 };

@@ -30,6 +30,7 @@ protected:
         }
         ADD_FAILURE() << "no button says " << qPrintable(title);
     }
+    static void waitForPictures() { QTest::qWait(300); }
     QString heading() const { return guides.document()->firstBlock().text(); }
     QString atTheTop() const { return guides.cursorForPosition({100, 10}).block().text(); }
 
@@ -58,6 +59,7 @@ TEST_F(HelpWindowTest, ALinkLeadsToItsHeading)
 
 TEST_F(HelpWindowTest, PicturesAreThereAndNoWiderThanTheLines)
 {
+    waitForPictures();
     int pictures = 0;
     for (QTextBlock block = guides.document()->begin(); block.isValid(); block = block.next()) {
         for (auto part = block.begin(); !part.atEnd(); ++part) {
@@ -78,10 +80,46 @@ TEST_F(HelpWindowTest, InANarrowWindowLinesAndPicturesAreAsWideAsIt)
     for (const int width : {500, 620, 800}) {
         help.resize(width, 300);
         QApplication::processEvents();
-        EXPECT_EQ(guides.horizontalScrollBar()->maximum(), 0) << width;
+        EXPECT_TRUE(QTest::qWaitFor([&] { return guides.horizontalScrollBar()->maximum() == 0; })) << width;
         EXPECT_LE(guides.document()->idealWidth(), guides.viewport()->width()) << width;
     }
     EXPECT_EQ(guides.document()->textWidth(), 640 + 2 * 24);
+}
+
+TEST_F(HelpWindowTest, WhatIsReadStaysAtTheTopInAWindowOfAnotherSize)
+{
+    help.resize(800, 500);
+    guides.showGuide("user-guide.md#presets");
+    guides.verticalScrollBar()->setValue(guides.verticalScrollBar()->value() + 60);
+    const QString read = guides.cursorForPosition({100, 0}).block().text();
+    for (const QSize &size : {QSize(700, 480), QSize(640, 460), QSize(560, 440), QSize(500, 420), QSize(800, 500)}) {
+        help.resize(size);
+        QApplication::processEvents();
+        EXPECT_EQ(guides.cursorForPosition({100, 0}).block().text(), read) << size.width();
+    }
+    waitForPictures();
+    EXPECT_EQ(guides.cursorForPosition({100, 0}).block().text(), read);
+}
+
+TEST_F(HelpWindowTest, TheEndStaysInSightInAWindowOfAnotherSize)
+{
+    help.resize(800, 500);
+    waitForPictures();
+    guides.showGuide("user-guide.md");
+    guides.document()->size(); // lays out all of it
+    QScrollBar &bar = *guides.verticalScrollBar();
+    bar.setValue(bar.maximum());
+    for (const QSize &size : {QSize(600, 450), QSize(500, 400), QSize(560, 420)}) {
+        help.resize(size);
+        QApplication::processEvents();
+        EXPECT_EQ(bar.value(), bar.maximum()) << size.width();
+    }
+    waitForPictures();
+    EXPECT_EQ(bar.value(), bar.maximum());
+    guides.showGuide("first-wall.md");
+    help.resize(640, 400);
+    waitForPictures();
+    EXPECT_EQ(bar.value(), 0); // nor does the beginning
 }
 
 TEST_F(HelpWindowTest, EveryLinkAndPictureOfTheGuidesIsShippedWithThem)
