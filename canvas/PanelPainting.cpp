@@ -155,7 +155,7 @@ void PanelPainting::paint(const std::vector<Panel> &come, const std::vector<Pane
     if (m_switchesOff)
         switchOff(keysOf(come), keysOf(gone));
     else
-        switchOn(setOf(keysOf(come)), setOf(keysOf(gone)));
+        switchOn(keysOf(come), setOf(keysOf(gone)));
 }
 
 void PanelPainting::switchOff(const QStringList &come, const QStringList &gone)
@@ -168,11 +168,13 @@ void PanelPainting::switchOff(const QStringList &come, const QStringList &gone)
 }
 
 /// What the list has lost has its place in it again only where it is made anew.
-void PanelPainting::switchOn(const QSet<QString> &come, const QSet<QString> &gone)
+void PanelPainting::switchOn(const QStringList &come, const QSet<QString> &gone)
 {
-    m_paintedKeys.subtract(gone).unite(come);
+    m_paintedKeys.subtract(gone);
+    for (const QString &key : come) // in the order of another set they would take long to find a place
+        m_paintedKeys.insert(key);
     if (gone.isEmpty())
-        return remove(come);
+        return remove(setOf(come));
     m_keys = m_keysAtPress.value_or(QStringList());
     remove(m_paintedKeys);
 }

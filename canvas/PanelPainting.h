@@ -47,7 +47,7 @@ private:
     void paintRectangle(const QRect &rectangle);
     void paint(const std::vector<Panel> &come, const std::vector<Panel> &gone);
     void switchOff(const QStringList &come, const QStringList &gone);
-    void switchOn(const QSet<QString> &come, const QSet<QString> &gone);
+    void switchOn(const QStringList &come, const QSet<QString> &gone);
     void remove(const QSet<QString> &keys);
     void orderRectangle();
 
