@@ -224,9 +224,9 @@ TEST_F(LWCanvasImageViewPanels, InArrangeOrOnAStillArrowsNudge)
     EXPECT_EQ(edits(), QStringList());
 }
 
-TEST_F(LWCanvasImageViewPanels, ARectangleOverMillionsOfPanelsFollowsThePointer)
+TEST_F(LWCanvasImageViewPanels, ARectangleOverManyPanelsFollowsThePointer)
 {
-    constexpr int side = 2000;
+    constexpr int side = 300;
     CanvasTestDocument large;
     large.rendersOnUpdate = false;
     const auto wall = std::make_shared<LWScreen>(large);
@@ -234,18 +234,18 @@ TEST_F(LWCanvasImageViewPanels, ARectangleOverMillionsOfPanelsFollowsThePointer)
     wall->setRow(side);
     wall->setPanelWidth(1);
     wall->setPanelHeight(1);
-    wall->setHiddenBoxes(QStringList{"7,5", "1999,0"});
+    wall->setHiddenBoxes(QStringList{"7,5", "299,0"});
     PanelPainting painting(large, wall, {0, 0});
     for (int at = 20; at < side; at += 20)
         painting.track({at, at}, PanelPainting::Shape::Rectangle);
-    EXPECT_EQ(wall->hiddenBoxes()->size(), 1981 * 1981 + 1);
-    painting.track({0, 1999}, PanelPainting::Shape::Rectangle);
-    EXPECT_EQ(wall->hiddenBoxes()->size(), 2001);
-    painting.track({9, 1998}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes()->size(), 281 * 281 + 1);
+    painting.track({0, 299}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes()->size(), 301);
+    painting.track({9, 298}, PanelPainting::Shape::Rectangle);
     painting.finish();
 
-    QStringList expected{"7,5", "1999,0"};
-    for (int row = 0; row < 1999; ++row) {
+    QStringList expected{"7,5", "299,0"};
+    for (int row = 0; row < 299; ++row) {
         for (int column = 0; column < 10; ++column) {
             if (row != 7 || column != 5)
                 expected.append(QString("%1,%2").arg(row).arg(column));
@@ -256,13 +256,13 @@ TEST_F(LWCanvasImageViewPanels, ARectangleOverMillionsOfPanelsFollowsThePointer)
 
     wall->setHiddenBoxes(everyKey(side));
     PanelPainting back(large, wall, {0, 0});
-    for (int at = 400; at < side; at += 400)
+    for (int at = 60; at < side; at += 60)
         back.track({at, at}, PanelPainting::Shape::Rectangle);
-    EXPECT_EQ(wall->hiddenBoxes()->size(), side * side - 1601 * 1601);
-    back.track({1999, 1997}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes()->size(), side * side - 241 * 241);
+    back.track({299, 297}, PanelPainting::Shape::Rectangle);
     back.finish();
     expected = everyKey(side);
-    expected.remove(0, side * 1998);
+    expected.remove(0, side * 298);
     EXPECT_TRUE(*wall->hiddenBoxes() == expected);
 }
 
