@@ -3,6 +3,7 @@
 #include "app/PSDExport.h"
 #include "app/PngFile.h"
 #include "app/PowerCalculator.h"
+#include "app/ProjectFile.h"
 #include "app/ProjectText.h"
 #include "screen/LostWall.h"
 

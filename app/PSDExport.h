@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/FileBytes.h"
-#include "app/ProjectFile.h"
+#include "app/Project.h"
 #include "archive/Result.h"
 
 #include <QByteArray>

@@ -5,6 +5,7 @@
 #include "app/JsonCheck.h"
 #include "app/JsonValues.h"
 #include "app/LayerLimits.h"
+#include "app/ProjectFile.h"
 #include "app/PropertyText.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"

@@ -1,5 +1,7 @@
 #include "app/RecoveryCopy.h"
 
+#include "app/ProjectFile.h"
+
 #include <utility>
 
 RecoveryCopy::RecoveryCopy(Contents contents, QString folder)

@@ -2,6 +2,7 @@
 
 #include "app/PSDExport.h"
 #include "app/PowerCalculator.h"
+#include "app/ProjectFile.h"
 #include "app/ProjectText.h"
 #include "cli/CommandLineHost.h"
 #include "cli/FileFormat.h"

@@ -1,6 +1,7 @@
 #include "cli/FileFormat.h"
 
 #include "app/PSDExport.h"
+#include "app/ProjectFile.h"
 #include "app/ProjectText.h"
 
 #include <QFileInfo>

@@ -1,4 +1,5 @@
 #include "app/LayerPasteboard.h"
+#include "app/ProjectFile.h"
 #include "app/Settings.h"
 #include "app/windows/FoldingSide.h"
 #include "app/windows/Icons.h"

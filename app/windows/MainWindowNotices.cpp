@@ -1,3 +1,4 @@
+#include "app/ProjectFile.h"
 #include "app/windows/MainWindow.h"
 #include "app/windows/NoticeBar.h"
 

@@ -1,3 +1,4 @@
+#include "app/ProjectFile.h"
 #include "tests/app/UndoFixture.h"
 
 #include <QDateTime>

@@ -1,5 +1,6 @@
 #include "app/FileBytes.h"
 #include "app/PresetLibrary.h"
+#include "app/ProjectFile.h"
 #include "app/ProjectText.h"
 #include "screen/LWScreen.h"
 #include "tests/screen/TestHost.h"

@@ -1,3 +1,4 @@
+#include "app/ProjectFile.h"
 #include "app/RecoveryFolder.h"
 #include "screen/LWScreen.h"
 #include "tests/app/KillShow.h"

@@ -1,4 +1,4 @@
-#include "app/ProjectFile.h"
+#include "app/Project.h"
 #include "still/LWStill.h"
 #include "tests/app/ListFixture.h"
 #include "tests/app/LogLines.h"

@@ -1,6 +1,7 @@
 #include "app/PresetLibrary.h"
 
 #include "app/BuiltInPresets.h"
+#include "app/ProjectFile.h"
 #include "archive/KeyedArchive.h"
 #include "screen/LWScreen.h"
 #include "tests/app/ArchiveNodes.h"

@@ -1,5 +1,6 @@
 #include "app/ProjectText.h"
 
+#include "app/ProjectFile.h"
 #include "app/PropertyText.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"

@@ -2,6 +2,7 @@
 
 #include "app/LayerArchive.h"
 #include "app/PresetLibrary.h"
+#include "app/ProjectFile.h"
 #include "archive/KeyedArchive.h"
 #include "screen/LWScreen.h"
 #include "tests/app/SampleProject.h"

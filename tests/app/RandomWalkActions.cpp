@@ -1,4 +1,5 @@
 #include "app/PresetLibrary.h"
+#include "app/ProjectFile.h"
 #include "still/LWStill.h"
 #include "tests/app/RandomWalk.h"
 

@@ -1,3 +1,4 @@
+#include "app/ProjectFile.h"
 #include "tests/app/DocumentFixture.h"
 #include "tests/app/SampleProject.h"
 

@@ -1,5 +1,6 @@
 #include "app/RecoveryCopy.h"
 
+#include "app/ProjectFile.h"
 #include "tests/app/FullDisk.h"
 #include "tests/app/RecoveryFixture.h"
 #include "tests/app/SampleProject.h"

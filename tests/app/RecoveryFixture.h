@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ProjectFile.h"
 #include "app/RecoveryCopy.h"
 #include "tests/screen/TestHost.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ProjectFile.h"
+#include "app/Project.h"
 
 #include <QString>
 

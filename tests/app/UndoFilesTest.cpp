@@ -1,4 +1,5 @@
 #include "app/DocumentHistory.h"
+#include "app/ProjectFile.h"
 #include "tests/app/SampleProject.h"
 #include "tests/app/UndoFixture.h"
 

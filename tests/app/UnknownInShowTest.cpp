@@ -1,3 +1,4 @@
+#include "app/ProjectFile.h"
 #include "app/ProjectText.h"
 #include "tests/app/ArchiveNodes.h"
 #include "tests/app/UndoFixture.h"
