@@ -1,5 +1,5 @@
-#include "app/windows/MainWindow.h"
 #include "cli/CommandLine.h"
+#include "windows/MainWindow.h"
 
 #include <QApplication>
 #include <QLoggingCategory>

@@ -1,8 +1,8 @@
 #include "app/LWAppDelegate.h"
 
-#include "app/EditNames.h"
-#include "layer/NearestInt.h"
+#include "base/NearestInt.h"
 #include "screen/LWScreen.h"
+#include "show/EditNames.h"
 #include "still/LWStill.h"
 
 #include <QTimer>

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "app/Composition.h"
-#include "app/DocumentHistory.h"
-#include "app/LayerList.h"
-#include "app/ManagedObjectContext.h"
-#include "app/PresetStore.h"
-#include "app/RecoveryCopy.h"
 #include "app/UserInterface.h"
-#include "drawing/Colour.h"
+#include "base/Colour.h"
+#include "formats/PresetStore.h"
 #include "layer/LayerHost.h"
+#include "output/Composition.h"
+#include "recovery/RecoveryCopy.h"
+#include "show/DocumentHistory.h"
+#include "show/LayerList.h"
+#include "show/ManagedObjectContext.h"
 
 #include <QHash>
 #include <QImage>

@@ -1,9 +1,9 @@
 #include "app/LWAppDelegate.h"
-#include "app/LayerArchive.h"
-#include "app/LayerPasteboard.h"
-#include "layer/NearestInt.h"
+#include "base/NearestInt.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
+#include "show/LayerArchive.h"
+#include "show/LayerPasteboard.h"
 #include "still/LWStill.h"
 #include "still/PictureFile.h"
 

@@ -1,10 +1,10 @@
-#include "app/FileBytes.h"
 #include "app/LWAppDelegate.h"
-#include "app/PSDExport.h"
-#include "app/PngFile.h"
-#include "app/PowerCalculator.h"
-#include "app/ProjectFile.h"
-#include "app/ProjectText.h"
+#include "base/FileBytes.h"
+#include "formats/PSDExport.h"
+#include "formats/PngFile.h"
+#include "formats/ProjectFile.h"
+#include "formats/ProjectText.h"
+#include "layer/PowerCalculator.h"
 #include "screen/LostWall.h"
 
 #include <QFileInfo>

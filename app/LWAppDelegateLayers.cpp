@@ -1,8 +1,8 @@
 #include "app/DocumentLog.h"
 #include "app/LWAppDelegate.h"
-#include "app/LayerArchive.h"
-#include "app/NewScreens.h"
 #include "screen/LWScreen.h"
+#include "show/LayerArchive.h"
+#include "show/NewScreens.h"
 #include "still/LWStill.h"
 #include "still/PictureFile.h"
 

@@ -1,8 +1,8 @@
 #include "app/DocumentLog.h"
 #include "app/LWAppDelegate.h"
-#include "app/NewScreens.h"
 #include "app/WebAddresses.h"
 #include "screen/LWScreen.h"
+#include "show/NewScreens.h"
 
 #include <QStandardPaths>
 #include <QUrl>

@@ -1,7 +1,7 @@
-#include "app/BuiltInPresets.h"
 #include "app/LWAppDelegate.h"
-#include "app/LayerArchive.h"
-#include "app/PresetLibrary.h"
+#include "formats/BuiltInPresets.h"
+#include "formats/PresetLibrary.h"
+#include "show/LayerArchive.h"
 
 #include <algorithm>
 #include <numeric>

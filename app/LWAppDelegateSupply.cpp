@@ -1,6 +1,6 @@
-#include "app/EditNames.h"
 #include "app/LWAppDelegate.h"
-#include "app/PowerCalculator.h"
+#include "layer/PowerCalculator.h"
+#include "show/EditNames.h"
 
 namespace {
 const QString voltageKey("voltageCalc");

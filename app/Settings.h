@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Supply.h"
+#include "layer/Supply.h"
 
 #include <QByteArray>
 #include <QString>

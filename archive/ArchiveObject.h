@@ -1,8 +1,8 @@
 #pragma once
 
 #include "archive/Address.h"
-#include "archive/Result.h"
-#include "drawing/Colour.h"
+#include "base/Colour.h"
+#include "base/Result.h"
 
 #include <QByteArray>
 #include <QHash>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "archive/Result.h"
-#include "drawing/Colour.h"
+#include "base/Colour.h"
+#include "base/Result.h"
 
 #include <QByteArray>
 

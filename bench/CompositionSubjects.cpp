@@ -1,7 +1,7 @@
 #include "bench/CompositionSubjects.h"
 
-#include "app/Composition.h"
 #include "bench/Charts.h"
+#include "output/Composition.h"
 
 #include <benchmark/benchmark.h>
 #include <memory>

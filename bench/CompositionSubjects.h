@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/Colour.h"
 #include "bench/Timing.h"
-#include "drawing/Colour.h"
 
 #include <QSize>
 

@@ -1,7 +1,7 @@
 #include "bench/PngSubjects.h"
 
-#include "app/PngFile.h"
 #include "bench/Charts.h"
+#include "formats/PngFile.h"
 
 #include <QBuffer>
 

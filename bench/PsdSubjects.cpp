@@ -1,9 +1,9 @@
 #include "bench/PsdSubjects.h"
 
-#include "app/PSDExport.h"
-#include "app/ProjectText.h"
 #include "bench/Charts.h"
 #include "cli/CommandLineHost.h"
+#include "formats/PSDExport.h"
+#include "formats/ProjectText.h"
 #include "psd/KXPSDWriter.h"
 
 #include <benchmark/benchmark.h>

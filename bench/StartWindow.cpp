@@ -1,4 +1,4 @@
-#include "app/windows/MainWindow.h"
+#include "windows/MainWindow.h"
 
 #include <QApplication>
 #include <QPaintEvent>

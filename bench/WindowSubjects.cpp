@@ -1,9 +1,9 @@
 #include "bench/WindowSubjects.h"
 
-#include "app/windows/MainWindow.h"
 #include "bench/Charts.h"
 #include "canvas/LWCanvasImageView.h"
 #include "layer/Layer.h"
+#include "windows/MainWindow.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>

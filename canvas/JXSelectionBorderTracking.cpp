@@ -1,7 +1,7 @@
+#include "base/NearestInt.h"
 #include "canvas/CanvasDocument.h"
 #include "canvas/JXSelectionBorder.h"
 #include "canvas/Logging.h"
-#include "layer/NearestInt.h"
 #include "still/LWStill.h"
 
 #include <cmath>

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "canvas/Arranging.h"
-#include "canvas/CanvasFrame.h"
-#include "canvas/CanvasPicture.h"
 #include "canvas/ExactPointer.h"
 #include "canvas/JXSelectionBorder.h"
 #include "canvas/PanelPainting.h"
+#include "output/CanvasFrame.h"
+#include "output/CanvasPicture.h"
 
 #include <QColor>
 #include <QImage>

@@ -1,7 +1,7 @@
+#include "base/NearestInt.h"
 #include "canvas/CanvasDocument.h"
 #include "canvas/LWCanvasImageView.h"
 #include "canvas/Logging.h"
-#include "layer/NearestInt.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"

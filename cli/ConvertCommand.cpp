@@ -1,12 +1,12 @@
 #include "cli/ConvertCommand.h"
 
-#include "app/PSDExport.h"
-#include "app/PowerCalculator.h"
-#include "app/ProjectFile.h"
-#include "app/ProjectText.h"
 #include "cli/CommandLineHost.h"
 #include "cli/FileFormat.h"
 #include "cli/Options.h"
+#include "formats/PSDExport.h"
+#include "formats/ProjectFile.h"
+#include "formats/ProjectText.h"
+#include "layer/PowerCalculator.h"
 #include "still/LWStill.h"
 
 #include <algorithm>

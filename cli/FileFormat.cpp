@@ -1,8 +1,8 @@
 #include "cli/FileFormat.h"
 
-#include "app/PSDExport.h"
-#include "app/ProjectFile.h"
-#include "app/ProjectText.h"
+#include "formats/PSDExport.h"
+#include "formats/ProjectFile.h"
+#include "formats/ProjectText.h"
 
 #include <QFileInfo>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Project.h"
 #include "cli/PictureOutput.h"
+#include "show/Project.h"
 
 #include <QString>
 

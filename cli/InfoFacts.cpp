@@ -1,6 +1,6 @@
 #include "cli/InfoFacts.h"
 
-#include "app/PowerCalculator.h"
+#include "layer/PowerCalculator.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"

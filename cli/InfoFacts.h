@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Project.h"
 #include "screen/PortSplit.h"
+#include "show/Project.h"
 
 #include <QString>
 

@@ -1,9 +1,9 @@
 #include "cli/InfoText.h"
 
-#include "app/PowerCalculator.h"
+#include "base/DecimalText.h"
 #include "cli/InfoFacts.h"
 #include "cli/VisibleText.h"
-#include "layer/DecimalText.h"
+#include "layer/PowerCalculator.h"
 #include "screen/LostWall.h"
 
 #include <QLocale>

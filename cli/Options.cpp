@@ -1,6 +1,6 @@
 #include "cli/Options.h"
 
-#include "app/ColourText.h"
+#include "formats/ColourText.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "cli/PictureOutput.h"
 
-#include "app/Composition.h"
-#include "app/PSDExport.h"
-#include "app/PngFile.h"
+#include "formats/PSDExport.h"
+#include "formats/PngFile.h"
+#include "output/Composition.h"
 #include "screen/LostWall.h"
 #include "still/LWStill.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/Project.h"
-#include "drawing/Colour.h"
+#include "base/Colour.h"
+#include "show/Project.h"
 
 #include <QString>
 

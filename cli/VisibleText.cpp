@@ -1,6 +1,6 @@
 #include "cli/VisibleText.h"
 
-#include "app/JsonValues.h"
+#include "formats/JsonValues.h"
 
 namespace {
 bool changesDirection(QChar letter)

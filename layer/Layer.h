@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive/ArchiveObject.h"
-#include "drawing/Colour.h"
+#include "base/Colour.h"
 #include "layer/ArchiveFields.h"
 
 #include <QImage>

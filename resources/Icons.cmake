@@ -25,7 +25,7 @@ set(WALLWRIGHT_TINTED_ICONS check-lg:ground dash-lg:text chevron-down:text)
 
 # "#1b1d20" for "ground".
 function(theme_colour name result)
-    set(header ${CMAKE_SOURCE_DIR}/app/windows/Theme.h)
+    set(header ${CMAKE_SOURCE_DIR}/windows/Theme.h)
     file(READ ${header} text)
     if(NOT text MATCHES "${name}{0x(..), 0x(..), 0x(..)}")
         message(FATAL_ERROR "Theme.h has no colour called ${name}.")

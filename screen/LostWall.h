@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/Result.h"
+#include "base/Result.h"
 #include "layer/Layer.h"
 
 #include <QString>

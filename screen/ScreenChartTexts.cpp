@@ -1,4 +1,4 @@
-#include "layer/DecimalText.h"
+#include "base/DecimalText.h"
 #include "layer/Power.h"
 #include "screen/ScreenChart.h"
 

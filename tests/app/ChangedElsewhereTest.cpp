@@ -1,4 +1,4 @@
-#include "app/ProjectFile.h"
+#include "formats/ProjectFile.h"
 #include "tests/app/UndoFixture.h"
 
 #include <QDateTime>

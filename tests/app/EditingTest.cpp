@@ -1,4 +1,4 @@
-#include "app/LayerPasteboard.h"
+#include "show/LayerPasteboard.h"
 #include "still/LWStill.h"
 #include "tests/app/DocumentFixture.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/Project.h"
+#include "show/Project.h"
 
 #include <algorithm>
 #include <array>

@@ -1,5 +1,5 @@
-#include "app/ProjectFile.h"
-#include "app/RecoveryFolder.h"
+#include "formats/ProjectFile.h"
+#include "recovery/RecoveryFolder.h"
 #include "screen/LWScreen.h"
 #include "tests/app/KillShow.h"
 #include "tests/screen/TestHost.h"

@@ -1,4 +1,4 @@
-#include "app/RowPasteboard.h"
+#include "show/RowPasteboard.h"
 #include "tests/app/ListFixture.h"
 
 #include <QMimeData>

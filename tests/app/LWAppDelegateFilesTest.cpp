@@ -1,7 +1,7 @@
-#include "app/ProjectFile.h"
 #include "archive/KeyedArchive.h"
+#include "formats/ProjectFile.h"
 #include "tests/app/DocumentFixture.h"
-#include "tests/app/SampleProject.h"
+#include "tests/formats/SampleProject.h"
 
 #include <QDir>
 #include <QFile>

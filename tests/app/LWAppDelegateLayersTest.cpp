@@ -1,8 +1,8 @@
-#include "app/Project.h"
+#include "show/Project.h"
 #include "still/LWStill.h"
 #include "tests/app/ListFixture.h"
-#include "tests/app/LogLines.h"
-#include "tests/app/SampleProject.h"
+#include "tests/base/LogLines.h"
+#include "tests/formats/SampleProject.h"
 
 #include <QFile>
 #include <QTest>

@@ -1,5 +1,5 @@
-#include "app/ManagedObjectContext.h"
 #include "app/WebAddresses.h"
+#include "show/ManagedObjectContext.h"
 #include "tests/app/ListFixture.h"
 
 #include <QStandardPaths>

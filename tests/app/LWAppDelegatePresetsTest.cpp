@@ -1,4 +1,4 @@
-#include "app/PresetLibrary.h"
+#include "formats/PresetLibrary.h"
 #include "tests/app/ListFixture.h"
 
 #include <QDir>

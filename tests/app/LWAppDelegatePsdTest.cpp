@@ -1,7 +1,7 @@
 #include "still/LWStill.h"
 #include "tests/app/DocumentFixture.h"
 #include "tests/app/LayeredFile.h"
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 
 #include <QDir>
 

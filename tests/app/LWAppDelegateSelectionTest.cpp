@@ -1,4 +1,4 @@
-#include "app/PresetLibrary.h"
+#include "formats/PresetLibrary.h"
 #include "still/LWStill.h"
 #include "tests/app/ListFixture.h"
 

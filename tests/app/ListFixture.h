@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/ProjectFile.h"
+#include "formats/ProjectFile.h"
 #include "tests/app/DocumentFixture.h"
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 
 #include <QLoggingCategory>
 

@@ -1,6 +1,6 @@
-#include "app/ProjectFile.h"
+#include "formats/ProjectFile.h"
 #include "tests/app/DocumentFixture.h"
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 
 #include <QFile>
 

@@ -1,11 +1,11 @@
-#include "app/PSDExport.h"
+#include "formats/PSDExport.h"
 
-#include "app/FileBytes.h"
+#include "base/FileBytes.h"
 #include "psd/KXPSDWriter.h"
 #include "still/LWStill.h"
 #include "tests/app/DocumentFixture.h"
-#include "tests/app/FullDisk.h"
 #include "tests/app/LayeredFile.h"
+#include "tests/base/FullDisk.h"
 
 #include <QDir>
 #include <QFile>

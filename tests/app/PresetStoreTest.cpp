@@ -1,6 +1,6 @@
-#include "app/PresetLibrary.h"
-#include "tests/app/ArchiveNodes.h"
+#include "formats/PresetLibrary.h"
 #include "tests/app/ListFixture.h"
+#include "tests/formats/ArchiveNodes.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "archive/Address.h"
-#include "drawing/Colour.h"
+#include "base/Colour.h"
 
 #include <QMetaProperty>
 #include <QSizeF>

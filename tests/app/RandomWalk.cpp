@@ -1,11 +1,11 @@
 #include "tests/app/RandomWalk.h"
 
-#include "app/LayerArchive.h"
-#include "app/PresetLibrary.h"
-#include "app/ProjectFile.h"
 #include "archive/KeyedArchive.h"
+#include "formats/PresetLibrary.h"
+#include "formats/ProjectFile.h"
 #include "screen/LWScreen.h"
-#include "tests/app/SampleProject.h"
+#include "show/LayerArchive.h"
+#include "tests/formats/SampleProject.h"
 
 #include <QFile>
 

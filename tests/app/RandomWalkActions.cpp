@@ -1,5 +1,5 @@
-#include "app/PresetLibrary.h"
-#include "app/ProjectFile.h"
+#include "formats/PresetLibrary.h"
+#include "formats/ProjectFile.h"
 #include "still/LWStill.h"
 #include "tests/app/RandomWalk.h"
 

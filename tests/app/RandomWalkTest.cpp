@@ -1,6 +1,6 @@
 #include "tests/app/RandomWalk.h"
 
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 
 #include <QElapsedTimer>
 

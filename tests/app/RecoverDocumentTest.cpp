@@ -1,6 +1,6 @@
-#include "app/ProjectFile.h"
+#include "formats/ProjectFile.h"
 #include "tests/app/DocumentFixture.h"
-#include "tests/app/SampleProject.h"
+#include "tests/formats/SampleProject.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,7 +1,7 @@
-#include "app/DocumentHistory.h"
-#include "app/ProjectFile.h"
-#include "tests/app/SampleProject.h"
+#include "formats/ProjectFile.h"
+#include "show/DocumentHistory.h"
 #include "tests/app/UndoFixture.h"
+#include "tests/formats/SampleProject.h"
 
 #include <QFile>
 #include <QSignalSpy>

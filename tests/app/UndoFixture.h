@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PresetLibrary.h"
+#include "formats/PresetLibrary.h"
 #include "tests/app/ListFixture.h"
 
 #include <QTest>

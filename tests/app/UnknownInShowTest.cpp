@@ -1,7 +1,7 @@
-#include "app/ProjectFile.h"
-#include "app/ProjectText.h"
-#include "tests/app/ArchiveNodes.h"
+#include "formats/ProjectFile.h"
+#include "formats/ProjectText.h"
 #include "tests/app/UndoFixture.h"
+#include "tests/formats/ArchiveNodes.h"
 
 #include <QFile>
 

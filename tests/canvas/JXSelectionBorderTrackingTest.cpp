@@ -1,5 +1,5 @@
 #include "canvas/JXSelectionBorder.h"
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QLoggingCategory>

@@ -1,4 +1,4 @@
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "app/ProjectText.h"
 #include "cli/CommandLineHost.h"
+#include "formats/ProjectText.h"
 #include "tests/cli/CommandRun.h"
 
 #include <QCryptographicHash>

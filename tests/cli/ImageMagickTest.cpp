@@ -1,7 +1,7 @@
 #include "tests/cli/ImageMagick.h"
 
-#include "app/ProjectText.h"
 #include "cli/CommandLineHost.h"
+#include "formats/ProjectText.h"
 #include "screen/LWScreen.h"
 #include "tests/cli/CommandRun.h"
 

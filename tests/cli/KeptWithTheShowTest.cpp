@@ -1,5 +1,5 @@
-#include "app/ProjectFile.h"
 #include "cli/CommandLineHost.h"
+#include "formats/ProjectFile.h"
 #include "screen/LWScreen.h"
 #include "tests/cli/CommandRun.h"
 

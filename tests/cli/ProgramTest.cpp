@@ -1,4 +1,4 @@
-#include "tests/app/FullDisk.h"
+#include "tests/base/FullDisk.h"
 #include "tests/cli/CommandRun.h"
 
 #include <QImage>

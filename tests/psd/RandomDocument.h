@@ -1,6 +1,6 @@
 #pragma once
 
-#include "drawing/Colour.h"
+#include "base/Colour.h"
 #include "psd/KXPSDBlendMode.h"
 
 #include <QImage>

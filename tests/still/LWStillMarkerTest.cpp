@@ -1,6 +1,6 @@
 #include "layer/Logging.h"
 #include "still/LWStill.h"
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 #include "tests/screen/TestHost.h"
 
 #include <cmath>

@@ -1,6 +1,6 @@
 #include "drawing/Raster.h"
 #include "still/PictureFile.h"
-#include "tests/app/LogLines.h"
+#include "tests/base/LogLines.h"
 
 #include <QFile>
 #include <QImageReader>

@@ -1,10 +1,10 @@
-#include "app/windows/ColourButton.h"
+#include "windows/inspector/ColourButton.h"
 
-#include "app/windows/ColourPlane.h"
-#include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
 #include "layer/Layer.h"
 #include "tests/windows/InspectorFixture.h"
+#include "windows/Theme.h"
+#include "windows/inspector/ColourPlane.h"
 
 #include <QLineEdit>
 #include <QTest>

@@ -1,8 +1,8 @@
-#include "app/windows/CanvasPane.h"
-#include "app/windows/ElidedLabel.h"
-#include "app/windows/LayerTable.h"
-#include "app/windows/Theme.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/CanvasPane.h"
+#include "windows/ElidedLabel.h"
+#include "windows/LayerTable.h"
+#include "windows/Theme.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>

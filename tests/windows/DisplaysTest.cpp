@@ -1,6 +1,6 @@
-#include "app/windows/OutputPreview.h"
-#include "app/windows/OutputView.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/OutputPreview.h"
+#include "windows/OutputView.h"
 
 #include <QApplication>
 #include <QMenu>

@@ -1,7 +1,7 @@
-#include "app/windows/HelpWindow.h"
+#include "windows/HelpWindow.h"
 
-#include "app/windows/GuideView.h"
-#include "app/windows/Theme.h"
+#include "windows/GuideView.h"
+#include "windows/Theme.h"
 
 #include <QAbstractButton>
 #include <QApplication>

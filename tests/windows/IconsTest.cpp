@@ -1,7 +1,7 @@
-#include "app/windows/Icons.h"
+#include "windows/Icons.h"
 
-#include "app/windows/Theme.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/Theme.h"
 
 #include <QAbstractButton>
 #include <QDir>

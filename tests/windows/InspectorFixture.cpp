@@ -1,8 +1,8 @@
 #include "tests/windows/InspectorFixture.h"
 
-#include "app/ProjectFile.h"
-#include "app/windows/ColourButton.h"
+#include "formats/ProjectFile.h"
 #include "still/LWStill.h"
+#include "windows/inspector/ColourButton.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "app/windows/Inspector.h"
-#include "app/windows/NumberField.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/inspector/Inspector.h"
+#include "windows/inspector/NumberField.h"
 
 #include <QByteArray>
 

@@ -1,6 +1,6 @@
-#include "app/windows/LayerTable.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/InspectorFixture.h"
+#include "windows/LayerTable.h"
 
 #include <QApplication>
 #include <QCheckBox>

@@ -1,9 +1,9 @@
-#include "app/ProjectFile.h"
 #include "app/Settings.h"
-#include "app/windows/ColourButton.h"
-#include "app/windows/FigureLabel.h"
-#include "app/windows/Theme.h"
+#include "formats/ProjectFile.h"
 #include "tests/windows/InspectorFixture.h"
+#include "windows/Theme.h"
+#include "windows/inspector/ColourButton.h"
+#include "windows/inspector/FigureLabel.h"
 
 #include <QCheckBox>
 #include <QComboBox>

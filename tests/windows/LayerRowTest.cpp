@@ -1,9 +1,9 @@
-#include "app/windows/Icons.h"
-#include "app/windows/LayerTable.h"
-#include "app/windows/Theme.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/Icons.h"
+#include "windows/LayerTable.h"
+#include "windows/Theme.h"
 
 #include <QAccessible>
 #include <QAction>

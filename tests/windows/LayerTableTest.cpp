@@ -1,10 +1,10 @@
-#include "app/windows/LayerTable.h"
+#include "windows/LayerTable.h"
 
-#include "app/windows/LayerDelegate.h"
-#include "app/windows/Theme.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerDelegate.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QTest>

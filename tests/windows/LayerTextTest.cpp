@@ -1,4 +1,4 @@
-#include "app/windows/LayerText.h"
+#include "windows/LayerText.h"
 
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"

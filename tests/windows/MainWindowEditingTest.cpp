@@ -1,8 +1,8 @@
-#include "app/windows/LayerTable.h"
 #include "canvas/LWCanvasImageView.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
 
 #include <QDropEvent>
 #include <QLabel>

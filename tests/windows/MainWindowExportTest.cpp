@@ -1,9 +1,9 @@
-#include "app/windows/LayerTable.h"
-#include "app/windows/PowerBar.h"
-#include "app/windows/ProgressDialog.h"
 #include "still/LWStill.h"
 #include "tests/app/LayeredFile.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
+#include "windows/PowerBar.h"
+#include "windows/ProgressDialog.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,9 +1,9 @@
-#include "app/windows/LayerTable.h"
-#include "app/windows/PicturePreview.h"
-#include "app/windows/PowerBar.h"
 #include "canvas/LWCanvasImageView.h"
-#include "tests/app/FullDisk.h"
+#include "tests/base/FullDisk.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
+#include "windows/PowerBar.h"
+#include "windows/inspector/PicturePreview.h"
 
 #include <QApplication>
 #include <QDir>

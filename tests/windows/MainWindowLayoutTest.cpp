@@ -1,9 +1,9 @@
 #include "app/Settings.h"
-#include "app/windows/Inspector.h"
-#include "app/windows/LayerTable.h"
-#include "app/windows/ListsPane.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
+#include "windows/ListsPane.h"
+#include "windows/inspector/Inspector.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -1,10 +1,10 @@
-#include "app/ProjectFile.h"
 #include "app/Settings.h"
-#include "app/windows/CanvasPane.h"
-#include "app/windows/LayerTable.h"
-#include "app/windows/ListsPane.h"
 #include "canvas/LWCanvasImageView.h"
+#include "formats/ProjectFile.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/CanvasPane.h"
+#include "windows/LayerTable.h"
+#include "windows/ListsPane.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,8 +1,8 @@
-#include "app/ProjectFile.h"
-#include "app/windows/NoticeBar.h"
-#include "app/windows/PowerBar.h"
 #include "canvas/LWCanvasImageView.h"
+#include "formats/ProjectFile.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/NoticeBar.h"
+#include "windows/PowerBar.h"
 
 #include <QAbstractButton>
 #include <QApplication>

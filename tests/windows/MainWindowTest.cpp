@@ -1,8 +1,8 @@
-#include "app/windows/Inspector.h"
-#include "app/windows/LayerTable.h"
-#include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
+#include "windows/Theme.h"
+#include "windows/inspector/Inspector.h"
 
 #include <QIcon>
 #include <QLabel>

@@ -1,7 +1,7 @@
-#include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
 #include "layer/Layer.h"
 #include "tests/windows/InspectorFixture.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>

@@ -1,7 +1,7 @@
-#include "app/windows/OutputView.h"
+#include "windows/OutputView.h"
 
-#include "app/windows/Theme.h"
-#include "canvas/CanvasFrame.h"
+#include "output/CanvasFrame.h"
+#include "windows/Theme.h"
 
 #include <QEvent>
 #include <QTest>

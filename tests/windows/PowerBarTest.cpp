@@ -1,7 +1,7 @@
-#include "app/windows/PowerBar.h"
+#include "windows/PowerBar.h"
 
-#include "app/windows/NumberField.h"
 #include "tests/windows/InspectorFixture.h"
+#include "windows/inspector/NumberField.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,6 +1,6 @@
-#include "app/PresetLibrary.h"
-#include "app/windows/LayerTable.h"
+#include "formats/PresetLibrary.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
 
 #include <QApplication>
 #include <QLineEdit>

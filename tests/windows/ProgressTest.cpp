@@ -1,5 +1,5 @@
-#include "app/windows/ProgressDialog.h"
-#include "app/windows/WindowInterface.h"
+#include "windows/ProgressDialog.h"
+#include "windows/WindowInterface.h"
 
 #include <QApplication>
 #include <QMainWindow>

@@ -1,7 +1,7 @@
-#include "app/windows/HelpWindow.h"
-#include "app/windows/OutputPreview.h"
-#include "app/windows/OutputView.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/HelpWindow.h"
+#include "windows/OutputPreview.h"
+#include "windows/OutputView.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "app/windows/Theme.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QFontInfo>

@@ -1,12 +1,12 @@
 #include "tests/windows/WindowFixture.h"
 
-#include "app/ProjectFile.h"
-#include "app/windows/Inspector.h"
-#include "app/windows/LayerTable.h"
-#include "app/windows/ProgressDialog.h"
-#include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
+#include "formats/ProjectFile.h"
 #include "screen/LWScreen.h"
+#include "windows/LayerTable.h"
+#include "windows/ProgressDialog.h"
+#include "windows/Theme.h"
+#include "windows/inspector/Inspector.h"
 
 #include <QAbstractButton>
 #include <QApplication>

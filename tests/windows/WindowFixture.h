@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/windows/MainWindow.h"
+#include "windows/MainWindow.h"
 
 #include <QImage>
 #include <QTemporaryDir>

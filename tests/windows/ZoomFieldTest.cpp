@@ -1,9 +1,9 @@
-#include "app/windows/ZoomField.h"
+#include "windows/ZoomField.h"
 
-#include "app/windows/PowerBar.h"
-#include "app/windows/Theme.h"
 #include "canvas/LWCanvasImageView.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/PowerBar.h"
+#include "windows/Theme.h"
 
 #include <QLabel>
 #include <QTest>

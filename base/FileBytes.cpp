@@ -1,0 +1,129 @@
+#include "base/FileBytes.h"
+
+#include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+#include <QSaveFile>
+#include <QUuid>
+
+#include <cerrno>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+constexpr qsizetype pieceLength = qsizetype{8} << 20;
+
+// QSaveFile keeps no reason of a failed write; the system does.
+tl::unexpected<Error> failedWrite(const QString &path)
+{
+    return fail(QString("%1: cannot be written: %2").arg(path, qt_error_string(errno)));
+}
+
+bool append(QSaveFile &file, QByteArrayView bytes)
+{
+    errno = 0;
+    return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush();
+}
+
+bool reachesDisk(const QSaveFile &file)
+{
+    return fdatasync(file.handle()) == 0 || errno == EINVAL; // that one: there is no disk behind
+}
+
+/// QSaveFile puts seven letters behind the name, more than a name of nearly 255 bytes bears: such a file is completed
+/// beside the old one, under a name of its own.
+QString placeToCollect(const QString &path)
+{
+    constexpr qsizetype longestName = 255 - 7;
+    const QFileInfo place(QFileInfo(path).isSymLink() ? QFileInfo(path).symLinkTarget() : path);
+    if (QFile::encodeName(place.fileName()).size() <= longestName)
+        return path;
+    return place.path() + "/.wallwright-" + QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+/// Puts the complete file at `from` into the place of `path`, in one step, where it is not there already.
+bool moveTo(const QString &path, const QString &from)
+{
+    if (from == path)
+        return true;
+    const QFileInfo existing(path);
+    if (existing.exists())
+        QFile::setPermissions(from, existing.permissions());
+    const QString place = existing.isSymLink() ? existing.symLinkTarget() : path;
+    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(place).constData()) == 0)
+        return true;
+    const int reason = errno;
+    QFile::remove(from);
+    errno = reason;
+    return false;
+}
+} // namespace
+
+namespace FileBytes {
+
+Result<QByteArray> read(const QString &path, qint64 mostBytes)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return fail(QString("%1: there is no such file").arg(path));
+    if (!info.isFile())
+        return fail(QString("%1: this is a folder or a device, not a file").arg(path));
+    if (info.size() > mostBytes)
+        return fail(
+            QString("%1: the file has %2; more than %3 is not read")
+                .arg(path, QLocale::c().formattedDataSize(info.size()), QLocale::c().formattedDataSize(mostBytes)));
+
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return fail(QString("%1: cannot be read: %2").arg(path, file.errorString()));
+    const QByteArray bytes = file.read(info.size());
+    if (file.error() != QFileDevice::NoError || bytes.size() != info.size())
+        return fail(QString("%1: cannot be read to its end: %2").arg(path, file.errorString()));
+    return bytes;
+}
+
+QByteArray digest(const QString &path)
+{
+    QFile file(path);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    const bool isRead = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && hash.addData(&file);
+    return isRead ? hash.result() : QByteArray();
+}
+
+Result<void> write(const QString &path, const QByteArray &bytes)
+{
+    return write(path, bytes, {}).map([](Outcome) {});
+}
+
+Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progress &progress)
+{
+    const QFileInfo existing(path);
+    if (existing.exists() && !existing.isFile()) // committing would put a file in the place of a device
+        return fail(QString("%1: cannot be written: this is a folder or a device, not a file").arg(path));
+    if (existing.exists() && !existing.isWritable())
+        return fail(QString("%1: cannot be written: the file is read-only").arg(path));
+    QSaveFile file(placeToCollect(path));
+    if (!file.open(QIODevice::WriteOnly))
+        return fail(QString("%1: cannot be written: %2").arg(path, file.errorString()));
+
+    const qsizetype length = progress ? pieceLength : bytes.size();
+    for (qsizetype done = 0; done < bytes.size(); done += length) {
+        if (progress && !progress(static_cast<double>(done) / static_cast<double>(bytes.size())))
+            return Outcome::Cancelled;
+        const QByteArrayView piece = QByteArrayView(bytes).sliced(done, qMin(length, bytes.size() - done));
+        if (!append(file, piece) || (progress && !reachesDisk(file)))
+            return failedWrite(path);
+    }
+    errno = 0;
+    if (!file.commit() || !moveTo(path, file.fileName()))
+        return failedWrite(path);
+    return Outcome::Written;
+}
+
+QString withExtension(const QString &path, const QString &extension)
+{
+    return QFileInfo(path).suffix() == extension ? path : path + u'.' + extension;
+}
+
+} // namespace FileBytes

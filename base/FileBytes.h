@@ -1,0 +1,42 @@
+#pragma once
+
+#include "base/Result.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <functional>
+
+/// Whole files, in and out.
+namespace FileBytes {
+
+/// Error: no regular file, unreadable, or more than `mostBytes` (told before a byte is read). The message begins with
+/// the path.
+[[nodiscard]] Result<QByteArray> read(const QString &path, qint64 mostBytes);
+
+/// What tells the contents of one file from those of another, whatever its size; empty where there is no file to read.
+QByteArray digest(const QString &path);
+
+/// Puts `bytes` into the file at `path`. Whatever stood there stays whole until its successor is complete on disk.
+/// Error: the file cannot be made, filled or put into its place; nothing half-written is left. The message begins with
+/// the path.
+[[nodiscard]] Result<void> write(const QString &path, const QByteArray &bytes);
+
+/// Told how much is done, 0 to 1; may run events. False cancels the rest.
+using Progress = std::function<bool(double done)>;
+
+enum class Outcome
+{
+    Written,
+    Cancelled ///< the old file stays, if there was one
+};
+
+/// The same in pieces, each on the disk before the next begins, for files that take long: a stick is a hundred times
+/// slower than memory.
+[[nodiscard]] Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progress &progress);
+
+/// The path with exactly one `extension` at its end: "show" and "show.Orv" become "show.Orv", "wall.png" becomes
+/// "wall.png.Orv". Upper and lower case differ.
+QString withExtension(const QString &path, const QString &extension);
+
+} // namespace FileBytes

@@ -1,0 +1,303 @@
+#include "formats/ProjectText.h"
+
+#include "base/FileBytes.h"
+#include "formats/FileKind.h"
+#include "formats/JsonCheck.h"
+#include "formats/JsonValues.h"
+#include "formats/ProjectFile.h"
+#include "formats/PropertyText.h"
+#include "layer/LayerLimits.h"
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMetaProperty>
+
+#include <algorithm>
+#include <limits>
+
+namespace {
+constexpr int firstFormat = 1;
+constexpr int formatWithAdditions = 2;
+constexpr int newOutputWidth = 1920;
+constexpr int newOutputHeight = 1080;
+const QString voltsName("voltage");
+const QString phasesName("phases");
+
+/// The lines of one layer. By hand, since QJsonObject would sort the names.
+QByteArray layerText(const Layer &layer)
+{
+    QByteArray text = "    {\n      \"class\": " + JsonValues::text(layer.className());
+    for (const ArchiveField &field : layer.keptFields()) {
+        const QVariant property = layer.property(field.property);
+        if (!field.isWritten(property))
+            continue;
+        const QJsonValue value = PropertyText::encode(property);
+        text += QByteArray(",\n      \"") + field.property + "\": " + JsonValues::text(value);
+    }
+    return text + "\n    }";
+}
+
+bool hasAdditions(const Layer &layer)
+{
+    const std::span<const ArchiveField> fields = layer.keptFields();
+    return std::any_of(fields.begin(), fields.end(), [&](const ArchiveField &field) {
+        return field.isAddition && field.isWritten(layer.property(field.property));
+    });
+}
+
+/// The lowest that holds the project: what no addition is written in, older versions read too.
+int formatOf(const Project &project)
+{
+    const bool isPlain =
+        !project.supply && std::none_of(project.layers.begin(), project.layers.end(),
+                                        [](const LayerPointer &layer) { return hasAdditions(*layer); });
+    return isPlain ? firstFormat : formatWithAdditions;
+}
+
+/// What a text is read with.
+struct Surroundings
+{
+    const QString &folder;
+    LayerHost &host;
+    int format;
+};
+
+Result<void> checkNames(const QJsonObject &object, const QStringList &known)
+{
+    for (auto entry = object.begin(); entry != object.end(); ++entry) {
+        if (!known.contains(entry.key()))
+            return fail(QString("%1: unknown name").arg(JsonValues::excerpt(entry.key())));
+    }
+    return {};
+}
+
+QStringList namesOf(const Layer &layer, int format)
+{
+    QStringList names{"class"};
+    for (const ArchiveField &field : layer.keptFields()) {
+        if (!field.isAddition || format >= formatWithAdditions)
+            names.append(field.property);
+    }
+    return names;
+}
+
+/// Sets the given properties of a layer that holds the values of a new one.
+Result<void> setProperties(Layer &layer, const QJsonObject &object, const Surroundings &around)
+{
+    const Result<void> known = checkNames(object, namesOf(layer, around.format));
+    if (!known)
+        return known;
+    for (const ArchiveField &field : layer.keptFields()) {
+        const QJsonValue given = object.value(QLatin1StringView(field.property));
+        if (given.isUndefined())
+            continue;
+        const QMetaObject *meta = layer.metaObject();
+        const QMetaProperty property = meta->property(meta->indexOfProperty(field.property));
+        const Result<QVariant> value = PropertyText::decode(given, property.metaType(), around.folder);
+        if (!value)
+            return failWithin(field.property, value.error());
+        property.write(&layer, *value);
+    }
+    return {};
+}
+
+Result<LayerPointer> decodeScreen(const QJsonObject &object, const Surroundings &around)
+{
+    const auto screen = LWScreen::init(around.host);
+    const Result<void> isSet = setProperties(*screen, object, around);
+    if (!isSet)
+        return tl::unexpected(isSet.error());
+    screen->drawInRect();
+    return screen;
+}
+
+Result<LayerPointer> decodeStill(const QJsonObject &object, const Surroundings &around)
+{
+    const auto still = std::make_shared<LWStill>(around.host);
+    still->setVisible(true);
+    const Result<void> isSet = setProperties(*still, object, around);
+    if (!isSet)
+        return tl::unexpected(isSet.error());
+
+    still->loadThumbnail();
+    if (!object.contains("panelWidth"))
+        still->setPanelWidth(still->thumbnail().width());
+    if (!object.contains("panelHeight"))
+        still->setPanelHeight(still->thumbnail().height());
+    if (!object.contains("screenSizeWidth"))
+        still->setScreenSizeWidth(still->panelWidth());
+    if (!object.contains("screenSizeHeight"))
+        still->setScreenSizeHeight(still->panelHeight());
+    return still;
+}
+
+Result<LayerPointer> decodeLayer(const QJsonValue &value, const Surroundings &around)
+{
+    if (!value.isObject())
+        return JsonValues::failExpecting("an object", value);
+    const QJsonObject object = value.toObject();
+    const QJsonValue className = object.value("class");
+    if (className == "LWScreen")
+        return decodeScreen(object, around);
+    if (className == "LWStill")
+        return decodeStill(object, around);
+    const QString found =
+        className.isString() ? "\"" + JsonValues::excerpt(className.toString()) + "\"" : JsonValues::kind(className);
+    return fail(QString("class: expected \"LWScreen\" or \"LWStill\", found %1").arg(found));
+}
+
+/// A failure inside a layer: `layers[3].rectColor: ...`, or `layers[3]: ...` for the layer as a whole.
+tl::unexpected<Error> failInLayer(qsizetype index, const QJsonValue &layer, const Error &error)
+{
+    const QString place = QString("layers[%1]").arg(index);
+    return layer.isObject() ? fail(place + "." + error.text) : failWithin(place, error);
+}
+
+Result<int> decodeInt(const QJsonValue &value)
+{
+    using Limits = std::numeric_limits<int>;
+    return PropertyText::decodeInteger(value, Limits::min(), Limits::max()).map([](qint64 number) {
+        return static_cast<int>(number);
+    });
+}
+
+Result<int> decodeNumber(const QJsonObject &root, const QString &name, int ofNewDocument)
+{
+    if (!root.contains(name))
+        return ofNewDocument;
+    const Result<int> number = decodeInt(root.value(name));
+    if (!number)
+        return failWithin(name, number.error());
+    return number;
+}
+
+Result<int> decodeFormat(const QJsonObject &root)
+{
+    const Result<int> format = decodeInt(root.value("format"));
+    if (!format)
+        return failWithin("format", format.error());
+    if (*format != firstFormat && *format != formatWithAdditions)
+        return fail(
+            QString("format: expected %1 or %2, found %3").arg(firstFormat).arg(formatWithAdditions).arg(*format));
+    return format;
+}
+
+/// The supply that is given, whole or by one of its two names.
+Result<std::optional<Supply>> decodeSupply(const QJsonObject &root)
+{
+    if (!root.contains(voltsName) && !root.contains(phasesName))
+        return std::optional<Supply>();
+    const Result<int> volts = decodeNumber(root, voltsName, Supply().volts);
+    const Result<int> phases = decodeNumber(root, phasesName, Supply().phases);
+    if (!volts || !phases)
+        return tl::unexpected(volts ? phases.error() : volts.error());
+    return ProjectFile::checkSupply(*volts, *phases).map([](const Supply &supply) { return std::optional(supply); });
+}
+
+/// The document without its layers.
+Result<Project> decodeHead(const QJsonObject &root, int format)
+{
+    QStringList names{"format", "OutputWidth", "OutputHeight", "layers"};
+    if (format >= formatWithAdditions)
+        names += {voltsName, phasesName};
+    const Result<void> known = checkNames(root, names);
+    if (!known)
+        return tl::unexpected(known.error());
+    const Result<std::optional<Supply>> supply = decodeSupply(root);
+    if (!supply)
+        return tl::unexpected(supply.error());
+    const Result<int> width = decodeNumber(root, "OutputWidth", newOutputWidth);
+    const Result<int> height = decodeNumber(root, "OutputHeight", newOutputHeight);
+    if (!width || !height)
+        return tl::unexpected(width ? height.error() : width.error());
+    return ProjectFile::checkOutputSize(*width, *height).map([&] { return Project{*height, *width, {}, *supply}; });
+}
+
+Result<QJsonObject> parse(const QByteArray &json)
+{
+    if (const Result<void> checked = JsonCheck::check(json); !checked)
+        return tl::unexpected(checked.error());
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(json, &error);
+    if (error.error != QJsonParseError::NoError)
+        return fail(JsonCheck::place(json, error.offset) + ": this is no JSON: " + error.errorString());
+    if (!document.isObject())
+        return fail("expected an object with \"format\" and \"layers\", found a list");
+    return document.object();
+}
+} // namespace
+
+namespace ProjectText {
+
+QByteArray encode(const Project &project)
+{
+    QByteArray text = "{\n  \"format\": " + QByteArray::number(formatOf(project));
+    text += ",\n  \"OutputWidth\": " + QByteArray::number(project.outputWidth);
+    text += ",\n  \"OutputHeight\": " + QByteArray::number(project.outputHeight);
+    if (project.supply) {
+        text += ",\n  \"voltage\": " + QByteArray::number(project.supply->volts);
+        text += ",\n  \"phases\": " + QByteArray::number(project.supply->phases);
+    }
+    text += ",\n  \"layers\": [";
+    const char *separator = "\n";
+    for (const LayerPointer &layer : project.layers) {
+        text += separator + layerText(*layer);
+        separator = ",\n";
+    }
+    return text + (project.layers.empty() ? "]\n}\n" : "\n  ]\n}\n");
+}
+
+Result<Project> decode(const QByteArray &json, const QString &folder, LayerHost &host)
+{
+    const Result<QJsonObject> root = parse(json);
+    if (!root)
+        return tl::unexpected(root.error());
+    const Result<int> format = decodeFormat(*root);
+    if (!format)
+        return tl::unexpected(format.error());
+    Result<Project> project = decodeHead(*root, *format);
+    if (!project)
+        return project;
+    const QJsonValue layers = root->value("layers");
+    if (!layers.isArray())
+        return failWithin("layers", JsonValues::failExpecting("a list of layers", layers).value());
+    const QJsonArray list = layers.toArray();
+    if (const Result<void> isKept = LayerLimits::checkCount(list.size()); !isKept)
+        return failWithin("layers", isKept.error());
+    for (const QJsonValue &value : list) {
+        Result<LayerPointer> layer = decodeLayer(value, {folder, host, *format});
+        if (!layer)
+            return failInLayer(std::ssize(project->layers), value, layer.error());
+        project->layers.push_back(std::move(*layer));
+    }
+    const Result<void> areHeld = LayerLimits::check(project->layers);
+    if (!areHeld)
+        return failWithin("layers", areHeld.error());
+    return project;
+}
+
+Result<Project> read(const QString &path, LayerHost &host)
+{
+    const Result<QByteArray> json = FileBytes::read(path, mostBytes);
+    if (!json)
+        return tl::unexpected(json.error());
+    const QString folder = QFileInfo(path).absolutePath();
+    Result<Project> project = FileKind::checkText(*json).and_then([&] { return decode(*json, folder, host); });
+    if (!project)
+        return failWithin(path, project.error());
+    return project;
+}
+
+Result<void> write(const QString &path, const Project &project)
+{
+    const Result<void> isReadable = ProjectFile::check(project);
+    if (!isReadable)
+        return failWithin(path, isReadable.error());
+    return FileBytes::write(path, encode(project));
+}
+
+} // namespace ProjectText

@@ -1,0 +1,30 @@
+#include "layer/LayerLimits.h"
+
+#include "drawing/Raster.h"
+
+namespace LayerLimits {
+
+Result<void> checkCount(qint64 count)
+{
+    if (count <= mostLayers)
+        return {};
+    return fail(QString("there are %1 layers; more than %2 cannot be kept").arg(count).arg(mostLayers));
+}
+
+Result<void> check(const std::vector<LayerPointer> &layers)
+{
+    if (const Result<void> isKept = checkCount(std::ssize(layers)); !isKept)
+        return isKept;
+    qint64 pixels = 0;
+    for (const LayerPointer &layer : layers) {
+        const qint64 width = qint64{layer->col()} * layer->panelWidth();
+        const qint64 height = qint64{layer->row()} * layer->panelHeight();
+        pixels += Raster::canHold(width, height) ? width * height : 0;
+    }
+    if (pixels <= mostWallPixels)
+        return {};
+    return fail(
+        QString("the walls have %1 pixels together; more than %2 cannot be held").arg(pixels).arg(mostWallPixels));
+}
+
+} // namespace LayerLimits

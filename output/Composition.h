@@ -1,0 +1,56 @@
+#pragma once
+
+#include "base/Colour.h"
+#include "layer/Layer.h"
+
+#include <QImage>
+#include <QPoint>
+#include <QSize>
+
+#include <memory>
+#include <vector>
+
+/// A picture at its place on the output, scaled to that place where the sizes differ.
+/// Point and size apart, since a QRect cannot say "far to the right" without overflowing.
+struct PlacedPicture
+{
+    QImage picture; ///< any format; null draws nothing
+    QPoint topLeft; ///< output pixels, origin top-left, y down; any 32-bit position
+    QSize size;     ///< output pixels; may reach beyond the output; a side of 0 or less draws nothing
+};
+
+/// What the output looks like where no layer covers it.
+struct OutputStyle
+{
+    QSize size; ///< pixels; a side of 0 or less gives an empty output
+    Colour background = NamedColour::black;
+    Colour edge = NamedColour::black; ///< outline, one pixel wide, inside the output, source-over
+};
+
+/// The visible layers of a document's list at their places, in list order (topmost first). The pictures share the
+/// layers' rasters: let go of them before a layer renders again, or that render needs fresh memory.
+std::vector<PlacedPicture> placedPictures(const std::vector<LayerPointer> &layers);
+
+/// Composes outputs. A function of its arguments alone; the object keeps buffers and what it has learnt about pictures
+/// (where they are opaque, how they look at another size), so that the next composition is cheap. What it keeps goes
+/// with the first composition that does not show the picture, and takes at most the memory of one output for scaled
+/// pictures and 2 % of theirs for where they are opaque.
+class Composition
+{
+public:
+    Composition();
+    ~Composition();
+    Composition(const Composition &) = delete;
+    Composition &operator=(const Composition &) = delete;
+
+    /// The background, its outline, then the pictures from the last to the first, source-atop: where the background is
+    /// transparent they do not show. Returns `Format_ARGB32_Premultiplied`; a null image for an output that is empty or
+    /// larger than a raster can be, or where the memory cannot be had. The returned image shares the kept buffer: let
+    /// go of it before the next call and no memory is asked for again.
+    QImage compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style);
+
+private:
+    class PictureMemory;
+    std::unique_ptr<PictureMemory> m_pictures;
+    QImage m_buffer;
+};

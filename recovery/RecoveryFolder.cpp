@@ -1,0 +1,218 @@
+#include "recovery/RecoveryFolder.h"
+
+#include "base/FileBytes.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <tuple>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+constexpr qint64 mostPathBytes = 64 << 10;
+
+QString copyPath(const QString &folder)
+{
+    return folder + "/project.Orv";
+}
+
+QString projectPathPath(const QString &folder)
+{
+    return folder + "/project-path";
+}
+
+QString lockPath(const QString &folder)
+{
+    return folder + "/lock";
+}
+
+/// The locked file; null where another program has it. The system unlocks it when its program ends, in whatever way: it
+/// cannot go stale, and no process number is mistaken for another's.
+std::unique_ptr<QFile> lockedFile(const QString &path)
+{
+    auto file = std::make_unique<QFile>(path);
+    const bool isOpen = file->open(QIODevice::ReadWrite) || file->open(QIODevice::ReadOnly); // of a read-only disk
+    if (!isOpen || flock(file->handle(), LOCK_EX | LOCK_NB) != 0)
+        return nullptr;
+    if (!file->exists()) // whoever had it has just removed it
+        return nullptr;
+    return file;
+}
+
+bool isCopyIn(const QString &folder)
+{
+    const QFileInfo copy(copyPath(folder));
+    return copy.isFile() && !copy.isSymLink(); // writing through a link could go over a person's file
+}
+
+/// Removes what a copy consists of, and nothing that somebody else has put beside it. The copy goes first: if the
+/// program is killed meanwhile, none is found whose project is not known any more. The lock goes last.
+void removeFiles(const QString &folder)
+{
+    QDir directory(folder);
+    directory.remove("project.Orv");
+    const QStringList ours{"project.Orv.*", "project-path", "project-path.*"};
+    for (const QString &name : directory.entryList(ours, QDir::Files | QDir::System | QDir::Hidden))
+        directory.remove(name);
+    directory.remove("lock");
+    QDir().rmdir(folder);
+}
+
+QStringList foldersIn(const QString &folder)
+{
+    QStringList paths;
+    for (const QFileInfo &info : QDir(folder).entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot | QDir::NoSymLinks))
+        paths.append(info.filePath());
+    return paths;
+}
+
+/// Removes the folders of programs that were killed before their copy was written.
+void sweep(const QString &folder)
+{
+    for (const QString &path : foldersIn(folder)) {
+        if (isCopyIn(path))
+            continue;
+        if (!QFileInfo::exists(lockPath(path)))
+            QDir().rmdir(path); // only if it is empty
+        else if (const auto lock = lockedFile(lockPath(path)))
+            removeFiles(path);
+    }
+}
+
+/// Goes before the name of a new folder, so that of copies from one tick of the clock the later one is known.
+QString nextNumber(const QString &folder)
+{
+    constexpr qsizetype digits = 8;
+    uint highest = 0;
+    for (const QString &path : foldersIn(folder))
+        highest = std::max(highest, QFileInfo(path).fileName().left(digits).toUInt());
+    return QString("%1").arg(highest + 1, digits, 10, QChar(u'0'));
+}
+
+Result<void> makePrivate(const QString &folder)
+{
+    if (!QDir().mkpath(folder))
+        return fail(QString("%1: the folder cannot be made; see that no file stands in its way and that the folder "
+                            "around it can be written to")
+                        .arg(folder));
+    if (!QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+        return fail(QString("%1: the folder belongs to somebody else; see that it belongs to you").arg(folder));
+    return {};
+}
+
+/// Without this a power cut may take back what was put into the folder last. Not every file system can; then it stays
+/// at that.
+void syncFolder(const QString &folder)
+{
+    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    fsync(descriptor);
+    ::close(descriptor);
+}
+
+/// Empty where there is none, or none that could be one.
+QString projectPathIn(const QString &folder)
+{
+    const QString path = QString::fromUtf8(FileBytes::read(projectPathPath(folder), mostPathBytes).value_or(""));
+    return QDir::isAbsolutePath(path) && !path.contains(QChar::Null) ? path : QString();
+}
+} // namespace
+
+namespace RecoveryFolder {
+
+QString standardPath()
+{
+    // QStandardPaths knows this folder from Qt 6.7 on. A relative path in the variable does not count.
+    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
+    return (QDir::isAbsolutePath(state) ? state : QDir::homePath() + "/.local/state") + "/wallwright/recovery";
+}
+
+std::vector<FoundCopy> found(const QString &folder)
+{
+    std::vector<FoundCopy> copies;
+    for (const QString &path : foldersIn(folder)) {
+        if (!isCopyIn(path) || !lockedFile(lockPath(path)))
+            continue;
+        const QFileInfo copy(copyPath(path));
+        copies.push_back({copy.filePath(), copy.lastModified(), projectPathIn(path)});
+    }
+    std::sort(copies.begin(), copies.end(), [](const FoundCopy &a, const FoundCopy &b) {
+        return std::tie(a.time, a.path) > std::tie(b.time, b.path);
+    });
+    return copies;
+}
+
+} // namespace RecoveryFolder
+
+KeptCopy::KeptCopy(QString folder, std::unique_ptr<QFile> lock) : m_folder(std::move(folder)), m_lock(std::move(lock))
+{}
+
+Result<KeptCopy> KeptCopy::makeEmpty(const QString &folder)
+{
+    // Another program's sweep may remove the new folder before it is locked: then once more.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        QTemporaryDir made(folder + '/' + nextNumber(folder) + "-XXXXXX");
+        made.setAutoRemove(false);
+        if (!made.isValid())
+            return fail(QString("%1: no folder can be made in it: %2").arg(folder, made.errorString()));
+        if (auto lock = lockedFile(lockPath(made.path())))
+            return KeptCopy(made.path(), std::move(lock));
+        QDir().rmdir(made.path());
+    }
+    return fail(QString("%1: no file in it can be locked; see that its disk is not full").arg(folder));
+}
+
+Result<KeptCopy> KeptCopy::make(const QString &folder, const QString &projectPath, const QByteArray &bytes)
+{
+    if (const Result<void> isPrivate = makePrivate(folder); !isPrivate)
+        return tl::unexpected(isPrivate.error());
+    sweep(folder);
+    Result<KeptCopy> copy = makeEmpty(folder);
+    if (!copy)
+        return copy;
+
+    Result<void> isWritten;
+    if (!projectPath.isEmpty())
+        isWritten = FileBytes::write(projectPathPath(copy->m_folder), projectPath.toUtf8());
+    if (isWritten)
+        isWritten = copy->write(bytes);
+    if (!isWritten) {
+        removeFiles(copy->m_folder);
+        return tl::unexpected(isWritten.error());
+    }
+    syncFolder(folder);
+    return copy;
+}
+
+Result<KeptCopy> KeptCopy::claim(const FoundCopy &copy)
+{
+    const QString folder = QFileInfo(copy.path).path();
+    if (!isCopyIn(folder))
+        return fail(QString("%1: there is no such copy any more").arg(copy.path));
+    auto lock = lockedFile(lockPath(folder));
+    if (!lock)
+        return fail(QString("%1: another program has taken this copy; look for it there").arg(copy.path));
+    return KeptCopy(folder, std::move(lock));
+}
+
+Result<void> KeptCopy::write(const QByteArray &bytes)
+{
+    const Result<void> isWritten = FileBytes::write(copyPath(m_folder), bytes);
+    if (isWritten)
+        syncFolder(m_folder);
+    return isWritten;
+}
+
+Result<void> KeptCopy::remove()
+{
+    removeFiles(m_folder);
+    if (isCopyIn(m_folder))
+        return fail(QString("%1: cannot be removed; see that its folder can be written to").arg(copyPath(m_folder)));
+    return {};
+}

@@ -1,0 +1,190 @@
+#include "show/DocumentHistory.h"
+
+#include <QScopedValueRollback>
+#include <QUndoCommand>
+
+#include <unordered_set>
+#include <utility>
+
+namespace {
+/// Walls that have left the document come back by undoing, and draw themselves again then: their pixels need not stay.
+void releasePicturesOfLeft(const DocumentState &before, const DocumentState &now)
+{
+    std::unordered_set<const Layer *> staying;
+    for (const auto *list : {&now.layers, &now.presets}) {
+        for (const LayerState &state : *list)
+            staying.insert(state.layer.get());
+    }
+    for (const auto *list : {&before.layers, &before.presets}) {
+        for (const LayerState &state : *list) {
+            if (!staying.contains(state.layer.get()))
+                state.layer->releasePicture();
+        }
+    }
+}
+} // namespace
+
+/// From one state to another.
+class DocumentHistory::Step final : public QUndoCommand
+{
+public:
+    Step(DocumentHistory &history, const QString &name, DocumentState before, DocumentState after)
+        : QUndoCommand(name), m_history(history), m_before(std::move(before)), m_after(std::move(after)),
+          m_changesProject(!m_after.hasProjectOf(m_before))
+    {}
+
+    void undo() override
+    {
+        m_history.passStep(m_changesProject);
+        m_history.show(m_before);
+        setObsolete(m_isTakenBack);
+    }
+    void redo() override
+    {
+        m_history.passStep(m_changesProject);
+        if (std::exchange(m_isDone, true))
+            m_history.show(m_after);
+    }
+
+    void setBefore(const DocumentState &before) const { m_before = before; }
+    void setAfter(const DocumentState &after) const { m_after = after; }
+    /// The stack forgets the step when it is undone next.
+    void takeBack() const { m_isTakenBack = true; }
+
+private:
+    DocumentHistory &m_history;
+    mutable DocumentState m_before; // the stack shows its steps as constant
+    mutable DocumentState m_after;
+    const bool m_changesProject; ///< by the edit; what rendering fills in later does not count
+    mutable bool m_isTakenBack = false;
+    bool m_isDone = false; ///< the edit itself was the first time
+};
+
+DocumentHistory::DocumentHistory(UndoableDocument &document) : m_document(document)
+{
+    m_stack.setUndoLimit(mostSteps);
+    connect(&m_stack, &QUndoStack::indexChanged, this, &DocumentHistory::indexDidChange);
+}
+
+DocumentHistory::~DocumentHistory()
+{
+    m_stack.disconnect(this); // it tells that its steps go, when the document is half gone itself
+}
+
+void DocumentHistory::passStep(bool changesProject)
+{
+    m_staysClean = m_staysClean.value_or(m_stack.isClean()) && !changesProject;
+}
+
+void DocumentHistory::indexDidChange()
+{
+    if (std::exchange(m_staysClean, std::nullopt).value_or(false))
+        m_stack.setClean();
+    emit contentDidChange();
+}
+
+void DocumentHistory::clear()
+{
+    m_stack.clear();
+    m_state = m_document.state({});
+    endTyping();
+}
+
+void DocumentHistory::expectRendering()
+{
+    m_isMidEdit = !m_document.state(m_state).hasContentOf(m_state);
+}
+
+void DocumentHistory::absorb()
+{
+    if (m_isMidEdit)
+        return;
+    DocumentState now = m_document.state(m_state);
+    const bool isSame = now.hasContentOf(m_state);
+    m_state = std::move(now);
+    if (!isSame && !m_isShowing)
+        replaceHere();
+}
+
+void DocumentHistory::noteSelection()
+{
+    if (m_isShowing)
+        return;
+    DocumentState now = m_document.state(m_state);
+    if (now.hasContentOf(m_state))
+        m_state = std::move(now);
+}
+
+void DocumentHistory::takeBackTyping()
+{
+    if (m_typing.isEmpty() || !lastEditIsOnTop())
+        return;
+    static_cast<const Step *>(m_stack.command(m_stack.index() - 1))->takeBack();
+    m_stack.undo();
+}
+
+void DocumentHistory::beginTrial()
+{
+    endTyping();
+    m_tried = QString();
+}
+
+void DocumentHistory::keepTrial()
+{
+    if (const std::optional<QString> tried = std::exchange(m_tried, std::nullopt))
+        record(*tried);
+}
+
+void DocumentHistory::dropTrial()
+{
+    if (std::exchange(m_tried, std::nullopt) && !m_document.state(m_state).hasContentOf(m_state))
+        show(DocumentState(m_state));
+    emit contentDidChange(); // what keeps the content may have seen the trial
+}
+
+void DocumentHistory::record(const QString &name, const QString &typing)
+{
+    if (m_tried) {
+        m_tried = name;
+        return;
+    }
+    DocumentState before = std::exchange(m_state, m_document.state(m_state));
+    if (m_state.hasContentOf(before)) {
+        if (typing != m_typing)
+            endTyping(); // what is taken back later must not be what was typed before
+        return;
+    }
+    releasePicturesOfLeft(before, m_state);
+    const bool typesOn = !typing.isEmpty() && typing == m_typing;
+    m_typing = typing;
+    // A saved state stays a step of its own, or undoing could not come back to it.
+    if (typesOn && lastEditIsOnTop() && !m_stack.isClean())
+        replaceHere();
+    else
+        m_stack.push(new Step(*this, name, std::move(before), m_state)); // the stack owns it
+}
+
+/// The document as it is now takes the place of what it was here: both the way forth and the way back lead to it.
+void DocumentHistory::replaceHere()
+{
+    const auto step = [this](int index) { return static_cast<const Step *>(m_stack.command(index)); };
+    if (const Step *const last = step(m_stack.index() - 1))
+        last->setAfter(m_state);
+    if (const Step *const undone = step(m_stack.index()))
+        undone->setBefore(m_state);
+    emit contentDidChange();
+}
+
+bool DocumentHistory::lastEditIsOnTop() const
+{
+    return m_stack.canUndo() && !m_stack.canRedo();
+}
+
+void DocumentHistory::show(const DocumentState &state)
+{
+    endTyping();
+    const DocumentState before = std::exchange(m_state, state);
+    const QScopedValueRollback guard(m_isShowing, true);
+    m_document.setState(state);
+    releasePicturesOfLeft(before, state);
+}

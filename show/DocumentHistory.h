@@ -1,0 +1,93 @@
+#pragma once
+
+#include "show/DocumentState.h"
+
+#include <QObject>
+#include <QString>
+#include <QUndoStack>
+
+#include <optional>
+
+/// What a history keeps steps of.
+class UndoableDocument
+{
+public:
+    virtual ~UndoableDocument() = default;
+
+    /// The document as it is. `before`: the last known state, whose unchanged parts are shared.
+    virtual DocumentState state(const DocumentState &before) const = 0;
+    /// Makes the document look like that again, and shows it.
+    virtual void setState(const DocumentState &state) = 0;
+};
+
+/// Undo and redo for a document. A step holds the whole document before and after it, shared where nothing changed, so
+/// that undoing brings back exactly what was there, whatever an edit has led to besides. Main thread only.
+class DocumentHistory final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Steps that are kept; the oldest goes first.
+    static constexpr int mostSteps = 500;
+
+    /// `document` outlives this.
+    explicit DocumentHistory(UndoableDocument &document);
+    ~DocumentHistory() override;
+
+    /// The steps, for menus and shortcuts: canUndo(), undoText(), isClean() and their signals. A step that changes the
+    /// presets alone leaves a saved project clean.
+    QUndoStack &stack() { return m_stack; }
+
+    /// The document as it was last seen, after the last edit or step.
+    const DocumentState &state() const { return m_state; }
+
+    /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
+    /// nothing has. `name` follows "Undo": "panel width". Edits in a row with the same `typing` that is not empty are
+    /// one step.
+    void record(const QString &name, const QString &typing = {});
+    /// The next edit begins a step of its own, whatever it types on.
+    void endTyping() { m_typing.clear(); }
+    /// Takes back what was typed since typing began, and leaves no step of it. Does nothing where typing has ended.
+    void takeBackTyping();
+    /// From now on edits are only tried, as colours are while their dialog is open: they make no step until one of the
+    /// next two is called.
+    void beginTrial();
+    /// What was tried stays: one step of the name of the last edit, none where nothing has changed. Nothing without a
+    /// trial.
+    void keepTrial();
+    /// Makes the document what it was when the trial began.
+    void dropTrial();
+    /// The document is about to be rendered; absorb() follows.
+    void expectRendering();
+    /// The document was rendered: what that has filled in belongs to the edit that was made last and is not undone. In
+    /// the middle of an edit, when there was something before the rendering that record() has not seen, it belongs to
+    /// that edit, and nothing is done.
+    void absorb();
+    /// Something else is selected: where undoing the next edit leads back to. Nothing in the middle of an edit, when
+    /// the content is another than after the last one.
+    void noteSelection();
+    /// Begins anew with the document as it is.
+    void clear();
+
+signals:
+    /// The document's content has changed, by an edit, by undo or by redo; stack() knows already.
+    void contentDidChange();
+
+private:
+    class Step;
+
+    void replaceHere();
+    void passStep(bool changesProject);
+    void indexDidChange();
+    bool lastEditIsOnTop() const;
+    void show(const DocumentState &state);
+
+    UndoableDocument &m_document;
+    QUndoStack m_stack;
+    DocumentState m_state; ///< as last seen
+    QString m_typing;
+    std::optional<QString> m_tried;   ///< the name of the last edit that was only tried; nullopt: no trial
+    bool m_isMidEdit = false;         ///< as expectRendering() found it
+    bool m_isShowing = false;         ///< a state is being brought back
+    std::optional<bool> m_staysClean; ///< whether the steps under way lead from a saved project to the same
+};

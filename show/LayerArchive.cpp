@@ -1,0 +1,110 @@
+#include "show/LayerArchive.h"
+
+#include "layer/LayerLimits.h"
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+
+#include <utility>
+
+namespace {
+Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subject, LayerHost &host)
+{
+    const Result<ArchiveObjectPointer> object = value.toObject(subject);
+    if (!object)
+        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
+
+    const auto asLayer = [](auto layer) { return LayerPointer(std::move(layer)); };
+    Result<LayerPointer> layer;
+    if ((*object)->className() == "LWScreen")
+        layer = LWScreen::initWithCoder(host, **object).map(asLayer);
+    else if ((*object)->className() == "LWStill")
+        layer = LWStill::initWithCoder(host, **object).map(asLayer);
+    else
+        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
+    if (!layer)
+        return failWithin(subject, layer.error());
+    (*layer)->setUnknownContent((*object)->unknownPart());
+    return layer;
+}
+
+/// The same values, with all that they refer to.
+ArchiveObjectPointer unknownContentOfCopy(const Layer &original)
+{
+    if (!original.unknownContent())
+        return nullptr;
+    auto content = std::make_shared<ArchiveObject>(*original.unknownContent());
+    ArchivePlace place = content->place();
+    place.isCopy = true;
+    content->setPlace(place);
+    return content;
+}
+} // namespace
+
+namespace LayerArchive {
+
+Result<KeyedArchive::Contents> readContents(const QByteArray &bytes, KeyedArchive::Vocabulary rest)
+{
+    rest.classes.insert("LWScreen", LWScreen::archiveKeys());
+    rest.classes.insert("LWStill", LWStill::archiveKeys());
+    return KeyedArchive::readContents(bytes, rest);
+}
+
+Result<ArchiveValue> read(const QByteArray &bytes)
+{
+    return readContents(bytes, {}).map([](const KeyedArchive::Contents &contents) { return contents.root; });
+}
+
+std::shared_ptr<ArchiveObject> recordOf(const Layer &layer)
+{
+    auto record = std::make_shared<ArchiveObject>(layer.className());
+    layer.encodeWithCoder(*record);
+    return record;
+}
+
+ArchiveValue encode(const std::vector<LayerPointer> &layers)
+{
+    std::vector<ArchiveValue> records;
+    records.reserve(layers.size());
+    for (const LayerPointer &layer : layers) {
+        auto record = recordOf(*layer);
+        if (const ArchiveObjectPointer &unknown = layer->unknownContent())
+            record->encodeUnknownPart(*unknown);
+        records.push_back({ArchiveObjectPointer(std::move(record))});
+    }
+    return ArchiveValue::list(std::move(records));
+}
+
+Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun, LayerHost &host)
+{
+    if (const Result<void> isKept = LayerLimits::checkCount(std::ssize(records)); !isKept)
+        return tl::unexpected(isKept.error());
+    std::vector<LayerPointer> layers;
+    layers.reserve(records.size());
+    for (const ArchiveValue &record : records) {
+        Result<LayerPointer> layer = decodeLayer(record, QString("%1 %2").arg(noun).arg(layers.size()), host);
+        if (!layer)
+            return tl::unexpected(layer.error());
+        layers.push_back(std::move(*layer));
+    }
+    if (const Result<void> areHeld = LayerLimits::check(layers); !areHeld)
+        return tl::unexpected(areHeld.error());
+    return layers;
+}
+
+Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host)
+{
+    std::vector<ArchiveValue> records;
+    records.reserve(layers.size());
+    for (const LayerPointer &layer : layers)
+        records.push_back({ArchiveObjectPointer(recordOf(*layer))});
+    const Result<ArchiveValue> archive = KeyedArchive::write(ArchiveValue::list(std::move(records))).and_then(read);
+    if (!archive)
+        return tl::unexpected(archive.error());
+    Result<std::vector<LayerPointer>> copied =
+        archive->toList("the root").and_then([&](const ArchiveList &list) { return decode(*list, "layer", host); });
+    for (std::size_t i = 0; copied && i < layers.size(); ++i)
+        (*copied)[i]->setUnknownContent(unknownContentOfCopy(*layers[i]));
+    return copied;
+}
+
+} // namespace LayerArchive

@@ -1,0 +1,45 @@
+#include "show/LayerPasteboard.h"
+
+#include "archive/KeyedArchive.h"
+#include "show/LayerArchive.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+namespace LayerPasteboard {
+
+Result<void> write(const std::vector<LayerPointer> &layers)
+{
+    const Result<QByteArray> bytes = KeyedArchive::write(LayerArchive::encode(layers));
+    if (!bytes)
+        return tl::unexpected(bytes.error());
+    auto *pasteboard = new QMimeData; // the clipboard owns it
+    pasteboard->setData(type, *bytes);
+    QGuiApplication::clipboard()->setMimeData(pasteboard);
+    return {};
+}
+
+Result<std::vector<LayerPointer>> read(LayerHost &host)
+{
+    const QMimeData *pasteboard = QGuiApplication::clipboard()->mimeData();
+    if (!pasteboard || !pasteboard->hasFormat(type))
+        return fail("there are no layers to paste; copy some first.");
+    const Result<ArchiveValue> archive = LayerArchive::read(pasteboard->data(type));
+    if (!archive)
+        return tl::unexpected(archive.error());
+    const Result<ArchiveList> records = archive->toList("the root");
+    if (!records)
+        return tl::unexpected(records.error());
+    if ((*records)->empty())
+        return fail("there are no layers to paste; copy some first.");
+    return LayerArchive::decode(**records, "layer", host);
+}
+
+bool hasLayers()
+{
+    const QMimeData *pasteboard = QGuiApplication::clipboard()->mimeData();
+    return pasteboard && pasteboard->hasFormat(type);
+}
+
+} // namespace LayerPasteboard

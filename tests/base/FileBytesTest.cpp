@@ -1,0 +1,265 @@
+#include "base/FileBytes.h"
+
+#include "tests/base/AsNobody.h"
+#include "tests/base/FullDisk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <vector>
+
+namespace {
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+template <typename Value>
+QString reasonOf(const Result<Value> &result)
+{
+    return result ? QString("done") : result.error().text;
+}
+} // namespace
+
+TEST(FileBytes, ComeBackAsTheyWereWritten)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    const QByteArray bytes("\0\r\n\xff", 4);
+
+    ASSERT_TRUE(FileBytes::write(path, bytes).has_value());
+
+    EXPECT_EQ(FileBytes::read(path, 4).value(), bytes);
+}
+
+TEST(FileBytes, ReplaceWhateverStoodThere)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "a much longer text").has_value());
+
+    ASSERT_TRUE(FileBytes::write(path, "short").has_value());
+
+    EXPECT_EQ(contents(path), "short");
+}
+
+TEST(FileBytes, AFullDiskLeavesTheOldFileAndNothingElse)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "the old show").has_value());
+
+    Result<void> written;
+    {
+        const FullDisk disk(4096);
+        written = FileBytes::write(path, QByteArray(1 << 20, 'x'));
+    }
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().text, path + ": cannot be written: File too large");
+    EXPECT_EQ(contents(path), "the old show");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"show.Orv"});
+}
+
+TEST(FileBytes, AFullDiskIsToldOfAFewBytesToo)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+
+    Result<void> written;
+    {
+        const FullDisk disk(1);
+        written = FileBytes::write(path, "show"); // fits into a buffer
+    }
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().text, path + ": cannot be written: File too large");
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST(FileBytes, InPiecesTheyAreTheSame)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.psd");
+    QByteArray bytes((20 << 20) + 7, 'x');
+    bytes[9 << 20] = 'y';
+    std::vector<double> told;
+
+    const auto outcome = FileBytes::write(path, bytes, [&](double done) {
+        told.push_back(done);
+        return true;
+    });
+
+    EXPECT_EQ(outcome, FileBytes::Outcome::Written);
+    EXPECT_TRUE(contents(path) == bytes);
+    const double piece = (8 << 20) / static_cast<double>(bytes.size());
+    EXPECT_EQ(told, (std::vector<double>{0, piece, 2 * piece}));
+}
+
+TEST(FileBytes, CancelledBetweenPiecesTheOldFileStaysAndNothingElse)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.psd");
+    ASSERT_TRUE(FileBytes::write(path, "the old show").has_value());
+
+    const auto outcome = FileBytes::write(path, QByteArray(20 << 20, 'x'), [](double done) { return done < 0.5; });
+
+    EXPECT_EQ(outcome, FileBytes::Outcome::Cancelled);
+    EXPECT_EQ(contents(path), "the old show");
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{"show.psd"});
+}
+
+TEST(FileBytes, ADiskThatRunsFullBetweenPiecesIsTold)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.psd");
+    int pieces = 0;
+
+    Result<FileBytes::Outcome> outcome;
+    {
+        const FullDisk disk(9 << 20);
+        outcome = FileBytes::write(path, QByteArray(20 << 20, 'x'), [&](double) { return ++pieces > 0; });
+    }
+
+    ASSERT_FALSE(outcome.has_value());
+    EXPECT_EQ(outcome.error().text, path + ": cannot be written: File too large");
+    EXPECT_EQ(pieces, 2);
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST(FileBytes, ADeviceIsNotReplacedByAFile)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(qPrintable(path), 0600), 0);
+
+    const Result<void> written = FileBytes::write(path, "show");
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().text, path + ": cannot be written: this is a folder or a device, not a file");
+    struct stat status
+    {};
+    ASSERT_EQ(stat(qPrintable(path), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST(FileBytes, WhatThePersonMayNotDoIsToldInOneSentence)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "the old show"));
+    const auto told = [&](const QString &place) {
+        return toldToNobody([&] { return reasonOf(FileBytes::write(place, "new")); });
+    };
+
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0777), 0);
+    ASSERT_EQ(chmod(qPrintable(path), 0444), 0);
+    EXPECT_EQ(told(path), path + ": cannot be written: the file is read-only");
+
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0555), 0);
+    const QString other = folder.filePath("other.Orv");
+    EXPECT_EQ(told(other), other + ": cannot be written: Permission denied");
+
+    ASSERT_EQ(chmod(qPrintable(path), 0), 0);
+    EXPECT_EQ(toldToNobody([&] { return reasonOf(FileBytes::read(path, 99)); }),
+              path + ": cannot be read: Permission denied");
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
+    ASSERT_EQ(chmod(qPrintable(path), 0644), 0);
+    EXPECT_EQ(contents(path), "the old show");
+}
+
+TEST(FileBytes, ANameOf255BytesIsReplacedWhole)
+{
+    for (const qsizetype length : {248, 249, 255}) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QString(length - 4, u'n') + ".Orv");
+        ASSERT_TRUE(FileBytes::write(path, "the old show"));
+        ASSERT_EQ(chmod(qPrintable(path), 0640), 0);
+        {
+            const FullDisk disk(4096);
+            EXPECT_EQ(reasonOf(FileBytes::write(path, QByteArray(1 << 20, 'x'))),
+                      path + ": cannot be written: File too large");
+        }
+        EXPECT_EQ(contents(path), "the old show");
+
+        ASSERT_TRUE(FileBytes::write(path, "new")) << length;
+
+        EXPECT_EQ(contents(path), "new");
+        struct stat status
+        {};
+        ASSERT_EQ(stat(qPrintable(path), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777U, 0640U);
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+}
+
+TEST(FileBytes, ALinkToALongNameStaysALink)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QString(255, u'n'));
+    ASSERT_TRUE(FileBytes::write(path, "the old show"));
+    ASSERT_TRUE(QFile::link(path, folder.filePath("link")));
+
+    ASSERT_TRUE(FileBytes::write(folder.filePath("link"), "new"));
+
+    EXPECT_EQ(contents(path), "new");
+    EXPECT_TRUE(QFileInfo(folder.filePath("link")).isSymLink());
+}
+
+TEST(FileBytes, AFolderThatIsNotThereIsNamed)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("nowhere/show.Orv");
+
+    const Result<void> written = FileBytes::write(path, "show");
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_TRUE(written.error().text.startsWith(path)) << qPrintable(written.error().text);
+}
+
+TEST(FileBytes, AFolderIsNotWrittenOver)
+{
+    const QTemporaryDir folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir("show.Orv"));
+
+    EXPECT_FALSE(FileBytes::write(folder.filePath("show.Orv"), "show").has_value());
+    EXPECT_TRUE(QDir(folder.filePath("show.Orv")).exists());
+}
+
+TEST(FileBytes, OnlyFilesAreRead)
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+
+    EXPECT_EQ(FileBytes::read(folder.filePath("missing"), 10).error().text,
+              folder.filePath("missing") + ": there is no such file");
+    EXPECT_EQ(FileBytes::read(folder.path(), 10).error().text,
+              folder.path() + ": this is a folder or a device, not a file");
+    EXPECT_EQ(FileBytes::read(pipe, 10).error().text, pipe + ": this is a folder or a device, not a file");
+}
+
+TEST(FileBytes, ALargerFileIsRefusedUnread)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{1} << 32));
+
+    EXPECT_EQ(FileBytes::read(path, 512 << 20).error().text,
+              path + ": the file has 4.00 GiB; more than 512.00 MiB is not read");
+}
+
+TEST(FileBytes, AnExtensionStandsAtTheEndOnce)
+{
+    EXPECT_EQ(FileBytes::withExtension("/a/show", "Orv"), "/a/show.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/show.Orv", "Orv"), "/a/show.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/wall.png", "Orv"), "/a/wall.png.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/show.orv", "Orv"), "/a/show.orv.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a/wallOrv", "Orv"), "/a/wallOrv.Orv");
+    EXPECT_EQ(FileBytes::withExtension("/a.png/wall", "png"), "/a.png/wall.png");
+}

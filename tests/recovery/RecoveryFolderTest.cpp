@@ -1,0 +1,187 @@
+#include "recovery/RecoveryFolder.h"
+
+#include "tests/recovery/RecoveryFixture.h"
+
+#include <array>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+class RecoveryFolderTest : public RecoveryFixture
+{
+protected:
+    /// Makes a folder in that of the copies, with files by name.
+    QString place(const QString &name, const QStringList &files)
+    {
+        const QString path = folder + "/" + name;
+        EXPECT_TRUE(QDir().mkpath(path));
+        for (const QString &file : files)
+            write(path + "/" + file, "anything");
+        return path;
+    }
+    static unsigned modeOf(const QString &path)
+    {
+        struct stat status
+        {};
+        return stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_mode & 0777U : 0;
+    }
+};
+
+/// The XDG_STATE_HOME variable while this lives.
+class StateHome
+{
+public:
+    explicit StateHome(const QByteArray &value) : m_before(qgetenv("XDG_STATE_HOME"))
+    {
+        qputenv("XDG_STATE_HOME", value);
+    }
+    ~StateHome() { qputenv("XDG_STATE_HOME", m_before); }
+    StateHome(const StateHome &) = delete;
+    StateHome &operator=(const StateHome &) = delete;
+
+private:
+    QByteArray m_before;
+};
+} // namespace
+
+TEST_F(RecoveryFolderTest, StandsInThePersonsStateFolder)
+{
+    EXPECT_EQ((StateHome("/var/me"), RecoveryFolder::standardPath()), "/var/me/wallwright/recovery");
+    const QString usual = QDir::homePath() + "/.local/state/wallwright/recovery";
+    EXPECT_EQ((StateHome(""), RecoveryFolder::standardPath()), usual);
+    EXPECT_EQ((StateHome("relative/state"), RecoveryFolder::standardPath()), usual);
+}
+
+TEST_F(RecoveryFolderTest, AFolderThatIsNotThereHasNoCopies)
+{
+    EXPECT_TRUE(RecoveryFolder::found(folder).empty());
+    EXPECT_FALSE(QDir(folder).exists());
+}
+
+TEST_F(RecoveryFolderTest, NobodyElseLooksInto)
+{
+    ASSERT_TRUE(QDir().mkpath(folder));
+    ASSERT_EQ(chmod(QFile::encodeName(folder).constData(), 0777), 0);
+
+    const FoundCopy copy = leftCopy(641);
+
+    EXPECT_EQ(modeOf(folder), 0700U);
+    EXPECT_EQ(modeOf(QFileInfo(copy.path).path()), 0700U);
+}
+
+TEST_F(RecoveryFolderTest, TheNewestCopyComesFirst)
+{
+    const std::vector<FoundCopy> copies{leftCopy(641), leftCopy(642), leftCopy(643)};
+    const QDateTime noon(QDate(2024, 5, 17), QTime(12, 0));
+    const int minutes[] = {1, 2, 0};
+    for (int i = 0; i < 3; ++i) {
+        QFile file(copies[i].path);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+        ASSERT_TRUE(file.setFileTime(noon.addSecs(60 * minutes[i]), QFileDevice::FileModificationTime));
+    }
+
+    const std::vector<FoundCopy> found = RecoveryFolder::found(folder);
+
+    ASSERT_EQ(found.size(), 3U);
+    EXPECT_EQ(found[0].path, copies[1].path);
+    EXPECT_EQ(found[0].time, noon.addSecs(120));
+    EXPECT_EQ(found[1].path, copies[0].path);
+    EXPECT_EQ(found[2].path, copies[2].path);
+}
+
+TEST_F(RecoveryFolderTest, AnyPathOfAProjectComesBack)
+{
+    for (const char *path : {"/shows/stage.Orv", "/shows/Bühne 左/a\nb%2F.Orv"})
+        EXPECT_EQ(leftCopy(641, path).projectPath, path);
+    const QString longPath = "/" + QString(4000, u'ü');
+    EXPECT_EQ(leftCopy(642, longPath).projectPath, longPath);
+}
+
+TEST_F(RecoveryFolderTest, APathThatIsNoneIsLeftOut)
+{
+    const FoundCopy copy = leftCopy(641, "/shows/stage.Orv");
+    const QString file = QFileInfo(copy.path).path() + "/project-path";
+    for (const QByteArray &bytes : {QByteArray(), QByteArray("stage.Orv"), QByteArray("/shows\0.Orv", 11),
+                                    QByteArray(1 << 20, '/'), QByteArray("\xff\xfe")}) {
+        write(file, bytes);
+        ASSERT_EQ(RecoveryFolder::found(folder).size(), 1U);
+        EXPECT_EQ(RecoveryFolder::found(folder)[0].projectPath, QString());
+    }
+    ASSERT_TRUE(QFile::remove(file));
+    EXPECT_EQ(RecoveryFolder::found(folder).size(), 1U);
+}
+
+TEST_F(RecoveryFolderTest, ACopyWithoutItsLockIsFoundAllTheSame)
+{
+    const FoundCopy copy = leftCopy(641);
+    ASSERT_TRUE(QFile::remove(QFileInfo(copy.path).path() + "/lock"));
+
+    EXPECT_EQ(RecoveryFolder::found(folder).size(), 1U);
+}
+
+TEST_F(RecoveryFolderTest, WhatALinkPointsToIsNoCopy)
+{
+    const QString show = state.filePath("project.Orv");
+    write(show, "a person's file");
+    QFile::link(state.path(), place("linked", {}) + "/link");
+    ASSERT_TRUE(QFile::link(show, folder + "/linked/project.Orv"));
+    ASSERT_TRUE(QFile::link(state.path(), folder + "/outside"));
+
+    EXPECT_TRUE(RecoveryFolder::found(folder).empty());
+    EXPECT_FALSE(QFile::exists(state.filePath("lock")));
+}
+
+TEST_F(RecoveryFolderTest, LeftoversOfKilledProgramsAreClearedAway)
+{
+    place("unlocked", {});
+    place("unwritten", {"lock", "project-path", "project-path.aBcDeF", "project.Orv.aBcDeF"});
+
+    leftCopy(641);
+
+    EXPECT_EQ(QDir(folder).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
+}
+
+TEST_F(RecoveryFolderTest, WhatSomebodyElsePutThereStays)
+{
+    write(place("notes", {"shopping.txt"}) + "/../readme.txt", "mine");
+    place("odd", {"lock", "project.Orv notes", "todo.txt"});
+    const FoundCopy copy = leftCopy(641);
+    const QString beside = QFileInfo(copy.path).path() + "/beside.txt";
+    write(beside, "mine");
+
+    ASSERT_TRUE(program()->discard(copy).has_value());
+
+    EXPECT_TRUE(RecoveryFolder::found(folder).empty());
+    for (const QString &path : {folder + "/notes/shopping.txt", folder + "/readme.txt",
+                                folder + "/odd/project.Orv notes", folder + "/odd/todo.txt", beside})
+        EXPECT_TRUE(QFile::exists(path)) << qPrintable(path);
+}
+
+// A program that is killed in between leaves no copy whose project nobody knows.
+TEST_F(RecoveryFolderTest, TheCopyGoesBeforeThePathOfItsProject)
+{
+    const FoundCopy copy = leftCopy(641, "/show/stage.Orv");
+    const int watch = inotify_init1(IN_NONBLOCK);
+    ASSERT_GE(inotify_add_watch(watch, QFile::encodeName(QFileInfo(copy.path).path()).constData(), IN_DELETE), 0);
+
+    ASSERT_TRUE(program()->discard(copy).has_value());
+
+    alignas(inotify_event) std::array<char, 4096> told{};
+    ASSERT_GT(read(watch, told.data(), told.size()), 0);
+    close(watch);
+    EXPECT_STREQ(reinterpret_cast<const inotify_event *>(told.data())->name, "project.Orv");
+}
+
+TEST_F(RecoveryFolderTest, AHeldFolderIsNotSwept)
+{
+    const auto running = program();
+    edit(*running, 641);
+    running->flush();
+    const QString held = copiesOnDisk().value(0);
+    ASSERT_TRUE(QFile::remove(held)); // as if it had not been written yet
+
+    leftCopy(642);
+
+    EXPECT_TRUE(QFile::exists(QFileInfo(held).path() + "/lock"));
+}

@@ -1,0 +1,69 @@
+#include "windows/OutputView.h"
+
+#include "canvas/DevicePixels.h"
+#include "output/CanvasFrame.h"
+#include "windows/NumberText.h"
+#include "windows/Theme.h"
+
+#include <QPainter>
+
+namespace {
+constexpr char wholeTip[] = "The composed output, as it is exported";
+}
+
+OutputView::OutputView(QWidget *parent) : QWidget(parent)
+{
+    // The whole area is painted, ground included: Qt need not clear it first.
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    setAccessibleName("Output");
+    setToolTip(wholeTip);
+}
+
+void OutputView::showOutput(const QImage &output)
+{
+    m_picture.show(output);
+    setAccessibleDescription(output.isNull() ? QString() : NumberText::size(output.size()) + " pixels");
+    update();
+}
+
+void OutputView::setFit(Fit fit)
+{
+    m_fit = fit;
+    setToolTip(fit == Fit::Whole ? QString(wholeTip) : QString()); // on the wall itself nothing is ever said
+    update();
+}
+
+void OutputView::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    if (m_fit == Fit::Whole)
+        paintWhole(painter);
+    else
+        paintPixelForPixel(painter);
+}
+
+void OutputView::paintWhole(QPainter &painter)
+{
+    painter.fillRect(rect(), Theme::ground);
+    const QSize room = (QSizeF(size()) * devicePixelRatioF()).toSize();
+    CanvasFrame frame;
+    frame.setRoom(room, qRound(Theme::edge * devicePixelRatioF()));
+    frame.setOutput(m_picture.output().size());
+    if (frame.place().isEmpty()) {
+        painter.setPen(Theme::dimText);
+        painter.drawText(rect(), Qt::AlignCenter,
+                         m_picture.output().isNull() ? "The output has no picture" : QString());
+        return;
+    }
+    toDevicePixels(painter, *this);
+    m_picture.paintFramed(painter, frame.place(), {QPoint(0, 0), room}, Theme::line, Theme::ground);
+}
+
+void OutputView::paintPixelForPixel(QPainter &painter)
+{
+    painter.fillRect(rect(), Qt::black);
+    toDevicePixels(painter, *this);
+    const QRect place = m_picture.output().rect();
+    m_picture.paint(painter, place, place);
+}

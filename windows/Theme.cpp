@@ -1,0 +1,120 @@
+#include "windows/Theme.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QPalette>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QToolTip>
+
+#include <utility>
+
+namespace {
+const QString &family()
+{
+    static const QString name = [] {
+        const int regular = QFontDatabase::addApplicationFont(":/fonts/Inter-Regular.otf");
+        return QFontDatabase::applicationFontFamilies(regular).value(0);
+    }();
+    return name;
+}
+
+QFont fontOfSize(int pixels)
+{
+    QFont font(family());
+    font.setPixelSize(pixels);
+    return font;
+}
+
+QPalette palette()
+{
+    QPalette colours(Theme::raised, Theme::panel);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(role, Theme::text);
+    colours.setColor(QPalette::BrightText, Theme::text);
+    colours.setColor(QPalette::PlaceholderText, Theme::dimText);
+    colours.setColor(QPalette::Base, Theme::ground);
+    colours.setColor(QPalette::AlternateBase, Theme::panel);
+    colours.setColor(QPalette::ToolTipBase, Theme::raised);
+    colours.setColor(QPalette::ToolTipText, Theme::text);
+    colours.setColor(QPalette::Highlight, Theme::accent);
+    colours.setColor(QPalette::Mid, Theme::line);
+    colours.setColor(QPalette::HighlightedText, Theme::ground);
+    colours.setColor(QPalette::Link, Theme::accent);
+    for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        colours.setColor(QPalette::Disabled, role, Theme::dimText);
+    return colours;
+}
+
+QString styleSheet()
+{
+    QFile file(":/windows/theme.qss");
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("The program lacks its own style sheet.");
+    QString sheet = QString::fromUtf8(file.readAll());
+    const std::pair<const char *, QColor> names[] = {
+        {"@ground", Theme::ground}, {"@panel", Theme::panel},     {"@raised", Theme::raised},
+        {"@line", Theme::line},     {"@text", Theme::text},       {"@dimText", Theme::dimText},
+        {"@accent", Theme::accent}, {"@warning", Theme::warning}, {"@danger", Theme::danger},
+        {"@chosen", Theme::chosen},
+    };
+    for (const auto &[name, colour] : names)
+        sheet.replace(name, colour.name());
+    return sheet;
+}
+} // namespace
+
+void Theme::apply()
+{
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(palette());
+    QApplication::setFont(fontOfSize(textSize));
+    QToolTip::setPalette(palette());
+    QToolTip::setFont(fontOfSize(textSize));
+    qApp->setStyleSheet(styleSheet());
+}
+
+QFont Theme::smallFont()
+{
+    return fontOfSize(smallTextSize);
+}
+
+QFont Theme::figureFont()
+{
+    return fontOfSize(figureTextSize);
+}
+
+QFont Theme::titleFont()
+{
+    static const int semiBold = QFontDatabase::addApplicationFont(":/fonts/Inter-SemiBold.otf");
+    Q_ASSERT(semiBold >= 0);
+    QFont font = smallFont();
+    font.setWeight(QFont::DemiBold);
+    font.setCapitalization(QFont::AllUppercase);
+    return font;
+}
+
+void Theme::colourText(QWidget &widget, const QColor &colour)
+{
+    QPalette colours = widget.palette();
+    colours.setColor(QPalette::WindowText, colour);
+    widget.setPalette(colours);
+}
+
+void Theme::frameAsWrong(QWidget &field, bool isWrong)
+{
+    field.setProperty("isWrong", isWrong); // the style sheet asks for it
+    field.style()->unpolish(&field);
+    field.style()->polish(&field);
+}
+
+QLabel *Theme::title(const QString &text, QWidget *buddy)
+{
+    auto *label = new QLabel(text);
+    label->setFont(titleFont());
+    colourText(*label, dimText);
+    label->setBuddy(buddy);
+    return label;
+}

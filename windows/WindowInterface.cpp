@@ -1,0 +1,319 @@
+#include "windows/WindowInterface.h"
+
+#include "app/Settings.h"
+#include "base/FileBytes.h"
+#include "canvas/LWCanvasImageView.h"
+#include "windows/ProgressDialog.h"
+#include "windows/inspector/PicturePreview.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QImageReader>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScreen>
+#include <QTreeView>
+#include <QUrl>
+#include <QtMath>
+
+namespace {
+/// Wide enough for a long name, its size and its date.
+constexpr QSize panelSize{880, 520};
+constexpr char allFiles[] = "All files (*)";
+
+/// Tells files by their names. Qt's own provider reads each file to tell its kind, and waits for ever for those that
+/// only speak when there is news, such as some of the system's.
+class NameIcons final : public QFileIconProvider
+{
+public:
+    using QFileIconProvider::icon;
+    QIcon icon(const QFileInfo &info) const override { return icon(info.isDir() ? Folder : File); }
+    QString type(const QFileInfo &info) const override
+    {
+        return info.isDir() ? QString("Folder") : QString("%1 file").arg(info.suffix()).trimmed();
+    }
+};
+
+QString startFolder(const QString &lastFolder)
+{
+    return lastFolder.isNull() ? QDir::homePath() : lastFolder;
+}
+
+/// Qt's own panel, so that it looks like the rest. Any file can be chosen in it.
+void setUp(QFileDialog &panel, QAbstractFileIconProvider &icons)
+{
+    panel.setOption(QFileDialog::DontUseNativeDialog);
+    panel.setIconProvider(&icons);
+    panel.setViewMode(QFileDialog::Detail);
+    panel.resize(panelSize);
+    if (auto *list = panel.findChild<QTreeView *>("treeView")) {
+        list->header()->setStretchLastSection(false);
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch); // the name
+    }
+}
+
+QString pictureFilter()
+{
+    QStringList patterns;
+    for (const QByteArray &format : QImageReader::supportedImageFormats())
+        patterns.append("*." + QString::fromLatin1(format));
+    return "Pictures (" + patterns.join(' ') + ")";
+}
+
+/// To list, beside all files, those of a kind.
+QStringList filtersFor(WindowInterface::Files files)
+{
+    switch (files) {
+    case WindowInterface::Files::Projects:
+        return {allFiles, "Projects (*.Orv *.orv *.json)"};
+    case WindowInterface::Files::Pictures:
+        return {allFiles, pictureFilter()};
+    case WindowInterface::Files::Any:
+        break;
+    }
+    return {allFiles};
+}
+
+/// Beside the list of files.
+void addPreview(QFileDialog &panel)
+{
+    auto *layout = qobject_cast<QGridLayout *>(panel.layout());
+    if (!layout)
+        return;
+    auto *preview = new PicturePreview;
+    layout->addWidget(preview, 1, layout->columnCount());
+    QObject::connect(&panel, &QFileDialog::currentChanged, preview, &PicturePreview::showFile);
+    panel.resize(panel.size() + QSize(preview->width(), 0));
+}
+
+/// The message as it is, whatever signs are in it.
+void setUp(QMessageBox &box, const QString &informativeText)
+{
+    constexpr int iconSize = 48;
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(informativeText);
+    box.setIconPixmap(box.windowIcon().pixmap(QSize(iconSize, iconSize), box.devicePixelRatioF()));
+}
+
+/// With its frame, which is as thick as that of the window, a panel takes no more than the screen has.
+std::optional<QString> run(QFileDialog &panel)
+{
+    const QWidget &window = *panel.parentWidget();
+    panel.resize(panel.size().boundedTo(window.screen()->availableSize() - window.frameSize() + window.size()));
+    if (panel.exec() != QDialog::Accepted || panel.selectedFiles().isEmpty())
+        return std::nullopt;
+    return panel.selectedFiles().constFirst();
+}
+} // namespace
+
+WindowInterface::WindowInterface(QWidget &window) : m_window(window), m_icons(std::make_unique<NameIcons>()) {}
+
+WindowInterface::~WindowInterface() = default;
+
+void WindowInterface::prepareSavePanel(const QString &title, const QString &extension, Appended appended)
+{
+    m_saveTitle = title;
+    m_saveExtension = extension;
+    m_saveAppended = appended;
+}
+
+QString WindowInterface::proposedName() const
+{
+    if (m_saveAppended == Appended::Never)
+        return "Presets";
+    const QString name = m_file.isEmpty() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
+    return m_saveAppended == Appended::Always ? name : name + '.' + m_saveExtension;
+}
+
+QString WindowInterface::finalPath(const QString &typed) const
+{
+    switch (m_saveAppended) {
+    case Appended::WhereMissing:
+        return FileBytes::withExtension(typed, m_saveExtension);
+    case Appended::Always:
+        return typed + '.' + m_saveExtension;
+    case Appended::Never:
+        break;
+    }
+    return typed;
+}
+
+std::optional<QString> WindowInterface::runModalOpenPanel()
+{
+    QFileDialog panel(&m_window, m_openTitle, startFolder(m_folder));
+    setUp(panel, *m_icons);
+    panel.setFileMode(QFileDialog::ExistingFile);
+    panel.setNameFilters(filtersFor(m_openFiles));
+    if (m_openFiles == Files::Pictures)
+        addPreview(panel);
+    const std::optional<QString> path = run(panel);
+    if (path)
+        m_folder = QFileInfo(*path).path();
+    return path;
+}
+
+std::optional<QString> WindowInterface::runModalSavePanel()
+{
+    QFileDialog panel(&m_window, m_saveTitle, startFolder(m_folder));
+    setUp(panel, *m_icons);
+    panel.setAcceptMode(QFileDialog::AcceptSave);
+    panel.setFileMode(QFileDialog::AnyFile);
+    if (!m_saveExtension.isEmpty())
+        panel.setNameFilters({allFiles, QString("%1 files (*.%1)").arg(m_saveExtension)});
+    // Qt would ask about the name as it was typed, which is not the file that is replaced.
+    panel.setOption(QFileDialog::DontConfirmOverwrite);
+    panel.selectFile(proposedName());
+
+    std::optional<QString> path = run(panel);
+    while (path && !mayReplace(finalPath(*path)))
+        path = run(panel);
+    if (path)
+        m_folder = QFileInfo(*path).path();
+    return path;
+}
+
+bool WindowInterface::mayReplace(const QString &path)
+{
+    const QFileInfo file(path);
+    if (!file.isFile())
+        return true; // new, or a folder: the document tells that this cannot be written
+    return confirm(QString("\"%1\" exists already.").arg(file.fileName()), "Replacing it cannot be undone.", "Replace");
+}
+
+bool WindowInterface::confirm(const QString &message, const QString &informativeText, const QString &button)
+{
+    QMessageBox question(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Cancel, &m_window);
+    setUp(question, informativeText);
+    const QPushButton *yes = question.addButton(button, QMessageBox::AcceptRole);
+    question.setDefaultButton(QMessageBox::Cancel);
+    question.exec();
+    return question.clickedButton() == yes;
+}
+
+void WindowInterface::alert(const QString &message, const QString &informativeText)
+{
+    QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Ok, &m_window);
+    setUp(box, informativeText);
+    box.exec();
+}
+
+void WindowInterface::ask(const QString &message, const QString &informativeText, const QStringList &buttons)
+{
+    QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::NoButton, &m_window);
+    setUp(box, informativeText);
+    for (const QString &button : buttons)
+        box.addButton(button, QMessageBox::ActionRole);
+    box.exec();
+}
+
+bool WindowInterface::presentError(const QString &text)
+{
+    alert(text, {});
+    return true;
+}
+
+void WindowInterface::openWebAddress(const QString &address)
+{
+    if (!QDesktopServices::openUrl(QUrl(address)))
+        tellFailure("Cannot open " + address + "; open it in a browser.");
+}
+
+bool WindowInterface::showProgress(const QString &what, double done)
+{
+    if (done >= 1) {
+        m_workTime.invalidate();
+        m_progressDialog.reset();
+        return true;
+    }
+    if (!m_workTime.isValid())
+        m_workTime.start();
+    // No event is handled before the dialog is there to keep input from the window.
+    if (!m_progressDialog && m_workTime.hasExpired(patience.count()))
+        m_progressDialog = std::make_unique<ProgressDialog>(what, m_window);
+    if (!m_progressDialog)
+        return true;
+    m_progressDialog->showDone(done);
+    return !m_progressDialog->isCancelled();
+}
+
+QSizeF WindowInterface::canvasFrameSize() const
+{
+    return m_canvas ? m_canvas->fittedSize() : QSizeF(0, 0);
+}
+
+std::optional<QPoint> WindowInterface::pixelAt(const QPointF &place) const
+{
+    const QRectF frame = m_canvas ? m_canvas->frame() : QRectF();
+    if (frame.isEmpty() || m_outputSize.isEmpty())
+        return std::nullopt;
+    const QPointF inFrame = place - frame.topLeft();
+    return QPoint(qFloor(inFrame.x() * m_outputSize.width() / frame.width()),
+                  qFloor(inFrame.y() * m_outputSize.height() / frame.height()));
+}
+
+/// The output's own middle, where a pixel of the view does not tell them apart: what is as large as the output covers
+/// it then.
+std::optional<QPoint> WindowInterface::middleOfView() const
+{
+    const std::optional<QPoint> middle =
+        m_canvas ? pixelAt(QRectF(m_canvas->rect()).center()) : std::optional<QPoint>();
+    if (!middle)
+        return std::nullopt;
+    const QPoint ofOutput(m_outputSize.width() / 2, m_outputSize.height() / 2);
+    const QSizeF shown = m_canvas->frame().size();
+    const QPoint way = *middle - ofOutput;
+    const bool isOutputs = std::abs(way.x()) <= std::max(1.0, m_outputSize.width() / shown.width()) &&
+                           std::abs(way.y()) <= std::max(1.0, m_outputSize.height() / shown.height());
+    return isOutputs ? ofOutput : *middle;
+}
+
+void WindowInterface::setKScaleFactor(float factor)
+{
+    if (m_canvas)
+        m_canvas->setKScaleFactor(factor);
+}
+
+void WindowInterface::drawRectangle(const QRectF &rectangle)
+{
+    if (m_canvas)
+        m_canvas->drawRectangle(rectangle);
+}
+
+void WindowInterface::showRectangle()
+{
+    if (m_canvas)
+        m_canvas->showRectangle();
+}
+
+void WindowInterface::hideRectangle()
+{
+    if (m_canvas)
+        m_canvas->hideRectangle();
+}
+
+void WindowInterface::noteRecentDocument(const QString &path)
+{
+    m_folder = QFileInfo(path).absolutePath();
+    Settings::noteRecentFile(path);
+}
+
+std::optional<Supply> WindowInterface::lastSupply() const
+{
+    return Settings::supply();
+}
+
+void WindowInterface::noteSupply(const Supply &supply)
+{
+    Settings::setSupply(supply);
+}
+
+void WindowInterface::fileWasChangedElsewhere(const QString &path)
+{
+    emit fileChangedElsewhere(path);
+}

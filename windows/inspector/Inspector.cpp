@@ -1,0 +1,398 @@
+#include "windows/inspector/Inspector.h"
+
+#include "app/LWAppDelegate.h"
+#include "app/Settings.h"
+#include "drawing/Raster.h"
+#include "still/LWStill.h"
+#include "windows/Icons.h"
+#include "windows/LayerText.h"
+#include "windows/NumberText.h"
+#include "windows/TextField.h"
+#include "windows/Theme.h"
+#include "windows/WindowInterface.h"
+#include "windows/inspector/ColourButton.h"
+#include "windows/inspector/FigureBlock.h"
+#include "windows/inspector/NumberField.h"
+#include "windows/inspector/PatternGrid.h"
+#include "windows/inspector/SummaryLine.h"
+
+#include <QComboBox>
+#include <QDesktopServices>
+#include <QEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QToolButton>
+#include <QUrl>
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace {
+using Range = InspectorForm::Range;
+
+constexpr int mostPanels = 10'000;
+constexpr int longestPanel = 16'384;
+constexpr int furthest = 100'000;
+constexpr int widestLine = 512;
+constexpr int largestText = 1'000;
+constexpr int mostWatts = 100'000;
+constexpr int mostOffered = 24; ///< colours of the show
+
+const Range lineWidths{0, widestLine, "px", "width"};
+const Range textSizes{1, largestText, "pt", "size"};
+const Range places{-furthest, furthest, "px"};
+
+QPushButton *textButton(const QString &text, const QString &tip)
+{
+    auto *button = new QPushButton(text);
+    button->setToolTip(tip);
+    return button;
+}
+} // namespace
+
+Inspector::Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
+    : QScrollArea(parent), m_document(document), m_interface(interface)
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus); // it scrolls to the control that has the focus
+    setWidgetResizable(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setAccessibleName("Inspector");
+}
+
+Inspector::~Inspector() = default;
+
+void Inspector::makeControls()
+{
+    if (m_content)
+        return;
+    m_content = new QWidget;
+    auto *column = new QVBoxLayout(m_content);
+    column->setContentsMargins(0, Theme::edge / 2, 0, Theme::edge);
+    column->setSpacing(0);
+    column->addWidget(m_figures = new FigureBlock);
+    m_form = std::make_unique<InspectorForm>(
+        *column, [this](const QString &property, const QVariant &value) { edit(property, value); });
+    addEmptyGroup();
+    m_form->beginGroup({}, InspectorForm::All);
+    m_form->addText({"Name"}, "label");
+    m_form->addSwitch({"Visible", 0, "Composes the layer into the output"}, "visible");
+    addPlaceGroup();
+    addWallGroup();
+    addPanelsGroup();
+    addChartGroup();
+    addLabelsGroup();
+    addDataFlowGroup();
+    addPowerGroup();
+    addStillGroup();
+    addOutputGroup();
+    column->addStretch(1);
+    setWidget(m_content);
+
+    m_form->fold(Settings::foldedGroups());
+    m_form->foldingDidChange = [this] {
+        Settings::setFoldedGroups(m_form->foldedGroups());
+        if (m_isOutputFirst)
+            makeRoomBelowOutput(isOutputAtTop());
+    };
+    for (QWidget *control : m_content->findChildren<QWidget *>())
+        control->installEventFilter(this);
+    followEntries();
+    follow();
+}
+
+/// What is one step of the history: what was typed until Enter or until the field was left, what was chosen in a
+/// dialog.
+void Inspector::followEntries()
+{
+    for (const NumberField *field : m_content->findChildren<NumberField *>()) {
+        connect(field, &NumberField::takenBack, this, [this] {
+            m_document.takeBackTyping();
+            refresh(); // saving may have ended the typing: what was saved stays
+        });
+        connect(field, &NumberField::editingFinished, this, [this] { m_document.endTyping(); });
+    }
+    for (const TextField *field : m_content->findChildren<TextField *>())
+        connect(field, &TextField::editingFinished, this, [this] { m_document.endTyping(); });
+    for (ColourButton *button : m_content->findChildren<ColourButton *>()) {
+        button->setOffered([this] { return coloursOfShow(); });
+        connect(button, &ColourButton::choiceBegan, this, [this] { m_document.beginTrial(); });
+        connect(button, &ColourButton::choiceEnded, this, [this] { m_document.keepTrial(); });
+        connect(button, &ColourButton::choiceCancelled, this, [this] { m_document.dropTrial(); });
+    }
+}
+
+void Inspector::follow()
+{
+    LayerList &list = m_document.arraycontroller();
+    connect(&list, &LayerList::selectionIndexesDidChange, this, &Inspector::refresh);
+    connect(&list, &LayerList::selectionIndexesDidChange, this, [this] { showOutputFirst(false); });
+    connect(&list, &LayerList::selectionIndexDidChange, this, &Inspector::refresh);
+    connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
+    connect(&list, &LayerList::modelReset, this, &Inspector::refresh);
+    connect(&list, &LayerList::rowsInserted, this, [this] { verticalScrollBar()->setValue(0); });
+    connect(&m_interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
+    connect(&m_interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
+    connect(&m_interface, &WindowInterface::patternShown, this, &Inspector::refresh);
+    refresh();
+}
+
+void Inspector::addEmptyGroup()
+{
+    m_form->beginGroup({}, InspectorForm::None);
+    auto *line = new SummaryLine("Layers");
+    line->show("There are no layers. Add one with + above the list of layers.", false);
+    m_form->addWide({}, line);
+}
+
+void Inspector::addPlaceGroup()
+{
+    m_form->beginGroup("Place", InspectorForm::Both);
+    addPlace();
+}
+
+void Inspector::addPlace()
+{
+    m_form->addNumber({"Left", 5}, "xpoint", places);
+    m_form->addNumber({"Top", 6}, "ypoint", places);
+}
+
+void Inspector::addWallGroup()
+{
+    m_form->beginGroup("Wall", InspectorForm::Screens);
+    m_form->addNumber({"Columns", 3}, "col", {1, mostPanels, {}});
+    m_form->addNumber({"Rows", 4}, "row", {1, mostPanels, {}});
+    m_form->addNumber({"Panel width", 1}, "panelWidth", {1, longestPanel, "px"});
+    m_form->addNumber({"Panel height", 2}, "panelHeight", {1, longestPanel, "px"});
+    addPlace();
+    m_form->addSummary("Wall", LayerText::wall);
+    QPushButton *allOn = textButton("Switch all panels on", "Switches on what is off of the wall");
+    connect(allOn, &QPushButton::clicked, &m_document, &LWAppDelegate::switchAllPanelsOn);
+    m_form->addControl({{}}, allOn);
+}
+
+void Inspector::addPanelsGroup()
+{
+    m_form->beginGroup("Panels", InspectorForm::Screens);
+    m_form->addSwitch({"Fill", 0, "Fills the panels with the two colours"}, "bgEnable");
+    m_form->addColour({"Colour 1"}, "rectColor");
+    m_form->addColour({"Colour 2"}, "rectColor2");
+    QPushButton *exchange = textButton("Exchange", "Exchanges the two colours");
+    connect(exchange, &QPushButton::clicked, &m_document, &LWAppDelegate::exchangeColours);
+    m_form->addControl({{}}, exchange);
+    m_form->addSwitchRow({"Frame"}, "BoarderEnable", "boarderWidth", lineWidths, "boarderColor");
+}
+
+void Inspector::addChartGroup()
+{
+    m_form->beginGroup("Chart", InspectorForm::Screens);
+    m_form->addSwitchRow({.text = "Circle", .name = "Circle and diagonals"}, "CircleEnable", "circleBWidth", lineWidths,
+                         "circleColor");
+    m_form->addSwitchRow({.text = "Coordinates", .number = 7, .name = "Corner coordinates"}, "XYFontEnable",
+                         "XYFontSize", textSizes, "xyColor");
+    m_form->addControl({"At the corners"}, cornerChoice());
+    m_form->addSwitchRow({.text = "Name and size", .number = 8, .name = "Name and size at the centre"},
+                         "screenFontEnable", "screenFontSize", textSizes, "sfColor");
+    m_form->addSwitch({"Current", 0, "Adds current, volts and phases to name and size at the centre"}, "showCurrent",
+                      "sfColor");
+}
+
+void Inspector::addLabelsGroup()
+{
+    m_form->beginGroup("Labels", InspectorForm::Screens);
+    m_form->addSwitchRow({"Panel labels"}, "drawLabels", "labelFontSize", textSizes, "labelColor");
+    m_form->addSwitch({"Letters by row", 0, "Letters count the rows instead of the columns"}, "XYLabelDirection");
+}
+
+void Inspector::addDataFlowGroup()
+{
+    m_form->beginGroup("Data flow", InspectorForm::Screens);
+    m_form->addSwitch({"Path", 0, "Draws the path of the data from panel to panel"}, "drawFlowPath");
+    m_patterns = new PatternGrid;
+    connect(m_patterns, &PatternGrid::chosen, &m_document, &LWAppDelegate::choosePattern);
+    m_form->addWide("Pattern of the path", m_patterns);
+    m_form->addNumberWith(portSizes(), {"Pixels per port", 0, "Pixels that one port carries; 0: all on one"},
+                          "pixelLimit", {0, std::numeric_limits<int>::max(), "px"});
+    m_form->addSummary("Ports", LayerText::ports, LayerText::hasPortOverLimit);
+}
+
+void Inspector::addPowerGroup()
+{
+    m_form->beginGroup("Power", InspectorForm::Screens);
+    m_form->addNumber({"Watts per panel"}, "powerOnCell", {0, mostWatts, "W"});
+    m_form->addSummary(
+        "Power",
+        [this](const std::vector<LayerPointer> &layers) {
+            return LayerText::power(layers, m_document.voltageCalc(), m_document.phaseCalc());
+        },
+        [](const std::vector<LayerPointer> &layers) { return !LayerText::isPowerCounted(layers); });
+}
+
+void Inspector::addStillGroup()
+{
+    m_form->beginGroup("Picture", InspectorForm::Stills);
+    m_form->addNumber({"Width", 1}, "panelWidth", {1, Raster::longestSide, "px"});
+    m_form->addNumber({"Height", 2}, "panelHeight", {1, Raster::longestSide, "px"});
+    m_form->addSwitch({"Keep ratio", 0, "Width and height keep their ratio"}, "aspectRatio");
+    addPlace();
+    m_form->addSummary("Picture", LayerText::picture);
+    QPushButton *choose = textButton("Choose picture...", "Shows another picture, or finds a missing one again");
+    connect(choose, &QPushButton::clicked, this, &Inspector::choosePicture);
+    QPushButton *folder = textButton("Show in folder", "Shows the picture's file among the others");
+    connect(folder, &QPushButton::clicked, this, &Inspector::showFolder);
+    m_form->addControl({"File"}, choose);
+    m_form->addControl({{}}, folder);
+}
+
+QToolButton *Inspector::menuButton(const QString &name, const QString &tip)
+{
+    auto *button = new QToolButton;
+    button->setIcon(Icons::icon("three-dots"));
+    button->setAccessibleName(name);
+    button->setToolTip(tip);
+    button->setPopupMode(QToolButton::InstantPopup);
+    button->setMenu(new QMenu(button));
+    return button;
+}
+
+QWidget *Inspector::cornerChoice()
+{
+    m_corners = new QComboBox;
+    m_corners->addItems({"Top left", "Bottom", "All"});
+    m_corners->setToolTip("Where walls show their coordinates; one choice for all of them");
+    connect(m_corners, &QComboBox::activated, this, [this](int index) {
+        m_document.setPopupIndex(index);
+        m_document.popupButton();
+    });
+    return m_corners;
+}
+
+QWidget *Inspector::portSizes()
+{
+    QToolButton *button = menuButton("Usual limits of a port", "Takes a limit that processors have");
+    for (const int pixels : {655'360, 524'288, 327'680, 262'144, 0}) {
+        const QString text = pixels == 0 ? QString("All on one port") : NumberText::grouped(pixels) + " px";
+        button->menu()->addAction(text, this, [this, pixels] {
+            m_document.endTyping(); // each choice is a step
+            edit("pixelLimit", pixels);
+            m_document.endTyping();
+        });
+    }
+    return button;
+}
+
+void Inspector::edit(const QString &property, const QVariant &value)
+{
+    m_document.setValueOfSelection(value, LayerList::keyPathPrefix + property);
+}
+
+void Inspector::refresh()
+{
+    showOutput();
+    const std::vector<LayerPointer> layers = shownLayers();
+    if (std::exchange(m_kinds, InspectorForm::kindsOf(layers)) != m_kinds)
+        verticalScrollBar()->setValue(0);
+    m_figures->show(layers, m_document.voltageCalc(), m_document.phaseCalc());
+    m_form->show(layers);
+    if (layers.empty())
+        return;
+    const std::optional<QVariant> pattern = InspectorForm::commonValue(layers, "pattern");
+    m_patterns->show(pattern ? pattern->toLongLong() : PatternGrid::none);
+}
+
+/// The selected layers, first the one whose captions are shown.
+std::vector<LayerPointer> Inspector::shownLayers() const
+{
+    std::vector<LayerPointer> layers = m_document.selectedLayers();
+    const auto shown = std::find(layers.begin(), layers.end(), m_document.arraycontroller().selectedLayer());
+    if (shown != layers.end())
+        std::rotate(layers.begin(), shown, shown + 1);
+    return layers;
+}
+
+/// Those of the layers from the topmost, then the output's, each once.
+QList<QColor> Inspector::coloursOfShow() const
+{
+    QList<QColor> colours;
+    const auto add = [&colours](const OptionalColour &colour) {
+        if (colour && !colours.contains(colour->toQColor()) && colours.size() < mostOffered)
+            colours.append(colour->toQColor());
+    };
+    for (const LayerPointer &layer : m_document.allScreensArray()) {
+        for (const char *property :
+             {"rectColor", "rectColor2", "boarderColor", "circleColor", "xyColor", "sfColor", "labelColor"})
+            add(layer->property(property).value<OptionalColour>());
+    }
+    add(m_document.bgColor());
+    add(m_document.edgeColor());
+    return colours;
+}
+
+void Inspector::choosePicture()
+{
+    m_interface.prepareOpenPanel("Choose picture", WindowInterface::Files::Pictures);
+    m_document.choosePicture();
+}
+
+void Inspector::showFolder() const
+{
+    const LayerPointer selected = m_document.arraycontroller().selectedLayer();
+    const auto *still = qobject_cast<const LWStill *>(selected.get());
+    const QString path = still ? still->ImageURL().toLocalFile() : QString();
+    if (path.isEmpty() || !QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())))
+        m_interface.tellFailure("There is no folder to show; choose the picture first.");
+}
+
+void Inspector::showOutputFirst(bool isFirst)
+{
+    if (!m_content || (!isFirst && !m_isOutputFirst))
+        return;
+    if (isFirst)
+        m_form->unfold(outputTitle);
+    m_isOutputFirst = isFirst;
+    makeRoomBelowOutput(isFirst);
+    if (!isFirst)
+        verticalScrollBar()->setValue(0);
+}
+
+bool Inspector::isOutputAtTop() const
+{
+    return m_isOutputFirst && verticalScrollBar()->value() == m_outputTop;
+}
+
+/// Nothing stands below the group: there has to be some room to scroll.
+void Inspector::makeRoomBelowOutput(bool isAtTop)
+{
+    m_content->layout()->activate();
+    m_outputTop = m_output->y();
+    const int needed = m_content->minimumSizeHint().height();
+    m_content->setMinimumHeight(m_isOutputFirst ? std::max(m_outputTop + viewport()->height(), needed) : 0);
+    widget()->adjustSize(); // scrolls at once, not when it is laid out next
+    if (isAtTop)
+        verticalScrollBar()->setValue(m_outputTop);
+}
+
+void Inspector::resizeEvent(QResizeEvent *event)
+{
+    const bool isAtTop = isOutputAtTop();
+    QScrollArea::resizeEvent(event);
+    if (m_isOutputFirst)
+        makeRoomBelowOutput(isAtTop);
+}
+
+bool Inspector::eventFilter(QObject *watched, QEvent *event)
+{
+    // A field tells itself when its entry has ended.
+    if (event->type() == QEvent::FocusOut && !qobject_cast<NumberField *>(watched))
+        m_document.endTyping();
+    if (event->type() == QEvent::FocusIn) {
+        m_document.endTyping(); // of what was done elsewhere
+        // Under the mouse it would be gone before the release, and the click with it.
+        if (static_cast<QFocusEvent *>(event)->reason() != Qt::MouseFocusReason)
+            ensureWidgetVisible(qobject_cast<QWidget *>(watched));
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
