@@ -1,0 +1,67 @@
+"""Holds the includes of every room against its link line, and against the floors of docs/architecture.md."""
+import pathlib
+import re
+import unittest
+
+HOUSE = pathlib.Path(__file__).resolve().parents[2]
+
+
+class Plan:
+    """The table of floors in docs/architecture.md."""
+
+    def __init__(self):
+        self.floors = {}
+        self.arrows = set()
+        page = (HOUSE / "docs/architecture.md").read_text(encoding="utf-8")
+        for floor, rooms in re.findall(r"^\| (\d+) \| ([^|]+) \|", page, re.MULTILINE):
+            for chain in rooms.split(","):
+                names = re.findall(r"`(\w+)/`", chain)
+                self.floors.update({name: int(floor) for name in names})
+                self.arrows.update((a, b) for i, a in enumerate(names) for b in names[i + 1:])
+
+    def allows(self, room, other):
+        return self.floors[other] < self.floors[room] or (room, other) in self.arrows
+
+
+def files_of(room, *suffixes):
+    return sorted(path for path in (HOUSE / room).rglob("*") if path.suffix in suffixes)
+
+
+def rooms_included_by(room, suffix, plan):
+    found = set()
+    for path in files_of(room, suffix):
+        found.update(re.findall(r'^#include "(\w+)/', path.read_text(encoding="utf-8"), re.MULTILINE))
+    return (found & plan.floors.keys()) - {room}
+
+
+def rooms_on_link_line(room, plan):
+    text = (HOUSE / room / "CMakeLists.txt").read_text(encoding="utf-8")
+    line = re.search(rf"target_link_libraries\({room}\s+PUBLIC ([^)]*?)\s+PRIVATE ([^)]*)\)", text)
+    public, private = (set(part.split()) & plan.floors.keys() for part in line.groups())
+    return public, private
+
+
+class Rooms(unittest.TestCase):
+    plan = Plan()
+
+    def test_every_folder_with_code_is_in_the_plan(self):
+        with_code = {path.name for path in HOUSE.iterdir() if path.is_dir() and (path / "CMakeLists.txt").exists()}
+        self.assertEqual(with_code - {"tests", "bench"}, self.plan.floors.keys())
+
+    def test_no_room_includes_one_above(self):
+        for room in self.plan.floors:
+            for suffix in (".h", ".cpp"):
+                for other in rooms_included_by(room, suffix, self.plan):
+                    self.assertTrue(self.plan.allows(room, other), f"{room}/ includes {other}/")
+
+    def test_a_link_line_names_what_is_included(self):
+        for room in self.plan.floors:
+            with self.subTest(room=room):
+                public, private = rooms_on_link_line(room, self.plan)
+                in_headers = rooms_included_by(room, ".h", self.plan)
+                self.assertEqual(public, in_headers)
+                self.assertEqual(private, rooms_included_by(room, ".cpp", self.plan) - in_headers)
+
+
+if __name__ == "__main__":
+    unittest.main()
