@@ -81,7 +81,7 @@ public:
     Tool tool() const { return m_tool; }
 
     JXSelectionBorder &cropMarker() { return m_cropMarker; }
-    /// Puts the marker there, in coordinates of the fitted view; one of no width stays where it is. At another zoom it
+    /// Puts the marker there, in coordinates of the fitted view; one of no width is hidden. At another zoom it
     /// stands around the selected layer's exact pixels. During a drag it is in the person's hand and stays there.
     void drawRectangle(const QRectF &rectangle);
     void showRectangle();
@@ -96,6 +96,9 @@ public:
     void zoomIn() { stepZoom(1, middle()); }
     void zoomOut() { stepZoom(-1, middle()); }
 
+    /// The output pixel at a place in the widget; beside the output its pixels count on. Nullopt where nothing is
+    /// shown.
+    std::optional<QPoint> pixelAt(const QPointF &widgetPoint) const;
     /// As it was last told.
     const CanvasReadOut &readOut() const { return m_readOut; }
 

@@ -51,6 +51,11 @@ bool LWCanvasImageView::isInFrame(const QPointF &widgetPoint) const
     return m_frame.place().contains({static_cast<int>(std::floor(point.x())), static_cast<int>(std::floor(point.y()))});
 }
 
+std::optional<QPoint> LWCanvasImageView::pixelAt(const QPointF &widgetPoint) const
+{
+    return m_frame.place().isEmpty() ? std::nullopt : std::optional(outputPixel(widgetPoint));
+}
+
 QPoint LWCanvasImageView::outputPixel(const QPointF &widgetPoint) const
 {
     // In single precision throughout: a product of both precisions would miss whole pixels that this one meets.

@@ -19,7 +19,9 @@
 #include <QScreen>
 #include <QTreeView>
 #include <QUrl>
-#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 /// Wide enough for a long name, its size and its date.
@@ -249,27 +251,22 @@ QSizeF WindowInterface::canvasFrameSize() const
 
 std::optional<QPoint> WindowInterface::pixelAt(const QPointF &place) const
 {
-    const QRectF frame = m_canvas ? m_canvas->frame() : QRectF();
-    if (frame.isEmpty() || m_outputSize.isEmpty())
-        return std::nullopt;
-    const QPointF inFrame = place - frame.topLeft();
-    return QPoint(qFloor(inFrame.x() * m_outputSize.width() / frame.width()),
-                  qFloor(inFrame.y() * m_outputSize.height() / frame.height()));
+    return m_canvas ? m_canvas->pixelAt(place) : std::nullopt;
 }
 
 /// The output's own middle, where a pixel of the view does not tell them apart: what is as large as the output covers
 /// it then.
 std::optional<QPoint> WindowInterface::middleOfView() const
 {
-    const std::optional<QPoint> middle =
-        m_canvas ? pixelAt(QRectF(m_canvas->rect()).center()) : std::optional<QPoint>();
+    const std::optional<QPoint> middle = m_canvas ? m_canvas->pixelAt(QRectF(m_canvas->rect()).center()) : std::nullopt;
     if (!middle)
         return std::nullopt;
-    const QPoint ofOutput(m_outputSize.width() / 2, m_outputSize.height() / 2);
+    const QSize output = m_canvas->readOut().output;
+    const QPoint ofOutput(output.width() / 2, output.height() / 2);
     const QSizeF shown = m_canvas->frame().size();
     const QPoint way = *middle - ofOutput;
-    const bool isOutputs = std::abs(way.x()) <= std::max(1.0, m_outputSize.width() / shown.width()) &&
-                           std::abs(way.y()) <= std::max(1.0, m_outputSize.height() / shown.height());
+    const bool isOutputs = std::abs(way.x()) <= std::max(1.0, output.width() / shown.width()) &&
+                           std::abs(way.y()) <= std::max(1.0, output.height() / shown.height());
     return isOutputs ? ofOutput : *middle;
 }
 

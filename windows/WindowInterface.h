@@ -63,11 +63,7 @@ public:
     /// Work that is done within `patience` shows nothing.
     bool showProgress(const QString &what, double done) override;
     static constexpr std::chrono::milliseconds patience{500};
-    void showOutput(const QImage &output) override
-    {
-        m_outputSize = output.size();
-        emit outputComposed(output);
-    }
+    void showOutput(const QImage &output) override { emit outputComposed(output); }
     void releaseOutput() override { emit outputReleased(); }
     void repaintCanvas() override { emit canvasRepaintAsked(); }
     /// Where the marker is shown; outlives this, or is taken away with null.
@@ -112,7 +108,6 @@ private:
 
     QWidget &m_window;
     LWCanvasImageView *m_canvas = nullptr;
-    QSize m_outputSize;                                 ///< in pixels, as composed last
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
     QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own

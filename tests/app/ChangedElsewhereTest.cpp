@@ -44,6 +44,17 @@ protected:
         file.setFileTime(QDateTime::currentDateTime().addSecs(seconds), QFileDevice::FileModificationTime);
     }
 
+    /// Saves an edit in the document opened anew from the file, and undoes back to the one of before.
+    void openAgainSaveAndGoBack()
+    {
+        document.openProjectPre(path);
+        edit("xpoint", 8);
+        document.save();
+        stack.undo();
+        EXPECT_EQ(stack.undoText(), "open project");
+        stack.undo();
+    }
+
     const QString path = folder.filePath("show.Orv");
     const QString copies = folder.filePath("copies");
 };
@@ -90,11 +101,7 @@ TEST_F(ChangedElsewhere, WhatThisProgramHasSavedFromALaterDocumentIsNotAnothers)
 {
     edit("xpoint", 7);
     document.save();
-    document.openProjectPre(path);
-    edit("xpoint", 8);
-    document.save();
-    stack.undo();
-    stack.undo(); // the document of before
+    openAgainSaveAndGoBack();
     edit("xpoint", 9);
     document.save();
     EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
@@ -190,11 +197,7 @@ TEST_F(ChangedElsewhere, AFileThatCouldNotBeOpenedChangesNothing)
     ASSERT_EQ(person.alerts.size(), 1);
     put(ours);
 
-    document.openProjectPre(path);
-    edit("xpoint", 8);
-    document.save();
-    stack.undo();
-    stack.undo(); // the document of before
+    openAgainSaveAndGoBack();
     edit("xpoint", 9);
     document.save();
     EXPECT_TRUE(person.filesChangedElsewhere.isEmpty());
