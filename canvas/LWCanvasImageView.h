@@ -1,9 +1,9 @@
 #pragma once
 
-#include "canvas/Arranging.h"
 #include "canvas/ExactPointer.h"
 #include "canvas/JXSelectionBorder.h"
-#include "canvas/PanelPainting.h"
+#include "canvas/tools/Arranging.h"
+#include "canvas/tools/PanelPainting.h"
 #include "output/CanvasFrame.h"
 #include "output/CanvasPicture.h"
 

@@ -1,4 +1,4 @@
-#include "canvas/Arranging.h"
+#include "canvas/tools/Arranging.h"
 
 #include "tests/canvas/CanvasFixture.h"
 

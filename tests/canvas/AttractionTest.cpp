@@ -1,4 +1,4 @@
-#include "canvas/Attraction.h"
+#include "canvas/tools/Attraction.h"
 
 #include <gtest/gtest.h>
 #include <limits>

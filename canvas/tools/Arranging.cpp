@@ -1,4 +1,4 @@
-#include "canvas/Arranging.h"
+#include "canvas/tools/Arranging.h"
 
 #include "canvas/CanvasDocument.h"
 #include "screen/LWScreen.h"

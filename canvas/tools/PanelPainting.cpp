@@ -1,4 +1,4 @@
-#include "canvas/PanelPainting.h"
+#include "canvas/tools/PanelPainting.h"
 
 #include "canvas/CanvasDocument.h"
 #include "screen/HiddenPanels.h"

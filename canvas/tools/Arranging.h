@@ -1,6 +1,6 @@
 #pragma once
 
-#include "canvas/Attraction.h"
+#include "canvas/tools/Attraction.h"
 
 #include <QPoint>
 #include <QSizeF>
