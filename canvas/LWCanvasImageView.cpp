@@ -4,7 +4,8 @@
 
 #include <QApplication>
 
-LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent) : QWidget(parent), m_document(document)
+LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent)
+    : QWidget(parent), m_document(document), m_geometry(*this, document)
 {
     // The whole area is painted, ground included: Qt need not clear it first.
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -24,22 +25,9 @@ LWCanvasImageView::~LWCanvasImageView()
 void LWCanvasImageView::showOutput(const QImage &output)
 {
     m_picture.show(output);
-    CanvasFrame frame = m_frame;
+    CanvasFrame frame = deviceFrame();
     frame.setOutput(output.size());
     takeFrame(frame);
-}
-
-QRectF LWCanvasImageView::frame() const
-{
-    const QRectF place = m_frame.place();
-    return {place.topLeft() / m_pixelRatio + offsetOfDevicePixels(), place.size() / m_pixelRatio};
-}
-
-/// At a scale of 1.5 a widget may begin between two device pixels: how far from its corner the first whole one begins.
-QPointF LWCanvasImageView::offsetOfDevicePixels() const
-{
-    const QPointF corner = QPointF(mapTo(window(), QPoint(0, 0))) * m_pixelRatio;
-    return (QPointF(corner.toPoint()) - corner) / m_pixelRatio;
 }
 
 void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
@@ -49,22 +37,15 @@ void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
     if (m_cropMarker.isTracking())
         return;
     const LayerPointer layer = m_document.selectedLayer();
-    const bool isExact = layer && !m_frame.isFitted() && !m_frame.place().isEmpty();
-    m_cropMarker.setExactScale(isExact ? unitsPerPixel() : QSizeF());
+    const bool isExact = layer && !deviceFrame().isFitted() && !m_geometry.isEmpty();
+    m_cropMarker.setExactScale(isExact ? m_geometry.unitsPerPixel() : QSizeF());
     m_cropMarker.setSelectedRect(isExact ? exactRectangle(*layer) : rectangle);
     update();
 }
 
-/// Of the view, per output pixel.
-QSizeF LWCanvasImageView::unitsPerPixel() const
-{
-    const QSizeF frameSize = frame().size();
-    return {frameSize.width() / m_frame.output().width(), frameSize.height() / m_frame.output().height()};
-}
-
 QRectF LWCanvasImageView::exactRectangle(const Layer &layer) const
 {
-    const QSizeF scale = unitsPerPixel();
+    const QSizeF scale = m_geometry.unitsPerPixel();
     return {layer.xpoint() * scale.width(), layer.ypoint() * scale.height(), layer.screenSizeWidth() * scale.width(),
             layer.screenSizeHeight() * scale.height()};
 }
@@ -83,7 +64,7 @@ void LWCanvasImageView::hideRectangle()
 
 void LWCanvasImageView::zoomToFit()
 {
-    CanvasFrame frame = m_frame;
+    CanvasFrame frame = deviceFrame();
     frame.fit();
     takeFrame(frame);
 }
@@ -95,24 +76,24 @@ void LWCanvasImageView::setZoom(double percent)
 
 void LWCanvasImageView::zoomAt(double zoom, const QPointF &widgetPoint)
 {
-    CanvasFrame frame = m_frame;
-    frame.setZoom(zoom, devicePoint(widgetPoint));
+    CanvasFrame frame = deviceFrame();
+    frame.setZoom(zoom, m_geometry.devicePoint(widgetPoint));
     takeFrame(frame);
 }
 
 void LWCanvasImageView::stepZoom(int steps, const QPointF &widgetPoint)
 {
-    CanvasFrame frame = m_frame;
-    frame.stepZoom(steps, devicePoint(widgetPoint));
+    CanvasFrame frame = deviceFrame();
+    frame.stepZoom(steps, m_geometry.devicePoint(widgetPoint));
     takeFrame(frame);
 }
 
 void LWCanvasImageView::takeRoom()
 {
-    const bool isOtherRatio = m_pixelRatio != devicePixelRatioF();
-    m_pixelRatio = devicePixelRatioF();
-    CanvasFrame frame = m_frame;
-    frame.setRoom((QSizeF(size()) * m_pixelRatio).toSize(), qRound(margin * m_pixelRatio));
+    const bool isOtherRatio = m_geometry.pixelRatio() != devicePixelRatioF();
+    m_geometry.setPixelRatio(devicePixelRatioF());
+    CanvasFrame frame = deviceFrame();
+    frame.setRoom((QSizeF(size()) * m_geometry.pixelRatio()).toSize(), qRound(margin * m_geometry.pixelRatio()));
     takeFrame(frame);
     if (isOtherRatio)
         m_document.redrawMarker();
@@ -120,10 +101,11 @@ void LWCanvasImageView::takeRoom()
 
 void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 {
-    const bool isOtherSize = frame.place().size() != m_frame.place().size() || frame.isFitted() != m_frame.isFitted();
-    const bool isOtherOutput = frame.output() != m_frame.output();
-    const bool isOther = isOtherOutput || frame.place() != m_frame.place();
-    m_frame = frame;
+    const bool isOtherSize =
+        frame.place().size() != deviceFrame().place().size() || frame.isFitted() != deviceFrame().isFitted();
+    const bool isOtherOutput = frame.output() != deviceFrame().output();
+    const bool isOther = isOtherOutput || frame.place() != deviceFrame().place();
+    m_geometry.setDeviceFrame(frame);
     // What is in the person's hand was measured in the old frame.
     if (m_arranging && (isOtherSize || isOtherOutput))
         cancelArranging();
@@ -140,7 +122,7 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 
 void LWCanvasImageView::tellReadOut()
 {
-    m_readOut = {m_frame.output(), m_frame.zoom() * 100, m_frame.isFitted(), {}, {}};
+    m_readOut = {deviceFrame().output(), deviceFrame().zoom() * 100, deviceFrame().isFitted(), {}, {}};
     const std::optional<QPoint> pixel = pixelToTell();
     if (pixel && m_picture.output().valid(*pixel)) {
         m_readOut.pixel = pixel;
@@ -153,7 +135,7 @@ std::optional<QPoint> LWCanvasImageView::pixelToTell() const
 {
     if (const std::optional<LWScreen::Panel> panel = panelCursor())
         return static_cast<const LWScreen &>(*m_panelCursor->wall).panelRect(*panel).center().toPoint();
-    return m_pointer && isInFrame(*m_pointer) ? std::optional(outputPixel(*m_pointer)) : std::nullopt;
+    return m_pointer && m_geometry.contains(*m_pointer) ? std::optional(m_geometry.pixelAt(*m_pointer)) : std::nullopt;
 }
 
 void LWCanvasImageView::resizeEvent(QResizeEvent *event)

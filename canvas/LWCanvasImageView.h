@@ -1,5 +1,6 @@
 #pragma once
 
+#include "canvas/CanvasGeometry.h"
 #include "canvas/ExactPointer.h"
 #include "canvas/JXSelectionBorder.h"
 #include "canvas/tools/Arranging.h"
@@ -19,6 +20,8 @@
 #include <optional>
 
 class CanvasDocument;
+class CanvasPainter;
+class LWStill;
 class QNativeGestureEvent;
 
 /// What a status line tells of the canvas.
@@ -68,12 +71,12 @@ public:
     void releaseOutput() { m_picture.release(); }
 
     /// The output's place in the widget; empty without an output.
-    QRectF frame() const;
+    QRectF frame() const { return m_geometry.frame(); }
     /// Its size where the whole output is fitted into the widget, whatever the zoom: what LayerHost::canvasFrameSize()
     /// tells.
-    QSizeF fittedSize() const { return QSizeF(m_frame.fittedSize()) / m_pixelRatio; }
+    QSizeF fittedSize() const { return QSizeF(deviceFrame().fittedSize()) / m_geometry.pixelRatio(); }
     /// The same in device pixels, from the first whole one in the widget on.
-    const CanvasFrame &deviceFrame() const { return m_frame; }
+    const CanvasFrame &deviceFrame() const { return m_geometry.deviceFrame(); }
 
     /// The tool to work with while Alt is not held. It takes effect when nothing is pressed or dragged any more.
     void setTool(Tool tool);
@@ -175,13 +178,9 @@ private:
     bool dropPanelCursor();
     std::optional<LWScreen::Panel> panelCursor() const;
     void bringIntoSight(const QRectF &pixels);
-    bool isInFrame(const QPointF &widgetPoint) const;
-    QPointF devicePoint(const QPointF &widgetPoint) const;
     MouseLocation locationOf(const QPointF &widgetPoint) const;
-    QSizeF unitsPerPixel() const;
     QRectF exactRectangle(const Layer &layer) const;
     QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }
-    QPoint outputPixel(const QPointF &widgetPoint) const;
 
     void takeRoom();
     void takeFrame(const CanvasFrame &frame);
@@ -213,26 +212,16 @@ private:
     void takeHover();
     QRegion regionOf(const Hover &hover) const;
 
-    int lineWidth() const;
-    QRect devicePlaceOf(const QRectF &pixels) const;
-    QRect boxBesidePointer(const QString &text) const;
-    QRect boxBeside(const QPoint &point, const QString &text) const;
-    /// A box of the widget, moved so that none of it is cut off.
-    QRect inSight(QRect box) const;
-    QPointF offsetOfDevicePixels() const;
-    void paintMarker(QPainter &painter) const;
-    void paintArranging(QPainter &painter) const;
-    void paintMissingPictures(QPainter &painter) const;
-    void paintSelectedWall(QPainter &painter) const;
-    void paintName(QPainter &painter) const;
-    void paintOutline(QPainter &painter, const QRect &place, int width) const;
-    void paintText(QPainter &painter, const QRect &box, const QString &text) const;
-    void paintBesidePointer(QPainter &painter, const QString &text) const;
+    void paintMarker(CanvasPainter &painter) const;
+    void paintArranging(CanvasPainter &painter) const;
+    void paintWithoutOutput(QPainter &painter) const;
+    void paintMissingPicture(QPainter &painter, const LWStill &still) const;
+    void paintSelectedWall(CanvasPainter &painter) const;
+    void paintName(CanvasPainter &painter) const;
 
     CanvasDocument &m_document;
     CanvasPicture m_picture;
-    CanvasFrame m_frame;
-    double m_pixelRatio = 1; ///< device pixels per logical one, as the frame knows it
+    CanvasGeometry m_geometry;
     JXSelectionBorder m_cropMarker;
     CanvasReadOut m_readOut;
 

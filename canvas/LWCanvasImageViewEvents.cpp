@@ -1,4 +1,3 @@
-#include "base/NearestInt.h"
 #include "canvas/CanvasDocument.h"
 #include "canvas/LWCanvasImageView.h"
 #include "canvas/Logging.h"
@@ -29,56 +28,27 @@ bool isStill(const Layer &layer)
 LWCanvasImageView::MouseLocation LWCanvasImageView::locationOf(const QPointF &widgetPoint) const
 {
     const QPointF inWindow = mapTo(window(), widgetPoint);
-    return {
-        {inWindow.x(), window()->height() - inWindow.y()}, widgetPoint - frame().topLeft(), outputPixel(widgetPoint)};
-}
-
-/// A pointer stands on a whole one. Logical pixels, which it is told in, lose some digits of that.
-QPointF LWCanvasImageView::devicePoint(const QPointF &widgetPoint) const
-{
-    const auto regained = [](double value) {
-        constexpr double lost = 1e-3;
-        return std::abs(value - std::round(value)) < lost ? std::round(value) : value;
-    };
-    const QPointF point = (widgetPoint - offsetOfDevicePixels()) * m_pixelRatio;
-    return {regained(point.x()), regained(point.y())};
-}
-
-/// The left and top edge belong to the frame, the right and bottom edge do not.
-bool LWCanvasImageView::isInFrame(const QPointF &widgetPoint) const
-{
-    const QPointF point = devicePoint(widgetPoint);
-    return m_frame.place().contains({static_cast<int>(std::floor(point.x())), static_cast<int>(std::floor(point.y()))});
+    return {{inWindow.x(), window()->height() - inWindow.y()},
+            widgetPoint - frame().topLeft(),
+            m_geometry.pixelAt(widgetPoint)};
 }
 
 std::optional<QPoint> LWCanvasImageView::pixelAt(const QPointF &widgetPoint) const
 {
-    return m_frame.place().isEmpty() ? std::nullopt : std::optional(outputPixel(widgetPoint));
-}
-
-QPoint LWCanvasImageView::outputPixel(const QPointF &widgetPoint) const
-{
-    // In single precision throughout: a product of both precisions would miss whole pixels that this one meets.
-    // Beside the output its pixels count on, left of and above it below 0.
-    const QRect place = m_frame.place();
-    const QPointF point = devicePoint(widgetPoint) - place.topLeft();
-    const float perPixelX = static_cast<float>(m_document.OutputWidth()) / static_cast<float>(place.width());
-    const float perPixelY = static_cast<float>(m_document.OutputHeight()) / static_cast<float>(place.height());
-    return {truncated(std::floor(double{perPixelX * static_cast<float>(point.x())})),
-            truncated(std::floor(double{perPixelY * static_cast<float>(point.y())}))};
+    return m_geometry.isEmpty() ? std::nullopt : std::optional(m_geometry.pixelAt(widgetPoint));
 }
 
 void LWCanvasImageView::mouseDown(const QPointF &widgetPoint)
 {
-    if (m_frame.place().isEmpty())
+    if (m_geometry.isEmpty())
         return;
     const LayerPointer layer = m_document.selectedLayer();
     if (!layer || !isOn(*layer, widgetPoint))
         return selectLayerAt(widgetPoint);
 
     lockAspect(*layer);
-    if (isInFrame(widgetPoint)) {
-        pressPixel(layer, outputPixel(widgetPoint));
+    if (m_geometry.contains(widgetPoint)) {
+        pressPixel(layer, m_geometry.pixelAt(widgetPoint));
         update();
     }
     if (isStill(*layer))
@@ -104,7 +74,7 @@ bool LWCanvasImageView::isOn(const Layer &layer, const QPointF &widgetPoint) con
     const bool isOnMarker = m_cropMarker.mouseIsInFrame(locationOf(widgetPoint).inView, handle) ||
                             handle != JXSelectionBorder::Handle::None;
     return (isStill(layer) && layer.screenSizeWidth() > 0 && isOnMarker) ||
-           PixelBox::of(layer).contains(outputPixel(widgetPoint));
+           PixelBox::of(layer).contains(m_geometry.pixelAt(widgetPoint));
 }
 
 /// Where nothing is shown, no press is beside the layers.
@@ -112,12 +82,12 @@ bool LWCanvasImageView::isOnLayer(const QPointF &widgetPoint) const
 {
     const LayerPointer selected = m_document.selectedLayer();
     const bool goesToSelected = m_tool == Tool::Panels && selected && isOn(*selected, widgetPoint);
-    return m_frame.place().isEmpty() || goesToSelected || layerUnderPointer();
+    return m_geometry.isEmpty() || goesToSelected || layerUnderPointer();
 }
 
 void LWCanvasImageView::selectLayerAt(const QPointF &widgetPoint)
 {
-    const LayerPointer layer = Arranging::layerAt(m_document, outputPixel(widgetPoint));
+    const LayerPointer layer = Arranging::layerAt(m_document, m_geometry.pixelAt(widgetPoint));
     if (layer)
         m_document.select(layer, false);
     update();
@@ -169,7 +139,7 @@ void LWCanvasImageView::mousePressEvent(QMouseEvent *event)
         return;
     const bool isLeft = event->button() == Qt::LeftButton;
     if (event->button() == Qt::MiddleButton || (isLeft && m_isSpaceBarHeld)) {
-        m_panFrom = place * m_pixelRatio;
+        m_panFrom = place * m_geometry.pixelRatio();
         m_panButton = event->button();
     } else if (isLeft) {
         m_isPressed = true;
@@ -245,9 +215,9 @@ void LWCanvasImageView::showPointer()
 
 void LWCanvasImageView::panTo(const QPointF &widgetPoint)
 {
-    const QPoint way = (widgetPoint * m_pixelRatio - *m_panFrom).toPoint();
+    const QPoint way = (widgetPoint * m_geometry.pixelRatio() - *m_panFrom).toPoint();
     m_panFrom = *m_panFrom + way;
-    CanvasFrame frame = m_frame;
+    CanvasFrame frame = deviceFrame();
     frame.pan(way);
     takeFrame(frame);
 }
@@ -294,7 +264,7 @@ bool LWCanvasImageView::nativeGesture(const QNativeGestureEvent &event)
     if (event.gestureType() != Qt::ZoomNativeGesture || isDragged())
         return false;
     if (m_pinchZoom <= 0)
-        m_pinchZoom = m_frame.zoom();
+        m_pinchZoom = deviceFrame().zoom();
     m_pinchZoom = std::clamp(m_pinchZoom * (1 + event.value()), 1e-3, CanvasFrame::greatestZoom);
     zoomAt(m_pinchZoom, m_exactPointer.placeOf(event));
     return true;
@@ -312,12 +282,13 @@ void LWCanvasImageView::leaveEvent(QEvent *event)
 
 void LWCanvasImageView::contextMenuEvent(QContextMenuEvent *event)
 {
-    if (m_isPressed || isDragged() || m_frame.place().isEmpty())
+    if (m_isPressed || isDragged() || m_geometry.isEmpty())
         return;
     // Told of the press, the pointer is known to the device pixel.
     const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
     const QPointF place = isByMouse ? m_pointer.value_or(event->pos()) : QPointF(event->pos());
-    if (event->reason() != QContextMenuEvent::Keyboard && !Arranging::press(m_document, outputPixel(place), false))
+    if (event->reason() != QContextMenuEvent::Keyboard &&
+        !Arranging::press(m_document, m_geometry.pixelAt(place), false))
         return;
     emit layerMenuAsked(event->globalPos());
 }

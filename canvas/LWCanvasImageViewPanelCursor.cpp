@@ -44,7 +44,7 @@ bool LWCanvasImageView::movePanelCursor(const QPoint &step)
         return false;
     std::optional<LWScreen::Panel> from = panelCursor();
     if (!from && hover()) {
-        const QPoint pixel = outputPixel(*m_pointer);
+        const QPoint pixel = m_geometry.pixelAt(*m_pointer);
         from = wall->panelAt(pixel.x(), pixel.y());
     }
     const LWScreen::Panel panel =
@@ -80,12 +80,12 @@ bool LWCanvasImageView::dropPanelCursor()
 
 void LWCanvasImageView::bringIntoSight(const QRectF &pixels)
 {
-    const QRect place = m_frame.place();
+    const QRect place = deviceFrame().place();
     if (place.isEmpty())
         return;
-    const double across = double(place.width()) / m_frame.output().width();
-    const double down = double(place.height()) / m_frame.output().height();
-    CanvasFrame frame = m_frame;
+    const double across = double(place.width()) / deviceFrame().output().width();
+    const double down = double(place.height()) / deviceFrame().output().height();
+    CanvasFrame frame = deviceFrame();
     frame.pan({wayInto(frame.room().width(), place.x() + pixels.left() * across, place.x() + pixels.right() * across),
                wayInto(frame.room().height(), place.y() + pixels.top() * down, place.y() + pixels.bottom() * down)});
     if (frame.place() != place)

@@ -1,4 +1,5 @@
 #include "canvas/CanvasDocument.h"
+#include "canvas/CanvasPainter.h"
 #include "canvas/LWCanvasImageView.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
@@ -40,9 +41,9 @@ void LWCanvasImageView::settleTool()
 
 void LWCanvasImageView::beginArranging(const QPointF &widgetPoint, Qt::KeyboardModifiers modifiers)
 {
-    if (m_frame.place().isEmpty())
+    if (m_geometry.isEmpty())
         return;
-    const QPoint pixel = outputPixel(widgetPoint);
+    const QPoint pixel = m_geometry.pixelAt(widgetPoint);
     const LayerPointer grabbed = Arranging::press(m_document, pixel, modifiers.testFlag(Qt::ShiftModifier));
     if (grabbed) {
         m_arranging = std::make_shared<Arranging>(m_document, grabbed, pixel);
@@ -56,9 +57,8 @@ void LWCanvasImageView::trackArranging(bool attracts)
     if (!m_pointer || (m_click && isShaking(m_click->place)))
         return;
     m_click.reset();
-    const QPoint pixel = outputPixel(*m_pointer);
-    const QSizeF reach(reachOfLines * m_document.OutputWidth() / frame().width(),
-                       reachOfLines * m_document.OutputHeight() / frame().height());
+    const QPoint pixel = m_geometry.pixelAt(*m_pointer);
+    const QSizeF reach = m_geometry.pixelsWithin(reachOfLines);
     arrange([&](Arranging &drag) { drag.track(pixel, attracts ? std::optional(reach) : std::nullopt); });
 }
 
@@ -101,7 +101,7 @@ void LWCanvasImageView::paintPanels(bool asRectangle)
     if (!m_pointer || isShaking(m_shakenFrom))
         return;
     m_shakenFrom.reset();
-    painting->track(outputPixel(*m_pointer),
+    painting->track(m_geometry.pixelAt(*m_pointer),
                     asRectangle ? PanelPainting::Shape::Rectangle : PanelPainting::Shape::Stroke);
 }
 
@@ -113,8 +113,8 @@ bool LWCanvasImageView::isShaking(const std::optional<QPointF> &press) const
 
 LayerPointer LWCanvasImageView::layerUnderPointer() const
 {
-    const bool isOverOutput = m_pointer && !m_frame.place().isEmpty();
-    return isOverOutput ? Arranging::layerAt(m_document, outputPixel(*m_pointer)) : nullptr;
+    const bool isOverOutput = m_pointer && !m_geometry.isEmpty();
+    return isOverOutput ? Arranging::layerAt(m_document, m_geometry.pixelAt(*m_pointer)) : nullptr;
 }
 
 std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
@@ -122,11 +122,11 @@ std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
     if (const std::optional<LWScreen::Panel> panel = panelCursor())
         return hoverAt(static_cast<const LWScreen &>(*m_panelCursor->wall), *panel);
     if (!m_pointer || m_tool != Tool::Panels || m_isSpaceBarHeld || (isDragged() && !m_painting) ||
-        !isInFrame(*m_pointer))
+        !m_geometry.contains(*m_pointer))
         return std::nullopt;
     const LayerPointer layer = m_document.selectedLayer();
     const auto *screen = qobject_cast<const LWScreen *>(layer.get());
-    const QPoint pixel = outputPixel(*m_pointer);
+    const QPoint pixel = m_geometry.pixelAt(*m_pointer);
     const bool isOnScreen = screen && PixelBox::of(*screen).contains(pixel);
     const auto panel = isOnScreen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
     return panel ? std::optional(hoverAt(*screen, *panel)) : std::nullopt;
@@ -136,11 +136,10 @@ std::optional<LWCanvasImageView::Hover> LWCanvasImageView::hover() const
 LWCanvasImageView::Hover LWCanvasImageView::hoverAt(const LWScreen &screen, const LWScreen::Panel &panel) const
 {
     const QString label = screen.panelLabel(panel);
-    const QRect place = devicePlaceOf(screen.panelRect(panel));
-    if (!panelCursor())
-        return {place, lineWidth(), label, boxBesidePointer(label)};
-    const QPointF middle = QPointF(place.center()) / m_pixelRatio + offsetOfDevicePixels();
-    return {place, 2 * lineWidth(), label, boxBeside(middle.toPoint(), label)};
+    const QRect place = m_geometry.devicePlaceOf(screen.panelRect(panel));
+    const bool isCursor = panelCursor().has_value();
+    const QPointF beside = isCursor ? m_geometry.widgetPointOf(place.center()) : m_pointer.value_or(middle());
+    return {place, (isCursor ? 2 : 1) * m_geometry.lineWidth(), label, boxBeside(*this, beside, label)};
 }
 
 /// Only what changes is painted anew.
@@ -157,12 +156,8 @@ void LWCanvasImageView::takeHover()
 
 QRegion LWCanvasImageView::regionOf(const Hover &hover) const
 {
-    const auto logical = [this](const QRect &device) {
-        return QRectF(QPointF(device.topLeft()) / m_pixelRatio + offsetOfDevicePixels(),
-                      QSizeF(device.size()) / m_pixelRatio);
-    };
     const int width = hover.lineWidth;
-    const QRect outside = logical(hover.panel.adjusted(-width, -width, width, width)).toAlignedRect();
-    const QRect inside = logical(hover.panel).toAlignedRect().adjusted(1, 1, -1, -1);
+    const QRect outside = m_geometry.widgetPlaceOf(hover.panel.adjusted(-width, -width, width, width)).toAlignedRect();
+    const QRect inside = m_geometry.widgetPlaceOf(hover.panel).toAlignedRect().adjusted(1, 1, -1, -1);
     return QRegion(outside).subtracted(inside) + hover.labelBox;
 }
