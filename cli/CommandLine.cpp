@@ -1,10 +1,10 @@
 #include "cli/CommandLine.h"
 
 #include "cli/ConvertCommand.h"
-#include "cli/FileFormat.h"
 #include "cli/Help.h"
 #include "cli/InfoCommand.h"
 #include "cli/VisibleText.h"
+#include "formats/FileFormat.h"
 
 #include <QFileInfo>
 

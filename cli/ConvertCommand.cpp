@@ -1,8 +1,8 @@
 #include "cli/ConvertCommand.h"
 
 #include "cli/CommandLineHost.h"
-#include "cli/FileFormat.h"
 #include "cli/Options.h"
+#include "formats/FileFormat.h"
 #include "formats/PSDExport.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"

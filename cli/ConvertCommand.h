@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Result.h"
-#include "cli/PictureOutput.h"
+#include "formats/PictureOutput.h"
 
 #include <QString>
 #include <QStringList>

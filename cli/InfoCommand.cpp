@@ -1,11 +1,11 @@
 #include "cli/InfoCommand.h"
 
 #include "cli/CommandLineHost.h"
-#include "cli/FileFormat.h"
 #include "cli/InfoFacts.h"
 #include "cli/InfoJson.h"
 #include "cli/InfoText.h"
 #include "cli/Options.h"
+#include "formats/FileFormat.h"
 
 #include <limits>
 

@@ -15,7 +15,7 @@ struct PictureSettings
     Colour edge = NamedColour::black;
 };
 
-/// Pictures of projects, for the command line.
+/// Pictures of projects, without a window.
 namespace PictureOutput {
 
 /// Writes the composed output, or the raster of the one layer asked for.

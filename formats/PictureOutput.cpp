@@ -1,4 +1,4 @@
-#include "cli/PictureOutput.h"
+#include "formats/PictureOutput.h"
 
 #include "formats/PSDExport.h"
 #include "formats/PngFile.h"

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "cli/PictureOutput.h"
+#include "formats/PictureOutput.h"
 #include "show/Project.h"
 
 #include <QString>
 
-/// A kind of file that the command line reads or writes, known by the extension, in upper or lower case.
+/// A kind of file that projects are read from or written to, known by the extension, in upper or lower case.
 struct FileFormat
 {
     const char *extension;

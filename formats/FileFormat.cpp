@@ -1,4 +1,4 @@
-#include "cli/FileFormat.h"
+#include "formats/FileFormat.h"
 
 #include "formats/PSDExport.h"
 #include "formats/ProjectFile.h"
