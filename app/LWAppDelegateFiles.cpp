@@ -1,9 +1,9 @@
 #include "app/LWAppDelegate.h"
 #include "base/FileBytes.h"
+#include "formats/FileFormat.h"
 #include "formats/PSDExport.h"
 #include "formats/PngFile.h"
 #include "formats/ProjectFile.h"
-#include "formats/ProjectText.h"
 #include "layer/PowerCalculator.h"
 #include "screen/LostWall.h"
 
@@ -12,9 +12,10 @@
 #include <utility>
 
 namespace {
-bool isText(const QString &path)
+/// Not in a file that is only read, such as text.
+bool isSavedIn(const QString &path)
 {
-    return QFileInfo(path).suffix().compare(ProjectText::extension, Qt::CaseInsensitive) == 0;
+    return !path.isEmpty() && FileFormat::toOpen(path).isSaved;
 }
 
 bool isChangedElsewhere(const DocumentFile &file)
@@ -33,12 +34,12 @@ std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
 void LWAppDelegate::saveProject()
 {
     if (const std::optional<QString> chosen = m_userInterface.runModalSavePanel())
-        writeProject(FileBytes::withExtension(*chosen, ProjectFile::extension));
+        writeProject(FileFormat::of(FileFormat::Kind::Project).finalPath(*chosen));
 }
 
 void LWAppDelegate::save()
 {
-    if (projectPath().isEmpty() || isText(projectPath()))
+    if (!isSavedIn(projectPath()))
         saveProject();
     else if (isChangedElsewhere(*m_file))
         m_userInterface.fileWasChangedElsewhere(projectPath());
@@ -48,7 +49,7 @@ void LWAppDelegate::save()
 
 void LWAppDelegate::saveAnyway()
 {
-    if (projectPath().isEmpty() || isText(projectPath()))
+    if (!isSavedIn(projectPath()))
         return saveProject();
     writeProject(projectPath());
 }
@@ -114,7 +115,7 @@ DocumentFile LWAppDelegate::fileOf(const FoundCopy &copy)
 bool LWAppDelegate::load(const QString &path)
 {
     const QByteArray digest = FileBytes::digest(path); // before it is read: what comes later is another's
-    const Result<Project> project = isText(path) ? ProjectText::read(path, *this) : ProjectFile::read(path, *this);
+    const Result<Project> project = FileFormat::toOpen(path).read(path, *this);
     if (!project) {
         m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
         return false;
@@ -199,7 +200,7 @@ void LWAppDelegate::saveAction()
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
         return;
-    const QString path = FileBytes::withExtension(*chosen, "png");
+    const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
     if (const Result<void> isWhole = LostWall::check(allScreensArray()); !isWhole)
         return tellFailedExport("PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
@@ -217,7 +218,7 @@ void LWAppDelegate::savePSD()
     if (!chosen)
         return;
 
-    const QString path = *chosen + '.' + PSDExport::extension; // whatever was typed: "a.psd" becomes "a.psd.psd"
+    const QString path = FileFormat::of(FileFormat::Kind::Psd).finalPath(*chosen);
     const QString name = QFileInfo(path).fileName();
     const auto progress = [&](double done) { return m_userInterface.showProgress("Exporting " + name, done); };
     const Result<PSDExport::Outcome> outcome = PSDExport::write(path, project(), m_screenNumber, progress);

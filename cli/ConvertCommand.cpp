@@ -5,7 +5,6 @@
 #include "formats/FileFormat.h"
 #include "formats/PSDExport.h"
 #include "formats/ProjectFile.h"
-#include "formats/ProjectText.h"
 #include "layer/PowerCalculator.h"
 #include "still/LWStill.h"
 
@@ -96,8 +95,7 @@ void tellDifferences(const ConvertCommand &command, const Project &project, cons
         isAnyLayered |= format && format->isLayered;
         for (const QString &sentence : format && format->isLayered ? PSDExport::resized(project) : QStringList())
             notice(output + ": " + sentence);
-        if (format && format->extension == QLatin1StringView(ProjectText::extension) &&
-            ProjectFile::holdsUnknown(project))
+        if (format && format->dropsUnknown && ProjectFile::holdsUnknown(project))
             notice(output + ": values of " + command.input + " that this version does not know are left out.");
     }
     if (showsAllLayers)

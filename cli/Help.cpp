@@ -1,5 +1,22 @@
 #include "cli/Help.h"
 
+#include "formats/FileFormat.h"
+
+namespace {
+/// A line for each format in which projects are written.
+QString formats()
+{
+    QString lines;
+    for (const FileFormat &format : FileFormat::all()) {
+        const QString extension = QString(".%1").arg(format.extension).leftJustified(5);
+        if (format.write)
+            lines += QString("  %1  %2, %3\n")
+                         .arg(extension, format.content, format.read ? "read and written" : "written only");
+    }
+    return lines;
+}
+} // namespace
+
 namespace Help {
 
 QString general()
@@ -19,15 +36,11 @@ Exit status: 0 done, 1 could not be done, 2 the arguments make no sense.
 
 QString convert()
 {
-    return R"(Usage: wallwright convert INPUT OUTPUT... [options]
+    return QString(R"(Usage: wallwright convert INPUT OUTPUT... [options]
 
 Reads a project and writes it to each output, in the format of the output's extension:
 
-  .Orv   project, read and written
-  .json  project as readable text, read and written
-  .png   picture of the output, written only
-  .psd   layered picture, each layer of the project one of its own, hidden ones too, written only
-
+%1
 Each path is printed once it is written. A file is replaced only by a complete one.
 
 Options:
@@ -41,7 +54,8 @@ Options:
   --                   all that follows is file names
 
 A COLOUR is "#rrggbb", "#rrggbbaa" or "[red, green, blue, alpha]" with numbers from 0 to 1.
-)";
+)")
+        .arg(formats());
 }
 
 QString info()

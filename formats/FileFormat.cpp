@@ -1,10 +1,12 @@
 #include "formats/FileFormat.h"
 
+#include "base/FileBytes.h"
 #include "formats/PSDExport.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
 
 #include <QFileInfo>
+#include <QImageReader>
 
 #include <algorithm>
 #include <array>
@@ -25,50 +27,118 @@ Result<void> writePsd(const QString &path, const Project &project, const Picture
     return PictureOutput::writePsd(path, project);
 }
 
+using Kind = FileFormat::Kind;
+using Gives = FileFormat::Gives;
+using Appended = FileFormat::Appended;
+
 constexpr std::array formats{
-    FileFormat{ProjectFile::extension, false, false, false, &ProjectFile::read, &writeProject},
-    FileFormat{ProjectText::extension, false, false, false, &ProjectText::read, &writeText},
-    FileFormat{"png", true, false, true, nullptr, &PictureOutput::writePng},
-    FileFormat{PSDExport::extension, true, true, false, nullptr, &writePsd},
+    FileFormat{
+        .kind = Kind::Project,
+        .extension = ProjectFile::extension,
+        .content = "project",
+        .gives = Gives::Project,
+        .isSaved = true,
+        .mimeType = "application/x-wallwright",
+        .read = &ProjectFile::read,
+        .write = &writeProject,
+    },
+    FileFormat{
+        .kind = Kind::Text,
+        .extension = ProjectText::extension,
+        .content = "project as readable text",
+        .gives = Gives::Project,
+        .dropsUnknown = true,
+        .read = &ProjectText::read,
+        .write = &writeText,
+    },
+    FileFormat{
+        .kind = Kind::Png,
+        .extension = "png",
+        .content = "picture of the output",
+        .gives = Gives::Nothing,
+        .isPicture = true,
+        .usesSettings = true,
+        .write = &PictureOutput::writePng,
+    },
+    FileFormat{
+        .kind = Kind::Psd,
+        .extension = PSDExport::extension,
+        .content = "layered picture, each layer of the project one of its own, hidden ones too",
+        .gives = Gives::Nothing,
+        .appended = Appended::Always,
+        .isPicture = true,
+        .isLayered = true,
+        .write = &writePsd,
+    },
+    FileFormat{
+        .kind = Kind::Presets,
+        .extension = "",
+        .content = "preset library",
+        .gives = Gives::Presets,
+        .appended = Appended::Never,
+    },
+    FileFormat{
+        .kind = Kind::Picture,
+        .extension = "",
+        .content = "picture",
+        .gives = Gives::Layer,
+    },
 };
 
-/// ".Orv, .json, .png or .psd"
-QString listOf(const QStringList &extensions)
+/// ".Orv, .json, .png or .psd": of the formats of which `isMeant`.
+template <typename Condition>
+QString extensionsWhere(Condition isMeant)
 {
+    QStringList extensions;
+    for (const FileFormat &format : formats) {
+        if (isMeant(format))
+            extensions.append(QString(".") + format.extension);
+    }
     return extensions.mid(0, extensions.size() - 1).join(", ") + " or " + extensions.last();
 }
 
 QString readableExtensions()
 {
-    QStringList extensions;
-    for (const FileFormat &format : formats) {
-        if (format.read)
-            extensions.append(QString(".") + format.extension);
+    return extensionsWhere([](const FileFormat &format) { return format.read != nullptr; });
+}
+
+/// Pictures are those that Qt's plugins read; names with an extension are listed in lower case too.
+QStringList patternsOf(const FileFormat &format)
+{
+    QStringList patterns;
+    if (format.gives == Gives::Layer) {
+        for (const QByteArray &suffix : QImageReader::supportedImageFormats())
+            patterns.append("*." + QString::fromLatin1(suffix));
+    } else if (*format.extension) {
+        patterns = {QString("*.") + format.extension, QString("*.") + QString(format.extension).toLower()};
     }
-    return listOf(extensions);
-}
-
-QString writableExtensions()
-{
-    QStringList extensions;
-    for (const FileFormat &format : formats)
-        extensions.append(QString(".") + format.extension);
-    return listOf(extensions);
-}
-
-const FileFormat *formatOf(const QString &path)
-{
-    const QString extension = QFileInfo(path).suffix();
-    const auto *const format = std::find_if(formats.begin(), formats.end(), [&](const FileFormat &known) {
-        return extension.compare(QLatin1StringView(known.extension), Qt::CaseInsensitive) == 0;
-    });
-    return format == formats.end() ? nullptr : format;
+    patterns.removeDuplicates();
+    return patterns;
 }
 } // namespace
 
+std::span<const FileFormat> FileFormat::all()
+{
+    return formats;
+}
+
+const FileFormat &FileFormat::of(Kind kind)
+{
+    return formats[static_cast<std::size_t>(kind)];
+}
+
+const FileFormat *FileFormat::named(const QString &path)
+{
+    const QString extension = QFileInfo(path).suffix();
+    const auto *const format = std::find_if(formats.begin(), formats.end(), [&](const FileFormat &known) {
+        return *known.extension && extension.compare(QLatin1StringView(known.extension), Qt::CaseInsensitive) == 0;
+    });
+    return format == formats.end() ? nullptr : format;
+}
+
 Result<FileFormat> FileFormat::toRead(const QString &path)
 {
-    const FileFormat *format = formatOf(path);
+    const FileFormat *format = named(path);
     if (!format)
         return fail(QString("%1: the name must end in %2").arg(path, readableExtensions()));
     if (!format->read)
@@ -79,8 +149,39 @@ Result<FileFormat> FileFormat::toRead(const QString &path)
 
 Result<FileFormat> FileFormat::toWrite(const QString &path)
 {
-    const FileFormat *format = formatOf(path);
+    const FileFormat *format = named(path);
     if (!format)
-        return fail(QString("%1: the name must end in %2").arg(path, writableExtensions()));
+        return fail(QString("%1: the name must end in %2").arg(path, extensionsWhere([](const FileFormat &known) {
+                                                                   return known.write != nullptr;
+                                                               })));
     return *format;
+}
+
+const FileFormat &FileFormat::toOpen(const QString &path)
+{
+    const FileFormat *format = named(path);
+    return format && format->read ? *format : of(Kind::Project);
+}
+
+QStringList FileFormat::patternsOf(Gives gives)
+{
+    QStringList patterns;
+    for (const FileFormat &format : formats) {
+        if (format.gives == gives)
+            patterns += ::patternsOf(format);
+    }
+    return patterns;
+}
+
+QString FileFormat::finalPath(const QString &typed) const
+{
+    switch (appended) {
+    case Appended::WhereMissing:
+        return FileBytes::withExtension(typed, extension);
+    case Appended::Always:
+        return typed + '.' + extension;
+    case Appended::Never:
+        break;
+    }
+    return typed;
 }

@@ -205,7 +205,7 @@ void MainWindow::connectDocument()
     connect(&m_interface, &WindowInterface::sheetAsked, &m_sheets, &Sheets::begin);
     connect(&m_interface, &WindowInterface::sheetDone, &m_sheets, &Sheets::end);
     connect(&m_sheets, &Sheets::imageAsked, this,
-            [this] { m_interface.prepareOpenPanel("Add image", WindowInterface::Files::Pictures); });
+            [this] { m_interface.prepareOpenPanel("Add image", FileFormat::Gives::Layer); });
     connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
     connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
@@ -324,8 +324,7 @@ void MainWindow::dropEvent(QDropEvent *event)
     QStringList pictures;
     for (const QUrl &url : event->mimeData()->urls()) {
         const QString path = url.toLocalFile();
-        const QString extension = QFileInfo(path).suffix().toLower();
-        if (extension == "orv" || extension == "json")
+        if (const FileFormat *format = FileFormat::named(path); format && format->gives == FileFormat::Gives::Project)
             return m_document.openProjectPre(path);
         if (path.isEmpty())
             m_powerBar->showFailure(QString("Cannot place %1: it is no file on this computer; save it here first, then "

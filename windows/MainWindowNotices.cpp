@@ -1,4 +1,3 @@
-#include "formats/ProjectFile.h"
 #include "windows/MainWindow.h"
 #include "windows/NoticeBar.h"
 
@@ -48,7 +47,7 @@ void MainWindow::tellRemainingWork()
 void MainWindow::tellChangedElsewhere(const QString &path)
 {
     const auto saveAs = [this] {
-        m_interface.prepareSavePanel("Save project", ProjectFile::extension);
+        m_interface.prepareSavePanel("Save project", FileFormat::Kind::Project);
         m_document.saveProject();
     };
     auto *notice = new NoticeBar(

@@ -110,11 +110,11 @@ QWidget *PresetPanel::head()
     menu->addAction("&Keep selected layers", &m_document, &LWAppDelegate::keepAsPresets);
     menu->addSeparator();
     menu->addAction("&Open library...", this, [this] {
-        m_interface.prepareOpenPanel("Open preset library");
+        m_interface.prepareOpenPanel("Open preset library", FileFormat::Gives::Presets);
         m_document.openPresets();
     });
     menu->addAction("&Save library...", this, [this] {
-        m_interface.prepareSavePanel("Save preset library", {}, WindowInterface::Appended::Never);
+        m_interface.prepareSavePanel("Save preset library", FileFormat::Kind::Presets);
         m_document.savePresets();
     });
     menu->addSeparator();

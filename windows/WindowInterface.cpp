@@ -1,7 +1,6 @@
 #include "windows/WindowInterface.h"
 
 #include "app/Settings.h"
-#include "base/FileBytes.h"
 #include "canvas/LWCanvasImageView.h"
 #include "windows/ProgressDialog.h"
 #include "windows/inspector/PicturePreview.h"
@@ -13,7 +12,6 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHeaderView>
-#include <QImageReader>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
@@ -60,26 +58,14 @@ void setUp(QFileDialog &panel, QAbstractFileIconProvider &icons)
     }
 }
 
-QString pictureFilter()
+/// To list, beside all files, those that give what is wanted.
+QStringList filtersFor(FileFormat::Gives wanted)
 {
-    QStringList patterns;
-    for (const QByteArray &format : QImageReader::supportedImageFormats())
-        patterns.append("*." + QString::fromLatin1(format));
-    return "Pictures (" + patterns.join(' ') + ")";
-}
-
-/// To list, beside all files, those of a kind.
-QStringList filtersFor(WindowInterface::Files files)
-{
-    switch (files) {
-    case WindowInterface::Files::Projects:
-        return {allFiles, "Projects (*.Orv *.orv *.json)"};
-    case WindowInterface::Files::Pictures:
-        return {allFiles, pictureFilter()};
-    case WindowInterface::Files::Any:
-        break;
-    }
-    return {allFiles};
+    const QStringList patterns = FileFormat::patternsOf(wanted);
+    if (patterns.isEmpty())
+        return {allFiles};
+    const QString content = wanted == FileFormat::Gives::Project ? "Projects" : "Pictures";
+    return {allFiles, content + " (" + patterns.join(' ') + ')'};
 }
 
 /// Beside the list of files.
@@ -118,32 +104,19 @@ WindowInterface::WindowInterface(QWidget &window) : m_window(window), m_icons(st
 
 WindowInterface::~WindowInterface() = default;
 
-void WindowInterface::prepareSavePanel(const QString &title, const QString &extension, Appended appended)
+void WindowInterface::prepareSavePanel(const QString &title, FileFormat::Kind format)
 {
     m_saveTitle = title;
-    m_saveExtension = extension;
-    m_saveAppended = appended;
+    m_saveFormat = format;
 }
 
 QString WindowInterface::proposedName() const
 {
-    if (m_saveAppended == Appended::Never)
+    if (m_saveFormat == FileFormat::Kind::Presets)
         return "Presets";
+    const FileFormat &format = FileFormat::of(m_saveFormat);
     const QString name = m_file.isEmpty() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
-    return m_saveAppended == Appended::Always ? name : name + '.' + m_saveExtension;
-}
-
-QString WindowInterface::finalPath(const QString &typed) const
-{
-    switch (m_saveAppended) {
-    case Appended::WhereMissing:
-        return FileBytes::withExtension(typed, m_saveExtension);
-    case Appended::Always:
-        return typed + '.' + m_saveExtension;
-    case Appended::Never:
-        break;
-    }
-    return typed;
+    return format.appended == FileFormat::Appended::Always ? name : name + '.' + format.extension;
 }
 
 std::optional<QString> WindowInterface::runModalOpenPanel()
@@ -151,8 +124,8 @@ std::optional<QString> WindowInterface::runModalOpenPanel()
     QFileDialog panel(&m_window, m_openTitle, startFolder(m_folder));
     setUp(panel, *m_icons);
     panel.setFileMode(QFileDialog::ExistingFile);
-    panel.setNameFilters(filtersFor(m_openFiles));
-    if (m_openFiles == Files::Pictures)
+    panel.setNameFilters(filtersFor(m_wanted));
+    if (m_wanted == FileFormat::Gives::Layer)
         addPreview(panel);
     const std::optional<QString> path = run(panel);
     if (path)
@@ -166,14 +139,15 @@ std::optional<QString> WindowInterface::runModalSavePanel()
     setUp(panel, *m_icons);
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setFileMode(QFileDialog::AnyFile);
-    if (!m_saveExtension.isEmpty())
-        panel.setNameFilters({allFiles, QString("%1 files (*.%1)").arg(m_saveExtension)});
+    const FileFormat &format = FileFormat::of(m_saveFormat);
+    if (const QString extension = format.extension; !extension.isEmpty())
+        panel.setNameFilters({allFiles, QString("%1 files (*.%1)").arg(extension)});
     // Qt would ask about the name as it was typed, which is not the file that is replaced.
     panel.setOption(QFileDialog::DontConfirmOverwrite);
     panel.selectFile(proposedName());
 
     std::optional<QString> path = run(panel);
-    while (path && !mayReplace(finalPath(*path)))
+    while (path && !mayReplace(format.finalPath(*path)))
         path = run(panel);
     if (path)
         m_folder = QFileInfo(*path).path();

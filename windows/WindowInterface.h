@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/UserInterface.h"
+#include "formats/FileFormat.h"
 
 #include <QAbstractFileIconProvider>
 #include <QElapsedTimer>
@@ -25,29 +26,15 @@ public:
 
     /// Asks whether to do what cannot be undone; `button` says yes. Enter and Escape say no.
     bool confirm(const QString &message, const QString &informativeText, const QString &button);
-    /// The kind of file that an open panel is for. Any file can be chosen; the panel offers to list those alone, and
-    /// shows pictures in small.
-    enum class Files
-    {
-        Any,
-        Projects,
-        Pictures
-    };
-    /// What the next open panel is for.
-    void prepareOpenPanel(const QString &title, Files files = Files::Any)
+    /// What the next open panel is for. Any file can be chosen; the panel offers to list those alone that give what is
+    /// wanted, and shows pictures in small.
+    void prepareOpenPanel(const QString &title, FileFormat::Gives wanted)
     {
         m_openTitle = title;
-        m_openFiles = files;
+        m_wanted = wanted;
     }
-    /// How the document appends an extension to the name that was typed.
-    enum class Appended
-    {
-        WhereMissing, ///< "show" and "show.png" both become "show.png"
-        Always,       ///< "show.psd" becomes "show.psd.psd"
-        Never         ///< the name as it was typed
-    };
     /// What the next save panel is for. The panel asks before a file of the final name is replaced.
-    void prepareSavePanel(const QString &title, const QString &extension, Appended appended = Appended::WhereMissing);
+    void prepareSavePanel(const QString &title, FileFormat::Kind format);
 
     std::optional<QString> runModalOpenPanel() override;
     std::optional<QString> runModalSavePanel() override;
@@ -103,7 +90,6 @@ signals:
 
 private:
     QString proposedName() const;
-    QString finalPath(const QString &typed) const;
     bool mayReplace(const QString &path);
 
     QWidget &m_window;
@@ -112,10 +98,9 @@ private:
     QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own
     QString m_openTitle;
-    Files m_openFiles = Files::Any;
+    FileFormat::Gives m_wanted = FileFormat::Gives::Nothing;
     QString m_saveTitle;
-    QString m_saveExtension;
-    Appended m_saveAppended = Appended::WhereMissing;
+    FileFormat::Kind m_saveFormat = FileFormat::Kind::Project;
     QElapsedTimer m_workTime; ///< since the work began; invalid while there is none
     std::unique_ptr<ProgressDialog> m_progressDialog;
 };

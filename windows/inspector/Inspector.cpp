@@ -333,7 +333,7 @@ QList<QColor> Inspector::coloursOfShow() const
 
 void Inspector::choosePicture()
 {
-    m_interface.prepareOpenPanel("Choose picture", WindowInterface::Files::Pictures);
+    m_interface.prepareOpenPanel("Choose picture", FileFormat::Gives::Layer);
     m_document.choosePicture();
 }
 
