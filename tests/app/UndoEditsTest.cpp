@@ -1,4 +1,5 @@
 #include "still/LWStill.h"
+#include "tests/app/AnotherValue.h"
 #include "tests/app/UndoFixture.h"
 
 #include <QMetaProperty>
@@ -8,21 +9,6 @@ namespace {
 class UndoEdits : public UndoFixture
 {
 protected:
-    /// Another value than `value`.
-    static QVariant another(const QVariant &value)
-    {
-        if (value.metaType() == QMetaType::fromType<OptionalColour>())
-            return QVariant::fromValue(OptionalColour(Colour{0.25, 0.5, 0.75, 1}));
-        if (value.metaType() == QMetaType::fromType<std::optional<QStringList>>())
-            return QVariant::fromValue(std::optional(QStringList{"0,1", "1,1"}));
-        if (value.metaType() == QMetaType::fromType<Address>())
-            return QVariant::fromValue(Address::fromLocalFile("/show/other.png"));
-        if (value.typeId() == QMetaType::QString)
-            return value.toString() + "!";
-        if (value.typeId() == QMetaType::QSizeF)
-            return QSizeF(4, 3);
-        return value.typeId() == QMetaType::Bool ? QVariant(!value.toBool()) : QVariant(value.toLongLong() + 3);
-    }
     static bool isValueOfItsOwn(const QMetaProperty &property)
     {
         const bool isReference = property.metaType().flags().testFlag(QMetaType::PointerToQObject);
@@ -38,7 +24,7 @@ protected:
             if (!isValueOfItsOwn(property))
                 continue;
             const QVariant before = property.read(&layer);
-            const QVariant after = another(before);
+            const QVariant after = anotherValue(before);
             ASSERT_NE(before, after) << property.name();
             ASSERT_TRUE(property.write(&layer, after)) << property.name();
             document.finishEdit("Value");
@@ -111,7 +97,7 @@ TEST_F(UndoEdits, EditsInTheInspectorAreNamedByTheirValue)
                                                         {"showPower", "power text"},
                                                         {"pattern", "pattern of the path"}};
     for (const auto &[property, name] : names) {
-        edit(property, another(selected()->property(property)));
+        edit(property, anotherValue(selected()->property(property)));
         EXPECT_EQ(stack.undoText(), name) << property;
     }
     document.choosePattern(6);
@@ -122,7 +108,7 @@ TEST_F(UndoEdits, NumbersColoursAndSwitchesComeBackWithTheirPixels)
 {
     expectUndone("panel width", [&] { edit("panelWidth", 100); });
     expectUndone("rows", [&] { edit("row", 3); });
-    expectUndone("colour 1", [&] { edit("rectColor", another(selected()->property("rectColor"))); });
+    expectUndone("colour 1", [&] { edit("rectColor", anotherValue(selected()->property("rectColor"))); });
     expectUndone("visibility", [&] { edit("visible", false); });
     expectUndone("top", [&] { edit("ypoint", 40); });
 }
