@@ -12,13 +12,12 @@
 
 namespace {
 /// Ports `first` to `last`, each with `lines` lines of panels.
-PortGroup portGroup(const WallFacts &wall, qint64 first, qint64 last, qint64 lines)
+PortGroup portGroup(const WallFacts &wall, const PanelGrid &grid, qint64 first, qint64 last, qint64 lines)
 {
     const bool isRows = wall.path->along == FlowPattern::Along::Rows;
     PortGroup group{first, last, lines, lines * (isRows ? wall.columns : wall.rows), std::nullopt};
-    const qint64 panelPixels = qint64{wall.panelWidth} * wall.panelHeight;
     qint64 pixels = 0;
-    if (!qMulOverflow(group.panels, panelPixels, &pixels))
+    if (!qMulOverflow(group.panels, grid.panelPixels(), &pixels))
         group.pixels = pixels;
     return group;
 }
@@ -28,21 +27,21 @@ std::vector<PortGroup> portGroups(const WallFacts &wall)
     const bool hasPixels = wall.panels > 0 && wall.panelWidth > 0 && wall.panelHeight > 0;
     if (!wall.path || !hasPixels)
         return {};
-    const PanelGrid grid{wall.columns, wall.rows, wall.panelWidth, wall.panelHeight};
+    const PanelGrid grid{{wall.columns, wall.panelWidth}, {wall.rows, wall.panelHeight}};
     const std::optional<PortSplit> split = PortSplit::of(grid, *wall.path, wall.pixelLimit);
     if (!split)
         return {};
     if (split->isOneRun) {
         const bool isRows = wall.path->along == FlowPattern::Along::Rows;
-        return {portGroup(wall, 1, 1, isRows ? wall.rows : wall.columns)};
+        return {portGroup(wall, grid, 1, 1, isRows ? wall.rows : wall.columns)};
     }
 
     std::vector<PortGroup> groups;
     const qint64 full = std::max(split->fullPorts, qint64{0});
     if (full > 0)
-        groups.push_back(portGroup(wall, 1, full, split->linesPerPort));
+        groups.push_back(portGroup(wall, grid, 1, full, split->linesPerPort));
     if (split->remainderLines > 0)
-        groups.push_back(portGroup(wall, full + 1, full + 1, split->remainderLines));
+        groups.push_back(portGroup(wall, grid, full + 1, full + 1, split->remainderLines));
     return groups;
 }
 

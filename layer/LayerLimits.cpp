@@ -1,6 +1,7 @@
 #include "layer/LayerLimits.h"
 
 #include "drawing/Raster.h"
+#include "layer/WallGrid.h"
 
 namespace LayerLimits {
 
@@ -17,9 +18,8 @@ Result<void> check(const std::vector<LayerPointer> &layers)
         return isKept;
     qint64 pixels = 0;
     for (const LayerPointer &layer : layers) {
-        const qint64 width = qint64{layer->col()} * layer->panelWidth();
-        const qint64 height = qint64{layer->row()} * layer->panelHeight();
-        pixels += Raster::canHold(width, height) ? width * height : 0;
+        const PanelGrid grid = panelGridOf(*layer);
+        pixels += Raster::canHold(grid.columns.size(), grid.rows.size()) ? grid.pixels() : 0;
     }
     if (pixels <= mostWallPixels)
         return {};

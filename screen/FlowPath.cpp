@@ -14,20 +14,19 @@ namespace {
 /// A run without regard to whether it snakes along rows or columns: u runs along the lines of panels, v across them.
 struct Serpentine
 {
-    double panelAlong;
-    double panelAcross;
-    int panelsPerLine;
-    int lines;      ///< of the run; 0 or less: nothing is walked
-    double first;   ///< v of the first line's centre
-    bool startsLow; ///< the first line is walked towards greater u
-    bool ascends;   ///< lines follow one another towards greater v
+    PanelAxis alongLines;  ///< the panels of a line, by u
+    PanelAxis acrossLines; ///< the lines, by v
+    int lines;             ///< of the run; 0 or less: nothing is walked
+    double first;          ///< v where the first line is walked, about its centre
+    bool startsLow;        ///< the first line is walked towards greater u
+    bool ascends;          ///< lines follow one another towards greater v
 };
 
 /// Where one line of panels is walked from and to, and where the next one lies.
 struct Line
 {
-    double end;     ///< u of its last panel centre
-    double forward; ///< +1 or -1 along u
+    double end;       ///< u of its last panel centre
+    double beforeEnd; ///< half a panel short of it, where its straight part stops
     double v;
 };
 
@@ -35,15 +34,12 @@ struct Line
 class Walk
 {
 public:
-    Walk(const Serpentine &serpentine, bool alongRows) : m_serpentine(serpentine), m_alongRows(alongRows)
-    {
-        const double half = serpentine.panelAlong * 0.5;
-        const double length = serpentine.panelAlong * serpentine.panelsPerLine;
-        m_low = half;
-        m_high = length - half;
-        m_middle = length * 0.5;
-        m_last = QPointF(0, serpentine.first);
-    }
+    Walk(const Serpentine &serpentine, bool alongRows)
+        : m_serpentine(serpentine), m_alongRows(alongRows), m_low(serpentine.alongLines.centre(0)),
+          m_high(serpentine.alongLines.centre(serpentine.alongLines.count() - qint64{1})),
+          m_middle(static_cast<double>(serpentine.alongLines.size()) * 0.5), m_last(0, serpentine.first),
+          m_firstLine(serpentine.acrossLines.lineAt(static_cast<qint64>(serpentine.first)).value_or(0))
+    {}
 
     Run run(bool endsForward)
     {
@@ -67,16 +63,17 @@ private:
     void walkLine(Run &run, int index)
     {
         const bool isForward = (index % 2 == 0) == m_serpentine.startsLow;
-        const double across = m_serpentine.ascends ? m_serpentine.panelAcross : -m_serpentine.panelAcross;
-        const Line line{isForward ? m_high : m_low, isForward ? 1.0 : -1.0, m_serpentine.first + index * across};
+        const PanelAxis &panels = m_serpentine.alongLines;
+        const qint64 edge = isForward ? panels.edge(panels.count() - qint64{1}) : panels.edge(1);
+        const Line line{isForward ? m_high : m_low, static_cast<double>(edge), m_serpentine.first + way(0, index)};
 
-        run.line.lineTo(point(beforeEnd(line), line.v));
+        run.line.lineTo(point(line.beforeEnd, line.v));
         run.passing.push_back(arrowhead(m_middle, line.v, along(isForward)));
         m_last = QPointF(line.end, line.v);
         if (index + 1 == m_serpentine.lines)
             run.line.lineTo(point(line.end, line.v));
         else
-            turn(run, line, across);
+            turn(run, line, way(index, index + 1));
     }
 
     void turn(Run &run, const Line &line, double across)
@@ -85,12 +82,18 @@ private:
         const double next = line.v + across;
         run.passing.push_back({middle, this->across(m_serpentine.ascends)});
         run.line.cubicTo(point(line.end, line.v), middle, middle);
-        run.line.cubicTo(point(line.end, next), point(beforeEnd(line), next), point(beforeEnd(line), next));
-        run.line.lineTo(point(beforeEnd(line), next));
+        run.line.cubicTo(point(line.end, next), point(line.beforeEnd, next), point(line.beforeEnd, next));
+        run.line.lineTo(point(line.beforeEnd, next));
     }
 
-    /// The straight part of a line stops half a panel short of its last centre.
-    double beforeEnd(const Line &line) const { return line.end - line.forward * m_serpentine.panelAlong * 0.5; }
+    /// Along v from one line of the run to another.
+    double way(int from, int to) const
+    {
+        const auto centre = [this](int index) {
+            return m_serpentine.acrossLines.centre(m_firstLine + (m_serpentine.ascends ? index : -index));
+        };
+        return centre(to) - centre(from);
+    }
 
     QPointF point(double u, double v) const { return m_alongRows ? QPointF(u, v) : QPointF(v, u); }
     Arrowhead arrowhead(double u, double v, Direction direction) const { return {point(u, v), direction}; }
@@ -107,18 +110,19 @@ private:
 
     Serpentine m_serpentine;
     bool m_alongRows;
-    double m_low = 0;
-    double m_high = 0;
-    double m_middle = 0;
+    double m_low;
+    double m_high;
+    double m_middle;
     QPointF m_last; ///< (u, v)
+    qint64 m_firstLine;
 };
 
 /// The centre of a run's first line: as given, or that of the line at its near or far end.
-double firstLine(double given, bool ascends, double panelSize, int lines)
+double firstLine(double given, bool ascends, const PanelAxis &acrossLines, int lines)
 {
     if (given > 0)
         return given;
-    return ascends ? panelSize * 0.5 : panelSize * lines - panelSize * 0.5;
+    return acrossLines.centre(ascends ? 0 : lines - qint64{1});
 }
 
 QPoint wholePart(const QPointF &point)
@@ -172,11 +176,11 @@ QPainterPath Arrowhead::path() const
 Run rowsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, double &x, const double &y, bool andRight,
             float andDelimiter)
 {
-    const int rows = lineCount(andDelimiter, grid.row);
-    const double first = firstLine(y, fromBottom, grid.panelHeight, rows);
-    Walk walk({double(grid.panelWidth), double(grid.panelHeight), grid.col, rows, first, !fromRight, fromBottom}, true);
+    const int rows = lineCount(andDelimiter, grid.rows.count());
+    const PanelAxis up = grid.rowsFromBottom();
+    Walk walk({grid.columns, up, rows, firstLine(y, fromBottom, up, rows), !fromRight, fromBottom}, true);
 
-    const bool isEven = grid.row % 2 == 0;
+    const bool isEven = grid.rows.count() % 2 == 0;
     const Run run = walk.run(andRight ? isEven : !isEven);
     if (rows > 0)
         x = walk.lastAlong();
@@ -186,12 +190,11 @@ Run rowsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, double &x, c
 Run columnsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, const double &x, double &y, bool andEnd,
                float andDelimiter)
 {
-    const int columns = lineCount(andDelimiter, grid.col);
-    const double first = firstLine(x, !fromRight, grid.panelWidth, columns);
-    Walk walk({double(grid.panelHeight), double(grid.panelWidth), grid.row, columns, first, fromBottom, !fromRight},
-              false);
+    const int columns = lineCount(andDelimiter, grid.columns.count());
+    const double first = firstLine(x, !fromRight, grid.columns, columns);
+    Walk walk({grid.rowsFromBottom(), grid.columns, columns, first, fromBottom, !fromRight}, false);
 
-    const bool isEven = grid.col % 2 == 0;
+    const bool isEven = grid.columns.count() % 2 == 0;
     const Run run = walk.run(!(andEnd ? isEven : !isEven));
     if (columns > 0)
         y = walk.lastAlong();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "drawing/DrawingSurface.h"
-#include "screen/PortSplit.h"
+#include "grid/PanelGrid.h"
 
 #include <QPainterPath>
 #include <QPointF>

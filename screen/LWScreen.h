@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/Cell.h"
 #include "layer/Layer.h"
 #include "screen/ScreenChart.h"
 
@@ -79,14 +80,7 @@ public:
     /// above it the index is truncated toward zero or stored as a key that no panel has.
     void onImageClick(qint64 x, qint64 y) override;
 
-    /// A panel by its column from the left and its row from the top.
-    struct Panel
-    {
-        int column = 0;
-        int row = 0;
-
-        bool operator==(const Panel &) const = default;
-    };
+    using Panel = Cell;
     /// The panel that a click at an output pixel switches, whether it is on or off; none where a click changes nothing
     /// that can be seen. Less than a panel left of or above the wall it is the first one.
     std::optional<Panel> panelAt(qint64 x, qint64 y) const;

@@ -1,25 +1,19 @@
+#include "layer/WallGrid.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/PanelLabels.h"
 
 #include <QtNumeric>
 
-#include <limits>
-
 namespace {
 /// A narrow panel far to the right has a label of thousands of letters.
 constexpr qsizetype mostLetters = 8;
 
-/// Which panel, counted from `start` in steps of `panelSize`, holds `point`; truncated toward zero. Nothing where
-/// panels have no size or the distance is beyond 64 bits.
-std::optional<qint64> panelIndex(qint64 point, int start, int panelSize)
+/// The line of a wall that begins at `start` which holds `point`; nothing, too, where they are more than 64 bits apart.
+std::optional<qint64> lineUnder(const PanelAxis &axis, qint64 point, int start)
 {
     qint64 distance = 0;
-    if (panelSize == 0 || qSubOverflow(point, qint64{start}, &distance))
-        return std::nullopt;
-    if (distance == std::numeric_limits<qint64>::min() && panelSize == -1)
-        return std::nullopt;
-    return distance / panelSize;
+    return qSubOverflow(point, qint64{start}, &distance) ? std::nullopt : axis.lineAt(distance);
 }
 
 QString columnLetters(int column)
@@ -33,8 +27,9 @@ QString columnLetters(int column)
 
 void LWScreen::onImageClick(qint64 x, qint64 y)
 {
-    const auto column = panelIndex(x, xpoint(), panelWidth());
-    const auto rowFromTop = panelIndex(y, ypoint(), panelHeight());
+    const PanelGrid grid = panelGridOf(*this);
+    const auto column = lineUnder(grid.columns, x, xpoint());
+    const auto rowFromTop = lineUnder(grid.rows, y, ypoint());
     if (!column || !rowFromTop || *column >= col() || *rowFromTop >= row())
         return;
 
@@ -49,8 +44,9 @@ std::optional<LWScreen::Panel> LWScreen::panelAt(qint64 x, qint64 y) const
 {
     if (panelWidth() <= 0 || panelHeight() <= 0)
         return std::nullopt;
-    const qint64 column = panelIndex(x, xpoint(), panelWidth()).value_or(-1);
-    const qint64 rowFromTop = panelIndex(y, ypoint(), panelHeight()).value_or(-1);
+    const PanelGrid grid = panelGridOf(*this);
+    const qint64 column = lineUnder(grid.columns, x, xpoint()).value_or(-1);
+    const qint64 rowFromTop = lineUnder(grid.rows, y, ypoint()).value_or(-1);
     if (column < 0 || column >= col() || rowFromTop < 0 || rowFromTop >= row())
         return std::nullopt;
     return Panel{static_cast<int>(column), static_cast<int>(rowFromTop)};
@@ -58,8 +54,9 @@ std::optional<LWScreen::Panel> LWScreen::panelAt(qint64 x, qint64 y) const
 
 QRectF LWScreen::panelRect(const Panel &panel) const
 {
-    return {xpoint() + double(panel.column) * panelWidth(), ypoint() + double(panel.row) * panelHeight(),
-            double(panelWidth()), double(panelHeight())};
+    const auto [columns, rows] = panelGridOf(*this);
+    return {xpoint() + double(columns.edge(panel.column)), ypoint() + double(rows.edge(panel.row)),
+            double(columns.sizeOf(panel.column)), double(rows.sizeOf(panel.row))};
 }
 
 QString LWScreen::panelLabel(const Panel &panel) const

@@ -1,4 +1,5 @@
 #include "layer/LayerHost.h"
+#include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 
 #include <limits>
@@ -67,8 +68,9 @@ ScreenChart chartOf(const LWScreen &screen, const LayerHost &host)
 void LWScreen::drawInRect()
 {
     host().hideRectangle();
-    setScreenSizeHeight(recordedSide(qint64{row()} * panelHeight()));
-    setScreenSizeWidth(recordedSide(qint64{col()} * panelWidth()));
+    const PanelGrid grid = panelGridOf(*this);
+    setScreenSizeHeight(recordedSide(grid.rows.size()));
+    setScreenSizeWidth(recordedSide(grid.columns.size()));
 
     const bool hasPanels = row() != 0 && col() != 0;
     if (hasPanels && screenFontEnable())

@@ -1,6 +1,7 @@
 #include "screen/LostWall.h"
 
 #include "drawing/Raster.h"
+#include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 
 #include <QLocale>
@@ -21,7 +22,8 @@ namespace LostWall {
 
 Size sizeOf(const Layer &wall)
 {
-    return {qint64{wall.col()} * wall.panelWidth(), qint64{wall.row()} * wall.panelHeight()};
+    const PanelGrid grid = panelGridOf(wall);
+    return {grid.columns.size(), grid.rows.size()};
 }
 
 bool isTooLarge(qint64 width, qint64 height)

@@ -20,9 +20,9 @@ constexpr int leastMaskWidth = 16;
 
 PanelLabels::PanelLabels(const ScreenChart &chart)
     : m_rasterWidth(static_cast<int>(chart.wallWidth())), m_rasterHeight(static_cast<int>(chart.wallHeight())),
-      m_columns(std::max(chart.col, 0)), m_rows(std::max(chart.row, 0)), m_panelWidth(chart.panelWidth),
-      m_panelHeight(chart.panelHeight), m_fontSize(chart.labelFontSize), m_colour(chart.labelColor.value()),
-      m_lettersByColumn(!chart.XYLabelDirection)
+      m_columns(std::max(chart.col, 0)), m_rows(std::max(chart.row, 0)), m_fromLeft(chart.panelGrid().columns),
+      m_fromBottom(chart.panelGrid().rowsFromBottom()), m_fontSize(chart.labelFontSize),
+      m_colour(chart.labelColor.value()), m_lettersByColumn(!chart.XYLabelDirection)
 {
     const TextLine widest("W", m_fontSize);
     if (widest.size().isEmpty() || m_columns == 0 || m_rows == 0)
@@ -95,8 +95,9 @@ const PanelLabels::Part &PanelLabels::number(int row, int column) const
 QPoint PanelLabels::labelPoint(int row, int column) const
 {
     const double margin = ChartConstants::init2().labelMargin;
-    const double y = (row + 1.0) * m_panelHeight - m_fontSize - margin;
-    return {static_cast<int>(column * m_panelWidth + margin), static_cast<int>(y)};
+    const double x = static_cast<double>(m_fromLeft.edge(column)) + margin;
+    const double y = static_cast<double>(m_fromBottom.edge(row + 1)) - m_fontSize - margin;
+    return {static_cast<int>(x), static_cast<int>(y)};
 }
 
 double PanelLabels::estimatedPixels(const QSize &letter) const

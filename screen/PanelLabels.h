@@ -2,6 +2,7 @@
 
 #include "drawing/DrawingSurface.h"
 #include "drawing/TextLine.h"
+#include "grid/PanelAxis.h"
 
 #include <QString>
 
@@ -63,8 +64,8 @@ private:
     int m_rasterHeight;
     int m_columns;
     int m_rows;
-    int m_panelWidth;
-    int m_panelHeight;
+    PanelAxis m_fromLeft;
+    PanelAxis m_fromBottom;
     double m_fontSize;
     Colour m_colour;
     bool m_lettersByColumn;

@@ -29,10 +29,10 @@ PanelColours PanelColours::of(const ScreenChart &chart)
 }
 
 PanelPainter::PanelPainter(const ScreenChart &chart)
-    : m_columns(std::max(chart.col, 0)), m_rows(std::max(chart.row, 0)), m_panelWidth(chart.panelWidth),
-      m_panelHeight(chart.panelHeight), m_frameWidth(chart.BoarderEnable ? std::max(chart.boarderWidth, 0) : 0),
-      m_colours(PanelColours::of(chart)), m_firstIsSpecial(m_colours.firstPanel != m_colours.panel[0]),
-      m_hidden(chart.hiddenBoxes, m_columns, m_rows)
+    : m_columns(chart.panelGrid().columns), m_rows(chart.panelGrid().rowsFromBottom()),
+      m_frameWidth(chart.BoarderEnable ? std::max(chart.boarderWidth, 0) : 0), m_colours(PanelColours::of(chart)),
+      m_firstIsSpecial(m_colours.firstPanel != m_colours.panel[0]),
+      m_hidden(chart.hiddenBoxes, std::max(chart.col, 0), std::max(chart.row, 0))
 {
     const auto width = static_cast<std::size_t>(chart.wallWidth());
     for (int phase = 0; phase < 2; ++phase) {
@@ -46,9 +46,9 @@ PanelPainter::PanelPainter(const ScreenChart &chart)
 
 void PanelPainter::paint(QImage &raster) const
 {
-    if (m_columns == 0 || m_rows == 0) // a wall counted in negative panels has pixels, but no panel
+    if (m_columns.count() <= 0 || m_rows.count() <= 0) // a wall counted in negative panels has pixels, but no panel
         return raster.fill(Qt::transparent);
-    for (int panelRow = 0; panelRow < m_rows; ++panelRow)
+    for (int panelRow = 0; panelRow < m_rows.count(); ++panelRow)
         paintPanelRow(raster, panelRow);
     PixelRows::finishCopies();
 }
@@ -60,7 +60,7 @@ void PanelPainter::paintPanelRow(QImage &raster, int panelRow) const
     PixelRow ownInner;
     PixelRow ownEdge;
     const bool isFirst = panelRow == 0 && m_firstIsSpecial;
-    const bool hasHidden = m_hidden.containsAnyInRow(m_rows - 1 - panelRow);
+    const bool hasHidden = m_hidden.containsAnyInRow(m_rows.count() - 1 - panelRow);
     if (isFirst || hasHidden) {
         ownInner = *inner;
         ownEdge = *edge;
@@ -72,10 +72,11 @@ void PanelPainter::paintPanelRow(QImage &raster, int panelRow) const
         edge = &ownEdge;
     }
 
-    const int bottom = raster.height() - 1 - panelRow * m_panelHeight;
-    const int inset = frameInset(m_panelHeight);
-    for (int inPanel = 0; inPanel < m_panelHeight; ++inPanel) {
-        const bool isEdge = inPanel < inset || inPanel >= m_panelHeight - inset;
+    const int bottom = raster.height() - 1 - static_cast<int>(m_rows.edge(panelRow));
+    const int height = m_rows.sizeOf(panelRow);
+    const int inset = frameInset(height);
+    for (int inPanel = 0; inPanel < height; ++inPanel) {
+        const bool isEdge = inPanel < inset || inPanel >= height - inset;
         auto *pixels = reinterpret_cast<QRgb *>(raster.scanLine(bottom - inPanel));
         PixelRows::copyPastCache(pixels, (isEdge ? edge : inner)->data(), raster.width());
     }
@@ -88,39 +89,40 @@ int PanelPainter::frameInset(int side) const
 
 void PanelPainter::fillPanels(PixelRow &pixels, const std::array<Colour, 2> &colours, int phase) const
 {
-    for (int column = 0; column < m_columns; ++column) {
+    for (int column = 0; column < m_columns.count(); ++column) {
         const Colour &colour = colours[static_cast<std::size_t>((phase + column) % 2)];
-        std::fill_n(pixels.begin() + qsizetype{column} * m_panelWidth, m_panelWidth, colour.toPremultipliedPixel());
+        std::fill_n(pixels.begin() + m_columns.edge(column), m_columns.sizeOf(column), colour.toPremultipliedPixel());
     }
 }
 
 void PanelPainter::addUprightFrames(PixelRow &pixels, int phase) const
 {
-    const int inset = frameInset(m_panelWidth);
-    for (int column = 0; column < m_columns; ++column) {
+    for (int column = 0; column < m_columns.count(); ++column) {
         const QRgb pixel = m_colours.frame[static_cast<std::size_t>((phase + column) % 2)].toPremultipliedPixel();
-        const auto left = pixels.begin() + qsizetype{column} * m_panelWidth;
-        std::fill_n(left, inset, pixel);
-        std::fill_n(left + m_panelWidth - inset, inset, pixel);
+        const int inset = frameInset(m_columns.sizeOf(column));
+        std::fill_n(pixels.begin() + m_columns.edge(column), inset, pixel);
+        std::fill_n(pixels.begin() + m_columns.edge(column + 1) - inset, inset, pixel);
     }
 }
 
 void PanelPainter::clearHiddenPanels(PixelRow &pixels, int panelRow) const
 {
-    const int inset = frameInset(m_panelWidth);
-    const int holeWidth = std::max(m_panelWidth - 2 * inset, 0);
-    for (int column = 0; column < m_columns; ++column) {
-        if (m_hidden.contains(m_rows - 1 - panelRow, column))
-            std::fill_n(pixels.begin() + qsizetype{column} * m_panelWidth + inset, holeWidth, QRgb{0});
+    for (int column = 0; column < m_columns.count(); ++column) {
+        if (!m_hidden.contains(m_rows.count() - 1 - panelRow, column))
+            continue;
+        const int width = m_columns.sizeOf(column);
+        const int inset = frameInset(width);
+        std::fill_n(pixels.begin() + m_columns.edge(column) + inset, std::max(width - 2 * inset, 0), QRgb{0});
     }
 }
 
 void PanelPainter::paintFirstPanel(PixelRow &inner, PixelRow &edge) const
 {
     const QRgb frame = m_colours.firstFrame.toPremultipliedPixel();
-    const int inset = frameInset(m_panelWidth);
-    std::fill_n(edge.begin(), m_panelWidth, frame);
-    std::fill_n(inner.begin(), m_panelWidth, m_colours.firstPanel.toPremultipliedPixel());
+    const int width = m_columns.sizeOf(0);
+    const int inset = frameInset(width);
+    std::fill_n(edge.begin(), width, frame);
+    std::fill_n(inner.begin(), width, m_colours.firstPanel.toPremultipliedPixel());
     std::fill_n(inner.begin(), inset, frame);
-    std::fill_n(inner.begin() + m_panelWidth - inset, inset, frame);
+    std::fill_n(inner.begin() + width - inset, inset, frame);
 }

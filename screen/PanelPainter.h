@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/Colour.h"
+#include "grid/PanelAxis.h"
 #include "screen/HiddenPanels.h"
 
 #include <QImage>
@@ -45,10 +46,8 @@ private:
     void clearHiddenPanels(PixelRow &pixels, int panelRow) const;
     void paintFirstPanel(PixelRow &inner, PixelRow &edge) const;
 
-    int m_columns;
-    int m_rows;
-    int m_panelWidth;
-    int m_panelHeight;
+    PanelAxis m_columns;
+    PanelAxis m_rows; ///< from the bottom
     int m_frameWidth;
     PanelColours m_colours;
     bool m_firstIsSpecial;

@@ -25,12 +25,12 @@ std::optional<FlowPattern> FlowPattern::ofCode(qint64 code)
 std::optional<PortSplit> PortSplit::of(const PanelGrid &grid, const FlowPattern &pattern, qint64 pixelLimit)
 {
     const bool isRows = pattern.along == FlowPattern::Along::Rows;
-    const qint64 lines = isRows ? grid.row : grid.col;
-    const qint64 panelsPerLine = isRows ? grid.col : grid.row;
-    const qint64 panelPixels = qint64{grid.panelWidth} * grid.panelHeight;
+    const qint64 lines = isRows ? grid.rows.count() : grid.columns.count();
+    const qint64 panelsPerLine = isRows ? grid.columns.count() : grid.rows.count();
+    const qint64 panelPixels = grid.panelPixels();
 
     PortSplit split;
-    split.m_panelSize = isRows ? grid.panelHeight : grid.panelWidth;
+    split.m_lines = isRows ? grid.rowsFromBottom() : grid.columns;
     split.m_startsAtFarEnd = isRows ? !pattern.fromBottom : pattern.fromRight;
     split.isOneRun = pixelLimit == 0;
     if (split.isOneRun)
@@ -64,12 +64,11 @@ PortSplit::Port PortSplit::port(qint64 index) const
     if (isOneRun)
         return {-1.0, 0};
 
-    const double size = static_cast<double>(m_panelSize);
-    const double half = static_cast<double>(m_panelSize / 2);
-    const double firstLine = static_cast<double>(linesPerPort) * static_cast<double>(index);
+    const qint64 firstLine = linesPerPort * index;
     const bool isRemainder = index >= fullPorts;
     const qint64 lines = isRemainder ? remainderLines : linesPerPort;
-    const double startFromNear = size * firstLine + half;
-    const double startFromFar = size * (firstLine + static_cast<double>(lines)) - half;
-    return {m_startsAtFarEnd ? startFromFar : startFromNear, lines};
+    const qint64 end = firstLine + lines;
+    const qint64 startFromNear = m_lines.edge(firstLine) + m_lines.sizeOf(firstLine) / 2;
+    const qint64 startFromFar = m_lines.edge(end) - m_lines.sizeOf(end - 1) / 2;
+    return {static_cast<double>(m_startsAtFarEnd ? startFromFar : startFromNear), lines};
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include "grid/PanelGrid.h"
 
 #include <optional>
 
@@ -20,15 +20,6 @@ struct FlowPattern
 
     /// The pattern of a code; nothing for a code other than 0 to 7.
     static std::optional<FlowPattern> ofCode(qint64 code);
-};
-
-/// A wall as the data path sees it: whole panels, any numbers.
-struct PanelGrid
-{
-    int col = 0;
-    int row = 0;
-    int panelWidth = 0;
-    int panelHeight = 0;
 };
 
 /// Which rows (or columns) of a wall hang on which port of the processor. Ports take whole rows, counted from the
@@ -51,7 +42,8 @@ struct PortSplit
     qint64 fullPorts = 0;      ///< how many full ports there are; 0 or less: none
     qint64 remainderLines = 0; ///< rows or columns of the last, partial port; 0: none
 
-    /// Nothing where a division by zero leaves no split: a wall without panels, or panels without pixels.
+    /// A panel counts as one of the regular size. Nothing where a division by zero leaves no split: a wall without
+    /// panels, or panels without pixels.
     static std::optional<PortSplit> of(const PanelGrid &grid, const FlowPattern &pattern, qint64 pixelLimit);
 
     /// How many runs there are, and the run of port `index`, 0 the first.
@@ -59,6 +51,6 @@ struct PortSplit
     Port port(qint64 index) const;
 
 private:
-    qint64 m_panelSize = 0; ///< of a panel, across the lines
+    PanelAxis m_lines; ///< from the bottom, or from the left
     bool m_startsAtFarEnd = false;
 };

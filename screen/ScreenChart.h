@@ -3,7 +3,7 @@
 #include "base/Colour.h"
 #include "drawing/DrawingSurface.h"
 #include "drawing/TextLine.h"
-#include "screen/PortSplit.h"
+#include "grid/PanelGrid.h"
 
 #include <QImage>
 #include <QPoint>
@@ -57,9 +57,9 @@ public:
     qint64 phases = 1;
 
     /// The size of the wall in pixels, in 64 bits since a file may claim anything.
-    qint64 wallWidth() const { return qint64{col} * panelWidth; }
-    qint64 wallHeight() const { return qint64{row} * panelHeight; }
-    PanelGrid panelGrid() const { return {col, row, panelWidth, panelHeight}; }
+    qint64 wallWidth() const { return panelGrid().columns.size(); }
+    qint64 wallHeight() const { return panelGrid().rows.size(); }
+    PanelGrid panelGrid() const { return {{col, panelWidth}, {row, panelHeight}}; }
 
     /// The chart as a raster (drawing/Raster.h) of the wall's size, in the memory of `old` where that fits and nobody
     /// else holds it. A null image where the wall has no pixels, more than a raster can hold, or more than there is

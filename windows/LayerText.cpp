@@ -3,6 +3,7 @@
 #include "base/DecimalText.h"
 #include "layer/PixelBox.h"
 #include "layer/PowerCalculator.h"
+#include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 #include "screen/PortSplit.h"
@@ -32,7 +33,8 @@ QString counted(qint64 count, const QString &noun)
 qint64 pixelsOf(const Layer &layer, const FlowPattern &pattern, qint64 lines)
 {
     const bool alongRows = pattern.along == FlowPattern::Along::Rows;
-    return limitedProduct({lines, alongRows ? layer.col() : layer.row(), layer.panelWidth(), layer.panelHeight()});
+    const PanelGrid grid = panelGridOf(layer);
+    return limitedProduct({lines, alongRows ? grid.columns.count() : grid.rows.count(), grid.panelPixels()});
 }
 
 QString missingPicture(const Layer &layer)
@@ -80,7 +82,7 @@ QString portsOf(const Layer &wall)
     if (!split)
         return "No data path";
     if (hangsOnOnePort(*split)) {
-        const qint64 all = limitedProduct({wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()});
+        const qint64 all = panelGridOf(wall).pixels();
         return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
                (isOverPortLimit(wall) ? ", more than one port carries" : "");
     }

@@ -1,6 +1,7 @@
 #include "canvas/tools/PanelPainting.h"
 
 #include "canvas/CanvasDocument.h"
+#include "layer/WallGrid.h"
 #include "screen/HiddenPanels.h"
 
 #include <QRegion>
@@ -12,11 +13,11 @@
 #include <utility>
 
 namespace {
-/// Which panel along an axis, -1 before the first and `count` behind the last.
-int indexAt(qint64 pixel, int start, int panelSize, int count)
+/// The line that is `distance` away from the start of its wall; -1 before the first and `count` behind the last.
+int lineAt(const PanelAxis &axis, qint64 distance)
 {
-    const double index = std::floor(double(pixel - start) / panelSize);
-    return static_cast<int>(std::clamp(index, -1.0, double(count)));
+    const qint64 count = axis.count();
+    return distance < 0 ? -1 : static_cast<int>(std::min(axis.lineAt(distance).value_or(count), count));
 }
 
 QStringList keysOf(const std::vector<LWScreen::Panel> &panels)
@@ -69,8 +70,8 @@ PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen>
 
 PanelPainting::Panel PanelPainting::placeOf(const QPoint &pixel) const
 {
-    return {indexAt(pixel.x(), m_wall->xpoint(), m_wall->panelWidth(), m_wall->col()),
-            indexAt(pixel.y(), m_wall->ypoint(), m_wall->panelHeight(), m_wall->row())};
+    const auto [columns, rows] = panelGridOf(*m_wall);
+    return {lineAt(columns, qint64{pixel.x()} - m_wall->xpoint()), lineAt(rows, qint64{pixel.y()} - m_wall->ypoint())};
 }
 
 void PanelPainting::track(const QPoint &pixel, Shape shape)

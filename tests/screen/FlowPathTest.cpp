@@ -10,7 +10,7 @@ using FlowPath::Direction;
 using FlowPath::Run;
 
 namespace {
-constexpr PanelGrid twoByTwo{.col = 2, .row = 2, .panelWidth = 100, .panelHeight = 100};
+const PanelGrid twoByTwo{{2, 100}, {2, 100}};
 
 std::vector<QPointF> pointsOf(const QPainterPath &path)
 {
@@ -75,7 +75,7 @@ TEST(FlowPath, AnArrowheadIsTwentyByTwenty)
 
 TEST(FlowPath, OneRowRunsStraightThroughTheCentres)
 {
-    const PanelGrid grid{.col = 5, .row = 1, .panelWidth = 60, .panelHeight = 40};
+    const PanelGrid grid{{5, 60}, {1, 40}};
     const auto [x, run] = rows(grid, false, true, -1, false, 0);
 
     EXPECT_EQ(run.start, (Arrowhead{{30, 20}, Direction::Right}));
@@ -116,7 +116,7 @@ TEST(FlowPath, TwoColumnsAreTheTransposeOfTwoRows)
 
 TEST(FlowPath, DownwardRunsStartAtTheTopRowOfTheRun)
 {
-    const PanelGrid grid{.col = 3, .row = 4, .panelWidth = 20, .panelHeight = 30};
+    const PanelGrid grid{{3, 20}, {4, 30}};
 
     EXPECT_EQ(rows(grid, false, false, -1, false, 0).run.start, (Arrowhead{{10, 105}, Direction::Right}));
     EXPECT_EQ(rows(grid, true, false, -1, true, 2).run.start, (Arrowhead{{50, 45}, Direction::Left}));
@@ -126,7 +126,7 @@ TEST(FlowPath, DownwardRunsStartAtTheTopRowOfTheRun)
 
 TEST(FlowPath, TheEndArrowheadFollowsTheParityOfTheWholeWall)
 {
-    const PanelGrid grid{.col = 4, .row = 4, .panelWidth = 100, .panelHeight = 100};
+    const PanelGrid grid{{4, 100}, {4, 100}};
     const auto [x, run] = rows(grid, false, true, 50, false, 3);
 
     ASSERT_EQ(run.passing.size(), 5u);
@@ -139,7 +139,7 @@ TEST(FlowPath, TheEndArrowheadFollowsTheParityOfTheWholeWall)
 
 TEST(FlowPath, AGivenStartIsUsedWhicheverWayTheRunGoes)
 {
-    const PanelGrid grid{.col = 2, .row = 6, .panelWidth = 100, .panelHeight = 100};
+    const PanelGrid grid{{2, 100}, {6, 100}};
 
     EXPECT_EQ(rows(grid, false, true, 250, false, 2).run.start.centre.y(), 250);
     EXPECT_EQ(rows(grid, false, false, 250, false, 2).run.start.centre.y(), 250);
@@ -158,7 +158,7 @@ TEST(FlowPath, AStartOfZeroOrLessCountsAsNoneGiven)
 
 TEST(FlowPath, TheDelimiterIsTruncated)
 {
-    const PanelGrid grid{.col = 2, .row = 6, .panelWidth = 100, .panelHeight = 100};
+    const PanelGrid grid{{2, 100}, {6, 100}};
     EXPECT_EQ(rows(grid, false, true, -1, false, 2.9f).run.end.centre.y(), 150);
 }
 
@@ -178,10 +178,30 @@ TEST(FlowPath, ARunOfNoRowsHasOnlyItsEnds)
 
 TEST(FlowPath, PanelsWithoutASizeCollapseOntoALine)
 {
-    const PanelGrid flat{.col = 3, .row = 2, .panelWidth = 0, .panelHeight = 40};
+    const PanelGrid flat{{3, 0}, {2, 40}};
     const auto [x, run] = rows(flat, false, true, -1, false, 0);
 
     EXPECT_EQ(run.start.centre, QPointF(0, 20));
     EXPECT_EQ(run.end.centre, QPointF(0, 60));
     EXPECT_EQ(x, 0);
+}
+
+TEST(FlowPath, LinesAndPanelsOfAnotherSizeAreMetInTheirCentres)
+{
+    const PanelGrid grid{{3, 100, {{2, 40}}}, {3, 60, {{0, 20}, {2, 30}}}}; // from the bottom 30, 60, 20
+    const auto [x, run] = rows(grid, false, true, -1, false, 0);
+
+    EXPECT_EQ(run.start, (Arrowhead{{50, 15}, Direction::Right}));
+    EXPECT_EQ(run.passing, (std::vector<Arrowhead>{{{120, 15}, Direction::Right},
+                                                   {{220, 37.5}, Direction::Up},
+                                                   {{120, 60}, Direction::Left},
+                                                   {{50, 80}, Direction::Up},
+                                                   {{120, 100}, Direction::Right}}));
+    EXPECT_EQ(run.end, (Arrowhead{{220, 100}, Direction::Right}));
+    EXPECT_EQ(pointsOf(run.line)[1], QPointF(200, 15)); // half a panel before the last centre
+    EXPECT_EQ(x, 220);
+
+    EXPECT_EQ(rows(grid, false, false, 60, false, 2).run.end.centre, QPointF(50, 15));
+    EXPECT_EQ(columns(grid, true, true, -1, true, 2).run.start.centre, QPointF(150, 15));
+    EXPECT_EQ(columns(grid, true, true, -1, true, 0).run.start.centre, QPointF(220, 15));
 }

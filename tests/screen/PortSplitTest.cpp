@@ -29,7 +29,7 @@ std::vector<ExpectedPort> runs(const PanelGrid &grid, qint64 pattern, qint64 pix
 
 using Ports = std::vector<ExpectedPort>;
 const Ports oneRun{{-1, 0}};
-constexpr PanelGrid fourByThree{.col = 4, .row = 3, .panelWidth = 100, .panelHeight = 100};
+const PanelGrid fourByThree{{4, 100}, {3, 100}};
 } // namespace
 
 TEST(FlowPattern, SaysCornerAndDirection)
@@ -113,7 +113,7 @@ TEST(PortSplit, ALimitAboveTheWallIsARemainderOnly)
 
 TEST(PortSplit, OddPanelsStartHalfAPixelBeforeTheirCentre)
 {
-    constexpr PanelGrid odd{.col = 4, .row = 3, .panelWidth = 31, .panelHeight = 21};
+    const PanelGrid odd{{4, 31}, {3, 21}};
     EXPECT_EQ(runs(odd, 2, 4 * 31 * 21), (Ports{{10, 1}, {31, 1}, {52, 1}}));
     EXPECT_EQ(runs(odd, 0, 8 * 31 * 21), (Ports{{32, 2}, {53, 1}}));
     EXPECT_EQ(runs(odd, 5, 3 * 31 * 21), (Ports{{16, 1}, {47, 1}, {78, 1}, {109, 1}}));
@@ -121,9 +121,16 @@ TEST(PortSplit, OddPanelsStartHalfAPixelBeforeTheirCentre)
 
 TEST(PortSplit, PanelsOfOnePixelStartAtZeroWhichCountsAsNoneGiven)
 {
-    constexpr PanelGrid dots{.col = 4, .row = 3, .panelWidth = 1, .panelHeight = 1};
+    const PanelGrid dots{{4, 1}, {3, 1}};
     EXPECT_EQ(runs(dots, 2, 8), (Ports{{0, 2}, {2, 1}}));
     EXPECT_EQ(runs(dots, 0, 8), (Ports{{2, 2}, {3, 1}}));
+}
+
+TEST(PortSplit, LinesOfAnotherSizeShiftTheStarts)
+{
+    const PanelGrid grid{{4, 100}, {3, 100, {{1, 40}, {2, 60}}}}; // from the bottom 60, 40, 100
+    EXPECT_EQ(runs(grid, 2, 80000), (Ports{{30, 2}, {150, 1}}));
+    EXPECT_EQ(runs(grid, 0, 80000), (Ports{{80, 2}, {150, 1}}));
 }
 
 TEST(PortSplit, NegativeLimitsDivideTowardZero)
@@ -143,18 +150,17 @@ TEST(PortSplit, NothingToDivideByGivesNoSplit)
 {
     const FlowPattern rows = *FlowPattern::ofCode(0);
     const FlowPattern columns = *FlowPattern::ofCode(4);
-    EXPECT_FALSE(PortSplit::of({.col = 4, .row = 3, .panelWidth = 0, .panelHeight = 100}, rows, 80000));
-    EXPECT_FALSE(PortSplit::of({.col = 4, .row = 3, .panelWidth = 100, .panelHeight = 0}, columns, 80000));
-    EXPECT_FALSE(PortSplit::of({.col = 0, .row = 3, .panelWidth = 100, .panelHeight = 100}, rows, 80000));
-    EXPECT_FALSE(PortSplit::of({.col = 4, .row = 0, .panelWidth = 100, .panelHeight = 100}, columns, 80000));
+    EXPECT_FALSE(PortSplit::of({{4, 0}, {3, 100}}, rows, 80000));
+    EXPECT_FALSE(PortSplit::of({{4, 100}, {3, 0}}, columns, 80000));
+    EXPECT_FALSE(PortSplit::of({{0, 100}, {3, 100}}, rows, 80000));
+    EXPECT_FALSE(PortSplit::of({{4, 100}, {0, 100}}, columns, 80000));
 }
 
 TEST(PortSplit, NumbersOfAnySizeAreDescribedWithoutListingThem)
 {
     constexpr int most = std::numeric_limits<int>::max();
     constexpr int least = std::numeric_limits<int>::min();
-    const auto split =
-        PortSplit::of({.col = 1, .row = most, .panelWidth = 1, .panelHeight = 1}, *FlowPattern::ofCode(2), 2);
+    const auto split = PortSplit::of({{1, 1}, {most, 1}}, *FlowPattern::ofCode(2), 2);
     ASSERT_TRUE(split);
     EXPECT_EQ(split->linesPerPort, 2);
     EXPECT_EQ(split->portCount(), (qint64{most} + 1) / 2);
@@ -164,7 +170,8 @@ TEST(PortSplit, NumbersOfAnySizeAreDescribedWithoutListingThem)
         for (const qint64 limit :
              {std::numeric_limits<qint64>::min(), qint64{-1}, std::numeric_limits<qint64>::max()}) {
             for (int pattern = 0; pattern < 8; ++pattern) {
-                const auto any = PortSplit::of({number, number, number, number}, *FlowPattern::ofCode(pattern), limit);
+                const auto any =
+                    PortSplit::of({{number, number}, {number, number}}, *FlowPattern::ofCode(pattern), limit);
                 EXPECT_TRUE(any);
                 EXPECT_GE(any->portCount(), 0);
             }

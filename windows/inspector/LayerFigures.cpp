@@ -1,6 +1,7 @@
 #include "windows/inspector/LayerFigures.h"
 
 #include "layer/PowerCalculator.h"
+#include "layer/WallGrid.h"
 #include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
@@ -19,7 +20,7 @@ void addWall(LayerFigures &figures, const LWScreen &wall)
     ++figures.walls;
     add(figures.panels, limitedProduct({wall.col(), wall.row()}));
     add(figures.panelsOff, countHiddenPanels(wall.hiddenBoxes().value_or(QStringList()), wall.col(), wall.row()));
-    add(figures.pixels, limitedProduct({wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()}));
+    add(figures.pixels, panelGridOf(wall).pixels());
     if (const std::optional<PortSplit> split = portSplitOf(wall))
         add(figures.ports, hangsOnOnePort(*split) ? 1 : split->portCount());
     figures.portsOverLimit += isOverPortLimit(wall) ? 1 : 0;
@@ -43,8 +44,7 @@ LayerFigures LayerFigures::of(const std::vector<LayerPointer> &layers)
 std::optional<PortSplit> portSplitOf(const Layer &wall)
 {
     const std::optional<FlowPattern> pattern = FlowPattern::ofCode(wall.pattern());
-    const PanelGrid grid{wall.col(), wall.row(), wall.panelWidth(), wall.panelHeight()};
-    return pattern ? PortSplit::of(grid, *pattern, wall.pixelLimit()) : std::nullopt;
+    return pattern ? PortSplit::of(panelGridOf(wall), *pattern, wall.pixelLimit()) : std::nullopt;
 }
 
 bool hangsOnOnePort(const PortSplit &split)

@@ -1,0 +1,10 @@
+#pragma once
+
+#include "grid/PanelGrid.h"
+#include "layer/Layer.h"
+
+/// Where the panels of a wall lie in it.
+inline PanelGrid panelGridOf(const Layer &wall)
+{
+    return {{wall.col(), wall.panelWidth()}, {wall.row(), wall.panelHeight()}};
+}
