@@ -7,6 +7,7 @@
 LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent)
     : QWidget(parent), m_document(document), m_geometry(*this, document)
 {
+    makeTools();
     // The whole area is painted, ground included: Qt need not clear it first.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -106,14 +107,10 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
     const bool isOtherOutput = frame.output() != deviceFrame().output();
     const bool isOther = isOtherOutput || frame.place() != deviceFrame().place();
     m_geometry.setDeviceFrame(frame);
-    // What is in the person's hand was measured in the old frame.
-    if (m_arranging && (isOtherSize || isOtherOutput))
-        cancelArranging();
-    if (isOtherSize) {
-        if (m_cropMarker.isTracking())
-            m_cropMarker.cancelTracking();
+    if (isOtherSize || isOtherOutput)
+        toolInEffect().reframe(isOtherSize);
+    if (isOtherSize)
         m_document.redrawMarker();
-    }
     tellReadOut();
     if (isOther)
         emit frameDidChange();
@@ -133,9 +130,14 @@ void LWCanvasImageView::tellReadOut()
 
 std::optional<QPoint> LWCanvasImageView::pixelToTell() const
 {
-    if (const std::optional<LWScreen::Panel> panel = panelCursor())
-        return static_cast<const LWScreen &>(*m_panelCursor->wall).panelRect(*panel).center().toPoint();
+    if (const std::optional<QPoint> reached = toolInEffect().reachedPixel())
+        return reached;
     return m_pointer && m_geometry.contains(*m_pointer) ? std::optional(m_geometry.pixelAt(*m_pointer)) : std::nullopt;
+}
+
+std::optional<QPoint> LWCanvasImageView::pixelAt(const QPointF &widgetPoint) const
+{
+    return m_geometry.isEmpty() ? std::nullopt : std::optional(m_geometry.pixelAt(widgetPoint));
 }
 
 void LWCanvasImageView::resizeEvent(QResizeEvent *event)

@@ -3,8 +3,7 @@
 #include "canvas/CanvasGeometry.h"
 #include "canvas/ExactPointer.h"
 #include "canvas/JXSelectionBorder.h"
-#include "canvas/tools/Arranging.h"
-#include "canvas/tools/PanelPainting.h"
+#include "canvas/tools/CanvasTools.h"
 #include "output/CanvasFrame.h"
 #include "output/CanvasPicture.h"
 
@@ -15,7 +14,7 @@
 #include <QSize>
 #include <QWidget>
 
-#include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -30,22 +29,20 @@ struct CanvasReadOut
     QSize output;           ///< its size in pixels; empty: there is none
     double zoomPercent = 0; ///< 100: one output pixel is one device pixel; 0 where nothing is shown
     bool isFitted = true;   ///< the zoom follows the canvas' size
-    /// Output pixel under the pointer, or in the middle of the panel that the arrow keys have reached; top-left origin.
+    /// Output pixel under the pointer, or in the middle of what the arrow keys have reached; top-left origin.
     /// None while the pointer is elsewhere.
     std::optional<QPoint> pixel;
     QColor colour; ///< of that pixel; invalid without one
 };
 Q_DECLARE_METATYPE(CanvasReadOut)
 
-/// The canvas: shows the composed output in a frame of the output's proportions on the ground, hands clicks on the
-/// selected layer to it, and carries the marker around a selected still; a click elsewhere selects the topmost visible
-/// layer there. That is what its first tool does, which outlines the panel that a click would switch; the second drags
-/// layers. The layer that clicks go to has its name beside it. View coordinates are the frame's: origin at the
-/// output's top-left corner, y down, in logical pixels. The frame is as large as the zoom wants it; what of it does not
-/// fit into the widget is dragged into sight with the middle button or with the space bar held, which is the canvas'
-/// own from when the pointer moves over it until it leaves or the focus goes elsewhere, except in text fields.
-/// Colours come from the palette: Base the ground, Mid the line around the output, Highlight what is outlined and the
-/// lines that layers are attracted to.
+/// The canvas: shows the composed output in a frame of the output's proportions on the ground, carries the marker
+/// around a selected still, and hands the left button and the keys to the tool in effect. The layer that clicks go to
+/// has its name beside it. View coordinates are the frame's: origin at the output's top-left corner, y down, in logical
+/// pixels. The frame is as large as the zoom wants it; what of it does not fit into the widget is dragged into sight
+/// with the middle button or with the space bar held, which is the canvas' own from when the pointer moves over it
+/// until it leaves or the focus goes elsewhere, except in text fields. Colours come from the palette: Base the ground,
+/// Mid the line around the output, Highlight what is outlined and the lines that layers are attracted to.
 class LWCanvasImageView final : public QWidget
 {
     Q_OBJECT
@@ -54,12 +51,7 @@ public:
     /// What stays free around the output, in logical pixels.
     static constexpr int margin = 12;
 
-    enum class Tool
-    {
-        Panels, ///< clicks on the selected layer go to it, see PanelPainting; the marker moves and resizes a still
-        Arrange ///< a press selects the topmost layer, a drag moves the selected ones; see Arranging
-    };
-    Q_ENUM(Tool)
+    using Tool = CanvasToolName;
 
     /// `document` outlives every event that this widget gets.
     explicit LWCanvasImageView(CanvasDocument &document, QWidget *parent = nullptr);
@@ -80,7 +72,7 @@ public:
 
     /// The tool to work with while Alt is not held. It takes effect when nothing is pressed or dragged any more.
     void setTool(Tool tool);
-    /// The one in effect: Arrange while Alt is held.
+    /// The one in effect: toolOfAlt while Alt is held.
     Tool tool() const { return m_tool; }
 
     JXSelectionBorder &cropMarker() { return m_cropMarker; }
@@ -137,86 +129,36 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
-    using MouseLocation = JXSelectionBorder::MouseLocation;
-    /// The panel that a click, or Enter, would switch, as it is shown.
-    struct Hover
-    {
-        QRect panel;   ///< in device pixels
-        int lineWidth; ///< likewise
-        QString label;
-        QRect labelBox; ///< in the widget
-
-        bool operator==(const Hover &) const = default;
-    };
-    /// A panel that the keyboard has reached.
-    struct PanelCursor
-    {
-        LayerPointer wall;
-        LWScreen::Panel panel;
-    };
-    /// A press in Arrange from which the pointer has not gone far enough for a drag.
-    struct Click
-    {
-        QPointF place; ///< in the widget
-        bool extends;  ///< the selection
-    };
-
-    void mouseDown(const QPointF &widgetPoint);
-    void pressPixel(const LayerPointer &layer, const QPoint &pixel);
-    void mouseUp();
-    void endDrag(const MouseLocation &location);
-    void endPress(const MouseLocation &location);
-    void cancelDrag();
-    void lockAspect(const Layer &layer);
-    bool isOn(const Layer &layer, const QPointF &widgetPoint) const;
-    bool isOnLayer(const QPointF &widgetPoint) const;
-    void selectLayerAt(const QPointF &widgetPoint);
-    bool takesShortcut(const QKeyEvent &event) const;
-    bool goByKey(const QKeyEvent &event);
-    bool movePanelCursor(const QPoint &step);
-    bool switchPanelAtCursor();
-    bool dropPanelCursor();
-    std::optional<LWScreen::Panel> panelCursor() const;
-    void bringIntoSight(const QRectF &pixels);
-    MouseLocation locationOf(const QPointF &widgetPoint) const;
     QRectF exactRectangle(const Layer &layer) const;
-    QRectF viewBounds() const { return {QPointF(0, 0), frame().size()}; }
-
     void takeRoom();
     void takeFrame(const CanvasFrame &frame);
     void stepZoom(int steps, const QPointF &widgetPoint);
     void zoomAt(double zoom, const QPointF &widgetPoint);
     QPointF middle() const { return QRectF(rect()).center(); }
-    bool isDragged() const { return m_panFrom || m_arranging || m_painting || m_cropMarker.isTracking(); }
-    void panTo(const QPointF &widgetPoint);
-    bool nativeGesture(const QNativeGestureEvent &event);
-    void claimSpaceBar(bool claims);
-    void takeSpaceBar(bool isHeld);
     void tellReadOut();
     std::optional<QPoint> pixelToTell() const;
-    void showPointer();
-    void showCursor();
 
+    ToolPointer takePointer(const QMouseEvent &event);
+    bool isDragged() const { return m_panFrom || toolInEffect().isHolding(); }
+    void panTo(const QPointF &widgetPoint);
+    bool nativeGesture(const QNativeGestureEvent &event);
+    bool takesShortcut(const QKeyEvent &event) const;
+    bool dragWithKey(const QKeyEvent &event);
+    bool goByKey(const QKeyEvent &event);
+    void claimSpaceBar(bool claims);
+    void takeSpaceBar(bool isHeld);
+
+    void makeTools();
+    CanvasTool &toolInEffect() const { return *m_tools.at(m_tool); }
     void takeAlt(bool isHeld);
     void settleTool();
-    void beginArranging(const QPointF &widgetPoint, Qt::KeyboardModifiers modifiers);
-    void trackArranging(bool attracts);
-    void endArranging();
-    void cancelArranging();
-    void paintPanels(bool asRectangle);
-    bool isShaking(const std::optional<QPointF> &press) const;
-    void arrange(const std::function<void(Arranging &)> &act);
-    LayerPointer layerUnderPointer() const;
-    std::optional<Hover> hover() const;
-    Hover hoverAt(const LWScreen &screen, const LWScreen::Panel &panel) const;
-    void takeHover();
-    QRegion regionOf(const Hover &hover) const;
+    void forgetReached();
+    void showPointer();
+    void showCursor();
+    void bringIntoSight(const QRectF &pixels);
 
-    void paintMarker(CanvasPainter &painter) const;
-    void paintArranging(CanvasPainter &painter) const;
     void paintWithoutOutput(QPainter &painter) const;
     void paintMissingPicture(QPainter &painter, const LWStill &still) const;
-    void paintSelectedWall(CanvasPainter &painter) const;
     void paintName(CanvasPainter &painter) const;
 
     CanvasDocument &m_document;
@@ -233,14 +175,9 @@ private:
     bool m_claimsSpaceBar = false; ///< wherever the focus is
     bool m_isPressed = false;      ///< the left button, for the tool in effect
     bool m_isAltHeld = false;
-    Tool m_chosenTool = Tool::Panels;
-    Tool m_tool = Tool::Panels;
-    std::shared_ptr<Arranging> m_arranging;    ///< layers that are held; null: none
-    std::optional<Click> m_click;              ///< while they are not dragged yet
-    std::shared_ptr<PanelPainting> m_painting; ///< panels of a wall that is held; null: none
-    std::optional<QPointF> m_shakenFrom;       ///< in the widget; while that is a click and no drag
-    std::optional<PanelCursor> m_panelCursor;  ///< none: the pointer was moved since
-    std::optional<Hover> m_hover;              ///< as it was last painted, or is going to be
-    int m_wheelRest = 0;                       ///< turned less than a step
-    double m_pinchZoom = 0;                    ///< what the fingers have reached; 0: none pinch
+    std::map<Tool, std::unique_ptr<CanvasTool>> m_tools;
+    Tool m_chosenTool = canvasTools().front().name;
+    Tool m_tool = m_chosenTool; ///< in effect
+    int m_wheelRest = 0;        ///< turned less than a step
+    double m_pinchZoom = 0;     ///< what the fingers have reached; 0: none pinch
 };

@@ -15,64 +15,58 @@ bool isText(const QWidget *widget)
     return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget);
 }
 
-/// Where an arrow key leads, with Shift by more.
-std::optional<QPoint> stepOf(const QKeyEvent &event)
+/// What a drag may mean otherwise while it is held.
+Qt::KeyboardModifier modifierOf(const QKeyEvent &event)
 {
-    constexpr int longStep = 10;
-    const int length = event.modifiers().testFlag(Qt::ShiftModifier) ? longStep : 1;
     switch (event.key()) {
-    case Qt::Key_Left:
-        return QPoint(-length, 0);
-    case Qt::Key_Right:
-        return QPoint(length, 0);
-    case Qt::Key_Up:
-        return QPoint(0, -length);
-    case Qt::Key_Down:
-        return QPoint(0, length);
+    case Qt::Key_Shift:
+        return Qt::ShiftModifier;
+    case Qt::Key_Control:
+        return Qt::ControlModifier;
     default:
-        return std::nullopt;
+        return Qt::NoModifier;
     }
 }
 } // namespace
 
 /// Keys that are ours, whatever they mean in the window: while the button is down all of them, since one could save or
-/// delete in the middle of a drag; Alt over the canvas, which does not go for the menus there; and what nudges beside
-/// the panel cursor.
+/// delete in the middle of a drag; Alt over the canvas, which does not go for the menus there; and the tool's.
 bool LWCanvasImageView::takesShortcut(const QKeyEvent &event) const
 {
-    const bool nudges = m_tool == Tool::Panels && event.modifiers().testFlag(Qt::ControlModifier) && stepOf(event);
-    return m_isPressed || (event.key() == Qt::Key_Alt && m_pointer) || nudges;
+    return m_isPressed || (event.key() == Qt::Key_Alt && m_pointer) || toolInEffect().takesShortcut(event);
 }
 
 void LWCanvasImageView::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Escape && (m_arranging || m_painting || m_cropMarker.isTracking()))
-        cancelDrag();
+    if (event->key() == Qt::Key_Escape && toolInEffect().isHolding())
+        toolInEffect().cancel();
     else if (event->key() == Qt::Key_Space)
         takeSpaceBar(true);
     else if (event->key() == Qt::Key_Alt)
         takeAlt(true);
-    else if (event->key() == Qt::Key_Control && m_arranging)
-        trackArranging(false);
-    else if (event->key() == Qt::Key_Shift && m_painting)
-        paintPanels(true);
-    else if (!m_isPressed && !goByKey(*event))
+    else if (!dragWithKey(*event) && !m_isPressed && !goByKey(*event))
         QWidget::keyPressEvent(event);
+}
+
+/// False: nothing is held that it could mean something to.
+bool LWCanvasImageView::dragWithKey(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifier modifier = modifierOf(event);
+    if (!modifier || !m_pointer || !toolInEffect().isHolding())
+        return false;
+    Qt::KeyboardModifiers keys = event.modifiers(); // platforms differ in whether the key itself is among them
+    keys.setFlag(modifier, event.type() == QEvent::KeyPress);
+    toolInEffect().dragWithKeys({*m_pointer, keys});
+    return true;
 }
 
 /// Arrows here alone move anything: elsewhere they go from row to row, or from field to field.
 bool LWCanvasImageView::goByKey(const QKeyEvent &event)
 {
-    const std::optional<QPoint> step = stepOf(event);
-    const bool isNudge = event.modifiers().testFlag(Qt::ControlModifier) == (m_tool == Tool::Panels);
-    if (step && !isNudge && movePanelCursor(*step))
-        return true;
-    if (step && (isNudge || m_tool == Tool::Panels)) {
-        m_document.nudge(*step);
-        return true;
-    }
-    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
-    return (isEnter && switchPanelAtCursor()) || (event.key() == Qt::Key_Escape && dropPanelCursor());
+    const bool isTaken = toolInEffect().key(event);
+    if (isTaken)
+        showPointer();
+    return isTaken;
 }
 
 void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
@@ -83,20 +77,17 @@ void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
         takeSpaceBar(false);
     else if (event->key() == Qt::Key_Alt)
         takeAlt(false);
-    else if (event->key() == Qt::Key_Control && m_arranging)
-        trackArranging(true);
-    else if (event->key() == Qt::Key_Shift && m_painting)
-        paintPanels(false);
-    else
+    else if (!dragWithKey(*event))
         QWidget::keyReleaseEvent(event);
 }
 
 void LWCanvasImageView::focusOutEvent(QFocusEvent *event)
 {
     QWidget::focusOutEvent(event);
-    dropPanelCursor();
+    forgetReached();
     takeSpaceBar(false);
     takeAlt(false);
+    tellReadOut();
 }
 
 bool LWCanvasImageView::eventFilter(QObject *watched, QEvent *event)
@@ -130,5 +121,4 @@ void LWCanvasImageView::takeSpaceBar(bool isHeld)
 {
     m_isSpaceBarHeld = isHeld;
     showCursor();
-    takeHover();
 }

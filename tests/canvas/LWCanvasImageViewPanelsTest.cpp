@@ -1,3 +1,4 @@
+#include "canvas/tools/PanelPainting.h"
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QApplication>

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QRect>
+#include <QRegion>
+#include <QString>
+
+class CanvasGeometry;
+class CanvasPainter;
+
+/// What a click, or Enter, would act on: an outline around it, and its label in a box.
+struct LabelledOutline
+{
+    QRect place;   ///< what it is around, in device pixels
+    int lineWidth; ///< likewise
+    QString label;
+    QRect labelBox; ///< in the widget
+
+    bool operator==(const LabelledOutline &) const = default;
+
+    /// The part of the widget that it is painted on.
+    QRegion region(const CanvasGeometry &geometry) const;
+};
