@@ -10,24 +10,8 @@
 #include <QToolButton>
 
 namespace {
-using Tool = LWCanvasImageView::Tool;
-
-struct ToolText
-{
-    Tool tool;
-    const char *name;
-    const char *icon;
-    const char *tip;
-    const char *hint;
-};
 /// Wider than the icon is, for some room beside the text.
 constexpr QSize iconSize{24, 16};
-constexpr ToolText toolTexts[] = {
-    {Tool::Panels, "Panels", "grid-3x3", "Switches panels off and on, and resizes images (P)",
-     "Click panels off or on, or drag over them; Shift makes a rectangle. Drag an image or its handles."},
-    {Tool::Arrange, "Arrange", "arrows-move", "Moves layers (V, or Alt held)",
-     "Drag layers by exact pixels. Shift adds to the selection, Ctrl keeps from snapping."},
-};
 } // namespace
 
 CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
@@ -51,18 +35,18 @@ QWidget *CanvasPane::toolSwitch()
     row->setContentsMargins(Theme::gap, 0, Theme::gap, 0);
     bar->setFixedHeight(Theme::controlHeight + Theme::gap); // all of it is the hint's, which may need two lines
     row->setSpacing(Theme::gap / 2);
-    for (const ToolText &text : toolTexts) {
+    for (const CanvasToolRow &tool : canvasTools()) {
         auto *button = new QToolButton;
-        button->setText(text.name);
-        button->setToolTip(text.tip);
+        button->setText(tool.word);
+        button->setToolTip(tool.tip);
         button->setCheckable(true);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         button->setIconSize(iconSize);
-        connect(button, &QToolButton::clicked, this, [this, tool = text.tool] {
-            m_canvas->setTool(tool);
+        connect(button, &QToolButton::clicked, this, [this, name = tool.name] {
+            m_canvas->setTool(name);
             showTool(m_canvas->tool()); // a press on the one that is on would switch it off
         });
-        m_tools.append(button);
+        m_tools.push_back(button);
         row->addWidget(button);
     }
     row->addSpacing(Theme::gap);
@@ -76,16 +60,13 @@ QWidget *CanvasPane::toolSwitch()
 
 void CanvasPane::showIcons()
 {
-    for (qsizetype i = 0; i < m_tools.size(); ++i)
-        m_tools[i]->setIcon(Icons::icon(toolTexts[i].icon));
+    for (std::size_t i = 0; i < m_tools.size(); ++i)
+        m_tools[i]->setIcon(Icons::icon(canvasTools()[i].icon));
 }
 
-void CanvasPane::showTool(Tool tool)
+void CanvasPane::showTool(CanvasToolName tool)
 {
-    for (qsizetype i = 0; i < m_tools.size(); ++i) {
-        const bool isShown = toolTexts[i].tool == tool;
-        m_tools[i]->setChecked(isShown);
-        if (isShown)
-            m_hint->setText(toolTexts[i].hint);
-    }
+    for (std::size_t i = 0; i < m_tools.size(); ++i)
+        m_tools[i]->setChecked(canvasTools()[i].name == tool);
+    m_hint->setText(canvasTool(tool).hint);
 }

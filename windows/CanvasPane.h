@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <vector>
+
 class QHBoxLayout;
 class ElidedLabel;
 class QToolButton;
@@ -23,9 +25,9 @@ public:
 
 private:
     QWidget *toolSwitch();
-    void showTool(LWCanvasImageView::Tool tool);
+    void showTool(CanvasToolName tool);
 
     LWCanvasImageView *m_canvas;
-    QList<QToolButton *> m_tools; ///< no QButtonGroup, so that Tab reaches each of them
+    std::vector<QToolButton *> m_tools; ///< by rows of canvasTools(); no QButtonGroup, so that Tab reaches each of them
     ElidedLabel *m_hint;
 };

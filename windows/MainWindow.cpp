@@ -250,8 +250,8 @@ void MainWindow::connectViews()
 QString MainWindow::panelAt(const QPoint &pixel) const
 {
     const LayerPointer selected = m_canvasLink.selectedLayer();
-    const bool clicksSwitch = m_canvas->tool() == LWCanvasImageView::Tool::Panels;
-    const QString meant = selected && clicksSwitch ? LayerText::panelAt({selected}, pixel) : QString();
+    const bool goesToSelected = canvasTool(m_canvas->tool()).goesToSelected;
+    const QString meant = selected && goesToSelected ? LayerText::panelAt({selected}, pixel) : QString();
     return meant.isEmpty() ? LayerText::panelAt(m_document.allScreensArray(), pixel) : meant;
 }
 

@@ -224,19 +224,16 @@ void MainWindow::fillViewMenu(QMenu &menu)
 
 void MainWindow::addTools(QMenu &menu)
 {
-    using Tool = LWCanvasImageView::Tool;
     auto *tools = new QActionGroup(&menu);
-    const auto addTool = [&](Tool tool, const Entry &entry, Qt::Key key) {
-        QAction *action =
-            menu.addAction(Icons::icon(entry.icon), entry.title, key, this, [this, tool] { m_canvas->setTool(tool); });
+    for (const CanvasToolRow &tool : canvasTools()) {
+        QAction *action = menu.addAction(Icons::icon(tool.icon), tool.title, tool.key, this,
+                                         [this, name = tool.name] { m_canvas->setTool(name); });
         action->setCheckable(true);
-        action->setChecked(m_canvas->tool() == tool);
+        action->setChecked(m_canvas->tool() == tool.name);
         tools->addAction(action);
         connect(m_canvas, &LWCanvasImageView::toolDidChange, action,
-                [action, tool](Tool now) { action->setChecked(now == tool); });
-    };
-    addTool(Tool::Panels, {"P&anels tool", "grid-3x3"}, Qt::Key_P);
-    addTool(Tool::Arrange, {"A&rrange tool", "arrows-move"}, Qt::Key_V);
+                [action, name = tool.name](CanvasToolName now) { action->setChecked(now == name); });
+    }
 }
 
 void MainWindow::addPreview(QMenu &menu)
