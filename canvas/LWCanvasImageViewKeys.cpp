@@ -84,7 +84,9 @@ void LWCanvasImageView::keyReleaseEvent(QKeyEvent *event)
 void LWCanvasImageView::focusOutEvent(QFocusEvent *event)
 {
     QWidget::focusOutEvent(event);
-    forgetReached();
+    const bool comesBack = event->reason() == Qt::PopupFocusReason || event->reason() == Qt::MenuBarFocusReason;
+    if (!comesBack) // as it does from a menu
+        forgetReached();
     takeSpaceBar(false);
     takeAlt(false);
     tellReadOut();

@@ -77,7 +77,7 @@ public:
     /// The output pixel in the middle of what the arrow keys have reached; nullopt: they have led nowhere.
     virtual std::optional<QPoint> reachedPixel() const { return std::nullopt; }
     /// What the arrow keys have reached is meant no more: the pointer was moved or pressed, or the focus went
-    /// elsewhere. Told to all tools, in effect or not.
+    /// elsewhere than into a menu, from which it comes back. Told to all tools, in effect or not.
     virtual void forgetReached() {}
 
     /// The menu of the layers at that point of the widget was asked for, while one is shown and nothing is held:

@@ -185,6 +185,37 @@ TEST_F(LWCanvasImageViewPanels, TheCursorIsSeenUntilThePointerMovesOrTheFocusGoe
     EXPECT_FALSE(isSeen());
 }
 
+TEST_F(LWCanvasImageViewPanels, TheCursorGoesOnAfterAMenu)
+{
+    const auto leaveFor = [this](Qt::FocusReason reason) {
+        QFocusEvent away(QEvent::FocusOut, reason);
+        QApplication::sendEvent(&view, &away);
+        QTest::keyClick(&view, Qt::Key_Right);
+        return view.readOut().pixel;
+    };
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Right); // the first panel
+    EXPECT_EQ(leaveFor(Qt::PopupFocusReason), QPoint(192, 64));
+    EXPECT_EQ(leaveFor(Qt::MenuBarFocusReason), QPoint(320, 64));
+    EXPECT_EQ(leaveFor(Qt::TabFocusReason), QPoint(64, 64)); // anew
+}
+
+TEST_F(LWCanvasImageViewPanels, TheCursorOutlivesAltButNotAMoveInArrange)
+{
+    view.setFocus();
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyClick(&view, Qt::Key_Right);
+    QTest::keyPress(&view, Qt::Key_Alt);
+    QTest::keyRelease(&view, Qt::Key_Alt);
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_EQ(view.readOut().pixel, QPoint(320, 64));
+    view.setTool(LWCanvasImageView::Tool::Arrange);
+    moveTo({-4, -4}, Qt::NoButton); // beside the output
+    view.setTool(LWCanvasImageView::Tool::Panels);
+    QTest::keyClick(&view, Qt::Key_Right);
+    EXPECT_EQ(view.readOut().pixel, QPoint(64, 64));
+}
+
 TEST_F(LWCanvasImageViewPanels, TheCursorBringsItsPanelIntoSight)
 {
     view.setFocus();
