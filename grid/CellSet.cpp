@@ -1,0 +1,29 @@
+#include "grid/CellSet.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+bool standsBefore(const Cell &a, const Cell &b)
+{
+    return std::tie(a.row, a.column) < std::tie(b.row, b.column);
+}
+} // namespace
+
+CellSet::CellSet(std::vector<Cell> cells) : m_cells(std::move(cells))
+{
+    if (!std::ranges::is_sorted(m_cells, standsBefore))
+        std::ranges::sort(m_cells, standsBefore);
+    m_cells.erase(std::unique(m_cells.begin(), m_cells.end()), m_cells.end());
+}
+
+bool CellSet::contains(const Cell &cell) const
+{
+    return std::ranges::binary_search(m_cells, cell, standsBefore);
+}
+
+std::span<const Cell> CellSet::inRow(int row) const
+{
+    const auto found = std::ranges::equal_range(m_cells, row, {}, &Cell::row);
+    return {found.begin(), found.end()};
+}

@@ -1,0 +1,100 @@
+#include "grid/PanelKeys.h"
+
+#include <limits>
+
+namespace {
+constexpr Cell nowhere{-1, -1};
+
+/// Only as it is written: no sign, no blank, no zero in front.
+std::optional<int> numberOf(QStringView digits)
+{
+    constexpr qsizetype mostDigits = std::numeric_limits<int>::digits10 + 1;
+    const bool hasZeroInFront = digits.size() > 1 && digits.front() == u'0';
+    if (digits.isEmpty() || digits.size() > mostDigits || hasZeroInFront)
+        return std::nullopt;
+    qint64 number = 0;
+    for (const QChar digit : digits) {
+        if (digit < u'0' || digit > u'9')
+            return std::nullopt;
+        number = 10 * number + (digit.unicode() - u'0');
+    }
+    return number <= std::numeric_limits<int>::max() ? std::optional(static_cast<int>(number)) : std::nullopt;
+}
+
+Cell cellOf(QStringView key)
+{
+    const qsizetype comma = key.indexOf(u',');
+    if (comma < 0)
+        return nowhere;
+    const auto row = numberOf(key.first(comma));
+    const auto column = numberOf(key.sliced(comma + 1));
+    return row && column ? Cell{*column, *row} : nowhere;
+}
+} // namespace
+
+QString panelKey(qint64 row, qint64 column)
+{
+    return QString::number(static_cast<quint64>(row)) + u',' + QString::number(static_cast<quint64>(column));
+}
+
+PanelKeys::PanelKeys(QStringList texts) : m_texts(std::move(texts))
+{
+    m_cells.reserve(static_cast<std::size_t>(m_texts.size()));
+    for (const QString &text : std::as_const(m_texts))
+        m_cells.push_back(cellOf(text));
+}
+
+CellSet PanelKeys::cellsInside(int columns, int rows) const
+{
+    std::vector<Cell> inside;
+    for (const Cell &cell : m_cells) {
+        if (cell != nowhere && cell.column < columns && cell.row < rows)
+            inside.push_back(cell);
+    }
+    return CellSet(std::move(inside));
+}
+
+void PanelKeys::append(const Cell &cell)
+{
+    m_texts.append(panelKey(cell.row, cell.column));
+    m_cells.push_back(cell);
+}
+
+void PanelKeys::toggle(qint64 row, qint64 column)
+{
+    const QString key = panelKey(row, column);
+    const qsizetype before = m_texts.size();
+    removePlaces(0, [&](qsizetype place) { return m_texts.at(place) == key; });
+    if (m_texts.size() < before)
+        return;
+    m_texts.append(key);
+    m_cells.push_back(cellOf(key));
+}
+
+void PanelKeys::removeIf(const std::function<bool(const Cell &)> &isGone, qsizetype kept)
+{
+    removePlaces(kept, [&](qsizetype place) {
+        const Cell &cell = m_cells[static_cast<std::size_t>(place)];
+        return cell != nowhere && isGone(cell);
+    });
+}
+
+/// What stays moves up once, however much goes.
+template <typename IsGone>
+void PanelKeys::removePlaces(qsizetype kept, IsGone isGone)
+{
+    const qsizetype count = m_texts.size();
+    for (; kept < count && !isGone(kept); ++kept) {
+    }
+    if (kept >= count)
+        return;
+    for (qsizetype place = kept + 1; place < count; ++place) {
+        if (isGone(place))
+            continue;
+        m_texts[kept] = std::move(m_texts[place]);
+        m_cells[static_cast<std::size_t>(kept)] = m_cells[static_cast<std::size_t>(place)];
+        ++kept;
+    }
+    m_texts.resize(kept);
+    m_cells.resize(static_cast<std::size_t>(kept));
+}

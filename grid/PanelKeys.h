@@ -1,0 +1,38 @@
+#pragma once
+
+#include "grid/CellSet.h"
+
+#include <QStringList>
+
+#include <functional>
+#include <optional>
+
+/// The key of a panel in `hiddenBoxes`: its row counted from the top and its column from the left, as unsigned 64-bit
+/// decimals, so that an index before the first one names no panel.
+QString panelKey(qint64 row, qint64 column);
+
+/// The keys of a wall's panels that are off: a list of texts that comes from anywhere and goes back as it came. A panel
+/// may stand in it twice; keys of no panel, and texts that are none, stay where they are.
+class PanelKeys
+{
+public:
+    PanelKeys() = default;
+    explicit PanelKeys(QStringList texts);
+
+    const QStringList &texts() const { return m_texts; }
+    /// The panels of a wall of `columns` x `rows` (any numbers) that are named exactly as panelKey() writes.
+    CellSet cellsInside(int columns, int rows) const;
+
+    void append(const Cell &cell);
+    /// Takes that key away, as often as it is there; if it is not, appends it.
+    void toggle(qint64 row, qint64 column);
+    /// Takes away the cells' keys that `isGone` says, among those behind the first `kept` texts.
+    void removeIf(const std::function<bool(const Cell &)> &isGone, qsizetype kept = 0);
+
+private:
+    template <typename IsGone>
+    void removePlaces(qsizetype kept, IsGone isGone);
+
+    QStringList m_texts;
+    std::vector<Cell> m_cells; ///< of each text
+};
