@@ -1,7 +1,7 @@
 #include "cli/InfoFacts.h"
 
+#include "grid/PanelKeys.h"
 #include "layer/PowerCalculator.h"
-#include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 #include "still/LWStill.h"
@@ -53,7 +53,8 @@ WallFacts factsOfWall(const LWScreen &screen, qint64 divisor)
     wall.panelWidth = screen.panelWidth();
     wall.panelHeight = screen.panelHeight();
     wall.panels = qint64{std::max(wall.columns, 0)} * std::max(wall.rows, 0);
-    wall.hiddenPanels = countHiddenPanels(screen.hiddenBoxes().value_or(QStringList()), wall.columns, wall.rows);
+    const PanelKeys keys(screen.hiddenBoxes().value_or(QStringList()));
+    wall.hiddenPanels = keys.cellsInside(wall.columns, wall.rows).size();
     wall.pixelLimit = screen.pixelLimit();
     wall.pattern = screen.pattern();
     wall.path = FlowPattern::ofCode(wall.pattern);

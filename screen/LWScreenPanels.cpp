@@ -1,5 +1,5 @@
+#include "grid/PanelKeys.h"
 #include "layer/WallGrid.h"
-#include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "screen/PanelLabels.h"
 
@@ -33,11 +33,9 @@ void LWScreen::onImageClick(qint64 x, qint64 y)
     if (!column || !rowFromTop || *column >= col() || *rowFromTop >= row())
         return;
 
-    const QString key = hiddenPanelKey(*rowFromTop, *column);
-    QStringList keys = hiddenBoxes().value_or(QStringList());
-    if (keys.removeAll(key) == 0)
-        keys.append(key);
-    setHiddenBoxes(keys);
+    PanelKeys keys(hiddenBoxes().value_or(QStringList()));
+    keys.toggle(*rowFromTop, *column);
+    setHiddenBoxes(keys.texts());
 }
 
 std::optional<LWScreen::Panel> LWScreen::panelAt(qint64 x, qint64 y) const

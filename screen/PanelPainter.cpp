@@ -1,6 +1,7 @@
 #include "screen/PanelPainter.h"
 
 #include "drawing/PixelRows.h"
+#include "grid/PanelKeys.h"
 #include "screen/ScreenChart.h"
 
 #include <algorithm>
@@ -32,7 +33,7 @@ PanelPainter::PanelPainter(const ScreenChart &chart)
     : m_columns(chart.panelGrid().columns), m_rows(chart.panelGrid().rowsFromBottom()),
       m_frameWidth(chart.BoarderEnable ? std::max(chart.boarderWidth, 0) : 0), m_colours(PanelColours::of(chart)),
       m_firstIsSpecial(m_colours.firstPanel != m_colours.panel[0]),
-      m_hidden(chart.hiddenBoxes, std::max(chart.col, 0), std::max(chart.row, 0))
+      m_hidden(PanelKeys(chart.hiddenBoxes).cellsInside(chart.col, chart.row))
 {
     const auto width = static_cast<std::size_t>(chart.wallWidth());
     for (int phase = 0; phase < 2; ++phase) {
@@ -60,14 +61,13 @@ void PanelPainter::paintPanelRow(QImage &raster, int panelRow) const
     PixelRow ownInner;
     PixelRow ownEdge;
     const bool isFirst = panelRow == 0 && m_firstIsSpecial;
-    const bool hasHidden = m_hidden.containsAnyInRow(m_rows.count() - 1 - panelRow);
-    if (isFirst || hasHidden) {
+    const std::span<const Cell> hidden = m_hidden.inRow(m_rows.count() - 1 - panelRow);
+    if (isFirst || !hidden.empty()) {
         ownInner = *inner;
         ownEdge = *edge;
         if (isFirst)
             paintFirstPanel(ownInner, ownEdge);
-        if (hasHidden)
-            clearHiddenPanels(ownInner, panelRow);
+        clearPanels(ownInner, hidden);
         inner = &ownInner;
         edge = &ownEdge;
     }
@@ -105,14 +105,12 @@ void PanelPainter::addUprightFrames(PixelRow &pixels, int phase) const
     }
 }
 
-void PanelPainter::clearHiddenPanels(PixelRow &pixels, int panelRow) const
+void PanelPainter::clearPanels(PixelRow &pixels, std::span<const Cell> panels) const
 {
-    for (int column = 0; column < m_columns.count(); ++column) {
-        if (!m_hidden.contains(m_rows.count() - 1 - panelRow, column))
-            continue;
-        const int width = m_columns.sizeOf(column);
+    for (const Cell &panel : panels) {
+        const int width = m_columns.sizeOf(panel.column);
         const int inset = frameInset(width);
-        std::fill_n(pixels.begin() + m_columns.edge(column) + inset, std::max(width - 2 * inset, 0), QRgb{0});
+        std::fill_n(pixels.begin() + m_columns.edge(panel.column) + inset, std::max(width - 2 * inset, 0), QRgb{0});
     }
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Colour.h"
+#include "grid/CellSet.h"
 #include "grid/PanelAxis.h"
-#include "screen/HiddenPanels.h"
 
 #include <QImage>
 
@@ -43,7 +43,7 @@ private:
     void fillPanels(PixelRow &pixels, const std::array<Colour, 2> &colours, int phase) const;
     void addUprightFrames(PixelRow &pixels, int phase) const;
     void paintPanelRow(QImage &raster, int panelRow) const;
-    void clearHiddenPanels(PixelRow &pixels, int panelRow) const;
+    void clearPanels(PixelRow &pixels, std::span<const Cell> panels) const;
     void paintFirstPanel(PixelRow &inner, PixelRow &edge) const;
 
     PanelAxis m_columns;
@@ -51,7 +51,7 @@ private:
     int m_frameWidth;
     PanelColours m_colours;
     bool m_firstIsSpecial;
-    HiddenPanels m_hidden;
+    CellSet m_hidden;
     std::array<PixelRow, 2> m_inner; ///< by parity of the panel row: between the frames
     std::array<PixelRow, 2> m_edge;  ///< the frames along top and bottom
 };

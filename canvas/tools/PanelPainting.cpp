@@ -2,7 +2,6 @@
 
 #include "canvas/CanvasDocument.h"
 #include "layer/WallGrid.h"
-#include "screen/HiddenPanels.h"
 
 #include <QRegion>
 
@@ -18,19 +17,6 @@ int lineAt(const PanelAxis &axis, qint64 distance)
 {
     const qint64 count = axis.count();
     return distance < 0 ? -1 : static_cast<int>(std::min(axis.lineAt(distance).value_or(count), count));
-}
-
-QStringList keysOf(const std::vector<LWScreen::Panel> &panels)
-{
-    QStringList keys;
-    for (const LWScreen::Panel &panel : panels)
-        keys.append(hiddenPanelKey(panel.row, panel.column));
-    return keys;
-}
-
-QSet<QString> setOf(const QStringList &keys)
-{
-    return {keys.begin(), keys.end()};
 }
 
 qint64 panelsIn(const QRect &rectangle)
@@ -53,15 +39,15 @@ std::vector<LWScreen::Panel> panelsOf(const QRegion &region)
 } // namespace
 
 PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen> wall, const QPoint &pixel)
-    : m_document(document), m_wall(std::move(wall)), m_keysAtPress(m_wall->hiddenBoxes()),
+    : m_document(document), m_wall(std::move(wall)), m_textsAtPress(m_wall->hiddenBoxes()),
       m_first(m_wall->panelAt(pixel.x(), pixel.y()))
 {
     m_wall->onImageClick(pixel.x(), pixel.y());
     if (m_first) {
         m_place = *m_first;
-        m_switchesOff = m_wall->hiddenBoxes()->contains(hiddenPanelKey(m_first->row, m_first->column));
-        if (m_switchesOff)
-            m_knownKeys = setOf(m_keysAtPress.value_or(QStringList()));
+        m_keysAtPress = PanelKeys(m_textsAtPress.value_or(QStringList()));
+        m_offAtPress = m_keysAtPress.cellsInside(m_wall->col(), m_wall->row());
+        m_switchesOff = !m_offAtPress.contains(*m_first);
         beginAnew();
         addToStroke(*m_first);
     }
@@ -90,7 +76,7 @@ void PanelPainting::track(const QPoint &pixel, Shape shape)
         paintStroke();
     else
         paintRectangle(rectangleTo(place));
-    m_wall->setHiddenBoxes(m_keys);
+    m_wall->setHiddenBoxes(m_keys.texts());
     m_document.update(nullptr);
 }
 
@@ -129,61 +115,54 @@ QRect PanelPainting::rectangleTo(const Panel &place) const
 /// Nothing is painted.
 void PanelPainting::beginAnew()
 {
-    m_keys = m_keysAtPress.value_or(QStringList());
-    m_paintedKeys.clear();
+    m_keys = m_keysAtPress;
     m_paintedOfStroke = 0;
     m_paintedRectangle = {};
 }
 
 void PanelPainting::paintStroke()
 {
-    paint({m_stroke.begin() + std::exchange(m_paintedOfStroke, std::ssize(m_stroke)), m_stroke.end()}, {});
-}
-
-/// A wall may have millions of panels: only those that have changed since the last move are worked out anew.
-void PanelPainting::paintRectangle(const QRect &rectangle)
-{
-    const qint64 gone = panelsIn(m_paintedRectangle) - panelsIn(m_paintedRectangle & rectangle);
-    if (gone > panelsIn(rectangle)) // what stays is found sooner than what goes
-        beginAnew();
-    const QRegion before(std::exchange(m_paintedRectangle, rectangle));
-    paint(panelsOf(QRegion(rectangle).subtracted(before)), panelsOf(before.subtracted(rectangle)));
-}
-
-void PanelPainting::paint(const std::vector<Panel> &come, const std::vector<Panel> &gone)
-{
+    const auto from = m_stroke.begin() + std::exchange(m_paintedOfStroke, std::ssize(m_stroke));
     m_wall->setHiddenBoxes(std::nullopt); // the list is this one's alone, or it would be copied
     if (m_switchesOff)
-        switchOff(keysOf(come), keysOf(gone));
+        switchOff({from, m_stroke.end()});
     else
-        switchOn(keysOf(come), setOf(keysOf(gone)));
+        switchOn();
 }
 
-void PanelPainting::switchOff(const QStringList &come, const QStringList &gone)
+/// A wall may have millions of panels: what stays painted is left as it is.
+void PanelPainting::paintRectangle(const QRect &rectangle)
 {
-    const auto isNew = [this](const QString &key) { return !m_knownKeys.contains(key); };
-    QSet<QString> back;
-    std::copy_if(gone.begin(), gone.end(), std::inserter(back, back.end()), isNew);
-    remove(back);
-    std::copy_if(come.begin(), come.end(), std::back_inserter(m_keys), isNew);
+    m_wall->setHiddenBoxes(std::nullopt);
+    const qint64 gone = panelsIn(m_paintedRectangle) - panelsIn(m_paintedRectangle & rectangle);
+    // What stays may be found sooner than what goes; and what is off again has its place only in the first list.
+    if (gone > panelsIn(rectangle) || (gone > 0 && !m_switchesOff))
+        beginAnew();
+    const QRegion before(std::exchange(m_paintedRectangle, rectangle));
+    if (!m_switchesOff)
+        return switchOn();
+    const auto isGone = [this](const Panel &panel) { return !isPainted(panel); };
+    m_keys.removeIf(isGone, m_keysAtPress.texts().size());
+    switchOff(panelsOf(QRegion(rectangle).subtracted(before)));
 }
 
-/// What the list has lost has its place in it again only where it is made anew.
-void PanelPainting::switchOn(const QStringList &come, const QSet<QString> &gone)
+bool PanelPainting::isPainted(const Panel &panel) const
 {
-    m_paintedKeys.subtract(gone);
-    for (const QString &key : come) // in the order of another set they would take long to find a place
-        m_paintedKeys.insert(key);
-    if (gone.isEmpty())
-        return remove(setOf(come));
-    m_keys = m_keysAtPress.value_or(QStringList());
-    remove(m_paintedKeys);
+    return m_shape == Shape::Stroke ? m_inStroke.contains({panel.column, panel.row})
+                                    : m_paintedRectangle.contains(panel.column, panel.row);
 }
 
-void PanelPainting::remove(const QSet<QString> &keys)
+void PanelPainting::switchOff(const std::vector<Panel> &come)
 {
-    if (!keys.isEmpty())
-        m_keys.removeIf([&keys](const QString &key) { return keys.contains(key); });
+    for (const Panel &panel : come) {
+        if (!m_offAtPress.contains(panel))
+            m_keys.append(panel);
+    }
+}
+
+void PanelPainting::switchOn()
+{
+    m_keys.removeIf([this](const Panel &panel) { return isPainted(panel); });
 }
 
 /// In the order of the rectangle, whatever way the pointer took.
@@ -192,7 +171,7 @@ void PanelPainting::orderRectangle()
     const QRect rectangle = m_paintedRectangle;
     beginAnew();
     paintRectangle(rectangle);
-    m_wall->setHiddenBoxes(m_keys);
+    m_wall->setHiddenBoxes(m_keys.texts());
 }
 
 void PanelPainting::finish()
@@ -205,6 +184,6 @@ void PanelPainting::finish()
 
 void PanelPainting::cancel()
 {
-    m_wall->setHiddenBoxes(m_keysAtPress);
+    m_wall->setHiddenBoxes(m_textsAtPress);
     m_document.update(nullptr);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/PanelKeys.h"
 #include "screen/LWScreen.h"
 
 #include <QPoint>
@@ -45,20 +46,19 @@ private:
     void beginAnew();
     void paintStroke();
     void paintRectangle(const QRect &rectangle);
-    void paint(const std::vector<Panel> &come, const std::vector<Panel> &gone);
-    void switchOff(const QStringList &come, const QStringList &gone);
-    void switchOn(const QStringList &come, const QSet<QString> &gone);
-    void remove(const QSet<QString> &keys);
+    bool isPainted(const Panel &panel) const;
+    void switchOff(const std::vector<Panel> &come);
+    void switchOn();
     void orderRectangle();
 
     CanvasDocument &m_document;
     std::shared_ptr<LWScreen> m_wall;
-    std::optional<QStringList> m_keysAtPress;
+    std::optional<QStringList> m_textsAtPress;
     std::optional<Panel> m_first; ///< under the press; none: the wall has no panels to paint
     bool m_switchesOff = false;
-    QStringList m_keys;          ///< with what is painted
-    QSet<QString> m_knownKeys;   ///< where it switches off: those of the press
-    QSet<QString> m_paintedKeys; ///< where it switches on: those that are painted
+    PanelKeys m_keysAtPress;
+    CellSet m_offAtPress;
+    PanelKeys m_keys; ///< with what is painted; where it switches off, behind those of the press
     std::vector<Panel> m_stroke;
     QSet<std::pair<int, int>> m_inStroke;
     std::ptrdiff_t m_paintedOfStroke = 0;

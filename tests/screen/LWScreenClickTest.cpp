@@ -1,4 +1,3 @@
-#include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "tests/screen/TestHost.h"
 
@@ -137,35 +136,4 @@ TEST(LWScreenClick, ExtremePointsDoNoHarm)
     }
     for (const QString &key : screen->hiddenBoxes().value())
         EXPECT_EQ(key.count(','), 1) << qPrintable(key);
-}
-
-TEST(HiddenPanelKey, WritesIndexesBeforeTheFirstAsUnsignedNumbers)
-{
-    EXPECT_EQ(hiddenPanelKey(2, 5), "2,5");
-    EXPECT_EQ(hiddenPanelKey(-1, 0), "18446744073709551615,0");
-    EXPECT_EQ(hiddenPanelKey(0, std::numeric_limits<qint64>::min()), "0,9223372036854775808");
-}
-
-TEST(HiddenPanels, KnowsItsPanelsByExactKeysOnly)
-{
-    const HiddenPanels panels({"1,2", " 0,0", "00,0", "+0,1", "0,3 ", "1,2", "9,0", "0", "", "18446744073709551615,0"},
-                              4, 3);
-
-    EXPECT_TRUE(panels.contains(1, 2));
-    EXPECT_FALSE(panels.contains(0, 0));
-    EXPECT_FALSE(panels.contains(0, 1));
-    EXPECT_FALSE(panels.contains(0, 3));
-    EXPECT_FALSE(panels.containsAnyInRow(0));
-    EXPECT_TRUE(panels.containsAnyInRow(1));
-    EXPECT_FALSE(panels.containsAnyInRow(2));
-}
-
-TEST(HiddenPanels, CountsEachPanelOfTheWallOnce)
-{
-    const QStringList keys{"1,2", "1,2", "0,0", "3,0", "0,4", "x", "18446744073709551615,0"};
-
-    EXPECT_EQ(countHiddenPanels(keys, 4, 3), 2);
-    EXPECT_EQ(countHiddenPanels(keys, 0, 3), 0);
-    EXPECT_EQ(countHiddenPanels(keys, -4, -3), 0);
-    EXPECT_EQ(countHiddenPanels(keys, 2'000'000'000, 2'000'000'000), 4);
 }

@@ -1,8 +1,8 @@
 #include "windows/inspector/LayerFigures.h"
 
+#include "grid/PanelKeys.h"
 #include "layer/PowerCalculator.h"
 #include "layer/WallGrid.h"
-#include "screen/HiddenPanels.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 
@@ -19,7 +19,8 @@ void addWall(LayerFigures &figures, const LWScreen &wall)
 {
     ++figures.walls;
     add(figures.panels, limitedProduct({wall.col(), wall.row()}));
-    add(figures.panelsOff, countHiddenPanels(wall.hiddenBoxes().value_or(QStringList()), wall.col(), wall.row()));
+    add(figures.panelsOff,
+        PanelKeys(wall.hiddenBoxes().value_or(QStringList())).cellsInside(wall.col(), wall.row()).size());
     add(figures.pixels, panelGridOf(wall).pixels());
     if (const std::optional<PortSplit> split = portSplitOf(wall))
         add(figures.ports, hangsOnOnePort(*split) ? 1 : split->portCount());
