@@ -23,8 +23,6 @@ int PanelAxis::sizeOf(qint64 line) const
 
 std::optional<qint64> PanelAxis::lineAt(qint64 pixel) const
 {
-    if (m_others.empty() || pixel < 0)
-        return regularLineAt(pixel);
     const auto next =
         std::ranges::upper_bound(m_others, pixel, {}, [this](const Other &other) { return endOf(other); });
     if (next != m_others.end() && pixel >= endOf(*next) - next->size)
