@@ -318,3 +318,22 @@ TEST_F(LWCanvasImageViewPanels, ARectangleThatSwitchesOnGivesBackWhatItLeaves)
     painting.cancel();
     EXPECT_EQ(wall->hiddenBoxes(), QStringList({"5,5", "1,1", "9,9", "2,2", "1,1"}));
 }
+
+TEST_F(LWCanvasImageViewPanels, ARectangleThatSwitchesOnMayLeaveAFewAndTakeOthers)
+{
+    CanvasTestDocument another;
+    another.rendersOnUpdate = false;
+    const auto wall = std::make_shared<LWScreen>(another);
+    wall->setCol(4);
+    wall->setRow(4);
+    wall->setPanelWidth(1);
+    wall->setPanelHeight(1);
+    wall->setHiddenBoxes(QStringList{"0,0", "2,3", "odd", "3,2", "1,1", "3,3"});
+    PanelPainting painting(another, wall, {0, 0});
+    painting.track({2, 3}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList({"2,3", "odd", "3,3"}));
+    painting.track({3, 2}, PanelPainting::Shape::Rectangle);
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList({"odd", "3,2", "3,3"}));
+    painting.finish();
+    EXPECT_EQ(wall->hiddenBoxes(), QStringList({"odd", "3,2", "3,3"}));
+}
