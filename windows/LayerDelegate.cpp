@@ -1,9 +1,9 @@
 #include "windows/LayerDelegate.h"
 
+#include "base/NumberText.h"
 #include "show/LayerList.h"
 #include "still/LWStill.h"
 #include "windows/Icons.h"
-#include "windows/NumberText.h"
 #include "windows/Theme.h"
 
 #include <QAbstractItemView>

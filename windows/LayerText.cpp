@@ -1,6 +1,7 @@
 #include "windows/LayerText.h"
 
 #include "base/DecimalText.h"
+#include "base/NumberText.h"
 #include "layer/PixelBox.h"
 #include "layer/PowerCalculator.h"
 #include "layer/WallGrid.h"
@@ -8,7 +9,6 @@
 #include "screen/LostWall.h"
 #include "screen/PortSplit.h"
 #include "still/LWStill.h"
-#include "windows/NumberText.h"
 #include "windows/inspector/LayerFigures.h"
 
 namespace {

@@ -1,4 +1,5 @@
 #include "app/Settings.h"
+#include "base/NumberText.h"
 #include "canvas/LWCanvasImageView.h"
 #include "show/LayerPasteboard.h"
 #include "windows/FoldingSide.h"
@@ -6,7 +7,6 @@
 #include "windows/LayerTable.h"
 #include "windows/ListsPane.h"
 #include "windows/MainWindow.h"
-#include "windows/NumberText.h"
 #include "windows/OutputPreview.h"
 #include "windows/PowerBar.h"
 #include "windows/PresetPanel.h"

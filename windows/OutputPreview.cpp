@@ -1,7 +1,7 @@
 #include "windows/OutputPreview.h"
 
+#include "base/NumberText.h"
 #include "ui_OutputPreview.h"
-#include "windows/NumberText.h"
 #include "windows/OutputView.h"
 
 #include <QCloseEvent>

@@ -1,8 +1,8 @@
 #include "windows/OutputView.h"
 
+#include "base/NumberText.h"
 #include "canvas/DevicePixels.h"
 #include "output/CanvasFrame.h"
-#include "windows/NumberText.h"
 #include "windows/Theme.h"
 
 #include <QPainter>

@@ -1,10 +1,10 @@
 #include "windows/PowerBar.h"
 
 #include "app/Settings.h"
+#include "base/NumberText.h"
 #include "canvas/LWCanvasImageView.h"
 #include "layer/Supply.h"
 #include "windows/ElidedLabel.h"
-#include "windows/NumberText.h"
 #include "windows/Theme.h"
 #include "windows/ZoomField.h"
 #include "windows/inspector/NumberField.h"

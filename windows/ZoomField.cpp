@@ -1,7 +1,7 @@
 #include "windows/ZoomField.h"
 
+#include "base/NumberText.h"
 #include "output/CanvasFrame.h"
-#include "windows/NumberText.h"
 #include "windows/Theme.h"
 #include "windows/inspector/SumText.h"
 

@@ -1,7 +1,7 @@
 #include "windows/inspector/FigureBlock.h"
 
+#include "base/NumberText.h"
 #include "windows/LayerText.h"
-#include "windows/NumberText.h"
 #include "windows/Theme.h"
 #include "windows/inspector/FigureLabel.h"
 #include "windows/inspector/LayerFigures.h"

@@ -2,11 +2,11 @@
 
 #include "app/LWAppDelegate.h"
 #include "app/Settings.h"
+#include "base/NumberText.h"
 #include "drawing/Raster.h"
 #include "still/LWStill.h"
 #include "windows/Icons.h"
 #include "windows/LayerText.h"
-#include "windows/NumberText.h"
 #include "windows/TextField.h"
 #include "windows/Theme.h"
 #include "windows/WindowInterface.h"

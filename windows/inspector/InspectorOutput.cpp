@@ -1,6 +1,6 @@
 #include "app/LWAppDelegate.h"
+#include "base/NumberText.h"
 #include "drawing/Raster.h"
-#include "windows/NumberText.h"
 #include "windows/inspector/ColourButton.h"
 #include "windows/inspector/Inspector.h"
 #include "windows/inspector/NumberField.h"

@@ -1,6 +1,6 @@
 #include "windows/inspector/NumberField.h"
 
-#include "windows/NumberText.h"
+#include "base/NumberText.h"
 #include "windows/TextField.h"
 #include "windows/Theme.h"
 #include "windows/inspector/SumText.h"

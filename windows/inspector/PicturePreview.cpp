@@ -1,6 +1,6 @@
 #include "windows/inspector/PicturePreview.h"
 
-#include "windows/NumberText.h"
+#include "base/NumberText.h"
 
 #include <QImageReader>
 

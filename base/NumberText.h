@@ -10,5 +10,6 @@ namespace NumberText {
 QString grouped(qint64 number);
 /// Width by height: "1,920 × 1,080".
 QString size(const QSize &size);
+QString size(qint64 width, qint64 height);
 
 } // namespace NumberText
