@@ -1,4 +1,5 @@
 #include "app/LWAppDelegate.h"
+#include "facts/Load.h"
 #include "layer/PowerCalculator.h"
 #include "show/EditNames.h"
 
@@ -9,12 +10,8 @@ const QString phaseKey("phaseCalc");
 
 void LWAppDelegate::calculatePower()
 {
-    if (m_voltageCalc == 0)
-        m_voltageCalc = 110;
-    if (m_phaseCalc == 0)
-        m_phaseCalc = 1;
-    const float amperes = PowerCalculator::amperes(PowerCalculator::watts(allScreensArray()),
-                                                   PowerCalculator::divisor(m_voltageCalc, m_phaseCalc));
+    PowerCalculator::chooseSupply(*this);
+    const float amperes = Load::of(allScreensArray()).amperes(m_voltageCalc, m_phaseCalc);
     m_powerResult = PowerCalculator::resultText(amperes);
     m_userInterface.showPowerResult(m_powerResult);
 }

@@ -1,10 +1,10 @@
 #include "cli/InfoCommand.h"
 
 #include "cli/CommandLineHost.h"
-#include "cli/InfoFacts.h"
 #include "cli/InfoJson.h"
 #include "cli/InfoText.h"
 #include "cli/Options.h"
+#include "facts/ProjectFacts.h"
 #include "formats/FileFormat.h"
 
 #include <limits>

@@ -1,7 +1,7 @@
 #include "cli/InfoJson.h"
 
-#include "cli/InfoFacts.h"
 #include "cli/VisibleText.h"
+#include "facts/ProjectFacts.h"
 
 #include <QByteArray>
 
@@ -61,16 +61,16 @@ QByteArray list(const QList<QByteArray> &items, int indentation)
     return "[\n" + items.join(",\n") + '\n' + QByteArray(indentation, ' ') + ']';
 }
 
-QByteArray portsText(const WallFacts &wall)
+QByteArray portsText(const WallPorts &ports)
 {
     QList<QByteArray> items;
-    for (const PortGroup &group : wall.ports) {
-        const char *const lines = wall.path->along == FlowPattern::Along::Rows ? "rows" : "columns";
+    for (const PortGroup &group : ports.groups) {
+        const QByteArray lines = QByteArray(ports.lineName()) + 's';
         const QByteArray pixels = group.pixels ? text(*group.pixels) : QByteArray("null");
         items.append("        {" +
                      joined({{"first", text(group.first)},
                              {"last", text(group.last)},
-                             {lines, text(group.lines)},
+                             {lines.constData(), text(group.lines)},
                              {"panels", text(group.panels)},
                              {"pixels", pixels}},
                             ", ") +
@@ -86,15 +86,15 @@ std::vector<Member> wallMembers(const WallFacts &wall)
         {"row", text(qint64{wall.rows})},
         {"panelWidth", text(qint64{wall.panelWidth})},
         {"panelHeight", text(qint64{wall.panelHeight})},
-        {"panels", text(wall.panels)},
-        {"hiddenPanels", text(wall.hiddenPanels)},
+        {"panels", text(wall.size.panels)},
+        {"hiddenPanels", text(wall.panelsOff)},
         {"powerOnCell", text(qint64{wall.wattsPerPanel})},
-        {"watts", text(qint64{wall.watts})},
+        {"watts", text(qint64{wall.load.watts})},
         {"amperes", text(wall.amperes)},
         {"drawFlowPath", text(wall.isPathDrawn)},
         {"pattern", text(wall.pattern)},
         {"pixelLimit", text(wall.pixelLimit)},
-        {"ports", portsText(wall)},
+        {"ports", portsText(wall.ports)},
     };
 }
 
@@ -107,7 +107,7 @@ QByteArray layerText(const LayerFacts &layer, std::size_t index)
         {"screenSizeWidth", text(layer.width)}, {"screenSizeHeight", text(layer.height)},
     };
     if (layer.wall) {
-        members.emplace_back("tooLargeToDraw", text(layer.isTooLargeToDraw));
+        members.emplace_back("tooLargeToDraw", text(layer.wall->size.isTooLargeToDraw));
         const std::vector<Member> wall = wallMembers(*layer.wall);
         members.insert(members.end(), wall.begin(), wall.end());
     } else {
@@ -131,7 +131,7 @@ QString of(const ProjectFacts &facts)
             {"OutputHeight", text(qint64{facts.outputHeight})},
             {"voltage", text(facts.volts)},
             {"phases", text(facts.phases)},
-            {"watts", text(qint64{facts.watts})},
+            {"watts", text(qint64{facts.load.watts})},
             {"amperes", text(facts.amperes)},
             {"layers", list(layers, 2)},
         },

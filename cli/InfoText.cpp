@@ -1,30 +1,26 @@
 #include "cli/InfoText.h"
 
 #include "base/DecimalText.h"
-#include "cli/InfoFacts.h"
+#include "base/NumberText.h"
 #include "cli/VisibleText.h"
+#include "facts/ProjectFacts.h"
 #include "layer/PowerCalculator.h"
 #include "screen/LostWall.h"
-
-#include <QLocale>
 
 namespace {
 constexpr int nameWidth = 11;
 
-QString figure(qint64 number)
-{
-    return QLocale(QLocale::English).toString(number);
-}
+using NumberText::grouped;
 
 QString size(qint64 width, qint64 height)
 {
-    return figure(width) + " x " + figure(height);
+    return grouped(width) + " x " + grouped(height);
 }
 
 /// "1 row", "2 rows"
 QString counted(qint64 number, const QString &what)
 {
-    return figure(number) + u' ' + what + (number == 1 ? "" : "s");
+    return grouped(number) + u' ' + what + (number == 1 ? "" : "s");
 }
 
 QString line(const QString &name, const QString &text)
@@ -44,50 +40,47 @@ QString panelsText(const WallFacts &wall)
 {
     QString text =
         QString("%1 of %2 pixels, %3 in all")
-            .arg(size(wall.columns, wall.rows), size(wall.panelWidth, wall.panelHeight), figure(wall.panels));
-    if (wall.hiddenPanels > 0)
-        text += QString(", %1 of them hidden").arg(figure(wall.hiddenPanels));
+            .arg(size(wall.columns, wall.rows), size(wall.panelWidth, wall.panelHeight), grouped(wall.size.panels));
+    if (wall.panelsOff > 0)
+        text += QString(", %1 of them hidden").arg(grouped(wall.panelsOff));
     return text;
 }
 
 QString pathText(const WallFacts &wall)
 {
-    if (!wall.path)
+    if (!wall.ports.path)
         return QString("none, there is no pattern %1").arg(wall.pattern);
-    const QString along = wall.path->along == FlowPattern::Along::Rows ? "rows" : "columns";
-    const QString corner =
-        QString(wall.path->fromBottom ? "bottom" : "top") + (wall.path->fromRight ? " right" : " left");
+    const FlowPattern &path = *wall.ports.path;
+    const QString corner = QString(path.fromBottom ? "bottom" : "top") + (path.fromRight ? " right" : " left");
     const QString drawn = wall.isPathDrawn ? QString() : QString(", not drawn");
-    return QString("pattern %1, %2 from the %3%4").arg(QString::number(wall.pattern), along, corner, drawn);
+    return QString("pattern %1, %2s from the %3%4")
+        .arg(QString::number(wall.pattern), wall.ports.lineName(), corner, drawn);
 }
 
 QString portName(const PortGroup &group)
 {
     if (group.count() == 1)
-        return QString("port %1").arg(figure(group.first));
-    return QString("ports %1 to %2").arg(figure(group.first), figure(group.last));
+        return QString("port %1").arg(grouped(group.first));
+    return QString("ports %1 to %2").arg(grouped(group.first), grouped(group.last));
 }
 
-QString portText(const WallFacts &wall, const PortGroup &group)
+QString portText(const WallPorts &ports, const PortGroup &group)
 {
-    const QString lineKind = wall.path->along == FlowPattern::Along::Rows ? "row" : "column";
     const QString pixels = group.pixels ? counted(*group.pixels, "pixel") : QString("more pixels than can be counted");
     const QString each = group.count() == 1 ? QString() : QString(" each");
     return QString("%1: %2, %3, %4%5")
-        .arg(portName(group), counted(group.lines, lineKind), counted(group.panels, "panel"), pixels, each);
+        .arg(portName(group), counted(group.lines, ports.lineName()), counted(group.panels, "panel"), pixels, each);
 }
 
 /// How many ports there are, and how it comes that there is only one where the limit would ask for more.
 QString portsText(const WallFacts &wall)
 {
-    if (wall.ports.empty())
+    if (wall.ports.groups.empty())
         return "none";
-    const PortGroup &last = wall.ports.back();
     if (wall.pixelLimit == 0)
         return "1, no limit";
-    const QString text = QString("%1, limit %2").arg(figure(last.last), counted(wall.pixelLimit, "pixel"));
-    const bool isOverLimit = wall.pixelLimit > 0 && (!last.pixels || *last.pixels > wall.pixelLimit);
-    return isOverLimit ? text + ", too few for one row or column: all panels on one port" : text;
+    const QString text = QString("%1, limit %2").arg(grouped(wall.ports.count()), counted(wall.pixelLimit, "pixel"));
+    return wall.ports.isOverLimit ? text + ", too few for one row or column: all panels on one port" : text;
 }
 
 QString wallText(const WallFacts &wall)
@@ -95,18 +88,18 @@ QString wallText(const WallFacts &wall)
     QString text = line("Panels", panelsText(wall));
     text += line("Data path", pathText(wall));
     text += line("Ports", portsText(wall));
-    for (const PortGroup &group : wall.ports)
-        text += line("", portText(wall, group));
-    text += line("Power", QString("%1 W, %2 W a panel").arg(figure(wall.watts), figure(wall.wattsPerPanel)));
+    for (const PortGroup &group : wall.ports.groups)
+        text += line("", portText(wall.ports, group));
+    text += line("Power", QString("%1 W, %2 W a panel").arg(grouped(wall.load.watts), grouped(wall.wattsPerPanel)));
     return text + line("Current", DecimalText::of(wall.amperes) + " A");
 }
 
 QString layerText(const LayerFacts &layer, std::size_t index)
 {
     QString text = heading(layer, index);
-    text += line("Position", QString("x %1, y %2").arg(figure(layer.x), figure(layer.y)));
-    text += line("Size", layer.isTooLargeToDraw ? LostWall::reason(layer.width, layer.height)
-                                                : size(layer.width, layer.height) + " pixels");
+    text += line("Position", QString("x %1, y %2").arg(grouped(layer.x), grouped(layer.y)));
+    text += line("Size", layer.wall && layer.wall->size.isTooLargeToDraw ? LostWall::reason(layer.width, layer.height)
+                                                                         : size(layer.width, layer.height) + " pixels");
     if (!layer.wall)
         return text + line("Picture", layer.picture.isNull() ? QString("none") : VisibleText::quoted(layer.picture));
     return text + wallText(*layer.wall);
@@ -118,11 +111,11 @@ namespace InfoText {
 QString of(const ProjectFacts &facts)
 {
     QString text = QString("Output: %1 pixels\n").arg(size(facts.outputWidth, facts.outputHeight));
-    text += QString("Layers: %1\n\n").arg(figure(qint64(facts.layers.size())));
+    text += QString("Layers: %1\n\n").arg(grouped(qint64(facts.layers.size())));
     for (std::size_t i = 0; i < facts.layers.size(); ++i)
         text += layerText(facts.layers[i], i) + u'\n';
     return text + QString("%1 (%2 W at %3 V, %4)\n")
-                      .arg(PowerCalculator::resultText(facts.amperes), figure(facts.watts), figure(facts.volts),
+                      .arg(PowerCalculator::resultText(facts.amperes), grouped(facts.load.watts), grouped(facts.volts),
                            counted(facts.phases, "phase"));
 }
 

@@ -1,9 +1,19 @@
 #include "layer/PowerCalculator.h"
 
 #include "base/DecimalText.h"
+#include "layer/LayerHost.h"
 #include "layer/Power.h"
+#include "layer/Supply.h"
 
 namespace PowerCalculator {
+
+void chooseSupply(LayerHost &host)
+{
+    if (host.voltageCalc() == 0)
+        host.setVoltageCalc(Supply().volts);
+    if (host.phaseCalc() == 0)
+        host.setPhaseCalc(Supply().phases);
+}
 
 qint32 watts(const Layer &layer)
 {

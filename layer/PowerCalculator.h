@@ -10,6 +10,9 @@
 /// with saved files.
 namespace PowerCalculator {
 
+/// Chooses what of a supply nobody has chosen yet, which is 0, as it is for a show without a choice (Supply).
+void chooseSupply(LayerHost &host);
+
 /// Watts of a wall: columns x rows x watts per panel.
 qint32 watts(const Layer &layer);
 /// Watts of all layers, hidden ones too.

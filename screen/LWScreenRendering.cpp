@@ -1,4 +1,5 @@
 #include "layer/LayerHost.h"
+#include "layer/PowerCalculator.h"
 #include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 
@@ -13,14 +14,6 @@ int recordedSide(qint64 pixels)
     constexpr qint64 lowest = std::numeric_limits<int>::min();
     constexpr qint64 highest = std::numeric_limits<int>::max();
     return static_cast<int>(qBound(lowest, pixels, highest));
-}
-
-void chooseDefaultSupply(LayerHost &host)
-{
-    if (host.voltageCalc() == 0)
-        host.setVoltageCalc(110);
-    if (host.phaseCalc() == 0)
-        host.setPhaseCalc(1);
 }
 
 ScreenChart chartOf(const LWScreen &screen, const LayerHost &host)
@@ -74,7 +67,7 @@ void LWScreen::drawInRect()
 
     const bool hasPanels = row() != 0 && col() != 0;
     if (hasPanels && screenFontEnable())
-        chooseDefaultSupply(host());
+        PowerCalculator::chooseSupply(host());
     if (hasPanels && labelFontSize() == 0)
         setLabelFontSize(firstLabelFontSize);
 

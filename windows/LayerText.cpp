@@ -2,14 +2,14 @@
 
 #include "base/DecimalText.h"
 #include "base/NumberText.h"
+#include "facts/LayerFigures.h"
+#include "facts/Load.h"
+#include "facts/WallPorts.h"
+#include "facts/WallSize.h"
 #include "layer/PixelBox.h"
-#include "layer/PowerCalculator.h"
-#include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
-#include "screen/PortSplit.h"
 #include "still/LWStill.h"
-#include "windows/inspector/LayerFigures.h"
 
 namespace {
 /// The layers of one kind.
@@ -29,12 +29,9 @@ QString counted(qint64 count, const QString &noun)
     return NumberText::grouped(count) + ' ' + noun + (count == 1 ? "" : "s");
 }
 
-/// Pixels of so many rows, or columns, of the wall.
-qint64 pixelsOf(const Layer &layer, const FlowPattern &pattern, qint64 lines)
+QString pixels(std::optional<qint64> count)
 {
-    const bool alongRows = pattern.along == FlowPattern::Along::Rows;
-    const PanelGrid grid = panelGridOf(layer);
-    return limitedProduct({lines, alongRows ? grid.columns.count() : grid.rows.count(), grid.panelPixels()});
+    return NumberText::grouped(Counted::limited(count)) + " px";
 }
 
 QString missingPicture(const Layer &layer)
@@ -49,11 +46,9 @@ QString missingPicture(const Layer &layer)
 
 QString tooLargeToDraw(const Layer &layer)
 {
-    const QSize size(layer.screenSizeWidth(), layer.screenSizeHeight());
     const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
-    if (!isWall || !LostWall::isTooLarge(size.width(), size.height()))
-        return {};
-    return LostWall::reason(size.width(), size.height()) + '.';
+    const WallSize size = WallSize::of(layer);
+    return isWall && size.isTooLargeToDraw ? LostWall::reason(size.width, size.height) + '.' : QString();
 }
 
 QString outsideOutput(const Layer &layer, const QSize &output)
@@ -67,33 +62,24 @@ QString outsideOutput(const Layer &layer, const QSize &output)
 
 QString portOverLimit(const Layer &layer)
 {
-    if (!isOverPortLimit(layer))
+    const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
+    const WallPorts ports = isWall ? WallPorts::of(layer) : WallPorts();
+    if (!ports.isOverLimit)
         return {};
-    const std::optional<FlowPattern> pattern = FlowPattern::ofCode(layer.pattern());
-    const QString line = pattern->along == FlowPattern::Along::Rows ? "row" : "column";
-    const QString pixels = NumberText::grouped(pixelsOf(layer, *pattern, 1));
-    return QString("One %1 of panels has %2 px, a port carries %3; raise the pixels per port or make the %1s shorter.")
-        .arg(line, pixels, NumberText::grouped(layer.pixelLimit()));
+    return QString("One %1 of panels has %2, a port carries %3; raise the pixels per port or make the %1s shorter.")
+        .arg(ports.lineName(), pixels(ports.linePixels), NumberText::grouped(layer.pixelLimit()));
 }
 
 QString portsOf(const Layer &wall)
 {
-    const std::optional<PortSplit> split = portSplitOf(wall);
-    if (!split)
+    const WallPorts ports = WallPorts::of(wall);
+    if (ports.groups.empty())
         return "No data path";
-    if (hangsOnOnePort(*split)) {
-        const qint64 all = panelGridOf(wall).pixels();
-        return counted(1, "port") + ", " + NumberText::grouped(all) + " px" +
-               (isOverPortLimit(wall) ? ", more than one port carries" : "");
-    }
-    const auto pixels = [&wall, pattern = *FlowPattern::ofCode(wall.pattern())](qint64 lines) {
-        return NumberText::grouped(pixelsOf(wall, pattern, lines)) + " px";
-    };
-    const QString ports = counted(split->portCount(), "port") + ", ";
-    if (split->portCount() == 1)
-        return ports + pixels(split->port(0).lines);
-    const QString each = ports + pixels(split->linesPerPort) + " each";
-    return split->remainderLines == 0 ? each : each + ", last " + pixels(split->remainderLines);
+    const QString text = counted(ports.count(), "port") + ", " + pixels(ports.groups.front().pixels);
+    if (ports.count() == 1)
+        return ports.isOverLimit ? text + ", more than one port carries" : text;
+    const bool isLastFull = ports.groups.size() == 1;
+    return isLastFull ? text + " each" : text + " each, last " + pixels(ports.groups.back().pixels);
 }
 
 QString portsOfAll(const LayerFigures &figures)
@@ -122,11 +108,11 @@ QString wall(const std::vector<LayerPointer> &layers)
         return {};
     const LayerFigures figures = LayerFigures::of(layers);
     const LWScreen &first = *walls.front();
-    const QString text = walls.size() > 1
-                             ? counted(figures.walls, "wall") + ", " + counted(figures.panels, "panel")
-                             : QString("%1 × %2 panels, %3 px")
-                                   .arg(NumberText::grouped(first.col()), NumberText::grouped(first.row()),
-                                        NumberText::size({first.screenSizeWidth(), first.screenSizeHeight()}));
+    const WallSize size = WallSize::of(first);
+    const QString text = walls.size() > 1 ? counted(figures.walls, "wall") + ", " + counted(figures.panels, "panel")
+                                          : QString("%1 × %2 panels, %3 px")
+                                                .arg(NumberText::grouped(first.col()), NumberText::grouped(first.row()),
+                                                     NumberText::size(size.width, size.height));
     return figures.panelsOff == 0 ? text : text + ", " + NumberText::grouped(figures.panelsOff) + " off";
 }
 
@@ -157,8 +143,7 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
 
 QString amperes(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
 {
-    const qint64 divisor = PowerCalculator::divisor(volts, phases);
-    return DecimalText::of(PowerCalculator::amperes(PowerCalculator::watts(layers), divisor)) + " A";
+    return DecimalText::of(Load::of(layers).amperes(volts, phases)) + " A";
 }
 
 QString at(qint64 volts, qint64 phases)
@@ -175,13 +160,13 @@ QString power(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phas
 QString load(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
 {
     const QString text = power(layers, volts, phases);
-    return isPowerCounted(layers) ? text + ", " + DecimalText::of(PowerCalculator::watts(layers) / 1000.0) + " kW"
-                                  : text;
+    const Load load = Load::of(layers);
+    return load.isCounted ? text + ", " + DecimalText::of(load.watts / 1000.0) + " kW" : text;
 }
 
 bool isPowerCounted(const std::vector<LayerPointer> &layers)
 {
-    return LayerFigures::of(layers).isPowerCounted;
+    return Load::of(layers).isCounted;
 }
 
 QString picture(const std::vector<LayerPointer> &layers)

@@ -1,10 +1,10 @@
 #include "windows/inspector/FigureBlock.h"
 
 #include "base/NumberText.h"
+#include "facts/LayerFigures.h"
 #include "windows/LayerText.h"
 #include "windows/Theme.h"
 #include "windows/inspector/FigureLabel.h"
-#include "windows/inspector/LayerFigures.h"
 
 #include <QGridLayout>
 #include <QLabel>
@@ -76,9 +76,9 @@ void FigureBlock::showWalls(const std::vector<LayerPointer> &layers, qint64 volt
                              ? QString(", over the limit")
                              : ", " + NumberText::grouped(figures.portsOverLimit) + " over the limit";
     m_ports.show(NumberText::grouped(figures.ports), noun("port", figures.ports) + (isOver ? over : QString()), isOver);
+    const bool isCounted = LayerText::isPowerCounted(layers);
     m_current.show(LayerText::amperes(layers, volts, phases),
-                   figures.isPowerCounted ? LayerText::at(volts, phases) : QString(LayerText::beyondCounting),
-                   !figures.isPowerCounted);
+                   isCounted ? LayerText::at(volts, phases) : QString(LayerText::beyondCounting), !isCounted);
 }
 
 void FigureBlock::showPictures(const std::vector<LayerPointer> &layers)
