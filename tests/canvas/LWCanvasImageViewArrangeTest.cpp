@@ -1,7 +1,6 @@
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QPalette>
-#include <QSignalSpy>
 #include <QTest>
 
 namespace {
@@ -32,89 +31,6 @@ protected:
     const QColor label{1, 2, 3};
 };
 } // namespace
-
-TEST_F(LWCanvasImageViewArrange, PanelsIsTheFirstTool)
-{
-    const QSignalSpy told(&view, &LWCanvasImageView::toolDidChange);
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    view.setTool(Tool::Arrange);
-    EXPECT_EQ(view.tool(), Tool::Arrange);
-    view.setTool(Tool::Arrange);
-    ASSERT_EQ(told.size(), 1);
-    EXPECT_EQ(told[0][0].value<Tool>(), Tool::Arrange);
-}
-
-TEST_F(LWCanvasImageViewArrange, AltIsArrangeAsLongAsItIsHeld)
-{
-    const QSignalSpy told(&view, &LWCanvasImageView::toolDidChange);
-    QTest::keyPress(&view, Qt::Key_Alt);
-    EXPECT_EQ(view.tool(), Tool::Arrange);
-    QTest::keyRelease(&view, Qt::Key_Alt);
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    QTest::keyPress(&view, Qt::Key_Alt);
-    QFocusEvent away(QEvent::FocusOut);
-    QApplication::sendEvent(&view, &away);
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    EXPECT_EQ(told.size(), 4);
-}
-
-TEST_F(LWCanvasImageViewArrange, TheMouseKnowsOfAltBetter)
-{
-    moveTo({10, 10}, Qt::NoButton, Qt::AltModifier);
-    EXPECT_EQ(view.tool(), Tool::Arrange);
-    moveTo({11, 10}, Qt::NoButton);
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    QTest::keyPress(&view, Qt::Key_Alt);
-    moveTo({12, 10}, Qt::NoButton); // released elsewhere
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    view.setTool(Tool::Arrange);
-    moveTo({13, 10}, Qt::NoButton);
-    EXPECT_EQ(view.tool(), Tool::Arrange);
-}
-
-TEST_F(LWCanvasImageViewArrange, WithoutFocusAltEndsWhenThePointerLeaves)
-{
-    view.clearFocus();
-    moveTo({10, 10}, Qt::NoButton, Qt::AltModifier);
-    QEvent leave(QEvent::Leave);
-    QApplication::sendEvent(&view, &leave);
-    EXPECT_EQ(view.tool(), Tool::Panels);
-}
-
-TEST_F(LWCanvasImageViewArrange, AltOverTheCanvasIsNotForTheMenus)
-{
-    const auto isTaken = [this] {
-        QKeyEvent key(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::AltModifier);
-        key.ignore();
-        QApplication::sendEvent(&view, &key);
-        return key.isAccepted();
-    };
-    EXPECT_FALSE(isTaken());
-    moveTo({10, 10}, Qt::NoButton);
-    EXPECT_TRUE(isTaken());
-}
-
-TEST_F(LWCanvasImageViewArrange, ThePressDecidesWhichToolTheDragHas)
-{
-    addWall({300, 300, 60, 60});
-    document.select(layer(0), false);
-    press({110, 110}, Qt::LeftButton, Qt::AltModifier);
-    moveTo({120, 110}); // Alt is released
-    EXPECT_EQ(view.tool(), Tool::Arrange);
-    view.setTool(Tool::Panels);
-    moveTo({130, 110});
-    EXPECT_EQ(placeOf(0), QPoint(360, 300));
-    release({130, 110});
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    EXPECT_EQ(document.calls.last(), "finishEdit move layer");
-
-    press({130, 110});
-    QTest::keyPress(&view, Qt::Key_Alt);
-    EXPECT_EQ(view.tool(), Tool::Panels);
-    release({130, 110}, Qt::LeftButton, Qt::AltModifier);
-    EXPECT_EQ(view.tool(), Tool::Arrange);
-    EXPECT_EQ(placeOf(0), QPoint(360, 300));
-}
 
 TEST_F(LWCanvasImageViewArrange, ADragMovesTheLayerUnderThePointerByItsOutputPixels)
 {
