@@ -5,7 +5,6 @@
 #include <QString>
 
 class CanvasGeometry;
-class CanvasPainter;
 
 /// What a click, or Enter, would act on: an outline around it, and its label in a box.
 struct LabelledOutline
