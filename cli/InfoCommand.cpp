@@ -25,21 +25,16 @@ Result<InfoCommand> InfoCommand::parse(const QStringList &arguments)
     const Result<int> phases = Options::number(parser, "phases", anyFromOne, 0);
     if (!volts || !phases)
         return tl::unexpected(volts ? phases.error() : volts.error());
-    const QStringList files = parser.positionalArguments();
-    if (files.size() != 1)
-        return fail("give one INPUT");
-    return FileFormat::toRead(files.first()).map([&](const FileFormat & /*format*/) {
-        return InfoCommand{files.first(), parser.isSet("json"), *volts, *phases};
+    return Options::input(parser).map([&](const QString &file) {
+        return InfoCommand{file, parser.isSet("json"), *volts, *phases};
     });
 }
 
 Result<QString> InfoCommand::run() const
 {
     CommandLineHost host(volts, phases, noCorners);
-    const Result<Project> project =
-        FileFormat::toRead(input).and_then([&](const FileFormat &format) { return format.read(input, host); });
-    return project.map([&](const Project &known) {
-        const ProjectFacts facts = ProjectFacts::of(known, volts, phases);
+    return FileFormat::readProject(input, host).map([&](const Project &project) {
+        const ProjectFacts facts = ProjectFacts::of(project, volts, phases);
         return isJson ? InfoJson::of(facts) : InfoText::of(facts);
     });
 }

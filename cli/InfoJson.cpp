@@ -1,65 +1,12 @@
 #include "cli/InfoJson.h"
 
-#include "cli/VisibleText.h"
+#include "cli/OrderedJson.h"
 #include "facts/ProjectFacts.h"
-
-#include <QByteArray>
-
-#include <array>
-#include <charconv>
-#include <utility>
 
 namespace {
 constexpr int formatNumber = 1;
 
-/// A name and its value as JSON. QJsonObject would sort them.
-using Member = std::pair<const char *, QByteArray>;
-
-QByteArray text(const QString &value)
-{
-    return value.isNull() ? QByteArray("null") : VisibleText::quoted(value).toUtf8();
-}
-
-QByteArray text(bool value)
-{
-    return value ? "true" : "false";
-}
-
-QByteArray text(qint64 value)
-{
-    return QByteArray::number(value);
-}
-
-/// The fewest digits that give the same number again in double precision, in which programs read it.
-QByteArray text(float value)
-{
-    std::array<char, 32> digits{};
-    const auto result = std::to_chars(digits.begin(), digits.end(), static_cast<double>(value));
-    return QByteArray(digits.data(), result.ptr - digits.data());
-}
-
-QByteArray joined(const std::vector<Member> &members, const QByteArray &separator)
-{
-    QByteArray all;
-    for (const auto &[name, value] : members)
-        all += (all.isEmpty() ? QByteArray() : separator) + '"' + name + "\": " + value;
-    return all;
-}
-
-/// One member a line, `indentation` blanks in front of the braces.
-QByteArray object(const std::vector<Member> &members, int indentation)
-{
-    const QByteArray margin(indentation, ' ');
-    return margin + "{\n" + margin + "  " + joined(members, ",\n" + margin + "  ") + '\n' + margin + '}';
-}
-
-/// One item a line; the items bring their own indentation.
-QByteArray list(const QList<QByteArray> &items, int indentation)
-{
-    if (items.isEmpty())
-        return "[]";
-    return "[\n" + items.join(",\n") + '\n' + QByteArray(indentation, ' ') + ']';
-}
+using namespace OrderedJson;
 
 QByteArray portsText(const WallPorts &ports)
 {

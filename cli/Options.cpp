@@ -1,6 +1,7 @@
 #include "cli/Options.h"
 
 #include "formats/ColourText.h"
+#include "formats/FileFormat.h"
 
 #include <algorithm>
 
@@ -39,6 +40,14 @@ Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &
         return fail("there is no option " + asTyped(unknown.first(), arguments));
     const QString reason = parser.errorText().remove(u'.');
     return fail(reason.left(1).toLower() + reason.mid(1));
+}
+
+Result<QString> input(const QCommandLineParser &parser)
+{
+    const QStringList files = parser.positionalArguments();
+    if (files.size() != 1)
+        return fail("give one INPUT");
+    return FileFormat::toRead(files.first()).map([&](const FileFormat & /*format*/) { return files.first(); });
 }
 
 Result<int> number(const QCommandLineParser &parser, const QString &name, Range range, int otherwise)

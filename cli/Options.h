@@ -19,6 +19,9 @@ QCommandLineOption flag(const QString &name);
 [[nodiscard]] Result<void> parse(QCommandLineParser &parser, const QList<QCommandLineOption> &options,
                                  const QStringList &arguments);
 
+/// The one file that is given, of a format that projects are read from. Error: none, several, or of another format.
+[[nodiscard]] Result<QString> input(const QCommandLineParser &parser);
+
 /// Whole numbers, both ends included.
 struct Range
 {

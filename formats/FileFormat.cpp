@@ -157,6 +157,11 @@ Result<FileFormat> FileFormat::toWrite(const QString &path)
     return *format;
 }
 
+Result<Project> FileFormat::readProject(const QString &path, LayerHost &host)
+{
+    return toRead(path).and_then([&](const FileFormat &format) { return format.read(path, host); });
+}
+
 const FileFormat &FileFormat::toOpen(const QString &path)
 {
     const FileFormat *format = named(path);
