@@ -1,5 +1,7 @@
 #include "app/LWAppDelegate.h"
 #include "base/FileBytes.h"
+#include "facts/PsdLimits.h"
+#include "facts/UnknownValues.h"
 #include "formats/FileFormat.h"
 #include "formats/PSDExport.h"
 #include "formats/PngFile.h"
@@ -158,9 +160,8 @@ void LWAppDelegate::documentIsInFile()
 
 void LWAppDelegate::tellUnknownContent(const Project &project)
 {
-    if (ProjectFile::holdsUnknown(project))
-        m_userInterface.tellStatus(QString("%1 holds values that this version does not know; they are kept.")
-                                       .arg(QFileInfo(projectPath()).fileName()));
+    if (UnknownValues::areIn(project))
+        m_userInterface.tellStatus(UnknownValues::kept(QFileInfo(projectPath()).fileName()));
 }
 
 void LWAppDelegate::tellLostWalls()
@@ -211,7 +212,7 @@ void LWAppDelegate::saveAction()
 void LWAppDelegate::savePSD()
 {
     catchUp();
-    if (const Result<void> fits = PSDExport::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
+    if (const Result<void> fits = PsdLimits::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
     drawLostWalls(allScreensArray());
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();

@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "cli/CheckCommand.h"
 #include "cli/ConvertCommand.h"
 #include "cli/Help.h"
 #include "cli/InfoCommand.h"
@@ -54,9 +55,22 @@ ExitStatus runInfo(const QStringList &arguments, QTextStream &out, QTextStream &
     return ExitStatus::Done;
 }
 
+ExitStatus runCheck(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    const Result<CheckCommand> command = CheckCommand::parse(arguments);
+    if (!command)
+        return misused(err, "wallwright check", command.error().text);
+    const Result<CheckCommand::Report> report = command->run();
+    if (!report)
+        return failed(err, report.error());
+    out << report->text;
+    return report->hasErrors ? ExitStatus::Failed : ExitStatus::Done;
+}
+
 constexpr std::array verbs{
     Verb{"convert", &Help::convert, &runConvert},
     Verb{"info", &Help::info, &runInfo},
+    Verb{"check", &Help::check, &runCheck},
 };
 
 const Verb *verbNamed(const QString &name)

@@ -2,9 +2,9 @@
 
 #include "cli/CommandLineHost.h"
 #include "cli/Options.h"
+#include "facts/UnknownValues.h"
 #include "formats/FileFormat.h"
 #include "formats/PSDExport.h"
-#include "formats/ProjectFile.h"
 #include "layer/PowerCalculator.h"
 #include "still/LWStill.h"
 
@@ -95,7 +95,7 @@ void tellDifferences(const ConvertCommand &command, const Project &project, cons
         isAnyLayered |= format && format->isLayered;
         for (const QString &sentence : format && format->isLayered ? PSDExport::resized(project) : QStringList())
             notice(output + ": " + sentence);
-        if (format && format->dropsUnknown && ProjectFile::holdsUnknown(project))
+        if (format && format->dropsUnknown && UnknownValues::areIn(project))
             notice(output + ": values of " + command.input + " that this version does not know are left out.");
     }
     if (showsAllLayers)
@@ -122,8 +122,7 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
 {
     // Layers take the host's values over while they are read, so it comes first.
     CommandLineHost host(volts, phases, corners);
-    const Result<Project> project =
-        FileFormat::toRead(input).and_then([&](const FileFormat &format) { return format.read(input, host); });
+    const Result<Project> project = FileFormat::readProject(input, host);
     if (!project)
         return tl::unexpected(project.error());
     if (project->supply) {

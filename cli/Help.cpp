@@ -27,6 +27,7 @@ QString general()
   wallwright FILE                     opens the window with a project
   wallwright convert INPUT OUTPUT...  turns a project into other files, without a window
   wallwright info INPUT               tells what a project holds: walls, ports, current
+  wallwright check INPUT              tells what is wrong in a project, and what to do
   wallwright --help                   prints this; "wallwright convert --help" tells more
   wallwright --version                prints the version
 
@@ -71,6 +72,22 @@ Options:
   --phases P   number of phases of the supply (the show's own, else 1)
   --help       prints this
   --           all that follows is file names
+)";
+}
+
+QString check()
+{
+    return R"(Usage: wallwright check INPUT [options]
+
+Tells what is wrong in a project (.Orv or .json), a line each: the layer, whether it is an error, a warning or a note,
+what is wrong and what to do, and the name of the check, which never changes. Nothing is drawn.
+
+Options:
+  --json  prints JSON, its members always in the same order
+  --help  prints this
+  --      all that follows is file names
+
+Exit status: 0 no error, 1 an error among the findings or a file that cannot be read, 2 the arguments make no sense.
 )";
 }
 

@@ -8,5 +8,6 @@ namespace Help {
 QString general();
 QString convert();
 QString info();
+QString check();
 
 } // namespace Help

@@ -1,6 +1,8 @@
 #include "formats/PSDExport.h"
 
 #include "drawing/Raster.h"
+#include "facts/MissingPicture.h"
+#include "facts/PsdLimits.h"
 #include "layer/PixelBox.h"
 #include "psd/KXPSDWriter.h"
 #include "screen/LostWall.h"
@@ -115,12 +117,8 @@ std::optional<QString> whyLeftOut(const Layer &layer)
     const auto *still = qobject_cast<const LWStill *>(&layer);
     if (!still)
         return LostWall::sentenceOf(layer);
-    if (!still->thumbnail().isNull())
-        return std::nullopt;
-    const QString file = still->ImageURL().isNil()
-                             ? QString("it names no file")
-                             : QString("\"%1\" is missing or no picture").arg(still->ImageURL().relative);
-    return nameOf(layer) + " is left out: " + file;
+    const std::optional<QString> reason = MissingPicture::reason(*still);
+    return reason ? std::optional(nameOf(layer) + " is left out: " + *reason) : std::nullopt;
 }
 
 std::optional<QString> howResized(const Layer &layer, const QSize &output)
@@ -160,21 +158,9 @@ QStringList resized(const Project &project)
     return sentences;
 }
 
-Result<void> checkOutputSize(qint64 width, qint64 height)
-{
-    const QString size = QString("an output of %1 x %2 pixels").arg(width).arg(height);
-    if (width < 1 || height < 1 || width > KXPSDWriter::longestSide || height > KXPSDWriter::longestSide)
-        return fail(QString("%1: a PSD has 1 to %2 on a side; change the output's size")
-                        .arg(size)
-                        .arg(KXPSDWriter::longestSide));
-    if (!Raster::canHold(width, height))
-        return fail(QString("%1: at most %2 in all can be drawn; make it smaller").arg(size).arg(Raster::mostPixels));
-    return {};
-}
-
 Result<QByteArray> encode(const Project &project, int &screenNumber, const Progress &progress)
 {
-    if (const Result<void> fits = checkOutputSize(project.outputWidth, project.outputHeight); !fits)
+    if (const Result<void> fits = PsdLimits::checkOutputSize(project.outputWidth, project.outputHeight); !fits)
         return tl::unexpected(fits.error());
 
     KXPSDWriter writer(QSizeF(project.outputWidth, project.outputHeight));

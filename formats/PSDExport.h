@@ -18,14 +18,10 @@ inline constexpr char extension[] = "psd";
 using FileBytes::Outcome;
 using FileBytes::Progress;
 
-/// Whether an output of this size can be exported. Error: it has no pixels, more on a side than the format allows, or
-/// more in all than a raster can hold; the message names the size and the limit.
-[[nodiscard]] Result<void> checkOutputSize(qint64 width, qint64 height);
-
 /// The bytes of the file; none where `progress` cancelled. Each layer counts `screenNumber` up by one, from the last to
 /// the first, and one without a label gets, and keeps, the name "Untitled" with that number.
-/// Error: that of checkOutputSize(), before anything is changed; a visible wall could not be drawn; there is no layer
-/// to show; the document is more than a file or the memory can hold.
+/// Error: that of PsdLimits::checkOutputSize(), before anything is changed; a visible wall could not be drawn; there is
+/// no layer to show; the document is more than a file or the memory can hold.
 [[nodiscard]] Result<QByteArray> encode(const Project &project, int &screenNumber, const Progress &progress = {});
 
 /// The same into exactly the file at `path`, which is replaced once the new one is complete on disk; a cancelled one

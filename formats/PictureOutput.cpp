@@ -1,5 +1,6 @@
 #include "formats/PictureOutput.h"
 
+#include "facts/MissingPicture.h"
 #include "formats/PSDExport.h"
 #include "formats/PngFile.h"
 #include "output/Composition.h"
@@ -22,13 +23,8 @@ Result<void> writeOutput(const QString &path, const Project &project, const Pict
 
 std::optional<QString> reasonForNoPicture(const Layer &layer)
 {
-    if (const auto *still = qobject_cast<const LWStill *>(&layer)) {
-        if (!still->thumbnail().isNull())
-            return std::nullopt;
-        const QString &address = still->ImageURL().relative;
-        return address.isEmpty() ? QString("it names no file")
-                                 : QString("\"%1\" is missing or no picture").arg(address);
-    }
+    if (const auto *still = qobject_cast<const LWStill *>(&layer))
+        return MissingPicture::reason(*still);
     const auto [width, height] = LostWall::sizeOf(layer);
     if (width <= 0 || height <= 0)
         return QString("it is %1 x %2 pixels").arg(width).arg(height);

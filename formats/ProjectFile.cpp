@@ -7,7 +7,6 @@
 #include "layer/LayerLimits.h"
 #include "show/LayerArchive.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -103,13 +102,6 @@ Result<Supply> checkSupply(qint64 volts, qint64 phases)
                     .arg(volts)
                     .arg(phases)
                     .arg(Supply::mostVolts));
-}
-
-bool holdsUnknown(const Project &project)
-{
-    return project.unknown || std::any_of(project.layers.begin(), project.layers.end(), [](const LayerPointer &layer) {
-               return layer->unknownContent() && !layer->unknownContent()->entries().empty();
-           });
 }
 
 Result<void> check(const Project &project)

@@ -19,9 +19,6 @@ inline constexpr char extension[] = "Orv";
 /// The supply of these volts and phases. Error: there is none such; the message names both and what may be.
 [[nodiscard]] Result<Supply> checkSupply(qint64 volts, qint64 phases);
 
-/// Whether the project, or one of its layers, holds values that this version does not know.
-bool holdsUnknown(const Project &project);
-
 /// Whether a project can be opened again once it is written.
 /// Error: that of checkOutputSize() or LayerLimits::check().
 [[nodiscard]] Result<void> check(const Project &project);

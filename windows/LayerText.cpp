@@ -2,13 +2,13 @@
 
 #include "base/DecimalText.h"
 #include "base/NumberText.h"
+#include "facts/LayerChecks.h"
 #include "facts/LayerFigures.h"
 #include "facts/Load.h"
 #include "facts/WallPorts.h"
 #include "facts/WallSize.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
-#include "screen/LostWall.h"
 #include "still/LWStill.h"
 
 namespace {
@@ -32,42 +32,6 @@ QString counted(qint64 count, const QString &noun)
 QString pixels(std::optional<qint64> count)
 {
     return NumberText::grouped(Counted::limited(count)) + " px";
-}
-
-QString missingPicture(const Layer &layer)
-{
-    const auto *still = qobject_cast<const LWStill *>(&layer);
-    if (!still || !still->isPictureMissing())
-        return {};
-    const QString path = still->ImageURL().toLocalFile();
-    return QString("The picture %1 is missing or cannot be read; choose it again.")
-        .arg(path.isEmpty() ? still->ImageURL().relative : path);
-}
-
-QString tooLargeToDraw(const Layer &layer)
-{
-    const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
-    const WallSize size = WallSize::of(layer);
-    return isWall && size.isTooLargeToDraw ? LostWall::reason(size.width, size.height) + '.' : QString();
-}
-
-QString outsideOutput(const Layer &layer, const QSize &output)
-{
-    const PixelBox place = PixelBox::of(layer);
-    if (place.isEmpty() || output.isEmpty() || place.meets({{0, output.width()}, {0, output.height()}}))
-        return {};
-    return QString("It lies wholly outside the output of %1 px; change its left and top.")
-        .arg(NumberText::size(output));
-}
-
-QString portOverLimit(const Layer &layer)
-{
-    const bool isWall = qobject_cast<const LWScreen *>(&layer) != nullptr;
-    const WallPorts ports = isWall ? WallPorts::of(layer) : WallPorts();
-    if (!ports.isOverLimit)
-        return {};
-    return QString("One %1 of panels has %2, a port carries %3; raise the pixels per port or make the %1s shorter.")
-        .arg(ports.lineName(), pixels(ports.linePixels), NumberText::grouped(layer.pixelLimit()));
 }
 
 QString portsOf(const Layer &wall)
@@ -179,8 +143,9 @@ QString picture(const std::vector<LayerPointer> &layers)
 
 QStringList warnings(const Layer &layer, const QSize &output)
 {
-    QStringList all{missingPicture(layer), tooLargeToDraw(layer), outsideOutput(layer, output), portOverLimit(layer)};
-    all.removeAll(QString());
+    QStringList all;
+    for (const Finding &finding : LayerChecks::whileEditing(layer, output))
+        all.append(finding.sentence);
     return all;
 }
 

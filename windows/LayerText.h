@@ -34,9 +34,7 @@ bool isPowerCounted(const std::vector<LayerPointer> &layers);
 inline constexpr QLatin1StringView beyondCounting{"beyond what can be counted"};
 /// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture; "2 pictures".
 QString picture(const std::vector<LayerPointer> &layers);
-/// What is wrong with a layer on an output of this size and what to do, one sentence each, the most urgent first: a
-/// picture that is missing, a wall too large to be drawn, a layer wholly outside, a port that cannot carry one line of
-/// panels. Empty: nothing.
+/// The sentences of LayerChecks::whileEditing().
 QStringList warnings(const Layer &layer, const QSize &output);
 
 } // namespace LayerText

@@ -1,3 +1,4 @@
+#include "facts/UnknownValues.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
 #include "tests/app/UndoFixture.h"
@@ -225,7 +226,7 @@ TEST_F(UnknownInShow, IsNotThereInAShowOfThisVersion)
     person.savePanelAnswer = path;
     document.saveProject();
     const Project project = ProjectFile::read(path, document).value();
-    EXPECT_FALSE(ProjectFile::holdsUnknown(project));
+    EXPECT_FALSE(UnknownValues::areIn(project));
     person.statuses.clear();
     document.openProjectPre(path);
     EXPECT_TRUE(person.statuses.isEmpty());

@@ -1,0 +1,132 @@
+#include "facts/LayerChecks.h"
+
+#include "base/NumberText.h"
+#include "facts/WallPorts.h"
+#include "facts/WallSize.h"
+#include "layer/PixelBox.h"
+#include "screen/LWScreen.h"
+#include "screen/LostWall.h"
+#include "still/LWStill.h"
+
+#include <array>
+#include <span>
+
+namespace {
+using Level = Finding::Level;
+using Check = std::optional<Finding> (*)(const Layer &layer, const QSize &output);
+
+bool isWall(const Layer &layer)
+{
+    return qobject_cast<const LWScreen *>(&layer) != nullptr;
+}
+
+std::optional<Finding> pictureMissing(const Layer &layer, const QSize & /*output*/)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    if (!still || !still->isPictureMissing())
+        return std::nullopt;
+    const QString path = still->ImageURL().toLocalFile();
+    return Finding{.check = "picture-missing",
+                   .level = Level::Warning,
+                   .sentence = QString("The picture %1 is missing or cannot be read; choose it again.")
+                                   .arg(path.isEmpty() ? still->ImageURL().relative : path)};
+}
+
+/// Hidden walls are in the way of no picture of the output.
+std::optional<Finding> wallTooLarge(const Layer &layer, const QSize & /*output*/)
+{
+    const WallSize size = WallSize::of(layer);
+    if (!isWall(layer) || !size.isTooLargeToDraw)
+        return std::nullopt;
+    return Finding{.check = "wall-too-large",
+                   .level = layer.visible() ? Level::Error : Level::Warning,
+                   .sentence = LostWall::reason(size.width, size.height) + '.'};
+}
+
+std::optional<Finding> outsideOutput(const Layer &layer, const QSize &output)
+{
+    const PixelBox place = PixelBox::of(layer);
+    if (place.isEmpty() || output.isEmpty() || place.meets({{0, output.width()}, {0, output.height()}}))
+        return std::nullopt;
+    return Finding{.check = "outside-output",
+                   .level = Level::Warning,
+                   .sentence = QString("It lies wholly outside the output of %1 px; change its left and top.")
+                                   .arg(NumberText::size(output))};
+}
+
+std::optional<Finding> portOverLimit(const Layer &layer, const QSize & /*output*/)
+{
+    const WallPorts ports = isWall(layer) ? WallPorts::of(layer) : WallPorts();
+    if (!ports.isOverLimit)
+        return std::nullopt;
+    return Finding{.check = "port-over-limit",
+                   .level = Level::Error,
+                   .port = 1,
+                   .sentence = QString("One %1 of panels has %2 px, a port carries %3; raise the pixels per port or "
+                                       "make the %1s shorter.")
+                                   .arg(ports.lineName(), NumberText::grouped(Counted::limited(ports.linePixels)),
+                                        NumberText::grouped(layer.pixelLimit()))};
+}
+
+std::optional<Finding> pictureNotChosen(const Layer &layer, const QSize & /*output*/)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    if (!still || !still->ImageURL().relative.isEmpty() || !still->thumbnail().isNull())
+        return std::nullopt;
+    return Finding{.check = "picture-not-chosen",
+                   .level = Level::Warning,
+                   .sentence = "It names no file; choose a picture or remove the layer."};
+}
+
+std::optional<Finding> wallWithoutPixels(const Layer &layer, const QSize & /*output*/)
+{
+    const WallSize size = WallSize::of(layer);
+    if (!isWall(layer) || size.hasPixels())
+        return std::nullopt;
+    return Finding{.check = "wall-without-pixels",
+                   .level = Level::Warning,
+                   .sentence = QString("It has %1 × %2 panels of %3 px; each of these numbers must be 1 or more.")
+                                   .arg(NumberText::grouped(layer.col()), NumberText::grouped(layer.row()),
+                                        NumberText::size(layer.panelWidth(), layer.panelHeight()))};
+}
+
+std::optional<Finding> patternUnknown(const Layer &layer, const QSize & /*output*/)
+{
+    if (!isWall(layer) || !layer.drawFlowPath() || FlowPattern::ofCode(layer.pattern()))
+        return std::nullopt;
+    return Finding{
+        .check = "pattern-unknown",
+        .level = Level::Warning,
+        .sentence =
+            QString("There is no pattern %1, so no data path is drawn; choose a pattern.").arg(layer.pattern())};
+}
+
+constexpr std::array<Check, 4> editing{&pictureMissing, &wallTooLarge, &outsideOutput, &portOverLimit};
+constexpr std::array<Check, 3> claimed{&pictureNotChosen, &wallWithoutPixels, &patternUnknown};
+
+void run(std::span<const Check> checks, const Layer &layer, const QSize &output, std::vector<Finding> &findings)
+{
+    for (const Check check : checks) {
+        if (std::optional<Finding> finding = check(layer, output))
+            findings.push_back(std::move(*finding));
+    }
+}
+} // namespace
+
+namespace LayerChecks {
+
+std::vector<Finding> whileEditing(const Layer &layer, const QSize &output)
+{
+    std::vector<Finding> findings;
+    run(editing, layer, output, findings);
+    return findings;
+}
+
+std::vector<Finding> all(const Layer &layer, const QSize &output)
+{
+    std::vector<Finding> findings = whileEditing(layer, output);
+    run(claimed, layer, output, findings);
+    return findings;
+}
+
+} // namespace LayerChecks

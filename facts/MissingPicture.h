@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+class LWStill;
+
+/// Why a picture's layer shows nothing.
+namespace MissingPicture {
+
+/// "it names no file", or that the file is missing or no picture; nullopt where the picture is there. Loads it to know.
+std::optional<QString> reason(const LWStill &still);
+
+} // namespace MissingPicture
