@@ -1,8 +1,6 @@
 #include "layer/ArchiveFields.h"
 
-#include <algorithm>
-#include <cmath>
-#include <limits>
+#include "base/NearestInt.h"
 
 namespace {
 /// The low 32 bits of an integer, a real truncated toward zero (at most to the ends of the range).
@@ -10,12 +8,7 @@ qint32 narrowed(const QVariant &value)
 {
     if (value.typeId() != QMetaType::Double)
         return static_cast<qint32>(value.toLongLong());
-    const double real = value.toDouble();
-    if (std::isnan(real))
-        return 0;
-    constexpr double lowest = std::numeric_limits<qint32>::min();
-    constexpr double highest = std::numeric_limits<qint32>::max();
-    return static_cast<qint32>(std::clamp(real, lowest, highest));
+    return truncated(value.toDouble());
 }
 
 void encodeField(const QVariant &value, const ArchiveField &field, ArchiveObject &coder)

@@ -1,9 +1,8 @@
+#include "base/NearestInt.h"
 #include "layer/LayerHost.h"
 #include "layer/PowerCalculator.h"
 #include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
-
-#include <limits>
 
 namespace {
 constexpr double firstLabelFontSize = 40;
@@ -11,9 +10,7 @@ constexpr double firstLabelFontSize = 40;
 /// A side of the wall as the record keeps it: no raster is that large, but the number shall not turn into a small one.
 int recordedSide(qint64 pixels)
 {
-    constexpr qint64 lowest = std::numeric_limits<int>::min();
-    constexpr qint64 highest = std::numeric_limits<int>::max();
-    return static_cast<int>(qBound(lowest, pixels, highest));
+    return nearestInt(pixels);
 }
 
 ScreenChart chartOf(const LWScreen &screen, const LayerHost &host)

@@ -81,6 +81,8 @@ void PowerBar::addSupply()
     row.addSpacing(Theme::edge);
     m_phases = addChoices(
         row, {{1, "1 phase", "The load is on one phase"}, {3, "3 phases", "The load is spread over three phases"}});
+    m_voltages->button(Supply().volts)->setChecked(true);
+    m_phases->button(Supply().phases)->setChecked(true);
     connect(m_voltages, &QButtonGroup::idClicked, this,
             [this](int tag) { tag == otherVoltage ? chooseOther(m_volts->value()) : emit voltageChosen(tag); });
     connect(m_phases, &QButtonGroup::idClicked, this, &PowerBar::phaseChosen);
@@ -92,7 +94,6 @@ QButtonGroup *PowerBar::addChoices(QHBoxLayout &row, const std::vector<Choice> &
     for (const Choice &choice : choices) {
         auto *button = new QRadioButton(choice.title);
         button->setToolTip(choice.tip);
-        button->setChecked(group->buttons().isEmpty());
         group->addButton(button, choice.tag);
         row.addWidget(button);
     }
