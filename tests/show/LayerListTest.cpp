@@ -1,61 +1,11 @@
-#include "show/LayerList.h"
+#include "tests/show/LayerListFixture.h"
 
-#include "screen/LWScreen.h"
-#include "tests/screen/TestHost.h"
-
-#include <QAbstractItemModelTester>
 #include <QMimeData>
 #include <QSignalSpy>
 
-#include <algorithm>
-#include <gtest/gtest.h>
 #include <memory>
-#include <set>
 
-namespace {
-class LayerListTest : public ::testing::Test
-{
-protected:
-    void insert(const QString &label, qsizetype index)
-    {
-        const auto screen = LWScreen::init(host);
-        screen->setLabel(label);
-        list.insertObjectAtArrangedObjectIndex(screen, index);
-    }
-    QString labels() const
-    {
-        QStringList all;
-        for (const LayerPointer &layer : list.layers())
-            all.append(layer->label());
-        return all.join(' ');
-    }
-    /// The labels of all selected rows, the one that the inspector shows in brackets.
-    QString selectedLabels() const
-    {
-        QStringList all;
-        for (const qsizetype index : list.selectionIndexes()) {
-            const QString label = list.layer(index) ? list.layer(index)->label() : "no row";
-            all.append(index == list.selectionIndex() ? '[' + label + ']' : label);
-        }
-        return all.join(' ');
-    }
-    QString selectedLabel() const { return list.selectedLayer() ? list.selectedLayer()->label() : "none"; }
-
-    std::vector<LayerPointer> screens(const QStringList &names)
-    {
-        std::vector<LayerPointer> made;
-        for (const QString &name : names) {
-            made.push_back(LWScreen::init(host));
-            made.back()->setLabel(name);
-        }
-        return made;
-    }
-
-    TestHost host;
-    LayerList list;
-    const QAbstractItemModelTester tester{&list, QAbstractItemModelTester::FailureReportingMode::Fatal};
-};
-} // namespace
+using LayerListTest = LayerListFixture;
 
 TEST_F(LayerListTest, AnEmptyListSelectsNothing)
 {
@@ -238,93 +188,6 @@ TEST_F(LayerListTest, TheTableShowsNameAndEyeAndEditsThem)
     EXPECT_EQ(edits[1][0].toString(), "arrangedObjects.label");
 }
 
-TEST_F(LayerListTest, SeveralRowsAreSelectedInAnyOrderAndOneOfThemIsShown)
-{
-    list.setLayers(screens({"a", "b", "c", "d", "e"}), {0});
-    const QSignalSpy all(&list, &LayerList::selectionIndexesDidChange);
-    const QSignalSpy shown(&list, &LayerList::selectionIndexDidChange);
-
-    list.setSelectionIndexes({3, 1, 3, 17, -1}, 3);
-    EXPECT_EQ(selectedLabels(), "b [d]");
-    EXPECT_EQ(all.size(), 1);
-    EXPECT_EQ(shown.size(), 1);
-
-    list.setSelectionIndexes({1, 3, 4}, 3);
-    EXPECT_EQ(selectedLabels(), "b [d] e");
-    EXPECT_EQ(all.size(), 2);
-    EXPECT_EQ(shown.size(), 1);
-
-    list.setSelectionIndexes({4, 2}, 0);
-    EXPECT_EQ(selectedLabels(), "[c] e"); // what is to be shown is not selected
-    list.setSelectionIndexes({4, 2});
-    EXPECT_EQ(all.size(), 3);
-}
-
-TEST_F(LayerListTest, WithoutARowThatExistsTheSelectionStays)
-{
-    list.setLayers(screens({"a", "b", "c"}), {1, 2}, 2);
-
-    list.setSelectionIndexes({});
-    list.setSelectionIndexes({-1, 3});
-    list.setSelectionIndex(3);
-
-    EXPECT_EQ(selectedLabels(), "b [c]");
-}
-
-TEST_F(LayerListTest, SelectingOneRowDeselectsTheOthers)
-{
-    list.setLayers(screens({"a", "b", "c"}), {0, 1, 2}, 1);
-    const QSignalSpy shown(&list, &LayerList::selectionIndexDidChange);
-    const QSignalSpy all(&list, &LayerList::selectionIndexesDidChange);
-
-    list.setSelectionIndex(1);
-
-    EXPECT_EQ(selectedLabels(), "[b]");
-    EXPECT_EQ(shown.size(), 0);
-    EXPECT_EQ(all.size(), 1);
-}
-
-TEST_F(LayerListTest, AnInsertedRowLeavesSeveralSelectedLayersSelected)
-{
-    list.setLayers(screens({"a", "b", "c"}), {0, 2}, 2);
-
-    insert("x", 1);
-    EXPECT_EQ(selectedLabels(), "a [c]");
-    insert("y", 0);
-    EXPECT_EQ(selectedLabels(), "a [c]");
-    insert("z", 5);
-    EXPECT_EQ(selectedLabels(), "a [c]");
-    EXPECT_EQ(labels(), "y a x b c z");
-}
-
-TEST_F(LayerListTest, ARemovedRowLeavesTheOtherSelectedLayersSelected)
-{
-    list.setLayers(screens({"a", "b", "c", "d", "e"}), {1, 3, 4}, 3);
-
-    list.removeObjectAtArrangedObjectIndex(0);
-    EXPECT_EQ(selectedLabels(), "b [d] e");
-    list.removeObjectAtArrangedObjectIndex(2);
-    EXPECT_EQ(selectedLabels(), "[b] e"); // the first of the others is shown
-    list.removeObjectAtArrangedObjectIndex(2);
-    EXPECT_EQ(selectedLabels(), "[b]");
-    list.removeObjectAtArrangedObjectIndex(0);
-    EXPECT_EQ(selectedLabels(), "[c]"); // none was left: the one in its place
-    list.removeObjectAtArrangedObjectIndex(0);
-    EXPECT_EQ(selectedLabels(), "");
-    EXPECT_EQ(list.selectionIndex(), -1);
-}
-
-TEST_F(LayerListTest, WhenAllSelectedRowsGoOneOfTheRestIsSelected)
-{
-    list.setLayers(screens({"a", "b", "c", "d"}), {1, 3}, 3);
-
-    list.removeObjectsAtArrangedObjectIndexes(list.selectionIndexes());
-
-    EXPECT_EQ(labels(), "a c");
-    EXPECT_EQ(list.selectionIndexes().size(), 1U);
-    EXPECT_NE(list.selectedLayer(), nullptr);
-}
-
 TEST_F(LayerListTest, ARemovedRowIsToldEvenWhereItsSuccessorHasTheSameIndex)
 {
     list.setLayers(screens({"a", "b"}), {0});
@@ -334,30 +197,6 @@ TEST_F(LayerListTest, ARemovedRowIsToldEvenWhereItsSuccessorHasTheSameIndex)
 
     ASSERT_EQ(shown.size(), 1);
     EXPECT_EQ(shown[0][0].toInt(), 0);
-}
-
-TEST_F(LayerListTest, SeveralSelectedLayersStaySelectedInEveryMove)
-{
-    for (int first = 0; first < 5; ++first) {
-        for (int second = 0; second < 5; ++second) {
-            for (int index = 0; index < 5; ++index) {
-                for (int row = 0; row <= 5; ++row) {
-                    list.setLayers(screens({"a", "b", "c", "d", "e"}), {first, second}, second);
-                    const LayerPointer one = list.layer(first);
-                    const LayerPointer other = list.layer(second);
-
-                    list.moveObjectAtArrangedObjectIndex(index, row);
-
-                    std::set<LayerPointer> selected;
-                    for (const qsizetype now : list.selectionIndexes())
-                        selected.insert(list.layer(now));
-                    EXPECT_EQ(selected, (std::set{one, other})) << index << " to " << row;
-                    EXPECT_EQ(list.selectedLayer(), other);
-                    EXPECT_TRUE(std::is_sorted(list.selectionIndexes().begin(), list.selectionIndexes().end()));
-                }
-            }
-        }
-    }
 }
 
 TEST_F(LayerListTest, ANewListIsSelectedAsAskedOrInItsFirstRow)
@@ -403,16 +242,4 @@ TEST_F(LayerListTest, EveryDragIsTold)
     const std::unique_ptr<QMimeData> dragged(list.mimeData({list.index(1)}));
 
     EXPECT_EQ(drags.size(), 1);
-}
-
-TEST_F(LayerListTest, AnEditGoesToTheShownOneOfSeveralSelectedRows)
-{
-    list.setLayers(screens({"a", "b", "c"}), {0, 1, 2}, 1);
-
-    EXPECT_TRUE(list.setValue(31, "arrangedObjects.panelWidth"));
-
-    EXPECT_EQ(list.layer(0)->panelWidth(), 48);
-    EXPECT_EQ(list.layer(1)->panelWidth(), 31);
-    EXPECT_EQ(list.layer(2)->panelWidth(), 48);
-    EXPECT_EQ(selectedLabels(), "a [b] c");
 }
