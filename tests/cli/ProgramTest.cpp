@@ -85,6 +85,11 @@ TEST_F(ProgramTest, ExitStatusAndReasonReachTheShell)
     EXPECT_EQ(unknown.status, 2);
     EXPECT_EQ(unknown.err.count('\n'), 1);
 
+    const Outcome faulty = start({"check", show(plainWall(R"("pixelLimit": 1)"))});
+    EXPECT_EQ(faulty.status, 1);
+    EXPECT_TRUE(faulty.out.endsWith(" [port-over-limit]\n1 error, 0 warnings, 0 notes\n"));
+    EXPECT_EQ(faulty.err, QString());
+
     EXPECT_EQ(start({"--version"}).status, 0);
 }
 
