@@ -6,6 +6,27 @@ Layer::Layer(LayerHost &host) : m_host(host) {}
 
 Layer::~Layer() = default;
 
+/// Whatever thread has given the ratio, the record gets it here.
+LayerRecordPointer Layer::record() const
+{
+    if (const QSizeF ratio = aspectValue(); values().aspectValue != ratio)
+        const_cast<Layer *>(this)->edit().aspectValue = ratio;
+    return m_record;
+}
+
+void Layer::setRecord(const LayerRecordPointer &record)
+{
+    m_record = std::const_pointer_cast<LayerRecord>(record);
+    setAspectValue(record->aspectValue);
+}
+
+LayerRecord &Layer::edit()
+{
+    if (m_record.use_count() > 1)
+        m_record = std::make_shared<LayerRecord>(*m_record);
+    return *m_record;
+}
+
 QSizeF Layer::aspectValue() const
 {
     const QMutexLocker lock(&m_aspectValueLock);

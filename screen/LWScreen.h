@@ -16,20 +16,17 @@
 class LWScreen final : public Layer
 {
     Q_OBJECT
-    /// Keys "row,column" of the switched-off panels, row from the top, column from the left; nullopt: no list at all,
-    /// every panel is on.
     Q_PROPERTY(std::optional<QStringList> hiddenBoxes READ hiddenBoxes WRITE setHiddenBoxes)
-    /// The choices of a label position; nullopt where there are none.
     Q_PROPERTY(std::optional<QStringList> PositionArray READ PositionArray WRITE setPositionArray)
 
-    // Stored for bindings of the interface; no operation of the screen reads them.
-    Q_PROPERTY(bool label9Hidden MEMBER m_label9Hidden)
-    Q_PROPERTY(bool drawBackground MEMBER m_drawBackground)
-    Q_PROPERTY(bool drawBorder MEMBER m_drawBorder)
-    Q_PROPERTY(qint64 columnCount MEMBER m_columnCount)
-    Q_PROPERTY(qint64 rowCount MEMBER m_rowCount)
-    Q_PROPERTY(double width MEMBER m_width)
-    Q_PROPERTY(double height MEMBER m_height)
+    // Kept for bindings of the interface; nothing reads them.
+    LAYER_VALUE(bool, label9Hidden, setLabel9Hidden)
+    LAYER_VALUE(bool, drawBackground, setDrawBackground)
+    LAYER_VALUE(bool, drawBorder, setDrawBorder)
+    LAYER_VALUE(qint64, columnCount, setColumnCount)
+    LAYER_VALUE(qint64, rowCount, setRowCount)
+    LAYER_VALUE(double, width, setWidth)
+    LAYER_VALUE(double, height, setHeight)
     Q_PROPERTY(QObject *pixelPerLimitField READ pixelPerLimitField WRITE setPixelPerLimitField)
 
 public:
@@ -100,26 +97,27 @@ public:
     /// An arrow button was pressed: hands its tag to the host as the chosen pattern. The screen itself stays as it is.
     void changeArrows(int tag);
 
-    const std::optional<QStringList> &hiddenBoxes() const { return m_hiddenBoxes; }
-    void setHiddenBoxes(const std::optional<QStringList> &keys) { m_hiddenBoxes = keys; }
-    const std::optional<QStringList> &PositionArray() const { return m_PositionArray; }
-    void setPositionArray(const std::optional<QStringList> &positions) { m_PositionArray = positions; }
+    /// The reference stands until the next setter.
+    const std::optional<QStringList> &hiddenBoxes() const { return values().hiddenBoxes; }
+    void setHiddenBoxes(const std::optional<QStringList> &keys) { set(&LayerRecord::hiddenBoxes, keys); }
+    const std::optional<QStringList> &PositionArray() const { return values().PositionArray; }
+    void setPositionArray(const std::optional<QStringList> &positions) { set(&LayerRecord::PositionArray, positions); }
     QObject *pixelPerLimitField() const { return m_pixelPerLimitField; }
     void setPixelPerLimitField(QObject *field) { m_pixelPerLimitField = field; }
 
 private:
-    std::optional<QStringList> m_hiddenBoxes;
-    std::optional<QStringList> m_PositionArray;
-    bool m_label9Hidden = false;
-    bool m_drawBackground = false;
-    bool m_drawBorder = false;
-    qint64 m_columnCount = 0;
-    qint64 m_rowCount = 0;
-    double m_width = 0;
-    double m_height = 0;
-    QPointer<QObject> m_pixelPerLimitField;
+    /// What a picture is drawn from.
+    struct Look
+    {
+        LayerRecordPointer record;
+        ChartSurroundings around;
 
-    /// The look to draw when the thumbnail is next asked for; none while the thumbnail is up to date.
-    mutable std::unique_ptr<ScreenChart> m_pendingChart;
+        bool operator==(const Look &) const = default;
+    };
+    Look look() const;
+
+    QPointer<QObject> m_pixelPerLimitField;
+    std::optional<Look> m_rendered; ///< nullopt: the thumbnail, if there is one, was given
+    mutable bool m_isDrawn = true;  ///< what was rendered; otherwise it is when the thumbnail is next asked for
     mutable QImage m_thumbnail;
 };

@@ -12,47 +12,6 @@ int recordedSide(qint64 pixels)
 {
     return nearestInt(pixels);
 }
-
-ScreenChart chartOf(const LWScreen &screen, const LayerHost &host)
-{
-    ScreenChart chart;
-    chart.col = screen.col();
-    chart.row = screen.row();
-    chart.panelWidth = screen.panelWidth();
-    chart.panelHeight = screen.panelHeight();
-    chart.xpoint = screen.xpoint();
-    chart.ypoint = screen.ypoint();
-    chart.bgEnable = screen.bgEnable();
-    chart.rectColor = screen.rectColor();
-    chart.rectColor2 = screen.rectColor2();
-    chart.BoarderEnable = screen.BoarderEnable();
-    chart.boarderColor = screen.boarderColor();
-    chart.boarderWidth = screen.boarderWidth();
-    chart.CircleEnable = screen.CircleEnable();
-    chart.circleColor = screen.circleColor();
-    chart.circleBWidth = screen.circleBWidth();
-    chart.XYFontEnable = screen.XYFontEnable();
-    chart.xyColor = screen.xyColor();
-    chart.XYFontSize = screen.XYFontSize();
-    chart.screenFontEnable = screen.screenFontEnable();
-    chart.sfColor = screen.sfColor();
-    chart.screenFontSize = screen.screenFontSize();
-    chart.showPower = screen.showPower() || screen.showCurrent();
-    chart.label = screen.label();
-    chart.powerOnCell = screen.powerOnCell();
-    chart.drawLabels = screen.drawLabels();
-    chart.XYLabelDirection = screen.XYLabelDirection();
-    chart.labelColor = screen.labelColor();
-    chart.labelFontSize = screen.labelFontSize();
-    chart.drawFlowPath = screen.drawFlowPath();
-    chart.pattern = screen.pattern();
-    chart.pixelLimit = screen.pixelLimit();
-    chart.hiddenBoxes = screen.hiddenBoxes().value_or(QStringList());
-    chart.popupIndex = host.popupIndex();
-    chart.voltage = host.voltageCalc();
-    chart.phases = host.phaseCalc();
-    return chart;
-}
 } // namespace
 
 void LWScreen::drawInRect()
@@ -68,27 +27,41 @@ void LWScreen::drawInRect()
     if (hasPanels && labelFontSize() == 0)
         setLabelFontSize(firstLabelFontSize);
 
-    m_pendingChart = std::make_unique<ScreenChart>(chartOf(*this, host()));
+    Look now = look();
+    const bool isSame = m_rendered == now && !(m_isDrawn && m_thumbnail.isNull());
+    if (isSame)
+        return;
+    m_rendered = std::move(now);
+    m_isDrawn = false;
+}
+
+LWScreen::Look LWScreen::look() const
+{
+    return {record(), {host().popupIndex(), host().voltageCalc(), host().phaseCalc()}};
 }
 
 QImage LWScreen::thumbnail() const
 {
-    if (m_pendingChart) {
-        m_thumbnail = m_pendingChart->draw(std::move(m_thumbnail));
-        m_pendingChart.reset();
+    if (!m_isDrawn) {
+        m_thumbnail = ScreenChart(*m_rendered->record, m_rendered->around).draw(std::move(m_thumbnail));
+        m_isDrawn = true;
     }
     return m_thumbnail;
 }
 
 void LWScreen::releasePicture()
 {
-    if (!m_pendingChart && !m_thumbnail.isNull())
-        m_pendingChart = std::make_unique<ScreenChart>(chartOf(*this, host()));
+    if (m_thumbnail.isNull())
+        return;
     m_thumbnail = {};
+    if (!m_rendered)
+        m_rendered = look();
+    m_isDrawn = false;
 }
 
 void LWScreen::setThumbnail(const QImage &picture)
 {
-    m_pendingChart.reset();
+    m_rendered.reset();
+    m_isDrawn = true;
     m_thumbnail = picture;
 }

@@ -34,7 +34,8 @@ QImage ScreenChart::draw(QImage old) const
     QImage raster = Raster::reuse(std::move(old), wallWidth(), wallHeight());
     if (raster.isNull()) {
         if (wallWidth() > 0 && wallHeight() > 0)
-            qCWarning(lcScreen, "%s.", qUtf8Printable(LostWall::sentence(label, wallWidth(), wallHeight())));
+            qCWarning(lcScreen, "%s.",
+                      qUtf8Printable(LostWall::sentence(label.value_or(QString()), wallWidth(), wallHeight())));
         return {};
     }
 
@@ -59,22 +60,22 @@ void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
 {
     if (!CircleEnable)
         return;
-    const double width = static_cast<double>(wallWidth());
-    const double height = static_cast<double>(wallHeight());
+    const double wide = static_cast<double>(wallWidth());
+    const double high = static_cast<double>(wallHeight());
     const double b = circleBWidth;
     const double h = circleBWidth / 2;
     const double halfWidth = static_cast<double>(wallWidth() / 2);
     const double halfHeight = static_cast<double>(wallHeight() / 2);
 
-    QPainterPath diagonalA(QPointF(width - h + b, height - h + b));
-    diagonalA.lineTo(-(width - h + b), -(height - h + b));
-    QPainterPath diagonalB(QPointF(-h, height + h));
-    diagonalB.lineTo(width + h, -h);
+    QPainterPath diagonalA(QPointF(wide - h + b, high - h + b));
+    diagonalA.lineTo(-(wide - h + b), -(high - h + b));
+    QPainterPath diagonalB(QPointF(-h, high + h));
+    diagonalB.lineTo(wide + h, -h);
     QPainterPath circle;
-    if (width > height)
-        circle.addEllipse(halfWidth + h - halfHeight, h, height - b, height - b);
+    if (wide > high)
+        circle.addEllipse(halfWidth + h - halfHeight, h, high - b, high - b);
     else
-        circle.addEllipse(h, h - halfWidth + halfHeight, width - b, width - b);
+        circle.addEllipse(h, h - halfWidth + halfHeight, wide - b, wide - b);
 
     surface.setColour(circleColor.value_or(PanelColours::of(*this).strokeAfterwards));
     for (const QPainterPath &path : {diagonalB, diagonalA, circle})

@@ -1,60 +1,33 @@
 #pragma once
 
-#include "base/Colour.h"
 #include "drawing/DrawingSurface.h"
 #include "drawing/TextLine.h"
 #include "grid/PanelGrid.h"
+#include "layer/LayerRecord.h"
 
 #include <QImage>
 #include <QPoint>
-#include <QString>
-#include <QStringList>
 
 #include <vector>
 
-/// The look of a wall at the moment of one rendering: all that its picture depends on, and the drawing.
-/// Coordinates are the raster's: origin bottom-left, y up, panel row 0 at the bottom. Half means integer division.
-class ScreenChart
+/// What a wall's picture shows of the wall's surroundings.
+struct ChartSurroundings
 {
-public:
-    // The screen's properties of the same names.
-    int col = 0;
-    int row = 0;
-    int panelWidth = 0;
-    int panelHeight = 0;
-    int xpoint = 0;
-    int ypoint = 0;
-    bool bgEnable = false;
-    OptionalColour rectColor;
-    OptionalColour rectColor2;
-    bool BoarderEnable = false;
-    OptionalColour boarderColor;
-    int boarderWidth = 0;
-    bool CircleEnable = false;
-    OptionalColour circleColor;
-    int circleBWidth = 0;
-    bool XYFontEnable = false;
-    OptionalColour xyColor;
-    int XYFontSize = 0;
-    bool screenFontEnable = false;
-    OptionalColour sfColor;
-    int screenFontSize = 0;
-    bool showPower = false;
-    QString label;
-    int powerOnCell = 0;
-    bool drawLabels = false;
-    bool XYLabelDirection = false;
-    OptionalColour labelColor;
-    double labelFontSize = 0;
-    bool drawFlowPath = false;
-    qint64 pattern = 0;
-    qint64 pixelLimit = 0;
-    QStringList hiddenBoxes;
-
-    // What the surroundings say.
     int popupIndex = 0;   ///< which corner coordinates: 0 the top left, 1 the bottom, 2 all
     qint64 voltage = 110; ///< volts
     qint64 phases = 1;
+
+    bool operator==(const ChartSurroundings &) const = default;
+};
+
+/// The picture of a wall: what the wall is like and its surroundings, and the drawing of them.
+/// Coordinates are the raster's: origin bottom-left, y up, panel row 0 at the bottom. Half means integer division.
+class ScreenChart : public LayerRecord, public ChartSurroundings
+{
+public:
+    ScreenChart() = default;
+    ScreenChart(const LayerRecord &wall, const ChartSurroundings &around) : LayerRecord(wall), ChartSurroundings(around)
+    {}
 
     /// The size of the wall in pixels, in 64 bits since a file may claim anything.
     qint64 wallWidth() const { return panelGrid().columns.size(); }

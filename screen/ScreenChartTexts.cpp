@@ -54,12 +54,12 @@ void ScreenChart::addCentreTexts(std::vector<PlacedText> &texts) const
         add(TextLine(size, screenFontSize), static_cast<double>(halfWidth) - indent,
             static_cast<double>(halfHeight - halfFont), {*sfColor, dimmingBackground});
     }
-    if (!label.isEmpty()) {
-        const TextLine name(label, screenFontSize);
+    if (label && !label->isEmpty()) {
+        const TextLine name(*label, screenFontSize);
         add(name, static_cast<double>(halfWidth - name.size().width() / 2),
             static_cast<double>(halfHeight + 10 + halfFont), {NamedColour::black, nameBackground});
     }
-    if (showPower && sfColor) {
+    if ((showPower || showCurrent) && sfColor) {
         const auto power = QString("%1A| %2V| %3Phase").arg(DecimalText::of(amperes())).arg(voltage).arg(phases);
         const TextLine line(power, screenFontSize);
         add(line, static_cast<double>(halfWidth - line.size().width() / 2),

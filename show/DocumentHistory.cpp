@@ -1,5 +1,7 @@
 #include "show/DocumentHistory.h"
 
+#include "show/StateChange.h"
+
 #include <QScopedValueRollback>
 #include <QUndoCommand>
 
@@ -28,34 +30,40 @@ void releasePicturesOfLeft(const DocumentState &before, const DocumentState &now
 class DocumentHistory::Step final : public QUndoCommand
 {
 public:
-    Step(DocumentHistory &history, const QString &name, DocumentState before, DocumentState after)
-        : QUndoCommand(name), m_history(history), m_before(std::move(before)), m_after(std::move(after)),
-          m_changesProject(!m_after.hasProjectOf(m_before))
+    Step(DocumentHistory &history, const QString &name, const DocumentState &before, const DocumentState &after)
+        : QUndoCommand(name), m_history(history), m_change(before, after), m_changesProject(!after.hasProjectOf(before))
     {}
 
     void undo() override
     {
         m_history.passStep(m_changesProject);
-        m_history.show(m_before);
+        m_history.show(m_change.before(m_history.m_state));
         setObsolete(m_isTakenBack);
     }
     void redo() override
     {
         m_history.passStep(m_changesProject);
         if (std::exchange(m_isDone, true))
-            m_history.show(m_after);
+            m_history.show(m_change.after(m_history.m_state));
     }
 
-    void setBefore(const DocumentState &before) const { m_before = before; }
-    void setAfter(const DocumentState &after) const { m_after = after; }
+    /// The document where the step leads to, which was `was`, is `now`.
+    void replaceAfter(const DocumentState &was, const DocumentState &now) const
+    {
+        m_change = StateChange(m_change.before(was), now);
+    }
+    /// The same of where it begins.
+    void replaceBefore(const DocumentState &was, const DocumentState &now) const
+    {
+        m_change = StateChange(now, m_change.after(was));
+    }
     /// The stack forgets the step when it is undone next.
     void takeBack() const { m_isTakenBack = true; }
 
 private:
     DocumentHistory &m_history;
-    mutable DocumentState m_before; // the stack shows its steps as constant
-    mutable DocumentState m_after;
-    const bool m_changesProject; ///< by the edit; what rendering fills in later does not count
+    mutable StateChange m_change; // the stack shows its steps as constant
+    const bool m_changesProject;  ///< by the edit; what rendering fills in later does not count
     mutable bool m_isTakenBack = false;
     bool m_isDone = false; ///< the edit itself was the first time
 };
@@ -97,13 +105,11 @@ void DocumentHistory::expectRendering()
 
 void DocumentHistory::absorb()
 {
-    if (m_isMidEdit)
+    if (m_isMidEdit || m_isShowing)
         return;
-    DocumentState now = m_document.state(m_state);
-    const bool isSame = now.hasContentOf(m_state);
-    m_state = std::move(now);
-    if (!isSame && !m_isShowing)
-        replaceHere();
+    const DocumentState was = std::exchange(m_state, m_document.state(m_state));
+    if (!m_state.hasContentOf(was))
+        replaceHere(was);
 }
 
 void DocumentHistory::noteSelection()
@@ -148,7 +154,7 @@ void DocumentHistory::record(const QString &name, const QString &typing)
         m_tried = name;
         return;
     }
-    DocumentState before = std::exchange(m_state, m_document.state(m_state));
+    const DocumentState before = std::exchange(m_state, m_document.state(m_state));
     if (m_state.hasContentOf(before)) {
         if (typing != m_typing)
             endTyping(); // what is taken back later must not be what was typed before
@@ -159,19 +165,19 @@ void DocumentHistory::record(const QString &name, const QString &typing)
     m_typing = typing;
     // A saved state stays a step of its own, or undoing could not come back to it.
     if (typesOn && lastEditIsOnTop() && !m_stack.isClean())
-        replaceHere();
+        replaceHere(before);
     else
-        m_stack.push(new Step(*this, name, std::move(before), m_state)); // the stack owns it
+        m_stack.push(new Step(*this, name, before, m_state)); // the stack owns it
 }
 
 /// The document as it is now takes the place of what it was here: both the way forth and the way back lead to it.
-void DocumentHistory::replaceHere()
+void DocumentHistory::replaceHere(const DocumentState &was)
 {
     const auto step = [this](int index) { return static_cast<const Step *>(m_stack.command(index)); };
     if (const Step *const last = step(m_stack.index() - 1))
-        last->setAfter(m_state);
+        last->replaceAfter(was, m_state);
     if (const Step *const undone = step(m_stack.index()))
-        undone->setBefore(m_state);
+        undone->replaceBefore(was, m_state);
     emit contentDidChange();
 }
 

@@ -20,8 +20,8 @@ public:
     virtual void setState(const DocumentState &state) = 0;
 };
 
-/// Undo and redo for a document. A step holds the whole document before and after it, shared where nothing changed, so
-/// that undoing brings back exactly what was there, whatever an edit has led to besides. Main thread only.
+/// Undo and redo for a document. A step keeps what differs between the document before and after it, whatever an edit
+/// has led to besides, so that undoing brings back exactly what was there. Main thread only.
 class DocumentHistory final : public QObject
 {
     Q_OBJECT
@@ -76,7 +76,7 @@ signals:
 private:
     class Step;
 
-    void replaceHere();
+    void replaceHere(const DocumentState &was);
     void passStep(bool changesProject);
     void indexDidChange();
     bool lastEditIsOnTop() const;

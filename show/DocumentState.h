@@ -7,25 +7,23 @@
 #include <QByteArray>
 #include <QSize>
 #include <QString>
-#include <QVariantList>
 
 #include <memory>
 #include <optional>
 #include <vector>
 
-/// Everything about a layer that an edit can change, with the layer that it belongs to. Pictures are not kept: a wall
-/// draws its own, and a still loads it again when its address changes.
+/// What a layer is like at one moment, with the layer. Pictures are not kept: a wall draws its own, and a still loads
+/// it again when its address changes.
 struct LayerState
 {
     LayerPointer layer;
-    /// In the order of the layer's declared properties; shared by the states between which they did not change.
-    std::shared_ptr<const QVariantList> values;
+    LayerRecordPointer record;
 
     bool operator==(const LayerState &other) const;
 
-    /// The layer as it is now. `before`: an earlier state of it or null; its values are shared where they are the same.
+    /// The layer as it is now. `before`: an earlier state of it or null; its record is shared where it is the same.
     static LayerState of(const LayerPointer &layer, const LayerState *before);
-    /// Gives the layer these values, and the picture that belongs to them.
+    /// Makes the layer that again, and gives it the picture that belongs to it.
     void apply() const;
 };
 
@@ -63,7 +61,13 @@ struct DocumentState
     {
         return file == other.file && output == other.output && supply == other.supply && layers == other.layers;
     }
+    /// Whether both show the same: content, what is counted with, and what is selected.
+    bool looksLike(const DocumentState &other) const
+    {
+        return volts == other.volts && phases == other.phases && selection == other.selection && shown == other.shown &&
+               presetSelection == other.presetSelection && hasContentOf(other);
+    }
 };
 
-/// The states of a list's layers; values are shared with those of `before`, where they are the same.
+/// The states of a list's layers; records are shared with those of `before`, where they are the same.
 std::vector<LayerState> statesOf(const std::vector<LayerPointer> &layers, const std::vector<LayerState> &before);

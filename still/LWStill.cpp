@@ -171,7 +171,7 @@ QImage LWStill::thumbnail() const
 {
     if (m_pictureWaitsInFile) {
         m_pictureWaitsInFile = false;
-        m_picture = PictureFile::load(m_ImageURL.toLocalFile());
+        m_picture = PictureFile::load(ImageURL().toLocalFile());
     }
     return m_picture ? *m_picture : QImage();
 }
@@ -190,10 +190,10 @@ void LWStill::loadThumbnail()
 
 bool LWStill::isPictureMissing() const
 {
-    if (m_ImageURL.isNil())
+    if (ImageURL().isNil())
         return false;
     if (m_pictureWaitsInFile)
-        return !PictureFile::isPicture(m_ImageURL.toLocalFile());
+        return !PictureFile::isPicture(ImageURL().toLocalFile());
     return !m_picture || m_picture->isNull();
 }
 

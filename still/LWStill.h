@@ -11,7 +11,7 @@
 class LWStill final : public Layer
 {
     Q_OBJECT
-    /// Where the picture was loaded from. Files keep this address, not the pixels. Setting it loads nothing.
+    /// Files keep this address, not the pixels. Setting it loads nothing.
     Q_PROPERTY(Address ImageURL READ ImageURL WRITE setImageURL)
 
 public:
@@ -57,13 +57,13 @@ public:
     void encodeWithCoder(ArchiveObject &coder) const override;
     std::span<const ArchiveField> keptFields() const override;
 
-    const Address &ImageURL() const { return m_ImageURL; }
-    void setImageURL(const Address &address) { m_ImageURL = address; }
+    /// The reference stands until the next setter.
+    const Address &ImageURL() const { return values().ImageURL; }
+    void setImageURL(const Address &address) { set(&LayerRecord::ImageURL, address); }
 
 private:
     void showMarker(const PreviewScale &scale) const;
 
-    Address m_ImageURL;
     mutable bool m_pictureWaitsInFile = false;
     mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file
 };

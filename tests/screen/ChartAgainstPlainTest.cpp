@@ -149,8 +149,9 @@ private:
         chart.BoarderEnable = !oneIn(3);
         chart.boarderColor = maybeColour();
         chart.boarderWidth = oneOf({-1, 0, 1, 1, 2, 3, 7, 30, 1000});
+        chart.hiddenBoxes = QStringList();
         for (int i = oneIn(2) ? between(1, 8) : 0; i > 0; --i)
-            chart.hiddenBoxes.append(QString("%1,%2").arg(between(0, chart.row)).arg(between(0, chart.col)));
+            chart.hiddenBoxes->append(QString("%1,%2").arg(between(0, chart.row)).arg(between(0, chart.col)));
         chart.CircleEnable = oneIn(2);
         chart.circleColor = maybeColour();
         chart.circleBWidth = oneOf({-3, 0, 1, 2, 4, 5, 9, 40, 700});

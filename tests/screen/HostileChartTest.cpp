@@ -148,8 +148,8 @@ TEST(HostileChart, LongNamesAndForeignKeysAreDrawn)
 {
     ScreenChart chart = decoratedWall();
     chart.label = QString(1'000'000, 'W');
-    chart.hiddenBoxes.append(QString(1'000'000, '9') + ",0");
-    chart.hiddenBoxes.append(QString(QChar::Null));
+    chart.hiddenBoxes->append(QString(1'000'000, '9') + ",0");
+    chart.hiddenBoxes->append(QString(QChar::Null));
     EXPECT_EQ(chart.draw({}).size(), QSize(400, 300));
 
     chart.label = QString::fromUtf16(u"a\tb\n\u202e\ufdd0") + QChar(0) + QChar(0xd800);
@@ -214,7 +214,7 @@ TEST(HostileChart, ALongNameInForeignLettersTakesLittleMemory)
     ScreenChart chart = decoratedWall();
     chart.screenFontSize = 1000;
     for (int i = 0; i < 16384; ++i)
-        chart.label.append(QChar(0x531 + i % 38));
+        chart.label->append(QChar(0x531 + i % 38));
 
     EXPECT_FALSE(chart.draw({}).isNull());
 }

@@ -23,7 +23,7 @@ void drawPanel(const ScreenChart &chart, int r, int c, PlainCanvas &canvas)
     }
 
     const QString key = QString("%1,%2").arg(static_cast<quint64>(chart.row - 1 - r)).arg(static_cast<quint64>(c));
-    if (!chart.hiddenBoxes.contains(key))
+    if (!chart.hiddenBoxes || !chart.hiddenBoxes->contains(key))
         canvas.fillRect(panel, QPainter::CompositionMode_Source);
 
     if (chart.BoarderEnable) {
@@ -84,8 +84,8 @@ void drawSizeText(const ScreenChart &chart, PlainCanvas &canvas)
 void drawName(const ScreenChart &chart, PlainCanvas &canvas)
 {
     QStringList texts = {""};
-    if (!chart.label.isNull())
-        texts.append(chart.label);
+    if (chart.label)
+        texts.append(*chart.label);
 
     for (const QString &text : texts) {
         const int width = TextLine(text, chart.screenFontSize).size().width();

@@ -1,0 +1,107 @@
+#include "show/StateChange.h"
+
+#include "screen/LWScreen.h"
+#include "tests/screen/TestHost.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+/// States of a document with walls.
+class StateChanges : public ::testing::Test
+{
+protected:
+    LayerState wall() { return LayerState::of(std::make_shared<LWScreen>(host), nullptr); }
+    /// The same layer with another width.
+    static LayerState wider(const LayerState &state)
+    {
+        state.layer->setPanelWidth(state.layer->panelWidth() + 1);
+        return LayerState::of(state.layer, nullptr);
+    }
+    DocumentState walls(int count)
+    {
+        DocumentState state;
+        for (int i = 0; i < count; ++i)
+            state.layers.push_back(wall());
+        return state;
+    }
+    static void expectBothWays(const DocumentState &before, const DocumentState &after)
+    {
+        const StateChange change(before, after);
+        EXPECT_TRUE(change.before(after).looksLike(before));
+        EXPECT_TRUE(change.after(before).looksLike(after));
+    }
+    /// Some rows leave, some come, some change places, some their values.
+    void shuffle(std::vector<LayerState> &list)
+    {
+        const auto row = [&] { return list.begin() + static_cast<std::ptrdiff_t>(random() % list.size()); };
+        for (unsigned edits = random() % 6; edits > 0; --edits) {
+            const unsigned kind = list.empty() ? 1 : random() % 4;
+            if (kind == 0)
+                list.erase(row());
+            else if (kind == 1)
+                list.insert(list.empty() ? list.begin() : row(), wall());
+            else if (kind == 2)
+                std::iter_swap(row(), row());
+            else if (const auto changed = row(); true)
+                *changed = wider(*changed);
+        }
+    }
+
+    TestHost host;
+    std::mt19937 random{7};
+};
+} // namespace
+
+TEST_F(StateChanges, LeadFromEachStateToTheOther)
+{
+    for (int round = 0; round < 2'000; ++round) {
+        DocumentState before = walls(static_cast<int>(random() % 8));
+        DocumentState after = before;
+        after.volts = 230;
+        after.selection = {1};
+        after.output = QSize(17, 4);
+        shuffle(after.layers);
+        shuffle(after.presets);
+        expectBothWays(before, after);
+    }
+}
+
+TEST_F(StateChanges, KeepOnlyTheRecordsOfWhatDiffers)
+{
+    DocumentState before = walls(3);
+    DocumentState after = before;
+    after.layers[1] = wider(after.layers[1]);
+    const auto unchanged = before.layers[2].record;
+    const long held = unchanged.use_count();
+    const StateChange change(before, after);
+    EXPECT_EQ(unchanged.use_count(), held);
+    EXPECT_EQ(before.layers[1].record.use_count(), 2); // in `before` and in the change
+}
+
+TEST_F(StateChanges, ARecordIsSharedWhereNothingHasChanged)
+{
+    const LayerState state = wall();
+    EXPECT_EQ(LayerState::of(state.layer, &state).record, state.record);
+    const LayerRecordPointer first = state.record;
+    state.layer->setPanelWidth(state.layer->panelWidth());
+    EXPECT_EQ(state.layer->record(), first);
+
+    state.layer->setPanelWidth(5);
+    EXPECT_NE(state.layer->record(), first);
+    EXPECT_EQ(first->panelWidth, 0);
+    state.layer->setPanelWidth(0);
+    EXPECT_EQ(LayerState::of(state.layer, &state).record, first); // the same as before
+}
+
+TEST_F(StateChanges, NoNameIsNotTheEmptyName)
+{
+    const LayerState none = wall();
+    none.layer->setLabel("");
+    EXPECT_FALSE(LayerState::of(none.layer, &none) == none);
+    EXPECT_FALSE(none.layer->label().isNull());
+    none.layer->setLabel(QString());
+    EXPECT_TRUE(none.layer->label().isNull());
+    EXPECT_TRUE(LayerState::of(none.layer, &none) == none);
+}
