@@ -1,6 +1,7 @@
 #include "app/LWAppDelegate.h"
 
 #include "base/NearestInt.h"
+#include "layer/LayerValues.h"
 #include "screen/LWScreen.h"
 #include "show/EditNames.h"
 #include "still/LWStill.h"
@@ -8,7 +9,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cmath>
 
@@ -23,22 +23,10 @@ constexpr QLatin1StringView updatePatternPath{"updatePattern"};
 constexpr QLatin1StringView patternPath{"arrangedObjects.pattern"};
 constexpr QLatin1StringView thumbnailPath{"arrangedObjects.thumbnail"};
 
-/// The properties whose edits lead to a redraw: what the inspector's controls are bound to. "patternBool" is a name
-/// without a property: no layer ever had one.
-constexpr std::array observedProperties{
-    "panelHeight",  "panelWidth",   "row",           "col",           "rectColor",      "rectColor2",
-    "boarderColor", "visible",      "xpoint",        "ypoint",        "xyColor",        "sfColor",
-    "XYFontSize",   "XYFontEnable", "CircleEnable",  "BoarderEnable", "screenFontSize", "screenFontEnable",
-    "bgEnable",     "circleColor",  "circleBWidth",  "boarderWidth",  "drawFlowPath",   "drawLabels",
-    "patternBool",  "pixelLimit",   "labelFontSize", "labelColor",    "label",          "XYLabelDirection",
-    "powerOnCell",  "aspectRatio",  "showPower",     "showCurrent",
-};
-
-bool isObserved(const QString &keyPath)
+bool isWatched(const QString &keyPath)
 {
-    return std::any_of(observedProperties.begin(), observedProperties.end(), [&](const char *property) {
-        return keyPath == LayerList::keyPathPrefix + QLatin1StringView(property);
-    });
+    const LayerValue *const value = LayerValues::find(LayerList::nameIn(keyPath));
+    return value && value->isWatched;
 }
 
 /// Width to height, as the lock keeps it; nothing where that would be no ratio.
@@ -92,7 +80,7 @@ LWAppDelegate::~LWAppDelegate()
 void LWAppDelegate::connectLists()
 {
     connect(&m_arraycontroller, &LayerList::valueDidChange, this, [this](const QString &keyPath) {
-        if (isObserved(keyPath))
+        if (isWatched(keyPath))
             observeValueForKeyPath(keyPath);
         else
             m_history.record(EditNames::ofKeyPath(keyPath));

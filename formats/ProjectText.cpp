@@ -14,7 +14,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMetaProperty>
 
 #include <algorithm>
 #include <limits>
@@ -31,11 +30,11 @@ const QString phasesName("phases");
 QByteArray layerText(const Layer &layer)
 {
     QByteArray text = "    {\n      \"class\": " + JsonValues::text(layer.className());
+    const LayerRecordPointer record = layer.record();
     for (const ArchiveField &field : layer.keptFields()) {
-        const QVariant property = layer.property(field.property);
-        if (!field.isWritten(property))
+        if (!field.isWritten(*record))
             continue;
-        const QJsonValue value = PropertyText::encode(property);
+        const QJsonValue value = PropertyText::encode(field.value().get(*record));
         text += QByteArray(",\n      \"") + field.property + "\": " + JsonValues::text(value);
     }
     return text + "\n    }";
@@ -44,9 +43,8 @@ QByteArray layerText(const Layer &layer)
 bool hasAdditions(const Layer &layer)
 {
     const std::span<const ArchiveField> fields = layer.keptFields();
-    return std::any_of(fields.begin(), fields.end(), [&](const ArchiveField &field) {
-        return field.isAddition && field.isWritten(layer.property(field.property));
-    });
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](const ArchiveField &field) { return field.isAddition && field.isWritten(*layer.record()); });
 }
 
 /// The lowest that holds the project: what no addition is written in, older versions read too.
@@ -95,12 +93,10 @@ Result<void> setProperties(Layer &layer, const QJsonObject &object, const Surrou
         const QJsonValue given = object.value(QLatin1StringView(field.property));
         if (given.isUndefined())
             continue;
-        const QMetaObject *meta = layer.metaObject();
-        const QMetaProperty property = meta->property(meta->indexOfProperty(field.property));
-        const Result<QVariant> value = PropertyText::decode(given, property.metaType(), around.folder);
+        const Result<QVariant> value = PropertyText::decode(given, field.value().type, around.folder);
         if (!value)
             return failWithin(field.property, value.error());
-        property.write(&layer, *value);
+        layer.setValue(field.property, *value);
     }
     return {};
 }

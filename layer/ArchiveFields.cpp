@@ -63,22 +63,41 @@ QSet<QString> keysOf(std::span<const ArchiveField> fields)
     return keys;
 }
 
-void encodeFields(const QObject &layer, std::span<const ArchiveField> fields, ArchiveObject &coder)
+const LayerValue &ArchiveField::value() const
+{
+    return *LayerValues::find(property);
+}
+
+bool ArchiveField::isWritten(const LayerRecord &record) const
+{
+    return !isAddition || value().isGiven(record);
+}
+
+std::vector<ArchiveField> withAdditions(std::span<const ArchiveField> fields, LayerKind kind)
+{
+    std::vector<ArchiveField> all(fields.begin(), fields.end());
+    for (const LayerValue &value : LayerValues::all()) {
+        if (value.addition && isOf(value.addition->kind, kind))
+            all.push_back({value.addition->key, value.name, value.addition->form, true});
+    }
+    return all;
+}
+
+void encodeFields(const LayerRecord &record, std::span<const ArchiveField> fields, ArchiveObject &coder)
 {
     for (const ArchiveField &field : fields) {
-        const QVariant value = layer.property(field.property);
-        if (field.isWritten(value))
-            encodeField(value, field, coder);
+        if (field.isWritten(record))
+            encodeField(field.value().get(record), field, coder);
     }
 }
 
-Result<void> decodeFields(QObject &layer, std::span<const ArchiveField> fields, const ArchiveObject &coder)
+Result<void> decodeFields(LayerRecord &record, std::span<const ArchiveField> fields, const ArchiveObject &coder)
 {
     for (const ArchiveField &field : fields) {
         const Result<QVariant> value = decodeField(field, coder);
         if (!value)
             return tl::unexpected(value.error());
-        layer.setProperty(field.property, *value);
+        field.value().assign(record, *value);
     }
     return {};
 }

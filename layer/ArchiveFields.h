@@ -1,23 +1,13 @@
 #pragma once
 
 #include "archive/ArchiveObject.h"
+#include "layer/LayerValues.h"
 
-#include <QObject>
 #include <QSet>
 #include <QVariant>
 
 #include <span>
-
-/// The form in which an archive holds a property.
-enum class StoredAs
-{
-    Integer32, ///< flags as 0 or 1, 64-bit integers by their low 32 bits, reals truncated toward zero
-    Boolean,
-    Colour,
-    Text,
-    TextList,
-    Address,
-};
+#include <vector>
 
 /// One key of a layer's archive and the property that it holds.
 struct ArchiveField
@@ -25,21 +15,25 @@ struct ArchiveField
     const char *key;
     const char *property;
     StoredAs form;
-    /// Came after the first version: written only where it is not 0, false or nil, so that an archive which uses no
-    /// addition is the archive of that version.
+    /// An Addition: written only where it is given.
     bool isAddition = false;
 
-    /// Whether a value of the property is written.
-    bool isWritten(const QVariant &value) const { return !isAddition || value != QVariant(value.metaType()); }
+    /// Whether the value of a record is written.
+    bool isWritten(const LayerRecord &record) const;
+    /// The value itself, as the record has it.
+    const LayerValue &value() const;
 };
+
+/// The fields of the first version, and behind them those that were added for layers of a kind.
+std::vector<ArchiveField> withAdditions(std::span<const ArchiveField> fields, LayerKind kind);
 
 /// The keys of `fields`.
 QSet<QString> keysOf(std::span<const ArchiveField> fields);
 
-/// Writes the properties of `layer` under their keys, in the order of `fields`.
-void encodeFields(const QObject &layer, std::span<const ArchiveField> fields, ArchiveObject &coder);
+/// Writes values of a record under their keys, in the order of `fields`.
+void encodeFields(const LayerRecord &record, std::span<const ArchiveField> fields, ArchiveObject &coder);
 
-/// Sets the properties of `layer` from `coder`; an absent key gives 0, false or nil.
+/// Sets values of a record from `coder`; an absent key gives 0, false or nil.
 /// Error: the first value of a wrong kind; what was set before it stays set.
-[[nodiscard]] Result<void> decodeFields(QObject &layer, std::span<const ArchiveField> fields,
+[[nodiscard]] Result<void> decodeFields(LayerRecord &record, std::span<const ArchiveField> fields,
                                         const ArchiveObject &coder);

@@ -20,6 +20,33 @@ void Layer::setRecord(const LayerRecordPointer &record)
     setAspectValue(record->aspectValue);
 }
 
+QVariant Layer::value(QByteArrayView name) const
+{
+    const LayerValue *const found = LayerValues::find(name, kind());
+    return found ? found->get(*record()) : QVariant();
+}
+
+bool Layer::setValue(QByteArrayView name, const QVariant &value)
+{
+    const LayerValue *const found = LayerValues::find(name, kind());
+    LayerRecord changed = *record();
+    if (!found || !found->assign(changed, value))
+        return false;
+    if (changed != *record())
+        setRecord(std::make_shared<LayerRecord>(std::move(changed)));
+    return true;
+}
+
+void Layer::takeOver(const Layer &other, std::span<const char *const> names)
+{
+    LayerRecord changed = *record();
+    for (const char *name : names) {
+        const LayerValue &value = *LayerValues::find(name);
+        value.set(changed, value.get(*other.record()));
+    }
+    setRecord(std::make_shared<LayerRecord>(std::move(changed)));
+}
+
 LayerRecord &Layer::edit()
 {
     if (m_record.use_count() > 1)

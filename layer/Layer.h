@@ -131,6 +131,7 @@ public:
     const ArchiveObjectPointer &unknownContent() const { return m_unknownContent; }
     void setUnknownContent(const ArchiveObjectPointer &content) { m_unknownContent = content; }
 
+    virtual LayerKind kind() const = 0;
     /// "LWScreen", "LWStill": the name of the kind in archives.
     QString className() const { return QString::fromLatin1(metaObject()->className()); }
 
@@ -138,6 +139,14 @@ public:
     LayerRecordPointer record() const;
     /// Makes the layer what the record says; renders nothing.
     void setRecord(const LayerRecordPointer &record);
+
+    /// A value of LayerValues by its name; invalid where layers of this kind have none.
+    QVariant value(QByteArrayView name) const;
+    /// Gives that value, as its setter does. Returns false where there is none of that name, or the value is none of
+    /// its type.
+    bool setValue(QByteArrayView name, const QVariant &value);
+    /// Takes these values over from another layer.
+    void takeOver(const Layer &other, std::span<const char *const> names);
 
     /// Read and written whole from any thread.
     QSizeF aspectValue() const;

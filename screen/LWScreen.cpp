@@ -42,10 +42,16 @@ constexpr std::array archiveFields{
     ArchiveField{"pattern", "pattern", StoredAs::Integer32},
     ArchiveField{"powerOnCell", "powerOnCell", StoredAs::Integer32},
     ArchiveField{"hiddenBoxes", "hiddenBoxes", StoredAs::TextList},
-    ArchiveField{"showcurrent", "showCurrent", StoredAs::Boolean, true},
 };
 
-/// What a copy takes over by property, in this order; thumbnail and hidden panels are handled beside it.
+/// With what was added since.
+const std::vector<ArchiveField> &allFields()
+{
+    static const std::vector<ArchiveField> fields = withAdditions(archiveFields, LayerKind::Wall);
+    return fields;
+}
+
+/// What a copy takes over, beside the additions that say so; thumbnail and hidden panels are handled for themselves.
 constexpr std::array copiedProperties{
     "screenFontEnable",
     "BoarderEnable",
@@ -56,7 +62,6 @@ constexpr std::array copiedProperties{
     "rectColor",
     "rectColor2",
     "visible",
-    "thumbnail",
     "screenSizeHeight",
     "screenSizeWidth",
     "xpoint",
@@ -80,7 +85,6 @@ constexpr std::array copiedProperties{
     "pixelLimit",
     "pattern",
     "powerOnCell",
-    "showCurrent",
 };
 
 constexpr int defaultPixelLimit = 655360;
@@ -174,35 +178,38 @@ std::shared_ptr<LWScreen> LWScreen::initWithrow(LayerHost &host, Arguments argum
 Result<std::shared_ptr<LWScreen>> LWScreen::initWithCoder(LayerHost &host, const ArchiveObject &coder)
 {
     auto screen = std::make_shared<LWScreen>(host);
-    const Result<void> decoded = decodeFields(*screen, archiveFields, coder);
+    LayerRecord record;
+    const Result<void> decoded = decodeFields(record, allFields(), coder);
     if (!decoded)
         return tl::unexpected(decoded.error());
+    screen->setRecord(std::make_shared<LayerRecord>(std::move(record)));
     screen->drawInRect();
     return screen;
 }
 
 QSet<QString> LWScreen::archiveKeys()
 {
-    return keysOf(archiveFields);
+    return keysOf(allFields());
 }
 
 LayerPointer LWScreen::copyWithZone() const
 {
     auto copy = init(host());
-    for (const char *property : copiedProperties)
-        copy->setProperty(property, this->property(property));
+    copy->takeOver(*this, copiedProperties);
+    copy->takeOver(*this, LayerValues::copiedAdditions(LayerKind::Wall));
+    copy->setThumbnail(thumbnail());
     copy->setHiddenBoxes(hiddenBoxes().value_or(QStringList()));
     return copy;
 }
 
 void LWScreen::encodeWithCoder(ArchiveObject &coder) const
 {
-    encodeFields(*this, archiveFields, coder);
+    encodeFields(values(), allFields(), coder);
 }
 
 std::span<const ArchiveField> LWScreen::keptFields() const
 {
-    return archiveFields;
+    return allFields();
 }
 
 void LWScreen::changeArrows(int tag)

@@ -93,6 +93,7 @@ public:
     LayerPointer copyWithZone() const override;
     void encodeWithCoder(ArchiveObject &coder) const override;
     std::span<const ArchiveField> keptFields() const override;
+    LayerKind kind() const override { return LayerKind::Wall; }
 
     /// An arrow button was pressed: hands its tag to the host as the chosen pattern. The screen itself stays as it is.
     void changeArrows(int tag);

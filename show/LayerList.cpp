@@ -1,8 +1,7 @@
 #include "show/LayerList.h"
 
+#include "layer/LayerValues.h"
 #include "show/RowPasteboard.h"
-
-#include <QMetaProperty>
 
 #include <algorithm>
 #include <iterator>
@@ -12,13 +11,6 @@ namespace {
 /// What no row has, not even none.
 constexpr qsizetype noRow = -2;
 
-/// The name of the property that a key path names; empty where it names none.
-QByteArray propertyName(const QString &keyPath)
-{
-    return keyPath.startsWith(LayerList::keyPathPrefix) ? keyPath.mid(LayerList::keyPathPrefix.size()).toLatin1()
-                                                        : QByteArray();
-}
-
 QString keyPathOfRole(int role)
 {
     if (role == Qt::EditRole || role == Qt::DisplayRole)
@@ -26,6 +18,11 @@ QString keyPathOfRole(int role)
     return role == Qt::CheckStateRole ? LayerList::keyPathPrefix + QString("visible") : QString();
 }
 } // namespace
+
+QByteArray LayerList::nameIn(const QString &keyPath)
+{
+    return keyPath.startsWith(keyPathPrefix) ? keyPath.mid(keyPathPrefix.size()).toLatin1() : QByteArray();
+}
 
 LayerPointer LayerList::layer(qsizetype index) const
 {
@@ -201,15 +198,20 @@ bool LayerList::setLayerValue(qsizetype index, const QVariant &value, const QStr
 bool LayerList::setPlainValue(qsizetype index, const QVariant &value, const QString &keyPath)
 {
     const LayerPointer edited = layer(index);
-    const QByteArray property = propertyName(keyPath);
-    // Only declared properties: QObject would make a new one of any other name.
-    return edited && edited->metaObject()->indexOfProperty(property) >= 0 && edited->setProperty(property, value);
+    const QByteArray name = nameIn(keyPath);
+    if (!edited || name.isEmpty())
+        return false;
+    if (edited->setValue(name, value))
+        return true;
+    // A declared property that is no value, as the picture is: QObject would make a new one of any other name.
+    const bool isDeclared = !LayerValues::find(name) && edited->metaObject()->indexOfProperty(name) >= 0;
+    return isDeclared && edited->setProperty(name, value);
 }
 
 QVariant LayerList::value(const QString &keyPath) const
 {
     const LayerPointer selected = selectedLayer();
-    return selected ? selected->property(propertyName(keyPath)) : QVariant();
+    return selected ? selected->value(nameIn(keyPath)) : QVariant();
 }
 
 int LayerList::rowCount(const QModelIndex &parent) const

@@ -23,6 +23,9 @@ public:
     /// What the key path of a layer's property begins with.
     static constexpr QLatin1StringView keyPathPrefix{"arrangedObjects."};
 
+    /// The name of the value that such a key path leads to; empty where it leads to none of a layer.
+    static QByteArray nameIn(const QString &keyPath);
+
     const std::vector<LayerPointer> &layers() const { return m_layers; }
     /// The layer of a row; null where there is no such row.
     LayerPointer layer(qsizetype index) const;

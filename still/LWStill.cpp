@@ -53,19 +53,26 @@ constexpr std::array fieldsOnlyRead{
     ArchiveField{"pattern", "pattern", StoredAs::Integer32},
 };
 
+/// With what was added since.
+const std::vector<ArchiveField> &allWrittenFields()
+{
+    static const std::vector<ArchiveField> fields = withAdditions(writtenFields, LayerKind::Still);
+    return fields;
+}
+
 /// What is written and read again, in the order of writing.
 const std::vector<ArchiveField> &fieldsKept()
 {
     static const std::vector<ArchiveField> fields = [] {
         std::vector<ArchiveField> kept;
-        std::copy_if(writtenFields.begin(), writtenFields.end(), std::back_inserter(kept),
+        std::copy_if(allWrittenFields().begin(), allWrittenFields().end(), std::back_inserter(kept),
                      [](const ArchiveField &field) { return std::strcmp(field.key, "rectcolor2") != 0; });
         return kept;
     }();
     return fields;
 }
 
-/// What a copy takes over by property, in this order; the picture is shared beside it.
+/// What a copy takes over, beside the additions that say so; the picture is shared beside it.
 constexpr std::array copiedProperties{
     "screenFontEnable",
     "BoarderEnable",
@@ -158,11 +165,13 @@ std::shared_ptr<LWStill> LWStill::initWithimage(LayerHost &host, const QImage &i
 Result<std::shared_ptr<LWStill>> LWStill::initWithCoder(LayerHost &host, const ArchiveObject &coder)
 {
     auto still = std::make_shared<LWStill>(host);
-    Result<void> decoded = decodeFields(*still, fieldsKept(), coder);
+    LayerRecord record;
+    Result<void> decoded = decodeFields(record, fieldsKept(), coder);
     if (decoded)
-        decoded = decodeFields(*still, fieldsOnlyRead, coder);
+        decoded = decodeFields(record, fieldsOnlyRead, coder);
     if (!decoded)
         return tl::unexpected(decoded.error());
+    still->setRecord(std::make_shared<LayerRecord>(std::move(record)));
     still->loadThumbnail();
     return still;
 }
@@ -202,8 +211,8 @@ void LWStill::onImageClick(qint64, qint64) {}
 LayerPointer LWStill::copyWithZone() const
 {
     auto copy = std::make_shared<LWStill>(host());
-    for (const char *property : copiedProperties)
-        copy->setProperty(property, this->property(property));
+    copy->takeOver(*this, copiedProperties);
+    copy->takeOver(*this, LayerValues::copiedAdditions(LayerKind::Still));
     copy->m_pictureWaitsInFile = m_pictureWaitsInFile;
     copy->m_picture = m_picture;
     return copy;
@@ -211,12 +220,12 @@ LayerPointer LWStill::copyWithZone() const
 
 QSet<QString> LWStill::archiveKeys()
 {
-    return keysOf(writtenFields) + keysOf(fieldsOnlyRead);
+    return keysOf(allWrittenFields()) + keysOf(fieldsOnlyRead);
 }
 
 void LWStill::encodeWithCoder(ArchiveObject &coder) const
 {
-    encodeFields(*this, writtenFields, coder);
+    encodeFields(values(), allWrittenFields(), coder);
 }
 
 std::span<const ArchiveField> LWStill::keptFields() const

@@ -56,6 +56,7 @@ public:
     static QSet<QString> archiveKeys();
     void encodeWithCoder(ArchiveObject &coder) const override;
     std::span<const ArchiveField> keptFields() const override;
+    LayerKind kind() const override { return LayerKind::Still; }
 
     /// The reference stands until the next setter.
     const Address &ImageURL() const { return values().ImageURL; }

@@ -27,6 +27,7 @@ public:
     LayerPointer copyWithZone() const override { return nullptr; }
     void encodeWithCoder(ArchiveObject &) const override {}
     std::span<const ArchiveField> keptFields() const override { return {}; }
+    LayerKind kind() const override { return LayerKind::Still; }
 
 private:
     CanvasTestDocument &m_document;

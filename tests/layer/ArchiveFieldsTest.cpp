@@ -16,7 +16,7 @@ qint32 storedSize(double size)
     LWScreen screen(host);
     screen.setLabelFontSize(size);
     ArchiveObject coder("LWScreen");
-    encodeFields(screen, reals, coder);
+    encodeFields(*screen.record(), reals, coder);
     return coder.decodeInt32("size").value();
 }
 
@@ -26,7 +26,7 @@ qint32 storedLimit(qint64 limit)
     LWScreen screen(host);
     screen.setPixelLimit(limit);
     ArchiveObject coder("LWScreen");
-    encodeFields(screen, wholes, coder);
+    encodeFields(*screen.record(), wholes, coder);
     return coder.decodeInt32("limit").value();
 }
 } // namespace
@@ -52,12 +52,11 @@ TEST(ArchiveFields, LongIntegersKeepTheirLowBits)
 
 TEST(ArchiveFields, TheFirstValueOfAWrongKindIsNamed)
 {
-    TestHost host;
-    LWScreen screen(host);
+    LayerRecord record;
     ArchiveObject coder("LWScreen");
     coder.encodeText("limit", "many");
 
-    const Result<void> decoded = decodeFields(screen, wholes, coder);
+    const Result<void> decoded = decodeFields(record, wholes, coder);
 
     ASSERT_FALSE(decoded);
     EXPECT_TRUE(decoded.error().text.startsWith("\"limit\" is a text")) << decoded.error().text.toStdString();
@@ -65,10 +64,9 @@ TEST(ArchiveFields, TheFirstValueOfAWrongKindIsNamed)
 
 TEST(ArchiveFields, AbsentKeysGiveZero)
 {
-    TestHost host;
-    LWScreen screen(host);
-    screen.setPixelLimit(7);
+    LayerRecord record;
+    record.pixelLimit = 7;
 
-    ASSERT_TRUE(decodeFields(screen, wholes, ArchiveObject("LWScreen")));
-    EXPECT_EQ(screen.pixelLimit(), 0);
+    ASSERT_TRUE(decodeFields(record, wholes, ArchiveObject("LWScreen")));
+    EXPECT_EQ(record.pixelLimit, 0);
 }

@@ -27,23 +27,10 @@
 #include <QUrl>
 
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 namespace {
-using Range = InspectorForm::Range;
-
-constexpr int mostPanels = 10'000;
-constexpr int longestPanel = 16'384;
-constexpr int furthest = 100'000;
-constexpr int widestLine = 512;
-constexpr int largestText = 1'000;
-constexpr int mostWatts = 100'000;
 constexpr int mostOffered = 24; ///< colours of the show
-
-const Range lineWidths{0, widestLine, "px", "width"};
-const Range textSizes{1, largestText, "pt", "size"};
-const Range places{-furthest, furthest, "px"};
 
 QPushButton *textButton(const QString &text, const QString &tip)
 {
@@ -78,8 +65,8 @@ void Inspector::makeControls()
         *column, [this](const QString &property, const QVariant &value) { edit(property, value); });
     addEmptyGroup();
     m_form->beginGroup({}, InspectorForm::All);
-    m_form->addText({"Name"}, "label");
-    m_form->addSwitch({"Visible", 0, "Composes the layer into the output"}, "visible");
+    m_form->addText("label");
+    m_form->addSwitch("visible", {"Visible", 0, "Composes the layer into the output", "Visible"});
     addPlaceGroup();
     addWallGroup();
     addPanelsGroup();
@@ -156,17 +143,17 @@ void Inspector::addPlaceGroup()
 
 void Inspector::addPlace()
 {
-    m_form->addNumber({"Left", 5}, "xpoint", places);
-    m_form->addNumber({"Top", 6}, "ypoint", places);
+    m_form->addNumber("xpoint", {.number = 5});
+    m_form->addNumber("ypoint", {.number = 6});
 }
 
 void Inspector::addWallGroup()
 {
     m_form->beginGroup("Wall", InspectorForm::Screens);
-    m_form->addNumber({"Columns", 3}, "col", {1, mostPanels, {}});
-    m_form->addNumber({"Rows", 4}, "row", {1, mostPanels, {}});
-    m_form->addNumber({"Panel width", 1}, "panelWidth", {1, longestPanel, "px"});
-    m_form->addNumber({"Panel height", 2}, "panelHeight", {1, longestPanel, "px"});
+    m_form->addNumber("col", {.number = 3});
+    m_form->addNumber("row", {.number = 4});
+    m_form->addNumber("panelWidth", {.number = 1});
+    m_form->addNumber("panelHeight", {.number = 2});
     addPlace();
     m_form->addSummary("Wall", LayerText::wall);
     QPushButton *allOn = textButton("Switch all panels on", "Switches on what is off of the wall");
@@ -177,52 +164,48 @@ void Inspector::addWallGroup()
 void Inspector::addPanelsGroup()
 {
     m_form->beginGroup("Panels", InspectorForm::Screens);
-    m_form->addSwitch({"Fill", 0, "Fills the panels with the two colours"}, "bgEnable");
-    m_form->addColour({"Colour 1"}, "rectColor");
-    m_form->addColour({"Colour 2"}, "rectColor2");
+    m_form->addSwitch("bgEnable", {.tip = "Fills the panels with the two colours"});
+    m_form->addColour("rectColor");
+    m_form->addColour("rectColor2");
     QPushButton *exchange = textButton("Exchange", "Exchanges the two colours");
     connect(exchange, &QPushButton::clicked, &m_document, &LWAppDelegate::exchangeColours);
     m_form->addControl({{}}, exchange);
-    m_form->addSwitchRow({"Frame"}, "BoarderEnable", "boarderWidth", lineWidths, "boarderColor");
+    m_form->addSwitchRow("BoarderEnable", "boarderWidth", "boarderColor");
 }
 
 void Inspector::addChartGroup()
 {
     m_form->beginGroup("Chart", InspectorForm::Screens);
-    m_form->addSwitchRow({.text = "Circle", .name = "Circle and diagonals"}, "CircleEnable", "circleBWidth", lineWidths,
-                         "circleColor");
-    m_form->addSwitchRow({.text = "Coordinates", .number = 7, .name = "Corner coordinates"}, "XYFontEnable",
-                         "XYFontSize", textSizes, "xyColor");
+    m_form->addSwitchRow("CircleEnable", "circleBWidth", "circleColor", {.text = "Circle"});
+    m_form->addSwitchRow("XYFontEnable", "XYFontSize", "xyColor", {.text = "Coordinates", .number = 7});
     m_form->addControl({"At the corners"}, cornerChoice());
-    m_form->addSwitchRow({.text = "Name and size", .number = 8, .name = "Name and size at the centre"},
-                         "screenFontEnable", "screenFontSize", textSizes, "sfColor");
-    m_form->addSwitch({"Current", 0, "Adds current, volts and phases to name and size at the centre"}, "showCurrent",
+    m_form->addSwitchRow("screenFontEnable", "screenFontSize", "sfColor", {.text = "Name and size", .number = 8});
+    m_form->addSwitch("showCurrent", {.tip = "Adds current, volts and phases to name and size at the centre"},
                       "sfColor");
 }
 
 void Inspector::addLabelsGroup()
 {
     m_form->beginGroup("Labels", InspectorForm::Screens);
-    m_form->addSwitchRow({"Panel labels"}, "drawLabels", "labelFontSize", textSizes, "labelColor");
-    m_form->addSwitch({"Letters by row", 0, "Letters count the rows instead of the columns"}, "XYLabelDirection");
+    m_form->addSwitchRow("drawLabels", "labelFontSize", "labelColor");
+    m_form->addSwitch("XYLabelDirection", {.tip = "Letters count the rows instead of the columns"});
 }
 
 void Inspector::addDataFlowGroup()
 {
     m_form->beginGroup("Data flow", InspectorForm::Screens);
-    m_form->addSwitch({"Path", 0, "Draws the path of the data from panel to panel"}, "drawFlowPath");
+    m_form->addSwitch("drawFlowPath", {.tip = "Draws the path of the data from panel to panel"});
     m_patterns = new PatternGrid;
     connect(m_patterns, &PatternGrid::chosen, &m_document, &LWAppDelegate::choosePattern);
     m_form->addWide("Pattern of the path", m_patterns);
-    m_form->addNumberWith(portSizes(), {"Pixels per port", 0, "Pixels that one port carries; 0: all on one"},
-                          "pixelLimit", {0, std::numeric_limits<int>::max(), "px"});
+    m_form->addNumberWith(portSizes(), "pixelLimit", {.tip = "Pixels that one port carries; 0: all on one"});
     m_form->addSummary("Ports", LayerText::ports, LayerText::hasPortOverLimit);
 }
 
 void Inspector::addPowerGroup()
 {
     m_form->beginGroup("Power", InspectorForm::Screens);
-    m_form->addNumber({"Watts per panel"}, "powerOnCell", {0, mostWatts, "W"});
+    m_form->addNumber("powerOnCell");
     m_form->addSummary(
         "Power",
         [this](const std::vector<LayerPointer> &layers) {
@@ -233,10 +216,11 @@ void Inspector::addPowerGroup()
 
 void Inspector::addStillGroup()
 {
+    constexpr NumberRange sides{1, Raster::longestSide, "px"};
     m_form->beginGroup("Picture", InspectorForm::Stills);
-    m_form->addNumber({"Width", 1}, "panelWidth", {1, Raster::longestSide, "px"});
-    m_form->addNumber({"Height", 2}, "panelHeight", {1, Raster::longestSide, "px"});
-    m_form->addSwitch({"Keep ratio", 0, "Width and height keep their ratio"}, "aspectRatio");
+    m_form->addNumber("panelWidth", {.text = "Width", .number = 1, .name = "Width"}, sides);
+    m_form->addNumber("panelHeight", {.text = "Height", .number = 2, .name = "Height"}, sides);
+    m_form->addSwitch("aspectRatio", {.tip = "Width and height keep their ratio"});
     addPlace();
     m_form->addSummary("Picture", LayerText::picture);
     QPushButton *choose = textButton("Choose picture...", "Shows another picture, or finds a missing one again");
@@ -324,7 +308,7 @@ QList<QColor> Inspector::coloursOfShow() const
     for (const LayerPointer &layer : m_document.allScreensArray()) {
         for (const char *property :
              {"rectColor", "rectColor2", "boarderColor", "circleColor", "xyColor", "sfColor", "labelColor"})
-            add(layer->property(property).value<OptionalColour>());
+            add(layer->value(property).value<OptionalColour>());
     }
     add(m_document.bgColor());
     add(m_document.edgeColor());

@@ -29,6 +29,22 @@ QString propertyOfCaption(int number)
 {
     return "label" + QString::number(number);
 }
+
+NumberRange rangeOf(const QString &property)
+{
+    return LayerValues::find(property.toLatin1())->range.value();
+}
+
+/// The caption with the value's own words where it has none.
+InspectorForm::Caption worded(InspectorForm::Caption caption, const QString &property)
+{
+    const QString words = LayerValues::find(property.toLatin1())->caption();
+    if (caption.name.isEmpty())
+        caption.name = words;
+    if (caption.text.isEmpty())
+        caption.text = words;
+    return caption;
+}
 } // namespace
 
 InspectorForm::InspectorForm(QVBoxLayout &column, Edit edit) : m_column(column), m_edit(std::move(edit)) {}
@@ -97,10 +113,10 @@ void InspectorForm::addFaultLine(NumberField &field)
     QObject::connect(&field, &NumberField::faultDidChange, line, &FaultLine::tell);
 }
 
-QWidget *InspectorForm::number(const Caption &caption, const QString &property, const Range &range)
+QWidget *InspectorForm::number(const QString &name, const QString &property, const NumberRange &range)
 {
     auto *field = new NumberField(range.lowest, range.highest, range.unit);
-    field->setAccessibleName(caption.inFull());
+    field->setAccessibleName(name);
     QObject::connect(field, &NumberField::edited, field, [this, property](int value) { m_edit(property, value); });
     m_shows.push_back([field, property](const std::vector<LayerPointer> &layers) {
         if (const std::optional<QVariant> value = commonValue(layers, property))
@@ -135,8 +151,8 @@ QWidget *InspectorForm::switchOf(const Caption &caption, const QString &property
         box->setTristate(false);
         for (const LayerPointer &layer : m_layers) {
             const QByteArray name = colour.toLatin1();
-            if (isOn && !colour.isEmpty() && !layer->property(name).value<OptionalColour>())
-                layer->setProperty(name, QVariant::fromValue(OptionalColour(textColourFor(*layer))));
+            if (isOn && !colour.isEmpty() && !layer->value(name).value<OptionalColour>())
+                layer->setValue(name, QVariant::fromValue(OptionalColour(textColourFor(*layer))));
         }
         m_edit(property, isOn);
     });
@@ -148,27 +164,31 @@ QWidget *InspectorForm::switchOf(const Caption &caption, const QString &property
     return box;
 }
 
-void InspectorForm::addNumber(const Caption &caption, const QString &property, const Range &range)
+void InspectorForm::addNumber(const QString &property, const Caption &caption, const std::optional<NumberRange> &range)
 {
-    addRow(caption, number(caption, property, range));
+    const Caption words = worded(caption, property);
+    addRow(words, number(words.inFull(), property, range.value_or(rangeOf(property))));
 }
 
-void InspectorForm::addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range)
+void InspectorForm::addNumberWith(QWidget *button, const QString &property, const Caption &caption)
 {
-    addControlWith(button, caption, number(caption, property, range));
+    const Caption words = worded(caption, property);
+    addControlWith(button, words, number(words.inFull(), property, rangeOf(property)));
 }
 
-void InspectorForm::addSwitch(const Caption &caption, const QString &property, const QString &colour)
+void InspectorForm::addSwitch(const QString &property, const Caption &caption, const QString &colour)
 {
-    addRow(caption, switchOf(caption, property, colour));
+    const Caption words = worded(caption, property);
+    addRow(words, switchOf(words, property, colour));
 }
 
-void InspectorForm::addColour(const Caption &caption, const QString &property)
+void InspectorForm::addColour(const QString &property, const Caption &caption)
 {
-    addRow(caption, colour(caption.inFull(), property));
+    const Caption words = worded(caption, property);
+    addRow(words, colour(words.inFull(), property));
 }
 
-void InspectorForm::addText(const Caption &caption, const QString &property)
+void InspectorForm::addText(const QString &property, const Caption &caption)
 {
     auto *field = new TextField;
     QObject::connect(field, &QLineEdit::textEdited, field,
@@ -180,25 +200,26 @@ void InspectorForm::addText(const Caption &caption, const QString &property)
         if (field->text() != text)
             field->setText(text);
     });
-    addRow(caption, field);
+    addRow(worded(caption, property), field);
 }
 
-void InspectorForm::addSwitchRow(const Caption &caption, const QString &property, const QString &numberProperty,
-                                 const Range &range, const QString &colourProperty)
+void InspectorForm::addSwitchRow(const QString &property, const QString &numberProperty, const QString &colourProperty,
+                                 const Caption &caption)
 {
+    const Caption words = worded(caption, property);
     auto *parts = new QWidget;
     auto *row = new QHBoxLayout(parts);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(Theme::gap / 2);
-    row->addWidget(switchOf(caption, property, colourProperty));
-    row->addWidget(number({caption.inFull() + ", " + range.name}, numberProperty, range), 1);
-    row->addWidget(colour(caption.inFull() + ", colour", colourProperty));
+    row->addWidget(switchOf(words, property, colourProperty));
+    row->addWidget(number(worded({}, numberProperty).inFull(), numberProperty, rangeOf(numberProperty)), 1);
+    row->addWidget(colour(worded({}, colourProperty).inFull(), colourProperty));
     for (int i = 0; i < row->count(); ++i) {
         QWidget *part = row->itemAt(i)->widget();
         if (part->toolTip().isEmpty())
             part->setToolTip(part->accessibleName());
     }
-    addRow(caption, parts);
+    addRow(words, parts);
     m_rows.back().label->setBuddy(row->itemAt(0)->widget());
 }
 
@@ -271,21 +292,21 @@ void InspectorForm::show(const std::vector<LayerPointer> &layers)
 void InspectorForm::showRow(const Row &row, const Layer &layer)
 {
     const QString caption = row.caption.number == 0 ? QString() : propertyOfCaption(row.caption.number);
-    const bool isHidden = !caption.isEmpty() && layer.property((caption + "Hidden").toLatin1()).toBool();
+    const bool isHidden = !caption.isEmpty() && layer.value((caption + "Hidden").toLatin1()).toBool();
     row.control->setVisible(!isHidden);
     if (!row.label)
         return;
     row.label->setVisible(!isHidden);
-    const QString own = caption.isEmpty() ? QString() : layer.property(caption.toLatin1()).toString();
+    const QString own = caption.isEmpty() ? QString() : layer.value(caption.toLatin1()).toString();
     row.label->setText(own.isEmpty() ? row.caption.text : own);
 }
 
 std::optional<QVariant> InspectorForm::commonValue(const std::vector<LayerPointer> &layers, const QString &property)
 {
     const QByteArray name = property.toLatin1();
-    const QVariant first = layers.front()->property(name);
+    const QVariant first = layers.front()->value(name);
     const bool isCommon = std::all_of(layers.begin() + 1, layers.end(),
-                                      [&](const LayerPointer &layer) { return layer->property(name) == first; });
+                                      [&](const LayerPointer &layer) { return layer->value(name) == first; });
     return isCommon ? std::optional(first) : std::nullopt;
 }
 

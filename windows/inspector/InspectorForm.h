@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layer/Layer.h"
+#include "layer/LayerValues.h"
 
 #include <QString>
 #include <QVBoxLayout>
@@ -15,6 +16,18 @@ class QGridLayout;
 class QLabel;
 class QToolButton;
 class QWidget;
+
+/// What stands before a control, and what it is called for those who cannot see it. Where the layer has a caption
+/// of its own under `number`, 1 to 8, that stands there instead, or nothing where the layer hides it; 0: none has.
+/// Empty texts of a control for a value are those of LayerValues.
+struct InspectorCaption
+{
+    QString text = {};
+    int number = 0;
+    QString tip = {};  ///< empty: the name
+    QString name = {}; ///< the words in full; empty: `text` is all
+    const QString &inFull() const { return name.isEmpty() ? text : name; }
+};
 
 /// Rows of controls, each bound to a property of the selected layers, in groups that fold.
 class InspectorForm
@@ -33,24 +46,7 @@ public:
     /// Writes a value into the property of all selected layers.
     using Edit = std::function<void(const QString &property, const QVariant &value)>;
 
-    /// A number's range and the unit behind it.
-    struct Range
-    {
-        int lowest;
-        int highest;
-        QString unit;
-        QString name = {}; ///< what it is of the switch before it, "width"
-    };
-    /// What stands before a control. Where the layer has a caption of its own under `number`, 1 to 8, that stands there
-    /// instead, or nothing where the layer hides it; 0: none has.
-    struct Caption
-    {
-        QString text;
-        int number = 0;
-        QString tip = {};  ///< empty: the name
-        QString name = {}; ///< the words in full; empty: `text` is all
-        const QString &inFull() const { return name.isEmpty() ? text : name; }
-    };
+    using Caption = InspectorCaption;
 
     /// Rows go into `column`, which outlives this and is that of a widget.
     InspectorForm(QVBoxLayout &column, Edit edit);
@@ -59,16 +55,17 @@ public:
     /// title. Returns what stands at its top.
     const QWidget &beginGroup(const QString &title, Kinds kinds);
 
-    void addNumber(const Caption &caption, const QString &property, const Range &range);
+    /// A number, in the range of LayerValues where none is given.
+    void addNumber(const QString &property, const Caption &caption = {}, const std::optional<NumberRange> &range = {});
     /// A number with a button that offers common values for it.
-    void addNumberWith(QWidget *button, const Caption &caption, const QString &property, const Range &range);
-    void addText(const Caption &caption, const QString &property);
+    void addNumberWith(QWidget *button, const QString &property, const Caption &caption = {});
+    void addText(const QString &property, const Caption &caption = {});
     /// Turning it on gives a layer that has no such `colour` black or white, as it stands off from the panels.
-    void addSwitch(const Caption &caption, const QString &property, const QString &colour = {});
-    void addColour(const Caption &caption, const QString &property);
+    void addSwitch(const QString &property, const Caption &caption = {}, const QString &colour = {});
+    void addColour(const QString &property, const Caption &caption = {});
     /// A switch as addSwitch() makes it and, in the same row, the number and the colour that belong to it.
-    void addSwitchRow(const Caption &caption, const QString &property, const QString &number, const Range &range,
-                      const QString &colour);
+    void addSwitchRow(const QString &property, const QString &number, const QString &colour,
+                      const Caption &caption = {});
     /// Any other control; it looks after itself.
     void addControl(const Caption &caption, QWidget *control);
     /// The same with a button behind it.
@@ -111,7 +108,7 @@ private:
     using Show = std::function<void(const std::vector<LayerPointer> &layers)>;
 
     QToolButton *headOf(const QString &title, QWidget *body);
-    QWidget *number(const Caption &caption, const QString &property, const Range &range);
+    QWidget *number(const QString &name, const QString &property, const NumberRange &range);
     QWidget *colour(const QString &name, const QString &property);
     QWidget *switchOf(const Caption &caption, const QString &property, const QString &colour);
     void addRow(const Caption &caption, QWidget *control);

@@ -1,0 +1,215 @@
+#include "layer/LayerValues.h"
+
+#include <QHash>
+
+#include <limits>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace {
+using Writer = LayerValue::Writer;
+
+/// As properties have a value of the record: no text is a null one.
+template <typename Value>
+using Given = std::conditional_t<std::is_same_v<Value, std::optional<QString>>, QString, Value>;
+
+template <auto member>
+using ValueOf = std::remove_cvref_t<decltype(std::declval<LayerRecord>().*member)>;
+
+template <auto member>
+QVariant get(const LayerRecord &record)
+{
+    if constexpr (std::is_same_v<ValueOf<member>, std::optional<QString>>)
+        return (record.*member).value_or(QString());
+    else
+        return QVariant::fromValue(record.*member);
+}
+
+template <auto member>
+void set(LayerRecord &record, const QVariant &value)
+{
+    const auto given = value.value<Given<ValueOf<member>>>();
+    if constexpr (std::is_same_v<ValueOf<member>, std::optional<QString>>)
+        record.*member = given.isNull() ? std::nullopt : std::optional(given);
+    else
+        record.*member = given;
+}
+
+/// A row of the table, to be completed by what follows.
+class Row : public LayerValue
+{
+public:
+    constexpr Row &&watched() &&
+    {
+        isWatched = true;
+        return std::move(*this);
+    }
+    constexpr Row &&of(LayerKind only) &&
+    {
+        kind = only;
+        return std::move(*this);
+    }
+    constexpr Row &&in(int lowest, int highest, const char *unit = "") &&
+    {
+        range = NumberRange{lowest, highest, unit};
+        return std::move(*this);
+    }
+    constexpr Row &&by(Writer other) &&
+    {
+        writer = other;
+        return std::move(*this);
+    }
+    constexpr Row &&added(const Addition &how) &&
+    {
+        addition = how;
+        return std::move(*this);
+    }
+};
+
+template <auto member>
+Row row(const char *name, const char *words = "")
+{
+    return Row{
+        {name, QMetaType::fromType<Given<ValueOf<member>>>(), get<member>, set<member>, QLatin1StringView(words)}};
+}
+
+constexpr int mostPanels = 10'000;
+constexpr int longestPanel = 16'384;
+constexpr int furthest = 100'000;
+constexpr int widestLine = 512;
+constexpr int largestText = 1'000;
+constexpr int mostWatts = 100'000;
+
+#define ROW(member, ...) row<&LayerRecord::member>(#member __VA_OPT__(, ) __VA_ARGS__)
+
+const std::vector<LayerValue> &rows()
+{
+    static const std::vector<LayerValue> rows{
+        ROW(panelWidth, "panel width").in(1, longestPanel, "px").watched(),
+        ROW(panelHeight, "panel height").in(1, longestPanel, "px").watched(),
+        ROW(col, "columns").in(1, mostPanels).watched(),
+        ROW(row, "rows").in(1, mostPanels).watched(),
+        ROW(screenSizeWidth).by(Writer::Rendering),
+        ROW(screenSizeHeight).by(Writer::Rendering),
+        ROW(xpoint, "left").in(-furthest, furthest, "px").watched(),
+        ROW(ypoint, "top").in(-furthest, furthest, "px").watched(),
+
+        ROW(visible, "visibility").watched(),
+        ROW(label, "name").watched(),
+        ROW(bgEnable, "fill").watched(),
+        ROW(rectColor, "colour 1").watched(),
+        ROW(rectColor2, "colour 2").watched(),
+        ROW(BoarderEnable, "frame").watched(),
+        ROW(boarderColor, "frame, colour").watched(),
+        ROW(boarderWidth, "frame, width").in(0, widestLine, "px").watched(),
+        ROW(CircleEnable, "circle and diagonals").watched(),
+        ROW(circleColor, "circle and diagonals, colour").watched(),
+        ROW(circleBWidth, "circle and diagonals, width").in(0, widestLine, "px").watched(),
+        ROW(XYFontEnable, "corner coordinates").watched(),
+        ROW(xyColor, "corner coordinates, colour").watched(),
+        ROW(XYFontSize, "corner coordinates, size").in(1, largestText, "pt").watched(),
+        ROW(screenFontEnable, "name and size at the centre").watched(),
+        ROW(sfColor, "name and size at the centre, colour").watched(),
+        ROW(screenFontSize, "name and size at the centre, size").in(1, largestText, "pt").watched(),
+        ROW(showPower, "power text").watched().by(Writer::Inspection),
+        ROW(showCurrent, "current").watched().added({"showcurrent", StoredAs::Boolean, LayerKind::Wall, true}),
+        ROW(showPowerl).by(Writer::Inspection),
+
+        ROW(drawLabels, "panel labels").watched(),
+        ROW(XYLabelDirection, "letters by row").watched(),
+        ROW(labelColor, "panel labels, colour").watched(),
+        ROW(labelFontSize, "panel labels, size").in(1, largestText, "pt").watched().by(Writer::Rendering),
+        ROW(drawFlowPath, "path").watched(),
+        ROW(pattern, "pattern of the path"),
+        ROW(pixelLimit, "pixels per port").in(0, std::numeric_limits<int>::max(), "px").watched(),
+        ROW(powerOnCell, "watts per panel").in(0, mostWatts, "W").watched(),
+
+        ROW(aspectRatio, "keep ratio").watched(),
+        ROW(aspectValue),
+        ROW(aspectHidden).by(Writer::Inspection),
+        ROW(labelGroupRightHidden),
+        ROW(label1),
+        ROW(label2),
+        ROW(label3),
+        ROW(label4),
+        ROW(label5),
+        ROW(label6),
+        ROW(label7),
+        ROW(label8),
+        ROW(label1Hidden),
+        ROW(label2Hidden),
+        ROW(label3Hidden),
+        ROW(label4Hidden),
+        ROW(label5Hidden),
+        ROW(label6Hidden),
+        ROW(label7Hidden),
+        ROW(label8Hidden),
+
+        ROW(hiddenBoxes, "panels off").of(LayerKind::Wall),
+        ROW(PositionArray).of(LayerKind::Wall),
+        ROW(label9Hidden).of(LayerKind::Wall),
+        ROW(drawBackground).of(LayerKind::Wall),
+        ROW(drawBorder).of(LayerKind::Wall),
+        ROW(columnCount).of(LayerKind::Wall),
+        ROW(rowCount).of(LayerKind::Wall),
+        ROW(width).of(LayerKind::Wall),
+        ROW(height).of(LayerKind::Wall),
+
+        ROW(ImageURL, "picture").of(LayerKind::Still),
+    };
+    return rows;
+}
+} // namespace
+
+bool LayerValue::assign(LayerRecord &record, QVariant value) const
+{
+    if (!value.isValid())
+        value = QVariant(type);
+    else if (value.metaType() != type && !value.convert(type))
+        return false;
+    set(record, value);
+    return true;
+}
+
+bool LayerValue::isGiven(const LayerRecord &record) const
+{
+    static const LayerRecord plain;
+    return get(record) != get(plain);
+}
+
+QString LayerValue::caption() const
+{
+    return words.isEmpty() ? QString() : QString(words.first(1)).toUpper() + words.sliced(1);
+}
+
+namespace LayerValues {
+
+std::span<const LayerValue> all()
+{
+    return rows();
+}
+
+const LayerValue *find(QByteArrayView name, LayerKind kind)
+{
+    static const QHash<QByteArrayView, const LayerValue *> byName = [] {
+        QHash<QByteArrayView, const LayerValue *> index;
+        for (const LayerValue &value : rows())
+            index.insert(value.name, &value);
+        return index;
+    }();
+    const LayerValue *found = byName.value(name);
+    return found && isOf(found->kind, kind) ? found : nullptr;
+}
+
+std::vector<const char *> copiedAdditions(LayerKind kind)
+{
+    std::vector<const char *> names;
+    for (const LayerValue &value : rows()) {
+        if (value.addition && value.addition->isCopied && isOf(value.addition->kind, kind))
+            names.push_back(value.name);
+    }
+    return names;
+}
+
+} // namespace LayerValues
