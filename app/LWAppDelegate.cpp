@@ -6,14 +6,10 @@
 #include "show/EditNames.h"
 #include "still/LWStill.h"
 
-#include <QTimer>
-
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 
 namespace {
-constexpr std::chrono::milliseconds gateTime{100};
 constexpr QLatin1StringView panelWidthPath{"arrangedObjects.panelWidth"};
 constexpr QLatin1StringView panelHeightPath{"arrangedObjects.panelHeight"};
 constexpr QLatin1StringView aspectRatioPath{"arrangedObjects.aspectRatio"};
@@ -105,32 +101,17 @@ void LWAppDelegate::connectLists()
 
 void LWAppDelegate::update([[maybe_unused]] QObject *sender)
 {
-    m_updateWasSwallowed = !m_shouldUpdate;
-    if (m_shouldUpdate)
-        compose();
-    QTimer::singleShot(gateTime, this, &LWAppDelegate::gateTimerFired);
-    calculatePower();
-    m_userInterface.repaintCanvas();
+    m_redraw.update();
 }
 
-void LWAppDelegate::gateTimerFired()
+void LWAppDelegate::redrawNow()
 {
-    timerupdate();
-    if (m_updateWasSwallowed)
-        update();
-}
-
-void LWAppDelegate::catchUp()
-{
-    if (!m_updateWasSwallowed)
-        return;
-    m_shouldUpdate = true;
+    m_redraw.open();
     update();
 }
 
 void LWAppDelegate::compose()
 {
-    m_shouldUpdate = false;
     m_history.expectRendering();
     if (const LayerPointer selected = m_arraycontroller.selectedLayer())
         renderForInspector(*selected);
@@ -296,10 +277,15 @@ void LWAppDelegate::showAsItWas(const DocumentState &state)
 {
     m_hwchange = true;
     m_hwchangeVal.clear();
-    m_updateWasSwallowed = false;
+    m_redraw.forget();
     showMarker(state);
     composeOutput();
     m_userInterface.reloadTable();
+    showRedrawn();
+}
+
+void LWAppDelegate::showRedrawn()
+{
     calculatePower();
     m_userInterface.repaintCanvas();
 }

@@ -9,6 +9,7 @@
 #include "show/DocumentHistory.h"
 #include "show/LayerList.h"
 #include "show/ManagedObjectContext.h"
+#include "show/Redraw.h"
 
 #include <QHash>
 #include <QImage>
@@ -103,8 +104,8 @@ public:
     /// repaints, and is made up for as soon as the time is over.
     void update(QObject *sender = nullptr);
     /// Opens the gate of update(); nothing else.
-    void timerupdate() { m_shouldUpdate = true; }
-    bool shouldUpdate() const { return m_shouldUpdate; }
+    void timerupdate() { m_redraw.open(); }
+    bool shouldUpdate() const { return m_redraw.isOpen(); }
     /// Recomputes the power line; chooses 110 V and 1 phase where none was chosen.
     void calculatePower();
 
@@ -310,8 +311,9 @@ private:
     /// The same after an edit; what has just failed is left for the next edit of the presets and the end.
     void keepEditedPresets();
 
-    /// Makes up for a swallowed update at once, before the document goes into a file.
-    void catchUp();
+    /// An update that no gate holds up.
+    void redrawNow();
+    void showRedrawn();
     void compose();
     void composeOutput();
     void renderForInspector(Layer &layer);
@@ -323,7 +325,6 @@ private:
     void applyAspectLock(Layer &layer) const;
     void setValueOfOthers(const QVariant &value, const QString &keyPath);
     void editSelectedWalls(const QString &name, const std::function<void(LWScreen &wall)> &edit);
-    void gateTimerFired();
     /// `chosen`: of the show; nullopt: the one remembered counts.
     void takeSupply(const std::optional<Supply> &chosen);
     void supplyWasChosen(const QString &keyPath);
@@ -360,6 +361,7 @@ private:
     LayerList m_presetarraycontroller;
     Composition m_composition;
     DocumentHistory m_history{*this};
+    Redraw m_redraw{[this] { compose(); }, [this] { showRedrawn(); }};
     std::optional<RecoveryCopy> m_recovery;
     std::optional<PresetStore> m_presetStore;
     std::vector<LayerState> m_keptPresets;        ///< as they are in the store
@@ -375,9 +377,7 @@ private:
     QImage m_offscreenRep;
     QString m_powerResult;
 
-    bool m_shouldUpdate = false;
-    bool m_updateWasSwallowed = false; ///< a call came while the gate was shut
-    bool m_hwchange = false;           ///< the last edited value was the panel width or height
+    bool m_hwchange = false; ///< the last edited value was the panel width or height
     QString m_hwchangeVal;
 
     int m_screenNumber = 0;

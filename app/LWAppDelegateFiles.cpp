@@ -68,7 +68,7 @@ Project LWAppDelegate::project() const
 
 void LWAppDelegate::writeProject(const QString &path)
 {
-    catchUp();
+    m_redraw.catchUp();
     const Result<void> written = ProjectFile::write(path, project());
     if (!written)
         return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
@@ -86,15 +86,13 @@ void LWAppDelegate::openProject()
 {
     if (const std::optional<QString> path = m_userInterface.runModalOpenPanel())
         return openProjectPre(*path);
-    m_shouldUpdate = true;
-    update();
+    redrawNow();
 }
 
 void LWAppDelegate::openProjectPre(const QString &path)
 {
     const bool isOpen = load(path);
-    m_shouldUpdate = true;
-    update();
+    redrawNow();
     if (isOpen)
         tellLostWalls();
 }
@@ -196,7 +194,7 @@ bool LWAppDelegate::applicationOpenFile(const QString &path)
 
 void LWAppDelegate::saveAction()
 {
-    catchUp();
+    m_redraw.catchUp();
     drawLostWalls(visibleOf(allScreensArray()));
     const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
     if (!chosen)
@@ -211,7 +209,7 @@ void LWAppDelegate::saveAction()
 
 void LWAppDelegate::savePSD()
 {
-    catchUp();
+    m_redraw.catchUp();
     if (const Result<void> fits = PsdLimits::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
     drawLostWalls(allScreensArray());
@@ -267,8 +265,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     if (!project)
         return m_userInterface.alert("Cannot recover " + project.error().text, "The document is unchanged.");
     showProject(*project, fileOf(copy), "recover project");
-    m_shouldUpdate = true;
-    update();
+    redrawNow();
     tellLostWalls();
 }
 

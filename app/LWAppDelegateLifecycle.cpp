@@ -29,7 +29,7 @@ void LWAppDelegate::applicationDidFinishLaunching()
     const std::vector<LayerPointer> presets = presetsOfLastTime();
     m_OutputHeight = firstOutput.height();
     m_OutputWidth = firstOutput.width();
-    m_shouldUpdate = true;
+    m_redraw.open();
     m_arraycontroller.setLayers({layer}, {0});
     m_presetarraycontroller.setLayers(presets, {0});
     update();
@@ -47,8 +47,7 @@ void LWAppDelegate::newProject()
         m_recovery->leave();
     showProject({firstOutput.height(), firstOutput.width(), {firstLayer()}}, {}, "new project");
     documentIsInFile();
-    m_shouldUpdate = true;
-    update();
+    redrawNow();
 }
 
 LWAppDelegate::TerminateReply LWAppDelegate::applicationShouldTerminate()
