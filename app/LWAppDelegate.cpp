@@ -126,8 +126,20 @@ void LWAppDelegate::renderForInspector(Layer &layer)
     layer.setShowPower(!isScreen);
     layer.setShowPowerl(!isScreen);
     applyAspectLock(layer);
-    layer.drawInRect();
+    renderSelected();
     m_userInterface.reloadTable();
+}
+
+/// The canvas' marker stands around a selected picture as it was rendered last.
+void LWAppDelegate::renderSelected()
+{
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    selected->drawInRect();
+    const auto *still = qobject_cast<const LWStill *>(selected.get());
+    if (!still)
+        return;
+    m_userInterface.setKScaleFactor(still->marker().scaleFactor);
+    m_userInterface.drawRectangle(still->marker().rectangle);
 }
 
 void LWAppDelegate::composeOutput()
@@ -198,7 +210,7 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
         if (keyPath == updatePatternPath)
             selected->setPattern(m_pattern);
         applyAspectLock(*selected); // an update may come when another layer is selected
-        selected->drawInRect();
+        renderSelected();
         m_userInterface.reloadTable();
     }
     finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
@@ -297,7 +309,7 @@ void LWAppDelegate::showMarker(const DocumentState &state)
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     if (!qobject_cast<LWStill *>(selected.get()))
         return;
-    selected->drawInRect();
+    renderSelected();
     state.layers[static_cast<std::size_t>(m_arraycontroller.selectionIndex())].apply(); // the sizes that it wrote
 }
 

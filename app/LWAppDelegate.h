@@ -270,10 +270,8 @@ public:
     void setPhaseCalc(qint64 phases) override { m_phaseCalc = phases; }
     int popupIndex() const override { return m_popupIndex; }
     QSizeF canvasFrameSize() const override { return m_userInterface.canvasFrameSize(); }
-    void setKScaleFactor(float factor) override { m_userInterface.setKScaleFactor(factor); }
-    void drawRectangle(const QRectF &rectangle) override { m_userInterface.drawRectangle(rectangle); }
-    /// What a wall asks for when it is rendered; the marker of a selected still stays.
-    void hideRectangle() override;
+    /// Renders a selected still anew, and has the canvas draw its marker: the canvas shows the output in another size.
+    void redrawMarker();
     /// The pattern becomes that of all selected layers, as one step.
     void choosePattern(qint64 pattern) override;
 
@@ -317,6 +315,7 @@ private:
     void compose();
     void composeOutput();
     void renderForInspector(Layer &layer);
+    void renderSelected();
     void showMarker(const DocumentState &state);
     QString typingOn(const QString &keyPath) const;
     void updateAgainSoon();

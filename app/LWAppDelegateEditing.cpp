@@ -108,6 +108,7 @@ void LWAppDelegate::shiftSelection(qint64 right, qint64 down)
         layer->setYpoint(nearestInt(layer->ypoint() + down));
         layer->drawInRect(); // walls show their place
     }
+    redrawMarker();
 }
 
 /// So that so many halves of what the selected layers leave free of the output lie to their left and above them.

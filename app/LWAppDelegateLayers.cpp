@@ -160,11 +160,10 @@ void LWAppDelegate::updateAgainSoon()
     });
 }
 
-void LWAppDelegate::hideRectangle()
+void LWAppDelegate::redrawMarker()
 {
-    const LayerPointer selected = m_arraycontroller.selectedLayer();
-    if (!qobject_cast<LWStill *>(selected.get()))
-        m_userInterface.hideRectangle();
+    if (qobject_cast<LWStill *>(m_arraycontroller.selectedLayer().get()))
+        renderSelected();
 }
 
 void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)

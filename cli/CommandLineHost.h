@@ -18,9 +18,6 @@ public:
     int OutputWidth() const override { return 0; }
     int OutputHeight() const override { return 0; }
     QSizeF canvasFrameSize() const override { return {0, 0}; }
-    void setKScaleFactor(float /*factor*/) override {}
-    void drawRectangle(const QRectF & /*rectangle*/) override {}
-    void hideRectangle() override {}
     void choosePattern(qint64 /*pattern*/) override {}
 
 private:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QRectF>
 #include <QSizeF>
 
 /// What a layer needs of its surroundings. The document's controller implements it; so does the command line.
@@ -25,13 +24,6 @@ public:
 
     /// Size of the frame in which the canvas shows the whole output; 0 x 0 where there is no canvas.
     virtual QSizeF canvasFrameSize() const = 0;
-    /// Output pixels that the marker around a selected still moves for one unit of the canvas.
-    virtual void setKScaleFactor(float factor) = 0;
-    /// Draws that marker, at a finite place in the canvas: origin top-left, y down. One of no width stays where it is.
-    virtual void drawRectangle(const QRectF &rectangle) = 0;
-    /// Hides it.
-    virtual void hideRectangle() = 0;
-
     /// A flow pattern was chosen with one of the arrow buttons: takes it over into the selected layer.
     virtual void choosePattern(qint64 pattern) = 0;
 };

@@ -16,7 +16,6 @@ int recordedSide(qint64 pixels)
 
 void LWScreen::drawInRect()
 {
-    host().hideRectangle();
     const PanelGrid grid = panelGridOf(*this);
     setScreenSizeHeight(recordedSide(grid.rows.size()));
     setScreenSizeWidth(recordedSide(grid.columns.size()));

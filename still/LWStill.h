@@ -4,6 +4,7 @@
 #include "layer/Layer.h"
 
 #include <QImage>
+#include <QRectF>
 
 #include <memory>
 
@@ -46,8 +47,16 @@ public:
     /// For the output's size less 8 x 10 pixels. All three are finite, and negative for outputs smaller than that.
     PreviewScale calculateCoeff() const;
 
-    /// Takes panelWidth and panelHeight over as the size on the output, and has the canvas draw its marker around it.
+    /// Takes panelWidth and panelHeight over as the size on the output, and works out the marker around it.
     void drawInRect() override;
+    /// The marker that the canvas draws around a selected still: finite, its origin top-left, y down.
+    struct Marker
+    {
+        QRectF rectangle;      ///< in units of the canvas, where the whole output is fitted into it
+        float scaleFactor = 0; ///< output pixels that the still moves for one unit of the canvas
+    };
+    /// As it was at the last rendering; empty before the first.
+    const Marker &marker() const { return m_marker; }
     /// Clicks do nothing to a picture.
     void onImageClick(qint64 x, qint64 y) override;
     /// A plain still with this one's picture, place, look and captions; aspect and power are zero.
@@ -63,8 +72,9 @@ public:
     void setImageURL(const Address &address) { set(&LayerRecord::ImageURL, address); }
 
 private:
-    void showMarker(const PreviewScale &scale) const;
+    Marker markerAt(const PreviewScale &scale) const;
 
+    Marker m_marker;
     mutable bool m_pictureWaitsInFile = false;
     mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file
 };

@@ -48,10 +48,10 @@ void LWStill::drawInRect()
     // The picture keeps its pixels: whoever composes it scales it to this size.
     setScreenSizeWidth(panelWidth());
     setScreenSizeHeight(panelHeight());
-    showMarker(calculateCoeff());
+    m_marker = markerAt(calculateCoeff());
 }
 
-void LWStill::showMarker(const PreviewScale &scale) const
+LWStill::Marker LWStill::markerAt(const PreviewScale &scale) const
 {
     const float k = scale.coefficient;
     const float x = finite(static_cast<float>(xpoint()) * k + scale.freeWidth + 1.0F);
@@ -60,6 +60,5 @@ void LWStill::showMarker(const PreviewScale &scale) const
     const float height = finite(static_cast<float>(screenSizeHeight()) * k);
     qCDebug(lcStill, "drawRectange (%d %d) * %f =  (%f,%f,%f,%f)", screenSizeWidth(), screenSizeHeight(), k, x, y,
             width, height);
-    host().setKScaleFactor(static_cast<float>((1.0 - k) + 1.0));
-    host().drawRectangle({x, y, width, height});
+    return {{x, y, width, height}, static_cast<float>((1.0 - k) + 1.0)};
 }

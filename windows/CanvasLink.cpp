@@ -1,7 +1,5 @@
 #include "windows/CanvasLink.h"
 
-#include "still/LWStill.h"
-
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -18,11 +16,4 @@ void CanvasLink::select(const LayerPointer &layer, bool extends)
         return list.setSelectionIndexes(std::move(rows), list.selectionIndex());
     rows.push_back(row);
     list.setSelectionIndexes(std::move(rows), row);
-}
-
-void CanvasLink::redrawMarker()
-{
-    const LayerPointer selected = selectedLayer();
-    if (qobject_cast<LWStill *>(selected.get()))
-        selected->drawInRect();
 }

@@ -19,7 +19,7 @@ public:
     void nudge(const QPoint &distance) override { m_document.moveSelection(distance); }
     void update(QObject *sender) override { m_document.update(sender); }
     void finishEdit(const QString &name, const QString &typing) override { m_document.finishEdit(name, typing); }
-    void redrawMarker() override;
+    void redrawMarker() override { m_document.redrawMarker(); }
 
 private:
     LWAppDelegate &m_document;

@@ -440,11 +440,3 @@ TEST_F(LWAppDelegateTest, TheOutputIsComposedIntoTheSameMemory)
 
     EXPECT_EQ(document.offscreenRep().constBits(), before);
 }
-
-TEST_F(LWAppDelegateTest, RenderingAScreenHidesTheMarker)
-{
-    const int hidden = person.timesHidden;
-    compose();
-
-    EXPECT_GT(person.timesHidden, hidden);
-}

@@ -9,7 +9,7 @@ void CanvasTestDocument::update(QObject *)
 {
     calls += "update";
     if (rendersOnUpdate && layer)
-        layer->drawInRect();
+        render();
     if (onUpdate)
         onUpdate();
 }
@@ -19,7 +19,7 @@ void CanvasTestDocument::finishEdit(const QString &name, const QString &typing)
     EXPECT_EQ(typing, QString());
     calls += "finishEdit " + name;
     if (rendersOnUpdate && layer)
-        layer->drawInRect();
+        render();
 }
 
 void CanvasTestDocument::select(const LayerPointer &chosen, bool extends)
@@ -39,26 +39,18 @@ void CanvasTestDocument::nudge(const QPoint &distance)
 void CanvasTestDocument::redrawMarker()
 {
     calls += "redrawMarker";
-    if (auto *still = qobject_cast<LWStill *>(layer.get()))
-        still->drawInRect();
+    if (qobject_cast<LWStill *>(layer.get()))
+        render();
 }
 
-void CanvasTestDocument::setKScaleFactor(float factor)
+void CanvasTestDocument::render()
 {
-    if (view)
-        view->setKScaleFactor(factor);
-}
-
-void CanvasTestDocument::drawRectangle(const QRectF &rectangle)
-{
-    if (view)
-        view->drawRectangle(rectangle);
-}
-
-void CanvasTestDocument::hideRectangle()
-{
-    if (view && !qobject_cast<LWStill *>(layer.get()))
-        view->hideRectangle();
+    layer->drawInRect();
+    const auto *still = qobject_cast<LWStill *>(layer.get());
+    if (!still || !view)
+        return;
+    view->setKScaleFactor(still->marker().scaleFactor);
+    view->drawRectangle(still->marker().rectangle);
 }
 
 CanvasFixture::CanvasFixture()
@@ -80,7 +72,7 @@ LWStill &CanvasFixture::selectStill(const QPoint &topLeft, const QSize &size)
     still->setXpoint(topLeft.x());
     still->setYpoint(topLeft.y());
     document.layer = still;
-    still->drawInRect();
+    document.render();
     view.showRectangle();
     return *still;
 }

@@ -29,6 +29,8 @@ public:
     void update(QObject *sender) override;
     void finishEdit(const QString &name, const QString &typing) override;
     void redrawMarker() override;
+    /// Renders the selected layer and draws its marker, as documents do.
+    void render();
 
     qint64 voltageCalc() const override { return 110; }
     void setVoltageCalc(qint64) override {}
@@ -36,9 +38,6 @@ public:
     void setPhaseCalc(qint64) override {}
     int popupIndex() const override { return 0; }
     QSizeF canvasFrameSize() const override { return view ? view->fittedSize() : frameWithoutView; }
-    void setKScaleFactor(float factor) override;
-    void drawRectangle(const QRectF &rectangle) override;
-    void hideRectangle() override;
     void choosePattern(qint64) override {}
 
     QSize outputSize{1920, 1080};

@@ -37,7 +37,7 @@ TEST_F(LWCanvasImageViewMarker, AStillWithoutASizeHasNone)
     const LWStill &logo = static_cast<LWStill &>(*document.all[0]);
     const auto empty = LWStill::initWithimage(document, QImage());
     document.layer = empty;
-    empty->drawInRect();
+    document.render();
     EXPECT_TRUE(view.cropMarker().hide());
 
     drag({150, 100}, {160, 105});
@@ -147,7 +147,7 @@ TEST_F(LWCanvasImageViewMarker, UpdatesDuringADragLeaveTheMarkerInTheHand)
     const QRectF before = view.cropMarker().selectedRect();
     press(before.bottomRight());
     moveTo({400, 250});
-    still.drawInRect();
+    document.render();
     EXPECT_NEAR(view.cropMarker().selectedRect().right(), 400, 1e-6);
     release({400, 250});
     settle();

@@ -219,7 +219,7 @@ TEST_F(LWCanvasImageViewTest, ARectangleOfNoWidthDoesNotUpdateTheMarker)
     const QRectF marker = view.cropMarker().selectedRect();
     still.setPanelWidth(0);
     still.setXpoint(200);
-    still.drawInRect();
+    document.render();
     EXPECT_EQ(view.cropMarker().selectedRect(), marker);
 }
 

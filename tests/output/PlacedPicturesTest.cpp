@@ -15,9 +15,6 @@ public:
     int OutputWidth() const override { return 0; }
     int OutputHeight() const override { return 0; }
     QSizeF canvasFrameSize() const override { return {0, 0}; }
-    void setKScaleFactor(float) override {}
-    void drawRectangle(const QRectF &) override {}
-    void hideRectangle() override {}
     void choosePattern(qint64) override {}
 };
 

@@ -30,14 +30,6 @@ TEST(LWScreenRendering, ADefaultWallStartsRedAtTheBottomLeft)
     EXPECT_EQ(raster.pixelColor(1, 238), QColor(Qt::red));
 }
 
-TEST(LWScreenRendering, HidesTheMarkerOfTheCanvas)
-{
-    TestHost host;
-    const auto screen = LWScreen::init(host);
-    screen->drawInRect();
-    EXPECT_EQ(host.hiddenRectangles, 2);
-}
-
 TEST(LWScreenRendering, ChoosesASupplyOnlyWhereATextNeedsIt)
 {
     TestHost host;
