@@ -79,19 +79,19 @@ void LWAppDelegate::connectLists()
         if (isWatched(keyPath))
             observeValueForKeyPath(keyPath);
         else
-            m_history.record(EditNames::ofKeyPath(keyPath));
+            recordUnwatched(EditNames::ofKeyPath(keyPath));
     });
     connect(&m_presetarraycontroller, &LayerList::valueDidChange, this, [this](const QString &keyPath) {
         if (keyPath == thumbnailPath)
             observeValueForKeyPath(keyPath);
         else
-            m_history.record("preset " + EditNames::ofKeyPath(keyPath));
+            recordUnwatched("preset " + EditNames::ofKeyPath(keyPath));
     });
     connect(&m_arraycontroller, &LayerList::selectionIndexesDidChange, this,
             [this] { tableViewSelectionDidChange(m_arraycontroller.selectionIndex()); });
     connect(&m_arraycontroller, &LayerList::selectionIndexDidChange, this, &LWAppDelegate::tableViewSelectionDidChange);
-    connect(&m_presetarraycontroller, &LayerList::selectionIndexesDidChange, &m_history,
-            &DocumentHistory::noteSelection);
+    connect(&m_presetarraycontroller, &LayerList::selectionIndexesDidChange, this, &LWAppDelegate::noteSelection);
+    connect(&m_news, &ShowNews::changed, this, &LWAppDelegate::changed);
     for (LayerList *list : {&m_arraycontroller, &m_presetarraycontroller}) {
         connect(list, &LayerList::dragDidStart, this, [this, list] { tableViewWriteRowsWithIndexes(*list); });
         connect(list, &LayerList::rowWasDropped, this,
@@ -144,11 +144,14 @@ void LWAppDelegate::renderSelected()
 
 void LWAppDelegate::composeOutput()
 {
-    // The composition's buffer can be used again only when nobody else holds it.
-    m_userInterface.releaseOutput();
-    m_offscreenRep = {};
-    m_offscreenRep = m_composition.compose(placedPictures(allScreensArray()),
-                                           {QSize(m_OutputWidth, m_OutputHeight), m_bgColor, m_edgeColor});
+    const OutputStyle style{QSize(m_OutputWidth, m_OutputHeight), m_bgColor, m_edgeColor};
+    const std::vector<PlacedPicture> pictures = placedPictures(allScreensArray());
+    if (!m_composition.isLast(pictures, style)) {
+        // The composition's buffer can be used again only when nobody else holds it.
+        m_userInterface.releaseOutput();
+        m_offscreenRep = {};
+        m_offscreenRep = m_composition.compose(pictures, style);
+    }
     m_userInterface.showOutput(img());
 }
 
@@ -223,6 +226,19 @@ QString LWAppDelegate::typingOn(const QString &keyPath) const
     if (keyPath == updatePatternPath || m_arraycontroller.value(keyPath).typeId() == QMetaType::Bool)
         return {};
     return keyPath + QString(" %1").arg(reinterpret_cast<quintptr>(selected.get()));
+}
+
+/// An edit that nothing is drawn anew for.
+void LWAppDelegate::recordUnwatched(const QString &name)
+{
+    m_history.record(name);
+    tellChanges();
+}
+
+void LWAppDelegate::noteSelection()
+{
+    if (m_history.noteSelection())
+        tellChanges(); // an edit tells of what it selects itself
 }
 
 void LWAppDelegate::finishEdit(const QString &name, const QString &typing)
@@ -300,6 +316,12 @@ void LWAppDelegate::showRedrawn()
 {
     calculatePower();
     m_userInterface.repaintCanvas();
+    tellChanges();
+}
+
+void LWAppDelegate::tellChanges()
+{
+    m_news.look({state(m_news.state().document), m_bgColor, m_edgeColor, m_popupIndex, m_powerResult});
 }
 
 /// Has a selected still draw its marker where it is now.

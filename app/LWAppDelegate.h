@@ -10,6 +10,7 @@
 #include "show/LayerList.h"
 #include "show/ManagedObjectContext.h"
 #include "show/Redraw.h"
+#include "show/ShowNews.h"
 
 #include <QHash>
 #include <QImage>
@@ -75,6 +76,8 @@ public:
     qint64 selectedRow() const { return m_selectedRow; }
     /// The number in the name of the layer that was named last. It only grows.
     int screenNumber() const { return m_screenNumber; }
+    /// Grows with each change that changed() tells.
+    quint64 revision() const { return m_news.revision(); }
     /// Undo and redo.
     QUndoStack &undoStack() { return m_history.stack(); }
     /// What a project file of the document holds; the layers are the document's own.
@@ -276,6 +279,9 @@ public:
     void choosePattern(qint64 pattern) override;
 
 signals:
+    /// Something that can be seen of the show is another: its layers, their list, what is selected, the output, the
+    /// supply, the file. Once an edit, after its redraw; views read what they show themselves.
+    void changed();
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
 
@@ -312,11 +318,14 @@ private:
     /// An update that no gate holds up.
     void redrawNow();
     void showRedrawn();
+    void tellChanges();
     void compose();
     void composeOutput();
     void renderForInspector(Layer &layer);
     void renderSelected();
     void showMarker(const DocumentState &state);
+    void recordUnwatched(const QString &name);
+    void noteSelection();
     QString typingOn(const QString &keyPath) const;
     void updateAgainSoon();
     /// Whether the last edited value was a side that an aspect lock follows.
@@ -360,6 +369,7 @@ private:
     LayerList m_presetarraycontroller;
     Composition m_composition;
     DocumentHistory m_history{*this};
+    ShowNews m_news;
     Redraw m_redraw{[this] { compose(); }, [this] { showRedrawn(); }};
     std::optional<RecoveryCopy> m_recovery;
     std::optional<PresetStore> m_presetStore;

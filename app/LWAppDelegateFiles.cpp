@@ -223,7 +223,7 @@ void LWAppDelegate::savePSD()
     const Result<PSDExport::Outcome> outcome = PSDExport::write(path, project(), m_screenNumber, progress);
     progress(1);
     m_userInterface.reloadTable(); // layers may have got names
-    m_history.record("layer names");
+    recordUnwatched("layer names");
     if (!outcome)
         return tellFailedExport("PSD", outcome.error());
     if (*outcome == PSDExport::Outcome::Cancelled)

@@ -178,5 +178,5 @@ void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
     else
         m_userInterface.hideRectangle();
     m_history.endTyping();
-    m_history.noteSelection();
+    noteSelection();
 }

@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <utility>
 
@@ -170,5 +171,15 @@ QImage Composition::compose(const std::vector<PlacedPicture> &topmostFirst, cons
     if (!m_buffer.isNull())
         drawOutput(m_buffer, m_pictures->plan(topmostFirst, style.size), groundOf(style));
     m_pictures->forgetUnused(m_buffer.sizeInBytes());
+    m_style = style;
+    m_composed.clear();
+    std::transform(topmostFirst.begin(), topmostFirst.end(), std::back_inserter(m_composed), composed);
     return m_buffer;
+}
+
+bool Composition::isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const
+{
+    const auto isSame = [](const PlacedPicture &placed, const Composed &last) { return composed(placed) == last; };
+    return !m_buffer.isNull() && style == m_style &&
+           std::equal(topmostFirst.begin(), topmostFirst.end(), m_composed.begin(), m_composed.end(), isSame);
 }

@@ -25,6 +25,8 @@ struct OutputStyle
     QSize size; ///< pixels; a side of 0 or less gives an empty output
     Colour background = NamedColour::black;
     Colour edge = NamedColour::black; ///< outline, one pixel wide, inside the output, source-over
+
+    bool operator==(const OutputStyle &) const = default;
 };
 
 /// The visible layers of a document's list at their places, in list order (topmost first). The pictures share the
@@ -48,9 +50,27 @@ public:
     /// larger than a raster can be, or where the memory cannot be had. The returned image shares the kept buffer: let
     /// go of it before the next call and no memory is asked for again.
     QImage compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style);
+    /// Whether these would give what compose() gave last.
+    bool isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const;
 
 private:
+    /// A picture that was composed, without its pixels.
+    struct Composed
+    {
+        qint64 cacheKey;
+        QPoint topLeft;
+        QSize size;
+
+        bool operator==(const Composed &) const = default;
+    };
+    static Composed composed(const PlacedPicture &placed)
+    {
+        return {placed.picture.cacheKey(), placed.topLeft, placed.size};
+    }
+
     class PictureMemory;
     std::unique_ptr<PictureMemory> m_pictures;
     QImage m_buffer;
+    std::vector<Composed> m_composed; ///< into the buffer
+    OutputStyle m_style;
 };

@@ -112,13 +112,15 @@ void DocumentHistory::absorb()
         replaceHere(was);
 }
 
-void DocumentHistory::noteSelection()
+bool DocumentHistory::noteSelection()
 {
     if (m_isShowing)
-        return;
+        return false;
     DocumentState now = m_document.state(m_state);
-    if (now.hasContentOf(m_state))
+    const bool isSelectionAlone = now.hasContentOf(m_state);
+    if (isSelectionAlone)
         m_state = std::move(now);
+    return isSelectionAlone;
 }
 
 void DocumentHistory::takeBackTyping()

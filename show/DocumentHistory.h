@@ -64,8 +64,8 @@ public:
     /// that edit, and nothing is done.
     void absorb();
     /// Something else is selected: where undoing the next edit leads back to. Nothing in the middle of an edit, when
-    /// the content is another than after the last one.
-    void noteSelection();
+    /// the content is another than after the last one. Returns whether it was noted.
+    bool noteSelection();
     /// Begins anew with the document as it is.
     void clear();
 

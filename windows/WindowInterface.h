@@ -9,6 +9,8 @@
 
 #include <chrono>
 #include <memory>
+#include <optional>
+#include <utility>
 
 class LWCanvasImageView;
 class ProgressDialog;
@@ -50,8 +52,17 @@ public:
     /// Work that is done within `patience` shows nothing.
     bool showProgress(const QString &what, double done) override;
     static constexpr std::chrono::milliseconds patience{500};
-    void showOutput(const QImage &output) override { emit outputComposed(output); }
-    void releaseOutput() override { emit outputReleased(); }
+    /// Views hear of each composition once.
+    void showOutput(const QImage &output) override
+    {
+        if (std::exchange(m_shownOutput, output.cacheKey()) != output.cacheKey())
+            emit outputComposed(output);
+    }
+    void releaseOutput() override
+    {
+        m_shownOutput.reset();
+        emit outputReleased();
+    }
     void repaintCanvas() override { emit canvasRepaintAsked(); }
     /// Where the marker is shown; outlives this, or is taken away with null.
     void setCanvas(LWCanvasImageView *canvas) { m_canvas = canvas; }
@@ -101,6 +112,7 @@ private:
     FileFormat::Gives m_wanted = FileFormat::Gives::Nothing;
     QString m_saveTitle;
     FileFormat::Kind m_saveFormat = FileFormat::Kind::Project;
-    QElapsedTimer m_workTime; ///< since the work began; invalid while there is none
+    std::optional<qint64> m_shownOutput; ///< what image it was; nullopt: it was released
+    QElapsedTimer m_workTime;            ///< since the work began; invalid while there is none
     std::unique_ptr<ProgressDialog> m_progressDialog;
 };

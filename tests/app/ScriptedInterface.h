@@ -60,7 +60,11 @@ public:
         shownOutput = output;
         ++timesShown;
     }
-    void releaseOutput() override { shownOutput = {}; }
+    void releaseOutput() override
+    {
+        shownOutput = {};
+        ++timesReleased;
+    }
     void repaintCanvas() override { ++timesRepainted; }
     QSizeF canvasFrameSize() const override { return canvasFrame; }
     std::optional<QPoint> middleOfView() const override { return viewMiddle; }
@@ -99,6 +103,7 @@ public:
     QList<double> progress;
     QImage shownOutput;
     int timesShown = 0;
+    int timesReleased = 0; ///< once before each composition
     int timesRepainted = 0;
     QSizeF canvasFrame{0, 0};         ///< 0 x 0: no canvas
     std::optional<QPoint> viewMiddle; ///< nullopt: no canvas

@@ -101,5 +101,6 @@ void InspectorFixture::addStill()
     QImage picture(40, 30, QImage::Format_ARGB32_Premultiplied);
     picture.fill(Qt::blue);
     list().insertObjectAtArrangedObjectIndex(LWStill::initWithimage(window.document(), picture), 1);
+    window.document().finishEdit("add image");
     list().setSelectionIndex(1);
 }

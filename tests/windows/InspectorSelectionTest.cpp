@@ -233,6 +233,7 @@ TEST_F(InspectorSelectionTest, ItScrollsUpForAnotherKindOfLayerAndForANewOne)
 TEST_F(InspectorSelectionTest, WithoutLayersThereIsTheOutputAndALineAboutHowToAddOne)
 {
     list().setLayers({}, {});
+    window.document().finishEdit("Setting");
     for (const char *name : {"Name", "Visible", "Left", "Top", "Columns", "Keep ratio", "Number of panels", "Wall"})
         EXPECT_FALSE(isShown(name)) << name;
     EXPECT_TRUE(isShown("Height"));

@@ -115,15 +115,9 @@ void Inspector::followEntries()
 void Inspector::follow()
 {
     LayerList &list = m_document.arraycontroller();
-    connect(&list, &LayerList::selectionIndexesDidChange, this, &Inspector::refresh);
+    connect(&m_document, &LWAppDelegate::changed, this, &Inspector::refresh);
     connect(&list, &LayerList::selectionIndexesDidChange, this, [this] { showOutputFirst(false); });
-    connect(&list, &LayerList::selectionIndexDidChange, this, &Inspector::refresh);
-    connect(&list, &LayerList::dataChanged, this, &Inspector::refresh);
-    connect(&list, &LayerList::modelReset, this, &Inspector::refresh);
     connect(&list, &LayerList::rowsInserted, this, [this] { verticalScrollBar()->setValue(0); });
-    connect(&m_interface, &WindowInterface::layersRendered, this, &Inspector::refresh);
-    connect(&m_interface, &WindowInterface::powerComputed, this, &Inspector::refresh);
-    connect(&m_interface, &WindowInterface::patternShown, this, &Inspector::refresh);
     refresh();
 }
 

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "base/Colour.h"
+#include "show/DocumentState.h"
+
+#include <QObject>
+#include <QString>
+
+#include <utility>
+
+/// All of a show that is to be seen, at one moment.
+struct ShowState
+{
+    DocumentState document;
+    Colour background = NamedColour::black;
+    Colour edge = NamedColour::black;
+    int corners = 0; ///< which corner coordinates walls show
+    QString power;   ///< the power line
+
+    bool operator==(const ShowState &other) const
+    {
+        return document.looksLike(other.document) && background == other.background && edge == other.edge &&
+               corners == other.corners && power == other.power;
+    }
+};
+
+/// Tells whoever shows something of a show that it has changed: once an edit, after its redraw. Views read what they
+/// show themselves. Main thread only.
+class ShowNews final : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What was told last.
+    const ShowState &state() const { return m_state; }
+    /// Grows with each change: what was worked out from the show is valid while it is the same.
+    quint64 revision() const { return m_revision; }
+
+    /// The show as it is now; nothing is told where that is what was told last.
+    void look(ShowState now)
+    {
+        if (now == m_state)
+            return;
+        m_state = std::move(now);
+        ++m_revision;
+        emit changed();
+    }
+
+signals:
+    void changed();
+
+private:
+    ShowState m_state;
+    quint64 m_revision = 0;
+};

@@ -1,0 +1,113 @@
+#include "formats/ProjectFile.h"
+#include "tests/app/UndoFixture.h"
+#include "tests/formats/SampleProject.h"
+
+#include <QSignalSpy>
+
+namespace {
+/// What an edit costs those who show the document.
+class Changes : public UndoFixture
+{
+protected:
+    Changes()
+    {
+        waitForRedraws();
+        compose();
+        waitForRedraws();
+        m_compositions = person.timesReleased;
+        told.clear();
+    }
+    int compositions() const { return person.timesReleased - m_compositions; }
+
+    QSignalSpy told{&document, &LWAppDelegate::changed};
+
+private:
+    int m_compositions = 0;
+};
+} // namespace
+
+TEST_F(Changes, AKeyInANumberIsOneCompositionAndToldOnce)
+{
+    const quint64 revision = document.revision();
+    edit("col", 9);
+    EXPECT_EQ(compositions(), 1);
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(document.revision(), revision + 1);
+    waitForRedraws();
+    EXPECT_EQ(compositions(), 1);
+    EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(Changes, AClickCostsOnceAndItsReleaseNothing)
+{
+    selected()->onImageClick(10, 10);
+    document.update();
+    EXPECT_EQ(compositions(), 1);
+    EXPECT_EQ(told.size(), 1);
+    const qint64 drawn = selected()->thumbnail().cacheKey();
+    waitForRedraws();
+    document.finishEdit("switch panel");
+    EXPECT_EQ(stack.undoText(), "switch panel");
+    EXPECT_EQ(compositions(), 1);
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(selected()->thumbnail().cacheKey(), drawn);
+}
+
+TEST_F(Changes, AnotherSelectionIsToldOnce)
+{
+    document.AddScreen();
+    waitForRedraws();
+    told.clear();
+    document.arraycontroller().setSelectionIndex(0);
+    EXPECT_EQ(told.size(), 1);
+    document.arraycontroller().setSelectionIndex(0);
+    EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(Changes, WhatComesInIsToldOnceWithWhatItSelects)
+{
+    document.AddScreen();
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(compositions(), 1);
+}
+
+TEST_F(Changes, OpeningIsToldOnce)
+{
+    const QString path = folder.filePath("sample.Orv");
+    ASSERT_TRUE(ProjectFile::write(path, sampleProject(document)));
+    document.openProjectPre(path);
+    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(compositions(), 1);
+    waitForRedraws();
+    EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(Changes, ARefusedProjectIsNotTold)
+{
+    document.openProjectPre("/nowhere/show.Orv");
+    EXPECT_EQ(person.alerts.size(), 1);
+    EXPECT_EQ(told.size(), 0);
+    EXPECT_EQ(compositions(), 0);
+}
+
+TEST_F(Changes, UndoAndRedoAreToldOnceEach)
+{
+    edit("col", 9);
+    waitForRedraws();
+    told.clear();
+    stack.undo();
+    EXPECT_EQ(told.size(), 1);
+    stack.redo();
+    EXPECT_EQ(told.size(), 2);
+}
+
+TEST_F(Changes, AWholeShowIsTheSameByValue)
+{
+    edit("col", 9);
+    edit("col", 8);
+    EXPECT_EQ(told.size(), 2);
+    const quint64 revision = document.revision();
+    document.update();
+    waitForRedraws();
+    EXPECT_EQ(document.revision(), revision);
+}
