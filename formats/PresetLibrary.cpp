@@ -33,7 +33,9 @@ Result<std::vector<LayerPointer>> decode(const QByteArray &bytes, LayerHost &hos
         return failWithin("this is no preset library", root.error());
     if (isProject(**root))
         return fail("this is a project, no preset library; open it as a project");
-    return LayerArchive::decode(**root, "preset", host);
+    return LayerArchive::decode(**root, "preset").map([&](const std::vector<LayerArchive::ReadLayer> &read) {
+        return LayerArchive::make(read, host);
+    });
 }
 
 Result<std::vector<LayerPointer>> read(const QString &path, LayerHost &host)

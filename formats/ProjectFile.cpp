@@ -143,16 +143,16 @@ Result<Project> decode(const QByteArray &bytes, LayerHost &host)
     const Result<ArchiveList> layers = (**root)[2].toList("the layer list");
     if (!project || !layers)
         return tl::unexpected(project ? layers.error() : project.error());
-    Result<std::vector<LayerPointer>> decoded = LayerArchive::decode(**layers, "layer", host);
+    const Result<std::vector<LayerArchive::ReadLayer>> decoded = LayerArchive::decode(**layers, "layer");
     if (!decoded)
         return tl::unexpected(decoded.error());
-    project->layers = std::move(*decoded);
     UnknownContent unknown{{(*root)->begin() + knownElements, (*root)->end()}, {}, {}};
     const Result<void> taken = takeBesideRoot(archive->top, *project, unknown);
     if (!taken)
         return tl::unexpected(taken.error());
     if (!unknown.isEmpty())
         project->unknown = std::make_shared<const UnknownContent>(std::move(unknown));
+    project->layers = LayerArchive::make(*decoded, host);
     return project;
 }
 

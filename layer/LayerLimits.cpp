@@ -14,11 +14,20 @@ Result<void> checkCount(qint64 count)
 
 Result<void> check(const std::vector<LayerPointer> &layers)
 {
-    if (const Result<void> isKept = checkCount(std::ssize(layers)); !isKept)
+    std::vector<LayerRecordPointer> records;
+    records.reserve(layers.size());
+    for (const LayerPointer &layer : layers)
+        records.push_back(layer->record());
+    return check(records);
+}
+
+Result<void> check(const std::vector<LayerRecordPointer> &records)
+{
+    if (const Result<void> isKept = checkCount(std::ssize(records)); !isKept)
         return isKept;
     qint64 pixels = 0;
-    for (const LayerPointer &layer : layers) {
-        const PanelGrid grid = panelGridOf(*layer);
+    for (const LayerRecordPointer &record : records) {
+        const PanelGrid grid = panelGridOf(*record);
         pixels += Raster::canHold(grid.columns.size(), grid.rows.size()) ? grid.pixels() : 0;
     }
     if (pixels <= mostWallPixels)

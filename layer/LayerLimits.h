@@ -16,8 +16,9 @@ inline constexpr qint64 mostWallPixels = qint64{1} << 30;
 /// Whether so many layers can be kept. Error: more than `mostLayers`.
 [[nodiscard]] Result<void> checkCount(qint64 count);
 
-/// Whether the layers can be held together.
+/// Whether the layers, or those of such records, can be held together.
 /// Error: there are too many, or the walls have more pixels than `mostWallPixels`.
 [[nodiscard]] Result<void> check(const std::vector<LayerPointer> &layers);
+[[nodiscard]] Result<void> check(const std::vector<LayerRecordPointer> &records);
 
 } // namespace LayerLimits

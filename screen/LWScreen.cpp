@@ -175,16 +175,24 @@ std::shared_ptr<LWScreen> LWScreen::initWithrow(LayerHost &host, Arguments argum
     return screen;
 }
 
-Result<std::shared_ptr<LWScreen>> LWScreen::initWithCoder(LayerHost &host, const ArchiveObject &coder)
+std::shared_ptr<LWScreen> LWScreen::of(LayerHost &host, const LayerRecordPointer &record)
 {
     auto screen = std::make_shared<LWScreen>(host);
-    LayerRecord record;
-    const Result<void> decoded = decodeFields(record, allFields(), coder);
-    if (!decoded)
-        return tl::unexpected(decoded.error());
-    screen->setRecord(std::make_shared<LayerRecord>(std::move(record)));
+    screen->setRecord(record);
     screen->drawInRect();
     return screen;
+}
+
+Result<LayerRecord> LWScreen::decode(const ArchiveObject &coder)
+{
+    LayerRecord record;
+    return decodeFields(record, allFields(), coder).map([&] { return std::move(record); });
+}
+
+Result<std::shared_ptr<LWScreen>> LWScreen::initWithCoder(LayerHost &host, const ArchiveObject &coder)
+{
+    return decode(coder).map(
+        [&](const LayerRecord &record) { return of(host, std::make_shared<LayerRecord>(record)); });
 }
 
 QSet<QString> LWScreen::archiveKeys()

@@ -63,8 +63,12 @@ public:
     static std::shared_ptr<LWScreen> initWithrow(LayerHost &host, const Arguments &arguments);
     /// The same with `power` watts per panel and no hidden panels.
     static std::shared_ptr<LWScreen> initWithrow(LayerHost &host, Arguments arguments, int power);
-    /// A screen as an archive holds it; what the archive does not hold is zero, false or nil. Rendered.
+    /// A screen that is like that. Rendered.
+    static std::shared_ptr<LWScreen> of(LayerHost &host, const LayerRecordPointer &record);
+    /// What an archive's screen is like; what the archive does not hold is zero, false or nil.
     /// Error: a value of a wrong kind; the message names the key.
+    [[nodiscard]] static Result<LayerRecord> decode(const ArchiveObject &coder);
+    /// Both in one.
     [[nodiscard]] static Result<std::shared_ptr<LWScreen>> initWithCoder(LayerHost &host, const ArchiveObject &coder);
 
     QImage thumbnail() const override;

@@ -7,23 +7,32 @@
 #include <utility>
 
 namespace {
-Result<LayerPointer> decodeLayer(const ArchiveValue &value, const QString &subject, LayerHost &host)
+Result<LayerArchive::ReadLayer> decodeLayer(const ArchiveValue &value, const QString &subject)
 {
+    const auto isNoLayer = [&] {
+        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
+    };
     const Result<ArchiveObjectPointer> object = value.toObject(subject);
     if (!object)
-        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
+        return isNoLayer();
+    const bool isScreen = (*object)->className() == "LWScreen";
+    if (!isScreen && (*object)->className() != "LWStill")
+        return isNoLayer();
+    Result<LayerRecord> record = isScreen ? LWScreen::decode(**object) : LWStill::decode(**object);
+    if (!record)
+        return failWithin(subject, record.error());
+    return LayerArchive::ReadLayer{isScreen ? LayerKind::Wall : LayerKind::Still,
+                                   std::make_shared<LayerRecord>(std::move(*record)), (*object)->unknownPart()};
+}
 
-    const auto asLayer = [](auto layer) { return LayerPointer(std::move(layer)); };
-    Result<LayerPointer> layer;
-    if ((*object)->className() == "LWScreen")
-        layer = LWScreen::initWithCoder(host, **object).map(asLayer);
-    else if ((*object)->className() == "LWStill")
-        layer = LWStill::initWithCoder(host, **object).map(asLayer);
+LayerPointer makeLayer(const LayerArchive::ReadLayer &read, LayerHost &host)
+{
+    LayerPointer layer;
+    if (read.kind == LayerKind::Wall)
+        layer = LWScreen::of(host, read.record);
     else
-        return fail(QString("%1 is %2, expected a screen or a still").arg(subject, value.kind()));
-    if (!layer)
-        return failWithin(subject, layer.error());
-    (*layer)->setUnknownContent((*object)->unknownPart());
+        layer = LWStill::of(host, read.record);
+    layer->setUnknownContent(read.unknown);
     return layer;
 }
 
@@ -74,20 +83,28 @@ ArchiveValue encode(const std::vector<LayerPointer> &layers)
     return ArchiveValue::list(std::move(records));
 }
 
-Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun, LayerHost &host)
+Result<std::vector<ReadLayer>> decode(const std::vector<ArchiveValue> &records, const QString &noun)
 {
     if (const Result<void> isKept = LayerLimits::checkCount(std::ssize(records)); !isKept)
         return tl::unexpected(isKept.error());
-    std::vector<LayerPointer> layers;
-    layers.reserve(records.size());
+    std::vector<ReadLayer> layers;
+    std::vector<LayerRecordPointer> decoded;
     for (const ArchiveValue &record : records) {
-        Result<LayerPointer> layer = decodeLayer(record, QString("%1 %2").arg(noun).arg(layers.size()), host);
+        Result<ReadLayer> layer = decodeLayer(record, QString("%1 %2").arg(noun).arg(layers.size()));
         if (!layer)
             return tl::unexpected(layer.error());
+        decoded.push_back(layer->record);
         layers.push_back(std::move(*layer));
     }
-    if (const Result<void> areHeld = LayerLimits::check(layers); !areHeld)
-        return tl::unexpected(areHeld.error());
+    return LayerLimits::check(decoded).map([&] { return std::move(layers); });
+}
+
+std::vector<LayerPointer> make(const std::vector<ReadLayer> &read, LayerHost &host)
+{
+    std::vector<LayerPointer> layers;
+    layers.reserve(read.size());
+    for (const ReadLayer &one : read)
+        layers.push_back(makeLayer(one, host));
     return layers;
 }
 
@@ -101,7 +118,9 @@ Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers
     if (!archive)
         return tl::unexpected(archive.error());
     Result<std::vector<LayerPointer>> copied =
-        archive->toList("the root").and_then([&](const ArchiveList &list) { return decode(*list, "layer", host); });
+        archive->toList("the root")
+            .and_then([&](const ArchiveList &list) { return decode(*list, "layer"); })
+            .map([&](const std::vector<ReadLayer> &read) { return make(read, host); });
     for (std::size_t i = 0; copied && i < layers.size(); ++i)
         (*copied)[i]->setUnknownContent(unknownContentOfCopy(*layers[i]));
     return copied;

@@ -27,12 +27,21 @@ inline constexpr qint64 mostBytes = qint64{512} << 20;
 /// The list of the layers' records, in their order, with what is unknown of them.
 [[nodiscard]] ArchiveValue encode(const std::vector<LayerPointer> &layers);
 
-/// The layers of such a list, each an object of its own even where the table shares one record. `noun` is what the
+/// A layer of a file that is still being read: nothing of it is in a document yet.
+struct ReadLayer
+{
+    LayerKind kind;
+    LayerRecordPointer record;
+    ArchiveObjectPointer unknown; ///< what is unknown of it
+};
+
+/// What the layers of such a list are like, each for itself even where the table shares one record. `noun` is what the
 /// caller calls one of them, "layer", "preset".
 /// Error: a record that is no layer or holds a wrong value, `layer 3: "rectcolor" is a number, expected a colour`; or
 /// more than LayerLimits allows.
-[[nodiscard]] Result<std::vector<LayerPointer>> decode(const std::vector<ArchiveValue> &records, const QString &noun,
-                                                       LayerHost &host);
+[[nodiscard]] Result<std::vector<ReadLayer>> decode(const std::vector<ArchiveValue> &records, const QString &noun);
+/// The layers themselves, once all that stands beside them has been accepted.
+[[nodiscard]] std::vector<LayerPointer> make(const std::vector<ReadLayer> &read, LayerHost &host);
 
 /// Copies that hold exactly what an archive of the layers holds; what is unknown of them refers to what it refers to in
 /// the originals.

@@ -33,7 +33,9 @@ Result<std::vector<LayerPointer>> read(LayerHost &host)
         return tl::unexpected(records.error());
     if ((*records)->empty())
         return fail("there are no layers to paste; copy some first.");
-    return LayerArchive::decode(**records, "layer", host);
+    return LayerArchive::decode(**records, "layer").map([&](const std::vector<LayerArchive::ReadLayer> &read) {
+        return LayerArchive::make(read, host);
+    });
 }
 
 bool hasLayers()

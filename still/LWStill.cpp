@@ -162,18 +162,26 @@ std::shared_ptr<LWStill> LWStill::initWithimage(LayerHost &host, const QImage &i
     return still;
 }
 
-Result<std::shared_ptr<LWStill>> LWStill::initWithCoder(LayerHost &host, const ArchiveObject &coder)
+std::shared_ptr<LWStill> LWStill::of(LayerHost &host, const LayerRecordPointer &record)
 {
     auto still = std::make_shared<LWStill>(host);
-    LayerRecord record;
-    Result<void> decoded = decodeFields(record, fieldsKept(), coder);
-    if (decoded)
-        decoded = decodeFields(record, fieldsOnlyRead, coder);
-    if (!decoded)
-        return tl::unexpected(decoded.error());
-    still->setRecord(std::make_shared<LayerRecord>(std::move(record)));
+    still->setRecord(record);
     still->loadThumbnail();
     return still;
+}
+
+Result<LayerRecord> LWStill::decode(const ArchiveObject &coder)
+{
+    LayerRecord record;
+    return decodeFields(record, fieldsKept(), coder)
+        .and_then([&] { return decodeFields(record, fieldsOnlyRead, coder); })
+        .map([&] { return std::move(record); });
+}
+
+Result<std::shared_ptr<LWStill>> LWStill::initWithCoder(LayerHost &host, const ArchiveObject &coder)
+{
+    return decode(coder).map(
+        [&](const LayerRecord &record) { return of(host, std::make_shared<LayerRecord>(record)); });
 }
 
 QImage LWStill::thumbnail() const

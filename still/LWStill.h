@@ -23,8 +23,12 @@ public:
     /// A visible still of a loaded picture, at the picture's size; null gives one of size 0. The caller sets its
     /// address.
     static std::shared_ptr<LWStill> initWithimage(LayerHost &host, const QImage &image);
-    /// A still as an archive holds it; what the archive does not hold is zero, false or nil. Its picture comes from its
-    /// address. Error: a value of a wrong kind; the message names the key.
+    /// A still that is like that; its picture comes from its address.
+    static std::shared_ptr<LWStill> of(LayerHost &host, const LayerRecordPointer &record);
+    /// What an archive's still is like; what the archive does not hold is zero, false or nil.
+    /// Error: a value of a wrong kind; the message names the key.
+    [[nodiscard]] static Result<LayerRecord> decode(const ArchiveObject &coder);
+    /// Both in one.
     [[nodiscard]] static Result<std::shared_ptr<LWStill>> initWithCoder(LayerHost &host, const ArchiveObject &coder);
 
     /// The picture in its own size, whatever size the still has; null where the file is missing or no picture.
