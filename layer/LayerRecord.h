@@ -143,6 +143,10 @@ struct LayerRecord
     /// Where the picture was loaded from; nil: nowhere.
     Address ImageURL;
 
+    // Additions: without a property; by their names through LayerValues.
+    /// What others name the layer by, 128 bits as text; nullopt while nothing refers to it.
+    std::optional<QString> id;
+
     bool operator==(const LayerRecord &) const = default;
 };
 

@@ -157,6 +157,8 @@ const std::vector<LayerValue> &rows()
         ROW(height).of(LayerKind::Wall),
 
         ROW(ImageURL, "picture").of(LayerKind::Still),
+
+        ROW(id).added({"id", StoredAs::Text, LayerKind::Any, false}),
     };
     return rows;
 }
@@ -210,6 +212,16 @@ std::vector<const char *> copiedAdditions(LayerKind kind)
             names.push_back(value.name);
     }
     return names;
+}
+
+LayerRecordPointer asCopy(const LayerRecordPointer &record)
+{
+    LayerRecord copy = *record;
+    for (const LayerValue &value : rows()) {
+        if (value.addition && !value.addition->isCopied)
+            value.assign(copy, {});
+    }
+    return copy == *record ? record : std::make_shared<LayerRecord>(std::move(copy));
 }
 
 } // namespace LayerValues

@@ -96,4 +96,7 @@ const LayerValue *find(QByteArrayView name, LayerKind kind = LayerKind::Any);
 /// The names of the additions that copies of a kind take over.
 std::vector<const char *> copiedAdditions(LayerKind kind);
 
+/// The record without the additions that no copy takes over.
+LayerRecordPointer asCopy(const LayerRecordPointer &record);
+
 } // namespace LayerValues

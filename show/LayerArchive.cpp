@@ -108,6 +108,14 @@ std::vector<LayerPointer> make(const std::vector<ReadLayer> &read, LayerHost &ho
     return layers;
 }
 
+std::vector<LayerPointer> makeCopies(const std::vector<ReadLayer> &read, LayerHost &host)
+{
+    std::vector<ReadLayer> copies = read;
+    for (ReadLayer &copy : copies)
+        copy.record = LayerValues::asCopy(copy.record);
+    return make(copies, host);
+}
+
 Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host)
 {
     std::vector<ArchiveValue> records;
@@ -120,7 +128,7 @@ Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers
     Result<std::vector<LayerPointer>> copied =
         archive->toList("the root")
             .and_then([&](const ArchiveList &list) { return decode(*list, "layer"); })
-            .map([&](const std::vector<ReadLayer> &read) { return make(read, host); });
+            .map([&](const std::vector<ReadLayer> &read) { return makeCopies(read, host); });
     for (std::size_t i = 0; copied && i < layers.size(); ++i)
         (*copied)[i]->setUnknownContent(unknownContentOfCopy(*layers[i]));
     return copied;

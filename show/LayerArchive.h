@@ -43,9 +43,12 @@ struct ReadLayer
 /// The layers themselves, once all that stands beside them has been accepted.
 [[nodiscard]] std::vector<LayerPointer> make(const std::vector<ReadLayer> &read, LayerHost &host);
 
-/// Copies that hold exactly what an archive of the layers holds; what is unknown of them refers to what it refers to in
-/// the originals.
-/// Error: more than LayerLimits allows, or a value that no archive can hold.
+/// The layers themselves, as copies of those that were read: additions that no copy takes over are not given.
+[[nodiscard]] std::vector<LayerPointer> makeCopies(const std::vector<ReadLayer> &read, LayerHost &host);
+
+/// Copies that hold exactly what an archive of the layers holds, less the additions that no copy takes over; what is
+/// unknown of them refers to what it refers to in the originals. Error: more than LayerLimits allows, or a value that
+/// no archive can hold.
 [[nodiscard]] Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host);
 
 } // namespace LayerArchive

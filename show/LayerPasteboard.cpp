@@ -34,7 +34,7 @@ Result<std::vector<LayerPointer>> read(LayerHost &host)
     if ((*records)->empty())
         return fail("there are no layers to paste; copy some first.");
     return LayerArchive::decode(**records, "layer").map([&](const std::vector<LayerArchive::ReadLayer> &read) {
-        return LayerArchive::make(read, host);
+        return LayerArchive::makeCopies(read, host);
     });
 }
 

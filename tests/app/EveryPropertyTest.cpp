@@ -1,10 +1,10 @@
 #include "formats/ProjectText.h"
+#include "layer/LayerValues.h"
 #include "show/LayerArchive.h"
 #include "still/LWStill.h"
 #include "tests/app/AnotherValue.h"
 #include "tests/app/UndoFixture.h"
 
-#include <QMetaProperty>
 #include <QSet>
 
 #include <ostream>
@@ -111,6 +111,7 @@ constexpr Property properties[]{
     {"width", OfWall},
     {"height", OfWall},
     {"ImageURL", StillFile | StillCopy | OfStill},
+    {"id", Files},
 };
 
 /// A wall whose picture shows each of its values.
@@ -147,9 +148,9 @@ protected:
     const char *name() const { return GetParam().name; }
     bool goesTo(unsigned place) const { return GetParam().goesTo(place); }
 
-    QVariant valueOf(const Layer &layer) const { return layer.property(name()); }
+    QVariant valueOf(const Layer &layer) const { return layer.value(name()); }
     /// Gives the layer another value than it has.
-    void change(Layer &layer) const { ASSERT_TRUE(layer.setProperty(name(), anotherValue(valueOf(layer)))) << name(); }
+    void change(Layer &layer) const { ASSERT_TRUE(layer.setValue(name(), anotherValue(valueOf(layer)))) << name(); }
     /// Gives it one that `plain` does not have either.
     void changeFrom(const Layer &plain, Layer &layer) const
     {
@@ -162,10 +163,15 @@ protected:
         EXPECT_NE(valueOf(from), valueOf(plain)) << name();
         EXPECT_EQ(valueOf(by), isTaken ? valueOf(from) : valueOf(plain)) << name();
     }
-    LayerPointer fromArchive(const Layer &layer)
+    LayerPointer fromArchive(const LayerPointer &layer)
     {
-        const LayerPointer same(LayerPointer(), const_cast<Layer *>(&layer));
-        return LayerArchive::copies({same}, document).value().front();
+        const ArchiveValue archive = LayerArchive::encode({layer});
+        const auto read = LayerArchive::decode(*archive.toList("layers").value(), "layer").value();
+        return LayerArchive::make(read, document).front();
+    }
+    LayerPointer copyThroughArchive(const LayerPointer &layer)
+    {
+        return LayerArchive::copies({layer}, document).value().front();
     }
     LayerPointer fromText(const LayerPointer &layer)
     {
@@ -181,13 +187,11 @@ TEST(EveryPropertyOfALayer, HasItsLineHere)
     QSet<QString> known;
     for (const Property &property : properties)
         known.insert(property.name);
-    QSet<QString> declared;
-    for (const QMetaObject *meta : {&LWScreen::staticMetaObject, &LWStill::staticMetaObject}) {
-        for (int i = QObject::staticMetaObject.propertyCount(); i < meta->propertyCount(); ++i)
-            declared.insert(meta->property(i).name());
-    }
-    EXPECT_EQ(declared - known, (QSet<QString>{"thumbnail", "pixelPerLimitField"})); // no values of their own
-    EXPECT_EQ(known - declared, QSet<QString>());
+    QSet<QString> values;
+    for (const LayerValue &value : LayerValues::all())
+        values.insert(value.name);
+    EXPECT_EQ(values - known, QSet<QString>());
+    EXPECT_EQ(known - values, QSet<QString>());
     EXPECT_EQ(known.size(), std::ssize(properties));
 }
 
@@ -212,7 +216,7 @@ TEST_P(EveryProperty, IsInAWallsArchiveOrNot)
         GTEST_SKIP();
     const auto wall = fullWall(document);
     changeFrom(LWScreen(document), *wall);
-    expectTaken(*wall, LWScreen(document), *fromArchive(*wall), goesTo(WallFile));
+    expectTaken(*wall, LWScreen(document), *fromArchive(wall), goesTo(WallFile));
 }
 
 TEST_P(EveryProperty, IsInAStillsArchiveOrNot)
@@ -221,10 +225,10 @@ TEST_P(EveryProperty, IsInAStillsArchiveOrNot)
         GTEST_SKIP();
     const auto picture = still();
     changeFrom(LWStill(document), *picture);
-    expectTaken(*picture, LWStill(document), *fromArchive(*picture), goesTo(StillFile));
+    expectTaken(*picture, LWStill(document), *fromArchive(picture), goesTo(StillFile));
 
     const auto other = still();
-    other->setProperty(name(), anotherValue(valueOf(*picture)));
+    other->setValue(name(), anotherValue(valueOf(*picture)));
     EXPECT_EQ(KeyedArchive::write(LayerArchive::encode({other})).value() !=
                   KeyedArchive::write(LayerArchive::encode({picture})).value(),
               goesTo(StillFile | StillWrite));
@@ -259,6 +263,14 @@ TEST_P(EveryProperty, IsTakenOverByCopiesOrNot)
         change(picture);
         expectTaken(picture, LWStill(document), *picture.copyWithZone(), goesTo(StillCopy));
     }
+}
+
+TEST_P(EveryProperty, IsInACopyThroughAnArchiveAsInTheArchive)
+{
+    const LayerPointer layer = goesTo(OfStill) ? LayerPointer(still()) : fullWall(document);
+    change(*layer);
+    const bool isCopied = qstrcmp(name(), "id") != 0; // no copy takes it: what refers to the layer means that one
+    EXPECT_EQ(valueOf(*copyThroughArchive(layer)), isCopied ? valueOf(*fromArchive(layer)) : QVariant(QString()));
 }
 
 TEST_P(EveryProperty, IsWatchedOrNot)

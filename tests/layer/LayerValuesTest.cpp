@@ -55,7 +55,7 @@ TEST(LayerValues, HasARowForEachDeclaredValueOfBothKinds)
     TestHost host;
     expectRowsOf(LWScreen(host));
     expectRowsOf(LWStill(host));
-    EXPECT_EQ(std::ssize(LayerValues::all()), 66);
+    EXPECT_EQ(std::ssize(LayerValues::all()), 67);
 }
 
 TEST(LayerValues, GivesTheSameAsTheProperty)
