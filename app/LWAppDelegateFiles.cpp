@@ -35,7 +35,8 @@ std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
 
 void LWAppDelegate::saveProject()
 {
-    if (const std::optional<QString> chosen = m_userInterface.runModalSavePanel())
+    if (const std::optional<QString> chosen =
+            m_userInterface.runModalSavePanel({"Save project", FileFormat::Kind::Project}))
         writeProject(FileFormat::of(FileFormat::Kind::Project).finalPath(*chosen));
 }
 
@@ -84,7 +85,8 @@ void LWAppDelegate::writeProject(const QString &path)
 
 void LWAppDelegate::openProject()
 {
-    if (const std::optional<QString> path = m_userInterface.runModalOpenPanel())
+    if (const std::optional<QString> path =
+            m_userInterface.runModalOpenPanel({"Open project", FileFormat::Gives::Project}))
         return openProjectPre(*path);
     redrawNow();
 }
@@ -196,7 +198,7 @@ void LWAppDelegate::saveAction()
 {
     m_redraw.catchUp();
     drawLostWalls(visibleOf(allScreensArray()));
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
+    const std::optional<QString> chosen = m_userInterface.runModalSavePanel({"Export PNG", FileFormat::Kind::Png});
     if (!chosen)
         return;
     const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
@@ -213,7 +215,7 @@ void LWAppDelegate::savePSD()
     if (const Result<void> fits = PsdLimits::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
     drawLostWalls(allScreensArray());
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel();
+    const std::optional<QString> chosen = m_userInterface.runModalSavePanel({"Export PSD", FileFormat::Kind::Psd});
     if (!chosen)
         return;
 

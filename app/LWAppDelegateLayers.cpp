@@ -28,7 +28,7 @@ void LWAppDelegate::AddScreen()
 
 void LWAppDelegate::AddImage()
 {
-    const std::optional<QString> path = m_userInterface.runModalOpenPanel();
+    const std::optional<QString> path = m_userInterface.runModalOpenPanel({"Add image", FileFormat::Gives::Layer});
     if (!path)
         return;
     const std::shared_ptr<const QImage> picture = PictureFile::load(*path);
@@ -46,7 +46,8 @@ void LWAppDelegate::choosePicture()
 {
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     auto *still = qobject_cast<LWStill *>(selected.get());
-    const std::optional<QString> path = still ? m_userInterface.runModalOpenPanel() : std::nullopt;
+    const std::optional<QString> path =
+        still ? m_userInterface.runModalOpenPanel({"Choose picture", FileFormat::Gives::Layer}) : std::nullopt;
     if (!path)
         return;
     still->setImageURL(Address::fromLocalFile(*path));

@@ -40,7 +40,8 @@ void LWAppDelegate::removePreset()
 
 void LWAppDelegate::savePresets()
 {
-    const std::optional<QString> path = m_userInterface.runModalSavePanel();
+    const std::optional<QString> path =
+        m_userInterface.runModalSavePanel({"Save preset library", FileFormat::Kind::Presets});
     if (!path)
         return;
     if (const Result<void> written = PresetLibrary::write(*path, presetScreensArray()); !written)
@@ -49,7 +50,8 @@ void LWAppDelegate::savePresets()
 
 void LWAppDelegate::openPresets()
 {
-    const std::optional<QString> path = m_userInterface.runModalOpenPanel();
+    const std::optional<QString> path =
+        m_userInterface.runModalOpenPanel({"Open preset library", FileFormat::Gives::Presets});
     if (!path)
         return;
     const Result<std::vector<LayerPointer>> presets = PresetLibrary::read(*path, *this);

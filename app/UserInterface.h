@@ -1,5 +1,6 @@
 #pragma once
 
+#include "formats/FileFormat.h"
 #include "layer/Supply.h"
 
 #include <QImage>
@@ -18,10 +19,23 @@ class UserInterface
 public:
     virtual ~UserInterface() = default;
 
+    /// What a file is asked for: the title says it, and files that give what is wanted are offered.
+    struct OpenPurpose
+    {
+        QString title;
+        FileFormat::Gives wanted;
+    };
     /// Asks for a file to open; any file can be chosen. Returns its path, nullopt when the panel was cancelled.
-    virtual std::optional<QString> runModalOpenPanel() = 0;
-    /// Asks where to save; the name comes back as it was typed. Returns nullopt when the panel was cancelled.
-    virtual std::optional<QString> runModalSavePanel() = 0;
+    virtual std::optional<QString> runModalOpenPanel(const OpenPurpose &purpose) = 0;
+    /// What is to be saved, and as what.
+    struct SavePurpose
+    {
+        QString title;
+        FileFormat::Kind format;
+    };
+    /// Asks where to save; the name comes back as it was typed. Asks too before a file of the final name is replaced.
+    /// Returns nullopt when the panel was cancelled.
+    virtual std::optional<QString> runModalSavePanel(const SavePurpose &purpose) = 0;
     /// Shows a message with buttons and returns when one of them closed it.
     virtual void ask(const QString &message, const QString &informativeText, const QStringList &buttons) = 0;
     /// Shows why something failed. Returns whether that was dealt with, so that what was under way is called off.

@@ -2,6 +2,7 @@
 
 #include "app/Settings.h"
 #include "canvas/LWCanvasImageView.h"
+#include "formats/FileFormat.h"
 #include "windows/CanvasPane.h"
 #include "windows/FoldingSide.h"
 #include "windows/Icons.h"
@@ -168,7 +169,7 @@ void MainWindow::makeLateParts()
     if (m_presetPanel)
         return;
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
-    m_presetPanel = new PresetPanel(m_document, m_interface);
+    m_presetPanel = new PresetPanel(m_document);
     fillMenus();
     m_canvasPane->showIcons();
     QLabel *title = Theme::title("Layers", m_layerTable);
@@ -204,8 +205,6 @@ void MainWindow::connectDocument()
     connect(&m_interface, &WindowInterface::outputReleased, m_canvas, &LWCanvasImageView::releaseOutput);
     connect(&m_interface, &WindowInterface::sheetAsked, &m_sheets, &Sheets::begin);
     connect(&m_interface, &WindowInterface::sheetDone, &m_sheets, &Sheets::end);
-    connect(&m_sheets, &Sheets::imageAsked, this,
-            [this] { m_interface.prepareOpenPanel("Add image", FileFormat::Gives::Layer); });
     connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
     connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
     connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));

@@ -49,32 +49,17 @@ void MainWindow::fillMenus()
 void MainWindow::fillFileMenu(QMenu &menu)
 {
     addTold(menu, {"&New", "file-earmark-plus"}, QKeySequence::New, [this] { m_document.newProject(); });
-    addTold(menu, {"&Open...", "folder2-open"}, QKeySequence::Open, [this] {
-        m_interface.prepareOpenPanel("Open project", FileFormat::Gives::Project);
-        m_document.openProject();
-    });
+    addTold(menu, {"&Open...", "folder2-open"}, QKeySequence::Open, [this] { m_document.openProject(); });
     QMenu *recent = menu.addMenu("Open &recent");
     connect(recent, &QMenu::aboutToShow, this, [this, recent] { listRecentFiles(*recent); });
     menu.addSeparator();
-    addTold(menu, {"&Save", "save"}, QKeySequence::Save, [this] {
-        m_interface.prepareSavePanel("Save project", FileFormat::Kind::Project);
-        m_document.save();
-    });
-    addTold(menu, {"Save &as..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] {
-        m_interface.prepareSavePanel("Save project", FileFormat::Kind::Project);
-        m_document.saveProject();
-    });
+    addTold(menu, {"&Save", "save"}, QKeySequence::Save, [this] { m_document.save(); });
+    addTold(menu, {"Save &as..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { m_document.saveProject(); });
     QMenu *recover = menu.addMenu("Re&cover");
     connect(recover, &QMenu::aboutToShow, this, [this, recover] { listUnsavedWork(*recover); });
     menu.addSeparator();
-    addTold(menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] {
-        m_interface.prepareSavePanel("Export PNG", FileFormat::Kind::Png);
-        m_document.saveAction();
-    });
-    addTold(menu, {"Export &PSD..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] {
-        m_interface.prepareSavePanel("Export PSD", FileFormat::Kind::Psd);
-        m_document.savePSD();
-    });
+    addTold(menu, {"&Export PNG..."}, Qt::CTRL | Qt::Key_E, [this] { m_document.saveAction(); });
+    addTold(menu, {"Export &PSD..."}, Qt::CTRL | Qt::SHIFT | Qt::Key_E, [this] { m_document.savePSD(); });
     menu.addSeparator();
     menu.addAction("&Quit", Qt::CTRL | Qt::Key_Q, this, &MainWindow::close);
 }
@@ -149,7 +134,6 @@ void MainWindow::addLayer(const std::function<void()> &act)
 
 void MainWindow::addImage()
 {
-    m_interface.prepareOpenPanel("Add image", FileFormat::Gives::Layer);
     addLayer([this] { m_document.AddImage(); });
 }
 

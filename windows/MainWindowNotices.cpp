@@ -46,14 +46,10 @@ void MainWindow::tellRemainingWork()
 
 void MainWindow::tellChangedElsewhere(const QString &path)
 {
-    const auto saveAs = [this] {
-        m_interface.prepareSavePanel("Save project", FileFormat::Kind::Project);
-        m_document.saveProject();
-    };
     auto *notice = new NoticeBar(
         QString("%1 was changed by another program.").arg(QFileInfo(path).fileName()),
         {{"Save &anyway", "Replaces what the other program has saved", [this] { m_document.saveAnyway(); }},
-         {"Save a&s...", "Keeps both", saveAs},
+         {"Save a&s...", "Keeps both", [this] { m_document.saveProject(); }},
          {"&Open theirs", "Opens the file as it is; undoing leads back here", [this] { m_document.openTheirs(); }}},
         centralWidget());
     // It is of no use any more when the document is saved under whatever name, or another one is open.

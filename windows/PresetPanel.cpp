@@ -7,7 +7,6 @@
 #include "windows/ListsPane.h"
 #include "windows/TextField.h"
 #include "windows/Theme.h"
-#include "windows/WindowInterface.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -17,8 +16,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-PresetPanel::PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
-    : QWidget(parent), m_document(document), m_interface(interface), m_search(new QLineEdit),
+PresetPanel::PresetPanel(LWAppDelegate &document, QWidget *parent)
+    : QWidget(parent), m_document(document), m_search(new QLineEdit),
       m_table(new LayerTable(document.presetarraycontroller(), "Presets", LayerDelegate::Kind::Presets)),
       m_nothingFound(new QLabel("No preset has that name, size or power"))
 {
@@ -109,14 +108,8 @@ QWidget *PresetPanel::head()
     auto *menu = new QMenu(more);
     menu->addAction("&Keep selected layers", &m_document, &LWAppDelegate::keepAsPresets);
     menu->addSeparator();
-    menu->addAction("&Open library...", this, [this] {
-        m_interface.prepareOpenPanel("Open preset library", FileFormat::Gives::Presets);
-        m_document.openPresets();
-    });
-    menu->addAction("&Save library...", this, [this] {
-        m_interface.prepareSavePanel("Save preset library", FileFormat::Kind::Presets);
-        m_document.savePresets();
-    });
+    menu->addAction("&Open library...", &m_document, &LWAppDelegate::openPresets);
+    menu->addAction("&Save library...", &m_document, &LWAppDelegate::savePresets);
     menu->addSeparator();
     menu->addAction("&Remove preset", this, &PresetPanel::removeShown);
     menu->addAction("Reset to the &built-in presets", &m_document, &LWAppDelegate::resetPresets);

@@ -6,7 +6,6 @@ class LWAppDelegate;
 class LayerTable;
 class QLabel;
 class QLineEdit;
-class WindowInterface;
 
 /// The presets: a search field, their table, and what can be done with the library.
 class PresetPanel final : public QWidget
@@ -14,8 +13,8 @@ class PresetPanel final : public QWidget
     Q_OBJECT
 
 public:
-    /// Both outlive the panel's last event.
-    PresetPanel(LWAppDelegate &document, WindowInterface &interface, QWidget *parent = nullptr);
+    /// `document` outlives the panel's last event.
+    explicit PresetPanel(LWAppDelegate &document, QWidget *parent = nullptr);
 
     LayerTable &table() { return *m_table; }
     /// Puts the cursor into the search field.
@@ -33,7 +32,6 @@ private:
     void showFound(const QString &searched);
 
     LWAppDelegate &m_document;
-    WindowInterface &m_interface;
     QLineEdit *m_search;
     LayerTable *m_table;
     QLabel *m_nothingFound;

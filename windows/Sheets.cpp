@@ -52,10 +52,7 @@ QDialog *Sheets::makeAddWindow()
     Ui::AddWindow form;
     form.setupUi(dialog);
     connect(form.addScreen, &QPushButton::clicked, &m_document, &LWAppDelegate::AddScreen);
-    connect(form.addImage, &QPushButton::clicked, this, [this] {
-        emit imageAsked();
-        m_document.AddImage();
-    });
+    connect(form.addImage, &QPushButton::clicked, &m_document, &LWAppDelegate::AddImage);
     connect(form.cancel, &QPushButton::clicked, &m_document, &LWAppDelegate::CancelAddWindow);
     return dialog;
 }

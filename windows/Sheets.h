@@ -26,10 +26,6 @@ public:
     void begin(UserInterface::Sheet sheet);
     void end(UserInterface::Sheet sheet);
 
-signals:
-    /// A picture is about to be asked for.
-    void imageAsked();
-
 private:
     QDialog *make(UserInterface::Sheet sheet);
     QDialog *makeAddWindow();

@@ -104,28 +104,22 @@ WindowInterface::WindowInterface(QWidget &window) : m_window(window), m_icons(st
 
 WindowInterface::~WindowInterface() = default;
 
-void WindowInterface::prepareSavePanel(const QString &title, FileFormat::Kind format)
+QString WindowInterface::proposedName(FileFormat::Kind kind) const
 {
-    m_saveTitle = title;
-    m_saveFormat = format;
-}
-
-QString WindowInterface::proposedName() const
-{
-    if (m_saveFormat == FileFormat::Kind::Presets)
+    if (kind == FileFormat::Kind::Presets)
         return "Presets";
-    const FileFormat &format = FileFormat::of(m_saveFormat);
+    const FileFormat &format = FileFormat::of(kind);
     const QString name = m_file.isEmpty() ? QString("Untitled") : QFileInfo(m_file).completeBaseName();
     return format.appended == FileFormat::Appended::Always ? name : name + '.' + format.extension;
 }
 
-std::optional<QString> WindowInterface::runModalOpenPanel()
+std::optional<QString> WindowInterface::runModalOpenPanel(const OpenPurpose &purpose)
 {
-    QFileDialog panel(&m_window, m_openTitle, startFolder(m_folder));
+    QFileDialog panel(&m_window, purpose.title, startFolder(m_folder));
     setUp(panel, *m_icons);
     panel.setFileMode(QFileDialog::ExistingFile);
-    panel.setNameFilters(filtersFor(m_wanted));
-    if (m_wanted == FileFormat::Gives::Layer)
+    panel.setNameFilters(filtersFor(purpose.wanted));
+    if (purpose.wanted == FileFormat::Gives::Layer)
         addPreview(panel);
     const std::optional<QString> path = run(panel);
     if (path)
@@ -133,18 +127,18 @@ std::optional<QString> WindowInterface::runModalOpenPanel()
     return path;
 }
 
-std::optional<QString> WindowInterface::runModalSavePanel()
+std::optional<QString> WindowInterface::runModalSavePanel(const SavePurpose &purpose)
 {
-    QFileDialog panel(&m_window, m_saveTitle, startFolder(m_folder));
+    QFileDialog panel(&m_window, purpose.title, startFolder(m_folder));
     setUp(panel, *m_icons);
     panel.setAcceptMode(QFileDialog::AcceptSave);
     panel.setFileMode(QFileDialog::AnyFile);
-    const FileFormat &format = FileFormat::of(m_saveFormat);
+    const FileFormat &format = FileFormat::of(purpose.format);
     if (const QString extension = format.extension; !extension.isEmpty())
         panel.setNameFilters({allFiles, QString("%1 files (*.%1)").arg(extension)});
     // Qt would ask about the name as it was typed, which is not the file that is replaced.
     panel.setOption(QFileDialog::DontConfirmOverwrite);
-    panel.selectFile(proposedName());
+    panel.selectFile(proposedName(purpose.format));
 
     std::optional<QString> path = run(panel);
     while (path && !mayReplace(format.finalPath(*path)))

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/UserInterface.h"
-#include "formats/FileFormat.h"
 
 #include <QAbstractFileIconProvider>
 #include <QElapsedTimer>
@@ -28,18 +27,9 @@ public:
 
     /// Asks whether to do what cannot be undone; `button` says yes. Enter and Escape say no.
     bool confirm(const QString &message, const QString &informativeText, const QString &button);
-    /// What the next open panel is for. Any file can be chosen; the panel offers to list those alone that give what is
-    /// wanted, and shows pictures in small.
-    void prepareOpenPanel(const QString &title, FileFormat::Gives wanted)
-    {
-        m_openTitle = title;
-        m_wanted = wanted;
-    }
-    /// What the next save panel is for. The panel asks before a file of the final name is replaced.
-    void prepareSavePanel(const QString &title, FileFormat::Kind format);
-
-    std::optional<QString> runModalOpenPanel() override;
-    std::optional<QString> runModalSavePanel() override;
+    /// Offers to list the files alone that give what is wanted, and shows pictures in small.
+    std::optional<QString> runModalOpenPanel(const OpenPurpose &purpose) override;
+    std::optional<QString> runModalSavePanel(const SavePurpose &purpose) override;
     void alert(const QString &message, const QString &informativeText) override;
     void ask(const QString &message, const QString &informativeText, const QStringList &buttons) override;
     bool presentError(const QString &text) override;
@@ -100,7 +90,7 @@ signals:
     void fileChangedElsewhere(const QString &path);
 
 private:
-    QString proposedName() const;
+    QString proposedName(FileFormat::Kind kind) const;
     bool mayReplace(const QString &path);
 
     QWidget &m_window;
@@ -108,11 +98,7 @@ private:
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
     QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own
-    QString m_openTitle;
-    FileFormat::Gives m_wanted = FileFormat::Gives::Nothing;
-    QString m_saveTitle;
-    FileFormat::Kind m_saveFormat = FileFormat::Kind::Project;
-    std::optional<qint64> m_shownOutput; ///< what image it was; nullopt: it was released
-    QElapsedTimer m_workTime;            ///< since the work began; invalid while there is none
+    std::optional<qint64> m_shownOutput;                ///< what image it was; nullopt: it was released
+    QElapsedTimer m_workTime;                           ///< since the work began; invalid while there is none
     std::unique_ptr<ProgressDialog> m_progressDialog;
 };

@@ -1,5 +1,6 @@
 #include "archive/KeyedArchive.h"
 #include "formats/ProjectFile.h"
+#include "still/LWStill.h"
 #include "tests/app/DocumentFixture.h"
 #include "tests/formats/SampleProject.h"
 
@@ -239,4 +240,20 @@ TEST_F(LWAppDelegateFiles, AFailedExportIsToldInTheStatusLine)
     ASSERT_EQ(person.failures.size(), 1);
     EXPECT_TRUE(person.failures[0].startsWith("Cannot export ")) << qPrintable(person.failures[0]);
     EXPECT_TRUE(person.failures[0].contains("nowhere/wall.png"));
+}
+
+TEST_F(LWAppDelegateFiles, EachPanelSaysWhatItIsFor)
+{
+    document.openProject();
+    document.saveProject();
+    document.saveAction();
+    document.savePSD();
+    document.openPresets();
+    document.savePresets();
+    document.AddImage();
+    setLayers({LWStill::initWithimage(document, QImage(2, 2, QImage::Format_RGB32))});
+    document.choosePicture();
+    EXPECT_EQ(person.panelTitles,
+              QStringList({"Open project", "Save project", "Export PNG", "Export PSD", "Open preset library",
+                           "Save preset library", "Add image", "Choose picture"}));
 }

@@ -24,9 +24,14 @@ public:
         QStringList buttons;
     };
 
-    std::optional<QString> runModalOpenPanel() override { return openPanelAnswer; }
-    std::optional<QString> runModalSavePanel() override
+    std::optional<QString> runModalOpenPanel(const OpenPurpose &purpose) override
     {
+        panelTitles.append(purpose.title);
+        return openPanelAnswer;
+    }
+    std::optional<QString> runModalSavePanel(const SavePurpose &purpose) override
+    {
+        panelTitles.append(purpose.title);
         ++timesAskedWhereToSave;
         return savePanelAnswer;
     }
@@ -96,6 +101,7 @@ public:
     std::set<Sheet> sheets; ///< that are shown
     int timesPreviewed = 0;
     QStringList webAddresses;
+    QStringList panelTitles;
     int timesAskedWhereToSave = 0;
     QStringList failures;
     QStringList statuses;

@@ -218,7 +218,7 @@ void Inspector::addStillGroup()
     addPlace();
     m_form->addSummary("Picture", LayerText::picture);
     QPushButton *choose = textButton("Choose picture...", "Shows another picture, or finds a missing one again");
-    connect(choose, &QPushButton::clicked, this, &Inspector::choosePicture);
+    connect(choose, &QPushButton::clicked, &m_document, &LWAppDelegate::choosePicture);
     QPushButton *folder = textButton("Show in folder", "Shows the picture's file among the others");
     connect(folder, &QPushButton::clicked, this, &Inspector::showFolder);
     m_form->addControl({"File"}, choose);
@@ -307,12 +307,6 @@ QList<QColor> Inspector::coloursOfShow() const
     add(m_document.bgColor());
     add(m_document.edgeColor());
     return colours;
-}
-
-void Inspector::choosePicture()
-{
-    m_interface.prepareOpenPanel("Choose picture", FileFormat::Gives::Layer);
-    m_document.choosePicture();
 }
 
 void Inspector::showFolder() const

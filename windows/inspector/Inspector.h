@@ -63,7 +63,6 @@ private:
     void showOutput();
     std::vector<LayerPointer> shownLayers() const;
     QList<QColor> coloursOfShow() const;
-    void choosePicture();
     void showFolder() const;
     bool isOutputAtTop() const;
     void makeRoomBelowOutput(bool isAtTop);
