@@ -6,6 +6,8 @@
 #include "show/EditNames.h"
 #include "still/LWStill.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <cmath>
 
@@ -135,11 +137,8 @@ void LWAppDelegate::renderSelected()
 {
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     selected->drawInRect();
-    const auto *still = qobject_cast<const LWStill *>(selected.get());
-    if (!still)
-        return;
-    m_userInterface.setKScaleFactor(still->marker().scaleFactor);
-    m_userInterface.drawRectangle(still->marker().rectangle);
+    if (const auto *still = qobject_cast<const LWStill *>(selected.get()))
+        drawMarker(*still);
 }
 
 void LWAppDelegate::composeOutput()
@@ -238,7 +237,9 @@ void LWAppDelegate::recordUnwatched(const QString &name)
 void LWAppDelegate::noteSelection()
 {
     if (m_history.noteSelection())
-        tellChanges(); // an edit tells of what it selects itself
+        return tellChanges();
+    // An edit tells of what it selects itself; nobody else may have.
+    QTimer::singleShot(0, this, &LWAppDelegate::tellChanges);
 }
 
 void LWAppDelegate::finishEdit(const QString &name, const QString &typing)

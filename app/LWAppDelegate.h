@@ -25,6 +25,7 @@
 #include <vector>
 
 class LWScreen;
+class LWStill;
 
 /// The document and its controller: owns the layers, carries the actions by name, and conducts the pieces that do the
 /// work (Composition, ProjectFile, PngFile, PSDExport, PowerCalculator). Main thread only.
@@ -273,14 +274,15 @@ public:
     void setPhaseCalc(qint64 phases) override { m_phaseCalc = phases; }
     int popupIndex() const override { return m_popupIndex; }
     QSizeF canvasFrameSize() const override { return m_userInterface.canvasFrameSize(); }
-    /// Renders a selected still anew, and has the canvas draw its marker: the canvas shows the output in another size.
+    /// Has the canvas draw the marker of a selected still anew: the output is shown in another size.
     void redrawMarker();
     /// The pattern becomes that of all selected layers, as one step.
     void choosePattern(qint64 pattern) override;
 
 signals:
     /// Something that can be seen of the show is another: its layers, their list, what is selected, the output, the
-    /// supply, the file. Once an edit, after its redraw; views read what they show themselves.
+    /// supply, the file. Once an edit, after its redraw; views read what they show themselves. While the gate of the
+    /// redraw is shut, the output follows: UserInterface::showOutput() tells.
     void changed();
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
@@ -323,6 +325,7 @@ private:
     void composeOutput();
     void renderForInspector(Layer &layer);
     void renderSelected();
+    void drawMarker(const LWStill &still);
     void showMarker(const DocumentState &state);
     void recordUnwatched(const QString &name);
     void noteSelection();

@@ -52,6 +52,7 @@ void LWAppDelegate::choosePicture()
         return;
     still->setImageURL(Address::fromLocalFile(*path));
     still->loadThumbnail();
+    m_news.expectChange(); // the file may be the same, with another picture
     if (still->thumbnail().isNull())
         m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
     finishEdit("choose picture");
@@ -163,8 +164,18 @@ void LWAppDelegate::updateAgainSoon()
 
 void LWAppDelegate::redrawMarker()
 {
-    if (qobject_cast<LWStill *>(m_arraycontroller.selectedLayer().get()))
-        renderSelected();
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    auto *still = qobject_cast<LWStill *>(selected.get());
+    if (!still)
+        return;
+    still->placeMarker();
+    drawMarker(*still);
+}
+
+void LWAppDelegate::drawMarker(const LWStill &still)
+{
+    m_userInterface.setKScaleFactor(still.marker().scaleFactor);
+    m_userInterface.drawRectangle(still.marker().rectangle);
 }
 
 void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)

@@ -26,7 +26,7 @@ std::optional<Finding> outputTooLargeForPsd(const Project &project)
     const Result<void> fits = PsdLimits::checkOutputSize(project.outputWidth, project.outputHeight);
     if (fits)
         return std::nullopt;
-    return Finding{.check = "output-too-large-for-psd",
+    return Finding{.check = "output-size-not-for-psd",
                    .level = Level::Warning,
                    .sentence = QString("The show cannot be exported as PSD: %1.").arg(fits.error().text)};
 }

@@ -28,23 +28,28 @@ QVariant Layer::value(QByteArrayView name) const
 
 bool Layer::setValue(QByteArrayView name, const QVariant &value)
 {
+    const LayerRecordPointer before = record();
     const LayerValue *const found = LayerValues::find(name, kind());
-    LayerRecord changed = *record();
+    LayerRecord changed = *before;
     if (!found || !found->assign(changed, value))
         return false;
-    if (changed != *record())
-        setRecord(std::make_shared<LayerRecord>(std::move(changed)));
+    // An address without letters equals none to Qt, and files tell them apart.
+    if (changed == *before && changed.ImageURL.isNil() == before->ImageURL.isNil())
+        return true;
+    const bool isRatio = changed.aspectValue != before->aspectValue;
+    m_record = std::make_shared<LayerRecord>(std::move(changed));
+    if (isRatio) // any other edit leaves it to whatever thread gives it
+        setAspectValue(m_record->aspectValue);
     return true;
 }
 
 void Layer::takeOver(const Layer &other, std::span<const char *const> names)
 {
-    LayerRecord changed = *record();
+    LayerRecord &changed = edit();
     for (const char *name : names) {
         const LayerValue &value = *LayerValues::find(name);
         value.set(changed, value.get(*other.record()));
     }
-    setRecord(std::make_shared<LayerRecord>(std::move(changed)));
 }
 
 LayerRecord &Layer::edit()

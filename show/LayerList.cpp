@@ -211,7 +211,10 @@ bool LayerList::setPlainValue(qsizetype index, const QVariant &value, const QStr
 QVariant LayerList::value(const QString &keyPath) const
 {
     const LayerPointer selected = selectedLayer();
-    return selected ? selected->value(nameIn(keyPath)) : QVariant();
+    if (!selected)
+        return {};
+    const QByteArray name = nameIn(keyPath);
+    return LayerValues::find(name) ? selected->value(name) : selected->property(name);
 }
 
 int LayerList::rowCount(const QModelIndex &parent) const

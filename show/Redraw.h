@@ -9,7 +9,7 @@
 class Redraw final : public QObject
 {
 public:
-    /// `compose` draws what an edit has changed; `show` follows each time, composed or not. Both outlive this.
+    /// `compose` draws what an edit has changed; `show` follows each time, composed or not. The gate is shut at first.
     Redraw(std::function<void()> compose, std::function<void()> show);
 
     /// Composes where the gate is open, and shuts it for a while.

@@ -25,7 +25,7 @@ struct ShowState
 };
 
 /// Tells whoever shows something of a show that it has changed: once an edit, after its redraw. Views read what they
-/// show themselves. Main thread only.
+/// show themselves; while the gate of the redraw is shut, the output follows what is told. Main thread only.
 class ShowNews final : public QObject
 {
     Q_OBJECT
@@ -36,10 +36,12 @@ public:
     /// Grows with each change: what was worked out from the show is valid while it is the same.
     quint64 revision() const { return m_revision; }
 
+    /// Something that no state holds is another, as the pixels in a picture's file: the next look tells in any case.
+    void expectChange() { m_isChanged = true; }
     /// The show as it is now; nothing is told where that is what was told last.
     void look(ShowState now)
     {
-        if (now == m_state)
+        if (!std::exchange(m_isChanged, false) && now == m_state)
             return;
         m_state = std::move(now);
         ++m_revision;
@@ -52,4 +54,5 @@ signals:
 private:
     ShowState m_state;
     quint64 m_revision = 0;
+    bool m_isChanged = false;
 };

@@ -84,6 +84,10 @@ StateChange::Runs StateChange::runsBetween(const States &before, const States &a
             change(&*was++, nullptr);
         } else if (!isBeforeLeft || !membersBefore.contains(*is)) {
             change(nullptr, &*is++);
+        } else if (std::next(was) != before.end() && std::next(was)->layer == is->layer) {
+            change(&*was++, nullptr); // it comes later
+        } else if (std::next(is) != after.end() && std::next(is)->layer == was->layer) {
+            change(nullptr, &*is++); // it came earlier
         } else {
             change(&*was++, &*is++);
         }

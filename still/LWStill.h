@@ -59,8 +59,10 @@ public:
         QRectF rectangle;      ///< in units of the canvas, where the whole output is fitted into it
         float scaleFactor = 0; ///< output pixels that the still moves for one unit of the canvas
     };
-    /// As it was at the last rendering; empty before the first.
+    /// As it was worked out last; empty before.
     const Marker &marker() const { return m_marker; }
+    /// Works it out for another canvas, around the still as it was rendered last; writes no size.
+    void placeMarker();
     /// Clicks do nothing to a picture.
     void onImageClick(qint64 x, qint64 y) override;
     /// A plain still with this one's picture, place, look and captions; aspect and power are zero.
@@ -76,8 +78,9 @@ public:
     void setImageURL(const Address &address) { set(&LayerRecord::ImageURL, address); }
 
 private:
-    Marker markerAt(const PreviewScale &scale) const;
+    static Marker markerOf(const LayerRecord &still, const PreviewScale &scale);
 
+    LayerRecordPointer m_rendered; ///< null before the first rendering
     Marker m_marker;
     mutable bool m_pictureWaitsInFile = false;
     mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file

@@ -48,17 +48,23 @@ void LWStill::drawInRect()
     // The picture keeps its pixels: whoever composes it scales it to this size.
     setScreenSizeWidth(panelWidth());
     setScreenSizeHeight(panelHeight());
-    m_marker = markerAt(calculateCoeff());
+    m_rendered = record();
+    placeMarker();
 }
 
-LWStill::Marker LWStill::markerAt(const PreviewScale &scale) const
+void LWStill::placeMarker()
+{
+    m_marker = markerOf(m_rendered ? *m_rendered : *record(), calculateCoeff());
+}
+
+LWStill::Marker LWStill::markerOf(const LayerRecord &still, const PreviewScale &scale)
 {
     const float k = scale.coefficient;
-    const float x = finite(static_cast<float>(xpoint()) * k + scale.freeWidth + 1.0F);
-    const float y = finite(static_cast<float>(ypoint()) * k + scale.freeHeight + 1.0F);
-    const float width = finite(static_cast<float>(screenSizeWidth()) * k);
-    const float height = finite(static_cast<float>(screenSizeHeight()) * k);
-    qCDebug(lcStill, "drawRectange (%d %d) * %f =  (%f,%f,%f,%f)", screenSizeWidth(), screenSizeHeight(), k, x, y,
-            width, height);
+    const float x = finite(static_cast<float>(still.xpoint) * k + scale.freeWidth + 1.0F);
+    const float y = finite(static_cast<float>(still.ypoint) * k + scale.freeHeight + 1.0F);
+    const float width = finite(static_cast<float>(still.screenSizeWidth) * k);
+    const float height = finite(static_cast<float>(still.screenSizeHeight) * k);
+    qCDebug(lcStill, "drawRectange (%d %d) * %f =  (%f,%f,%f,%f)", still.screenSizeWidth, still.screenSizeHeight, k, x,
+            y, width, height);
     return {{x, y, width, height}, static_cast<float>((1.0 - k) + 1.0)};
 }

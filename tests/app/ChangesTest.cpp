@@ -1,4 +1,5 @@
 #include "formats/ProjectFile.h"
+#include "still/LWStill.h"
 #include "tests/app/UndoFixture.h"
 #include "tests/formats/SampleProject.h"
 
@@ -110,4 +111,46 @@ TEST_F(Changes, AWholeShowIsTheSameByValue)
     document.update();
     waitForRedraws();
     EXPECT_EQ(document.revision(), revision);
+}
+
+TEST_F(Changes, ThePictureOfTheSameFileIsToldAgain)
+{
+    const QString path = pictureFile("a.png", {4, 3}, Qt::red);
+    document.arraycontroller().setLayers({LWStill::initWithimage(document, QImage())}, {0});
+    document.finishEdit("setting");
+    person.openPanelAnswer = path;
+    document.choosePicture();
+    waitForRedraws();
+    told.clear();
+    pictureFile("a.png", {8, 6}, Qt::blue);
+    document.choosePicture();
+    EXPECT_EQ(selected()->thumbnail().size(), QSize(8, 6));
+    EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(Changes, ASelectionIsToldWhateverHappenedBefore)
+{
+    document.AddScreen();
+    waitForRedraws();
+    told.clear();
+    selected()->setPanelWidth(7); // nobody tells
+    document.arraycontroller().setSelectionIndex(0);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told.size(), 1);
+}
+
+TEST_F(Changes, AnotherViewOfAPictureWritesNothing)
+{
+    const auto still = LWStill::initWithimage(document, QImage(9, 9, QImage::Format_RGB32));
+    still->setPanelWidth(200);
+    document.arraycontroller().setLayers({still, LWStill::initWithimage(document, QImage())}, {1});
+    document.finishEdit("setting");
+    waitForRedraws();
+    document.arraycontroller().setSelectionIndex(0);
+    const LayerRecordPointer before = still->record();
+    const qsizetype drawn = person.drawnRectangles.size();
+    document.redrawMarker();
+    EXPECT_EQ(still->record(), before);
+    EXPECT_EQ(still->screenSizeWidth(), 9);
+    EXPECT_EQ(person.drawnRectangles.size(), drawn + 1);
 }

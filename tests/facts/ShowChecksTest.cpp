@@ -53,7 +53,7 @@ TEST_F(ShowChecksTest, WattsBeyondCountingAreAWarning)
 TEST_F(ShowChecksTest, AnOutputThatNoLayeredFileHoldsIsAWarning)
 {
     EXPECT_TRUE(ShowChecks::of({2, 30'000, {}}).empty());
-    expectShow(ShowChecks::of({2, 30'001, {}}), "output-too-large-for-psd", Level::Warning,
+    expectShow(ShowChecks::of({2, 30'001, {}}), "output-size-not-for-psd", Level::Warning,
                "The show cannot be exported as PSD: an output of 30001 x 2 pixels: a PSD has 1 to 30000 on a side; "
                "change the output's size.");
     EXPECT_FALSE(PsdLimits::checkOutputSize(0, 1));

@@ -93,6 +93,16 @@ TEST(LayerValues, WhatIsNoneOfTheTypeChangesNothing)
     EXPECT_EQ(wall.col(), 0);
 }
 
+TEST(LayerValues, AnEmptyAddressIsNotNone)
+{
+    TestHost host;
+    LWStill still(host);
+    EXPECT_TRUE(still.setValue("ImageURL", QVariant::fromValue(Address{"", {}})));
+    EXPECT_FALSE(still.ImageURL().isNil());
+    EXPECT_TRUE(still.setValue("ImageURL", QVariant()));
+    EXPECT_TRUE(still.ImageURL().isNil());
+}
+
 TEST(LayerValues, TextsTellNoneFromEmpty)
 {
     TestHost host;

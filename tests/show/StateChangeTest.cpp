@@ -80,6 +80,21 @@ TEST_F(StateChanges, KeepOnlyTheRecordsOfWhatDiffers)
     EXPECT_EQ(before.layers[1].record.use_count(), 2); // in `before` and in the change
 }
 
+TEST_F(StateChanges, ARowThatMovesKeepsNoOther)
+{
+    const DocumentState before = walls(50);
+    DocumentState after = before;
+    std::rotate(after.layers.begin(), after.layers.begin() + 1, after.layers.end());
+    const long held = before.layers[20].record.use_count();
+    const StateChange change(before, after);
+    EXPECT_EQ(before.layers[20].record.use_count(), held);
+    EXPECT_TRUE(change.before(after).looksLike(before));
+    EXPECT_TRUE(change.after(before).looksLike(after));
+    const StateChange back(after, before);
+    EXPECT_EQ(before.layers[20].record.use_count(), held);
+    EXPECT_TRUE(back.after(after).looksLike(before));
+}
+
 TEST_F(StateChanges, ARecordIsSharedWhereNothingHasChanged)
 {
     const LayerState state = wall();
