@@ -33,6 +33,54 @@ private:
     const States &m_list;
     std::unordered_set<const Layer *> m_layers;
 };
+
+/// Walks through two lists at once, so that what is in both meets where it can.
+class Walk
+{
+public:
+    Walk(const States &before, const States &after)
+        : m_was(before.begin()), m_wasEnd(before.end()), m_is(after.begin()), m_isEnd(after.end()),
+          m_membersBefore(before), m_membersAfter(after)
+    {}
+
+    struct Rows
+    {
+        const LayerState *was; ///< null: the row was inserted
+        const LayerState *is;  ///< null: it was removed
+    };
+
+    bool isDone() const { return m_was == m_wasEnd && m_is == m_isEnd; }
+    Rows next()
+    {
+        const bool isRemoved = m_is == m_isEnd || (m_was != m_wasEnd && leaves());
+        const bool isInserted = !isRemoved && (m_was == m_wasEnd || comes());
+        return {isInserted ? nullptr : &*m_was++, isRemoved ? nullptr : &*m_is++};
+    }
+
+private:
+    using Place = States::const_iterator;
+
+    bool isSameLayer() const { return m_was->layer == m_is->layer; }
+    static bool isNext(Place place, Place end, const LayerState &state)
+    {
+        return std::next(place) != end && std::next(place)->layer == state.layer;
+    }
+    /// Whether the row is gone, or comes later.
+    bool leaves()
+    {
+        return !isSameLayer() && (!m_membersAfter.contains(*m_was) ||
+                                  (m_membersBefore.contains(*m_is) && isNext(m_was, m_wasEnd, *m_is)));
+    }
+    /// Whether the row is new, or came later before.
+    bool comes() { return !isSameLayer() && (!m_membersBefore.contains(*m_is) || isNext(m_is, m_isEnd, *m_was)); }
+
+    Place m_was;
+    Place m_wasEnd;
+    Place m_is;
+    Place m_isEnd;
+    Members m_membersBefore;
+    Members m_membersAfter;
+};
 } // namespace
 
 StateChange::StateChange(const DocumentState &before, const DocumentState &after)
@@ -59,38 +107,20 @@ DocumentState StateChange::after(const DocumentState &before) const
 StateChange::Runs StateChange::runsBetween(const States &before, const States &after)
 {
     Runs runs;
-    Members membersBefore(before);
-    Members membersAfter(after);
+    Walk walk(before, after);
     std::size_t unchanged = 0;
-    const auto change = [&](const LayerState *was, const LayerState *is) {
+    while (!walk.isDone()) {
+        const auto [was, is] = walk.next();
+        if (was && is && *was == *is) {
+            ++unchanged;
+            continue;
+        }
         if (runs.empty() || unchanged > 0)
             runs.push_back({std::exchange(unchanged, 0), {}, {}});
         if (was)
             runs.back().before.push_back(*was);
         if (is)
             runs.back().after.push_back(*is);
-    };
-    auto was = before.begin();
-    auto is = after.begin();
-    while (was != before.end() || is != after.end()) {
-        const bool isBeforeLeft = was != before.end();
-        const bool isAfterLeft = is != after.end();
-        if (isBeforeLeft && isAfterLeft && *was == *is) {
-            ++unchanged;
-            ++was, ++is;
-        } else if (isBeforeLeft && isAfterLeft && was->layer == is->layer) {
-            change(&*was++, &*is++);
-        } else if (!isAfterLeft || (isBeforeLeft && !membersAfter.contains(*was))) {
-            change(&*was++, nullptr);
-        } else if (!isBeforeLeft || !membersBefore.contains(*is)) {
-            change(nullptr, &*is++);
-        } else if (std::next(was) != before.end() && std::next(was)->layer == is->layer) {
-            change(&*was++, nullptr); // it comes later
-        } else if (std::next(is) != after.end() && std::next(is)->layer == was->layer) {
-            change(nullptr, &*is++); // it came earlier
-        } else {
-            change(&*was++, &*is++);
-        }
     }
     return runs;
 }
