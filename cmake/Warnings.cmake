@@ -1,4 +1,4 @@
-# The one place for compiler flags and precompiled headers: every target of the house links `warnings`.
+# The one place for compiler flags: every target of the house links `warnings`.
 add_library(warnings INTERFACE)
 target_compile_options(warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 
@@ -7,5 +7,3 @@ if(WALLWRIGHT_SANITIZE)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
-
-target_precompile_headers(warnings INTERFACE ${CMAKE_CURRENT_LIST_DIR}/Precompiled.h)
