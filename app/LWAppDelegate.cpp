@@ -57,8 +57,8 @@ std::vector<LayerPointer> restored(const std::vector<LayerState> &states)
 }
 } // namespace
 
-LWAppDelegate::LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder, const QString &presetsFile)
-    : m_userInterface(userInterface)
+LWAppDelegate::LWAppDelegate(Person &person, const QString &recoveryFolder, const QString &presetsFile)
+    : m_person(person)
 {
     connectLists();
     if (!recoveryFolder.isEmpty()) {
@@ -129,7 +129,7 @@ void LWAppDelegate::renderForInspector(Layer &layer)
     layer.setShowPowerl(!isScreen);
     applyAspectLock(layer);
     renderSelected();
-    m_userInterface.reloadTable();
+    m_person.reloadTable();
 }
 
 /// The canvas' marker stands around a selected picture as it was rendered last.
@@ -147,11 +147,11 @@ void LWAppDelegate::composeOutput()
     const std::vector<PlacedPicture> pictures = placedPictures(allScreensArray());
     if (!m_composition.isLast(pictures, style)) {
         // The composition's buffer can be used again only when nobody else holds it.
-        m_userInterface.releaseOutput();
+        m_person.releaseOutput();
         m_offscreenRep = {};
         m_offscreenRep = m_composition.compose(pictures, style);
     }
-    m_userInterface.showOutput(img());
+    m_person.showOutput(img());
 }
 
 void LWAppDelegate::applyAspectLock(Layer &layer) const
@@ -213,7 +213,7 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
             selected->setPattern(m_pattern);
         applyAspectLock(*selected); // an update may come when another layer is selected
         renderSelected();
-        m_userInterface.reloadTable();
+        m_person.reloadTable();
     }
     finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
 }
@@ -280,7 +280,7 @@ void LWAppDelegate::setState(const DocumentState &state)
         renderCurrents();
     showAsItWas(state);
     if (const auto counts = Supply::of(m_voltageCalc, m_phaseCalc); isOtherChoice && counts)
-        m_userInterface.noteSupply(*counts);
+        m_person.noteSupply(*counts);
 }
 
 void LWAppDelegate::takeState(const DocumentState &state)
@@ -309,14 +309,14 @@ void LWAppDelegate::showAsItWas(const DocumentState &state)
     m_redraw.forget();
     showMarker(state);
     composeOutput();
-    m_userInterface.reloadTable();
+    m_person.reloadTable();
     showRedrawn();
 }
 
 void LWAppDelegate::showRedrawn()
 {
     calculatePower();
-    m_userInterface.repaintCanvas();
+    m_person.repaintCanvas();
     tellChanges();
 }
 

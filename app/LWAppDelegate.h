@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UserInterface.h"
+#include "app/Person.h"
 #include "base/Colour.h"
 #include "formats/PresetStore.h"
 #include "layer/LayerHost.h"
@@ -43,10 +43,9 @@ class LWAppDelegate final : public QObject, public LayerHost, private UndoableDo
     Q_PROPERTY(QObject *managedObjectModel MEMBER m_managedObjectModel)
 
 public:
-    /// An empty document. `userInterface` outlives it. Unsaved work is kept in `recoveryFolder`; where that is empty,
+    /// An empty document. `person` outlives it. Unsaved work is kept in `recoveryFolder`; where that is empty,
     /// nowhere; likewise the presets in `presetsFile`.
-    explicit LWAppDelegate(UserInterface &userInterface, const QString &recoveryFolder = {},
-                           const QString &presetsFile = {});
+    explicit LWAppDelegate(Person &person, const QString &recoveryFolder = {}, const QString &presetsFile = {});
     ~LWAppDelegate() override;
 
     /// Makes the first document: one screen named "Layer 0" on an output of 1920 x 1080; the presets of the last time,
@@ -226,7 +225,7 @@ public:
     void saveProject();
     /// Writes the project to the file that it belongs to; saveProject() where there is none. Where another program has
     /// changed that file since it was opened or saved here, nothing is written and
-    /// UserInterface::fileWasChangedElsewhere() tells so; a file that was deleted is written anew.
+    /// Person::fileWasChangedElsewhere() tells so; a file that was deleted is written anew.
     void save();
     /// Writes the project to the file that it belongs to, whatever others have put there.
     void saveAnyway();
@@ -273,7 +272,7 @@ public:
     qint64 phaseCalc() const override { return m_phaseCalc; }
     void setPhaseCalc(qint64 phases) override { m_phaseCalc = phases; }
     int popupIndex() const override { return m_popupIndex; }
-    QSizeF canvasFrameSize() const override { return m_userInterface.canvasFrameSize(); }
+    QSizeF canvasFrameSize() const override { return m_person.canvasFrameSize(); }
     /// Has the canvas draw the marker of a selected still anew: the output is shown in another size.
     void redrawMarker();
     /// The pattern becomes that of all selected layers, as one step.
@@ -282,7 +281,7 @@ public:
 signals:
     /// Something that can be seen of the show is another: its layers, their list, what is selected, the output, the
     /// supply, the file. Once an edit, after its redraw; views read what they show themselves. While the gate of the
-    /// redraw is shut, the output follows: UserInterface::showOutput() tells.
+    /// redraw is shut, the output follows: Person::showOutput() tells.
     void changed();
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
@@ -367,7 +366,7 @@ private:
     /// `format`: "PNG". The error's text begins with what could not be exported.
     void tellFailedExport(const char *format, const Error &error);
 
-    UserInterface &m_userInterface;
+    Person &m_person;
     LayerList m_arraycontroller;
     LayerList m_presetarraycontroller;
     Composition m_composition;

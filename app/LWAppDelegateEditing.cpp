@@ -32,7 +32,7 @@ bool LWAppDelegate::copyToPasteboard()
         return false;
     const Result<void> copied = LayerPasteboard::write(layers);
     if (!copied)
-        m_userInterface.tellFailure("Cannot copy " + copied.error().text);
+        m_person.tellFailure("Cannot copy " + copied.error().text);
     return copied.has_value();
 }
 
@@ -50,7 +50,7 @@ void LWAppDelegate::pasteFromPasteboard()
 {
     const Result<std::vector<LayerPointer>> layers = LayerPasteboard::read(*this);
     if (!layers)
-        return m_userInterface.tellFailure("Cannot paste: " + layers.error().text);
+        return m_person.tellFailure("Cannot paste: " + layers.error().text);
     insertAboveSelection(*layers);
     finishEdit("paste layer");
 }
@@ -68,7 +68,7 @@ void LWAppDelegate::placeNew(Layer &still, std::optional<QPoint> middle) const
 {
     still.setAspectRatio(true);
     if (!middle)
-        middle = m_userInterface.middleOfView();
+        middle = m_person.middleOfView();
     if (!middle)
         return;
     still.setXpoint(middle->x() - still.panelWidth() / 2);
@@ -81,7 +81,7 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
     for (const QString &path : paths) {
         const std::shared_ptr<const QImage> picture = PictureFile::load(path);
         if (!picture) {
-            m_userInterface.tellFailure("Cannot show " + path + ": it is no picture that can be read.");
+            m_person.tellFailure("Cannot show " + path + ": it is no picture that can be read.");
             continue;
         }
         const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);
@@ -145,7 +145,7 @@ void LWAppDelegate::toggleVisibility()
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(isVisible);
     finishEdit("visibility");
-    m_userInterface.reloadTable();
+    m_person.reloadTable();
 }
 
 void LWAppDelegate::toggleVisibilityOf(qsizetype row)
@@ -155,7 +155,7 @@ void LWAppDelegate::toggleVisibilityOf(qsizetype row)
         return;
     layer->setVisible(!layer->visible());
     finishEdit("visibility");
-    m_userInterface.reloadTable();
+    m_person.reloadTable();
 }
 
 void LWAppDelegate::hideOthers()
@@ -165,7 +165,7 @@ void LWAppDelegate::hideOthers()
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(true);
     finishEdit("hide others");
-    m_userInterface.reloadTable();
+    m_person.reloadTable();
 }
 
 void LWAppDelegate::switchAllPanelsOn()

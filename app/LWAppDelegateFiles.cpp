@@ -35,8 +35,7 @@ std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
 
 void LWAppDelegate::saveProject()
 {
-    if (const std::optional<QString> chosen =
-            m_userInterface.runModalSavePanel({"Save project", FileFormat::Kind::Project}))
+    if (const std::optional<QString> chosen = m_person.runModalSavePanel({"Save project", FileFormat::Kind::Project}))
         writeProject(FileFormat::of(FileFormat::Kind::Project).finalPath(*chosen));
 }
 
@@ -45,7 +44,7 @@ void LWAppDelegate::save()
     if (!isSavedIn(projectPath()))
         saveProject();
     else if (isChangedElsewhere(*m_file))
-        m_userInterface.fileWasChangedElsewhere(projectPath());
+        m_person.fileWasChangedElsewhere(projectPath());
     else
         writeProject(projectPath());
 }
@@ -72,21 +71,20 @@ void LWAppDelegate::writeProject(const QString &path)
     m_redraw.catchUp();
     const Result<void> written = ProjectFile::write(path, project());
     if (!written)
-        return m_userInterface.alert("Cannot save " + written.error().text, "The document is not saved.");
-    m_userInterface.noteRecentDocument(path);
+        return m_person.alert("Cannot save " + written.error().text, "The document is not saved.");
+    m_person.noteRecentDocument(path);
     if (projectPath() == path)
         *m_file->digest = FileBytes::digest(path);
     else
         *m_file = fileAt(path, FileBytes::digest(path));
     documentIsInFile();
     emit projectPathDidChange(path);
-    m_userInterface.tellStatus("Saved " + QFileInfo(path).fileName());
+    m_person.tellStatus("Saved " + QFileInfo(path).fileName());
 }
 
 void LWAppDelegate::openProject()
 {
-    if (const std::optional<QString> path =
-            m_userInterface.runModalOpenPanel({"Open project", FileFormat::Gives::Project}))
+    if (const std::optional<QString> path = m_person.runModalOpenPanel({"Open project", FileFormat::Gives::Project}))
         return openProjectPre(*path);
     redrawNow();
 }
@@ -119,10 +117,10 @@ bool LWAppDelegate::load(const QString &path)
     const QByteArray digest = FileBytes::digest(path); // before it is read: what comes later is another's
     const Result<Project> project = FileFormat::toOpen(path).read(path, *this);
     if (!project) {
-        m_userInterface.alert("Cannot open " + project.error().text, "The document is unchanged.");
+        m_person.alert("Cannot open " + project.error().text, "The document is unchanged.");
         return false;
     }
-    m_userInterface.noteRecentDocument(path);
+    m_person.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
     showProject(*project, fileAt(path, digest), "open project");
@@ -161,13 +159,13 @@ void LWAppDelegate::documentIsInFile()
 void LWAppDelegate::tellUnknownContent(const Project &project)
 {
     if (UnknownValues::areIn(project))
-        m_userInterface.tellStatus(UnknownValues::kept(QFileInfo(projectPath()).fileName()));
+        m_person.tellStatus(UnknownValues::kept(QFileInfo(projectPath()).fileName()));
 }
 
 void LWAppDelegate::tellLostWalls()
 {
     if (const QStringList lost = LostWall::sentencesOf(allScreensArray()); !lost.isEmpty())
-        m_userInterface.tellFailure(lost.join(". ") + '.');
+        m_person.tellFailure(lost.join(". ") + '.');
 }
 
 void LWAppDelegate::drawLostWalls(const std::vector<LayerPointer> &layers)
@@ -182,13 +180,13 @@ void LWAppDelegate::drawLostWalls(const std::vector<LayerPointer> &layers)
     if (!isAnyDrawn)
         return;
     composeOutput();
-    m_userInterface.reloadTable();
+    m_person.reloadTable();
 }
 
 bool LWAppDelegate::applicationOpenFile(const QString &path)
 {
     if (path.isEmpty())
-        m_userInterface.alert("No File Found", "File Not Found");
+        m_person.alert("No File Found", "File Not Found");
     else
         m_preOpenFile = path;
     return true;
@@ -198,7 +196,7 @@ void LWAppDelegate::saveAction()
 {
     m_redraw.catchUp();
     drawLostWalls(visibleOf(allScreensArray()));
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel({"Export PNG", FileFormat::Kind::Png});
+    const std::optional<QString> chosen = m_person.runModalSavePanel({"Export PNG", FileFormat::Kind::Png});
     if (!chosen)
         return;
     const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
@@ -206,7 +204,7 @@ void LWAppDelegate::saveAction()
         return tellFailedExport("PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
         return tellFailedExport("PNG", written.error());
-    m_userInterface.tellStatus("Exported " + QFileInfo(path).fileName());
+    m_person.tellStatus("Exported " + QFileInfo(path).fileName());
 }
 
 void LWAppDelegate::savePSD()
@@ -215,31 +213,31 @@ void LWAppDelegate::savePSD()
     if (const Result<void> fits = PsdLimits::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
         return tellFailedExport("PSD", fits.error());
     drawLostWalls(allScreensArray());
-    const std::optional<QString> chosen = m_userInterface.runModalSavePanel({"Export PSD", FileFormat::Kind::Psd});
+    const std::optional<QString> chosen = m_person.runModalSavePanel({"Export PSD", FileFormat::Kind::Psd});
     if (!chosen)
         return;
 
     const QString path = FileFormat::of(FileFormat::Kind::Psd).finalPath(*chosen);
     const QString name = QFileInfo(path).fileName();
-    const auto progress = [&](double done) { return m_userInterface.showProgress("Exporting " + name, done); };
+    const auto progress = [&](double done) { return m_person.showProgress("Exporting " + name, done); };
     const Result<PSDExport::Outcome> outcome = PSDExport::write(path, project(), m_screenNumber, progress);
     progress(1);
-    m_userInterface.reloadTable(); // layers may have got names
+    m_person.reloadTable(); // layers may have got names
     recordUnwatched("layer names");
     if (!outcome)
         return tellFailedExport("PSD", outcome.error());
     if (*outcome == PSDExport::Outcome::Cancelled)
-        return m_userInterface.tellStatus("Cancelled the export of " + name);
+        return m_person.tellStatus("Cancelled the export of " + name);
     const Project exported = project();
     const QStringList all =
         QStringList("Exported " + name) + PSDExport::resized(exported) + PSDExport::leftOut(exported);
-    m_userInterface.tellStatus(all.join(". "));
+    m_person.tellStatus(all.join(". "));
 }
 
 void LWAppDelegate::tellFailedExport(const char *format, const Error &error)
 {
     qWarning("There was an error writing the %s: %s", format, qUtf8Printable(error.text));
-    m_userInterface.tellFailure("Cannot export " + error.text);
+    m_person.tellFailure("Cannot export " + error.text);
 }
 
 void LWAppDelegate::connectRecovery()
@@ -251,7 +249,7 @@ void LWAppDelegate::connectRecovery()
             m_recovery->contentDidChange();
     });
     connect(&*m_recovery, &RecoveryCopy::couldNotKeep, this,
-            [this](const QString &sentence) { m_userInterface.tellFailure(sentence); });
+            [this](const QString &sentence) { m_person.tellFailure(sentence); });
 }
 
 std::vector<FoundCopy> LWAppDelegate::recoverable() const
@@ -265,7 +263,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
         return;
     const Result<Project> project = m_recovery->take(copy, *this);
     if (!project)
-        return m_userInterface.alert("Cannot recover " + project.error().text, "The document is unchanged.");
+        return m_person.alert("Cannot recover " + project.error().text, "The document is unchanged.");
     showProject(*project, fileOf(copy), "recover project");
     redrawNow();
     tellLostWalls();
@@ -276,7 +274,7 @@ void LWAppDelegate::discardRecoverable(const FoundCopy &copy)
     if (!m_recovery)
         return;
     if (const Result<void> discarded = m_recovery->discard(copy); !discarded)
-        m_userInterface.alert("Cannot remove " + discarded.error().text, "It stays.");
+        m_person.alert("Cannot remove " + discarded.error().text, "It stays.");
 }
 
 void LWAppDelegate::keepUnsavedWork()

@@ -22,23 +22,23 @@ void LWAppDelegate::AddScreen()
     ++m_screenNumber;
     const QString label = QString::asprintf("Layer %i", m_screenNumber);
     insertAndSelect(LWScreen::initWithrow(*this, NewScreens::added(label)), m_selectedRow + 1);
-    m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
+    m_person.endSheet(Person::Sheet::AddWindow);
     finishEdit("add screen");
 }
 
 void LWAppDelegate::AddImage()
 {
-    const std::optional<QString> path = m_userInterface.runModalOpenPanel({"Add image", FileFormat::Gives::Layer});
+    const std::optional<QString> path = m_person.runModalOpenPanel({"Add image", FileFormat::Gives::Layer});
     if (!path)
         return;
     const std::shared_ptr<const QImage> picture = PictureFile::load(*path);
     const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
     placeNew(*still, std::nullopt);
     insertAndSelect(still, m_selectedRow + 1);
-    m_userInterface.endSheet(UserInterface::Sheet::AddWindow);
+    m_person.endSheet(Person::Sheet::AddWindow);
     still->setImageURL(Address::fromLocalFile(*path));
     if (!picture)
-        m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
+        m_person.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
     finishEdit("add image");
 }
 
@@ -47,14 +47,14 @@ void LWAppDelegate::choosePicture()
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     auto *still = qobject_cast<LWStill *>(selected.get());
     const std::optional<QString> path =
-        still ? m_userInterface.runModalOpenPanel({"Choose picture", FileFormat::Gives::Layer}) : std::nullopt;
+        still ? m_person.runModalOpenPanel({"Choose picture", FileFormat::Gives::Layer}) : std::nullopt;
     if (!path)
         return;
     still->setImageURL(Address::fromLocalFile(*path));
     still->loadThumbnail();
     m_news.expectChange(); // the file may be the same, with another picture
     if (still->thumbnail().isNull())
-        m_userInterface.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
+        m_person.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
     finishEdit("choose picture");
 }
 
@@ -72,7 +72,7 @@ void LWAppDelegate::insertAndSelect(const LayerPointer &layer, qsizetype index)
 
 void LWAppDelegate::tellListCannotBeEmpty()
 {
-    m_userInterface.alert("List Cannot be empty, Function was cancelled", {});
+    m_person.alert("List Cannot be empty, Function was cancelled", {});
 }
 
 void LWAppDelegate::remove()
@@ -101,7 +101,7 @@ LayerPointer LWAppDelegate::createCopyOfLayerThroughArch(const LayerPointer &lay
     const Result<std::vector<LayerPointer>> copy = LayerArchive::copies({layer}, *this);
     if (copy)
         return copy->front();
-    m_userInterface.tellFailure("Cannot copy " + copy.error().text);
+    m_person.tellFailure("Cannot copy " + copy.error().text);
     return nullptr;
 }
 
@@ -174,8 +174,8 @@ void LWAppDelegate::redrawMarker()
 
 void LWAppDelegate::drawMarker(const LWStill &still)
 {
-    m_userInterface.setKScaleFactor(still.marker().scaleFactor);
-    m_userInterface.drawRectangle(still.marker().rectangle);
+    m_person.setKScaleFactor(still.marker().scaleFactor);
+    m_person.drawRectangle(still.marker().rectangle);
 }
 
 void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
@@ -184,11 +184,11 @@ void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
         m_arraycontroller.setSelectionIndex(selectedRow);
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     if (selected && selected->pattern() >= 0 && selected->pattern() < patterns)
-        m_userInterface.showPattern(static_cast<int>(selected->pattern()));
+        m_person.showPattern(static_cast<int>(selected->pattern()));
     if (qobject_cast<LWStill *>(selected.get()))
-        m_userInterface.showRectangle();
+        m_person.showRectangle();
     else
-        m_userInterface.hideRectangle();
+        m_person.hideRectangle();
     m_history.endTyping();
     noteSelection();
 }

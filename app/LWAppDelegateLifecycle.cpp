@@ -9,7 +9,7 @@
 
 Q_LOGGING_CATEGORY(lcDocument, "wallwright.document", QtWarningMsg)
 
-using Sheet = UserInterface::Sheet;
+using Sheet = Person::Sheet;
 
 namespace {
 constexpr int firstScreenWatts = 200;
@@ -64,48 +64,48 @@ LWAppDelegate::TerminateReply LWAppDelegate::applicationShouldTerminate()
     const Result<void> saved = m_managedObjectContext->save();
     if (saved)
         return TerminateReply::Now;
-    if (m_userInterface.presentError(saved.error().text))
+    if (m_person.presentError(saved.error().text))
         return TerminateReply::Cancel;
     // Whichever button closes it, the program ends.
-    m_userInterface.ask("Could not save changes while quitting. Quit anyway?",
-                        "Quitting now will lose any changes you have made since the last successful save",
-                        {"Quit anyway", "Cancel"});
+    m_person.ask("Could not save changes while quitting. Quit anyway?",
+                 "Quitting now will lose any changes you have made since the last successful save",
+                 {"Quit anyway", "Cancel"});
     return TerminateReply::Now;
 }
 
 void LWAppDelegate::add()
 {
-    m_userInterface.beginSheet(Sheet::AddWindow);
+    m_person.beginSheet(Sheet::AddWindow);
 }
 
 void LWAppDelegate::CancelAddWindow()
 {
-    m_userInterface.endSheet(Sheet::AddWindow);
+    m_person.endSheet(Sheet::AddWindow);
 }
 
 void LWAppDelegate::openAbout()
 {
-    m_userInterface.beginSheet(Sheet::About);
+    m_person.beginSheet(Sheet::About);
 }
 
 void LWAppDelegate::closeAbout()
 {
-    m_userInterface.endSheet(Sheet::About);
+    m_person.endSheet(Sheet::About);
 }
 
 void LWAppDelegate::openHelp()
 {
-    m_userInterface.beginSheet(Sheet::Help);
+    m_person.beginSheet(Sheet::Help);
 }
 
 void LWAppDelegate::closeHelp()
 {
-    m_userInterface.endSheet(Sheet::Help);
+    m_person.endSheet(Sheet::Help);
 }
 
 void LWAppDelegate::openPvw()
 {
-    m_userInterface.showOutputPreview();
+    m_person.showOutputPreview();
     qCDebug(lcDocument, "test");
 }
 
@@ -116,22 +116,22 @@ bool LWAppDelegate::hasWebPages()
 
 void LWAppDelegate::Orvurllink()
 {
-    m_userInterface.openWebAddress(WebAddresses::home);
+    m_person.openWebAddress(WebAddresses::home);
 }
 
 void LWAppDelegate::orvsoftwareurl()
 {
-    m_userInterface.openWebAddress(WebAddresses::software);
+    m_person.openWebAddress(WebAddresses::software);
 }
 
 void LWAppDelegate::webupdatecheck()
 {
-    m_userInterface.openWebAddress(WebAddresses::software);
+    m_person.openWebAddress(WebAddresses::software);
 }
 
 void LWAppDelegate::orvsoftwarehelpurl()
 {
-    m_userInterface.openWebAddress(WebAddresses::help);
+    m_person.openWebAddress(WebAddresses::help);
 }
 
 QString LWAppDelegate::applicationFilesDirectory() const

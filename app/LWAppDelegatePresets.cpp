@@ -20,14 +20,14 @@ void LWAppDelegate::keepAsPresets()
 {
     const Result<std::vector<LayerPointer>> copies = LayerArchive::copies(selectedLayers(), *this);
     if (!copies)
-        return m_userInterface.tellFailure("Cannot keep " + copies.error().text);
+        return m_person.tellFailure("Cannot keep " + copies.error().text);
     m_presetarraycontroller.insertObjectsAtArrangedObjectIndex(*copies, 0);
     std::vector<qsizetype> rows(copies->size());
     std::iota(rows.begin(), rows.end(), 0);
     m_presetarraycontroller.setSelectionIndexes(std::move(rows), 0);
     finishEdit("store preset");
-    m_userInterface.tellStatus(copies->size() == 1 ? QString("%1 is kept as a preset").arg(copies->front()->label())
-                                                   : QString("%1 layers are kept as presets").arg(copies->size()));
+    m_person.tellStatus(copies->size() == 1 ? QString("%1 is kept as a preset").arg(copies->front()->label())
+                                            : QString("%1 layers are kept as presets").arg(copies->size()));
 }
 
 void LWAppDelegate::removePreset()
@@ -40,23 +40,21 @@ void LWAppDelegate::removePreset()
 
 void LWAppDelegate::savePresets()
 {
-    const std::optional<QString> path =
-        m_userInterface.runModalSavePanel({"Save preset library", FileFormat::Kind::Presets});
+    const std::optional<QString> path = m_person.runModalSavePanel({"Save preset library", FileFormat::Kind::Presets});
     if (!path)
         return;
     if (const Result<void> written = PresetLibrary::write(*path, presetScreensArray()); !written)
-        m_userInterface.alert("Cannot save " + written.error().text, "The presets are not saved.");
+        m_person.alert("Cannot save " + written.error().text, "The presets are not saved.");
 }
 
 void LWAppDelegate::openPresets()
 {
-    const std::optional<QString> path =
-        m_userInterface.runModalOpenPanel({"Open preset library", FileFormat::Gives::Presets});
+    const std::optional<QString> path = m_person.runModalOpenPanel({"Open preset library", FileFormat::Gives::Presets});
     if (!path)
         return;
     const Result<std::vector<LayerPointer>> presets = PresetLibrary::read(*path, *this);
     if (!presets)
-        return m_userInterface.alert("Cannot open " + presets.error().text, "The presets are unchanged.");
+        return m_person.alert("Cannot open " + presets.error().text, "The presets are unchanged.");
     m_presetarraycontroller.setLayers(*presets, {0});
     finishEdit("open presets");
 }
@@ -73,7 +71,7 @@ std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()
         return BuiltInPresets::make(*this);
     const Result<std::optional<std::vector<LayerPointer>>> kept = m_presetStore->load(*this);
     if (!kept)
-        m_userInterface.tellFailure(kept.error().text);
+        m_person.tellFailure(kept.error().text);
     if (kept && *kept)
         return **kept;
     std::vector<LayerPointer> builtIn = BuiltInPresets::make(*this);
@@ -95,7 +93,7 @@ void LWAppDelegate::keepPresets()
     }
     UnkeptPresets unkept{presets, "The presets are not kept for the next start: " + kept.error().text};
     if (m_unkeptPresets != unkept)
-        m_userInterface.tellFailure(unkept.sentence);
+        m_person.tellFailure(unkept.sentence);
     m_unkeptPresets = std::move(unkept);
 }
 

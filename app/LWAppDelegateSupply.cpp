@@ -13,7 +13,7 @@ void LWAppDelegate::calculatePower()
     PowerCalculator::chooseSupply(*this);
     const float amperes = Load::of(allScreensArray()).amperes(m_voltageCalc, m_phaseCalc);
     m_powerResult = PowerCalculator::resultText(amperes);
-    m_userInterface.showPowerResult(m_powerResult);
+    m_person.showPowerResult(m_powerResult);
 }
 
 void LWAppDelegate::voltageSelect(qint64 tag)
@@ -33,7 +33,7 @@ void LWAppDelegate::supplyWasChosen(const QString &keyPath)
     calculatePower(); // chooses what is 0
     m_supply = Supply::of(m_voltageCalc, m_phaseCalc);
     if (m_supply)
-        m_userInterface.noteSupply(*m_supply);
+        m_person.noteSupply(*m_supply);
     renderCurrents();
     finishEdit(EditNames::ofKeyPath(keyPath));
 }
@@ -41,7 +41,7 @@ void LWAppDelegate::supplyWasChosen(const QString &keyPath)
 void LWAppDelegate::takeSupply(const std::optional<Supply> &chosen)
 {
     m_supply = chosen;
-    const std::optional<Supply> counts = chosen ? chosen : m_userInterface.lastSupply();
+    const std::optional<Supply> counts = chosen ? chosen : m_person.lastSupply();
     m_voltageCalc = counts ? counts->volts : 0;
     m_phaseCalc = counts ? counts->phases : 0;
 }

@@ -68,7 +68,7 @@ MainWindow::~MainWindow()
 {
     m_document.undoStack().disconnect(this); // it tells that its steps go, when the actions have gone
     // The views show the document, so they go first.
-    m_interface.setCanvas(nullptr);
+    m_person.setCanvas(nullptr);
     delete takeCentralWidget();
 }
 
@@ -140,11 +140,11 @@ void MainWindow::addViews()
     m_regions->addWidget(m_listsSide);
     m_canvasPane = new CanvasPane(m_canvasLink, m_regions);
     m_canvas = &m_canvasPane->canvas();
-    m_interface.setCanvas(m_canvas);
+    m_person.setCanvas(m_canvas);
     m_canvas->installEventFilter(this);
     m_regions->addWidget(m_canvasPane);
     m_inspectorSide = new FoldingSide("Inspector", FoldingSide::Side::Right, m_regions);
-    m_inspector = new Inspector(m_document, m_interface, m_inspectorSide);
+    m_inspector = new Inspector(m_document, m_person, m_inspectorSide);
     m_inspector->setMinimumWidth(leastInspectorWidth);
     m_inspectorSide->setContent(m_inspector);
     m_regions->addWidget(m_inspectorSide);
@@ -201,22 +201,22 @@ void MainWindow::orderFocus()
 
 void MainWindow::connectDocument()
 {
-    connect(&m_interface, &WindowInterface::outputComposed, m_canvas, &LWCanvasImageView::showOutput);
-    connect(&m_interface, &WindowInterface::outputReleased, m_canvas, &LWCanvasImageView::releaseOutput);
-    connect(&m_interface, &WindowInterface::sheetAsked, &m_sheets, &Sheets::begin);
-    connect(&m_interface, &WindowInterface::sheetDone, &m_sheets, &Sheets::end);
-    connect(&m_interface, &WindowInterface::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
-    connect(&m_interface, &WindowInterface::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
-    connect(&m_interface, &WindowInterface::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
-    connect(&m_interface, &WindowInterface::powerComputed, this, [this](const QString &text) {
+    connect(&m_person, &WindowPerson::outputComposed, m_canvas, &LWCanvasImageView::showOutput);
+    connect(&m_person, &WindowPerson::outputReleased, m_canvas, &LWCanvasImageView::releaseOutput);
+    connect(&m_person, &WindowPerson::sheetAsked, &m_sheets, &Sheets::begin);
+    connect(&m_person, &WindowPerson::sheetDone, &m_sheets, &Sheets::end);
+    connect(&m_person, &WindowPerson::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
+    connect(&m_person, &WindowPerson::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
+    connect(&m_person, &WindowPerson::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
+    connect(&m_person, &WindowPerson::powerComputed, this, [this](const QString &text) {
         m_powerBar->showPowerResult(text);
         m_powerBar->showSupply(
             m_document.voltageCalc(), m_document.phaseCalc(),
             LayerText::load(m_document.allScreensArray(), m_document.voltageCalc(), m_document.phaseCalc()));
     });
-    connect(&m_interface, &WindowInterface::failureTold, m_powerBar, &PowerBar::showFailure);
-    connect(&m_interface, &WindowInterface::statusTold, m_powerBar, &PowerBar::showStatus);
-    connect(&m_interface, &WindowInterface::fileChangedElsewhere, this, &MainWindow::tellChangedElsewhere);
+    connect(&m_person, &WindowPerson::failureTold, m_powerBar, &PowerBar::showFailure);
+    connect(&m_person, &WindowPerson::statusTold, m_powerBar, &PowerBar::showStatus);
+    connect(&m_person, &WindowPerson::fileChangedElsewhere, this, &MainWindow::tellChangedElsewhere);
     connect(&m_document, &LWAppDelegate::projectPathDidChange, this, &MainWindow::showFile);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this,
             [this](bool isClean) { setWindowModified(!isClean); });
@@ -256,7 +256,7 @@ QString MainWindow::panelAt(const QPoint &pixel) const
 
 void MainWindow::showFile(const QString &path)
 {
-    m_interface.setFile(path);
+    m_person.setFile(path);
     // "[*]" in a title is Qt's sign for a changed document; twice it is the text itself.
     const QString name = path.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(path).fileName();
     setWindowTitle(QString(name).replace("[*]", "[*][*]") + "[*] — Wallwright");
@@ -334,5 +334,5 @@ void MainWindow::dropEvent(QDropEvent *event)
     }
     const QPointF place = m_canvas->mapFrom(this, event->position().toPoint());
     const bool isOnCanvas = m_canvas->rect().contains(place.toPoint());
-    m_document.addImages(pictures, isOnCanvas ? m_interface.pixelAt(place) : std::nullopt);
+    m_document.addImages(pictures, isOnCanvas ? m_person.pixelAt(place) : std::nullopt);
 }

@@ -3,7 +3,7 @@
 #include "app/LWAppDelegate.h"
 #include "windows/CanvasLink.h"
 #include "windows/Sheets.h"
-#include "windows/WindowInterface.h"
+#include "windows/WindowPerson.h"
 
 #include <QKeySequence>
 #include <QMainWindow>
@@ -125,8 +125,8 @@ private:
 
     static constexpr QLatin1StringView nameOfNewDocument{"Untitled"};
 
-    WindowInterface m_interface{*this};
-    LWAppDelegate m_document{m_interface, RecoveryFolder::standardPath(), PresetStore::standardPath()};
+    WindowPerson m_person{*this};
+    LWAppDelegate m_document{m_person, RecoveryFolder::standardPath(), PresetStore::standardPath()};
     CanvasLink m_canvasLink{m_document};
     QVBoxLayout *m_column; ///< notices, regions and power line
     QPointer<NoticeBar> m_unsavedWork;

@@ -275,8 +275,8 @@ OutputPreview &MainWindow::outputPreview()
         return *m_preview;
     m_preview = new OutputPreview(this);
     m_preview->showOutput(m_document.img());
-    connect(&m_interface, &WindowInterface::outputComposed, m_preview, &OutputPreview::showOutput);
-    connect(&m_interface, &WindowInterface::outputReleased, m_preview, &OutputPreview::releaseOutput);
+    connect(&m_person, &WindowPerson::outputComposed, m_preview, &OutputPreview::showOutput);
+    connect(&m_person, &WindowPerson::outputReleased, m_preview, &OutputPreview::releaseOutput);
     connect(m_preview, &OutputPreview::displayDidChange, m_powerBar,
             [this](const QString &problem) { m_powerBar->showFault(m_preview, problem); });
     return *m_preview;
@@ -358,7 +358,7 @@ void MainWindow::listUnsavedWork(QMenu &menu)
 
 void MainWindow::forget(const std::vector<FoundCopy> &copies)
 {
-    if (!m_interface.confirm("Forget all unsaved work of ended programs?", "This cannot be undone.", "Forget"))
+    if (!m_person.confirm("Forget all unsaved work of ended programs?", "This cannot be undone.", "Forget"))
         return;
     for (const FoundCopy &copy : copies)
         m_document.discardRecoverable(copy);

@@ -12,7 +12,7 @@
 namespace {
 constexpr QSize iconSize{96, 96};
 
-std::size_t indexOf(UserInterface::Sheet sheet)
+std::size_t indexOf(Person::Sheet sheet)
 {
     return static_cast<std::size_t>(sheet);
 }
@@ -22,9 +22,9 @@ Sheets::Sheets(LWAppDelegate &document, QWidget &window) : m_document(document),
 
 Sheets::~Sheets() = default;
 
-void Sheets::begin(UserInterface::Sheet sheet)
+void Sheets::begin(Person::Sheet sheet)
 {
-    if (sheet == UserInterface::Sheet::Help)
+    if (sheet == Person::Sheet::Help)
         return showHelp();
     QDialog *&dialog = m_dialogs[indexOf(sheet)];
     if (!dialog)
@@ -32,18 +32,18 @@ void Sheets::begin(UserInterface::Sheet sheet)
     dialog->open();
 }
 
-void Sheets::end(UserInterface::Sheet sheet)
+void Sheets::end(Person::Sheet sheet)
 {
-    QWidget *shown = sheet == UserInterface::Sheet::Help ? m_help.get() : nullptr;
-    if (sheet != UserInterface::Sheet::Help)
+    QWidget *shown = sheet == Person::Sheet::Help ? m_help.get() : nullptr;
+    if (sheet != Person::Sheet::Help)
         shown = m_dialogs[indexOf(sheet)];
     if (shown)
         shown->hide();
 }
 
-QDialog *Sheets::make(UserInterface::Sheet sheet)
+QDialog *Sheets::make(Person::Sheet sheet)
 {
-    return sheet == UserInterface::Sheet::AddWindow ? makeAddWindow() : makeAbout();
+    return sheet == Person::Sheet::AddWindow ? makeAddWindow() : makeAbout();
 }
 
 QDialog *Sheets::makeAddWindow()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UserInterface.h"
+#include "app/Person.h"
 
 #include <QObject>
 
@@ -23,17 +23,17 @@ public:
     Sheets(LWAppDelegate &document, QWidget &window);
     ~Sheets() override;
 
-    void begin(UserInterface::Sheet sheet);
-    void end(UserInterface::Sheet sheet);
+    void begin(Person::Sheet sheet);
+    void end(Person::Sheet sheet);
 
 private:
-    QDialog *make(UserInterface::Sheet sheet);
+    QDialog *make(Person::Sheet sheet);
     QDialog *makeAddWindow();
     QDialog *makeAbout();
     void showHelp();
 
     LWAppDelegate &m_document;
     QWidget &m_window;
-    std::array<QDialog *, 2> m_dialogs{}; ///< by UserInterface::Sheet; the window owns them
+    std::array<QDialog *, 2> m_dialogs{}; ///< by Person::Sheet; the window owns them
     std::unique_ptr<HelpWindow> m_help;
 };

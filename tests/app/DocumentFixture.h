@@ -2,7 +2,7 @@
 
 #include "app/LWAppDelegate.h"
 #include "screen/LWScreen.h"
-#include "tests/app/ScriptedInterface.h"
+#include "tests/app/ScriptedPerson.h"
 
 #include <QRect>
 #include <QTemporaryDir>
@@ -52,7 +52,7 @@ protected:
 
     QRgb outputPixel(int x, int y) { return document.offscreenRep().pixel(x, y); }
 
-    ScriptedInterface person;
+    ScriptedPerson person;
     LWAppDelegate document{person};
     QTemporaryDir folder;
 };

@@ -1,6 +1,6 @@
 #include "app/LWAppDelegate.h"
 #include "tests/app/KillShow.h"
-#include "tests/app/ScriptedInterface.h"
+#include "tests/app/ScriptedPerson.h"
 
 #include <QFile>
 #include <QGuiApplication>
@@ -85,7 +85,7 @@ private:
     }
 
     std::mt19937 m_random;
-    ScriptedInterface m_person;
+    ScriptedPerson m_person;
     LWAppDelegate m_document;
     QTimer m_timer;
     int m_savesOneIn = 1; ///< edits

@@ -184,7 +184,7 @@ TEST_F(LWAppDelegateFiles, AFailedSaveIsAnAlertAndKeepsTheOldFile)
 
 TEST_F(LWAppDelegateFiles, AFileHandedOverBeforeTheStartIsOpenedByIt)
 {
-    ScriptedInterface other;
+    ScriptedPerson other;
     LWAppDelegate late(other);
     EXPECT_TRUE(late.applicationOpenFile(sample()));
     EXPECT_TRUE(late.allScreensArray().empty());

@@ -8,7 +8,7 @@
 #include <QTest>
 
 namespace {
-using Sheet = UserInterface::Sheet;
+using Sheet = Person::Sheet;
 
 /// Adding, removing and duplicating layers.
 class LWAppDelegateLayers : public ListFixture

@@ -5,7 +5,7 @@
 #include <QStandardPaths>
 
 namespace {
-using Sheet = UserInterface::Sheet;
+using Sheet = Person::Sheet;
 using Reply = LWAppDelegate::TerminateReply;
 
 /// A store that does what the test wrote down.
@@ -53,7 +53,7 @@ protected:
 
 TEST_F(LWAppDelegateLifecycle, AFreshStartHasOneLayerAnd31PresetsAndNothingToUndo)
 {
-    ScriptedInterface other;
+    ScriptedPerson other;
     LWAppDelegate fresh(other);
     EXPECT_TRUE(fresh.allScreensArray().empty());
     EXPECT_EQ(other.timesShown, 0);

@@ -2,7 +2,7 @@
 
 #include "app/LWAppDelegate.h"
 #include "tests/app/RandomValues.h"
-#include "tests/app/ScriptedInterface.h"
+#include "tests/app/ScriptedPerson.h"
 #include "tests/screen/TestHost.h"
 
 #include <QByteArray>
@@ -92,7 +92,7 @@ private:
     void checkHistory();
 
     RandomValues m_values;
-    ScriptedInterface m_person;
+    ScriptedPerson m_person;
     QTemporaryDir m_folder;
     TestHost m_host;
     std::unique_ptr<LWAppDelegate> m_document = std::make_unique<LWAppDelegate>(m_person, pathOf("recovery"));

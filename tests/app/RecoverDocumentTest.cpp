@@ -63,7 +63,7 @@ protected:
 
     QTemporaryDir state;
     QString copies = state.filePath("recovery");
-    ScriptedInterface person;
+    ScriptedPerson person;
     std::unique_ptr<LWAppDelegate> document;
 };
 } // namespace

@@ -23,7 +23,7 @@ protected:
     /// What a program leaves that ends after an edit.
     void leaveWork(int width)
     {
-        WindowInterface nobody(window);
+        WindowPerson nobody(window);
         LWAppDelegate ended(nobody, RecoveryFolder::standardPath());
         ended.applicationDidFinishLaunching();
         ended.arraycontroller().setValue(width, "arrangedObjects.panelWidth");

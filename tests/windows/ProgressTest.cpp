@@ -1,5 +1,5 @@
 #include "windows/ProgressDialog.h"
-#include "windows/WindowInterface.h"
+#include "windows/WindowPerson.h"
 
 #include <QApplication>
 #include <QMainWindow>
@@ -20,25 +20,23 @@ protected:
     /// Works for longer than the person's patience.
     bool workLong(double done)
     {
-        interface.showProgress("Exporting show.psd", 0);
-        std::this_thread::sleep_for(WindowInterface::patience + std::chrono::milliseconds(20));
-        return interface.showProgress("Exporting show.psd", done);
+        person.showProgress("Exporting show.psd", 0);
+        std::this_thread::sleep_for(WindowPerson::patience + std::chrono::milliseconds(20));
+        return person.showProgress("Exporting show.psd", done);
     }
     ProgressDialog *dialog() { return window.findChild<ProgressDialog *>(); }
 
     QMainWindow window;
-    WindowInterface interface {
-        window
-    };
+    WindowPerson person{window};
 };
 } // namespace
 
 TEST_F(ProgressTest, ShortWorkShowsNothing)
 {
-    EXPECT_TRUE(interface.showProgress("Exporting show.psd", 0));
-    EXPECT_TRUE(interface.showProgress("Exporting show.psd", 0.5));
+    EXPECT_TRUE(person.showProgress("Exporting show.psd", 0));
+    EXPECT_TRUE(person.showProgress("Exporting show.psd", 0.5));
     EXPECT_EQ(dialog(), nullptr);
-    EXPECT_TRUE(interface.showProgress("Exporting show.psd", 1));
+    EXPECT_TRUE(person.showProgress("Exporting show.psd", 1));
     EXPECT_EQ(dialog(), nullptr);
 }
 
@@ -52,20 +50,20 @@ TEST_F(ProgressTest, LongWorkSaysWhatItIsAndHowMuchIsDone)
     EXPECT_EQ(dialog()->labelText(), "Exporting show.psd");
     EXPECT_EQ(dialog()->findChild<QProgressBar *>()->text(), "30%");
 
-    EXPECT_TRUE(interface.showProgress("Exporting show.psd", 0.9));
+    EXPECT_TRUE(person.showProgress("Exporting show.psd", 0.9));
     EXPECT_EQ(dialog()->findChild<QProgressBar *>()->text(), "90%");
 }
 
 TEST_F(ProgressTest, TheEndClosesItAndTheNextWorkBeginsAnew)
 {
     workLong(0.3);
-    EXPECT_TRUE(interface.showProgress("Exporting show.psd", 1));
+    EXPECT_TRUE(person.showProgress("Exporting show.psd", 1));
     EXPECT_EQ(dialog(), nullptr);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 
-    EXPECT_TRUE(interface.showProgress("Exporting next.psd", 0));
+    EXPECT_TRUE(person.showProgress("Exporting next.psd", 0));
     EXPECT_EQ(dialog(), nullptr);
-    interface.showProgress("Exporting next.psd", 1);
+    person.showProgress("Exporting next.psd", 1);
 }
 
 TEST_F(ProgressTest, EscapeAndTheWindowsCloseButtonCancelToo)
@@ -74,14 +72,14 @@ TEST_F(ProgressTest, EscapeAndTheWindowsCloseButtonCancelToo)
     ASSERT_TRUE(QTest::qWaitForWindowActive(dialog()));
     QTest::keyClick(dialog(), Qt::Key_Escape);
     EXPECT_TRUE(dialog()->isVisible());
-    EXPECT_FALSE(interface.showProgress("Exporting show.psd", 0.4));
-    interface.showProgress("Exporting show.psd", 1);
+    EXPECT_FALSE(person.showProgress("Exporting show.psd", 0.4));
+    person.showProgress("Exporting show.psd", 1);
 
     workLong(0.3);
     dialog()->close();
     EXPECT_TRUE(dialog()->isVisible());
-    EXPECT_FALSE(interface.showProgress("Exporting show.psd", 0.4));
-    interface.showProgress("Exporting show.psd", 1);
+    EXPECT_FALSE(person.showProgress("Exporting show.psd", 0.4));
+    person.showProgress("Exporting show.psd", 1);
 }
 
 TEST_F(ProgressTest, TheWindowStaysShutUntilCancelledWorkHasEnded)
@@ -92,8 +90,8 @@ TEST_F(ProgressTest, TheWindowStaysShutUntilCancelledWorkHasEnded)
     ASSERT_NE(dialog(), nullptr);
     EXPECT_TRUE(dialog()->isVisible());
     EXPECT_EQ(QApplication::activeModalWidget(), dialog());
-    EXPECT_FALSE(interface.showProgress("Exporting show.psd", 0.4));
-    EXPECT_FALSE(interface.showProgress("Exporting show.psd", 0.5));
-    interface.showProgress("Exporting show.psd", 1);
+    EXPECT_FALSE(person.showProgress("Exporting show.psd", 0.4));
+    EXPECT_FALSE(person.showProgress("Exporting show.psd", 0.5));
+    person.showProgress("Exporting show.psd", 1);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }

@@ -9,7 +9,7 @@
 #include "windows/LayerText.h"
 #include "windows/TextField.h"
 #include "windows/Theme.h"
-#include "windows/WindowInterface.h"
+#include "windows/WindowPerson.h"
 #include "windows/inspector/ColourButton.h"
 #include "windows/inspector/FigureBlock.h"
 #include "windows/inspector/NumberField.h"
@@ -40,8 +40,8 @@ QPushButton *textButton(const QString &text, const QString &tip)
 }
 } // namespace
 
-Inspector::Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent)
-    : QScrollArea(parent), m_document(document), m_interface(interface)
+Inspector::Inspector(LWAppDelegate &document, WindowPerson &person, QWidget *parent)
+    : QScrollArea(parent), m_document(document), m_person(person)
 {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus); // it scrolls to the control that has the focus
@@ -315,7 +315,7 @@ void Inspector::showFolder() const
     const auto *still = qobject_cast<const LWStill *>(selected.get());
     const QString path = still ? still->ImageURL().toLocalFile() : QString();
     if (path.isEmpty() || !QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())))
-        m_interface.tellFailure("There is no folder to show; choose the picture first.");
+        m_person.tellFailure("There is no folder to show; choose the picture first.");
 }
 
 void Inspector::showOutputFirst(bool isFirst)

@@ -13,7 +13,7 @@ class NumberField;
 class PatternGrid;
 class QComboBox;
 class QToolButton;
-class WindowInterface;
+class WindowPerson;
 
 /// What the selected layers are made of, to be read and edited, and the output below it. Edits apply while they are
 /// typed, to all selected layers, as one step.
@@ -23,7 +23,7 @@ class Inspector final : public QScrollArea
 
 public:
     /// Both outlive the inspector's last event. It is empty until makeControls().
-    Inspector(LWAppDelegate &document, WindowInterface &interface, QWidget *parent = nullptr);
+    Inspector(LWAppDelegate &document, WindowPerson &person, QWidget *parent = nullptr);
     ~Inspector() override;
 
     /// Makes the controls, if they are not there.
@@ -68,7 +68,7 @@ private:
     void makeRoomBelowOutput(bool isAtTop);
 
     LWAppDelegate &m_document;
-    WindowInterface &m_interface;
+    WindowPerson &m_person;
     QWidget *m_content = nullptr; ///< null until the controls are made
     std::unique_ptr<InspectorForm> m_form;
     InspectorForm::Kinds m_kinds = InspectorForm::None; ///< as last shown

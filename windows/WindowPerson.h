@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UserInterface.h"
+#include "app/Person.h"
 
 #include <QAbstractFileIconProvider>
 #include <QElapsedTimer>
@@ -14,16 +14,16 @@
 class LWCanvasImageView;
 class ProgressDialog;
 
-/// What the document needs of a person, asked in panels and alerts over the main window; what it has to show goes on to
-/// the views as signals.
-class WindowInterface final : public QObject, public UserInterface
+/// The person at the main window: asked in panels and alerts over it; what the document has to show goes on to the
+/// views as signals.
+class WindowPerson final : public QObject, public Person
 {
     Q_OBJECT
 
 public:
     /// `window` carries the panels and outlives this.
-    explicit WindowInterface(QWidget &window);
-    ~WindowInterface() override;
+    explicit WindowPerson(QWidget &window);
+    ~WindowPerson() override;
 
     /// Asks whether to do what cannot be undone; `button` says yes. Enter and Escape say no.
     bool confirm(const QString &message, const QString &informativeText, const QString &button);
@@ -86,7 +86,7 @@ signals:
     void canvasRepaintAsked();
     void layersRendered();
     void powerComputed(const QString &text);
-    /// UserInterface::fileWasChangedElsewhere().
+    /// Person::fileWasChangedElsewhere().
     void fileChangedElsewhere(const QString &path);
 
 private:

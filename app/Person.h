@@ -12,12 +12,12 @@
 
 #include <optional>
 
-/// What the document needs of the person at the screen. The windows implement it; tests script it; the command line
-/// does without, since it works on projects and compositions directly.
-class UserInterface
+/// The person at the screen, whom the document asks and tells. The windows implement it; tests script it; the command
+/// line does without, since it works on projects and compositions directly.
+class Person
 {
 public:
-    virtual ~UserInterface() = default;
+    virtual ~Person() = default;
 
     /// What a file is asked for: the title says it, and files that give what is wanted are offered.
     struct OpenPurpose

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UserInterface.h"
+#include "app/Person.h"
 
 #include <QList>
 #include <QStringList>
@@ -8,7 +8,7 @@
 #include <set>
 
 /// A person who does what the test wrote down, and remembers what was said.
-class ScriptedInterface final : public UserInterface
+class ScriptedPerson final : public Person
 {
 public:
     struct Alert

@@ -1,4 +1,4 @@
-#include "windows/WindowInterface.h"
+#include "windows/WindowPerson.h"
 
 #include "app/Settings.h"
 #include "canvas/LWCanvasImageView.h"
@@ -100,11 +100,11 @@ std::optional<QString> run(QFileDialog &panel)
 }
 } // namespace
 
-WindowInterface::WindowInterface(QWidget &window) : m_window(window), m_icons(std::make_unique<NameIcons>()) {}
+WindowPerson::WindowPerson(QWidget &window) : m_window(window), m_icons(std::make_unique<NameIcons>()) {}
 
-WindowInterface::~WindowInterface() = default;
+WindowPerson::~WindowPerson() = default;
 
-QString WindowInterface::proposedName(FileFormat::Kind kind) const
+QString WindowPerson::proposedName(FileFormat::Kind kind) const
 {
     if (kind == FileFormat::Kind::Presets)
         return "Presets";
@@ -113,7 +113,7 @@ QString WindowInterface::proposedName(FileFormat::Kind kind) const
     return format.appended == FileFormat::Appended::Always ? name : name + '.' + format.extension;
 }
 
-std::optional<QString> WindowInterface::runModalOpenPanel(const OpenPurpose &purpose)
+std::optional<QString> WindowPerson::runModalOpenPanel(const OpenPurpose &purpose)
 {
     QFileDialog panel(&m_window, purpose.title, startFolder(m_folder));
     setUp(panel, *m_icons);
@@ -127,7 +127,7 @@ std::optional<QString> WindowInterface::runModalOpenPanel(const OpenPurpose &pur
     return path;
 }
 
-std::optional<QString> WindowInterface::runModalSavePanel(const SavePurpose &purpose)
+std::optional<QString> WindowPerson::runModalSavePanel(const SavePurpose &purpose)
 {
     QFileDialog panel(&m_window, purpose.title, startFolder(m_folder));
     setUp(panel, *m_icons);
@@ -148,7 +148,7 @@ std::optional<QString> WindowInterface::runModalSavePanel(const SavePurpose &pur
     return path;
 }
 
-bool WindowInterface::mayReplace(const QString &path)
+bool WindowPerson::mayReplace(const QString &path)
 {
     const QFileInfo file(path);
     if (!file.isFile())
@@ -156,7 +156,7 @@ bool WindowInterface::mayReplace(const QString &path)
     return confirm(QString("\"%1\" exists already.").arg(file.fileName()), "Replacing it cannot be undone.", "Replace");
 }
 
-bool WindowInterface::confirm(const QString &message, const QString &informativeText, const QString &button)
+bool WindowPerson::confirm(const QString &message, const QString &informativeText, const QString &button)
 {
     QMessageBox question(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Cancel, &m_window);
     setUp(question, informativeText);
@@ -166,14 +166,14 @@ bool WindowInterface::confirm(const QString &message, const QString &informative
     return question.clickedButton() == yes;
 }
 
-void WindowInterface::alert(const QString &message, const QString &informativeText)
+void WindowPerson::alert(const QString &message, const QString &informativeText)
 {
     QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::Ok, &m_window);
     setUp(box, informativeText);
     box.exec();
 }
 
-void WindowInterface::ask(const QString &message, const QString &informativeText, const QStringList &buttons)
+void WindowPerson::ask(const QString &message, const QString &informativeText, const QStringList &buttons)
 {
     QMessageBox box(QMessageBox::NoIcon, "Wallwright", message, QMessageBox::NoButton, &m_window);
     setUp(box, informativeText);
@@ -182,19 +182,19 @@ void WindowInterface::ask(const QString &message, const QString &informativeText
     box.exec();
 }
 
-bool WindowInterface::presentError(const QString &text)
+bool WindowPerson::presentError(const QString &text)
 {
     alert(text, {});
     return true;
 }
 
-void WindowInterface::openWebAddress(const QString &address)
+void WindowPerson::openWebAddress(const QString &address)
 {
     if (!QDesktopServices::openUrl(QUrl(address)))
         tellFailure("Cannot open " + address + "; open it in a browser.");
 }
 
-bool WindowInterface::showProgress(const QString &what, double done)
+bool WindowPerson::showProgress(const QString &what, double done)
 {
     if (done >= 1) {
         m_workTime.invalidate();
@@ -212,19 +212,19 @@ bool WindowInterface::showProgress(const QString &what, double done)
     return !m_progressDialog->isCancelled();
 }
 
-QSizeF WindowInterface::canvasFrameSize() const
+QSizeF WindowPerson::canvasFrameSize() const
 {
     return m_canvas ? m_canvas->fittedSize() : QSizeF(0, 0);
 }
 
-std::optional<QPoint> WindowInterface::pixelAt(const QPointF &place) const
+std::optional<QPoint> WindowPerson::pixelAt(const QPointF &place) const
 {
     return m_canvas ? m_canvas->pixelAt(place) : std::nullopt;
 }
 
 /// The output's own middle, where a pixel of the view does not tell them apart: what is as large as the output covers
 /// it then.
-std::optional<QPoint> WindowInterface::middleOfView() const
+std::optional<QPoint> WindowPerson::middleOfView() const
 {
     const std::optional<QPoint> middle = m_canvas ? m_canvas->pixelAt(QRectF(m_canvas->rect()).center()) : std::nullopt;
     if (!middle)
@@ -238,47 +238,47 @@ std::optional<QPoint> WindowInterface::middleOfView() const
     return isOutputs ? ofOutput : *middle;
 }
 
-void WindowInterface::setKScaleFactor(float factor)
+void WindowPerson::setKScaleFactor(float factor)
 {
     if (m_canvas)
         m_canvas->setKScaleFactor(factor);
 }
 
-void WindowInterface::drawRectangle(const QRectF &rectangle)
+void WindowPerson::drawRectangle(const QRectF &rectangle)
 {
     if (m_canvas)
         m_canvas->drawRectangle(rectangle);
 }
 
-void WindowInterface::showRectangle()
+void WindowPerson::showRectangle()
 {
     if (m_canvas)
         m_canvas->showRectangle();
 }
 
-void WindowInterface::hideRectangle()
+void WindowPerson::hideRectangle()
 {
     if (m_canvas)
         m_canvas->hideRectangle();
 }
 
-void WindowInterface::noteRecentDocument(const QString &path)
+void WindowPerson::noteRecentDocument(const QString &path)
 {
     m_folder = QFileInfo(path).absolutePath();
     Settings::noteRecentFile(path);
 }
 
-std::optional<Supply> WindowInterface::lastSupply() const
+std::optional<Supply> WindowPerson::lastSupply() const
 {
     return Settings::supply();
 }
 
-void WindowInterface::noteSupply(const Supply &supply)
+void WindowPerson::noteSupply(const Supply &supply)
 {
     Settings::setSupply(supply);
 }
 
-void WindowInterface::fileWasChangedElsewhere(const QString &path)
+void WindowPerson::fileWasChangedElsewhere(const QString &path)
 {
     emit fileChangedElsewhere(path);
 }
