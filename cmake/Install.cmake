@@ -20,7 +20,6 @@ pack(${DESKTOP_FILES}/wallwright.1 ${DESKTOP_FILES}/wallwright.1.gz)
 pack(${DESKTOP_SOURCES}/changelog ${DESKTOP_FILES}/changelog.gz)
 
 add_executable(make_icon_picture ${DESKTOP_SOURCES}/IconPicture.cpp)
-set_target_properties(make_icon_picture PROPERTIES AUTOMOC OFF)
 target_link_libraries(make_icon_picture PRIVATE Qt6::Gui warnings)
 set(ICON ${CMAKE_SOURCE_DIR}/resources/wallwright.svg)
 foreach(side 48 64 128 256)

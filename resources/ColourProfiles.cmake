@@ -1,7 +1,6 @@
 # Makes the three ICC files and embeds them in a target, under :/colour-profiles/. Qt knows these colour spaces, so that
 # no profile lies in the sources as a blob.
 add_executable(make_colour_profiles ${CMAKE_CURRENT_LIST_DIR}/ColourProfiles.cpp)
-set_target_properties(make_colour_profiles PROPERTIES AUTOMOC OFF)
 target_link_libraries(make_colour_profiles PRIVATE Qt6::Gui warnings)
 
 function(embed_colour_profiles target)
