@@ -66,12 +66,15 @@ LWAppDelegate::LWAppDelegate(Person &person, const QString &recoveryFolder, cons
         connectRecovery();
     }
     if (!presetsFile.isEmpty())
-        m_presetStore.emplace(presetsFile);
+        m_keptPresets.emplace(presetsFile);
 }
 
 LWAppDelegate::~LWAppDelegate()
 {
-    keepPresets();
+    if (m_keptPresets) {
+        if (const Result<void> kept = m_keptPresets->keep(m_history.state().presets, *this); !kept)
+            m_person.tellFailure(kept.error().text);
+    }
     m_recovery.reset(); // keeps what is unsaved while all of it is still there
 }
 

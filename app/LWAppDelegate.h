@@ -1,8 +1,8 @@
 #pragma once
 
+#include "app/KeptPresets.h"
 #include "app/Person.h"
 #include "base/Colour.h"
-#include "formats/PresetStore.h"
 #include "layer/LayerHost.h"
 #include "output/Composition.h"
 #include "recovery/RecoveryCopy.h"
@@ -295,15 +295,6 @@ private:
         Presets
     };
 
-    /// Presets that could not be kept, and the sentence that has told so.
-    struct UnkeptPresets
-    {
-        std::vector<LayerState> presets;
-        QString sentence;
-
-        bool operator==(const UnkeptPresets &) const = default;
-    };
-
     DocumentState state(const DocumentState &before) const override;
     void setState(const DocumentState &state) override;
     void takeState(const DocumentState &state);
@@ -311,9 +302,7 @@ private:
     LayerPointer firstLayer();
     void connectLists();
     void connectRecovery();
-    std::vector<LayerPointer> presetsOfLastTime();
-    void keepPresets();
-    /// The same after an edit; what has just failed is left for the next edit of the presets and the end.
+    std::vector<LayerPointer> firstPresets();
     void keepEditedPresets();
 
     /// An update that no gate holds up.
@@ -374,9 +363,7 @@ private:
     ShowNews m_news;
     Redraw m_redraw{[this] { compose(); }, [this] { showRedrawn(); }};
     std::optional<RecoveryCopy> m_recovery;
-    std::optional<PresetStore> m_presetStore;
-    std::vector<LayerState> m_keptPresets;        ///< as they are in the store
-    std::optional<UnkeptPresets> m_unkeptPresets; ///< nullopt: nothing has failed since
+    std::optional<KeptPresets> m_keptPresets; ///< nullopt: they go with the document
     std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();
     std::shared_ptr<const UnknownContent> m_unknown;       ///< of that file; null: nothing
     QHash<QString, std::shared_ptr<QByteArray>> m_digests; ///< of the files that were opened or saved last, by path

@@ -26,7 +26,7 @@ void LWAppDelegate::applicationDidFinishLaunching()
 {
     takeSupply({});
     const LayerPointer layer = firstLayer();
-    const std::vector<LayerPointer> presets = presetsOfLastTime();
+    const std::vector<LayerPointer> presets = firstPresets();
     m_OutputHeight = firstOutput.height();
     m_OutputWidth = firstOutput.width();
     m_redraw.open();
@@ -36,9 +36,10 @@ void LWAppDelegate::applicationDidFinishLaunching()
     if (!m_preOpenFile.isNull())
         openProjectPre(m_preOpenFile);
     m_history.clear(); // nobody undoes the start
-    m_keptPresets = m_history.state().presets;
-    if (m_presetStore)
+    if (m_keptPresets) {
+        m_keptPresets->beginWith(m_history.state().presets);
         connect(&m_history, &DocumentHistory::contentDidChange, this, &LWAppDelegate::keepEditedPresets);
+    }
 }
 
 void LWAppDelegate::newProject()

@@ -65,40 +65,18 @@ void LWAppDelegate::resetPresets()
     finishEdit("reset presets");
 }
 
-std::vector<LayerPointer> LWAppDelegate::presetsOfLastTime()
+std::vector<LayerPointer> LWAppDelegate::firstPresets()
 {
-    if (!m_presetStore)
+    if (!m_keptPresets)
         return BuiltInPresets::make(*this);
-    const Result<std::optional<std::vector<LayerPointer>>> kept = m_presetStore->load(*this);
-    if (!kept)
-        m_person.tellFailure(kept.error().text);
-    if (kept && *kept)
-        return **kept;
-    std::vector<LayerPointer> builtIn = BuiltInPresets::make(*this);
-    m_presetStore->know(builtIn); // another program that begins with them writes no presets of its own
-    return builtIn;
-}
-
-void LWAppDelegate::keepPresets()
-{
-    if (!m_presetStore)
-        return;
-    const std::vector<LayerState> &presets = m_history.state().presets;
-    const bool areKept = presets == m_keptPresets;
-    const Result<void> kept = areKept ? Result<void>() : m_presetStore->save(presetScreensArray(), *this);
-    if (kept) {
-        m_keptPresets = presets;
-        m_unkeptPresets.reset();
-        return;
-    }
-    UnkeptPresets unkept{presets, "The presets are not kept for the next start: " + kept.error().text};
-    if (m_unkeptPresets != unkept)
-        m_person.tellFailure(unkept.sentence);
-    m_unkeptPresets = std::move(unkept);
+    KeptPresets::Beginning beginning = m_keptPresets->ofLastTime(*this);
+    if (beginning.failure)
+        m_person.tellFailure(beginning.failure->text);
+    return std::move(beginning.presets);
 }
 
 void LWAppDelegate::keepEditedPresets()
 {
-    if (!m_unkeptPresets || m_unkeptPresets->presets != m_history.state().presets)
-        keepPresets();
+    if (const Result<void> kept = m_keptPresets->keepEdited(m_history.state().presets, *this); !kept)
+        m_person.tellFailure(kept.error().text);
 }
