@@ -218,16 +218,16 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
         renderSelected();
         m_person.reloadTable();
     }
-    finishEdit(EditNames::ofKeyPath(keyPath), typingOn(keyPath));
+    finishEdit(EditNames::ofKeyPath(keyPath), gestureOn(keyPath));
 }
 
 /// What edits in a row are one step by: the same value of the same layer, unless each is a choice of its own.
-QString LWAppDelegate::typingOn(const QString &keyPath) const
+Gesture LWAppDelegate::gestureOn(const QString &keyPath) const
 {
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     if (keyPath == updatePatternPath || m_arraycontroller.value(keyPath).typeId() == QMetaType::Bool)
         return {};
-    return keyPath + QString(" %1").arg(reinterpret_cast<quintptr>(selected.get()));
+    return {keyPath, selected};
 }
 
 /// An edit that nothing is drawn anew for.
@@ -245,9 +245,9 @@ void LWAppDelegate::noteSelection()
     QTimer::singleShot(0, this, &LWAppDelegate::tellChanges);
 }
 
-void LWAppDelegate::finishEdit(const QString &name, const QString &typing)
+void LWAppDelegate::finishEdit(const QString &name, const Gesture &gesture)
 {
-    m_history.record(name, typing);
+    m_history.record(name, gesture);
     update();
 }
 

@@ -121,16 +121,16 @@ public:
     void observeValueForKeyPath(const QString &keyPath);
 
     /// Typing in a field has ended: the next edit of the same value is a step of its own.
-    void endTyping() { m_history.endTyping(); }
+    void endTyping() { m_history.endGesture(); }
     /// What is being typed is no value in the end: it is taken back, without a step to do it again.
-    void takeBackTyping() { m_history.takeBackTyping(); }
+    void takeBackTyping() { m_history.takeBackGesture(); }
     /// From now on edits are only tried; keepTrial() makes one step of them, dropTrial() takes them back.
     void beginTrial() { m_history.beginTrial(); }
     void keepTrial() { m_history.keepTrial(); }
     void dropTrial() { m_history.dropTrial(); }
     /// An edit was made with plain setters: it becomes a step of the history under that name, and is shown. Edits in a
-    /// row with the same `typing` that is not empty are one step.
-    void finishEdit(const QString &name, const QString &typing = {});
+    /// row with the same gesture are one step.
+    void finishEdit(const QString &name, const Gesture &gesture = {});
 
     /// Shows the sheet that offers what to add, and hides it.
     void add();
@@ -317,7 +317,7 @@ private:
     void showMarker(const DocumentState &state);
     void recordUnwatched(const QString &name);
     void noteSelection();
-    QString typingOn(const QString &keyPath) const;
+    Gesture gestureOn(const QString &keyPath) const;
     void updateAgainSoon();
     /// Whether the last edited value was a side that an aspect lock follows.
     void noteEditedSide(const QString &keyPath);

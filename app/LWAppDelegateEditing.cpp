@@ -98,7 +98,7 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
 void LWAppDelegate::moveSelection(const QPoint &distance)
 {
     shiftSelection(distance.x(), distance.y());
-    finishEdit("move layer", "move");
+    finishEdit("move layer", {"move", nullptr});
 }
 
 void LWAppDelegate::shiftSelection(qint64 right, qint64 down)

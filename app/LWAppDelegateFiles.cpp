@@ -150,7 +150,7 @@ void LWAppDelegate::setFile(std::shared_ptr<DocumentFile> file)
 
 void LWAppDelegate::documentIsInFile()
 {
-    m_history.endTyping();
+    m_history.endGesture();
     m_history.stack().setClean();
     if (m_recovery)
         m_recovery->documentWasSaved(projectPath());

@@ -189,6 +189,6 @@ void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
         m_person.showRectangle();
     else
         m_person.hideRectangle();
-    m_history.endTyping();
+    m_history.endGesture();
     noteSelection();
 }

@@ -36,7 +36,7 @@ public:
     void select(const LayerPointer &, bool) override {}
     void nudge(const QPoint &) override {}
     void update(QObject *) override {}
-    void finishEdit(const QString &, const QString &) override {}
+    void finishEdit(const QString &) override {}
     void redrawMarker() override {}
 
 private:

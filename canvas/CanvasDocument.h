@@ -33,8 +33,8 @@ public:
     /// consequence.
     virtual void update(QObject *sender) = 0;
     /// An edit was made with plain setters: it becomes a step of the history under that name ("move image"), none where
-    /// nothing has changed, and update() follows. Edits in a row with the same `typing` that is not empty are one step.
-    virtual void finishEdit(const QString &name, const QString &typing) = 0;
+    /// nothing has changed, and update() follows.
+    virtual void finishEdit(const QString &name) = 0;
     /// The canvas shows the output in a frame of another size: a selected still draws its marker anew. Other layers
     /// have none, nothing is rendered or composed.
     virtual void redrawMarker() = 0;

@@ -115,7 +115,7 @@ void JXSelectionBorder::apply(const Outcome &outcome, CanvasDocument &document)
         outcome.still->setPanelWidth(size.width());
         outcome.still->setPanelHeight(size.height());
     }
-    document.finishEdit(outcome.size ? "resize image" : "move image", {});
+    document.finishEdit(outcome.size ? "resize image" : "move image");
 }
 
 /// The size in output pixels that a rectangle gives a still. A canvas too small to have a scale gives none: it stays.

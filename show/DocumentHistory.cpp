@@ -95,7 +95,7 @@ void DocumentHistory::clear()
 {
     m_stack.clear();
     m_state = m_document.state({});
-    endTyping();
+    endGesture();
 }
 
 void DocumentHistory::expectRendering()
@@ -123,9 +123,9 @@ bool DocumentHistory::noteSelection()
     return isSelectionAlone;
 }
 
-void DocumentHistory::takeBackTyping()
+void DocumentHistory::takeBackGesture()
 {
-    if (m_typing.isEmpty() || !lastEditIsOnTop())
+    if (!m_gesture || !lastEditIsOnTop())
         return;
     static_cast<const Step *>(m_stack.command(m_stack.index() - 1))->takeBack();
     m_stack.undo();
@@ -133,7 +133,7 @@ void DocumentHistory::takeBackTyping()
 
 void DocumentHistory::beginTrial()
 {
-    endTyping();
+    endGesture();
     m_tried = QString();
 }
 
@@ -150,7 +150,7 @@ void DocumentHistory::dropTrial()
     emit contentDidChange(); // what keeps the content may have seen the trial
 }
 
-void DocumentHistory::record(const QString &name, const QString &typing)
+void DocumentHistory::record(const QString &name, const Gesture &gesture)
 {
     if (m_tried) {
         m_tried = name;
@@ -158,15 +158,15 @@ void DocumentHistory::record(const QString &name, const QString &typing)
     }
     const DocumentState before = std::exchange(m_state, m_document.state(m_state));
     if (m_state.hasContentOf(before)) {
-        if (typing != m_typing)
-            endTyping(); // what is taken back later must not be what was typed before
+        if (gesture != m_gesture)
+            endGesture(); // what is taken back later must not be what was edited before
         return;
     }
     releasePicturesOfLeft(before, m_state);
-    const bool typesOn = !typing.isEmpty() && typing == m_typing;
-    m_typing = typing;
+    const bool goesOn = gesture && gesture == m_gesture;
+    m_gesture = gesture;
     // A saved state stays a step of its own, or undoing could not come back to it.
-    if (typesOn && lastEditIsOnTop() && !m_stack.isClean())
+    if (goesOn && lastEditIsOnTop() && !m_stack.isClean())
         replaceHere(before);
     else
         m_stack.push(new Step(*this, name, before, m_state)); // the stack owns it
@@ -190,7 +190,7 @@ bool DocumentHistory::lastEditIsOnTop() const
 
 void DocumentHistory::show(const DocumentState &state)
 {
-    endTyping();
+    endGesture();
     const DocumentState before = std::exchange(m_state, state);
     const QScopedValueRollback guard(m_isShowing, true);
     m_document.setState(state);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "show/DocumentState.h"
+#include "show/Gesture.h"
 
 #include <QObject>
 #include <QString>
@@ -42,13 +43,12 @@ public:
     const DocumentState &state() const { return m_state; }
 
     /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
-    /// nothing has. `name` follows "Undo": "panel width". Edits in a row with the same `typing` that is not empty are
-    /// one step.
-    void record(const QString &name, const QString &typing = {});
-    /// The next edit begins a step of its own, whatever it types on.
-    void endTyping() { m_typing.clear(); }
-    /// Takes back what was typed since typing began, and leaves no step of it. Does nothing where typing has ended.
-    void takeBackTyping();
+    /// nothing has. `name` follows "Undo": "panel width". Edits in a row with the same gesture are one step.
+    void record(const QString &name, const Gesture &gesture = {});
+    /// The next edit begins a step of its own, whatever gesture it carries.
+    void endGesture() { m_gesture = {}; }
+    /// Takes back the edits of the gesture, and leaves no step of them. Does nothing where it has ended.
+    void takeBackGesture();
     /// From now on edits are only tried, as colours are while their dialog is open: they make no step until one of the
     /// next two is called.
     void beginTrial();
@@ -85,7 +85,7 @@ private:
     UndoableDocument &m_document;
     QUndoStack m_stack;
     DocumentState m_state; ///< as last seen
-    QString m_typing;
+    Gesture m_gesture;
     std::optional<QString> m_tried;   ///< the name of the last edit that was only tried; nullopt: no trial
     bool m_isMidEdit = false;         ///< as expectRendering() found it
     bool m_isShowing = false;         ///< a state is being brought back

@@ -18,7 +18,7 @@ public:
     void select(const LayerPointer &layer, bool extends) override;
     void nudge(const QPoint &distance) override { m_document.moveSelection(distance); }
     void update(QObject *sender) override { m_document.update(sender); }
-    void finishEdit(const QString &name, const QString &typing) override { m_document.finishEdit(name, typing); }
+    void finishEdit(const QString &name) override { m_document.finishEdit(name); }
     void redrawMarker() override { m_document.redrawMarker(); }
 
 private:

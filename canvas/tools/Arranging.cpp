@@ -93,7 +93,7 @@ void Arranging::track(const QPoint &pixel, const std::optional<QSizeF> &reach)
 void Arranging::finish()
 {
     if (m_way != Way())
-        m_document.finishEdit("move layer", {});
+        m_document.finishEdit("move layer");
 }
 
 void Arranging::click()

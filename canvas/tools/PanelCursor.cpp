@@ -49,7 +49,7 @@ bool PanelCursor::switchPanel()
         return false;
     const QPointF corner = place().topLeft();
     m_wall->onImageClick(static_cast<qint64>(corner.x()), static_cast<qint64>(corner.y()));
-    m_document.finishEdit("switch panel", {});
+    m_document.finishEdit("switch panel");
     return true;
 }
 

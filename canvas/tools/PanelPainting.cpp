@@ -179,7 +179,7 @@ void PanelPainting::finish()
     if (m_shape == Shape::Rectangle)
         orderRectangle();
     const qint64 painted = m_shape == Shape::Stroke ? m_paintedOfStroke : panelsIn(m_paintedRectangle);
-    m_document.finishEdit(painted > 1 ? "switch panels" : "switch panel", {});
+    m_document.finishEdit(painted > 1 ? "switch panels" : "switch panel");
 }
 
 void PanelPainting::cancel()

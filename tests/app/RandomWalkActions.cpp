@@ -111,7 +111,7 @@ void RandomWalk::moveLayer()
         return;
     selected()->setXpoint(m_values.number(-50, 200));
     selected()->setYpoint(m_values.number(-50, 200));
-    m_document->finishEdit("Move Layer", m_values.oneIn(2) ? "drag" : "");
+    m_document->finishEdit("Move Layer", m_values.oneIn(2) ? Gesture{"drag", nullptr} : Gesture());
 }
 
 void RandomWalk::editOutputSize()

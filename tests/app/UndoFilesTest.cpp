@@ -208,7 +208,7 @@ TEST(UndoHistory, TypingEndsWhereTheDocumentWasSavedOrUndone)
     history.clear();
     const auto type = [&](int width) {
         document.width = width;
-        history.record("Width", "width");
+        history.record("Width", {"width", nullptr});
     };
     type(1);
     history.stack().setClean();
@@ -274,10 +274,10 @@ TEST(UndoHistory, StepsInARowWithTheSameTypingAreOne)
     history.clear();
     for (const int width : {1, 12, 123}) {
         document.width = width;
-        history.record("Width", "width");
+        history.record("Width", {"width", nullptr});
     }
     document.width = 5;
-    history.record("Width", "other");
+    history.record("Width", {"other", nullptr});
     document.width = 6;
     history.record("Width");
     document.width = 7;

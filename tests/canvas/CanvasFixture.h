@@ -27,7 +27,7 @@ public:
     void select(const LayerPointer &layer, bool extends) override;
     void nudge(const QPoint &distance) override;
     void update(QObject *sender) override;
-    void finishEdit(const QString &name, const QString &typing) override;
+    void finishEdit(const QString &name) override;
     void redrawMarker() override;
     /// Renders the selected layer and draws its marker, as documents do.
     void render();
