@@ -10,8 +10,6 @@
 #include <algorithm>
 
 namespace {
-constexpr int noCorners = -1;
-
 /// So that a file that only begins like a picture is found out.
 void loadPictures(const Project &project)
 {
@@ -34,7 +32,7 @@ Result<CheckCommand> CheckCommand::parse(const QStringList &arguments)
 
 Result<CheckCommand::Report> CheckCommand::run() const
 {
-    CommandLineHost host(0, 0, noCorners);
+    CommandLineHost host(0, 0, CommandLineHost::noCorners);
     return FileFormat::readProject(input, host).map([&](const Project &project) {
         loadPictures(project);
         const std::vector<Finding> findings = ShowChecks::of(project);

@@ -8,7 +8,7 @@
 
 namespace {
 using Level = Finding::Level;
-constexpr int formatNumber = 1;
+constexpr int reportFormat = 1;
 
 const char *nameOf(Level level)
 {
@@ -100,7 +100,7 @@ QString json(const Project &project, const std::vector<Finding> &findings)
         items.append(objectOf(finding, project));
     const QByteArray document = OrderedJson::object(
         {
-            {"format", text(qint64{formatNumber})},
+            {"format", text(qint64{reportFormat})},
             {"errors", text(count(findings, Level::Error))},
             {"warnings", text(count(findings, Level::Warning))},
             {"notes", text(count(findings, Level::Note))},

@@ -6,6 +6,8 @@
 class CommandLineHost final : public LayerHost
 {
 public:
+    static constexpr int noCorners = -1; ///< walls show no corner coordinates
+
     /// `volts` and `phases` as in LayerHost, 0: not chosen; `corners` is its popupIndex().
     CommandLineHost(qint64 volts, qint64 phases, int corners) : m_volts(volts), m_phases(phases), m_corners(corners) {}
 

@@ -13,7 +13,6 @@
 
 namespace {
 constexpr Options::Range anyFromNought{0, std::numeric_limits<int>::max()};
-constexpr Options::Range anyFromOne{1, std::numeric_limits<int>::max()};
 
 bool usesSettings(const QString &output)
 {
@@ -66,8 +65,8 @@ Result<void> takeSettings(ConvertCommand &command, const QCommandLineParser &par
     return taken.and_then([&] {
                     return takeNumber(command.corners, parser, "corners", {0, 2});
                 })
-        .and_then([&] { return takeNumber(command.volts, parser, "voltage", anyFromOne); })
-        .and_then([&] { return takeNumber(command.phases, parser, "phases", anyFromOne); })
+        .and_then([&] { return takeNumber(command.volts, parser, "voltage", Options::anyFromOne); })
+        .and_then([&] { return takeNumber(command.phases, parser, "phases", Options::anyFromOne); })
         .and_then([&] { return takeColour(command.picture.background, parser, "background"); })
         .and_then([&] { return takeColour(command.picture.edge, parser, "edge"); });
 }

@@ -7,13 +7,6 @@
 #include "facts/ProjectFacts.h"
 #include "formats/FileFormat.h"
 
-#include <limits>
-
-namespace {
-constexpr Options::Range anyFromOne{1, std::numeric_limits<int>::max()};
-constexpr int noCorners = -1;
-} // namespace
-
 Result<InfoCommand> InfoCommand::parse(const QStringList &arguments)
 {
     QCommandLineParser parser;
@@ -21,8 +14,8 @@ Result<InfoCommand> InfoCommand::parse(const QStringList &arguments)
         parser, {Options::flag("json"), Options::withValue("voltage"), Options::withValue("phases")}, arguments);
     if (!parsed)
         return tl::unexpected(parsed.error());
-    const Result<int> volts = Options::number(parser, "voltage", anyFromOne, 0);
-    const Result<int> phases = Options::number(parser, "phases", anyFromOne, 0);
+    const Result<int> volts = Options::number(parser, "voltage", Options::anyFromOne, 0);
+    const Result<int> phases = Options::number(parser, "phases", Options::anyFromOne, 0);
     if (!volts || !phases)
         return tl::unexpected(volts ? phases.error() : volts.error());
     return Options::input(parser).map([&](const QString &file) {
@@ -32,7 +25,7 @@ Result<InfoCommand> InfoCommand::parse(const QStringList &arguments)
 
 Result<QString> InfoCommand::run() const
 {
-    CommandLineHost host(volts, phases, noCorners);
+    CommandLineHost host(volts, phases, CommandLineHost::noCorners);
     return FileFormat::readProject(input, host).map([&](const Project &project) {
         const ProjectFacts facts = ProjectFacts::of(project, volts, phases);
         return isJson ? InfoJson::of(facts) : InfoText::of(facts);

@@ -4,11 +4,11 @@
 #include "facts/ProjectFacts.h"
 
 namespace {
-constexpr int formatNumber = 1;
+constexpr int infoFormat = 1;
 
 using namespace OrderedJson;
 
-QByteArray portsText(const WallPorts &ports)
+QByteArray portsJson(const WallPorts &ports)
 {
     QList<QByteArray> items;
     for (const PortGroup &group : ports.groups) {
@@ -41,11 +41,11 @@ std::vector<Member> wallMembers(const WallFacts &wall)
         {"drawFlowPath", text(wall.isPathDrawn)},
         {"pattern", text(wall.pattern)},
         {"pixelLimit", text(wall.pixelLimit)},
-        {"ports", portsText(wall.ports)},
+        {"ports", portsJson(wall.ports)},
     };
 }
 
-QByteArray layerText(const LayerFacts &layer, std::size_t index)
+QByteArray layerJson(const LayerFacts &layer, std::size_t index)
 {
     std::vector<Member> members{
         {"index", text(qint64(index))},         {"class", text(layer.className)},
@@ -70,10 +70,10 @@ QString of(const ProjectFacts &facts)
 {
     QList<QByteArray> layers;
     for (std::size_t i = 0; i < facts.layers.size(); ++i)
-        layers.append(layerText(facts.layers[i], i));
+        layers.append(layerJson(facts.layers[i], i));
     const QByteArray document = object(
         {
-            {"format", text(qint64{formatNumber})},
+            {"format", text(qint64{infoFormat})},
             {"OutputWidth", text(qint64{facts.outputWidth})},
             {"OutputHeight", text(qint64{facts.outputHeight})},
             {"voltage", text(facts.volts)},

@@ -8,6 +8,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <limits>
+
 /// Options of commands: "--layer 2" or "--layer=2", anywhere among the files; behind "--" all is files.
 namespace Options {
 
@@ -28,6 +30,7 @@ struct Range
     int lowest;
     int highest;
 };
+inline constexpr Range anyFromOne{1, std::numeric_limits<int>::max()};
 
 /// A whole number within `range`; `otherwise` where the option is not given. Error: anything else.
 [[nodiscard]] Result<int> number(const QCommandLineParser &parser, const QString &name, Range range, int otherwise);

@@ -2,6 +2,7 @@
 
 #include "drawing/Raster.h"
 #include "psd/LayerPixels.h"
+#include "psd/PackBits.h"
 #include "psd/PackedChannels.h"
 #include "psd/PascalString.h"
 #include "psd/WholeNumbers.h"
@@ -14,7 +15,6 @@
 #include <utility>
 
 namespace {
-constexpr qint64 packBits = 1;
 constexpr int colourChannels = 3;
 constexpr qint64 longestPackedRow = std::numeric_limits<quint16>::max();
 
@@ -79,7 +79,7 @@ bool isLongerThanCounts(const PackedChannel &channel)
 
 void writeChannel(ByteBuffer &buffer, const PackedChannel &channel)
 {
-    buffer.kxAppendValue(packBits, 2);
+    buffer.kxAppendValue(PackBits::compression, 2);
     appendCounts(buffer, channel);
     appendRows(buffer, channel);
 }

@@ -1,4 +1,5 @@
 #include "psd/KXPSDWriter.h"
+#include "psd/PackBits.h"
 #include "psd/WholeNumbers.h"
 
 #include <QFile>
@@ -6,7 +7,6 @@
 #include <new>
 
 namespace {
-constexpr qint64 packBits = 1;
 
 /// Of blocks within the image resources.
 enum ResourceId : qint64
@@ -156,7 +156,7 @@ bool KXPSDWriter::writeImageDataSectionOn(ByteBuffer &buffer, KXPSDError *error)
     try {
         const PixelView pixels = PixelView::ofRaster(m_flattenedSnapshot);
         const auto channels = m_packer.pack(pixels, Placement::filledBy(pixels), numberOfChannels());
-        buffer.kxAppendValue(packBits, 2);
+        buffer.kxAppendValue(PackBits::compression, 2);
         for (const PackedChannel &channel : channels)
             appendCounts(buffer, channel);
         for (const PackedChannel &channel : channels)

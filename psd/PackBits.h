@@ -9,6 +9,9 @@
 /// ones stay literal; a literal holds at most 128.
 namespace PackBits {
 
+/// How a document names the code, where 0 is plain rows.
+inline constexpr qint64 compression = 1;
+
 /// Byte positions `location`, `location` + skip, ... below `location` + `length`; the first one counts even when
 /// `length` is 0.
 struct Range

@@ -12,7 +12,7 @@
 #include <vector>
 
 namespace {
-constexpr qint64 mostBytes = qint64{1} << 27;
+constexpr qint64 mostBytesOfDrawing = qint64{1} << 27;
 constexpr qint64 mostElements = qint64{1} << 20;
 constexpr qint64 mostElementsTimesPixels = qint64{1} << 41; // minutes, if each element covers the picture
 constexpr int deepestNesting = 1000;                        // of which each level takes some of the stack
@@ -201,7 +201,7 @@ bool isHarmless(const QByteArray &bytes, qint64 &embeddedPixels)
     buffer.setData(bytes);
     if (!buffer.open(QIODevice::ReadOnly) || !QImageReader::imageFormat(&buffer).startsWith("svg"))
         return true;
-    if (bytes.size() > mostBytes)
+    if (bytes.size() > mostBytesOfDrawing)
         return false;
     // First the count: to tell its size, Qt's reader may have to go through all that is drawn.
     const std::optional<qint64> elements = countDrawnElements(bytes, embeddedPixels);

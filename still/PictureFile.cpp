@@ -13,12 +13,12 @@
 
 namespace {
 /// Larger files are not read.
-constexpr qint64 mostBytes = qint64{1} << 30;
+constexpr qint64 mostBytesOfFile = qint64{1} << 30;
 
 /// A pipe, a device or a file without a size could keep the reader waiting for ever.
 bool mayBeRead(const QFileInfo &file)
 {
-    return file.isFile() && file.size() > 0 && file.size() <= mostBytes;
+    return file.isFile() && file.size() > 0 && file.size() <= mostBytesOfFile;
 }
 
 /// What the largest raster takes in the widest format that a reader makes, in MiB.

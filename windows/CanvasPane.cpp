@@ -11,7 +11,7 @@
 
 namespace {
 /// Wider than the icon is, for some room beside the text.
-constexpr QSize iconSize{24, 16};
+constexpr QSize toolIconSize{24, 16};
 } // namespace
 
 CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
@@ -41,7 +41,7 @@ QWidget *CanvasPane::toolSwitch()
         button->setToolTip(tool.tip);
         button->setCheckable(true);
         button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        button->setIconSize(iconSize);
+        button->setIconSize(toolIconSize);
         connect(button, &QToolButton::clicked, this, [this, name = tool.name] {
             m_canvas->setTool(name);
             showTool(m_canvas->tool()); // a press on the one that is on would switch it off

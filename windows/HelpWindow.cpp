@@ -10,7 +10,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr QSize firstSize{740, 760};
+constexpr QSize firstHelpSize{740, 760};
 /// What a desktop puts around a window.
 constexpr QSize roomOfFrame{16, 40};
 } // namespace
@@ -38,7 +38,7 @@ HelpWindow::HelpWindow() : m_guides(new GuideView)
     row->addStretch(1);
     column->addLayout(row);
     column->addWidget(m_guides);
-    resize(firstSize.boundedTo(screen()->availableSize() - roomOfFrame));
+    resize(firstHelpSize.boundedTo(screen()->availableSize() - roomOfFrame));
     m_guides->showGuide("first-wall.md");
     m_guides->setFocus();
 }

@@ -9,16 +9,14 @@
 #include <QPushButton>
 #include <QToolButton>
 
-namespace {
-constexpr int verticalMargin = 6;
-} // namespace
+namespace {} // namespace
 
 NoticeBar::NoticeBar(const QString &sentence, const std::vector<Answer> &answers, QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_StyledBackground);
     setAccessibleName(sentence);
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(Theme::edge, verticalMargin, Theme::edge, verticalMargin);
+    row->setContentsMargins(Theme::edge, Theme::barMargin, Theme::edge, Theme::barMargin);
     row->setSpacing(Theme::gap);
     auto *text = new QLabel(sentence);
     text->setTextFormat(Qt::PlainText);

@@ -20,7 +20,6 @@
 #include <utility>
 
 namespace {
-constexpr int verticalMargin = 6;
 constexpr int choiceGap = 4;
 constexpr int otherVoltage = 0; ///< the tag of the third choice, whose volts are in the field
 constexpr int leastMessage = 160;
@@ -57,9 +56,9 @@ PowerBar::PowerBar(QWidget *parent)
       m_view(new QWidget(this))
 {
     setAttribute(Qt::WA_StyledBackground);
-    m_lines->setContentsMargins(Theme::edge, verticalMargin, Theme::edge, verticalMargin);
+    m_lines->setContentsMargins(Theme::edge, Theme::barMargin, Theme::edge, Theme::barMargin);
     m_lines->setHorizontalSpacing(Theme::gap);
-    m_lines->setVerticalSpacing(verticalMargin);
+    m_lines->setVerticalSpacing(Theme::barMargin);
     m_lines->setColumnStretch(1, 1);
     m_lines->addWidget(m_supply, 0, 0);
     m_lines->addWidget(m_told, 1, 0, 1, 3);

@@ -10,7 +10,7 @@
 #include <QIcon>
 
 namespace {
-constexpr QSize iconSize{96, 96};
+constexpr QSize aboutIconSize{96, 96};
 
 std::size_t indexOf(Person::Sheet sheet)
 {
@@ -62,7 +62,7 @@ QDialog *Sheets::makeAbout()
     auto *dialog = new QDialog(&m_window);
     Ui::About form;
     form.setupUi(dialog);
-    form.icon->setPixmap(m_window.windowIcon().pixmap(iconSize, m_window.devicePixelRatioF()));
+    form.icon->setPixmap(m_window.windowIcon().pixmap(aboutIconSize, m_window.devicePixelRatioF()));
     form.version->setText("Wallwright " WALLWRIGHT_VERSION);
     for (QWidget *page : {form.home, form.software})
         page->setVisible(LWAppDelegate::hasWebPages());

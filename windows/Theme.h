@@ -25,6 +25,7 @@ inline constexpr int smallTextSize = 11;
 inline constexpr int figureTextSize = 18; ///< of what is read aloud
 inline constexpr int gap = 8;             ///< between controls
 inline constexpr int edge = 12;           ///< between controls and the edge of their region
+inline constexpr int barMargin = 6;       ///< above and below what a bar at the window's edge holds
 inline constexpr int controlHeight = 26;
 inline constexpr int cornerRadius = 4;
 

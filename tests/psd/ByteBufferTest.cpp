@@ -11,7 +11,7 @@ std::string value(qint64 number, int length)
     return buffer.bytes().toHex(' ').toStdString();
 }
 
-std::string colour(const Colour &of)
+std::string colourBytes(const Colour &of)
 {
     ByteBuffer buffer;
     buffer.kxAppendCGColorRef(of);
@@ -65,14 +65,14 @@ TEST(ByteBuffer, ATextIsItsUtf8)
 
 TEST(ByteBuffer, AColourIsThreeWordsBetweenTwoZeros)
 {
-    EXPECT_EQ(colour({1, 0, 0.5, 0.3}), "00 00 ff ff 00 00 7f ff 00 00");
-    EXPECT_EQ(colour(NamedColour::white), "00 00 ff ff ff ff ff ff 00 00");
+    EXPECT_EQ(colourBytes({1, 0, 0.5, 0.3}), "00 00 ff ff 00 00 7f ff 00 00");
+    EXPECT_EQ(colourBytes(NamedColour::white), "00 00 ff ff ff ff ff ff 00 00");
 }
 
 TEST(ByteBuffer, AComponentOutsideItsRangeKeepsItsLowBits)
 {
-    EXPECT_EQ(colour({2, -1, 1e300, 1}), "00 00 ff ff 00 00 80 00 00 00");
-    EXPECT_EQ(colour({std::numeric_limits<double>::quiet_NaN(), 0, 0, 1}), "00 00 00 00 00 00 00 00 00 00");
+    EXPECT_EQ(colourBytes({2, -1, 1e300, 1}), "00 00 ff ff 00 00 80 00 00 00");
+    EXPECT_EQ(colourBytes({std::numeric_limits<double>::quiet_NaN(), 0, 0, 1}), "00 00 00 00 00 00 00 00 00 00");
 }
 
 TEST(ByteBuffer, AValueIsReplacedInItsPlace)

@@ -56,13 +56,13 @@ void expectColumn(const QString &name, const QByteArray &tag, const QList<double
         EXPECT_NEAR(values[i], expected[i], 0.003) << qPrintable(name) << ' ' << tag.constData() << ' ' << i;
 }
 
-const QStringList names{"GenericRGB", "sRGB", "AdobeRGB1998"};
+const QStringList profileNames{"GenericRGB", "sRGB", "AdobeRGB1998"};
 
 } // namespace
 
 TEST(ColourProfile, HeadersSayMonitorProfilesOfRgb)
 {
-    for (const QString &name : names) {
+    for (const QString &name : profileNames) {
         const QByteArray bytes = profile(name);
         ASSERT_GT(bytes.size(), 132) << qPrintable(name);
 
@@ -76,7 +76,7 @@ TEST(ColourProfile, HeadersSayMonitorProfilesOfRgb)
 
 TEST(ColourProfile, TagsLieInTheirFile)
 {
-    for (const QString &name : names) {
+    for (const QString &name : profileNames) {
         const QByteArray bytes = profile(name);
         ASSERT_GT(bytes.size(), 132) << qPrintable(name);
         const quint32 count = number(bytes, 128);
@@ -103,7 +103,7 @@ TEST(ColourProfile, AProfileReaderKnowsThemByTheirNames)
     EXPECT_EQ(space("GenericRGB").description(), "Generic RGB");
     EXPECT_EQ(space("sRGB").description(), "sRGB");
     EXPECT_EQ(space("AdobeRGB1998").description(), "Adobe RGB (1998) compatible");
-    for (const QString &name : names)
+    for (const QString &name : profileNames)
         EXPECT_TRUE(space(name).isValid()) << qPrintable(name);
 }
 
@@ -133,7 +133,7 @@ TEST(ColourProfile, CornersAreThoseOfThePhosphors)
 
 TEST(ColourProfile, WhiteIsWhiteAndBlackIsBlack)
 {
-    for (const QString &name : names) {
+    for (const QString &name : profileNames) {
         const QColorTransform toScreen = space(name).transformationToColorSpace(QColorSpace::SRgb);
         EXPECT_EQ(toScreen.map(qRgb(255, 255, 255)), qRgb(255, 255, 255)) << qPrintable(name);
         EXPECT_EQ(toScreen.map(qRgb(0, 0, 0)), qRgb(0, 0, 0)) << qPrintable(name);

@@ -2,7 +2,7 @@
 
 namespace {
 
-QByteArray hex(const char *digits)
+QByteArray fromHex(const char *digits)
 {
     return QByteArray::fromHex(digits);
 }
@@ -20,8 +20,8 @@ QByteArray rowsBehindCounts(const QByteArrayList &packedRows)
     return counts + packedRows.join();
 }
 
-const QByteArray red = hex("0000 ffff 0000 0000 0000");
-const QByteArray gray = hex("0000 7fff 7fff 7fff 0000");
+const QByteArray redChannels = fromHex("0000 ffff 0000 0000 0000");
+const QByteArray gray = fromHex("0000 7fff 7fff 7fff 0000");
 
 } // namespace
 
@@ -65,16 +65,17 @@ QByteArrayList HandMadeDocument::effectRecords()
 {
     const QByteArray version = bigEndian(2, 4);
     const QByteArray shadow = version + bigEndian(7, 2) + bigEndian(0, 4) + bigEndian(120, 4) + bigEndian(500, 4) +
-                              bigEndian(0, 2) + red + "8BIMnorm" + hex("01 00 7f") + red;
-    const QByteArray glow = version + bigEndian(9, 2) + bigEndian(0, 6) + gray + "8BIMscrn" + hex("00 fe");
-    return {effect("cmnS", bigEndian(0, 4) + hex("01 0000")),
+                              bigEndian(0, 2) + redChannels + "8BIMnorm" + fromHex("01 00 7f") + redChannels;
+    const QByteArray glow = version + bigEndian(9, 2) + bigEndian(0, 6) + gray + "8BIMscrn" + fromHex("00 fe");
+    return {effect("cmnS", bigEndian(0, 4) + fromHex("01 0000")),
             effect("dsdw", shadow),
             effect("isdw", shadow),
             effect("oglw", glow + gray),
-            effect("iglw", glow + hex("01") + gray),
+            effect("iglw", glow + fromHex("01") + gray),
             effect("bevl", version + bigEndian(30, 2) + bigEndian(1, 4) + bigEndian(12, 4) + bigEndian(0, 2) +
-                               "8BIMscrn8BIMmul " + red + gray + hex("02 fd fe 01 01 01") + red + gray),
-            effect("sofi", version + "8BIMdiff" + red + hex("fe 01") + red)};
+                               "8BIMscrn8BIMmul " + redChannels + gray + fromHex("02 fd fe 01 01 01") + redChannels +
+                               gray),
+            effect("sofi", version + "8BIMdiff" + redChannels + fromHex("fe 01") + redChannels)};
 }
 
 QByteArray HandMadeDocument::effects(const QByteArrayList &records, quint32 count, quint32 version)
@@ -93,18 +94,18 @@ HandMadeDocument::HandMadeDocument()
     bound.channels = {raw, raw, raw, raw};
 
     // A name beyond ASCII: one unit, but two bytes.
-    layer.paddedName = hex("01 c3a9 20");
+    layer.paddedName = fromHex("01 c3a9 20");
     layer.blocks = {effects(effectRecords()), block("luni", unicodeName("\xe9"))};
-    const QByteArray even = hex("fe 05");
-    const QByteArray mixed = hex("02 010203");
-    layer.channels = {channel({even, mixed}), channel({hex("00 01 01 0203"), even}), channel({mixed, mixed}),
-                      channel({hex("fe ff"), hex("fe ff")})};
+    const QByteArray even = fromHex("fe 05");
+    const QByteArray mixed = fromHex("02 010203");
+    layer.channels = {channel({even, mixed}), channel({fromHex("00 01 01 0203"), even}), channel({mixed, mixed}),
+                      channel({fromHex("fe ff"), fromHex("fe ff")})};
 
-    group.paddedName = hex("04") + "Wall" + hex("20 0000");
+    group.paddedName = fromHex("04") + "Wall" + fromHex("20 0000");
     group.blocks = {block("lsct", bigEndian(1, 4) + "8BIMpass"), block("luni", unicodeName("Wall"))};
     group.channels = {raw, raw, raw, raw};
 
-    mergedRows = {even, mixed, even, even, mixed, mixed, hex("fe ff"), hex("fe ff")};
+    mergedRows = {even, mixed, even, even, mixed, mixed, fromHex("fe ff"), fromHex("fe ff")};
 }
 
 QByteArray HandMadeDocument::Record::bytes() const

@@ -20,7 +20,7 @@ std::shared_ptr<KXPSDGroupOpeningLayer> openingWithEffect(const QString &name, f
     return opening;
 }
 
-QByteArray record(KXPSDLayer &layer)
+QByteArray groupRecord(KXPSDLayer &layer)
 {
     ByteBuffer buffer;
     layer.writeLayerInformationOn(buffer);
@@ -129,7 +129,7 @@ TEST(KXPSDGroupLayer, TheValuesOfTheOpeningLayerAreTakenOverBeforeTheRecordBegin
     closing.setGroupOpeningLayer(opening);
     opening->setOpacity(0.4f); // what it has when it is written counts
 
-    const QByteArray bytes = record(closing);
+    const QByteArray bytes = groupRecord(closing);
 
     EXPECT_EQ(static_cast<uchar>(bytes[50]), 102);
     EXPECT_EQ(closing.name(), "A");
@@ -149,7 +149,8 @@ TEST(KXPSDGroupLayer, RecordsHaveChannelsOfTwoBytes)
 {
     KXPSDGroupOpeningLayer layer("A", 0.5f);
     layer.setDocumentSize({300, 200});
-    EXPECT_EQ(hex(record(layer).left(58)), "00 00 00 00 00 00 00 00 00 00 00 c8 00 00 01 2c 00 04 "
-                                           "00 00 00 00 00 02 00 01 00 00 00 02 00 02 00 00 00 02 ff ff 00 00 00 02 "
-                                           "38 42 49 4d 6e 6f 72 6d 80 00 00 00 00 00 00 54");
+    EXPECT_EQ(hex(groupRecord(layer).left(58)),
+              "00 00 00 00 00 00 00 00 00 00 00 c8 00 00 01 2c 00 04 "
+              "00 00 00 00 00 02 00 01 00 00 00 02 00 02 00 00 00 02 ff ff 00 00 00 02 "
+              "38 42 49 4d 6e 6f 72 6d 80 00 00 00 00 00 00 54");
 }

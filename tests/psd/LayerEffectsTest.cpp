@@ -16,7 +16,7 @@ const std::string multiply = "38 42 49 4d 6d 75 6c 20";
 
 using RecordWriter = void (KXPSDLayer::*)(ByteBuffer &) const;
 
-std::string record(const KXPSDLayer &layer, RecordWriter write)
+std::string effectsRecord(const KXPSDLayer &layer, RecordWriter write)
 {
     ByteBuffer buffer;
     (layer.*write)(buffer);
@@ -52,7 +52,7 @@ QByteArray effectsBlock(const KXPSDLayer &layer)
 
 TEST(LayerEffects, TheCommonStateIsVisible)
 {
-    EXPECT_EQ(record(KXPSDLayer(), &KXPSDLayer::writeEffectsLayerCommonStateOn),
+    EXPECT_EQ(effectsRecord(KXPSDLayer(), &KXPSDLayer::writeEffectsLayerCommonStateOn),
               "38 42 49 4d 63 6d 6e 53 00 00 00 07 00 00 00 00 01 00 00");
 }
 
@@ -60,7 +60,7 @@ TEST(LayerEffects, ADropShadowIsWrittenFieldByField)
 {
     KXPSDLayer layer;
     fillShadow(layer.effects().dropShadowEffectLayerInformation.emplace());
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn), shadowRecord("64 73 64 77", multiply));
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn), shadowRecord("64 73 64 77", multiply));
 }
 
 TEST(LayerEffects, AnOpacityAboveFullIsWrittenAsFull)
@@ -69,14 +69,14 @@ TEST(LayerEffects, AnOpacityAboveFullIsWrittenAsFull)
     auto &shadow = layer.effects().dropShadowEffectLayerInformation.emplace();
     shadow.setOpacity(150);
     EXPECT_EQ(shadow.opacity(), 100);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn).substr(52 * 3, 2), "fe");
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn).substr(52 * 3, 2), "fe");
 }
 
 TEST(LayerEffects, AnInnerShadowIsNormallyBlendedWhateverItsMode)
 {
     KXPSDLayer layer;
     fillShadow(layer.effects().innerShadowEffectLayerInformation.emplace());
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerInnerShadowOn), shadowRecord("69 73 64 77", normal));
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerInnerShadowOn), shadowRecord("69 73 64 77", normal));
 }
 
 TEST(LayerEffects, ANegativeAngleIsTwosComplementInItsLastByteAlone)
@@ -85,7 +85,7 @@ TEST(LayerEffects, ANegativeAngleIsTwosComplementInItsLastByteAlone)
     auto &shadow = layer.effects().dropShadowEffectLayerInformation.emplace();
     const auto angleBytes = [&](qint64 angle) {
         shadow.setAngle(angle);
-        return record(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn).substr(22 * 3, 11);
+        return effectsRecord(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn).substr(22 * 3, 11);
     };
     EXPECT_EQ(angleBytes(-30), "00 00 00 e2");
     EXPECT_EQ(angleBytes(-360), "00 00 ff 98");
@@ -102,7 +102,7 @@ TEST(LayerEffects, AnOuterGlowIsWrittenFieldByField)
     glow.setBlendMode(KXPSDBlendMode::multiply);
     glow.setEnabled(true);
     glow.setOpacity(50);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerOuterGlowOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerOuterGlowOn),
               "38 42 49 4d 6f 67 6c 77 00 00 00 2a 00 00 00 02 00 fa 00 00 00 00 00 00 " + mixedBytes + " " + multiply +
                   " 01 7f " + mixedBytes);
 }
@@ -116,7 +116,7 @@ TEST(LayerEffects, AnInnerGlowHasItsSourceBeforeTheSecondColour)
     glow.setBlendMode(KXPSDBlendMode::multiply);
     glow.setEnabled(true);
     glow.setSource(0x102);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerInnerGlowOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerInnerGlowOn),
               "38 42 49 4d 69 67 6c 77 00 00 00 2b 00 00 00 02 00 03 00 00 00 00 00 00 " + redBytes + " " + multiply +
                   " 01 fe 02 " + redBytes);
 }
@@ -137,7 +137,7 @@ TEST(LayerEffects, ABevelIsWrittenFieldByField)
     bevel.setEnabled(true);
     bevel.setUseGlobalLight(false);
     bevel.setDirection(2);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerBevelOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerBevelOn),
               "38 42 49 4d 62 65 76 6c 00 00 00 4e 00 00 00 02 01 02 00 00 00 01 00 00 00 4d 00 00 "
               "38 42 49 4d 73 63 72 6e " +
                   multiply + " " + redBytes + " " + mixedBytes + " 03 fd fe 01 00 02 " + redBytes + " " + mixedBytes);
@@ -151,7 +151,7 @@ TEST(LayerEffects, ASolidFillIsWrittenFieldByField)
     fill.setColor(mixed);
     fill.setOpacity(1);
     fill.setEnabled(true);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerSolidFillOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerSolidFillOn),
               "38 42 49 4d 73 6f 66 69 00 00 00 22 00 00 00 02 " + multiply + " " + mixedBytes + " 02 01 " +
                   mixedBytes);
 }
@@ -161,18 +161,18 @@ TEST(LayerEffects, AnAbsentEffectIsWrittenAsADisabledOne)
     const KXPSDLayer layer;
     const std::string shadow = " 00 00 00 33 00 00 00 02 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 " +
                                blackBytes + " " + normal + " 00 00 fe " + blackBytes;
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn), "38 42 49 4d 64 73 64 77" + shadow);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerInnerShadowOn), "38 42 49 4d 69 73 64 77" + shadow);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerOuterGlowOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerDropShadowOn), "38 42 49 4d 64 73 64 77" + shadow);
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerInnerShadowOn), "38 42 49 4d 69 73 64 77" + shadow);
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerOuterGlowOn),
               "38 42 49 4d 6f 67 6c 77 00 00 00 2a 00 00 00 02 00 00 00 00 00 00 00 00 " + blackBytes + " " + normal +
                   " 00 fe " + blackBytes);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerInnerGlowOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerInnerGlowOn),
               "38 42 49 4d 69 67 6c 77 00 00 00 2b 00 00 00 02 00 00 00 00 00 00 00 00 " + blackBytes + " " + normal +
                   " 00 fe 00 " + blackBytes);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerBevelOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerBevelOn),
               "38 42 49 4d 62 65 76 6c 00 00 00 4e 00 00 00 02 00 00 00 00 00 01 00 00 00 00 00 00 " + normal + " " +
                   normal + " " + blackBytes + " " + blackBytes + " 01 fe fe 00 01 01 " + blackBytes + " " + blackBytes);
-    EXPECT_EQ(record(layer, &KXPSDLayer::writeEffectsLayerSolidFillOn),
+    EXPECT_EQ(effectsRecord(layer, &KXPSDLayer::writeEffectsLayerSolidFillOn),
               "38 42 49 4d 73 6f 66 69 00 00 00 22 00 00 00 02 " + normal + " " + blackBytes + " fe 00 " + blackBytes);
 }
 

@@ -14,7 +14,7 @@ QByteArray packed(const QByteArray &bytes)
     return kxPackedBitsForRange(bytes, {0, static_cast<quint64>(bytes.size())}, 1);
 }
 
-std::string hex(const QByteArray &bytes)
+std::string hexOf(const QByteArray &bytes)
 {
     return bytes.toHex(' ').toStdString();
 }
@@ -81,25 +81,25 @@ private:
 
 TEST(PackBits, ThreeEqualBytesAreARunAndTwoAreNot)
 {
-    EXPECT_EQ(hex(packed("bbb")), "fe 62");
-    EXPECT_EQ(hex(packed("bb")), "01 62 62");
-    EXPECT_EQ(hex(packed("b")), "00 62");
-    EXPECT_EQ(hex(packed("abbbc")), "00 61 fe 62 00 63");
+    EXPECT_EQ(hexOf(packed("bbb")), "fe 62");
+    EXPECT_EQ(hexOf(packed("bb")), "01 62 62");
+    EXPECT_EQ(hexOf(packed("b")), "00 62");
+    EXPECT_EQ(hexOf(packed("abbbc")), "00 61 fe 62 00 63");
 }
 
 TEST(PackBits, ARunHoldsAtMost127Bytes)
 {
-    EXPECT_EQ(hex(packed(QByteArray(127, 'b'))), "82 62");
-    EXPECT_EQ(hex(packed(QByteArray(128, 'b'))), "82 62 00 62");
-    EXPECT_EQ(hex(packed(QByteArray(129, 'b'))), "82 62 01 62 62");
-    EXPECT_EQ(hex(packed(QByteArray(130, 'b'))), "82 62 fe 62");
-    EXPECT_EQ(hex(packed(QByteArray(300, 'b'))), "82 62 82 62 d3 62");
+    EXPECT_EQ(hexOf(packed(QByteArray(127, 'b'))), "82 62");
+    EXPECT_EQ(hexOf(packed(QByteArray(128, 'b'))), "82 62 00 62");
+    EXPECT_EQ(hexOf(packed(QByteArray(129, 'b'))), "82 62 01 62 62");
+    EXPECT_EQ(hexOf(packed(QByteArray(130, 'b'))), "82 62 fe 62");
+    EXPECT_EQ(hexOf(packed(QByteArray(300, 'b'))), "82 62 82 62 d3 62");
 }
 
 TEST(PackBits, WhatARunLeavesOverJoinsTheLiteralBehind)
 {
-    EXPECT_EQ(hex(packed(QByteArray(128, 'b') + "cd")), "82 62 02 62 63 64");
-    EXPECT_EQ(hex(packed(QByteArray(129, 'b') + "bcc")), "82 62 fe 62 01 63 63");
+    EXPECT_EQ(hexOf(packed(QByteArray(128, 'b') + "cd")), "82 62 02 62 63 64");
+    EXPECT_EQ(hexOf(packed(QByteArray(129, 'b') + "bcc")), "82 62 fe 62 01 63 63");
 }
 
 TEST(PackBits, ALiteralHoldsAtMost128Bytes)
@@ -122,25 +122,25 @@ TEST(PackBits, ARunBehindALiteralOfAnyLengthIsFound)
 
 TEST(PackBits, ARangeWithoutLengthYieldsItsFirstByte)
 {
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {2, 0}, 1)), "00 63");
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {2, 0}, 4)), "00 63");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {2, 0}, 1)), "00 63");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {2, 0}, 4)), "00 63");
 }
 
 TEST(PackBits, ASkipOfFourPacksOneChannel)
 {
-    EXPECT_EQ(hex(kxPackedBitsForRange("RGBARGBaRGbA", {2, 10}, 4)), "02 42 42 62");
-    EXPECT_EQ(hex(kxPackedBitsForRange("RGBARGBaRGbA", {2, 8}, 4)), "01 42 42");
-    EXPECT_EQ(hex(kxPackedBitsForRange("RGBARGBaRGbA", {3, 9}, 4)), "02 41 61 41");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("RGBARGBaRGbA", {2, 10}, 4)), "02 42 42 62");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("RGBARGBaRGbA", {2, 8}, 4)), "01 42 42");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("RGBARGBaRGbA", {3, 9}, 4)), "02 41 61 41");
 }
 
 TEST(PackBits, BytesBeyondTheBlockAreLeftOut)
 {
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {2, 9}, 1)), "01 63 64");
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {2, ~quint64{0}}, 1)), "01 63 64");
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {4, 1}, 1)), "");
-    EXPECT_EQ(hex(kxPackedBitsForRange({}, {0, 0}, 4)), "");
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {0, 4}, 0)), "");
-    EXPECT_EQ(hex(kxPackedBitsForRange("abcd", {0, 4}, 0x7fffffff)), "00 61");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {2, 9}, 1)), "01 63 64");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {2, ~quint64{0}}, 1)), "01 63 64");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {4, 1}, 1)), "");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange({}, {0, 0}, 4)), "");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {0, 4}, 0)), "");
+    EXPECT_EQ(hexOf(kxPackedBitsForRange("abcd", {0, 4}, 0x7fffffff)), "00 61");
 }
 
 TEST(PackBits, AMillionRowsArePackedAsByThePlainWay)
@@ -151,7 +151,7 @@ TEST(PackBits, AMillionRowsArePackedAsByThePlainWay)
     for (int i = 0; i < rows; ++i) {
         const QByteArray row = random.row();
         const QByteArray stream = packed(row);
-        ASSERT_EQ(stream, PlainPackBits::pack(row)) << "seed " << seed << " row " << i << ": " << hex(row);
+        ASSERT_EQ(stream, PlainPackBits::pack(row)) << "seed " << seed << " row " << i << ": " << hexOf(row);
         ASSERT_EQ(PlainPackBits::unpack(stream), row) << "seed " << seed << " row " << i;
     }
 }

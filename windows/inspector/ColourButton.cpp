@@ -7,7 +7,7 @@
 #include <QPainter>
 
 namespace {
-constexpr QSize swatchSize{44, Theme::controlHeight};
+constexpr QSize buttonSwatchSize{44, Theme::controlHeight};
 } // namespace
 
 ColourButton::ColourButton(const QString &name, QWidget *parent) : QAbstractButton(parent), m_name(name)
@@ -45,7 +45,7 @@ void ColourButton::showText()
 
 QSize ColourButton::sizeHint() const
 {
-    return swatchSize;
+    return buttonSwatchSize;
 }
 
 void ColourButton::choose()

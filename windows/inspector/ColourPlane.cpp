@@ -11,7 +11,7 @@
 namespace {
 constexpr int fieldHeight = 128;
 constexpr int stripHeight = 16;
-constexpr int leastWidth = 240;
+constexpr int leastPlaneWidth = 240;
 constexpr int markRadius = 5;
 constexpr int hueStops = 6;
 
@@ -36,7 +36,7 @@ ColourPlane::ColourPlane(QWidget *parent) : QWidget(parent)
 
 QSize ColourPlane::sizeHint() const
 {
-    return {leastWidth, fieldHeight + 2 * (stripHeight + Theme::gap)};
+    return {leastPlaneWidth, fieldHeight + 2 * (stripHeight + Theme::gap)};
 }
 
 QRect ColourPlane::placeOf(Part part) const

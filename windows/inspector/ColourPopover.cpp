@@ -18,7 +18,7 @@
 
 namespace {
 constexpr int swatchesInRow = 6;
-constexpr QSize swatchSize{18, 18};
+constexpr QSize listSwatchSize{18, 18};
 
 /// "#ff8000"; with its opacity first, "#80ff8000", where it is not opaque.
 QString digitsOf(const QColor &colour)
@@ -70,8 +70,8 @@ QGridLayout *ColourPopover::swatches(const QList<QColor> &colours)
     for (int i = 0; i < colours.size(); ++i) {
         const QColor colour = colours[i];
         auto *button = new QToolButton;
-        button->setIcon(ColourSwatch::icon(colour, swatchSize));
-        button->setIconSize(swatchSize);
+        button->setIcon(ColourSwatch::icon(colour, listSwatchSize));
+        button->setIconSize(listSwatchSize);
         button->setAccessibleName(digitsOf(colour));
         button->setToolTip(digitsOf(colour) + ", a colour of this show");
         connect(button, &QToolButton::clicked, this, [this, colour] {
