@@ -137,6 +137,20 @@ TEST_F(InspectorSelectionTest, WhereWallsHaveSeveralPatternsNoneLooksChosen)
     EXPECT_EQ(chosenPatterns(), std::vector<int>{1});
 }
 
+TEST_F(InspectorSelectionTest, APatternWithoutAButtonLeavesThemAsTheyWere)
+{
+    window.document().AddScreen();
+    list().layer(0)->setPattern(5);
+    for (const qint64 pattern : {qint64{9}, qint64{8}, qint64{-1}, qint64{1} << 32}) {
+        list().layer(1)->setPattern(pattern);
+        window.document().finishEdit("setting");
+        list().setSelectionIndex(0);
+        EXPECT_EQ(chosenPatterns(), std::vector<int>{6}) << pattern;
+        list().setSelectionIndex(1);
+        EXPECT_EQ(chosenPatterns(), std::vector<int>{6}) << pattern;
+    }
+}
+
 TEST_F(InspectorSelectionTest, WallsAndPicturesShareTheirNameVisibilityAndPlace)
 {
     for (const qsizetype shown : {0, 1}) {

@@ -278,7 +278,7 @@ void Inspector::refresh()
     if (layers.empty())
         return;
     const std::optional<QVariant> pattern = InspectorForm::commonValue(layers, "pattern");
-    m_patterns->show(pattern ? pattern->toLongLong() : PatternGrid::none);
+    m_patterns->show(pattern ? std::optional(pattern->toLongLong()) : std::nullopt);
 }
 
 /// The selected layers, first the one whose captions are shown.

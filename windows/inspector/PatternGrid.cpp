@@ -60,8 +60,10 @@ PatternGrid::PatternGrid(QWidget *parent) : QWidget(parent)
     }
 }
 
-void PatternGrid::show(qint64 pattern)
+void PatternGrid::show(const std::optional<qint64> &pattern)
 {
+    if (pattern && (*pattern < 0 || *pattern >= patterns))
+        return;
     for (int i = 0; i < patterns; ++i)
         m_buttons[i]->setChecked(i == pattern);
 }

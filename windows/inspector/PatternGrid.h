@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QToolButton;
 
 /// The eight ways in which a wall's panels are chained, as small pictures; one is chosen at most.
@@ -12,9 +14,9 @@ class PatternGrid final : public QWidget
 public:
     explicit PatternGrid(QWidget *parent = nullptr);
 
-    static constexpr qint64 none = -1;
-    /// Turns on the button of a pattern, 0 to 7, and the others off; none for any other number.
-    void show(qint64 pattern);
+    /// Turns on the button of a pattern, 0 to 7, and the others off; any other number, which files may hold, leaves
+    /// them as they were. Nullopt: walls have several, none is on.
+    void show(const std::optional<qint64> &pattern);
 
 signals:
     void chosen(int pattern);
