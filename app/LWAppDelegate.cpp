@@ -131,30 +131,17 @@ void LWAppDelegate::renderForInspector(Layer &layer)
     layer.setShowPower(!isScreen);
     layer.setShowPowerl(!isScreen);
     applyAspectLock(layer);
-    renderSelected();
-    m_person.reloadTable();
-}
-
-/// The canvas' marker stands around a selected picture as it was rendered last.
-void LWAppDelegate::renderSelected()
-{
-    const LayerPointer selected = m_arraycontroller.selectedLayer();
-    selected->drawInRect();
-    if (const auto *still = qobject_cast<const LWStill *>(selected.get()))
-        drawMarker(*still);
+    layer.drawInRect();
 }
 
 void LWAppDelegate::composeOutput()
 {
     const OutputStyle style{QSize(m_OutputWidth, m_OutputHeight), m_bgColor, m_edgeColor};
     const std::vector<PlacedPicture> pictures = placedPictures(allScreensArray());
-    if (!m_composition.isLast(pictures, style)) {
-        // The composition's buffer can be used again only when nobody else holds it.
-        m_person.releaseOutput();
-        m_offscreenRep = {};
-        m_offscreenRep = m_composition.compose(pictures, style);
-    }
-    m_person.showOutput(img());
+    if (m_composition.isLast(pictures, style))
+        return;
+    m_composition.compose(pictures, style);
+    emit composed();
 }
 
 void LWAppDelegate::applyAspectLock(Layer &layer) const
@@ -215,8 +202,7 @@ void LWAppDelegate::observeValueForKeyPath(const QString &keyPath)
         if (keyPath == updatePatternPath)
             selected->setPattern(m_pattern);
         applyAspectLock(*selected); // an update may come when another layer is selected
-        renderSelected();
-        m_person.reloadTable();
+        selected->drawInRect();
     }
     finishEdit(EditNames::ofKeyPath(keyPath), gestureOn(keyPath));
 }
@@ -310,32 +296,33 @@ void LWAppDelegate::showAsItWas(const DocumentState &state)
     m_hwchange = true;
     m_hwchangeVal.clear();
     m_redraw.forget();
-    showMarker(state);
+    renderAsItWas(state);
     composeOutput();
-    m_person.reloadTable();
     showRedrawn();
 }
 
 void LWAppDelegate::showRedrawn()
 {
     calculatePower();
-    m_person.repaintCanvas();
     tellChanges();
 }
 
 void LWAppDelegate::tellChanges()
 {
-    m_news.look({state(m_news.state().document), m_bgColor, m_edgeColor, m_popupIndex, m_powerResult});
+    const LayerPointer selected = m_arraycontroller.selectedLayer();
+    const auto *still = qobject_cast<const LWStill *>(selected.get());
+    m_news.look({state(m_news.state().document), m_bgColor, m_edgeColor, m_popupIndex, m_powerResult,
+                 still ? still->rendered() : nullptr});
 }
 
-/// Has a selected still draw its marker where it is now.
-void LWAppDelegate::showMarker(const DocumentState &state)
+/// The marker stands around a selected picture as it was rendered last.
+void LWAppDelegate::renderAsItWas(const DocumentState &state)
 {
     tableViewSelectionDidChange(m_arraycontroller.selectionIndex());
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     if (!qobject_cast<LWStill *>(selected.get()))
         return;
-    renderSelected();
+    selected->drawInRect();
     state.layers[static_cast<std::size_t>(m_arraycontroller.selectionIndex())].apply(); // the sizes that it wrote
 }
 

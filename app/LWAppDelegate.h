@@ -13,7 +13,6 @@
 #include "show/ShowNews.h"
 
 #include <QHash>
-#include <QImage>
 #include <QObject>
 #include <QPoint>
 #include <QString>
@@ -25,7 +24,6 @@
 #include <vector>
 
 class LWScreen;
-class LWStill;
 
 /// The document and its controller: owns the layers, carries the actions by name, and conducts the pieces that do the
 /// work (Composition, ProjectFile, PngFile, PSDExport, PowerCalculator). Main thread only.
@@ -95,16 +93,15 @@ public:
     const Colour &edgeColor() const { return m_edgeColor; }
     void setEdgeColor(const Colour &colour) { m_edgeColor = colour; }
 
-    /// The composed output, `Format_ARGB32_Premultiplied`; null before the first composition and for an output without
-    /// pixels. Copies that are kept across update() cost a second buffer.
-    const QImage &offscreenRep() const { return m_offscreenRep; }
+    /// The composed output, see Composition::output(): to be read, not to be kept.
+    const QImage &offscreenRep() const { return m_composition.output(); }
     /// The same as the picture that the views show.
-    const QImage &img() const { return m_offscreenRep; }
+    const QImage &img() const { return m_composition.output(); }
     /// The power line as it was last computed: "Total Power: 72.73Amp".
     const QString &powerResult() const { return m_powerResult; }
 
     /// The redraw that every edit ends in. Composes at most once in 0.1 s; a call in between recomputes the power and
-    /// repaints, and is made up for as soon as the time is over.
+    /// tells what has changed, and is made up for as soon as the time is over.
     void update(QObject *sender = nullptr);
     /// Opens the gate of update(); nothing else.
     void timerupdate() { m_redraw.open(); }
@@ -188,7 +185,7 @@ public:
     /// Rows were dropped on a table before its row `row`. Of those dragged only `index` counts: within a table it is
     /// moved, from the other one it is copied.
     void tableViewAcceptDrop(LayerList &table, qsizetype index, qsizetype row);
-    /// Another row is selected; -1 leaves the selection as it was. Shows its pattern and its marker.
+    /// Another row is selected; -1 leaves the selection as it was.
     void tableViewSelectionDidChange(qsizetype selectedRow);
 
     /// Adds a copy of a preset above the selected layer.
@@ -273,16 +270,16 @@ public:
     void setPhaseCalc(qint64 phases) override { m_phaseCalc = phases; }
     int popupIndex() const override { return m_popupIndex; }
     QSizeF canvasFrameSize() const override { return m_person.canvasFrameSize(); }
-    /// Has the canvas draw the marker of a selected still anew: the output is shown in another size.
-    void redrawMarker();
     /// The pattern becomes that of all selected layers, as one step.
     void choosePattern(qint64 pattern) override;
 
 signals:
-    /// Something that can be seen of the show is another: its layers, their list, what is selected, the output, the
-    /// supply, the file. Once an edit, after its redraw; views read what they show themselves. While the gate of the
-    /// redraw is shut, the output follows: Person::showOutput() tells.
+    /// Something that can be seen of the show is another: its layers, their list, what is selected and where its marker
+    /// stands, the output, the supply, the file. Once an edit, after its redraw; views read what they show themselves.
+    /// While the gate of the redraw is shut, the output follows: composed() tells.
     void changed();
+    /// img() was composed anew: once a composition, and before changed() where both are told.
+    void composed();
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
 
@@ -312,9 +309,7 @@ private:
     void compose();
     void composeOutput();
     void renderForInspector(Layer &layer);
-    void renderSelected();
-    void drawMarker(const LWStill &still);
-    void showMarker(const DocumentState &state);
+    void renderAsItWas(const DocumentState &state);
     void recordUnwatched(const QString &name);
     void noteSelection();
     Gesture gestureOn(const QString &keyPath) const;
@@ -372,7 +367,6 @@ private:
     int m_OutputHeight = 0;
     Colour m_bgColor = NamedColour::black;
     Colour m_edgeColor = NamedColour::black;
-    QImage m_offscreenRep;
     QString m_powerResult;
 
     bool m_hwchange = false; ///< the last edited value was the panel width or height

@@ -108,7 +108,6 @@ void LWAppDelegate::shiftSelection(qint64 right, qint64 down)
         layer->setYpoint(nearestInt(layer->ypoint() + down));
         layer->drawInRect(); // walls show their place
     }
-    redrawMarker();
 }
 
 /// So that so many halves of what the selected layers leave free of the output lie to their left and above them.
@@ -145,7 +144,6 @@ void LWAppDelegate::toggleVisibility()
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(isVisible);
     finishEdit("visibility");
-    m_person.reloadTable();
 }
 
 void LWAppDelegate::toggleVisibilityOf(qsizetype row)
@@ -155,7 +153,6 @@ void LWAppDelegate::toggleVisibilityOf(qsizetype row)
         return;
     layer->setVisible(!layer->visible());
     finishEdit("visibility");
-    m_person.reloadTable();
 }
 
 void LWAppDelegate::hideOthers()
@@ -165,7 +162,6 @@ void LWAppDelegate::hideOthers()
     for (const LayerPointer &layer : selectedLayers())
         layer->setVisible(true);
     finishEdit("hide others");
-    m_person.reloadTable();
 }
 
 void LWAppDelegate::switchAllPanelsOn()

@@ -180,7 +180,8 @@ void LWAppDelegate::drawLostWalls(const std::vector<LayerPointer> &layers)
     if (!isAnyDrawn)
         return;
     composeOutput();
-    m_person.reloadTable();
+    m_news.expectChange(); // hidden ones are in no composition
+    tellChanges();
 }
 
 bool LWAppDelegate::applicationOpenFile(const QString &path)
@@ -202,7 +203,7 @@ void LWAppDelegate::saveAction()
     const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
     if (const Result<void> isWhole = LostWall::check(allScreensArray()); !isWhole)
         return tellFailedExport("PNG", {path + ": " + isWhole.error().text});
-    if (const Result<void> written = PngFile::write(path, m_offscreenRep); !written)
+    if (const Result<void> written = PngFile::write(path, img()); !written)
         return tellFailedExport("PNG", written.error());
     m_person.tellStatus("Exported " + QFileInfo(path).fileName());
 }
@@ -222,8 +223,7 @@ void LWAppDelegate::savePSD()
     const auto progress = [&](double done) { return m_person.showProgress("Exporting " + name, done); };
     const Result<PSDExport::Outcome> outcome = PSDExport::write(path, project(), m_screenNumber, progress);
     progress(1);
-    m_person.reloadTable(); // layers may have got names
-    recordUnwatched("layer names");
+    recordUnwatched("layer names"); // they may have got some
     if (!outcome)
         return tellFailedExport("PSD", outcome.error());
     if (*outcome == PSDExport::Outcome::Cancelled)

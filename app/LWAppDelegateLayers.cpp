@@ -13,8 +13,6 @@
 namespace {
 constexpr QLatin1StringView nameOfLayerTable{"mainTView"};
 constexpr QLatin1StringView nameOfPresetTable{"presetTView"};
-/// There is a button for each of these.
-constexpr qint64 patterns = 8;
 } // namespace
 
 void LWAppDelegate::AddScreen()
@@ -162,33 +160,10 @@ void LWAppDelegate::updateAgainSoon()
     });
 }
 
-void LWAppDelegate::redrawMarker()
-{
-    const LayerPointer selected = m_arraycontroller.selectedLayer();
-    auto *still = qobject_cast<LWStill *>(selected.get());
-    if (!still)
-        return;
-    still->placeMarker();
-    drawMarker(*still);
-}
-
-void LWAppDelegate::drawMarker(const LWStill &still)
-{
-    m_person.setKScaleFactor(still.marker().scaleFactor);
-    m_person.drawRectangle(still.marker().rectangle);
-}
-
 void LWAppDelegate::tableViewSelectionDidChange(qsizetype selectedRow)
 {
     if (selectedRow >= 0 && selectedRow != m_arraycontroller.selectionIndex())
         m_arraycontroller.setSelectionIndex(selectedRow);
-    const LayerPointer selected = m_arraycontroller.selectedLayer();
-    if (selected && selected->pattern() >= 0 && selected->pattern() < patterns)
-        m_person.showPattern(static_cast<int>(selected->pattern()));
-    if (qobject_cast<LWStill *>(selected.get()))
-        m_person.showRectangle();
-    else
-        m_person.hideRectangle();
     m_history.endGesture();
     noteSelection();
 }

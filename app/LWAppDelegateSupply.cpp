@@ -13,7 +13,6 @@ void LWAppDelegate::calculatePower()
     PowerCalculator::chooseSupply(*this);
     const float amperes = Load::of(allScreensArray()).amperes(m_voltageCalc, m_phaseCalc);
     m_powerResult = PowerCalculator::resultText(amperes);
-    m_person.showPowerResult(m_powerResult);
 }
 
 void LWAppDelegate::voltageSelect(qint64 tag)

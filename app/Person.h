@@ -3,17 +3,16 @@
 #include "formats/FileFormat.h"
 #include "layer/Supply.h"
 
-#include <QImage>
 #include <QPoint>
-#include <QRectF>
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
 
 #include <optional>
 
-/// The person at the screen, whom the document asks and tells. The windows implement it; tests script it; the command
-/// line does without, since it works on projects and compositions directly.
+/// The person at the screen, whom the document asks and tells. What there is to be seen of the document is no matter of
+/// this: views read it, see LWAppDelegate::changed(). The windows implement it; tests script it; the command line does
+/// without, since it works on projects and compositions directly.
 class Person
 {
 public:
@@ -64,28 +63,10 @@ public:
     /// show.psd". Meanwhile the person can edit nothing, only cancel: then this returns false until the work has ended.
     virtual bool showProgress(const QString &what, double done) = 0;
 
-    /// A new output was composed, of the output's size in pixels; null where there is none. It shares its pixels with
-    /// the composition: whoever keeps a copy past the next call of releaseOutput() costs the program a second buffer.
-    virtual void showOutput(const QImage &output) = 0;
-    /// The next output is about to be composed: let go of the last one. showOutput() follows at once.
-    virtual void releaseOutput() = 0;
-    /// Paints the canvas again with the output it has.
-    virtual void repaintCanvas() = 0;
-    /// The canvas and the marker in it, as LayerHost has them.
+    /// Where the person looks at the output: the size of the canvas, as LayerHost has it.
     virtual QSizeF canvasFrameSize() const = 0;
     /// The pixel of the output in the middle of what the canvas shows; nullopt where there is no canvas.
     virtual std::optional<QPoint> middleOfView() const = 0;
-    virtual void setKScaleFactor(float factor) = 0;
-    virtual void drawRectangle(const QRectF &rectangle) = 0;
-    /// Shows and hides the marker around a selected still.
-    virtual void showRectangle() = 0;
-    virtual void hideRectangle() = 0;
-    /// Turns on the button of a pattern, 0 to 7, and the others off.
-    virtual void showPattern(int pattern) = 0;
-    /// Rows of the layer table may look different: a layer was rendered again.
-    virtual void reloadTable() = 0;
-    /// The power line, as it is to be shown: "Total Power: 72.73Amp".
-    virtual void showPowerResult(const QString &text) = 0;
     /// Adds a file to the recent documents.
     virtual void noteRecentDocument(const QString &path) = 0;
     /// The supply that the person chose last, in whatever show, from one run to the next; nullopt: none yet.

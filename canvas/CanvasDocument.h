@@ -2,6 +2,7 @@
 
 #include "layer/Layer.h"
 
+#include <QImage>
 #include <QPoint>
 #include <QString>
 
@@ -9,8 +10,8 @@
 
 class QObject;
 
-/// What the canvas needs of the document. The document's controller implements it; the output's picture comes to the
-/// canvas by itself, see LWCanvasImageView::showOutput().
+/// What the canvas needs of the document. The document's controller implements it, and tells the canvas when something
+/// has changed: LWCanvasImageView::showOutput() and showChanges().
 class CanvasDocument
 {
 public:
@@ -19,6 +20,9 @@ public:
     /// Size of the output in pixels; any 32-bit number, a file may hold it.
     virtual int OutputWidth() const = 0;
     virtual int OutputHeight() const = 0;
+    /// The output as it was composed last; null where there is none. Read where it is painted, never kept: the next
+    /// composition writes into it.
+    virtual const QImage &output() const = 0;
     /// The layer that clicks go to; null where there is none.
     virtual LayerPointer selectedLayer() const = 0;
     /// All layers, topmost first.
@@ -35,7 +39,4 @@ public:
     /// An edit was made with plain setters: it becomes a step of the history under that name ("move image"), none where
     /// nothing has changed, and update() follows.
     virtual void finishEdit(const QString &name) = 0;
-    /// The canvas shows the output in a frame of another size: a selected still draws its marker anew. Other layers
-    /// have none, nothing is rendered or composed.
-    virtual void redrawMarker() = 0;
 };

@@ -1,6 +1,7 @@
 #include "canvas/LWCanvasImageView.h"
 
 #include "canvas/CanvasDocument.h"
+#include "still/LWStill.h"
 
 #include <QApplication>
 
@@ -23,12 +24,37 @@ LWCanvasImageView::~LWCanvasImageView()
     disconnect(qApp, nullptr, this, nullptr); // a widget that goes gives up the focus when it is half gone
 }
 
-void LWCanvasImageView::showOutput(const QImage &output)
+void LWCanvasImageView::showOutput()
 {
-    m_picture.show(output);
     CanvasFrame frame = deviceFrame();
-    frame.setOutput(output.size());
+    frame.setOutput(m_document.output().size());
     takeFrame(frame);
+}
+
+void LWCanvasImageView::showChanges()
+{
+    placeMarker();
+    update();
+}
+
+/// Around a selected still as it was rendered last, in the frame as it is now; other layers have none.
+void LWCanvasImageView::placeMarker()
+{
+    const LayerPointer layer = m_document.selectedLayer();
+    auto *still = qobject_cast<LWStill *>(layer.get());
+    if (!still)
+        return hideRectangle();
+    still->placeMarker();
+    setKScaleFactor(still->marker().scaleFactor);
+    showRectangle();
+    drawRectangle(still->marker().rectangle);
+}
+
+void LWCanvasImageView::putMarkerBack()
+{
+    const LayerPointer layer = m_document.selectedLayer();
+    if (const auto *still = qobject_cast<const LWStill *>(layer.get()))
+        drawRectangle(still->marker().rectangle);
 }
 
 void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
@@ -97,7 +123,7 @@ void LWCanvasImageView::takeRoom()
     frame.setRoom((QSizeF(size()) * m_geometry.pixelRatio()).toSize(), qRound(margin * m_geometry.pixelRatio()));
     takeFrame(frame);
     if (isOtherRatio)
-        m_document.redrawMarker();
+        placeMarker();
 }
 
 void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
@@ -110,7 +136,7 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
     if (isOtherSize || isOtherOutput)
         toolInEffect().reframe(isOtherSize);
     if (isOtherSize)
-        m_document.redrawMarker();
+        placeMarker();
     tellReadOut();
     if (isOther)
         emit frameDidChange();
@@ -121,9 +147,9 @@ void LWCanvasImageView::tellReadOut()
 {
     m_readOut = {deviceFrame().output(), deviceFrame().zoom() * 100, deviceFrame().isFitted(), {}, {}};
     const std::optional<QPoint> pixel = pixelToTell();
-    if (pixel && m_picture.output().valid(*pixel)) {
+    if (pixel && m_document.output().valid(*pixel)) {
         m_readOut.pixel = pixel;
-        m_readOut.colour = m_picture.output().pixelColor(*pixel);
+        m_readOut.colour = m_document.output().pixelColor(*pixel);
     }
     emit readOutDidChange(m_readOut);
 }

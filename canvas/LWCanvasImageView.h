@@ -57,10 +57,10 @@ public:
     explicit LWCanvasImageView(CanvasDocument &document, QWidget *parent = nullptr);
     ~LWCanvasImageView() override;
 
-    /// Shares the picture's pixels until releaseOutput(). Null: there is no output.
-    void showOutput(const QImage &output);
-    /// Lets go of the picture; showOutput() follows before the next painting.
-    void releaseOutput() { m_picture.release(); }
+    /// The document has composed its output anew, in whatever size.
+    void showOutput();
+    /// Something else of the document is another: layers, selection, the selected still's marker.
+    void showChanges();
 
     /// The output's place in the widget; empty without an output.
     QRectF frame() const { return m_geometry.frame(); }
@@ -78,6 +78,7 @@ public:
     JXSelectionBorder &cropMarker() { return m_cropMarker; }
     /// Puts the marker there, in coordinates of the fitted view; one of no width is hidden. At another zoom it
     /// stands around the selected layer's exact pixels. During a drag it is in the person's hand and stays there.
+    /// showChanges() does these four by itself.
     void drawRectangle(const QRectF &rectangle);
     void showRectangle();
     void hideRectangle();
@@ -130,6 +131,8 @@ protected:
 
 private:
     QRectF exactRectangle(const Layer &layer) const;
+    void placeMarker();
+    void putMarkerBack();
     void takeRoom();
     void takeFrame(const CanvasFrame &frame);
     void stepZoom(int steps, const QPointF &widgetPoint);

@@ -19,8 +19,9 @@ void LWCanvasImageView::paintEvent(QPaintEvent *event)
     painter.inWidget().fillRect(event->rect(), palette().color(QPalette::Base));
     if (m_geometry.isEmpty())
         return paintWithoutOutput(painter.inWidget());
-    m_picture.paintFramed(painter.inDevicePixels(), deviceFrame().place(), {QPoint(0, 0), deviceFrame().room()},
-                          palette().color(QPalette::Mid), palette().color(QPalette::Base));
+    m_picture.paintFramed(painter.inDevicePixels(), m_document.output(), deviceFrame().place(),
+                          {QPoint(0, 0), deviceFrame().room()}, palette().color(QPalette::Mid),
+                          palette().color(QPalette::Base));
     for (const LayerPointer &layer : m_document.layers()) {
         const auto *still = qobject_cast<const LWStill *>(layer.get());
         if (still && still->visible() && still->isPictureMissing())

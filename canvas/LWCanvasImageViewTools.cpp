@@ -14,7 +14,11 @@ int wayInto(int room, double from, double to)
 
 void LWCanvasImageView::makeTools()
 {
-    const ToolSurroundings surroundings{m_document, m_geometry, m_cropMarker, *this,
+    const ToolSurroundings surroundings{m_document,
+                                        m_geometry,
+                                        m_cropMarker,
+                                        *this,
+                                        [this] { putMarkerBack(); },
                                         [this](const QRectF &pixels) { bringIntoSight(pixels); }};
     for (const CanvasToolRow &row : canvasTools())
         m_tools.emplace(row.name, row.make(surroundings));

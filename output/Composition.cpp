@@ -165,7 +165,7 @@ Composition::Composition() : m_pictures(std::make_unique<PictureMemory>()) {}
 
 Composition::~Composition() = default;
 
-QImage Composition::compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style)
+const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style)
 {
     m_buffer = Raster::reuse(std::move(m_buffer), style.size.width(), style.size.height());
     if (!m_buffer.isNull())

@@ -46,10 +46,13 @@ public:
     Composition &operator=(const Composition &) = delete;
 
     /// The background, its outline, then the pictures from the last to the first, source-atop: where the background is
-    /// transparent they do not show. Returns `Format_ARGB32_Premultiplied`; a null image for an output that is empty or
-    /// larger than a raster can be, or where the memory cannot be had. The returned image shares the kept buffer: let
-    /// go of it before the next call and no memory is asked for again.
-    QImage compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style);
+    /// transparent they do not show. Returns output().
+    const QImage &compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style);
+    /// The output as it was composed last, `Format_ARGB32_Premultiplied`; a null image before, for an output that is
+    /// empty or larger than a raster can be, or where the memory cannot be had. There is one, and the next composition
+    /// writes into it: who shows it reads it here whenever he does. A copy that is kept has the next one ask for
+    /// memory again. After each composition its cache key is another one.
+    const QImage &output() const { return m_buffer; }
     /// Whether these would give what compose() gave last.
     bool isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const;
 

@@ -16,11 +16,19 @@ struct ShowState
     Colour edge = NamedColour::black;
     int corners = 0; ///< which corner coordinates walls show
     QString power;   ///< the power line
+    /// What the selected picture was like when it was rendered last: there stands its marker; null: there is none.
+    LayerRecordPointer marked = nullptr;
 
     bool operator==(const ShowState &other) const
     {
         return document.looksLike(other.document) && background == other.background && edge == other.edge &&
-               corners == other.corners && power == other.power;
+               corners == other.corners && power == other.power && hasMarkerOf(other);
+    }
+
+private:
+    bool hasMarkerOf(const ShowState &other) const
+    {
+        return marked == other.marked || (marked && other.marked && *marked == *other.marked);
     }
 };
 

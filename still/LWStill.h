@@ -61,6 +61,8 @@ public:
     };
     /// As it was worked out last; empty before.
     const Marker &marker() const { return m_marker; }
+    /// What it was like when it was rendered last, which is where the marker stands; null before.
+    const LayerRecordPointer &rendered() const { return m_rendered; }
     /// Works it out for another canvas, around the still as it was rendered last; writes no size.
     void placeMarker();
     /// Clicks do nothing to a picture.

@@ -12,6 +12,7 @@ public:
 
     int OutputWidth() const override { return m_document.OutputWidth(); }
     int OutputHeight() const override { return m_document.OutputHeight(); }
+    const QImage &output() const override { return m_document.img(); }
     LayerPointer selectedLayer() const override { return m_document.arraycontroller().selectedLayer(); }
     std::vector<LayerPointer> layers() const override { return m_document.allScreensArray(); }
     std::vector<LayerPointer> selectedLayers() const override { return m_document.selectedLayers(); }
@@ -19,7 +20,6 @@ public:
     void nudge(const QPoint &distance) override { m_document.moveSelection(distance); }
     void update(QObject *sender) override { m_document.update(sender); }
     void finishEdit(const QString &name) override { m_document.finishEdit(name); }
-    void redrawMarker() override { m_document.redrawMarker(); }
 
 private:
     LWAppDelegate &m_document;

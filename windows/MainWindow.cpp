@@ -201,19 +201,14 @@ void MainWindow::orderFocus()
 
 void MainWindow::connectDocument()
 {
-    connect(&m_person, &WindowPerson::outputComposed, m_canvas, &LWCanvasImageView::showOutput);
-    connect(&m_person, &WindowPerson::outputReleased, m_canvas, &LWCanvasImageView::releaseOutput);
+    connect(&m_document, &LWAppDelegate::changed, m_canvas, &LWCanvasImageView::showChanges);
+    connect(&m_document, &LWAppDelegate::changed, m_layerTable->viewport(), qOverload<>(&QWidget::update));
+    connect(&m_document, &LWAppDelegate::changed, this, &MainWindow::showPower);
+    connect(&m_document, &LWAppDelegate::composed, m_canvas, &LWCanvasImageView::showOutput);
+    connect(&m_document, &LWAppDelegate::composed, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_person, &WindowPerson::sheetAsked, &m_sheets, &Sheets::begin);
     connect(&m_person, &WindowPerson::sheetDone, &m_sheets, &Sheets::end);
     connect(&m_person, &WindowPerson::outputPreviewAsked, this, [this] { outputPreview().showInWindow(); });
-    connect(&m_person, &WindowPerson::canvasRepaintAsked, m_canvas, qOverload<>(&QWidget::update));
-    connect(&m_person, &WindowPerson::layersRendered, m_layerTable->viewport(), qOverload<>(&QWidget::update));
-    connect(&m_person, &WindowPerson::powerComputed, this, [this](const QString &text) {
-        m_powerBar->showPowerResult(text);
-        m_powerBar->showSupply(
-            m_document.voltageCalc(), m_document.phaseCalc(),
-            LayerText::load(m_document.allScreensArray(), m_document.voltageCalc(), m_document.phaseCalc()));
-    });
     connect(&m_person, &WindowPerson::failureTold, m_powerBar, &PowerBar::showFailure);
     connect(&m_person, &WindowPerson::statusTold, m_powerBar, &PowerBar::showStatus);
     connect(&m_person, &WindowPerson::fileChangedElsewhere, this, &MainWindow::tellChangedElsewhere);
@@ -223,15 +218,24 @@ void MainWindow::connectDocument()
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, m_powerBar, &PowerBar::clearStatus);
 }
 
+void MainWindow::showPower()
+{
+    const qint64 volts = m_document.voltageCalc();
+    const qint64 phases = m_document.phaseCalc();
+    m_powerBar->showPowerResult(m_document.powerResult());
+    m_powerBar->showSupply(volts, phases, LayerText::load(m_document.allScreensArray(), volts, phases));
+}
+
 void MainWindow::connectViews()
 {
-    connect(&m_document.arraycontroller(), &LayerList::selectionIndexDidChange, this,
-            [this] { m_canvasLink.redrawMarker(); });
     connect(m_layerTable->itemDelegate(), &QAbstractItemDelegate::closeEditor, &m_document, &LWAppDelegate::endTyping);
     for (FoldingSide *side : {m_listsSide, m_inspectorSide})
         connect(side, &FoldingSide::left, m_canvas, [this] { m_canvas->setFocus(); });
     connect(m_layerTable, &LayerTable::eyeClicked, &m_document, &LWAppDelegate::toggleVisibilityOf);
-    connect(m_powerBar, &PowerBar::voltageChosen, &m_document, &LWAppDelegate::voltageSelect);
+    connect(m_powerBar, &PowerBar::voltageChosen, this, [this](int tag) {
+        m_document.voltageSelect(tag);
+        showPower(); // 110 V beside "Other" are those of the button, whether they are chosen already or not
+    });
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
     connect(m_powerBar, &PowerBar::zoomChosen, m_canvas, &LWCanvasImageView::setZoom);
     connect(m_powerBar, &PowerBar::fitChosen, m_canvas, &LWCanvasImageView::zoomToFit);

@@ -111,6 +111,7 @@ private:
     void addViews();
     void connectDocument();
     void connectViews();
+    void showPower();
     void rememberLayout() const;
     void restoreLayout();
     QString panelAt(const QPoint &pixel) const;

@@ -273,10 +273,8 @@ OutputPreview &MainWindow::outputPreview()
 {
     if (m_preview)
         return *m_preview;
-    m_preview = new OutputPreview(this);
-    m_preview->showOutput(m_document.img());
-    connect(&m_person, &WindowPerson::outputComposed, m_preview, &OutputPreview::showOutput);
-    connect(&m_person, &WindowPerson::outputReleased, m_preview, &OutputPreview::releaseOutput);
+    m_preview = new OutputPreview(m_document.img(), this);
+    connect(&m_document, &LWAppDelegate::composed, m_preview, &OutputPreview::showOutput);
     connect(m_preview, &OutputPreview::displayDidChange, m_powerBar,
             [this](const QString &problem) { m_powerBar->showFault(m_preview, problem); });
     return *m_preview;

@@ -33,10 +33,12 @@ QPoint besideWindow(const QRect &window, const QSize &size, const QRect &room)
 }
 } // namespace
 
-OutputPreview::OutputPreview(QWidget *parent)
-    : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>())
+OutputPreview::OutputPreview(const QImage &output, QWidget *parent)
+    : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>()), m_output(output),
+      m_outputSize(output.size())
 {
     m_form->setupUi(this);
+    m_form->pvwImageWell->setOutput(output);
     connect(qApp, &QGuiApplication::screenRemoved, this, [this](const QScreen *gone) {
         if (gone != m_display)
             return;
@@ -52,18 +54,12 @@ OutputPreview::OutputPreview(QWidget *parent)
 
 OutputPreview::~OutputPreview() = default;
 
-void OutputPreview::showOutput(const QImage &output)
+void OutputPreview::showOutput()
 {
-    const bool isAnother = output.size() != m_outputSize;
-    m_outputSize = output.size();
-    m_form->pvwImageWell->showOutput(output);
-    if (isAnother && m_display)
+    const bool isAnotherSize = std::exchange(m_outputSize, m_output.size()) != m_output.size();
+    m_form->pvwImageWell->showOutput();
+    if (isAnotherSize && m_display)
         tellFit();
-}
-
-void OutputPreview::releaseOutput()
-{
-    m_form->pvwImageWell->releaseOutput();
 }
 
 void OutputPreview::showOn(QScreen &display)

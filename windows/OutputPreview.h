@@ -18,11 +18,12 @@ class OutputPreview final : public QWidget
     Q_OBJECT
 
 public:
-    explicit OutputPreview(QWidget *parent = nullptr);
+    /// `output` is read whenever it is painted, and outlives this.
+    explicit OutputPreview(const QImage &output, QWidget *parent = nullptr);
     ~OutputPreview() override;
 
-    void showOutput(const QImage &output);
-    void releaseOutput();
+    /// The output was composed anew.
+    void showOutput();
 
     /// Fills a display, also from another one. A display that goes away takes the preview back into its window until it
     /// returns.
@@ -52,7 +53,8 @@ private:
     void tellFit();
 
     std::unique_ptr<Ui::OutputPreview> m_form;
-    QSize m_outputSize;
+    const QImage &m_output;
+    QSize m_outputSize;       ///< as it was composed last
     QRect m_windowGeometry;   ///< before it went to the display
     bool m_hasWindow = false; ///< where it goes back to from the display
     bool m_wasInWindow = false;

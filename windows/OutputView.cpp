@@ -9,10 +9,12 @@
 
 namespace {
 constexpr char wholeTip[] = "The composed output, as it is exported";
-}
+} // namespace
 
 OutputView::OutputView(QWidget *parent) : QWidget(parent)
 {
+    static const QImage noOutput;
+    m_output = &noOutput;
     // The whole area is painted, ground included: Qt need not clear it first.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -20,10 +22,15 @@ OutputView::OutputView(QWidget *parent) : QWidget(parent)
     setToolTip(wholeTip);
 }
 
-void OutputView::showOutput(const QImage &output)
+void OutputView::setOutput(const QImage &output)
 {
-    m_picture.show(output);
-    setAccessibleDescription(output.isNull() ? QString() : NumberText::size(output.size()) + " pixels");
+    m_output = &output;
+    showOutput();
+}
+
+void OutputView::showOutput()
+{
+    setAccessibleDescription(m_output->isNull() ? QString() : NumberText::size(m_output->size()) + " pixels");
     update();
 }
 
@@ -49,21 +56,20 @@ void OutputView::paintWhole(QPainter &painter)
     const QSize room = (QSizeF(size()) * devicePixelRatioF()).toSize();
     CanvasFrame frame;
     frame.setRoom(room, qRound(Theme::edge * devicePixelRatioF()));
-    frame.setOutput(m_picture.output().size());
+    frame.setOutput(m_output->size());
     if (frame.place().isEmpty()) {
         painter.setPen(Theme::dimText);
-        painter.drawText(rect(), Qt::AlignCenter,
-                         m_picture.output().isNull() ? "The output has no picture" : QString());
+        painter.drawText(rect(), Qt::AlignCenter, m_output->isNull() ? "The output has no picture" : QString());
         return;
     }
     toDevicePixels(painter, *this);
-    m_picture.paintFramed(painter, frame.place(), {QPoint(0, 0), room}, Theme::line, Theme::ground);
+    m_picture.paintFramed(painter, *m_output, frame.place(), {QPoint(0, 0), room}, Theme::line, Theme::ground);
 }
 
 void OutputView::paintPixelForPixel(QPainter &painter)
 {
     painter.fillRect(rect(), Qt::black);
     toDevicePixels(painter, *this);
-    const QRect place = m_picture.output().rect();
-    m_picture.paint(painter, place, place);
+    const QRect place = m_output->rect();
+    m_picture.paint(painter, *m_output, place, place);
 }

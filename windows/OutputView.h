@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-/// Shows the composed output as the canvas does, fitted and framed, on the theme's ground, or pixel for pixel.
+/// Shows the composed output as the canvas does, fitted and framed, on the theme's ground, or pixel for pixel. Keeps no
+/// copy of it.
 class OutputView final : public QWidget
 {
     Q_OBJECT
@@ -18,10 +19,10 @@ public:
         PixelForPixel ///< one output pixel to one device pixel from the top left on black, for displays that feed walls
     };
     void setFit(Fit fit);
-    /// Shares the picture's pixels until releaseOutput(). Null: there is no output.
-    void showOutput(const QImage &output);
-    /// Lets go of the picture; showOutput() follows before the next painting.
-    void releaseOutput() { m_picture.release(); }
+    /// Where the output is, to be read whenever it is painted; it outlives this. Until then nothing is shown.
+    void setOutput(const QImage &output);
+    /// It was composed anew.
+    void showOutput();
 
     QSize minimumSizeHint() const override { return {160, 120}; }
 
@@ -33,5 +34,6 @@ private:
     void paintPixelForPixel(QPainter &painter);
 
     Fit m_fit = Fit::Whole;
+    const QImage *m_output; ///< a null image: there is none
     CanvasPicture m_picture;
 };

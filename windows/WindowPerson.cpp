@@ -238,30 +238,6 @@ std::optional<QPoint> WindowPerson::middleOfView() const
     return isOutputs ? ofOutput : *middle;
 }
 
-void WindowPerson::setKScaleFactor(float factor)
-{
-    if (m_canvas)
-        m_canvas->setKScaleFactor(factor);
-}
-
-void WindowPerson::drawRectangle(const QRectF &rectangle)
-{
-    if (m_canvas)
-        m_canvas->drawRectangle(rectangle);
-}
-
-void WindowPerson::showRectangle()
-{
-    if (m_canvas)
-        m_canvas->showRectangle();
-}
-
-void WindowPerson::hideRectangle()
-{
-    if (m_canvas)
-        m_canvas->hideRectangle();
-}
-
 void WindowPerson::noteRecentDocument(const QString &path)
 {
     m_folder = QFileInfo(path).absolutePath();

@@ -9,13 +9,12 @@
 #include <chrono>
 #include <memory>
 #include <optional>
-#include <utility>
 
 class LWCanvasImageView;
 class ProgressDialog;
 
-/// The person at the main window: asked in panels and alerts over it; what the document has to show goes on to the
-/// views as signals.
+/// The person at the main window, asked in panels and alerts over it. What the window itself has to do goes on as
+/// signals.
 class WindowPerson final : public QObject, public Person
 {
     Q_OBJECT
@@ -42,31 +41,12 @@ public:
     /// Work that is done within `patience` shows nothing.
     bool showProgress(const QString &what, double done) override;
     static constexpr std::chrono::milliseconds patience{500};
-    /// Views hear of each composition once.
-    void showOutput(const QImage &output) override
-    {
-        if (std::exchange(m_shownOutput, output.cacheKey()) != output.cacheKey())
-            emit outputComposed(output);
-    }
-    void releaseOutput() override
-    {
-        m_shownOutput.reset();
-        emit outputReleased();
-    }
-    void repaintCanvas() override { emit canvasRepaintAsked(); }
-    /// Where the marker is shown; outlives this, or is taken away with null.
+    /// Where the output is looked at; outlives this, or is taken away with null.
     void setCanvas(LWCanvasImageView *canvas) { m_canvas = canvas; }
     QSizeF canvasFrameSize() const override;
     std::optional<QPoint> middleOfView() const override;
     /// The pixel of the output at a place in the canvas; nullopt where there is none.
     std::optional<QPoint> pixelAt(const QPointF &place) const;
-    void setKScaleFactor(float factor) override;
-    void drawRectangle(const QRectF &rectangle) override;
-    void showRectangle() override;
-    void hideRectangle() override;
-    void showPattern(int pattern) override { emit patternShown(pattern); }
-    void reloadTable() override { emit layersRendered(); }
-    void showPowerResult(const QString &text) override { emit powerComputed(text); }
     void noteRecentDocument(const QString &path) override;
     std::optional<Supply> lastSupply() const override;
     void noteSupply(const Supply &supply) override;
@@ -78,14 +58,8 @@ signals:
     void sheetAsked(Sheet sheet);
     void sheetDone(Sheet sheet);
     void outputPreviewAsked();
-    void patternShown(int pattern);
     void failureTold(const QString &sentence);
     void statusTold(const QString &sentence);
-    void outputComposed(const QImage &output);
-    void outputReleased();
-    void canvasRepaintAsked();
-    void layersRendered();
-    void powerComputed(const QString &text);
     /// Person::fileWasChangedElsewhere().
     void fileChangedElsewhere(const QString &path);
 
@@ -98,7 +72,6 @@ private:
     std::unique_ptr<QAbstractFileIconProvider> m_icons; ///< of the file panels
     QString m_file;                                     ///< the document's; empty while it has none
     QString m_folder;                                   ///< where the last panel was closed; null: the person's own
-    std::optional<qint64> m_shownOutput;                ///< what image it was; nullopt: it was released
     QElapsedTimer m_workTime;                           ///< since the work began; invalid while there is none
     std::unique_ptr<ProgressDialog> m_progressDialog;
 };

@@ -29,6 +29,8 @@ struct ToolSurroundings
     const CanvasGeometry &geometry; ///< from points of the widget to output pixels and back
     JXSelectionBorder &marker;      ///< layers put it in its place; a tool moves it by hand
     QWidget &widget;                ///< to be painted anew, and for its font
+    /// Puts the marker where the selected still has it: a hand has moved it, or held it while it was to be put there.
+    std::function<void()> putMarkerBack;
     /// Shifts the output so that these pixels of it are seen, their left and top in any case.
     std::function<void(const QRectF &pixels)> bringIntoSight;
 };
@@ -93,6 +95,7 @@ protected:
     CanvasDocument &document() const { return m_canvas.document; }
     const CanvasGeometry &geometry() const { return m_canvas.geometry; }
     QWidget &widget() const { return m_canvas.widget; }
+    void putMarkerBack() const { m_canvas.putMarkerBack(); }
     void bringIntoSight(const QRectF &pixels) const { m_canvas.bringIntoSight(pixels); }
 
     /// Whether a press has not gone far enough for a drag; a click may shake.

@@ -53,9 +53,10 @@ void MarkerHand::release(const QPointF &place)
     QWidget &widget = m_canvas.widget;
     const JXSelectionBorder::Outcome outcome = m_canvas.marker.endTracking(locationOf(place), viewBounds());
     widget.update();
-    QTimer::singleShot(0, &widget, [&widget, &document = m_canvas.document, outcome] {
-        JXSelectionBorder::apply(outcome, document);
-        widget.update();
+    QTimer::singleShot(0, &widget, [canvas = m_canvas, outcome] {
+        JXSelectionBorder::apply(outcome, canvas.document);
+        canvas.putMarkerBack(); // what has changed nothing is told to nobody
+        canvas.widget.update();
     });
 }
 

@@ -119,7 +119,7 @@ void PanelsTool::cancel()
     if (m_painting)
         return std::exchange(m_painting, nullptr)->cancel();
     m_marker.letGo();
-    document().redrawMarker(); // it may have been drawn elsewhere meanwhile
+    putMarkerBack();
     widget().update();
 }
 

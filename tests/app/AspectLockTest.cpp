@@ -50,7 +50,7 @@ TEST_F(AspectLockOfADocument, AHeightEditThatTheGateHeldUpStillLeads)
 
     document.setValue(90, "arrangedObjects.panelHeight");
 
-    ASSERT_TRUE(QTest::qWaitFor([&] { return person.timesShown == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return composed.size() == 2; }));
     EXPECT_EQ(selected()->panelWidth(), 160);
     EXPECT_EQ(selected()->panelHeight(), 90);
 }

@@ -5,6 +5,7 @@
 #include "tests/app/ScriptedPerson.h"
 
 #include <QRect>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -54,5 +55,7 @@ protected:
 
     ScriptedPerson person;
     LWAppDelegate document{person};
+    QSignalSpy composed{&document, &LWAppDelegate::composed};
+    QSignalSpy changed{&document, &LWAppDelegate::changed};
     QTemporaryDir folder;
 };

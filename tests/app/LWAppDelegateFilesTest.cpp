@@ -45,7 +45,7 @@ TEST_F(LWAppDelegateFiles, OpeningReplacesTheLayersAndTakesTheOutputSize)
     ASSERT_EQ(document.allScreensArray().size(), project.layers.size());
     EXPECT_EQ(archiveText({2160, 3840, document.allScreensArray()}), archiveText(project));
     EXPECT_EQ(document.arraycontroller().selectionIndex(), 0);
-    EXPECT_EQ(person.shownOutput.size(), QSize(3840, 2160));
+    EXPECT_EQ(document.img().size(), QSize(3840, 2160));
     EXPECT_EQ(person.recentDocuments, QStringList{sample()});
     EXPECT_TRUE(person.alerts.isEmpty());
 }
@@ -64,12 +64,13 @@ TEST_F(LWAppDelegateFiles, OpeningTwiceDoesNotMerge)
 TEST_F(LWAppDelegateFiles, ACancelledPanelUpdatesAllTheSame)
 {
     ASSERT_FALSE(document.shouldUpdate());
-    const int shown = person.timesShown;
+    selected()->setXpoint(7);
     const QByteArray before = archive();
+    const qsizetype compositions = composed.size();
 
     document.openProject();
 
-    EXPECT_EQ(person.timesShown, shown + 1);
+    EXPECT_EQ(composed.size(), compositions + 1);
     EXPECT_EQ(archive(), before);
     EXPECT_TRUE(person.recentDocuments.isEmpty());
 }

@@ -205,7 +205,6 @@ TEST_F(LWAppDelegateLayers, TwoOfTwoSelectedLayersAreBothRemoved)
     EXPECT_EQ(document.arraycontroller().selectionIndex(), -1);
     EXPECT_TRUE(document.arraycontroller().selectionIndexes().empty());
     EXPECT_TRUE(person.alerts.isEmpty());
-    EXPECT_FALSE(person.isMarkerShown);
 }
 
 TEST_F(LWAppDelegateLayers, AnEmptyListStandsEveryAction)

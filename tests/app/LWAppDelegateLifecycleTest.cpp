@@ -56,7 +56,7 @@ TEST_F(LWAppDelegateLifecycle, AFreshStartHasOneLayerAnd31PresetsAndNothingToUnd
     ScriptedPerson other;
     LWAppDelegate fresh(other);
     EXPECT_TRUE(fresh.allScreensArray().empty());
-    EXPECT_EQ(other.timesShown, 0);
+    const QSignalSpy compositions(&fresh, &LWAppDelegate::composed);
 
     fresh.applicationDidFinishLaunching();
 
@@ -67,7 +67,7 @@ TEST_F(LWAppDelegateLifecycle, AFreshStartHasOneLayerAnd31PresetsAndNothingToUnd
     EXPECT_EQ(fresh.OutputWidth(), 1920);
     EXPECT_EQ(fresh.OutputHeight(), 1080);
     EXPECT_EQ(fresh.projectPath(), "");
-    EXPECT_EQ(other.timesShown, 1);
+    EXPECT_EQ(compositions.size(), 1);
     EXPECT_FALSE(fresh.undoStack().canUndo());
     EXPECT_TRUE(fresh.undoStack().isClean());
 }

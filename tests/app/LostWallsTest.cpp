@@ -83,12 +83,12 @@ TEST_F(LostWalls, OneThatWasLostForMemoryIsDrawnAgainForAnExport)
     compose();
     const QImage whole = document.offscreenRep().copy();
     selected()->setThumbnail({}); // what a rendering leaves that got no memory
-    const int reloaded = person.timesReloaded;
+    const qsizetype changes = changed.size();
     person.savePanelAnswer = png;
     document.saveAction();
     EXPECT_EQ(QImage(png).convertToFormat(whole.format()), whole);
     EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
-    EXPECT_EQ(person.timesReloaded, reloaded + 1);
+    EXPECT_EQ(changed.size(), changes + 1);
 }
 
 TEST_F(LostWalls, AVisibleOneFailsAnExportAndTheOldFileStays)

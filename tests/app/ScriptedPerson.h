@@ -60,30 +60,8 @@ public:
         progress.append(done);
         return done < cancelsFrom;
     }
-    void showOutput(const QImage &output) override
-    {
-        shownOutput = output;
-        ++timesShown;
-    }
-    void releaseOutput() override
-    {
-        shownOutput = {};
-        ++timesReleased;
-    }
-    void repaintCanvas() override { ++timesRepainted; }
     QSizeF canvasFrameSize() const override { return canvasFrame; }
     std::optional<QPoint> middleOfView() const override { return viewMiddle; }
-    void setKScaleFactor(float factor) override { scaleFactor = factor; }
-    void drawRectangle(const QRectF &rectangle) override { drawnRectangles.append(rectangle); }
-    void showRectangle() override { isMarkerShown = true; }
-    void hideRectangle() override
-    {
-        isMarkerShown = false;
-        ++timesHidden;
-    }
-    void showPattern(int shown) override { pattern = shown; }
-    void reloadTable() override { ++timesReloaded; }
-    void showPowerResult(const QString &text) override { powerResult = text; }
     void noteRecentDocument(const QString &path) override { recentDocuments.append(path); }
     std::optional<Supply> lastSupply() const override { return supply; }
     void noteSupply(const Supply &chosen) override { supply = chosen; }
@@ -107,19 +85,8 @@ public:
     QStringList statuses;
     QString progressTitle;
     QList<double> progress;
-    QImage shownOutput;
-    int timesShown = 0;
-    int timesReleased = 0; ///< once before each composition
-    int timesRepainted = 0;
     QSizeF canvasFrame{0, 0};         ///< 0 x 0: no canvas
     std::optional<QPoint> viewMiddle; ///< nullopt: no canvas
-    float scaleFactor = 0;            ///< of the marker, as last given
-    QList<QRectF> drawnRectangles;
-    int timesHidden = 0;
-    bool isMarkerShown = false;
-    int pattern = -1; ///< whose button is on; -1: none was turned on
-    int timesReloaded = 0;
-    QString powerResult;
     QStringList recentDocuments;
     std::optional<Supply> supply; ///< that was chosen last
     QStringList filesChangedElsewhere;

@@ -135,7 +135,7 @@ TEST_F(UndoEdits, TheOutputSizeComesBack)
     expectUndone("output width", [&] { document.setValue(640, "OutputWidth"); });
     EXPECT_EQ(document.OutputWidth(), 1920);
     expectUndone("output height", [&] { document.setValue(360, "OutputHeight"); });
-    EXPECT_EQ(person.shownOutput.size(), QSize(1920, 1080));
+    EXPECT_EQ(document.img().size(), QSize(1920, 1080));
 }
 
 TEST_F(UndoEdits, SwitchedOffPanelsComeBack)

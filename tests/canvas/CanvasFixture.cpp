@@ -35,21 +35,11 @@ void CanvasTestDocument::nudge(const QPoint &distance)
     calls += QString("nudge %1,%2").arg(distance.x()).arg(distance.y());
 }
 
-void CanvasTestDocument::redrawMarker()
-{
-    calls += "redrawMarker";
-    if (qobject_cast<LWStill *>(layer.get()))
-        render();
-}
-
 void CanvasTestDocument::render()
 {
     layer->drawInRect();
-    const auto *still = qobject_cast<LWStill *>(layer.get());
-    if (!still || !view)
-        return;
-    view->setKScaleFactor(still->marker().scaleFactor);
-    view->drawRectangle(still->marker().rectangle);
+    if (view)
+        view->showChanges();
 }
 
 CanvasFixture::CanvasFixture()
@@ -72,7 +62,6 @@ LWStill &CanvasFixture::selectStill(const QPoint &topLeft, const QSize &size)
     still->setYpoint(topLeft.y());
     document.layer = still;
     document.render();
-    view.showRectangle();
     return *still;
 }
 
@@ -84,7 +73,7 @@ LWScreen &CanvasFixture::selectScreen()
     arguments.panelWidth = 128;
     arguments.panelHeight = 128;
     document.layer = LWScreen::initWithrow(document, arguments);
-    view.hideRectangle();
+    view.showChanges();
     return static_cast<LWScreen &>(*document.layer);
 }
 
@@ -93,7 +82,13 @@ void CanvasFixture::showOutput(const QSize &size)
     document.outputSize = size;
     QImage output(size, QImage::Format_ARGB32_Premultiplied);
     output.fill(Qt::black);
-    view.showOutput(output);
+    showOutput(output);
+}
+
+void CanvasFixture::showOutput(const QImage &picture)
+{
+    document.picture = picture;
+    view.showOutput();
 }
 
 LWScreen &CanvasFixture::addWall(const QRect &place)

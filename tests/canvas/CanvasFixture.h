@@ -13,13 +13,14 @@
 #include <memory>
 #include <vector>
 
-/// A document of one layer, or several, that notes what the canvas asks of it, and passes on what the layer has to say
-/// to the canvas.
+/// A document of one layer, or several, that notes what the canvas asks of it, and tells the canvas what it has
+/// rendered.
 class CanvasTestDocument final : public CanvasDocument, public LayerHost
 {
 public:
     int OutputWidth() const override { return outputSize.width(); }
     int OutputHeight() const override { return outputSize.height(); }
+    const QImage &output() const override { return picture; }
 
     LayerPointer selectedLayer() const override { return layer; }
     std::vector<LayerPointer> layers() const override { return all; }
@@ -28,8 +29,7 @@ public:
     void nudge(const QPoint &distance) override;
     void update(QObject *sender) override;
     void finishEdit(const QString &name) override;
-    void redrawMarker() override;
-    /// Renders the selected layer and draws its marker, as documents do.
+    /// Renders the selected layer and tells so, as documents do.
     void render();
 
     qint64 voltageCalc() const override { return 110; }
@@ -41,6 +41,7 @@ public:
     void choosePattern(qint64) override {}
 
     QSize outputSize{1920, 1080};
+    QImage picture; ///< of the output
     QSizeF frameWithoutView{960, 540};
     LWCanvasImageView *view = nullptr;
     LayerPointer layer;                  ///< that clicks go to
@@ -48,7 +49,7 @@ public:
     std::vector<LayerPointer> selection; ///< of them
     bool rendersOnUpdate = true;         ///< as update() does when its gate is open
     std::function<void()> onUpdate;
-    QStringList calls; ///< "update", "finishEdit move image", "redrawMarker", "nudge 1,0"; selections are not noted
+    QStringList calls; ///< "update", "finishEdit move image", "nudge 1,0"; selections are not noted
 };
 
 /// A canvas of 664 x 384 in a window: an output of 1920 x 1080 stands in a frame of 640 x 360 in it, 12 from each edge.
@@ -61,7 +62,10 @@ protected:
     LWStill &selectStill(const QPoint &topLeft, const QSize &size);
     /// Selects a screen of 8 x 5 panels of 128 x 128.
     LWScreen &selectScreen();
+    /// A black output of that size.
     void showOutput(const QSize &size);
+    /// As if it had just been composed, whatever size the document says.
+    void showOutput(const QImage &picture);
     /// Puts a visible wall of one panel of that size below the layers of the document.
     LWScreen &addWall(const QRect &place);
     /// And a still of that size and place.

@@ -211,7 +211,7 @@ TEST_F(CanvasRulerTest, OnlyTheMarkIsPaintedAnewForThePointer)
 TEST_F(CanvasRulerTest, WithoutAnOutputItIsEmpty)
 {
     moveTo({100, 50}, Qt::NoButton);
-    view.showOutput({});
+    showOutput(QImage());
     for (CanvasRuler *ruler : {&top, &left}) {
         EXPECT_TRUE(places(*ruler, device(3), ticks).empty());
         EXPECT_TRUE(places(*ruler, device(3), mark).empty());

@@ -341,7 +341,7 @@ TEST_F(LWCanvasImageViewArrange, WithoutAnOutputNothingIsTakenHoldOf)
 {
     addWall({0, 0, 60, 60});
     view.setTool(Tool::Arrange);
-    view.showOutput({});
+    showOutput(QImage());
     document.calls.clear();
     QTest::mousePress(&view, Qt::LeftButton, {}, {100, 100});
     moveTo({120, 120});

@@ -18,7 +18,7 @@ protected:
     void show(const QImage &output)
     {
         document.outputSize = output.size();
-        view.showOutput(output);
+        showOutput(output);
     }
     QSize sizeOfPlace() const { return (view.frame().size() * ratio()).toSize(); }
 
@@ -121,7 +121,7 @@ TEST_F(LWCanvasImageViewPainting, ANewOutputOfTheSameSizeIsSeen)
 
 TEST_F(LWCanvasImageViewPainting, NoOutputIsSaidInWords)
 {
-    view.showOutput({});
+    showOutput(QImage());
     const QImage picture = seen();
     QImage empty = picture;
     empty.fill(ground);

@@ -182,7 +182,7 @@ TEST_F(LWCanvasImageViewTest, WithoutALayerOrAnOutputAClickDoesNothing)
     QTest::mousePress(&view, Qt::LeftButton, {}, at(50, 50));
     EXPECT_TRUE(document.calls.isEmpty());
     document.layer = std::make_shared<ClickedLayer>(document);
-    view.showOutput({});
+    showOutput(QImage());
     document.calls.clear();
     QTest::mousePress(&view, Qt::LeftButton, {}, {100, 100});
     EXPECT_TRUE(document.calls.isEmpty());
@@ -231,13 +231,14 @@ TEST_F(LWCanvasImageViewTest, TheMarkerIsShownAndHidden)
     EXPECT_FALSE(view.cropMarker().hide());
 }
 
-TEST_F(LWCanvasImageViewTest, TheOutputsPixelsAreNotHeldPastTheirRelease)
+TEST_F(LWCanvasImageViewTest, TheOutputsPixelsAreNotHeld)
 {
-    const QImage output = picturedNoise({640, 480});
-    view.showOutput(output);
-    EXPECT_FALSE(output.isDetached());
-    view.releaseOutput();
-    EXPECT_TRUE(output.isDetached());
+    showOutput(picturedNoise({641, 481}));
+    for (const double percent : {40.0, 100.0, 300.0}) {
+        view.setZoom(percent);
+        seen();
+        EXPECT_TRUE(document.picture.isDetached()) << percent;
+    }
 }
 
 TEST_F(LWCanvasImageViewTest, WhileTheButtonIsDownTheWindowGetsNoKeys)

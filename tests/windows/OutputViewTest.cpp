@@ -54,7 +54,8 @@ protected:
     {
         Theme::apply();
         resizeTo({800, 600});
-        view.showOutput(picturedNoise({1920, 1080}));
+        view.setOutput(shown);
+        showOutput(picturedNoise({1920, 1080}));
     }
 
     void resizeTo(const QSize &size) { view.resize(size); }
@@ -68,6 +69,14 @@ protected:
         return frame.place();
     }
 
+    /// As if it had just been composed.
+    void showOutput(const QImage &output)
+    {
+        shown = output;
+        view.showOutput();
+    }
+
+    QImage shown;
     OutputView view;
 };
 
@@ -85,13 +94,13 @@ TEST_F(OutputViewTest, TheOutputStandsInTheMiddleWithTheEdgeFree)
 TEST_F(OutputViewTest, PixelForPixelItBeginsAtTheTopLeftOnBlack)
 {
     const QImage output = picturedNoise({401, 301});
-    view.showOutput(output);
+    showOutput(output);
     view.setFit(OutputView::Fit::PixelForPixel);
     const QImage picture = seen();
     EXPECT_EQ(picture.copy(output.rect()), output);
     EXPECT_EQ(picture.pixelColor(401, 300), QColor(Qt::black));
     EXPECT_EQ(picture.pixelColor(400, 301), QColor(Qt::black));
-    view.showOutput(picturedNoise({4000, 3000}));
+    showOutput(picturedNoise({4000, 3000}));
     EXPECT_EQ(seen(), picturedNoise({4000, 3000}).copy(picture.rect()));
 }
 
@@ -100,7 +109,7 @@ TEST_F(OutputViewTest, NoOnePixelLineVanishesWhenReduced)
     const QSize size(1920, 1080);
     for (const QSize windowSize : {QSize(800, 500), QSize(1280, 720)}) {
         resizeTo(windowSize);
-        view.showOutput(picturedLines(size));
+        showOutput(picturedLines(size));
         const QRect place = placeOf({1920, 1080});
         const QImage picture = seen().copy(place);
         ASSERT_LT(picture.width(), size.width());
@@ -124,7 +133,7 @@ TEST_F(OutputViewTest, NoOnePixelLineVanishesWhenReduced)
 TEST_F(OutputViewTest, AtFullSizeEveryPixelIsTheOutputs)
 {
     const QImage output = picturedNoise({601, 301});
-    view.showOutput(output);
+    showOutput(output);
     resizeTo({700, 350});
     const QRect place(QPoint((seen().width() - 601) / 2, (seen().height() - 301) / 2), output.size());
     EXPECT_EQ(seen().copy(place), output);
@@ -133,7 +142,7 @@ TEST_F(OutputViewTest, AtFullSizeEveryPixelIsTheOutputs)
 TEST_F(OutputViewTest, AboveFullSizeEveryPixelIsABlock)
 {
     const QImage output = picturedNoise({101, 51});
-    view.showOutput(output);
+    showOutput(output);
     const QImage picture = seen();
     const QRect place = placeOf(output.size());
     ASSERT_GE(place.width() / 101, 2);
@@ -154,13 +163,13 @@ TEST_F(OutputViewTest, TheGroundShowsThroughATransparentOutput)
 {
     QImage output(400, 300, QImage::Format_ARGB32_Premultiplied);
     output.fill(Qt::transparent);
-    view.showOutput(output);
+    showOutput(output);
     EXPECT_EQ(seen().pixelColor(seen().rect().center()), Theme::ground);
 }
 
 TEST_F(OutputViewTest, NoOutputIsSaidInWords)
 {
-    view.showOutput({});
+    showOutput(QImage());
     const QImage picture = seen();
     const QRect middle(picture.rect().center() - QPoint(40, 8), QSize(80, 16));
     QImage empty = picture.copy(middle);
@@ -168,19 +177,32 @@ TEST_F(OutputViewTest, NoOutputIsSaidInWords)
     EXPECT_NE(picture.copy(middle), empty);
 }
 
-TEST_F(OutputViewTest, TheOutputsPixelsAreNotHeldPastTheirRelease)
+TEST_F(OutputViewTest, TheOutputsPixelsAreNotHeld)
 {
-    const QImage output = picturedNoise({640, 480});
-    view.showOutput(output);
-    EXPECT_FALSE(output.isDetached());
-    view.releaseOutput();
-    EXPECT_TRUE(output.isDetached());
+    for (const auto fit : {OutputView::Fit::Whole, OutputView::Fit::PixelForPixel}) {
+        showOutput(picturedNoise({1641, 481}));
+        view.setFit(fit);
+        seen();
+        EXPECT_TRUE(shown.isDetached());
+    }
+}
+
+TEST_F(OutputViewTest, WhatIsThereWhenItIsPaintedIsShown)
+{
+    view.setFit(OutputView::Fit::PixelForPixel);
+    seen();
+    shown.fill(Qt::green);
+    EXPECT_EQ(seen().pixelColor(7, 5), QColor(Qt::green));
+    view.setFit(OutputView::Fit::Whole);
+    EXPECT_EQ(seen().pixelColor(seen().rect().center()), QColor(Qt::green));
+    shown.fill(Qt::blue);
+    EXPECT_EQ(seen().pixelColor(seen().rect().center()), QColor(Qt::blue));
 }
 
 TEST_F(OutputViewTest, OnASurfaceOfAnotherScaleItIsExactAndPaintedAgain)
 {
     const QImage output = picturedNoise({401, 301});
-    view.showOutput(output);
+    showOutput(output);
     view.setFit(OutputView::Fit::PixelForPixel);
     view.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));

@@ -78,6 +78,16 @@ TEST_F(PowerBarTest, AnyVoltageIsTheThirdChoice)
     EXPECT_TRUE(isChosen("208 V"));
 }
 
+TEST_F(PowerBarTest, TypedVoltsOfAButtonAreItsOwnThoughTheyAreChosenAlready)
+{
+    click(window, "110 V");
+    type(volts(), "110");
+    QTest::keyClick(&volts(), Qt::Key_Return);
+    EXPECT_TRUE(isChosen("110 V"));
+    EXPECT_EQ(volts().text(), "230 V");
+    EXPECT_EQ(window.document().voltageCalc(), 110);
+}
+
 TEST_F(PowerBarTest, WrongVoltsAndEscapeChangeNothing)
 {
     for (const char *text : {"1001", "0", "2e2", "23,0"}) {
