@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/KeptPresets.h"
+#include "app/KnownFiles.h"
 #include "app/Person.h"
 #include "base/Colour.h"
 #include "layer/LayerHost.h"
@@ -12,7 +13,6 @@
 #include "show/Redraw.h"
 #include "show/ShowNews.h"
 
-#include <QHash>
 #include <QObject>
 #include <QPoint>
 #include <QString>
@@ -331,9 +331,6 @@ private:
     void tellLostWalls();
     /// Draws those of the layers again that are lost walls: memory may have become free since.
     void drawLostWalls(const std::vector<LayerPointer> &layers);
-    /// The file when it held what has this digest, known to all documents of it.
-    DocumentFile fileAt(const QString &path, const QByteArray &digest);
-    DocumentFile fileOf(const FoundCopy &copy);
     /// Puts another document in the place of this one. `name` is what undoing that is called after.
     void showProject(const Project &project, const DocumentFile &file, const QString &name);
     void setFile(std::shared_ptr<DocumentFile> file);
@@ -347,8 +344,6 @@ private:
     void insertAndSelect(const LayerPointer &layer, qsizetype index);
     void insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row);
     void tellListCannotBeEmpty();
-    /// `format`: "PNG". The error's text begins with what could not be exported.
-    void tellFailedExport(const char *format, const Error &error);
 
     Person &m_person;
     LayerList m_arraycontroller;
@@ -360,8 +355,8 @@ private:
     std::optional<RecoveryCopy> m_recovery;
     std::optional<KeptPresets> m_keptPresets; ///< nullopt: they go with the document
     std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();
-    std::shared_ptr<const UnknownContent> m_unknown;       ///< of that file; null: nothing
-    QHash<QString, std::shared_ptr<QByteArray>> m_digests; ///< of the files that were opened or saved last, by path
+    std::shared_ptr<const UnknownContent> m_unknown; ///< of that file; null: nothing
+    KnownFiles m_knownFiles;
 
     int m_OutputWidth = 0;
     int m_OutputHeight = 0;

@@ -31,6 +31,13 @@ std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
     std::erase_if(layers, [](const LayerPointer &layer) { return !layer->visible(); });
     return layers;
 }
+
+/// `format`: "PNG". The error's text begins with what could not be exported.
+void tellFailedExport(Person &person, const char *format, const Error &error)
+{
+    qWarning("There was an error writing the %s: %s", format, qUtf8Printable(error.text));
+    person.tellFailure("Cannot export " + error.text);
+}
 } // namespace
 
 void LWAppDelegate::saveProject()
@@ -76,7 +83,7 @@ void LWAppDelegate::writeProject(const QString &path)
     if (projectPath() == path)
         *m_file->digest = FileBytes::digest(path);
     else
-        *m_file = fileAt(path, FileBytes::digest(path));
+        *m_file = m_knownFiles.at(path, FileBytes::digest(path));
     documentIsInFile();
     emit projectPathDidChange(path);
     m_person.tellStatus("Saved " + QFileInfo(path).fileName());
@@ -97,21 +104,6 @@ void LWAppDelegate::openProjectPre(const QString &path)
         tellLostWalls();
 }
 
-DocumentFile LWAppDelegate::fileAt(const QString &path, const QByteArray &digest)
-{
-    std::shared_ptr<QByteArray> &known = m_digests[path];
-    if (!known || *known != digest)
-        known = std::make_shared<QByteArray>(digest);
-    return {path, known};
-}
-
-/// The file of recovered work as it was when that work began; what it was is not known where it was written since.
-DocumentFile LWAppDelegate::fileOf(const FoundCopy &copy)
-{
-    const bool isNewer = QFileInfo(copy.projectPath).lastModified() > copy.time;
-    return fileAt(copy.projectPath, isNewer ? QByteArray() : FileBytes::digest(copy.projectPath));
-}
-
 bool LWAppDelegate::load(const QString &path)
 {
     const QByteArray digest = FileBytes::digest(path); // before it is read: what comes later is another's
@@ -123,7 +115,7 @@ bool LWAppDelegate::load(const QString &path)
     m_person.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
-    showProject(*project, fileAt(path, digest), "open project");
+    showProject(*project, m_knownFiles.at(path, digest), "open project");
     documentIsInFile();
     tellUnknownContent(*project);
     return true;
@@ -202,9 +194,9 @@ void LWAppDelegate::saveAction()
         return;
     const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
     if (const Result<void> isWhole = LostWall::check(allScreensArray()); !isWhole)
-        return tellFailedExport("PNG", {path + ": " + isWhole.error().text});
+        return tellFailedExport(m_person, "PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, img()); !written)
-        return tellFailedExport("PNG", written.error());
+        return tellFailedExport(m_person, "PNG", written.error());
     m_person.tellStatus("Exported " + QFileInfo(path).fileName());
 }
 
@@ -212,7 +204,7 @@ void LWAppDelegate::savePSD()
 {
     m_redraw.catchUp();
     if (const Result<void> fits = PsdLimits::checkOutputSize(m_OutputWidth, m_OutputHeight); !fits)
-        return tellFailedExport("PSD", fits.error());
+        return tellFailedExport(m_person, "PSD", fits.error());
     drawLostWalls(allScreensArray());
     const std::optional<QString> chosen = m_person.runModalSavePanel({"Export PSD", FileFormat::Kind::Psd});
     if (!chosen)
@@ -225,19 +217,13 @@ void LWAppDelegate::savePSD()
     progress(1);
     recordUnwatched("layer names"); // they may have got some
     if (!outcome)
-        return tellFailedExport("PSD", outcome.error());
+        return tellFailedExport(m_person, "PSD", outcome.error());
     if (*outcome == PSDExport::Outcome::Cancelled)
         return m_person.tellStatus("Cancelled the export of " + name);
     const Project exported = project();
     const QStringList all =
         QStringList("Exported " + name) + PSDExport::resized(exported) + PSDExport::leftOut(exported);
     m_person.tellStatus(all.join(". "));
-}
-
-void LWAppDelegate::tellFailedExport(const char *format, const Error &error)
-{
-    qWarning("There was an error writing the %s: %s", format, qUtf8Printable(error.text));
-    m_person.tellFailure("Cannot export " + error.text);
 }
 
 void LWAppDelegate::connectRecovery()
@@ -264,7 +250,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     const Result<Project> project = m_recovery->take(copy, *this);
     if (!project)
         return m_person.alert("Cannot recover " + project.error().text, "The document is unchanged.");
-    showProject(*project, fileOf(copy), "recover project");
+    showProject(*project, m_knownFiles.of(copy), "recover project");
     redrawNow();
     tellLostWalls();
 }
