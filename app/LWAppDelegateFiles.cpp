@@ -76,7 +76,8 @@ Project LWAppDelegate::project() const
 void LWAppDelegate::writeProject(const QString &path)
 {
     m_redraw.catchUp();
-    const Result<void> written = ProjectFile::write(path, project());
+    const Project saved = project();
+    const Result<void> written = ProjectFile::write(path, saved);
     if (!written)
         return m_person.alert("Cannot save " + written.error().text, "The document is not saved.");
     m_person.noteRecentDocument(path);
@@ -86,7 +87,8 @@ void LWAppDelegate::writeProject(const QString &path)
         *m_file = m_knownFiles.at(path, FileBytes::digest(path));
     documentIsInFile();
     emit projectPathDidChange(path);
-    m_person.tellStatus("Saved " + QFileInfo(path).fileName());
+    const QString leftOut = UnknownValues::areOfText(saved) ? "; " + UnknownValues::leftOut("the show") : QString();
+    m_person.tellStatus("Saved " + QFileInfo(path).fileName() + leftOut);
 }
 
 void LWAppDelegate::openProject()
@@ -151,7 +153,7 @@ void LWAppDelegate::documentIsInFile()
 void LWAppDelegate::tellUnknownContent(const Project &project)
 {
     if (UnknownValues::areIn(project))
-        m_person.tellStatus(UnknownValues::kept(QFileInfo(projectPath()).fileName()));
+        m_person.tellStatus(UnknownValues::told(project, QFileInfo(projectPath()).fileName()));
 }
 
 void LWAppDelegate::tellLostWalls()

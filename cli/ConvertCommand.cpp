@@ -94,8 +94,8 @@ void tellDifferences(const ConvertCommand &command, const Project &project, cons
         isAnyLayered |= format && format->isLayered;
         for (const QString &sentence : format && format->isLayered ? PSDExport::resized(project) : QStringList())
             notice(output + ": " + sentence);
-        if (format && format->dropsUnknown && UnknownValues::areIn(project))
-            notice(output + ": values of " + command.input + " that this version does not know are left out.");
+        if (format && format->leavesOut && format->leavesOut(project))
+            notice(output + ": " + UnknownValues::leftOut(command.input) + '.');
     }
     if (showsAllLayers)
         tellMissingPictures(project, isAnyLayered, command.input, notice);

@@ -37,7 +37,7 @@ std::optional<Finding> unknownValues(const Project &project)
         return std::nullopt;
     return Finding{.check = "unknown-values",
                    .level = Level::Note,
-                   .sentence = UnknownValues::kept("The show") + " Open it with the program that wrote them."};
+                   .sentence = UnknownValues::told(project, "The show") + " Open it with the program that wrote them."};
 }
 
 constexpr std::array checks{&powerUncounted, &outputTooLargeForPsd, &unknownValues};

@@ -2,18 +2,45 @@
 
 #include <algorithm>
 
+namespace {
+template <typename Condition>
+bool isAnyOf(const std::vector<LayerPointer> &layers, Condition isMeant)
+{
+    return std::any_of(layers.begin(), layers.end(), [&](const LayerPointer &layer) { return isMeant(*layer); });
+}
+} // namespace
+
 namespace UnknownValues {
 
 bool areIn(const Project &project)
 {
-    return project.unknown || std::any_of(project.layers.begin(), project.layers.end(), [](const LayerPointer &layer) {
-               return layer->unknownContent() && !layer->unknownContent()->entries().empty();
+    return areOfArchive(project) || areOfText(project);
+}
+
+bool areOfArchive(const Project &project)
+{
+    const UnknownContent *const ofShow = project.unknown.get();
+    return (ofShow && !(ofShow->ofRoot.empty() && ofShow->ofTop.empty() && ofShow->ofShow.empty())) ||
+           isAnyOf(project.layers, [](const Layer &layer) {
+               return layer.unknownContent() && !layer.unknownContent()->entries().empty();
            });
 }
 
-QString kept(const QString &holder)
+bool areOfText(const Project &project)
 {
-    return holder + " holds values that this version does not know; they are kept.";
+    return (project.unknown && !project.unknown->ofText.isEmpty()) ||
+           isAnyOf(project.layers, [](const Layer &layer) { return !layer.unknownNames().isEmpty(); });
+}
+
+QString told(const Project &project, const QString &holder)
+{
+    return holder + " holds values that this version does not know; " +
+           (areOfText(project) ? "a project file does not keep them." : "they are kept.");
+}
+
+QString leftOut(const QString &holder)
+{
+    return "values of " + holder + " that this version does not know are left out";
 }
 
 } // namespace UnknownValues

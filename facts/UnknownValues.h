@@ -9,8 +9,14 @@ namespace UnknownValues {
 
 /// Whether the project, or one of its layers, holds some.
 bool areIn(const Project &project);
+/// Whether some come from an archive, and are in no readable text that is written.
+bool areOfArchive(const Project &project);
+/// Whether some come from a readable text, and are in no archive that is written.
+bool areOfText(const Project &project);
 
-/// "show.Orv holds values that this version does not know; they are kept."
-QString kept(const QString &holder);
+/// "show.Orv holds values that this version does not know; they are kept.", or that a project file does not keep them.
+QString told(const Project &project, const QString &holder);
+/// "values of show.json that this version does not know are left out"
+QString leftOut(const QString &holder);
 
 } // namespace UnknownValues

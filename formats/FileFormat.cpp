@@ -1,6 +1,7 @@
 #include "formats/FileFormat.h"
 
 #include "base/FileBytes.h"
+#include "facts/UnknownValues.h"
 #include "formats/PSDExport.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
@@ -38,6 +39,7 @@ constexpr std::array formats{
         .content = "project",
         .gives = Gives::Project,
         .isSaved = true,
+        .leavesOut = &UnknownValues::areOfText,
         .mimeType = "application/x-wallwright",
         .read = &ProjectFile::read,
         .write = &writeProject,
@@ -47,7 +49,7 @@ constexpr std::array formats{
         .extension = ProjectText::extension,
         .content = "project as readable text",
         .gives = Gives::Project,
-        .dropsUnknown = true,
+        .leavesOut = &UnknownValues::areOfArchive,
         .read = &ProjectText::read,
         .write = &writeText,
     },

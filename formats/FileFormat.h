@@ -43,11 +43,13 @@ struct FileFormat
     const char *content;   ///< for people: "project as readable text"
     Gives gives;
     Appended appended = Appended::WhereMissing;
-    bool isSaved = false;           ///< the window saves the document into such a file
-    bool isPicture = false;         ///< shows the project instead of holding it
-    bool isLayered = false;         ///< holds every layer, hidden ones too, in its own pixels
-    bool usesSettings = false;      ///< can be a single layer, and shows what is behind: PictureSettings concern it
-    bool dropsUnknown = false;      ///< holds the project without values that this version does not know
+    bool isSaved = false;      ///< the window saves the document into such a file
+    bool isPicture = false;    ///< shows the project instead of holding it
+    bool isLayered = false;    ///< holds every layer, hidden ones too, in its own pixels
+    bool usesSettings = false; ///< can be a single layer, and shows what is behind: PictureSettings concern it
+    /// Whether values of the project that this version does not know cannot stand in such a file; null: it shows the
+    /// project, or holds none.
+    bool (*leavesOut)(const Project &project) = nullptr;
     const char *mimeType = nullptr; ///< by which desktops open such files with the program; null: they do not
     /// Null: no project comes from it.
     Result<Project> (*read)(const QString &path, LayerHost &host) = nullptr;

@@ -1,10 +1,9 @@
 #include "formats/JsonCheck.h"
 
+#include "formats/JsonParts.h"
 #include "formats/JsonValues.h"
 
 #include <QHash>
-#include <QJsonArray>
-#include <QJsonDocument>
 
 namespace {
 /// As deep as the parser goes.
@@ -25,7 +24,7 @@ QByteArray unescaped(const QByteArray &name)
 {
     if (!name.contains('\\'))
         return name;
-    return QJsonDocument::fromJson("[\"" + name + "\"]").array().at(0).toString().toUtf8();
+    return JsonParts::meant('"' + name + '"').toUtf8();
 }
 
 /// One pass over the text; every function begins where its part begins and ends behind it.

@@ -3,6 +3,7 @@
 #include "base/FileBytes.h"
 #include "formats/FileKind.h"
 #include "formats/JsonCheck.h"
+#include "formats/JsonParts.h"
 #include "formats/JsonValues.h"
 #include "formats/ProjectFile.h"
 #include "formats/PropertyText.h"
@@ -25,6 +26,7 @@ constexpr int newOutputWidth = 1920;
 constexpr int newOutputHeight = 1080;
 const QString voltsName("voltage");
 const QString phasesName("phases");
+const QString layersName("layers");
 
 /// The lines of one layer. By hand, since QJsonObject would sort the names.
 QByteArray layerText(const Layer &layer)
@@ -37,6 +39,8 @@ QByteArray layerText(const Layer &layer)
         const QJsonValue value = PropertyText::encode(field.value().get(*record));
         text += QByteArray(",\n      \"") + field.property + "\": " + JsonValues::text(value);
     }
+    for (const QByteArray &unknown : layer.unknownNames())
+        text += ",\n      " + unknown;
     return text + "\n    }";
 }
 
@@ -47,9 +51,12 @@ bool hasAdditions(const Layer &layer)
                        [&](const ArchiveField &field) { return field.isAddition && field.isWritten(*layer.record()); });
 }
 
-/// The lowest that holds the project: what no addition is written in, older versions read too.
+/// The lowest that holds the project: what no addition is written in, older versions read too. What is unknown is
+/// known to the format that it came in.
 int formatOf(const Project &project)
 {
+    if (project.unknown && project.unknown->textFormat > 0)
+        return project.unknown->textFormat;
     const bool isPlain =
         !project.supply && std::none_of(project.layers.begin(), project.layers.end(),
                                         [](const LayerPointer &layer) { return hasAdditions(*layer); });
@@ -64,6 +71,13 @@ struct Surroundings
     int format;
 };
 
+/// An object of a text, and how it stands there.
+struct Given
+{
+    QJsonObject object;
+    QByteArrayView text;
+};
+
 Result<void> checkNames(const QJsonObject &object, const QStringList &known)
 {
     for (auto entry = object.begin(); entry != object.end(); ++entry) {
@@ -71,6 +85,19 @@ Result<void> checkNames(const QJsonObject &object, const QStringList &known)
             return fail(QString("%1: unknown name").arg(JsonValues::excerpt(entry.key())));
     }
     return {};
+}
+
+/// What is given under other names than these. Error: in a format of which we know all names, such a name.
+Result<QByteArrayList> unknownNames(const Given &given, const QStringList &known, int format)
+{
+    if (format <= formatWithAdditions)
+        return checkNames(given.object, known).map([] { return QByteArrayList(); });
+    QByteArrayList unknown;
+    for (const JsonParts::Part &part : JsonParts::of(given.text)) {
+        if (!known.contains(JsonParts::meant(part.name)))
+            unknown.append(part.name.toByteArray() + ": " + part.value.toByteArray());
+    }
+    return unknown;
 }
 
 QStringList namesOf(const Layer &layer, int format)
@@ -84,13 +111,14 @@ QStringList namesOf(const Layer &layer, int format)
 }
 
 /// Sets the given properties of a layer that holds the values of a new one.
-Result<void> setProperties(Layer &layer, const QJsonObject &object, const Surroundings &around)
+Result<void> setProperties(Layer &layer, const Given &layerGiven, const Surroundings &around)
 {
-    const Result<void> known = checkNames(object, namesOf(layer, around.format));
-    if (!known)
-        return known;
+    const Result<QByteArrayList> unknown = unknownNames(layerGiven, namesOf(layer, around.format), around.format);
+    if (!unknown)
+        return tl::unexpected(unknown.error());
+    layer.setUnknownNames(*unknown);
     for (const ArchiveField &field : layer.keptFields()) {
-        const QJsonValue given = object.value(QLatin1StringView(field.property));
+        const QJsonValue given = layerGiven.object.value(QLatin1StringView(field.property));
         if (given.isUndefined())
             continue;
         const Result<QVariant> value = PropertyText::decode(given, field.value().type, around.folder);
@@ -101,46 +129,46 @@ Result<void> setProperties(Layer &layer, const QJsonObject &object, const Surrou
     return {};
 }
 
-Result<LayerPointer> decodeScreen(const QJsonObject &object, const Surroundings &around)
+Result<LayerPointer> decodeScreen(const Given &given, const Surroundings &around)
 {
     const auto screen = LWScreen::init(around.host);
-    const Result<void> isSet = setProperties(*screen, object, around);
+    const Result<void> isSet = setProperties(*screen, given, around);
     if (!isSet)
         return tl::unexpected(isSet.error());
     screen->drawInRect();
     return screen;
 }
 
-Result<LayerPointer> decodeStill(const QJsonObject &object, const Surroundings &around)
+Result<LayerPointer> decodeStill(const Given &given, const Surroundings &around)
 {
     const auto still = std::make_shared<LWStill>(around.host);
     still->setVisible(true);
-    const Result<void> isSet = setProperties(*still, object, around);
+    const Result<void> isSet = setProperties(*still, given, around);
     if (!isSet)
         return tl::unexpected(isSet.error());
 
     still->loadThumbnail();
-    if (!object.contains("panelWidth"))
+    if (!given.object.contains("panelWidth"))
         still->setPanelWidth(still->thumbnail().width());
-    if (!object.contains("panelHeight"))
+    if (!given.object.contains("panelHeight"))
         still->setPanelHeight(still->thumbnail().height());
-    if (!object.contains("screenSizeWidth"))
+    if (!given.object.contains("screenSizeWidth"))
         still->setScreenSizeWidth(still->panelWidth());
-    if (!object.contains("screenSizeHeight"))
+    if (!given.object.contains("screenSizeHeight"))
         still->setScreenSizeHeight(still->panelHeight());
     return still;
 }
 
-Result<LayerPointer> decodeLayer(const QJsonValue &value, const Surroundings &around)
+Result<LayerPointer> decodeLayer(const QJsonValue &value, QByteArrayView text, const Surroundings &around)
 {
     if (!value.isObject())
         return JsonValues::failExpecting("an object", value);
-    const QJsonObject object = value.toObject();
-    const QJsonValue className = object.value("class");
+    const Given given{value.toObject(), text};
+    const QJsonValue className = given.object.value("class");
     if (className == "LWScreen")
-        return decodeScreen(object, around);
+        return decodeScreen(given, around);
     if (className == "LWStill")
-        return decodeStill(object, around);
+        return decodeStill(given, around);
     const QString found =
         className.isString() ? "\"" + JsonValues::excerpt(className.toString()) + "\"" : JsonValues::kind(className);
     return fail(QString("class: expected \"LWScreen\" or \"LWStill\", found %1").arg(found));
@@ -176,9 +204,8 @@ Result<int> decodeFormat(const QJsonObject &root)
     const Result<int> format = decodeInt(root.value("format"));
     if (!format)
         return failWithin("format", format.error());
-    if (*format != firstFormat && *format != formatWithAdditions)
-        return fail(
-            QString("format: expected %1 or %2, found %3").arg(firstFormat).arg(formatWithAdditions).arg(*format));
+    if (*format < firstFormat)
+        return fail(QString("format: expected %1 or more, found %2").arg(firstFormat).arg(*format));
     return format;
 }
 
@@ -195,14 +222,15 @@ Result<std::optional<Supply>> decodeSupply(const QJsonObject &root)
 }
 
 /// The document without its layers.
-Result<Project> decodeHead(const QJsonObject &root, int format)
+Result<Project> decodeHead(const Given &given, int format)
 {
-    QStringList names{"format", "OutputWidth", "OutputHeight", "layers"};
+    const QJsonObject &root = given.object;
+    QStringList names{"format", "OutputWidth", "OutputHeight", layersName};
     if (format >= formatWithAdditions)
         names += {voltsName, phasesName};
-    const Result<void> known = checkNames(root, names);
-    if (!known)
-        return tl::unexpected(known.error());
+    const Result<QByteArrayList> unknown = unknownNames(given, names, format);
+    if (!unknown)
+        return tl::unexpected(unknown.error());
     const Result<std::optional<Supply>> supply = decodeSupply(root);
     if (!supply)
         return tl::unexpected(supply.error());
@@ -210,7 +238,50 @@ Result<Project> decodeHead(const QJsonObject &root, int format)
     const Result<int> height = decodeNumber(root, "OutputHeight", newOutputHeight);
     if (!width || !height)
         return tl::unexpected(width ? height.error() : width.error());
-    return ProjectFile::checkOutputSize(*width, *height).map([&] { return Project{*height, *width, {}, *supply}; });
+    return ProjectFile::checkOutputSize(*width, *height).map([&] {
+        Project project{*height, *width, {}, *supply};
+        if (!unknown->isEmpty())
+            project.unknown =
+                std::make_shared<UnknownContent>(UnknownContent{.ofText = *unknown, .textFormat = format});
+        return project;
+    });
+}
+
+/// The layers as they stand in the text, in a format of which we do not know all names.
+std::vector<JsonParts::Part> layerTexts(const Given &given, int format)
+{
+    if (format <= formatWithAdditions)
+        return {};
+    for (const JsonParts::Part &part : JsonParts::of(given.text)) {
+        if (JsonParts::meant(part.name) == layersName)
+            return JsonParts::of(part.value);
+    }
+    return {};
+}
+
+/// What is unknown of layers alone needs its format, too.
+void noteFormat(Project &project, int format)
+{
+    const bool isNeeded = std::any_of(project.layers.begin(), project.layers.end(),
+                                      [](const LayerPointer &layer) { return !layer->unknownNames().isEmpty(); });
+    if (isNeeded && !project.unknown)
+        project.unknown = std::make_shared<UnknownContent>(UnknownContent{.textFormat = format});
+}
+
+/// Error: a layer cannot be read; its place comes first.
+Result<void> decodeLayers(Project &project, const QJsonArray &list, const Given &root, const Surroundings &around)
+{
+    const std::vector<JsonParts::Part> texts = layerTexts(root, around.format);
+    for (const QJsonValue &value : list) {
+        const std::size_t index = project.layers.size();
+        Result<LayerPointer> layer =
+            decodeLayer(value, index < texts.size() ? texts[index].value : QByteArrayView(), around);
+        if (!layer)
+            return failInLayer(std::ssize(project.layers), value, layer.error());
+        project.layers.push_back(std::move(*layer));
+    }
+    noteFormat(project, around.format);
+    return {};
 }
 
 Result<QJsonObject> parse(const QByteArray &json)
@@ -238,6 +309,8 @@ QByteArray encode(const Project &project)
         text += ",\n  \"voltage\": " + QByteArray::number(project.supply->volts);
         text += ",\n  \"phases\": " + QByteArray::number(project.supply->phases);
     }
+    for (const QByteArray &unknown : project.unknown ? project.unknown->ofText : QByteArrayList())
+        text += ",\n  " + unknown;
     text += ",\n  \"layers\": [";
     const char *separator = "\n";
     for (const LayerPointer &layer : project.layers) {
@@ -249,30 +322,26 @@ QByteArray encode(const Project &project)
 
 Result<Project> decode(const QByteArray &json, const QString &folder, LayerHost &host)
 {
-    const Result<QJsonObject> root = parse(json);
-    if (!root)
-        return tl::unexpected(root.error());
-    const Result<int> format = decodeFormat(*root);
+    const Result<QJsonObject> object = parse(json);
+    if (!object)
+        return tl::unexpected(object.error());
+    const Given root{*object, json};
+    const Result<int> format = decodeFormat(root.object);
     if (!format)
         return tl::unexpected(format.error());
-    Result<Project> project = decodeHead(*root, *format);
+    Result<Project> project = decodeHead(root, *format);
     if (!project)
         return project;
-    const QJsonValue layers = root->value("layers");
+    const QJsonValue layers = root.object.value(layersName);
     if (!layers.isArray())
-        return failWithin("layers", JsonValues::failExpecting("a list of layers", layers).value());
+        return failWithin(layersName, JsonValues::failExpecting("a list of layers", layers).value());
     const QJsonArray list = layers.toArray();
     if (const Result<void> isKept = LayerLimits::checkCount(list.size()); !isKept)
-        return failWithin("layers", isKept.error());
-    for (const QJsonValue &value : list) {
-        Result<LayerPointer> layer = decodeLayer(value, {folder, host, *format});
-        if (!layer)
-            return failInLayer(std::ssize(project->layers), value, layer.error());
-        project->layers.push_back(std::move(*layer));
-    }
-    const Result<void> areHeld = LayerLimits::check(project->layers);
-    if (!areHeld)
-        return failWithin("layers", areHeld.error());
+        return failWithin(layersName, isKept.error());
+    if (const Result<void> decoded = decodeLayers(*project, list, root, {folder, host, *format}); !decoded)
+        return tl::unexpected(decoded.error());
+    if (const Result<void> areHeld = LayerLimits::check(project->layers); !areHeld)
+        return failWithin(layersName, areHeld.error());
     return project;
 }
 

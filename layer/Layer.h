@@ -4,6 +4,7 @@
 #include "layer/ArchiveFields.h"
 #include "layer/LayerRecord.h"
 
+#include <QByteArrayList>
 #include <QImage>
 #include <QMutex>
 #include <QObject>
@@ -130,6 +131,10 @@ public:
     /// over by copies that go through an archive. Null: the layer comes from no archive.
     const ArchiveObjectPointer &unknownContent() const { return m_unknownContent; }
     void setUnknownContent(const ArchiveObjectPointer &content) { m_unknownContent = content; }
+    /// What a readable text said of the layer under names that this version does not know, `"name": value` each, as it
+    /// stood there; likewise.
+    const QByteArrayList &unknownNames() const { return m_unknownNames; }
+    void setUnknownNames(const QByteArrayList &names) { m_unknownNames = names; }
 
     virtual LayerKind kind() const = 0;
     /// "LWScreen", "LWStill": the name of the kind in archives.
@@ -186,6 +191,7 @@ private:
 
     LayerHost &m_host;
     ArchiveObjectPointer m_unknownContent;
+    QByteArrayList m_unknownNames;
     std::shared_ptr<LayerRecord> m_record =
         std::make_shared<LayerRecord>(); ///< written only where nobody else holds it
     mutable QMutex m_aspectValueLock;

@@ -37,15 +37,17 @@ LayerPointer makeLayer(const LayerArchive::ReadLayer &read, LayerHost &host)
 }
 
 /// The same values, with all that they refer to.
-ArchiveObjectPointer unknownContentOfCopy(const Layer &original)
+void takeUnknownOver(Layer &copy, const Layer &original)
 {
+    copy.setUnknownNames(original.unknownNames());
+    copy.setUnknownContent(nullptr);
     if (!original.unknownContent())
-        return nullptr;
+        return;
     auto content = std::make_shared<ArchiveObject>(*original.unknownContent());
     ArchivePlace place = content->place();
     place.isCopy = true;
     content->setPlace(place);
-    return content;
+    copy.setUnknownContent(content);
 }
 } // namespace
 
@@ -130,7 +132,7 @@ Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers
             .and_then([&](const ArchiveList &list) { return decode(*list, "layer"); })
             .map([&](const std::vector<ReadLayer> &read) { return makeCopies(read, host); });
     for (std::size_t i = 0; copied && i < layers.size(); ++i)
-        (*copied)[i]->setUnknownContent(unknownContentOfCopy(*layers[i]));
+        takeUnknownOver(*(*copied)[i], *layers[i]);
     return copied;
 }
 

@@ -4,18 +4,25 @@
 #include "layer/Layer.h"
 #include "layer/Supply.h"
 
+#include <QByteArrayList>
+
 #include <memory>
 #include <optional>
 #include <vector>
 
-/// What a project file held beside what this version knows; written again as it came.
+/// What a file held beside its layers and what this version knows; written again as it came into a file of the same
+/// kind.
 struct UnknownContent
 {
-    std::vector<ArchiveValue> ofRoot; ///< elements of the root behind the layers
-    ArchiveEntries ofTop;             ///< under `$top`
-    ArchiveEntries ofShow;            ///< in the dictionary of the values of the whole show
+    // Of a project file
+    std::vector<ArchiveValue> ofRoot = {}; ///< elements of the root behind the layers
+    ArchiveEntries ofTop = {};             ///< under `$top`
+    ArchiveEntries ofShow = {};            ///< in the dictionary of the values of the whole show
+    // Of a readable text
+    QByteArrayList ofText = {}; ///< `"name": value` each, as it stood there
+    int textFormat = 0;         ///< of a text that says something unknown, here or of a layer; 0: of none
 
-    bool isEmpty() const { return ofRoot.empty() && ofTop.empty() && ofShow.empty(); }
+    bool isEmpty() const { return ofRoot.empty() && ofTop.empty() && ofShow.empty() && textFormat == 0; }
 };
 
 /// A whole document as files hold it.

@@ -88,9 +88,6 @@ protected:
         return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
-    const QString path = folder.filePath("show.Orv");
-
-private:
     QByteArray write(const ArchiveNodes &archive)
     {
         const QByteArray written = archiveBytes(archive);
@@ -98,6 +95,8 @@ private:
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(written) == written.size());
         return written;
     }
+
+    const QString path = folder.filePath("show.Orv");
 };
 } // namespace
 
@@ -219,6 +218,22 @@ TEST_F(UnknownInShow, IsKeptByARecoveryCopy)
     const QByteArray before = onDisk();
     next.saveAnyway();
     EXPECT_EQ(onDisk(), before);
+}
+
+TEST_F(UnknownInShow, OfANewerTextIsToldWhenItIsOpenedAndWhenItIsSaved)
+{
+    QFile file(folder.filePath("show.json"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(R"({"format": 3, "layers": [{"class": "LWScreen", "bend": 1}]})");
+    file.close();
+    document.openProjectPre(file.fileName());
+    EXPECT_EQ(person.statuses.last(),
+              "show.json holds values that this version does not know; a project file does not keep them.");
+
+    person.savePanelAnswer = path;
+    document.saveProject();
+    EXPECT_EQ(person.statuses.last(),
+              "Saved show.Orv; values of the show that this version does not know are left out");
 }
 
 TEST_F(UnknownInShow, IsNotThereInAShowOfThisVersion)

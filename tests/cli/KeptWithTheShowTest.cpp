@@ -68,3 +68,20 @@ TEST_F(KeptWithTheShow, TheTextFormTellsWhatItCannotHold)
     EXPECT_TRUE(runCommand({"convert", show, path("again.Orv")}).err.isEmpty());
     EXPECT_EQ(bytes("again.Orv"), bytes("show.Orv"));
 }
+
+TEST_F(KeptWithTheShow, AProjectFileTellsWhatItCannotHoldOfANewerText)
+{
+    const QByteArray wall = R"({"class": "LWScreen", "bend": 1.50})";
+    const QString show = file("show.json", R"({"format": 3, "layers": [)" + wall + "]}");
+
+    EXPECT_EQ(runCommand({"convert", show, path("again.json")}).err, "");
+    EXPECT_EQ(runCommand({"convert", path("again.json"), path("third.json")}).err, "");
+    EXPECT_TRUE(bytes("again.json").contains(",\n      \"bend\": 1.50\n"));
+    EXPECT_EQ(bytes("third.json"), bytes("again.json"));
+
+    const Outcome outcome = runCommand({"convert", show, path("show.Orv")});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_TRUE(outcome.err.contains("show.Orv: values of " + show + " that this version does not know are left out."))
+        << qPrintable(outcome.err);
+    EXPECT_TRUE(runCommand({"check", show}).out.contains("does not know; a project file does not keep them."));
+}

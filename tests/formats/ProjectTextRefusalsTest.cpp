@@ -48,7 +48,7 @@ TEST_F(ProjectTextRefusalsTest, ADocumentOfAnotherShapeIsRefused)
 {
     EXPECT_EQ(refusal("[]"), "expected an object with \"format\" and \"layers\", found a list");
     EXPECT_EQ(refusal("{}"), "format: expected a whole number, found nothing");
-    EXPECT_EQ(refusal(R"({"format": 3, "layers": []})"), "format: expected 1 or 2, found 3");
+    EXPECT_EQ(refusal(R"({"format": -3, "layers": []})"), "format: expected 1 or more, found -3");
     EXPECT_EQ(refusal(R"({"format": 1})"), "layers: expected a list of layers, found nothing");
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [5]})"), "layers[0]: expected an object, found a number");
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [], "OutputWidth": "5"})"),
