@@ -89,6 +89,37 @@ ArchiveValue ArchiveTable::unknown(plist_t node)
     return {UnknownValue{m_source, node}};
 }
 
+ArchiveValue ArchiveTable::shared(plist_t node, const std::function<bool(const ArchiveValue &)> &isTaken)
+{
+    const ArchiveValue value = plain(node);
+    if (!isTaken(value))
+        return unknown(node);
+    ++m_cost.values;
+    return value;
+}
+
+ArchiveValue ArchiveTable::plain(plist_t node)
+{
+    const auto target = [this](plist_t named) {
+        const std::optional<quint64> index = PropertyList::reference(named);
+        if (!index)
+            return named;
+        return *index < m_source->objects.size() ? m_source->objects[*index] : nullptr;
+    };
+    plist_t found = target(node);
+    const bool isRecord = found && plist_get_node_type(found) == PLIST_DICT;
+    if (!isRecord) {
+        const ArchiveValue value = scalar(found);
+        const QString *const text = std::get_if<QString>(&value.storage);
+        return found != node && text && *text == "$null" ? ArchiveValue() : value;
+    }
+    const std::optional<RecordClass> recordClass = classOf(PropertyList::value(found, "$class"));
+    if (!recordClass || recordClass->decoder != &ArchiveTable::text)
+        return fault("a record");
+    const ArchiveValue letters = scalar(target(PropertyList::value(found, "NS.string")));
+    return std::holds_alternative<QString>(letters.storage) ? letters : fault("a text without letters");
+}
+
 ArchiveValue ArchiveTable::scalar(plist_t node)
 {
     switch (node ? plist_get_node_type(node) : PLIST_NONE) {
@@ -188,7 +219,10 @@ ArchiveValue ArchiveTable::object(plist_t record, const QString &className, cons
     result->setPlace({m_source, m_index});
     for (const auto &[key, node] : PropertyList::members(record)) {
         const bool isKnown = !keys || keys->contains(key);
-        if (isKnown ? !key.startsWith('$') : key != "$class")
+        const auto isTaken = m_vocabulary.sharedKeys.constFind(key);
+        if (isKnown && isTaken != m_vocabulary.sharedKeys.cend())
+            result->encode(key, shared(node, *isTaken));
+        else if (isKnown ? !key.startsWith('$') : key != "$class")
             result->encode(key, isKnown ? member(node) : unknown(node));
     }
     return {ArchiveObjectPointer(result)};

@@ -68,6 +68,10 @@ private:
     void readEntry(quint64 index);
     ArchiveValue convert(plist_t node);
     ArchiveValue unknown(plist_t node);
+    /// A value under a key that others may use.
+    ArchiveValue shared(plist_t node, const std::function<bool(const ArchiveValue &)> &isTaken);
+    /// A number, data, a text or nil; a fault for what would need more to be read.
+    ArchiveValue plain(plist_t node);
     /// A value that stands in a record: in place or by reference.
     ArchiveValue member(plist_t node);
     ArchiveValue member(plist_t record, const char *key) { return member(PropertyList::value(record, key)); }

@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QStringList>
 
+#include <functional>
 #include <limits>
 #include <optional>
 
@@ -31,6 +32,9 @@ struct Vocabulary
     /// The plain dictionary under `$top` with its keys; empty: none is known.
     QString topDictionary = {};
     QSet<QString> topKeys = {};
+    /// Known keys that others may use for something else: whether a value under one is taken, which is a number, data,
+    /// a text or nil. It is an UnknownValue otherwise.
+    QHash<QString, std::function<bool(const ArchiveValue &)>> sharedKeys = {};
 };
 
 /// The archive of `contents` as a binary property list. Lists are written as mutable lists, equal texts, colours and

@@ -35,25 +35,32 @@ Result<QVariant> asVariant(const Result<T> &decoded)
     return decoded.map([](const T &value) { return QVariant::fromValue(value); });
 }
 
-Result<QVariant> decodeField(const ArchiveField &field, const ArchiveObject &coder)
+Result<QVariant> decodeField(const QString &key, StoredAs form, const ArchiveObject &coder)
 {
-    switch (field.form) {
+    switch (form) {
     case StoredAs::Integer32:
-        return asVariant(coder.decodeInt32(field.key));
+        return asVariant(coder.decodeInt32(key));
     case StoredAs::Boolean:
-        return asVariant(coder.decodeBool(field.key));
+        return asVariant(coder.decodeBool(key));
     case StoredAs::Colour:
-        return asVariant(coder.decodeColour(field.key));
+        return asVariant(coder.decodeColour(key));
     case StoredAs::Text:
-        return asVariant(coder.decodeText(field.key));
+        return asVariant(coder.decodeText(key));
     case StoredAs::TextList:
-        return asVariant(coder.decodeTextList(field.key));
+        return asVariant(coder.decodeTextList(key));
     case StoredAs::Address:
-        return asVariant(coder.decodeAddress(field.key));
+        return asVariant(coder.decodeAddress(key));
     }
     Q_UNREACHABLE();
 }
 } // namespace
+
+bool isTaken(const ArchiveValue &value, const Addition &addition)
+{
+    ArchiveObject coder({});
+    coder.encode(addition.key, value);
+    return decodeField(addition.key, addition.form, coder).has_value();
+}
 
 QSet<QString> keysOf(std::span<const ArchiveField> fields)
 {
@@ -94,7 +101,9 @@ void encodeFields(const LayerRecord &record, std::span<const ArchiveField> field
 Result<void> decodeFields(LayerRecord &record, std::span<const ArchiveField> fields, const ArchiveObject &coder)
 {
     for (const ArchiveField &field : fields) {
-        const Result<QVariant> value = decodeField(field, coder);
+        if (field.isAddition && std::holds_alternative<UnknownValue>(coder.value(field.key).storage))
+            continue;
+        const Result<QVariant> value = decodeField(field.key, field.form, coder);
         if (!value)
             return tl::unexpected(value.error());
         field.value().assign(record, *value);

@@ -36,6 +36,14 @@ void set(LayerRecord &record, const QVariant &value)
         record.*member = given;
 }
 
+/// By the record itself: to Qt a text without letters equals none.
+template <auto member>
+bool isGiven(const LayerRecord &record)
+{
+    static const LayerRecord plain;
+    return record.*member != plain.*member;
+}
+
 /// A row of the table, to be completed by what follows.
 class Row : public LayerValue
 {
@@ -71,7 +79,8 @@ template <auto member>
 Row row(const char *name, const char *words = "")
 {
     return Row{
-        {name, QMetaType::fromType<Given<ValueOf<member>>>(), get<member>, set<member>, QLatin1StringView(words)}};
+        {name, QMetaType::fromType<Given<ValueOf<member>>>(), get<member>, set<member>, isGiven<member>,
+         QLatin1StringView(words)}};
 }
 
 constexpr int mostPanels = 10'000;
@@ -172,12 +181,6 @@ bool LayerValue::assign(LayerRecord &record, QVariant value) const
         return false;
     set(record, value);
     return true;
-}
-
-bool LayerValue::isGiven(const LayerRecord &record) const
-{
-    static const LayerRecord plain;
-    return get(record) != get(plain);
 }
 
 QString LayerValue::caption() const

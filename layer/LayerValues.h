@@ -69,6 +69,7 @@ struct LayerValue
     QMetaType type;
     QVariant (*get)(const LayerRecord &record);
     void (*set)(LayerRecord &record, const QVariant &value); ///< of a value of `type`
+    bool (*isGiven)(const LayerRecord &record);              ///< the record has another one than 0, false or nil
     /// As people call it after "Undo", "panel width", and capitalised before a control; empty: nobody edits it.
     QLatin1StringView words;
     LayerKind kind = LayerKind::Any;
@@ -80,8 +81,6 @@ struct LayerValue
     /// Gives the record the value, as the value's own type. Returns false, and changes nothing, where it is none; an
     /// invalid one is 0, false or nil.
     bool assign(LayerRecord &record, QVariant value) const;
-    /// Whether the record has another value than 0, false or nil.
-    bool isGiven(const LayerRecord &record) const;
     /// "Panel width"
     QString caption() const;
 };

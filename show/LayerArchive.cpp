@@ -57,6 +57,12 @@ Result<KeyedArchive::Contents> readContents(const QByteArray &bytes, KeyedArchiv
 {
     rest.classes.insert("LWScreen", LWScreen::archiveKeys());
     rest.classes.insert("LWStill", LWStill::archiveKeys());
+    for (const LayerValue &value : LayerValues::all()) {
+        if (value.addition)
+            rest.sharedKeys.insert(value.addition->key, [addition = *value.addition](const ArchiveValue &found) {
+                return isTaken(found, addition);
+            });
+    }
     return KeyedArchive::readContents(bytes, rest);
 }
 

@@ -220,6 +220,44 @@ TEST_F(UnknownInShow, IsKeptByARecoveryCopy)
     EXPECT_EQ(onDisk(), before);
 }
 
+TEST_F(UnknownInShow, AForeignValueUnderOurKeyComesBack)
+{
+    person.savePanelAnswer = path;
+    document.saveProject();
+    const qsizetype ours = onDisk().size();
+    const ArchiveNodes archive = parsedArchive(onDisk());
+    plist_t layer = tableEntry(archive, plist_array_get_item(layersOf(archive), 0));
+    plist_dict_set_item(layer, "id", plist_new_uint(4711));
+    plist_dict_set_item(layer, "showcurrent", plist_new_uint(7));
+    write(archive);
+    document.openProjectPre(path);
+    ASSERT_EQ(person.statuses.last(), "show.Orv holds values that this version does not know; they are kept.");
+
+    const ArchiveNodes again = parsedArchive(save());
+    EXPECT_GT(onDisk().size(), ours);
+    plist_t kept = tableEntry(again, plist_array_get_item(layersOf(again), 0));
+    uint64_t number = 0;
+    plist_get_uint_val(plist_dict_get_item(kept, "id"), &number);
+    EXPECT_EQ(number, 4711U);
+    plist_get_uint_val(plist_dict_get_item(kept, "showcurrent"), &number);
+    EXPECT_EQ(number, 7U);
+
+    document.setValue(true, "arrangedObjects.showCurrent"); // ours takes the key
+    EXPECT_TRUE(ProjectFile::decode(save(), document).value().layers[0]->showCurrent());
+}
+
+TEST_F(UnknownInShow, AnIdWithoutLettersComesBack)
+{
+    selected()->setValue("id", QString(""));
+    person.savePanelAnswer = path;
+    document.saveProject();
+    document.openProjectPre(path);
+    const Project project = ProjectFile::decode(save(), document).value();
+    EXPECT_TRUE(project.layers[0]->value("id").toString().isEmpty());
+    EXPECT_FALSE(project.layers[0]->value("id").toString().isNull());
+    EXPECT_FALSE(UnknownValues::areIn(project));
+}
+
 TEST_F(UnknownInShow, OfANewerTextIsToldWhenItIsOpenedAndWhenItIsSaved)
 {
     QFile file(folder.filePath("show.json"));

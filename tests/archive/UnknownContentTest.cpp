@@ -146,6 +146,46 @@ TEST(UnknownContent, NothingUnderAnUnknownKeyRefusesTheFile)
     EXPECT_EQ(rewritten(rewritten(dangling)), rewritten(dangling));
 }
 
+TEST(UnknownContent, WhatIsNotTakenUnderASharedKeyComesBackToTheByte)
+{
+    KeyedArchive::Vocabulary sharing = vocabulary;
+    sharing.sharedKeys.insert("label", [](const ArchiveValue &value) { return value.toText("it").has_value(); });
+    QString kind;
+    const auto again = [&](const QByteArray &bytes) {
+        const Result<KeyedArchive::Contents> contents = KeyedArchive::readContents(bytes, sharing);
+        EXPECT_TRUE(contents) << qPrintable(contents ? QString() : contents.error().text);
+        kind = contents ? (*contents->root.toObject("it"))->value("label").kind() : QString();
+        return contents ? KeyedArchive::writeContents(*contents).value_or(QByteArray()) : QByteArray();
+    };
+    const auto wall = [](const QString &label, const QStringList &entries) {
+        return binary(xml(QStringList{ordered("<key>label</key>" + label, 2), screenClass} + entries));
+    };
+    for (const char *plain : {"<integer>7</integer>", "<data>AAEC</data>", "<true/>", "<real>0.5</real>",
+                              "<array><integer>1</integer></array>", "<date>2001-01-01T00:00:00Z</date>"}) {
+        EXPECT_EQ(again(wall(plain, {})), wall(plain, {})) << plain;
+        EXPECT_EQ(kind, "an unknown value") << plain;
+    }
+    const QByteArray itself = wall(uid(1), {}); // the layer under its own key
+    EXPECT_EQ(again(itself), itself);
+    EXPECT_EQ(again(again(wall(uid(99), {}))), wall(uid(0), {}));
+    EXPECT_EQ(kind, "nil");
+
+    QStringList chain;
+    for (int i = 0; i < 5000; ++i)
+        chain.append(list({uid(4 + i)}, 5003));
+    const QByteArray deep = again(wall(uid(3), chain.mid(0, 4999) + QStringList{"<true/>", listClass}));
+    EXPECT_EQ(kind, "an unknown value");
+    EXPECT_EQ(again(deep), deep);
+
+    const QString record = ordered("<key>NS.string</key><string>$null</string>", 4);
+    again(wall(uid(3), {record, classTable({"NSMutableString", "NSString", "NSObject"})}));
+    EXPECT_EQ(kind, "a text");
+    again(wall(uid(3), {ordered("<key>NS.string</key>" + uid(1), 4), classTable({"NSString", "NSObject"})}));
+    EXPECT_EQ(kind, "an unknown value");
+    again(wall(uid(3), {"<string></string>"}));
+    EXPECT_EQ(kind, "a text");
+}
+
 TEST(UnknownContent, KnownValuesAreHeldToTheLimitsStill)
 {
     const QByteArray bytes = binary(xml({list({uid(1)}, 2), listClass}));

@@ -103,6 +103,17 @@ TEST(LayerValues, AnEmptyAddressIsNotNone)
     EXPECT_TRUE(still.ImageURL().isNil());
 }
 
+TEST(LayerValues, AnEmptyTextIsGiven)
+{
+    LayerRecord record;
+    const LayerValue &id = *LayerValues::find("id");
+    EXPECT_FALSE(id.isGiven(record));
+    EXPECT_TRUE(id.assign(record, QString("")));
+    EXPECT_TRUE(id.isGiven(record));
+    EXPECT_TRUE(id.assign(record, {}));
+    EXPECT_FALSE(id.isGiven(record));
+}
+
 TEST(LayerValues, TextsTellNoneFromEmpty)
 {
     TestHost host;
