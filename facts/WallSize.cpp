@@ -1,6 +1,5 @@
 #include "facts/WallSize.h"
 
-#include "grid/PanelKeys.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 
@@ -20,5 +19,5 @@ WallSize WallSize::of(const Layer &wall)
 
 qint64 panelsOff(const LWScreen &wall)
 {
-    return PanelKeys(wall.hiddenBoxes().value_or(QStringList())).cellsInside(wall.col(), wall.row()).size();
+    return wall.panelsOff().value_or(PanelKeys()).cellsInside(wall.col(), wall.row()).size();
 }

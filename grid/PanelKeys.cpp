@@ -1,6 +1,8 @@
 #include "grid/PanelKeys.h"
 
 #include <limits>
+#include <optional>
+#include <utility>
 
 namespace {
 constexpr Cell nowhere{-1, -1};
@@ -37,17 +39,18 @@ QString panelKey(qint64 row, qint64 column)
     return QString::number(static_cast<quint64>(row)) + u',' + QString::number(static_cast<quint64>(column));
 }
 
-PanelKeys::PanelKeys(QStringList texts) : m_texts(std::move(texts))
+PanelKeys::PanelKeys(const QStringList &texts) : m_list(new List)
 {
-    m_cells.reserve(static_cast<std::size_t>(m_texts.size()));
-    for (const QString &text : std::as_const(m_texts))
-        m_cells.push_back(cellOf(text));
+    m_list->texts = texts;
+    m_list->cells.reserve(static_cast<std::size_t>(texts.size()));
+    for (const QString &text : texts)
+        m_list->cells.push_back(cellOf(text));
 }
 
 CellSet PanelKeys::cellsInside(int columns, int rows) const
 {
     std::vector<Cell> inside;
-    for (const Cell &cell : m_cells) {
+    for (const Cell &cell : m_list->cells) {
         if (cell != nowhere && cell.column < columns && cell.row < rows)
             inside.push_back(cell);
     }
@@ -56,25 +59,26 @@ CellSet PanelKeys::cellsInside(int columns, int rows) const
 
 void PanelKeys::append(const Cell &cell)
 {
-    m_texts.append(panelKey(cell.row, cell.column));
-    m_cells.push_back(cell);
+    m_list->texts.append(panelKey(cell.row, cell.column));
+    m_list->cells.push_back(cell);
 }
 
 void PanelKeys::toggle(qint64 row, qint64 column)
 {
     const QString key = panelKey(row, column);
-    const qsizetype before = m_texts.size();
-    removePlaces(0, [&](qsizetype place) { return m_texts.at(place) == key; });
-    if (m_texts.size() < before)
+    const Cell cell = cellOf(key);
+    const qsizetype before = texts().size();
+    removePlaces(0, [&](qsizetype place) { return cellAt(place) == cell && texts().at(place) == key; });
+    if (texts().size() < before)
         return;
-    m_texts.append(key);
-    m_cells.push_back(cellOf(key));
+    m_list->texts.append(key);
+    m_list->cells.push_back(cell);
 }
 
 void PanelKeys::removeIf(const std::function<bool(const Cell &)> &isGone, qsizetype kept)
 {
     removePlaces(kept, [&](qsizetype place) {
-        const Cell &cell = m_cells[static_cast<std::size_t>(place)];
+        const Cell &cell = cellAt(place);
         return cell != nowhere && isGone(cell);
     });
 }
@@ -83,18 +87,19 @@ void PanelKeys::removeIf(const std::function<bool(const Cell &)> &isGone, qsizet
 template <typename IsGone>
 void PanelKeys::removePlaces(qsizetype kept, IsGone isGone)
 {
-    const qsizetype count = m_texts.size();
+    const qsizetype count = texts().size();
     for (; kept < count && !isGone(kept); ++kept) {
     }
     if (kept >= count)
         return;
+    List &list = *m_list;
     for (qsizetype place = kept + 1; place < count; ++place) {
         if (isGone(place))
             continue;
-        m_texts[kept] = std::move(m_texts[place]);
-        m_cells[static_cast<std::size_t>(kept)] = m_cells[static_cast<std::size_t>(place)];
+        list.texts[kept] = std::move(list.texts[place]);
+        list.cells[static_cast<std::size_t>(kept)] = list.cells[static_cast<std::size_t>(place)];
         ++kept;
     }
-    m_texts.resize(kept);
-    m_cells.resize(static_cast<std::size_t>(kept));
+    list.texts.resize(kept);
+    list.cells.resize(static_cast<std::size_t>(kept));
 }

@@ -2,6 +2,7 @@
 
 #include "archive/Address.h"
 #include "base/Colour.h"
+#include "grid/PanelKeys.h"
 
 #include <QSizeF>
 #include <QString>
@@ -126,7 +127,7 @@ struct LayerRecord
     // Of walls alone
     /// Keys "row,column" of the switched-off panels, row from the top, column from the left; nullopt: no list at all,
     /// every panel is on.
-    std::optional<QStringList> hiddenBoxes;
+    std::optional<PanelKeys> hiddenBoxes;
     /// The choices of a label position; nullopt where there are none.
     std::optional<QStringList> PositionArray;
 

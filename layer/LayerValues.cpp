@@ -10,30 +10,52 @@
 namespace {
 using Writer = LayerValue::Writer;
 
-/// As properties have a value of the record: no text is a null one.
+/// A value as properties have it, and as the record has it.
 template <typename Value>
-using Given = std::conditional_t<std::is_same_v<Value, std::optional<QString>>, QString, Value>;
+struct Form
+{
+    using Given = Value;
+    static const Value &given(const Value &value) { return value; }
+    static const Value &kept(const Value &value) { return value; }
+};
+
+/// No text is a null one.
+template <>
+struct Form<std::optional<QString>>
+{
+    using Given = QString;
+    static QString given(const std::optional<QString> &text) { return text.value_or(QString()); }
+    static std::optional<QString> kept(const QString &text)
+    {
+        return text.isNull() ? std::nullopt : std::optional(text);
+    }
+};
+
+/// Keys are texts.
+template <>
+struct Form<std::optional<PanelKeys>>
+{
+    using Given = std::optional<QStringList>;
+    static Given given(const std::optional<PanelKeys> &keys) { return keys ? Given(keys->texts()) : std::nullopt; }
+    static std::optional<PanelKeys> kept(const Given &texts)
+    {
+        return texts ? std::optional<PanelKeys>(*texts) : std::nullopt;
+    }
+};
 
 template <auto member>
-using ValueOf = std::remove_cvref_t<decltype(std::declval<LayerRecord>().*member)>;
+using FormOf = Form<std::remove_cvref_t<decltype(std::declval<LayerRecord>().*member)>>;
 
 template <auto member>
 QVariant get(const LayerRecord &record)
 {
-    if constexpr (std::is_same_v<ValueOf<member>, std::optional<QString>>)
-        return (record.*member).value_or(QString());
-    else
-        return QVariant::fromValue(record.*member);
+    return QVariant::fromValue(FormOf<member>::given(record.*member));
 }
 
 template <auto member>
 void set(LayerRecord &record, const QVariant &value)
 {
-    const auto given = value.value<Given<ValueOf<member>>>();
-    if constexpr (std::is_same_v<ValueOf<member>, std::optional<QString>>)
-        record.*member = given.isNull() ? std::nullopt : std::optional(given);
-    else
-        record.*member = given;
+    record.*member = FormOf<member>::kept(value.value<typename FormOf<member>::Given>());
 }
 
 /// By the record itself: to Qt a text without letters equals none.
@@ -78,9 +100,8 @@ public:
 template <auto member>
 Row row(const char *name, const char *words = "")
 {
-    return Row{
-        {name, QMetaType::fromType<Given<ValueOf<member>>>(), get<member>, set<member>, isGiven<member>,
-         QLatin1StringView(words)}};
+    return Row{{name, QMetaType::fromType<typename FormOf<member>::Given>(), get<member>, set<member>, isGiven<member>,
+                QLatin1StringView(words)}};
 }
 
 constexpr int mostPanels = 10'000;

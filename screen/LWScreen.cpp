@@ -206,8 +206,18 @@ LayerPointer LWScreen::copyWithZone() const
     copy->takeOver(*this, copiedProperties);
     copy->takeOver(*this, LayerValues::copiedAdditions(LayerKind::Wall));
     copy->setThumbnail(thumbnail());
-    copy->setHiddenBoxes(hiddenBoxes().value_or(QStringList()));
+    copy->setPanelsOff(panelsOff().value_or(PanelKeys()));
     return copy;
+}
+
+std::optional<QStringList> LWScreen::hiddenBoxes() const
+{
+    return panelsOff() ? std::optional(panelsOff()->texts()) : std::nullopt;
+}
+
+void LWScreen::setHiddenBoxes(const std::optional<QStringList> &texts)
+{
+    setPanelsOff(texts ? std::optional<PanelKeys>(*texts) : std::nullopt);
 }
 
 void LWScreen::encodeWithCoder(ArchiveObject &coder) const

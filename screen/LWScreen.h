@@ -81,14 +81,13 @@ public:
     /// above it the index is truncated toward zero or stored as a key that no panel has.
     void onImageClick(qint64 x, qint64 y) override;
 
-    using Panel = Cell;
     /// The panel that a click at an output pixel switches, whether it is on or off; none where a click changes nothing
     /// that can be seen. Less than a panel left of or above the wall it is the first one.
-    std::optional<Panel> panelAt(qint64 x, qint64 y) const;
+    std::optional<Cell> panelAt(qint64 x, qint64 y) const;
     /// Its place in output pixels.
-    QRectF panelRect(const Panel &panel) const;
+    QRectF panelRect(const Cell &panel) const;
     /// Its label as the wall shows it, "C7"; of very many letters only the first, with an ellipsis.
-    QString panelLabel(const Panel &panel) const;
+    QString panelLabel(const Cell &panel) const;
 
     /// The keys of an archive that a screen knows.
     static QSet<QString> archiveKeys();
@@ -102,9 +101,11 @@ public:
     /// An arrow button was pressed: hands its tag to the host as the chosen pattern. The screen itself stays as it is.
     void changeArrows(int tag);
 
-    /// The reference stands until the next setter.
-    const std::optional<QStringList> &hiddenBoxes() const { return values().hiddenBoxes; }
-    void setHiddenBoxes(const std::optional<QStringList> &keys) { set(&LayerRecord::hiddenBoxes, keys); }
+    /// The keys of the panels that are off, as texts and as they are kept; the reference stands until the next setter.
+    std::optional<QStringList> hiddenBoxes() const;
+    void setHiddenBoxes(const std::optional<QStringList> &texts);
+    const std::optional<PanelKeys> &panelsOff() const { return values().hiddenBoxes; }
+    void setPanelsOff(const std::optional<PanelKeys> &keys) { set(&LayerRecord::hiddenBoxes, keys); }
     const std::optional<QStringList> &PositionArray() const { return values().PositionArray; }
     void setPositionArray(const std::optional<QStringList> &positions) { set(&LayerRecord::PositionArray, positions); }
     QObject *pixelPerLimitField() const { return m_pixelPerLimitField; }

@@ -1,4 +1,3 @@
-#include "grid/PanelKeys.h"
 #include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 #include "screen/PanelLabels.h"
@@ -33,12 +32,12 @@ void LWScreen::onImageClick(qint64 x, qint64 y)
     if (!column || !rowFromTop || *column >= col() || *rowFromTop >= row())
         return;
 
-    PanelKeys keys(hiddenBoxes().value_or(QStringList()));
+    PanelKeys keys = panelsOff().value_or(PanelKeys());
     keys.toggle(*rowFromTop, *column);
-    setHiddenBoxes(keys.texts());
+    setPanelsOff(keys);
 }
 
-std::optional<LWScreen::Panel> LWScreen::panelAt(qint64 x, qint64 y) const
+std::optional<Cell> LWScreen::panelAt(qint64 x, qint64 y) const
 {
     if (panelWidth() <= 0 || panelHeight() <= 0)
         return std::nullopt;
@@ -47,17 +46,17 @@ std::optional<LWScreen::Panel> LWScreen::panelAt(qint64 x, qint64 y) const
     const qint64 rowFromTop = lineUnder(grid.rows, y, ypoint()).value_or(-1);
     if (column < 0 || column >= col() || rowFromTop < 0 || rowFromTop >= row())
         return std::nullopt;
-    return Panel{static_cast<int>(column), static_cast<int>(rowFromTop)};
+    return Cell{static_cast<int>(column), static_cast<int>(rowFromTop)};
 }
 
-QRectF LWScreen::panelRect(const Panel &panel) const
+QRectF LWScreen::panelRect(const Cell &panel) const
 {
     const auto [columns, rows] = panelGridOf(*this);
     return {xpoint() + double(columns.edge(panel.column)), ypoint() + double(rows.edge(panel.row)),
             double(columns.sizeOf(panel.column)), double(rows.sizeOf(panel.row))};
 }
 
-QString LWScreen::panelLabel(const Panel &panel) const
+QString LWScreen::panelLabel(const Cell &panel) const
 {
     return XYLabelDirection() ? PanelLabels::rowLetter(panel.row) + QString::number(panel.column + 1)
                               : columnLetters(panel.column) + QString::number(panel.row + 1);

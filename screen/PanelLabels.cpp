@@ -1,6 +1,7 @@
 #include "screen/PanelLabels.h"
 
 #include "layer/Logging.h"
+#include "layer/WallGrid.h"
 #include "screen/ChartConstants.h"
 #include "screen/ScreenChart.h"
 
@@ -20,8 +21,8 @@ constexpr int leastMaskWidth = 16;
 
 PanelLabels::PanelLabels(const ScreenChart &chart)
     : m_rasterWidth(static_cast<int>(chart.wallWidth())), m_rasterHeight(static_cast<int>(chart.wallHeight())),
-      m_columns(std::max(chart.col, 0)), m_rows(std::max(chart.row, 0)), m_fromLeft(chart.panelGrid().columns),
-      m_fromBottom(chart.panelGrid().rowsFromBottom()), m_fontSize(chart.labelFontSize),
+      m_columns(std::max(chart.col, 0)), m_rows(std::max(chart.row, 0)), m_fromLeft(panelGridOf(chart).columns),
+      m_fromBottom(panelGridOf(chart).rowsFromBottom()), m_fontSize(chart.labelFontSize),
       m_colour(chart.labelColor.value()), m_lettersByColumn(!chart.XYLabelDirection)
 {
     const TextLine widest("W", m_fontSize);

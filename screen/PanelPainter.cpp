@@ -1,7 +1,7 @@
 #include "screen/PanelPainter.h"
 
 #include "drawing/PixelRows.h"
-#include "grid/PanelKeys.h"
+#include "layer/WallGrid.h"
 #include "screen/ScreenChart.h"
 
 #include <algorithm>
@@ -30,10 +30,10 @@ PanelColours PanelColours::of(const ScreenChart &chart)
 }
 
 PanelPainter::PanelPainter(const ScreenChart &chart)
-    : m_columns(chart.panelGrid().columns), m_rows(chart.panelGrid().rowsFromBottom()),
+    : m_columns(panelGridOf(chart).columns), m_rows(panelGridOf(chart).rowsFromBottom()),
       m_frameWidth(chart.BoarderEnable ? std::max(chart.boarderWidth, 0) : 0), m_colours(PanelColours::of(chart)),
       m_firstIsSpecial(m_colours.firstPanel != m_colours.panel[0]),
-      m_hidden(PanelKeys(chart.hiddenBoxes.value_or(QStringList())).cellsInside(chart.col, chart.row))
+      m_hidden(chart.hiddenBoxes.value_or(PanelKeys()).cellsInside(chart.col, chart.row))
 {
     const auto width = static_cast<std::size_t>(chart.wallWidth());
     for (int phase = 0; phase < 2; ++phase) {

@@ -2,6 +2,7 @@
 
 #include "drawing/Raster.h"
 #include "layer/Logging.h"
+#include "layer/WallGrid.h"
 #include "screen/FlowPath.h"
 #include "screen/LostWall.h"
 #include "screen/PanelLabels.h"
@@ -28,6 +29,16 @@ bool isAffordable(const ScreenChart &chart, const FlowPattern &flow, const PortS
 }
 
 } // namespace
+
+qint64 ScreenChart::wallWidth() const
+{
+    return panelGridOf(*this).columns.size();
+}
+
+qint64 ScreenChart::wallHeight() const
+{
+    return panelGridOf(*this).rows.size();
+}
 
 QImage ScreenChart::draw(QImage old) const
 {
@@ -87,7 +98,7 @@ void ScreenChart::drawDataPath(DrawingSurface &surface) const
     const auto flow = FlowPattern::ofCode(pattern);
     if (!flow)
         return;
-    const auto split = PortSplit::of(panelGrid(), *flow, pixelLimit);
+    const auto split = PortSplit::of(panelGridOf(*this), *flow, pixelLimit);
     if (!split)
         return;
     const bool alongRows = flow->along == FlowPattern::Along::Rows;
@@ -103,14 +114,14 @@ void ScreenChart::drawDataPath(DrawingSurface &surface) const
         const auto delimiter = static_cast<float>(lines);
         if (alongRows) {
             y = start;
-            FlowPath::drawFlowPathRowsFromRight(surface, panelGrid(), flow->fromRight, flow->fromBottom, x, y,
+            FlowPath::drawFlowPathRowsFromRight(surface, panelGridOf(*this), flow->fromRight, flow->fromBottom, x, y,
                                                 flow->end, delimiter);
             continue;
         }
         x = start;
         if (!split->isOneRun && index < split->fullPorts)
             qCDebug(lcScreen, "%.f", x);
-        FlowPath::drawFlowPathColumnsFromRight(surface, panelGrid(), flow->fromRight, flow->fromBottom, x, y, flow->end,
-                                               delimiter);
+        FlowPath::drawFlowPathColumnsFromRight(surface, panelGridOf(*this), flow->fromRight, flow->fromBottom, x, y,
+                                               flow->end, delimiter);
     }
 }

@@ -2,7 +2,6 @@
 
 #include "drawing/DrawingSurface.h"
 #include "drawing/TextLine.h"
-#include "grid/PanelGrid.h"
 #include "layer/LayerRecord.h"
 
 #include <QImage>
@@ -30,9 +29,8 @@ public:
     {}
 
     /// The size of the wall in pixels, in 64 bits since a file may claim anything.
-    qint64 wallWidth() const { return panelGrid().columns.size(); }
-    qint64 wallHeight() const { return panelGrid().rows.size(); }
-    PanelGrid panelGrid() const { return {{col, panelWidth}, {row, panelHeight}}; }
+    qint64 wallWidth() const;
+    qint64 wallHeight() const;
 
     /// The chart as a raster (drawing/Raster.h) of the wall's size, in the memory of `old` where that fits and nobody
     /// else holds it. A null image where the wall has no pixels, more than a raster can hold, or more than there is

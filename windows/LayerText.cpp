@@ -99,7 +99,7 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
         if (!layer->visible() || !PixelBox::of(*layer).contains(pixel))
             continue;
         const auto *screen = qobject_cast<const LWScreen *>(layer.get());
-        const std::optional<LWScreen::Panel> panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
+        const std::optional<Cell> panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
         return panel ? QString(screen->label() + ' ' + screen->panelLabel(*panel)).trimmed() : QString();
     }
     return {};

@@ -14,26 +14,26 @@ std::shared_ptr<LWScreen> wallOf(const LayerPointer &layer)
     return hasPanels ? wall : nullptr;
 }
 
-LWScreen::Panel within(const LWScreen &wall, const LWScreen::Panel &panel)
+Cell within(const LWScreen &wall, const Cell &panel)
 {
     return {std::clamp(panel.column, 0, wall.col() - 1), std::clamp(panel.row, 0, wall.row() - 1)};
 }
 } // namespace
 
-std::optional<PanelCursor::Panel> PanelCursor::panel() const
+std::optional<Cell> PanelCursor::panel() const
 {
     const bool counts = m_wall && m_wall == m_document.selectedLayer() && wallOf(m_wall);
     return counts ? std::optional(within(*m_wall, m_panel)) : std::nullopt;
 }
 
-bool PanelCursor::move(const QPoint &step, const std::optional<Panel> &start)
+bool PanelCursor::move(const QPoint &step, const std::optional<Cell> &start)
 {
     const auto wall = wallOf(m_document.selectedLayer());
     if (!wall)
         return false;
-    const std::optional<Panel> before = panel();
-    const std::optional<Panel> from = before ? before : start;
-    m_panel = from ? within(*wall, {from->column + step.x(), from->row + step.y()}) : Panel();
+    const std::optional<Cell> before = panel();
+    const std::optional<Cell> from = before ? before : start;
+    m_panel = from ? within(*wall, {from->column + step.x(), from->row + step.y()}) : Cell();
     m_wall = wall;
     return true;
 }

@@ -14,16 +14,14 @@ class CanvasDocument;
 class PanelCursor
 {
 public:
-    using Panel = LWScreen::Panel;
-
     /// `document` outlives this.
     explicit PanelCursor(CanvasDocument &document) : m_document(document) {}
 
     /// Goes on by columns and rows, as far as the selected wall goes; from `start`, or else to the first panel, where
     /// it was led nowhere before. False: there is nothing to go over.
-    bool move(const QPoint &step, const std::optional<Panel> &start);
+    bool move(const QPoint &step, const std::optional<Cell> &start);
     /// None: it was led nowhere.
-    std::optional<Panel> panel() const;
+    std::optional<Cell> panel() const;
     /// That panel() is on; only where there is one.
     const LWScreen &wall() const { return *m_wall; }
     /// Its output pixels; only where there is one.
@@ -36,5 +34,5 @@ public:
 private:
     CanvasDocument &m_document;
     std::shared_ptr<LWScreen> m_wall; ///< null: led nowhere
-    Panel m_panel;
+    Cell m_panel;
 };

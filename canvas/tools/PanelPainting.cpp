@@ -25,9 +25,9 @@ qint64 panelsIn(const QRect &rectangle)
 }
 
 /// Row by row, where the region is one rectangle.
-std::vector<LWScreen::Panel> panelsOf(const QRegion &region)
+std::vector<Cell> panelsOf(const QRegion &region)
 {
-    std::vector<LWScreen::Panel> panels;
+    std::vector<Cell> panels;
     for (const QRect &part : region) {
         for (int row = part.top(); row <= part.bottom(); ++row) {
             for (int column = part.left(); column <= part.right(); ++column)
@@ -39,14 +39,13 @@ std::vector<LWScreen::Panel> panelsOf(const QRegion &region)
 } // namespace
 
 PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen> wall, const QPoint &pixel)
-    : m_document(document), m_wall(std::move(wall)), m_textsAtPress(m_wall->hiddenBoxes()),
+    : m_document(document), m_wall(std::move(wall)), m_atPress(m_wall->panelsOff()),
       m_first(m_wall->panelAt(pixel.x(), pixel.y()))
 {
     m_wall->onImageClick(pixel.x(), pixel.y());
     if (m_first) {
         m_place = *m_first;
-        m_keysAtPress = PanelKeys(m_textsAtPress.value_or(QStringList()));
-        m_offAtPress = m_keysAtPress.cellsInside(m_wall->col(), m_wall->row());
+        m_offAtPress = keysAtPress().cellsInside(m_wall->col(), m_wall->row());
         m_switchesOff = !m_offAtPress.contains(*m_first);
         beginAnew();
         addToStroke(*m_first);
@@ -54,7 +53,7 @@ PanelPainting::PanelPainting(CanvasDocument &document, std::shared_ptr<LWScreen>
     m_document.update(nullptr);
 }
 
-PanelPainting::Panel PanelPainting::placeOf(const QPoint &pixel) const
+Cell PanelPainting::placeOf(const QPoint &pixel) const
 {
     const auto [columns, rows] = panelGridOf(*m_wall);
     return {lineAt(columns, qint64{pixel.x()} - m_wall->xpoint()), lineAt(rows, qint64{pixel.y()} - m_wall->ypoint())};
@@ -64,7 +63,7 @@ void PanelPainting::track(const QPoint &pixel, Shape shape)
 {
     if (!m_first)
         return;
-    const Panel place = placeOf(pixel);
+    const Cell place = placeOf(pixel);
     if (place == m_place && shape == m_shape)
         return;
     if (shape == Shape::Stroke)
@@ -76,19 +75,19 @@ void PanelPainting::track(const QPoint &pixel, Shape shape)
         paintStroke();
     else
         paintRectangle(rectangleTo(place));
-    m_wall->setHiddenBoxes(m_keys.texts());
+    m_wall->setPanelsOff(m_keys);
     m_document.update(nullptr);
 }
 
 /// A fast pointer leaps over panels; those on its way are meant.
-void PanelPainting::strokeTo(const Panel &place)
+void PanelPainting::strokeTo(const Cell &place)
 {
-    const Panel from = m_shape == Shape::Stroke ? m_place : place;
+    const Cell from = m_shape == Shape::Stroke ? m_place : place;
     const int steps = std::max({1, std::abs(place.column - from.column), std::abs(place.row - from.row)});
     for (int step = 0; step <= steps; ++step) {
         const double part = double(step) / steps;
-        const Panel panel{static_cast<int>(std::lround(std::lerp(from.column, place.column, part))),
-                          static_cast<int>(std::lround(std::lerp(from.row, place.row, part)))};
+        const Cell panel{static_cast<int>(std::lround(std::lerp(from.column, place.column, part))),
+                         static_cast<int>(std::lround(std::lerp(from.row, place.row, part)))};
         const bool isOnWall =
             panel.column >= 0 && panel.column < m_wall->col() && panel.row >= 0 && panel.row < m_wall->row();
         if (isOnWall)
@@ -96,7 +95,7 @@ void PanelPainting::strokeTo(const Panel &place)
     }
 }
 
-void PanelPainting::addToStroke(const Panel &panel)
+void PanelPainting::addToStroke(const Cell &panel)
 {
     const qsizetype before = m_inStroke.size();
     m_inStroke.insert({panel.column, panel.row});
@@ -105,7 +104,7 @@ void PanelPainting::addToStroke(const Panel &panel)
 }
 
 /// Columns and rows.
-QRect PanelPainting::rectangleTo(const Panel &place) const
+QRect PanelPainting::rectangleTo(const Cell &place) const
 {
     const auto [left, right] = std::minmax({m_first->column, std::clamp(place.column, 0, m_wall->col() - 1)});
     const auto [top, bottom] = std::minmax({m_first->row, std::clamp(place.row, 0, m_wall->row() - 1)});
@@ -115,7 +114,7 @@ QRect PanelPainting::rectangleTo(const Panel &place) const
 /// Nothing is painted.
 void PanelPainting::beginAnew()
 {
-    m_keys = m_keysAtPress;
+    m_keys = keysAtPress();
     m_paintedOfStroke = 0;
     m_paintedRectangle = {};
 }
@@ -123,7 +122,6 @@ void PanelPainting::beginAnew()
 void PanelPainting::paintStroke()
 {
     const auto from = m_stroke.begin() + std::exchange(m_paintedOfStroke, std::ssize(m_stroke));
-    m_wall->setHiddenBoxes(std::nullopt); // the list is this one's alone, or it would be copied
     if (m_switchesOff)
         switchOff({from, m_stroke.end()});
     else
@@ -133,7 +131,6 @@ void PanelPainting::paintStroke()
 /// A wall may have millions of panels: what stays painted is left as it is.
 void PanelPainting::paintRectangle(const QRect &rectangle)
 {
-    m_wall->setHiddenBoxes(std::nullopt);
     const qint64 gone = panelsIn(m_paintedRectangle) - panelsIn(m_paintedRectangle & rectangle);
     // What stays may be found sooner than what goes; and what is off again has its place only in the first list.
     if (gone > panelsIn(rectangle) || (gone > 0 && !m_switchesOff))
@@ -141,20 +138,20 @@ void PanelPainting::paintRectangle(const QRect &rectangle)
     const QRegion before(std::exchange(m_paintedRectangle, rectangle));
     if (!m_switchesOff)
         return switchOn();
-    const auto isGone = [this](const Panel &panel) { return !isPainted(panel); };
-    m_keys.removeIf(isGone, m_keysAtPress.texts().size());
+    const auto isGone = [this](const Cell &panel) { return !isPainted(panel); };
+    m_keys.removeIf(isGone, keysAtPress().texts().size());
     switchOff(panelsOf(QRegion(rectangle).subtracted(before)));
 }
 
-bool PanelPainting::isPainted(const Panel &panel) const
+bool PanelPainting::isPainted(const Cell &panel) const
 {
     return m_shape == Shape::Stroke ? m_inStroke.contains({panel.column, panel.row})
                                     : m_paintedRectangle.contains(panel.column, panel.row);
 }
 
-void PanelPainting::switchOff(const std::vector<Panel> &come)
+void PanelPainting::switchOff(const std::vector<Cell> &come)
 {
-    for (const Panel &panel : come) {
+    for (const Cell &panel : come) {
         if (!m_offAtPress.contains(panel))
             m_keys.append(panel);
     }
@@ -162,7 +159,7 @@ void PanelPainting::switchOff(const std::vector<Panel> &come)
 
 void PanelPainting::switchOn()
 {
-    m_keys.removeIf([this](const Panel &panel) { return isPainted(panel); });
+    m_keys.removeIf([this](const Cell &panel) { return isPainted(panel); });
 }
 
 /// In the order of the rectangle, whatever way the pointer took.
@@ -171,7 +168,7 @@ void PanelPainting::orderRectangle()
     const QRect rectangle = m_paintedRectangle;
     beginAnew();
     paintRectangle(rectangle);
-    m_wall->setHiddenBoxes(m_keys.texts());
+    m_wall->setPanelsOff(m_keys);
 }
 
 void PanelPainting::finish()
@@ -184,6 +181,6 @@ void PanelPainting::finish()
 
 void PanelPainting::cancel()
 {
-    m_wall->setHiddenBoxes(m_textsAtPress);
+    m_wall->setPanelsOff(m_atPress);
     m_document.update(nullptr);
 }

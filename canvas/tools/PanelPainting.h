@@ -6,7 +6,6 @@
 #include <QPoint>
 #include <QRect>
 #include <QSet>
-#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -37,32 +36,30 @@ public:
     void cancel();
 
 private:
-    using Panel = LWScreen::Panel;
-
-    Panel placeOf(const QPoint &pixel) const;
-    void strokeTo(const Panel &place);
-    void addToStroke(const Panel &panel);
-    QRect rectangleTo(const Panel &place) const;
+    Cell placeOf(const QPoint &pixel) const;
+    void strokeTo(const Cell &place);
+    void addToStroke(const Cell &panel);
+    QRect rectangleTo(const Cell &place) const;
+    PanelKeys keysAtPress() const { return m_atPress.value_or(PanelKeys()); }
     void beginAnew();
     void paintStroke();
     void paintRectangle(const QRect &rectangle);
-    bool isPainted(const Panel &panel) const;
-    void switchOff(const std::vector<Panel> &come);
+    bool isPainted(const Cell &panel) const;
+    void switchOff(const std::vector<Cell> &come);
     void switchOn();
     void orderRectangle();
 
     CanvasDocument &m_document;
     std::shared_ptr<LWScreen> m_wall;
-    std::optional<QStringList> m_textsAtPress;
-    std::optional<Panel> m_first; ///< under the press; none: the wall has no panels to paint
+    std::optional<PanelKeys> m_atPress; ///< of the wall; none: it had no list
+    std::optional<Cell> m_first;        ///< under the press; none: the wall has no panels to paint
     bool m_switchesOff = false;
-    PanelKeys m_keysAtPress;
     CellSet m_offAtPress;
     PanelKeys m_keys; ///< with what is painted; where it switches off, behind those of the press
-    std::vector<Panel> m_stroke;
+    std::vector<Cell> m_stroke;
     QSet<std::pair<int, int>> m_inStroke;
     std::ptrdiff_t m_paintedOfStroke = 0;
     QRect m_paintedRectangle; ///< columns and rows
-    Panel m_place;            ///< where the pointer is; beside the wall one further
+    Cell m_place;             ///< where the pointer is; beside the wall one further
     Shape m_shape = Shape::Stroke;
 };

@@ -166,7 +166,7 @@ std::optional<QPoint> PanelsTool::reachedPixel() const
 }
 
 /// That a click would switch.
-std::optional<LWScreen::Panel> PanelsTool::panelUnderPointer() const
+std::optional<Cell> PanelsTool::panelUnderPointer() const
 {
     if (!m_pointer || m_marker.isHolding() || !geometry().contains(*m_pointer))
         return std::nullopt;
@@ -180,7 +180,7 @@ std::optional<LWScreen::Panel> PanelsTool::panelUnderPointer() const
 std::optional<LabelledOutline> PanelsTool::outline() const
 {
     const int width = geometry().lineWidth();
-    const auto around = [this](const LWScreen &wall, const LWScreen::Panel &panel) {
+    const auto around = [this](const LWScreen &wall, const Cell &panel) {
         return geometry().devicePlaceOf(wall.panelRect(panel));
     };
     if (const auto panel = m_cursor.panel()) {

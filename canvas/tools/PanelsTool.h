@@ -44,7 +44,7 @@ private:
     void paintPanels(const ToolPointer &pointer);
     void finishPainting();
     bool moveCursor(const QPoint &step);
-    std::optional<LWScreen::Panel> panelUnderPointer() const;
+    std::optional<Cell> panelUnderPointer() const;
     std::optional<LabelledOutline> outline() const;
 
     PanelCursor m_cursor;

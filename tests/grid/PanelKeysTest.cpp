@@ -66,6 +66,23 @@ TEST(PanelKeys, AKeyIsAppendedOrTakenAwayAsOftenAsItIsThere)
     EXPECT_EQ(keys.cellsInside(9, 9).size(), 2);
 }
 
+TEST(PanelKeys, CopiesShareWhatTheyHoldUntilOneIsChanged)
+{
+    const PanelKeys keys(QStringList{"0,0", "1,1", "2,2"});
+    PanelKeys copy = keys;
+    copy.removeIf([](const Cell &) { return false; });
+    EXPECT_EQ(&copy.texts(), &keys.texts());
+    EXPECT_EQ(copy, keys);
+
+    copy.toggle(1, 1);
+    EXPECT_NE(copy, keys);
+    EXPECT_EQ(copy.texts(), (QStringList{"0,0", "2,2"}));
+    EXPECT_EQ(keys.cellsInside(9, 9).size(), 3);
+    copy.toggle(1, 1);
+    EXPECT_NE(copy, keys); // another order
+    EXPECT_EQ(copy, PanelKeys(QStringList{"0,0", "2,2", "1,1"}));
+}
+
 TEST(PanelKeys, WhatStaysKeepsItsOrderAndItsPanel)
 {
     PanelKeys keys(QStringList{"5,5", "1,1", "01,1", "2,2", "1,1", "18446744073709551615,0", "4,4"});

@@ -114,6 +114,18 @@ TEST(LayerValues, AnEmptyTextIsGiven)
     EXPECT_FALSE(id.isGiven(record));
 }
 
+TEST(LayerValues, CopiesOfARecordShareTheKeysOfItsPanels)
+{
+    TestHost host;
+    LWScreen wall(host);
+    wall.setHiddenBoxes(QStringList{"0,1", "odd"});
+    const LayerRecordPointer before = wall.record();
+    wall.setCol(7);
+    EXPECT_EQ(wall.record()->hiddenBoxes->texts().constData(), before->hiddenBoxes->texts().constData());
+    wall.onImageClick(0, 0);
+    EXPECT_EQ(before->hiddenBoxes->texts(), (QStringList{"0,1", "odd"}));
+}
+
 TEST(LayerValues, TextsTellNoneFromEmpty)
 {
     TestHost host;

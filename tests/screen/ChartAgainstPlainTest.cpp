@@ -149,9 +149,11 @@ private:
         chart.BoarderEnable = !oneIn(3);
         chart.boarderColor = maybeColour();
         chart.boarderWidth = oneOf({-1, 0, 1, 1, 2, 3, 7, 30, 1000});
-        chart.hiddenBoxes = QStringList();
-        for (int i = oneIn(2) ? between(1, 8) : 0; i > 0; --i)
-            chart.hiddenBoxes->append(QString("%1,%2").arg(between(0, chart.row)).arg(between(0, chart.col)));
+        chart.hiddenBoxes = PanelKeys();
+        for (int i = oneIn(2) ? between(1, 8) : 0; i > 0; --i) {
+            const int row = between(0, chart.row);
+            chart.hiddenBoxes->append({between(0, chart.col), row});
+        }
         chart.CircleEnable = oneIn(2);
         chart.circleColor = maybeColour();
         chart.circleBWidth = oneOf({-3, 0, 1, 2, 4, 5, 9, 40, 700});
@@ -328,7 +330,8 @@ const Case cases[] = {
      }},
     {"ManyHoles",
      [](ScreenChart &c) {
-         c.hiddenBoxes = {"0,0", "0,1", "0,2", "0,3", "1,0", "2,3", "2,3", "7,7", "x", "18446744073709551615,0"};
+         c.hiddenBoxes = PanelKeys(
+             QStringList{"0,0", "0,1", "0,2", "0,3", "1,0", "2,3", "2,3", "7,7", "x", "18446744073709551615,0"});
      }},
 };
 

@@ -28,7 +28,7 @@ ScreenChart decoratedWall()
     chart.BoarderEnable = true;
     chart.boarderColor = NamedColour::yellow;
     chart.boarderWidth = 2;
-    chart.hiddenBoxes = {"0,0", "2,3"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"0,0", "2,3"});
     chart.CircleEnable = true;
     chart.circleColor = NamedColour::cyan;
     chart.circleBWidth = 4;

@@ -230,7 +230,7 @@ TEST(ChartFlowPath, RunsThroughHiddenPanels)
 {
     ScreenChart chart = pathOnly(0, 80000);
     const QImage without = chart.draw({});
-    chart.hiddenBoxes = {"0,0", "1,1", "2,3"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"0,0", "1,1", "2,3"});
     EXPECT_EQ(chart.draw({}), without);
 }
 

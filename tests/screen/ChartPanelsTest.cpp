@@ -97,7 +97,7 @@ TEST(ChartPanels, TranslucentColoursReplaceWhatIsBelow)
 TEST(ChartPanels, AHiddenPanelIsAHole)
 {
     ScreenChart chart = twoColouredWall();
-    chart.hiddenBoxes = {"0,0"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"0,0"});
     const QImage raster = chart.draw({});
 
     EXPECT_EQ(pixelAt(raster, 0, 299), hole);
@@ -111,7 +111,7 @@ TEST(ChartPanels, AHiddenPanelIsAHole)
 TEST(ChartPanels, AHoleKeepsItsFrame)
 {
     ScreenChart chart = framed(twoColouredWall());
-    chart.hiddenBoxes = {"0,0"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"0,0"});
     const QImage raster = chart.draw({});
 
     EXPECT_EQ(pixelAt(raster, 1, 298), QColor(Qt::yellow));
@@ -127,7 +127,7 @@ TEST(ChartPanels, KeysCountRowsFromTheTop)
     chart.col = 5;
     chart.panelWidth = 48;
     chart.panelHeight = 48;
-    chart.hiddenBoxes = {"4,0"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"4,0"});
     const QImage raster = chart.draw({});
 
     ASSERT_EQ(raster.size(), QSize(240, 240));
@@ -139,7 +139,8 @@ TEST(ChartPanels, KeysCountRowsFromTheTop)
 TEST(ChartPanels, OnlyExactKeysHidePanels)
 {
     ScreenChart chart = twoColouredWall();
-    chart.hiddenBoxes = {"0, 0", "00,0", "0,0 ", "-1,0", "3,0", "0,4", "18446744073709551615,0", ""};
+    chart.hiddenBoxes =
+        PanelKeys(QStringList{"0, 0", "00,0", "0,0 ", "-1,0", "3,0", "0,4", "18446744073709551615,0", ""});
 
     EXPECT_EQ(chart.draw({}), twoColouredWall().draw({}));
 }
@@ -205,7 +206,7 @@ TEST(ChartPanels, AFrameWithoutAColourTakesItsPanels)
 {
     ScreenChart chart = framed(twoColouredWall());
     chart.boarderColor = std::nullopt;
-    chart.hiddenBoxes = {"2,1"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"2,1"});
     const QImage raster = chart.draw({});
 
     EXPECT_EQ(pixelAt(raster, 0, 0), QColor(Qt::red));

@@ -336,7 +336,7 @@ TEST(ChartTexts, HolesKeepTheirLabels)
 {
     ScreenChart chart = withLabels(false);
     const QImage without = chart.draw({});
-    chart.hiddenBoxes = {"0,0"};
+    chart.hiddenBoxes = PanelKeys(QStringList{"0,0"});
     EXPECT_EQ(chart.draw({}), without);
 }
 

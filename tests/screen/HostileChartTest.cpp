@@ -148,8 +148,8 @@ TEST(HostileChart, LongNamesAndForeignKeysAreDrawn)
 {
     ScreenChart chart = decoratedWall();
     chart.label = QString(1'000'000, 'W');
-    chart.hiddenBoxes->append(QString(1'000'000, '9') + ",0");
-    chart.hiddenBoxes->append(QString(QChar::Null));
+    chart.hiddenBoxes =
+        PanelKeys(chart.hiddenBoxes->texts() + QStringList{QString(1'000'000, '9') + ",0", QString(QChar::Null)});
     EXPECT_EQ(chart.draw({}).size(), QSize(400, 300));
 
     chart.label = QString::fromUtf16(u"a\tb\n\u202e\ufdd0") + QChar(0) + QChar(0xd800);

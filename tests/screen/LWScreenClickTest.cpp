@@ -132,6 +132,7 @@ TEST(LWScreenClick, ExtremePointsDoNoHarm)
             }
         }
     }
-    for (const QString &key : screen->hiddenBoxes().value())
+    const QStringList keys = screen->hiddenBoxes().value();
+    for (const QString &key : keys)
         EXPECT_EQ(key.count(','), 1) << qPrintable(key);
 }

@@ -5,8 +5,6 @@
 #include <limits>
 
 namespace {
-using Panel = LWScreen::Panel;
-
 class LWScreenPanels : public ::testing::Test
 {
 protected:
@@ -28,11 +26,11 @@ protected:
 
 TEST_F(LWScreenPanels, APixelLiesInOnePanel)
 {
-    EXPECT_EQ(screen.panelAt(100, 50), (Panel{0, 0}));
-    EXPECT_EQ(screen.panelAt(129, 69), (Panel{0, 0}));
-    EXPECT_EQ(screen.panelAt(130, 69), (Panel{1, 0}));
-    EXPECT_EQ(screen.panelAt(129, 70), (Panel{0, 1}));
-    EXPECT_EQ(screen.panelAt(249, 129), (Panel{4, 3}));
+    EXPECT_EQ(screen.panelAt(100, 50), (Cell{0, 0}));
+    EXPECT_EQ(screen.panelAt(129, 69), (Cell{0, 0}));
+    EXPECT_EQ(screen.panelAt(130, 69), (Cell{1, 0}));
+    EXPECT_EQ(screen.panelAt(129, 70), (Cell{0, 1}));
+    EXPECT_EQ(screen.panelAt(249, 129), (Cell{4, 3}));
     EXPECT_EQ(screen.panelAt(250, 129), std::nullopt);
     EXPECT_EQ(screen.panelAt(249, 130), std::nullopt);
 }
@@ -56,7 +54,7 @@ TEST_F(LWScreenPanels, ItIsTheOneThatAClickSwitches)
 TEST_F(LWScreenPanels, APanelThatIsOffIsOneToo)
 {
     screen.setHiddenBoxes(QStringList("1,2"));
-    EXPECT_EQ(screen.panelAt(165, 75), (Panel{2, 1}));
+    EXPECT_EQ(screen.panelAt(165, 75), (Cell{2, 1}));
 }
 
 TEST_F(LWScreenPanels, ItsPlaceIsInOutputPixels)

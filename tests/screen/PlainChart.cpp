@@ -23,7 +23,7 @@ void drawPanel(const ScreenChart &chart, int r, int c, PlainCanvas &canvas)
     }
 
     const QString key = QString("%1,%2").arg(static_cast<quint64>(chart.row - 1 - r)).arg(static_cast<quint64>(c));
-    if (!chart.hiddenBoxes || !chart.hiddenBoxes->contains(key))
+    if (!chart.hiddenBoxes || !chart.hiddenBoxes->texts().contains(key))
         canvas.fillRect(panel, QPainter::CompositionMode_Source);
 
     if (chart.BoarderEnable) {
