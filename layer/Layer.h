@@ -11,6 +11,7 @@
 #include <QSizeF>
 #include <QString>
 
+#include <array>
 #include <memory>
 #include <span>
 
@@ -31,6 +32,15 @@ public:                                                                         
     {                                                                                                                  \
         set(&LayerRecord::name, kept(value));                                                                          \
     }
+
+/// What a layer's picture is made of: where it is the same, the picture is the same.
+struct LayerLook
+{
+    LayerRecordPointer record;
+    std::array<qint64, 3> around = {}; ///< what a kind takes from elsewhere, as numbers of its own
+
+    bool operator==(const LayerLook &) const = default;
+};
 
 /// One entry of the document's list: a wall (LWScreen) or a picture (LWStill). Both carry the same properties, so that
 /// table, inspector, composition, power sum and files read either kind by name. Setters store, nothing more; a layer
@@ -112,6 +122,9 @@ public:
     /// still the picture in its own size. Null where there is none.
     virtual QImage thumbnail() const = 0;
     virtual void setThumbnail(const QImage &picture) = 0;
+    /// What thumbnail() shows; nothing is drawn or loaded to know. While a picture waits in its file it is another one
+    /// than afterwards.
+    virtual LayerLook shownLook() const { return {record(), {}}; }
 
     /// Renders the layer: takes over its properties into its picture and sizes.
     virtual void drawInRect() = 0;

@@ -73,6 +73,7 @@ public:
 
     QImage thumbnail() const override;
     void setThumbnail(const QImage &picture) override;
+    LayerLook shownLook() const override;
     /// Recomputes the sizes, has the host choose voltage and phases where a text needs them, and takes over the look;
     /// the pixels are drawn when the thumbnail is first asked for.
     void drawInRect() override;

@@ -48,6 +48,16 @@ QImage LWScreen::thumbnail() const
     return m_thumbnail;
 }
 
+LayerLook LWScreen::shownLook() const
+{
+    if (!m_rendered)
+        return {nullptr, {m_thumbnail.cacheKey()}};
+    if (m_isDrawn && m_thumbnail.isNull()) // it may be had when it is drawn again
+        return {};
+    const auto &[popupIndex, voltage, phases] = m_rendered->around;
+    return {m_rendered->record, {popupIndex, voltage, phases}};
+}
+
 void LWScreen::releasePicture()
 {
     if (m_thumbnail.isNull())

@@ -193,6 +193,13 @@ QImage LWStill::thumbnail() const
     return m_picture ? *m_picture : QImage();
 }
 
+LayerLook LWStill::shownLook() const
+{
+    if (m_pictureWaitsInFile)
+        return {record(), {}};
+    return {nullptr, {m_picture ? m_picture->cacheKey() : 0}}; // whatever else is edited
+}
+
 void LWStill::setThumbnail(const QImage &picture)
 {
     m_pictureWaitsInFile = false;

@@ -34,6 +34,7 @@ public:
     /// The picture in its own size, whatever size the still has; null where the file is missing or no picture.
     QImage thumbnail() const override;
     void setThumbnail(const QImage &picture) override;
+    LayerLook shownLook() const override;
     /// Has the picture loaded from the address when it is next asked for. After a new address this is how a missing
     /// picture is found again; place and size stay.
     void loadThumbnail();

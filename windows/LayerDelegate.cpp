@@ -4,6 +4,7 @@
 #include "show/LayerList.h"
 #include "still/LWStill.h"
 #include "windows/Icons.h"
+#include "windows/LayerStamps.h"
 #include "windows/Theme.h"
 
 #include <QAbstractItemView>
@@ -13,7 +14,6 @@
 #include <QRegularExpression>
 #include <QToolTip>
 
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -21,10 +21,6 @@ constexpr int rowHeight = 48;
 constexpr int iconSize = 16;
 constexpr int markWidth = 3;
 constexpr double hiddenOpacity = 0.35;
-/// More rows than any screen shows.
-constexpr int mostStamps = 256;
-/// A stamp that is made of this many pixels looks as one that is made of all.
-constexpr double mostPixelsRead = 2'000'000;
 
 /// Inside the place at every scale; a pen would be cut off at its edge.
 void paintFrame(QPainter &painter, const QRect &place, const QColor &colour)
@@ -61,8 +57,8 @@ void paintLine(QPainter &painter, const QRect &place, const QFont &font, const Q
 }
 } // namespace
 
-LayerDelegate::LayerDelegate(const LayerList &list, Kind kind, Warnings warnings, QObject *parent)
-    : QStyledItemDelegate(parent), m_list(list), m_kind(kind), m_warnings(std::move(warnings)), m_stamps(mostStamps)
+LayerDelegate::LayerDelegate(const LayerList &list, Kind kind, LayerStamps &stamps, Warnings warnings, QObject *parent)
+    : QStyledItemDelegate(parent), m_list(list), m_kind(kind), m_stamps(stamps), m_warnings(std::move(warnings))
 {}
 
 QString LayerDelegate::name(const Layer &layer)
@@ -136,7 +132,8 @@ void LayerDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
         return;
     painter->save();
     paintGround(*painter, option);
-    paintPicture(*painter, picturePlace(option.rect), *layer);
+    const QImage stamp = m_stamps.of(index, layer, painter->device()->devicePixelRatioF());
+    paintPicture(*painter, picturePlace(option.rect), stamp, layer->visible() ? 1 : hiddenOpacity);
 
     QRect nameLine = namePlace(option.rect);
     QRect below = nameLine.translated(0, nameLine.height());
@@ -169,38 +166,16 @@ void LayerDelegate::paintIcons(QPainter &painter, const QRect &row, const Layer 
     }
 }
 
-void LayerDelegate::paintPicture(QPainter &painter, const QRect &place, const Layer &layer) const
+void LayerDelegate::paintPicture(QPainter &painter, const QRect &place, const QImage &stamp, double opacity) const
 {
     painter.fillRect(place, Theme::ground);
-    const QImage picture = stamp(layer, painter.device()->devicePixelRatioF());
-    if (picture.isNull())
+    if (stamp.isNull())
         return paintFrame(painter, place, Theme::line);
-    const QSizeF size = picture.deviceIndependentSize();
+    const QSizeF size = stamp.deviceIndependentSize();
     const QPointF topLeft((place.width() - size.width()) / 2, (place.height() - size.height()) / 2);
-    painter.setOpacity(layer.visible() ? 1 : hiddenOpacity);
-    painter.drawImage(place.topLeft() + topLeft, picture);
+    painter.setOpacity(opacity);
+    painter.drawImage(place.topLeft() + topLeft, stamp);
     painter.setOpacity(1);
-}
-
-QImage LayerDelegate::stamp(const Layer &layer, qreal devicePixelRatio) const
-{
-    const QImage picture = layer.thumbnail();
-    const QSizeF shown(layer.screenSizeWidth(), layer.screenSizeHeight());
-    if (picture.isNull() || shown.isEmpty())
-        return {};
-    const QSize size =
-        shown.scaled(QSizeF(pictureSize) * devicePixelRatio, Qt::KeepAspectRatio).toSize().expandedTo({1, 1});
-    const QImage *known = m_stamps.object(picture.cacheKey());
-    if (known && known->size() == size)
-        return *known;
-
-    const double excess = double(picture.width()) * picture.height() / mostPixelsRead;
-    const QImage sample = excess > 1 ? picture.scaled(picture.size() / std::sqrt(excess)) : picture;
-    auto *made = new QImage(sample.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
-    made->setDevicePixelRatio(devicePixelRatio);
-    const QImage result = *made;
-    m_stamps.insert(picture.cacheKey(), made);
-    return result;
 }
 
 void LayerDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &) const

@@ -2,14 +2,13 @@
 
 #include "layer/Layer.h"
 
-#include <QCache>
-#include <QImage>
 #include <QStringList>
 #include <QStyledItemDelegate>
 
 #include <functional>
 
 class LayerList;
+class LayerStamps;
 
 /// Paints a row of a layer table: the layer's picture, its name, and below it what the table tells of it. Rows of the
 /// document's layers have an eye, too, and a sign where something is wrong. Hidden layers are dimmed.
@@ -29,9 +28,9 @@ public:
     /// Size of the picture's place in logical pixels.
     static constexpr QSize pictureSize{56, 32};
 
-    /// `list` is the model of the view and outlives the delegate's last painting; `warnings` is asked at every
-    /// painting, and never where it is null.
-    LayerDelegate(const LayerList &list, Kind kind, Warnings warnings, QObject *parent = nullptr);
+    /// `list` is the model of the view and outlives the delegate's last painting, as `stamps` does, which gives the
+    /// pictures; `warnings` is asked at every painting, and never where it is null.
+    LayerDelegate(const LayerList &list, Kind kind, LayerStamps &stamps, Warnings warnings, QObject *parent = nullptr);
 
     /// The layer's name; where it has none, that of its picture's file or "Unnamed".
     static QString name(const Layer &layer);
@@ -72,13 +71,11 @@ private:
     QString secondLine(const Layer &layer) const;
     QStringList warnings(const Layer &layer) const;
     void paintIcons(QPainter &painter, const QRect &row, const Layer &layer, bool hasWarning) const;
-    void paintPicture(QPainter &painter, const QRect &place, const Layer &layer) const;
-    QImage stamp(const Layer &layer, qreal devicePixelRatio) const;
+    void paintPicture(QPainter &painter, const QRect &place, const QImage &stamp, double opacity) const;
 
     const LayerList &m_list;
     Kind m_kind;
+    LayerStamps &m_stamps;
     Warnings m_warnings;
     bool m_hasIcons = false;
-    /// Pictures at the size of their place, by the cache key of the large ones; forgotten when they are not in use.
-    mutable QCache<qint64, QImage> m_stamps;
 };

@@ -84,7 +84,8 @@ bool isFound(const QStringList &words, const Layer &layer)
 LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind kind, LayerDelegate::Warnings warnings,
                        QWidget *parent)
     : QListView(parent), m_list(list), m_kind(kind),
-      m_delegate(new LayerDelegate(list, kind, std::move(warnings), this))
+      m_stamps(LayerDelegate::pictureSize, [this](const QModelIndex &row) { return isInSight(row); }),
+      m_delegate(new LayerDelegate(list, kind, m_stamps, std::move(warnings), this))
 {
     setStyle(new InsertionLine(this));
     setAccessibleName(name);
@@ -106,6 +107,7 @@ LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind
     connect(&list, &LayerList::rowsAboutToBeRemoved, this, [this] { m_rowsGo = true; });
     setModel(&list);
     connect(&list, &LayerList::rowsRemoved, this, [this] { m_rowsGo = false; });
+    connect(&m_stamps, &LayerStamps::ready, this, [this](const QModelIndex &row) { update(row); });
     connect(&list, &LayerList::selectionIndexDidChange, this, &LayerTable::followSelection);
     connect(&list, &LayerList::selectionIndexesDidChange, this, &LayerTable::followSelection);
     // Rows that move stay hidden or shown by themselves.
@@ -136,6 +138,11 @@ int LayerTable::shownRow() const
 {
     const int row = currentIndex().row();
     return row < 0 || isRowHidden(row) ? -1 : row;
+}
+
+bool LayerTable::isInSight(const QModelIndex &row) const
+{
+    return viewport()->rect().intersects(visualRect(row));
 }
 
 /// All of them are shown while nothing is searched.

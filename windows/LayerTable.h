@@ -1,6 +1,7 @@
 #pragma once
 
 #include "windows/LayerDelegate.h"
+#include "windows/LayerStamps.h"
 
 #include <QListView>
 
@@ -24,6 +25,8 @@ public:
     void showRowsWith(const QString &text);
     /// The current row; -1 where that is not shown.
     int shownRow() const;
+    /// The pictures of its rows.
+    const LayerStamps &stamps() const { return m_stamps; }
 
 signals:
     /// The eye of a row was pressed, which neither selects the row nor drags it.
@@ -45,6 +48,7 @@ private:
     bool isPressOfEye(const QEvent &event);
     void openMenuAtCurrentRow();
     void openMenu(const QPoint &place);
+    bool isInSight(const QModelIndex &row) const;
     void followSelection();
     void leadSelection();
     void searchRows(int first, int last);
@@ -52,6 +56,7 @@ private:
 
     LayerList &m_list;
     LayerDelegate::Kind m_kind;
+    LayerStamps m_stamps;
     LayerDelegate *m_delegate;
     QStringList m_searched;   ///< words
     bool m_eyeIsDown = false; ///< what the mouse does is no gesture of the table

@@ -1,0 +1,91 @@
+#include "windows/LayerStamps.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+/// More rows than any screen shows.
+constexpr int mostStamps = 256;
+/// A stamp that is made of this many pixels looks as one that is made of all.
+constexpr double mostPixelsRead = 2'000'000;
+
+QImage stampOf(const QImage &picture, const QSize &size, qreal devicePixelRatio)
+{
+    if (picture.isNull() || size.isEmpty())
+        return {};
+    const double excess = double(picture.width()) * picture.height() / mostPixelsRead;
+    const QImage sample = excess > 1 ? picture.scaled(picture.size() / std::sqrt(excess)) : picture;
+    QImage stamp = sample.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    stamp.setDevicePixelRatio(devicePixelRatio);
+    return stamp;
+}
+} // namespace
+
+LayerStamps::LayerStamps(const QSize &size, IsInSight isInSight, QObject *parent)
+    : QObject(parent), m_size(size), m_isInSight(std::move(isInSight)), m_stamps(mostStamps), m_last(mostStamps)
+{
+    connect(&m_idle, &QTimer::timeout, this, &LayerStamps::makeNext);
+}
+
+QImage LayerStamps::of(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio)
+{
+    const QImage *const stamp = m_stamps.object(subjectOf(*layer, devicePixelRatio));
+    if (!stamp) {
+        want(row, layer, devicePixelRatio);
+        return lastOf(layer);
+    }
+    m_last.insert(layer.get(), new Last{layer, *stamp});
+    return *stamp;
+}
+
+LayerStamps::Subject LayerStamps::subjectOf(const Layer &layer, qreal devicePixelRatio) const
+{
+    const QSizeF shown(layer.screenSizeWidth(), layer.screenSizeHeight());
+    if (shown.isEmpty())
+        return {layer.shownLook(), {}};
+    const QSizeF fitted = shown.scaled(QSizeF(m_size) * devicePixelRatio, Qt::KeepAspectRatio);
+    return {layer.shownLook(), fitted.toSize().expandedTo({1, 1})};
+}
+
+/// Another layer may have come to the same address.
+QImage LayerStamps::lastOf(const LayerPointer &layer) const
+{
+    const Last *const last = m_last.object(layer.get());
+    return last && last->layer.lock() == layer ? last->stamp : QImage();
+}
+
+void LayerStamps::want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio)
+{
+    std::erase_if(m_wanted, [&](const Wanted &wanted) { return wanted.row == row; });
+    m_wanted.push_back({row, layer, devicePixelRatio});
+    if (!m_idle.isActive())
+        m_idle.start();
+}
+
+void LayerStamps::makeNext()
+{
+    bool isMade = false;
+    while (!isMade && !m_wanted.empty()) {
+        const Wanted next = std::move(m_wanted.front());
+        m_wanted.pop_front();
+        const auto layer = next.layer.lock();
+        if (!layer || !next.row.isValid() || !m_isInSight(next.row))
+            continue;
+        isMade = make(*layer, next.devicePixelRatio);
+        emit ready(next.row);
+    }
+    if (m_wanted.empty())
+        m_idle.stop();
+}
+
+/// The picture comes first: what waits in its file looks otherwise until then.
+bool LayerStamps::make(const Layer &layer, qreal devicePixelRatio)
+{
+    const QImage picture = layer.thumbnail();
+    const Subject subject = subjectOf(layer, devicePixelRatio);
+    if (m_stamps.contains(subject))
+        return false;
+    m_stamps.insert(subject, new QImage(stampOf(picture, subject.size, devicePixelRatio)));
+    return true;
+}
