@@ -51,7 +51,6 @@ TEST_F(LayerChecksTest, APortThatCannotCarryOneLineIsAnErrorOfTheFirstPort)
               "One row of panels has 65,536 px, a port carries 65,535; raise the pixels per port or make the rows "
               "shorter.");
     EXPECT_EQ(findings[0].port, 1);
-    EXPECT_FALSE(findings[0].cell);
 }
 
 TEST_F(LayerChecksTest, AWallTooLargeToDrawIsAnErrorUnlessItIsHidden)
@@ -69,6 +68,15 @@ TEST_F(LayerChecksTest, ALayerWhollyOutsideIsAWarning)
     made->setXpoint(1920);
     expectOne(LayerChecks::all(*made, output), "outside-output", Level::Warning,
               "It lies wholly outside the output of 1,920 × 1,080 px; change its left and top.");
+}
+
+TEST_F(LayerChecksTest, AnAddressWithoutLettersNamesNoFile)
+{
+    const auto still = LWStill::initWithimage(host, {});
+    still->setImageURL(Address{"", {}});
+    expectOne(LayerChecks::all(*still, output), "picture-not-chosen", Level::Warning,
+              "It names no file; choose a picture or remove the layer.");
+    EXPECT_TRUE(LayerChecks::whileEditing(*still, output).empty());
 }
 
 TEST_F(LayerChecksTest, APictureThatIsMissingOrNotChosenIsAWarning)
