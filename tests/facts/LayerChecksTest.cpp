@@ -73,7 +73,8 @@ TEST_F(LayerChecksTest, ALayerWhollyOutsideIsAWarning)
 TEST_F(LayerChecksTest, AnAddressWithoutLettersNamesNoFile)
 {
     const auto still = LWStill::initWithimage(host, {});
-    still->setImageURL(Address{"", {}});
+    ASSERT_TRUE(still->setValue("ImageURL", QVariant::fromValue(Address{"", {}})));
+    ASSERT_FALSE(still->ImageURL().isNil());
     expectOne(LayerChecks::all(*still, output), "picture-not-chosen", Level::Warning,
               "It names no file; choose a picture or remove the layer.");
     EXPECT_TRUE(LayerChecks::whileEditing(*still, output).empty());
