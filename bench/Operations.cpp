@@ -4,6 +4,7 @@
 #include "bench/CompositionSubjects.h"
 #include "bench/PngSubjects.h"
 #include "bench/PsdSubjects.h"
+#include "bench/ShowSubjects.h"
 #include "bench/Start.h"
 #include "bench/Timing.h"
 #include "bench/WindowSubjects.h"
@@ -131,6 +132,9 @@ std::vector<Operation> operationsWithGoals()
                       [] { return WindowSubjects::keystrokeInExample("festival"); }),
         againstMemset("keystroke to canvas, studio example", 20,
                       [] { return WindowSubjects::keystrokeInExample("studio"); }),
+        {"edit to canvas, 500 layers", "1 layer", 1.2, [] { return ShowSubjects::timeOfEdit(500); }},
+        {"selection, 5,000 layers", "2", 3, [] { return ShowSubjects::timeOfSelection(5000); }},
+        {"memory of a step, 10,000 layers", "1 layer", 1.1, [] { return ShowSubjects::memoryOfStep(10'000); }},
         startOfTheWindow(1.8),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},

@@ -18,3 +18,5 @@ double timeOfMemset(const Subject &subject);
 double timeOfMemcpy(const Subject &subject);
 /// The same against reading as many bytes once, with `memchr`.
 double timeOfReading(const Subject &subject);
+/// How long some work takes as a multiple of other work, measured likewise.
+double timeOf(const std::function<void()> &work, const std::function<void()> &reference);

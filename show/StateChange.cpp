@@ -9,8 +9,8 @@ using States = std::vector<LayerState>;
 
 DocumentState withoutLists(DocumentState state)
 {
-    state.layers = {};
-    state.presets = {};
+    state.layers = States(); // a list that is only emptied keeps its memory
+    state.presets = States();
     return state;
 }
 
