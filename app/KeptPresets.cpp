@@ -15,7 +15,7 @@ KeptPresets::Beginning KeptPresets::ofLastTime(LayerHost &host)
     return {std::move(builtIn), kept ? std::nullopt : std::optional(kept.error())};
 }
 
-Result<void> KeptPresets::keep(const std::vector<LayerState> &presets, LayerHost &host)
+Result<void> KeptPresets::keep(const LayerStates &presets, LayerHost &host)
 {
     std::vector<LayerPointer> layers;
     for (const LayerState &preset : presets)
@@ -32,7 +32,7 @@ Result<void> KeptPresets::keep(const std::vector<LayerState> &presets, LayerHost
     return fail(unkept.sentence);
 }
 
-Result<void> KeptPresets::keepEdited(const std::vector<LayerState> &presets, LayerHost &host)
+Result<void> KeptPresets::keepEdited(const LayerStates &presets, LayerHost &host)
 {
     const bool hasFailed = m_unkept && m_unkept->presets == presets;
     return hasFailed ? Result<void>() : keep(presets, host);

@@ -46,7 +46,7 @@ void takeRatioOfSides(const std::vector<LayerPointer> &layers)
 }
 
 /// The layers, looking as their states say.
-std::vector<LayerPointer> restored(const std::vector<LayerState> &states)
+std::vector<LayerPointer> restored(const LayerStates &states)
 {
     std::vector<LayerPointer> layers;
     for (const LayerState &state : states) {
@@ -252,8 +252,8 @@ DocumentState LWAppDelegate::state(const DocumentState &before) const
             m_supply,
             m_voltageCalc,
             m_phaseCalc,
-            statesOf(allScreensArray(), before.layers),
-            statesOf(presetScreensArray(), before.presets),
+            LayerStates::of(allScreensArray(), before.layers),
+            LayerStates::of(presetScreensArray(), before.presets),
             m_arraycontroller.selectionIndexes(),
             m_arraycontroller.selectionIndex(),
             m_presetarraycontroller.selectionIndexes(),
@@ -311,7 +311,7 @@ void LWAppDelegate::tellChanges()
 {
     const LayerPointer selected = m_arraycontroller.selectedLayer();
     const auto *still = qobject_cast<const LWStill *>(selected.get());
-    m_news.look({state(m_news.state().document), m_bgColor, m_edgeColor, m_popupIndex, m_powerResult,
+    m_news.look({state(m_history.state()), m_bgColor, m_edgeColor, m_popupIndex, m_powerResult,
                  still ? still->rendered() : nullptr});
 }
 

@@ -12,6 +12,8 @@ namespace {
 /// Walls that have left the document come back by undoing, and draw themselves again then: their pixels need not stay.
 void releasePicturesOfLeft(const DocumentState &before, const DocumentState &now)
 {
+    if (now.layers.hasLayersOf(before.layers) && now.presets.hasLayersOf(before.presets))
+        return;
     std::unordered_set<const Layer *> staying;
     for (const auto *list : {&now.layers, &now.presets}) {
         for (const LayerState &state : *list)

@@ -2,6 +2,7 @@
 
 #include "still/LWStill.h"
 
+#include <algorithm>
 #include <unordered_map>
 
 bool LayerState::operator==(const LayerState &other) const
@@ -55,12 +56,33 @@ private:
 };
 } // namespace
 
-std::vector<LayerState> statesOf(const std::vector<LayerPointer> &layers, const std::vector<LayerState> &before)
+LayerStates LayerStates::of(const std::vector<LayerPointer> &layers, const LayerStates &before)
 {
-    StatesByLayer known(before);
+    if (before.isNow(layers))
+        return before;
+    StatesByLayer known(before.list());
     std::vector<LayerState> states;
     states.reserve(layers.size());
     for (const LayerPointer &layer : layers)
         states.push_back(LayerState::of(layer, known.find(layer, states.size())));
-    return states;
+    return LayerStates(std::move(states));
+}
+
+const std::vector<LayerState> &LayerStates::list() const
+{
+    static const std::vector<LayerState> none;
+    return m_states ? *m_states : none;
+}
+
+bool LayerStates::isNow(const std::vector<LayerPointer> &layers) const
+{
+    return std::ranges::equal(list(), layers, [](const LayerState &state, const LayerPointer &layer) {
+        return state.layer == layer && state.record == layer->record();
+    });
+}
+
+bool LayerStates::hasLayersOf(const LayerStates &other) const
+{
+    return m_states == other.m_states ||
+           std::ranges::equal(list(), other.list(), {}, &LayerState::layer, &LayerState::layer);
 }

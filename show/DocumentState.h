@@ -10,6 +10,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 /// What a layer is like at one moment, with the layer. Pictures are not kept: a wall draws its own, and a still loads
@@ -25,6 +26,33 @@ struct LayerState
     static LayerState of(const LayerPointer &layer, const LayerState *before);
     /// Makes the layer that again, and gives it the picture that belongs to it.
     void apply() const;
+};
+
+/// The states of a list's layers, in their order. They never change, and copies share them.
+class LayerStates
+{
+public:
+    LayerStates() = default;
+    explicit LayerStates(std::vector<LayerState> states)
+        : m_states(std::make_shared<const std::vector<LayerState>>(std::move(states)))
+    {}
+    /// Those of the layers as they are now. `before`: earlier ones; what is the same is shared with them.
+    static LayerStates of(const std::vector<LayerPointer> &layers, const LayerStates &before);
+
+    const std::vector<LayerState> &list() const;
+    std::size_t size() const { return list().size(); }
+    const LayerState &operator[](std::size_t row) const { return list()[row]; }
+    auto begin() const { return list().begin(); }
+    auto end() const { return list().end(); }
+
+    bool operator==(const LayerStates &other) const { return m_states == other.m_states || list() == other.list(); }
+    /// Whether both have the same layers in the same order, whatever they are like.
+    bool hasLayersOf(const LayerStates &other) const;
+
+private:
+    bool isNow(const std::vector<LayerPointer> &layers) const;
+
+    std::shared_ptr<const std::vector<LayerState>> m_states; ///< null: none
 };
 
 /// The project file that a document belongs to.
@@ -47,8 +75,8 @@ struct DocumentState
     std::optional<Supply> supply; ///< as it was chosen for the document; nullopt: it was not
     qint64 volts = 0;             ///< what was counted with, chosen or not
     qint64 phases = 0;
-    std::vector<LayerState> layers;
-    std::vector<LayerState> presets;
+    LayerStates layers;
+    LayerStates presets;
     std::vector<qsizetype> selection;       ///< rows of layers
     qsizetype shown = -1;                   ///< the one of them that the inspector shows
     std::vector<qsizetype> presetSelection; ///< rows of presets
@@ -68,6 +96,3 @@ struct DocumentState
                presetSelection == other.presetSelection && hasContentOf(other);
     }
 };
-
-/// The states of a list's layers; records are shared with those of `before`, where they are the same.
-std::vector<LayerState> statesOf(const std::vector<LayerPointer> &layers, const std::vector<LayerState> &before);

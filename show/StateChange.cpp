@@ -9,8 +9,8 @@ using States = std::vector<LayerState>;
 
 DocumentState withoutLists(DocumentState state)
 {
-    state.layers = States(); // a list that is only emptied keeps its memory
-    state.presets = States();
+    state.layers = {};
+    state.presets = {};
     return state;
 }
 
@@ -84,8 +84,9 @@ private:
 } // namespace
 
 StateChange::StateChange(const DocumentState &before, const DocumentState &after)
-    : m_before(withoutLists(before)), m_after(withoutLists(after)), m_layers(runsBetween(before.layers, after.layers)),
-      m_presets(runsBetween(before.presets, after.presets))
+    : m_before(withoutLists(before)), m_after(withoutLists(after)),
+      m_layers(runsBetween(before.layers.list(), after.layers.list())),
+      m_presets(runsBetween(before.presets.list(), after.presets.list()))
 {}
 
 DocumentState StateChange::before(const DocumentState &after) const
@@ -125,8 +126,10 @@ StateChange::Runs StateChange::runsBetween(const States &before, const States &a
     return runs;
 }
 
-StateChange::States StateChange::replaced(const States &list, const Runs &runs, States Run::*there, States Run::*here)
+LayerStates StateChange::replaced(const LayerStates &list, const Runs &runs, States Run::*there, States Run::*here)
 {
+    if (runs.empty())
+        return list;
     States result;
     result.reserve(list.size());
     auto row = list.begin();
@@ -137,5 +140,5 @@ StateChange::States StateChange::replaced(const States &list, const Runs &runs, 
         row = end + std::ssize(run.*there);
     }
     result.insert(result.end(), row, list.end());
-    return result;
+    return LayerStates(std::move(result));
 }

@@ -29,7 +29,7 @@ private:
     using Runs = std::vector<Run>;
 
     static Runs runsBetween(const States &before, const States &after);
-    static States replaced(const States &list, const Runs &runs, States Run::*there, States Run::*here);
+    static LayerStates replaced(const LayerStates &list, const Runs &runs, States Run::*there, States Run::*here);
 
     DocumentState m_before; ///< without its lists
     DocumentState m_after;  ///< likewise

@@ -21,9 +21,11 @@ protected:
     }
     DocumentState walls(int count)
     {
-        DocumentState state;
+        std::vector<LayerState> states;
         for (int i = 0; i < count; ++i)
-            state.layers.push_back(wall());
+            states.push_back(wall());
+        DocumentState state;
+        state.layers = LayerStates(std::move(states));
         return state;
     }
     static void expectBothWays(const DocumentState &before, const DocumentState &after)
@@ -33,8 +35,9 @@ protected:
         EXPECT_TRUE(change.after(before).looksLike(after));
     }
     /// Some rows leave, some come, some change places, some their values.
-    void shuffle(std::vector<LayerState> &list)
+    LayerStates shuffled(const LayerStates &states)
     {
+        std::vector<LayerState> list = states.list();
         const auto row = [&] { return list.begin() + static_cast<std::ptrdiff_t>(random() % list.size()); };
         for (unsigned edits = random() % 6; edits > 0; --edits) {
             const unsigned kind = list.empty() ? 1 : random() % 4;
@@ -47,6 +50,7 @@ protected:
             else if (const auto changed = row(); true)
                 *changed = wider(*changed);
         }
+        return LayerStates(std::move(list));
     }
 
     TestHost host;
@@ -62,8 +66,8 @@ TEST_F(StateChanges, LeadFromEachStateToTheOther)
         after.volts = 230;
         after.selection = {1};
         after.output = QSize(17, 4);
-        shuffle(after.layers);
-        shuffle(after.presets);
+        after.layers = shuffled(after.layers);
+        after.presets = shuffled(after.presets);
         expectBothWays(before, after);
     }
 }
@@ -72,7 +76,9 @@ TEST_F(StateChanges, KeepOnlyTheRecordsOfWhatDiffers)
 {
     DocumentState before = walls(3);
     DocumentState after = before;
-    after.layers[1] = wider(after.layers[1]);
+    std::vector<LayerState> layers = before.layers.list();
+    layers[1] = wider(layers[1]);
+    after.layers = LayerStates(std::move(layers));
     const auto unchanged = before.layers[2].record;
     const long held = unchanged.use_count();
     const StateChange change(before, after);
@@ -84,7 +90,9 @@ TEST_F(StateChanges, ARowThatMovesKeepsNoOther)
 {
     const DocumentState before = walls(50);
     DocumentState after = before;
-    std::rotate(after.layers.begin(), after.layers.begin() + 1, after.layers.end());
+    std::vector<LayerState> layers = before.layers.list();
+    std::rotate(layers.begin(), layers.begin() + 1, layers.end());
+    after.layers = LayerStates(std::move(layers));
     const long held = before.layers[20].record.use_count();
     const StateChange change(before, after);
     EXPECT_EQ(before.layers[20].record.use_count(), held);
@@ -119,4 +127,32 @@ TEST_F(StateChanges, NoNameIsNotTheEmptyName)
     none.layer->setLabel(QString());
     EXPECT_TRUE(none.layer->label().isNull());
     EXPECT_TRUE(LayerState::of(none.layer, &none) == none);
+}
+
+TEST_F(StateChanges, AListIsSharedWhereNothingHasChanged)
+{
+    const DocumentState before = walls(3);
+    std::vector<LayerPointer> layers;
+    for (const LayerState &state : before.layers)
+        layers.push_back(state.layer);
+    EXPECT_EQ(&LayerStates::of(layers, before.layers).list(), &before.layers.list());
+
+    layers[1]->setPanelWidth(5);
+    const LayerStates now = LayerStates::of(layers, before.layers);
+    EXPECT_NE(&now.list(), &before.layers.list());
+    EXPECT_FALSE(now == before.layers);
+    EXPECT_EQ(now[2].record, before.layers[2].record);
+    EXPECT_TRUE(now.hasLayersOf(before.layers));
+
+    layers.pop_back();
+    EXPECT_FALSE(LayerStates::of(layers, before.layers).hasLayersOf(before.layers));
+}
+
+TEST_F(StateChanges, OneOfAnotherValueSharesTheList)
+{
+    const DocumentState before = walls(3);
+    DocumentState after = before;
+    after.output = QSize(7, 5);
+    const StateChange change(before, after);
+    EXPECT_EQ(&change.before(after).layers.list(), &after.layers.list());
 }
