@@ -20,10 +20,9 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <tl/expected.hpp>
 #include <utility>
 #include <vector>
-
-#include <tl/expected.hpp>
 
 #if __has_include(<QImage>)
 #include <QImage>
@@ -42,5 +41,6 @@
 #if __has_include(<QTest>)
 #include <QSignalSpy>
 #include <QTest>
+
 #include <gtest/gtest.h>
 #endif
