@@ -106,7 +106,8 @@ public:
     /// Opens the gate of update(); nothing else.
     void timerupdate() { m_redraw.open(); }
     bool shouldUpdate() const { return m_redraw.isOpen(); }
-    /// Recomputes the power line; chooses 110 V and 1 phase where none was chosen.
+    /// Recomputes the power line; chooses 110 V and 1 phase where none was chosen. Views see it with the next
+    /// changed().
     void calculatePower();
 
     /// Edits the output size ("OutputWidth", "OutputHeight") or the selected layer ("arrangedObjects.panelWidth") and

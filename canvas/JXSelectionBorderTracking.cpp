@@ -112,9 +112,11 @@ void JXSelectionBorder::apply(const Outcome &outcome, CanvasDocument &document)
         return;
     if (outcome.size) {
         const QSize size = sizeOfStill(*outcome.still, *outcome.size, outcome.exactScale);
-        outcome.still->setPanelWidth(size.width());
-        outcome.still->setPanelHeight(size.height());
-        outcome.still->drawInRect(); // its marker stands where the hand has left it, whenever the document redraws
+        if (size != QSize(outcome.still->panelWidth(), outcome.still->panelHeight())) {
+            outcome.still->setPanelWidth(size.width());
+            outcome.still->setPanelHeight(size.height());
+            outcome.still->drawInRect(); // its marker stands where the hand has left it, whenever the document redraws
+        }
     }
     document.finishEdit(outcome.size ? "resize image" : "move image");
 }

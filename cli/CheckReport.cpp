@@ -41,6 +41,11 @@ QString labelOf(const Finding &finding, const Project &project)
     return finding.layer ? project.layers[static_cast<std::size_t>(*finding.layer)]->label() : QString();
 }
 
+QString textOf(const Cell &cell)
+{
+    return QString("%1,%2").arg(cell.row).arg(cell.column);
+}
+
 /// `layer 0 "Main", port 1: `; nothing for the show as a whole.
 QString placeOf(const Finding &finding, const Project &project)
 {
@@ -49,6 +54,8 @@ QString placeOf(const Finding &finding, const Project &project)
     QString place = QString("layer %1").arg(*finding.layer);
     if (const QString label = labelOf(finding, project); !label.isEmpty())
         place += ' ' + VisibleText::quoted(label);
+    if (finding.cell)
+        place += ", panel " + textOf(*finding.cell);
     if (finding.port)
         place += QString(", port %1").arg(*finding.port);
     return place + ": ";
@@ -63,6 +70,7 @@ QByteArray objectOf(const Finding &finding, const Project &project)
             {"level", text(QString(nameOf(finding.level)))},
             {"layer", finding.layer ? text(qint64{*finding.layer}) : QByteArray("null")},
             {"label", text(labelOf(finding, project))},
+            {"cell", finding.cell ? text(textOf(*finding.cell)) : QByteArray("null")},
             {"port", finding.port ? text(*finding.port) : QByteArray("null")},
             {"sentence", text(finding.sentence)},
         },

@@ -28,6 +28,7 @@ QString lines(const QString &input, const Project &project, const std::vector<Fi
 ///           "level": "error",           "warning" or "note"
 ///           "layer": 0,                 from the top of the list; null: the show as a whole
 ///           "label": "Main",            of the layer, or null
+///           "cell": null,               or "row,column" of a panel, from the top left, from 0
 ///           "port": 1,                  or null
 ///           "sentence": "One row of panels has ..."
 ///         }

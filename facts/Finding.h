@@ -1,5 +1,7 @@
 #pragma once
 
+#include "grid/Cell.h"
+
 #include <QString>
 
 #include <optional>
@@ -17,6 +19,7 @@ struct Finding
     const char *check; ///< the check's name, "port-over-limit", which never changes
     Level level;
     std::optional<qsizetype> layer = {}; ///< from the top of the list, 0 the first; nullopt: the show as a whole
+    std::optional<Cell> cell = {};       ///< the panel of that layer
     std::optional<qint64> port = {};     ///< the port of that layer, 1 the first
     QString sentence;                    ///< what is wrong and what to do
 };

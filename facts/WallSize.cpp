@@ -1,5 +1,6 @@
 #include "facts/WallSize.h"
 
+#include "grid/PanelKeys.h"
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 

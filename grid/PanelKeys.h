@@ -21,6 +21,10 @@ class PanelKeys
 public:
     PanelKeys() : PanelKeys(QStringList()) {}
     explicit PanelKeys(const QStringList &texts);
+    // What was moved from would hold no list: a move is a copy, which costs as little.
+    PanelKeys(const PanelKeys &) = default;
+    PanelKeys &operator=(const PanelKeys &) = default;
+    ~PanelKeys() = default;
 
     bool operator==(const PanelKeys &other) const { return m_list == other.m_list || texts() == other.texts(); }
 

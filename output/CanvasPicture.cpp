@@ -23,9 +23,9 @@ void CanvasPicture::paint(QPainter &painter, const QImage &output, const QRect &
     if (output.isNull() || !place.intersects(seen))
         return;
     if (place.width() < output.width() || place.height() < output.height())
-        paintReduced(painter, output, place, seen);
-    else
-        paintEnlarged(painter, output, place, seen);
+        return paintReduced(painter, output, place, seen);
+    m_reduced = {};
+    paintEnlarged(painter, output, place, seen);
 }
 
 void CanvasPicture::paintFramed(QPainter &painter, const QImage &output, const QRect &place, const QRect &seen,
@@ -40,7 +40,7 @@ void CanvasPicture::paintReduced(QPainter &painter, const QImage &output, const 
 {
     const bool isOther = std::exchange(m_reducedFrom, output.cacheKey()) != output.cacheKey();
     if (isOther || m_reduced.size() != place.size()) {
-        m_reduced = {}; // the next one is made in its memory
+        m_reduced = {}; // so that two are never held at once
         m_reduced = output.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     }
     const QRect part = place & seen;

@@ -7,7 +7,6 @@
 #include <new>
 
 namespace {
-
 /// Of blocks within the image resources.
 enum ResourceId : qint64
 {

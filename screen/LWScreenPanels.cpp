@@ -1,3 +1,4 @@
+#include "grid/PanelKeys.h"
 #include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 #include "screen/PanelLabels.h"

@@ -33,12 +33,14 @@ class LayerStates
 {
 public:
     LayerStates() = default;
+    /// In that order.
     explicit LayerStates(std::vector<LayerState> states)
         : m_states(std::make_shared<const std::vector<LayerState>>(std::move(states)))
     {}
     /// Those of the layers as they are now. `before`: earlier ones; what is the same is shared with them.
     static LayerStates of(const std::vector<LayerPointer> &layers, const LayerStates &before);
 
+    /// In their order; valid as long as this or a copy is.
     const std::vector<LayerState> &list() const;
     std::size_t size() const { return list().size(); }
     const LayerState &operator[](std::size_t row) const { return list()[row]; }

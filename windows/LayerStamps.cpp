@@ -23,20 +23,17 @@ QImage stampOf(const QImage &picture, const QSize &size, qreal devicePixelRatio)
 } // namespace
 
 LayerStamps::LayerStamps(const QSize &size, IsInSight isInSight, QObject *parent)
-    : QObject(parent), m_size(size), m_isInSight(std::move(isInSight)), m_stamps(mostStamps), m_last(mostStamps)
+    : QObject(parent), m_size(size), m_isInSight(std::move(isInSight)), m_stamps(mostStamps)
 {
     connect(&m_idle, &QTimer::timeout, this, &LayerStamps::makeNext);
 }
 
 QImage LayerStamps::of(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio)
 {
-    const QImage *const stamp = m_stamps.object(subjectOf(*layer, devicePixelRatio));
-    if (!stamp) {
+    const Stamp *const stamp = lastOf(*layer);
+    if (!stamp || stamp->subject != subjectOf(*layer, devicePixelRatio))
         want(row, layer, devicePixelRatio);
-        return lastOf(layer);
-    }
-    m_last.insert(layer.get(), new Last{layer, *stamp});
-    return *stamp;
+    return stamp ? stamp->image : QImage();
 }
 
 LayerStamps::Subject LayerStamps::subjectOf(const Layer &layer, qreal devicePixelRatio) const
@@ -48,11 +45,10 @@ LayerStamps::Subject LayerStamps::subjectOf(const Layer &layer, qreal devicePixe
     return {layer.shownLook(), fitted.toSize().expandedTo({1, 1})};
 }
 
-/// Another layer may have come to the same address.
-QImage LayerStamps::lastOf(const LayerPointer &layer) const
+const LayerStamps::Stamp *LayerStamps::lastOf(const Layer &layer) const
 {
-    const Last *const last = m_last.object(layer.get());
-    return last && last->layer.lock() == layer ? last->stamp : QImage();
+    const Stamp *const last = m_stamps.object(&layer);
+    return last && last->layer.lock().get() == &layer ? last : nullptr;
 }
 
 void LayerStamps::want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio)
@@ -72,7 +68,7 @@ void LayerStamps::makeNext()
         const auto layer = next.layer.lock();
         if (!layer || !next.row.isValid() || !m_isInSight(next.row))
             continue;
-        isMade = make(*layer, next.devicePixelRatio);
+        isMade = make(layer, next.devicePixelRatio);
         emit ready(next.row);
     }
     if (m_wanted.empty())
@@ -80,12 +76,12 @@ void LayerStamps::makeNext()
 }
 
 /// The picture comes first: what waits in its file looks otherwise until then.
-bool LayerStamps::make(const Layer &layer, qreal devicePixelRatio)
+bool LayerStamps::make(const std::shared_ptr<const Layer> &layer, qreal devicePixelRatio)
 {
-    const QImage picture = layer.thumbnail();
-    const Subject subject = subjectOf(layer, devicePixelRatio);
-    if (m_stamps.contains(subject))
+    const QImage picture = layer->thumbnail();
+    const Subject subject = subjectOf(*layer, devicePixelRatio);
+    if (const Stamp *const last = lastOf(*layer); last && last->subject == subject)
         return false;
-    m_stamps.insert(subject, new QImage(stampOf(picture, subject.size, devicePixelRatio)));
+    m_stamps.insert(layer.get(), new Stamp{layer, subject, stampOf(picture, subject.size, devicePixelRatio)});
     return true;
 }

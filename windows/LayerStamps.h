@@ -13,8 +13,8 @@
 #include <memory>
 
 /// Small pictures of layers for the rows of a table. A painting takes those that are there; the others are made
-/// afterwards, one at a time while nothing else is to be done, and for rows in sight alone. One look is made once,
-/// whatever layer has it. Main thread only.
+/// afterwards, one at a time while nothing else is to be done, and for rows in sight alone. Of each layer the last one
+/// is kept. Main thread only.
 class LayerStamps final : public QObject
 {
     Q_OBJECT
@@ -30,6 +30,7 @@ public:
     QImage of(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio);
 
 signals:
+    /// The row's layer has the stamp of what it looks like now.
     void ready(const QModelIndex &row);
 
 private:
@@ -38,15 +39,12 @@ private:
         LayerLook look;
         QSize size; ///< of the stamp, in device pixels; empty: none can be had
         bool operator==(const Subject &) const = default;
-        friend std::size_t qHash(const Subject &subject, std::size_t seed)
-        {
-            return qHashMulti(seed, subject.look.record.get(), subject.size.width(), subject.size.height());
-        }
     };
-    struct Last
+    struct Stamp
     {
-        std::weak_ptr<const Layer> layer;
-        QImage stamp;
+        std::weak_ptr<const Layer> layer; ///< another one may have come to its address
+        Subject subject;
+        QImage image; ///< null: the layer has no picture
     };
     struct Wanted
     {
@@ -56,16 +54,15 @@ private:
     };
 
     Subject subjectOf(const Layer &layer, qreal devicePixelRatio) const;
-    QImage lastOf(const LayerPointer &layer) const;
+    const Stamp *lastOf(const Layer &layer) const;
     void want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio);
     void makeNext();
     /// False: there is one already.
-    bool make(const Layer &layer, qreal devicePixelRatio);
+    bool make(const std::shared_ptr<const Layer> &layer, qreal devicePixelRatio);
 
     QSize m_size;
     IsInSight m_isInSight;
-    QCache<Subject, QImage> m_stamps; ///< null ones of layers without a picture among them
-    QCache<const Layer *, Last> m_last;
+    QCache<const Layer *, Stamp> m_stamps; // a stamp holds the record that it was made of: one of each layer, no more
     std::deque<Wanted> m_wanted;
     QTimer m_idle; ///< comes when all events are through
 };

@@ -34,6 +34,7 @@
 
 #include <chrono>
 #include <initializer_list>
+#include <utility>
 
 namespace {
 constexpr QSize firstSize{1280, 800};
@@ -69,6 +70,7 @@ MainWindow::~MainWindow()
     m_document.undoStack().disconnect(this); // it tells that its steps go, when the actions have gone
     // The views show the document, so they go first.
     m_person.setCanvas(nullptr);
+    delete std::exchange(m_preview, nullptr);
     delete takeCentralWidget();
 }
 

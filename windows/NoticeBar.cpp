@@ -9,8 +9,6 @@
 #include <QPushButton>
 #include <QToolButton>
 
-namespace {} // namespace
-
 NoticeBar::NoticeBar(const QString &sentence, const std::vector<Answer> &answers, QWidget *parent) : QWidget(parent)
 {
     setAttribute(Qt::WA_StyledBackground);

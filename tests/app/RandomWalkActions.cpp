@@ -247,7 +247,9 @@ void RandomWalk::save()
 void RandomWalk::expectUnchangedOrOneStep(const QByteArray &before, int indexBefore, qsizetype alertsBefore)
 {
     if (m_person.alerts.size() == alertsBefore) {
-        EXPECT_TRUE(stack().index() == indexBefore + 1 || stack().index() == DocumentHistory::mostSteps);
+        EXPECT_TRUE(stack().index() == indexBefore + 1 || stack().index() == DocumentHistory::mostSteps)
+            << stack().index() << " steps after " << indexBefore << ", " << layers().rowCount() << " layers, "
+            << presets().rowCount() << " presets";
         return;
     }
     EXPECT_EQ(archive(), before);

@@ -59,6 +59,7 @@ TEST_F(CheckCommandTest, TellsProgramsTheSameAlwaysInTheSameOrder)
       "level": "warning",
       "layer": 0,
       "label": "Main",
+      "cell": null,
       "port": null,
       "sentence": "It lies wholly outside the output of 40 × 30 px; change its left and top."
     },
@@ -67,6 +68,7 @@ TEST_F(CheckCommandTest, TellsProgramsTheSameAlwaysInTheSameOrder)
       "level": "error",
       "layer": 0,
       "label": "Main",
+      "cell": null,
       "port": 1,
       "sentence": "One row of panels has 40,000 px, a port carries 39,999; raise the pixels per port or make the rows shorter."
     }
@@ -110,19 +112,19 @@ TEST_F(CheckCommandTest, TwoBillionColumnsAreToldAtOnce)
                                      "smaller. [wall-too-large]\n"));
 }
 
-TEST_F(CheckCommandTest, ThePlaceOfAFindingMayBeAPortOrTheShow)
+TEST_F(CheckCommandTest, ThePlaceOfAFindingMayBeAPanelOrTheShow)
 {
     CommandLineHost host(0, 0, 0);
     const Project project{30, 40, {LWScreen::init(host)}};
     const std::vector<Finding> findings{
-        {.check = "a", .level = Finding::Level::Note, .layer = 0, .port = 3, .sentence = "Of a port."},
+        {.check = "a", .level = Finding::Level::Note, .layer = 0, .cell = Cell{4, 3}, .sentence = "Of a panel."},
         {.check = "b", .level = Finding::Level::Note, .sentence = "Of the show."},
     };
-    EXPECT_EQ(CheckReport::lines("s.Orv", project, findings), "s.Orv: layer 0, port 3: note: Of a port. [a]\n"
+    EXPECT_EQ(CheckReport::lines("s.Orv", project, findings), "s.Orv: layer 0, panel 3,4: note: Of a panel. [a]\n"
                                                               "s.Orv: note: Of the show. [b]\n"
                                                               "0 errors, 0 warnings, 2 notes\n");
     const QJsonDocument json = QJsonDocument::fromJson(CheckReport::json(project, findings).toUtf8());
-    EXPECT_EQ(json["findings"][0]["port"], 3);
+    EXPECT_EQ(json["findings"][0]["cell"], "3,4");
     EXPECT_TRUE(json["findings"][1]["layer"].isNull());
     EXPECT_EQ(json["notes"], 2);
 }
