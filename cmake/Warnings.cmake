@@ -1,7 +1,11 @@
 # The one place for compiler flags: every target of the house links `warnings`.
 add_library(warnings INTERFACE)
 target_compile_options(warnings INTERFACE -Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
-if(NOT CMAKE_UNITY_BUILD) # several sources as one shadow each other's names
+# What several sources that are compiled as one would be told: that one shadows another's names, and that something
+# visible has a base that is not, since it seems to stand in a header.
+if(CMAKE_UNITY_BUILD)
+    target_compile_options(warnings INTERFACE -Wno-subobject-linkage)
+else()
     target_compile_options(warnings INTERFACE -Wshadow)
 endif()
 

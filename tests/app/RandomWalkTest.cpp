@@ -12,7 +12,7 @@ namespace {
 #ifdef __SANITIZE_ADDRESS__
 constexpr int usualSteps = 2'000;
 #else
-constexpr int usualSteps = 20'000;
+constexpr int usualSteps = 10'000;
 #endif
 
 /// A number that the environment may set.

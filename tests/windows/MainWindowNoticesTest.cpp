@@ -54,7 +54,9 @@ protected:
     static void start(MainWindow &next)
     {
         next.start();
-        QTest::qWait(700);
+        if (RecoveryFolder::found(RecoveryFolder::standardPath()).empty())
+            return QTest::qWait(700); // nothing is told
+        EXPECT_TRUE(QTest::qWaitFor([&] { return notice(next) != nullptr; }, 20'000));
     }
     static int width(MainWindow &of) { return of.document().arraycontroller().selectedLayer()->panelWidth(); }
 };
