@@ -23,7 +23,7 @@ bool isWall(const Layer &layer)
 std::optional<Finding> pictureMissing(const Layer &layer, const QSize & /*output*/)
 {
     const auto *still = qobject_cast<const LWStill *>(&layer);
-    if (!still || !still->isPictureMissing())
+    if (!still || still->ImageURL().relative.isEmpty() || !still->isPictureMissing())
         return std::nullopt;
     const QString path = still->ImageURL().toLocalFile();
     return Finding{.check = "picture-missing",

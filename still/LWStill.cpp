@@ -214,7 +214,7 @@ void LWStill::loadThumbnail()
 
 bool LWStill::isPictureMissing() const
 {
-    if (ImageURL().relative.isEmpty())
+    if (ImageURL().isNil())
         return false;
     if (m_pictureWaitsInFile)
         return !PictureFile::isPicture(ImageURL().toLocalFile());

@@ -38,8 +38,8 @@ public:
     /// Has the picture loaded from the address when it is next asked for. After a new address this is how a missing
     /// picture is found again; place and size stay.
     void loadThumbnail();
-    /// Whether there is an address with letters and no picture. A picture that nobody asked for yet is not loaded to
-    /// know: a file that begins like a picture is taken for one until then.
+    /// Whether there is an address and no picture. A picture that nobody asked for yet is not loaded to know: a file
+    /// that begins like a picture is taken for one until then.
     bool isPictureMissing() const;
 
     /// How the canvas shows the output: the canvas is the output times `coefficient` with a margin on both sides.

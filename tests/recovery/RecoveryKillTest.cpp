@@ -119,14 +119,14 @@ TEST_F(RecoveryKillTest, WhoeverReadsWhileItIsWrittenSeesAWholeProject)
     ASSERT_TRUE(victim.hasEdited());
     QElapsedTimer clock;
     clock.start();
+    constexpr int fewestReads = 11;
     int reads = 0;
-    for (int last = 0; clock.elapsed() < 700; ++reads) {
+    for (int last = 0; clock.elapsed() < 700 || reads < fewestReads; ++reads) {
         const int width = widthIn(copiesOnDisk().value(0));
         ASSERT_GE(width, last);
         last = width;
     }
     const std::vector<Edit> edits = victim.kill();
 
-    EXPECT_GT(reads, 10);
     EXPECT_GT(edits.size(), 10U);
 }
