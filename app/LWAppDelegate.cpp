@@ -71,10 +71,8 @@ LWAppDelegate::LWAppDelegate(Person &person, const QString &recoveryFolder, cons
 
 LWAppDelegate::~LWAppDelegate()
 {
-    if (m_keptPresets) {
-        if (const Result<void> kept = m_keptPresets->keep(m_history.state().presets, *this); !kept)
-            m_person.tellFailure(kept.error().text);
-    }
+    if (m_keptPresets)
+        tellIfFailed(m_keptPresets->keep(m_history.state().presets, *this));
     m_recovery.reset(); // keeps what is unsaved while all of it is still there
 }
 

@@ -302,6 +302,7 @@ private:
     void connectRecovery();
     std::vector<LayerPointer> firstPresets();
     void keepEditedPresets();
+    void tellIfFailed(const Result<void> &done);
 
     /// An update that no gate holds up.
     void redrawNow();

@@ -77,6 +77,11 @@ std::vector<LayerPointer> LWAppDelegate::firstPresets()
 
 void LWAppDelegate::keepEditedPresets()
 {
-    if (const Result<void> kept = m_keptPresets->keepEdited(m_history.state().presets, *this); !kept)
-        m_person.tellFailure(kept.error().text);
+    tellIfFailed(m_keptPresets->keepEdited(m_history.state().presets, *this));
+}
+
+void LWAppDelegate::tellIfFailed(const Result<void> &done)
+{
+    if (!done)
+        m_person.tellFailure(done.error().text);
 }

@@ -12,7 +12,7 @@ void addWall(LayerFigures &figures, const LWScreen &wall)
     const WallPorts ports = WallPorts::of(wall);
     ++figures.walls;
     Counted::add(figures.panels, size.panels);
-    Counted::add(figures.panelsOff, panelsOff(wall));
+    Counted::add(figures.panelsOff, countOfPanelsOff(wall));
     Counted::add(figures.pixels, Counted::limited(size.pixels));
     Counted::add(figures.ports, ports.count());
     figures.portsOverLimit += ports.isOverLimit ? 1 : 0;

@@ -12,7 +12,7 @@ WallFacts factsOfWall(const LWScreen &screen, qint64 volts, qint64 phases)
     wall.panelWidth = screen.panelWidth();
     wall.panelHeight = screen.panelHeight();
     wall.size = WallSize::of(screen);
-    wall.panelsOff = panelsOff(screen);
+    wall.panelsOff = countOfPanelsOff(screen);
     wall.pixelLimit = screen.pixelLimit();
     wall.pattern = screen.pattern();
     wall.ports = WallPorts::of(screen);

@@ -18,7 +18,7 @@ WallSize WallSize::of(const Layer &wall)
     return size;
 }
 
-qint64 panelsOff(const LWScreen &wall)
+qint64 countOfPanelsOff(const LWScreen &wall)
 {
     return wall.panelsOff().value_or(PanelKeys()).cellsInside(wall.col(), wall.row()).size();
 }

@@ -20,4 +20,4 @@ struct WallSize
 };
 
 /// How many different panels of a wall are off.
-qint64 panelsOff(const LWScreen &wall);
+qint64 countOfPanelsOff(const LWScreen &wall);

@@ -24,7 +24,7 @@ QByteArray unescaped(const QByteArray &name)
 {
     if (!name.contains('\\'))
         return name;
-    return JsonParts::meant('"' + name + '"').toUtf8();
+    return JsonParts::decodedName('"' + name + '"').toUtf8();
 }
 
 /// One pass over the text; every function begins where its part begins and ends behind it.

@@ -41,7 +41,7 @@ std::vector<Part> of(QByteArrayView json)
     return parts;
 }
 
-QString meant(QByteArrayView name)
+QString decodedName(QByteArrayView name)
 {
     if (!name.contains('\\'))
         return QString::fromUtf8(name.sliced(1).chopped(1));

@@ -19,6 +19,6 @@ struct Part
 std::vector<Part> of(QByteArrayView json);
 
 /// The name that is meant, whatever it is written with. `name` is in its quotes.
-QString meant(QByteArrayView name);
+QString decodedName(QByteArrayView name);
 
 } // namespace JsonParts

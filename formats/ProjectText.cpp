@@ -1,6 +1,7 @@
 #include "formats/ProjectText.h"
 
 #include "base/FileBytes.h"
+#include "facts/UnknownValues.h"
 #include "formats/FileKind.h"
 #include "formats/JsonCheck.h"
 #include "formats/JsonParts.h"
@@ -46,20 +47,20 @@ QByteArray layerText(const Layer &layer)
 
 bool hasAdditions(const Layer &layer)
 {
-    const std::span<const ArchiveField> fields = layer.keptFields();
-    return std::any_of(fields.begin(), fields.end(),
-                       [&](const ArchiveField &field) { return field.isAddition && field.isWritten(*layer.record()); });
+    const LayerRecordPointer record = layer.record();
+    return std::ranges::any_of(layer.keptFields(),
+                               [&](const ArchiveField &field) { return field.isAddition && field.isWritten(*record); });
 }
 
 /// The lowest that holds the project: what no addition is written in, older versions read too. What is unknown is
-/// known to the format that it came in.
+/// known to the format that it came in; a layer may have brought it from another show.
 int formatOf(const Project &project)
 {
-    if (project.unknown && project.unknown->textFormat > 0)
-        return project.unknown->textFormat;
-    const bool isPlain =
-        !project.supply && std::none_of(project.layers.begin(), project.layers.end(),
-                                        [](const LayerPointer &layer) { return hasAdditions(*layer); });
+    if (UnknownValues::areOfText(project))
+        return std::max(project.unknown ? project.unknown->textFormat : 0, formatWithAdditions + 1);
+    const bool isPlain = !project.supply && std::ranges::none_of(project.layers, [](const LayerPointer &layer) {
+        return hasAdditions(*layer);
+    });
     return isPlain ? firstFormat : formatWithAdditions;
 }
 
@@ -94,7 +95,7 @@ Result<QByteArrayList> unknownNames(const Given &given, const QStringList &known
         return checkNames(given.object, known).map([] { return QByteArrayList(); });
     QByteArrayList unknown;
     for (const JsonParts::Part &part : JsonParts::of(given.text)) {
-        if (!known.contains(JsonParts::meant(part.name)))
+        if (!known.contains(JsonParts::decodedName(part.name)))
             unknown.append(part.name.toByteArray() + ": " + part.value.toByteArray());
     }
     return unknown;
@@ -253,7 +254,7 @@ std::vector<JsonParts::Part> layerTexts(const Given &given, int format)
     if (format <= formatWithAdditions)
         return {};
     for (const JsonParts::Part &part : JsonParts::of(given.text)) {
-        if (JsonParts::meant(part.name) == layersName)
+        if (JsonParts::decodedName(part.name) == layersName)
             return JsonParts::of(part.value);
     }
     return {};

@@ -49,7 +49,7 @@ TEST_F(WallSizeTest, PixelsBeyondSixtyFourBitsAreNotCounted)
 TEST_F(WallSizeTest, APanelIsOffOnceAndOnlyInsideTheWall)
 {
     const auto made = wall({8, 5, 10, 10});
-    EXPECT_EQ(panelsOff(*made), 0);
+    EXPECT_EQ(countOfPanelsOff(*made), 0);
     made->setHiddenBoxes(QStringList{"0,0", "0,0", "4,7", "5,0", "0,8", "03,3"});
-    EXPECT_EQ(panelsOff(*made), 2);
+    EXPECT_EQ(countOfPanelsOff(*made), 2);
 }

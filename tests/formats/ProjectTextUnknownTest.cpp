@@ -56,6 +56,25 @@ TEST_F(ProjectTextUnknown, OfALayerAloneKeepsTheFormat)
     EXPECT_TRUE(UnknownValues::areOfText(project));
 }
 
+TEST_F(ProjectTextUnknown, OfALayerThatCameFromAnotherShowIsReadAgain)
+{
+    const Project newer = decoded(R"({"format": 4, "layers": [{"class": "LWScreen", "bend": 1}]})").value();
+    const Project other{1080, 1920, LayerArchive::copies(newer.layers, host).value()};
+    const QByteArray text = ProjectText::encode(other);
+    EXPECT_TRUE(text.startsWith("{\n  \"format\": 3,\n")) << text.constData();
+    const Result<Project> again = decoded(text);
+    ASSERT_TRUE(again.has_value()) << qPrintable(again.error().text);
+    EXPECT_EQ(again->layers[0]->unknownNames(), QByteArrayList{"\"bend\": 1"});
+}
+
+TEST_F(ProjectTextUnknown, GoneWithItsLayerItAsksForNoFormat)
+{
+    Project project =
+        decoded(R"({"format": 4, "layers": [{"class": "LWScreen", "bend": 1}, {"class": "LWScreen"}]})").value();
+    project.layers.erase(project.layers.begin());
+    EXPECT_TRUE(ProjectText::encode(project).startsWith("{\n  \"format\": 1,\n"));
+}
+
 TEST_F(ProjectTextUnknown, WithoutAnyTheLowestFormatIsWritten)
 {
     const Project project = decoded(R"({"format": 4, "layers": [{"class": "LWScreen", "c\u006fl": 7}]})").value();
@@ -113,9 +132,9 @@ TEST(JsonParts, AreTheOutermostEntriesAsTheyStand)
     ASSERT_EQ(parts.size(), 3U);
     EXPECT_EQ(parts[0].name, "\"a\"");
     EXPECT_EQ(parts[0].value, "[1, {\"b\":2}]");
-    EXPECT_EQ(JsonParts::meant(parts[1].name), "c\"");
+    EXPECT_EQ(JsonParts::decodedName(parts[1].name), "c\"");
     EXPECT_EQ(parts[1].value, "\"d\\\\\"");
-    EXPECT_EQ(JsonParts::meant(parts[2].name), "");
+    EXPECT_EQ(JsonParts::decodedName(parts[2].name), "");
     EXPECT_EQ(parts[2].value, "null");
     EXPECT_EQ(JsonParts::of("[]").size(), 0U);
     EXPECT_EQ(JsonParts::of("\"[1]\"").size(), 0U);
