@@ -2,8 +2,7 @@
 
 #include "formats/PresetLibrary.h"
 #include "tests/app/ListFixture.h"
-
-#include <QTest>
+#include "tests/app/RedrawGate.h"
 
 #include <functional>
 
@@ -33,8 +32,7 @@ protected:
         EXPECT_EQ(now.path, expected.path) << when;
         EXPECT_EQ(now.output == expected.output, true) << when;
     }
-    /// Until all redraws that were put off are made up for.
-    static void waitForRedraws() { QTest::qWait(150); }
+    void waitForRedraws() { ::waitForRedraws(document); }
 
     /// Makes an edit, undoes it and does it again, and back once more; each brings back exactly what was there, and
     /// leaves it so. `name` is what the menu says.

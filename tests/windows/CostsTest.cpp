@@ -1,5 +1,6 @@
 #include "canvas/LWCanvasImageView.h"
 #include "screen/LWScreen.h"
+#include "tests/app/RedrawGate.h"
 #include "tests/base/LogLines.h"
 #include "tests/windows/InspectorFixture.h"
 #include "windows/OutputPreview.h"
@@ -54,8 +55,11 @@ protected:
         window.document().update(); // the first redraw chose the supply that walls are drawn for
         wait();
     }
-    /// Until all redraws that were put off are made up for.
-    static void wait() { QTest::qWait(250); }
+    void wait()
+    {
+        waitForRedraws(window.document());
+        QTest::qWait(150); // what costs nothing more
+    }
     Costs costsOf(const std::function<void()> &act)
     {
         m_composed.clear();

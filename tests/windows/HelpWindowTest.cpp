@@ -30,7 +30,11 @@ protected:
         }
         ADD_FAILURE() << "no button says " << qPrintable(title);
     }
-    static void waitForPictures() { QTest::qWait(300); }
+    static void waitForPictures()
+    {
+        QTest::qWait(300);
+        QApplication::processEvents(); // after a long sleep the wait ends before what is due
+    }
     QString heading() const { return guides.document()->firstBlock().text(); }
     QString atTheTop() const { return guides.cursorForPosition({100, 10}).block().text(); }
 

@@ -2,6 +2,7 @@
 #include "formats/PresetLibrary.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
+#include "tests/app/RedrawGate.h"
 #include "tests/windows/InspectorFixture.h"
 
 #include <QApplication>
@@ -29,7 +30,7 @@ protected:
         still().placeMarker();
         return still().marker().rectangle;
     }
-    static void waitForRedraws() { QTest::qWait(150); }
+    void waitForRedraws() { ::waitForRedraws(window.document()); }
     void dragBy(const QPointF &from, const QPoint &way)
     {
         const QPoint place = (canvas().frame().topLeft() + from).toPoint();
