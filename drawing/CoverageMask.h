@@ -13,6 +13,8 @@ struct CoverageMask
     std::shared_ptr<const QImage> mask; ///< null where there is nothing to cover
     QPoint topLeft;
 
+    bool operator==(const CoverageMask &) const = default;
+
     /// The coverage of `outline` (y down), filled by its fill rule; for shapes of a few hundred pixels.
     static CoverageMask of(const QPainterPath &outline);
 };

@@ -11,8 +11,8 @@ namespace {
 /// Beyond this distance from the raster, coordinates are no drawing any more and only endanger the rasteriser.
 constexpr double farthestCoordinate = 1 << 22;
 
-/// Rasters from this many bytes on are out of the caches when their panels are painted.
-constexpr qsizetype largerThanCaches = 8 << 20;
+/// From this many pixels on what is painted is out of the caches afterwards.
+constexpr qint64 largerThanCaches = 2 << 20;
 /// Length of a mitre, in line widths, up to which corners are pointed.
 constexpr double sharpestMiter = 10;
 
@@ -58,13 +58,34 @@ QPen penOf(const Colour &colour, double width, const std::vector<double> &dash)
 }
 } // namespace
 
-DrawingSurface::DrawingSurface(QImage &raster) : m_raster(raster), m_bits(raster.bits()), m_painter(&raster)
+DrawingSurface::DrawingSurface(QImage &raster, const QRect &part)
+    : m_raster(raster), m_part(part & raster.rect()), m_bits(raster.bits()), m_painter(&raster)
 {
+    if (m_part != raster.rect())
+        clipToPart();
     m_painter.setRenderHint(QPainter::Antialiasing);
     m_painter.setRenderHint(QPainter::SmoothPixmapTransform);
 }
 
-DrawingSurface::~DrawingSurface() = default;
+DrawingSurface::~DrawingSurface()
+{
+    for (const auto &[place, pixel] : m_corners)
+        pixels(place.y())[place.x()] = pixel;
+}
+
+/// Qt cuts straight strokes off where the clip's bounds end, which moves their edges by a hair. With the raster's
+/// corners in the clip its bounds are the raster's; what is drawn over there is put back in the end.
+void DrawingSurface::clipToPart()
+{
+    QRegion clip(m_part);
+    for (const QPoint &corner : {m_raster.rect().topLeft(), m_raster.rect().bottomRight()}) {
+        if (m_part.contains(corner))
+            continue;
+        clip += QRect(corner, QSize(1, 1));
+        m_corners.emplace_back(corner, pixels(corner.y())[corner.x()]);
+    }
+    m_painter.setClipRegion(clip);
+}
 
 void DrawingSurface::setColour(const OptionalColour &colour)
 {
@@ -79,7 +100,7 @@ void DrawingSurface::setFillColour(const OptionalColour &colour)
 
 void DrawingSurface::fillRect(const QRect &rect, Compositing mode)
 {
-    const QRect target = toDevice(rect) & m_raster.rect();
+    const QRect target = toDevice(rect) & m_part;
     if (target.isEmpty())
         return;
     if (mode == Compositing::Replace)
@@ -127,8 +148,8 @@ void DrawingSurface::strokePath(const QPainterPath &path, double width, const st
 void DrawingSurface::drawText(const QPoint &bottomLeft, const TextLine &text, const TextColours &colours)
 {
     const QRect box = toDevice(QRect(bottomLeft, text.size()));
-    if (colours.background && box.intersects(m_raster.rect()))
-        paintRect(box & m_raster.rect(), *colours.background, Compositing::SourceOver);
+    if (colours.background && box.intersects(m_part))
+        paintRect(box & m_part, *colours.background, Compositing::SourceOver);
     if (text.hasMasks())
         return drawMasks(bottomLeft, text.size().height(), text.masks(), colours.foreground);
     m_painter.setCompositionMode(QPainter::CompositionMode_SourceOver);
@@ -148,7 +169,7 @@ void DrawingSurface::drawMasks(const QPoint &bottomLeft, int boxHeight, std::spa
     QRect bounds;
     for (const auto &[mask, offset] : masks) {
         const QRect place(boxTopLeft + offset, mask->size());
-        const QRect shown = place & m_raster.rect();
+        const QRect shown = place & m_part;
         if (shown.isEmpty())
             continue;
         const QPoint inMask = shown.topLeft() - place.topLeft();
@@ -200,13 +221,14 @@ QPainterPath DrawingSurface::toDevice(const QPainterPath &path) const
 
 bool DrawingSurface::isOutside(const QRectF &deviceBounds) const
 {
-    return deviceBounds.bottom() <= 0 || deviceBounds.top() >= m_raster.height() || deviceBounds.right() <= 0 ||
-           deviceBounds.left() >= m_raster.width();
+    const QRectF part(m_part);
+    return deviceBounds.bottom() <= part.top() || deviceBounds.top() >= part.bottom() ||
+           deviceBounds.right() <= part.left() || deviceBounds.left() >= part.right();
 }
 
 void DrawingSurface::prefetchAlong(const QPainterPath &devicePath)
 {
-    if (m_raster.sizeInBytes() < largerThanCaches)
+    if (qint64{m_part.width()} * m_part.height() < largerThanCaches)
         return;
     for (const QPolygonF &polygon : devicePath.toSubpathPolygons()) {
         for (qsizetype i = 1; i < polygon.size(); ++i) {
@@ -214,7 +236,7 @@ void DrawingSurface::prefetchAlong(const QPainterPath &devicePath)
             const int steps = static_cast<int>(std::abs(edge.dy()));
             for (int step = 0; step < steps; ++step) {
                 const QPoint pixel = edge.pointAt(double(step) / steps).toPoint();
-                if (m_raster.rect().contains(pixel))
+                if (m_part.contains(pixel))
                     PixelRows::prefetch(pixels(pixel.y()) + pixel.x());
             }
         }

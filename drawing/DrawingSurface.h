@@ -11,6 +11,7 @@
 #include <QRectF>
 
 #include <span>
+#include <utility>
 #include <vector>
 
 /// How drawn pixels meet those that are there.
@@ -26,6 +27,8 @@ struct TextColours
 {
     Colour foreground;
     OptionalColour background; ///< fills the text's box behind the glyphs; nullopt: no box
+
+    bool operator==(const TextColours &) const = default;
 };
 
 /// Draws into a raster (drawing/Raster.h) with the origin bottom-left, y upwards, one unit = one pixel = one point.
@@ -34,10 +37,13 @@ struct TextColours
 /// no more than finding that out, and paths that reach further than four million pixels are not drawn. The coordinates
 /// of rectangles and points are within 2^30. The raster outlives the surface and is not shared meanwhile. Main thread
 /// only.
+/// A surface of a part draws the same pixels as one of the whole raster, but leaves those beside the part alone.
 class DrawingSurface
 {
 public:
-    explicit DrawingSurface(QImage &raster);
+    explicit DrawingSurface(QImage &raster) : DrawingSurface(raster, raster.rect()) {}
+    /// `part`: pixels from the raster's top left.
+    DrawingSurface(QImage &raster, const QRect &part);
     ~DrawingSurface();
     DrawingSurface(const DrawingSurface &) = delete;
     DrawingSurface &operator=(const DrawingSurface &) = delete;
@@ -77,6 +83,7 @@ private:
         Colour stroke = NamedColour::black;
     };
 
+    void clipToPart();
     /// The same pixels with the top left as origin and y down.
     QRect toDevice(const QRect &rect) const;
     QPainterPath toDevice(const QPainterPath &path) const;
@@ -88,8 +95,10 @@ private:
     void replacePixels(const QRect &deviceRect, QRgb pixel);
 
     QImage &m_raster;
+    QRect m_part; ///< within the raster, y down
     uchar *m_bits;
     QPainter m_painter;
     Colours m_colours;
     std::vector<Colours> m_saved;
+    std::vector<std::pair<QPoint, QRgb>> m_corners; ///< of the raster, beside the part, and what was there
 };

@@ -50,6 +50,12 @@ QImage reuse(QImage old, qint64 width, qint64 height)
     return allocated(size);
 }
 
+void clear(QImage &raster, const QRect &part)
+{
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        std::fill_n(reinterpret_cast<QRgb *>(raster.scanLine(y)) + part.left(), part.width(), QRgb{0});
+}
+
 QImage view(const QImage &picture, const QRect &part)
 {
     const uchar *const first = picture.constScanLine(part.y()) + qsizetype{part.x()} * (picture.depth() / 8);

@@ -24,6 +24,9 @@ QImage make(qint64 width, qint64 height);
 /// and nobody else holds it, since fresh memory costs more than drawing does.
 QImage reuse(QImage old, qint64 width, qint64 height);
 
+/// Makes a part of a raster, which lies within it, transparent.
+void clear(QImage &raster, const QRect &part);
+
 /// A part of a picture without copying its pixels, which the view keeps until it is written to. `part` lies within a
 /// picture whose pixels are whole bytes.
 [[nodiscard]] QImage view(const QImage &picture, const QRect &part);

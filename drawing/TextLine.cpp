@@ -174,6 +174,14 @@ TextLine::TextLine(const QString &text, double pointSize) : m_pointSize(pointSiz
     m_size = QSize(pen, ascent + descent);
 }
 
+QRect TextLine::reach() const
+{
+    QRect reach(QPoint(0, 0), m_size);
+    for (const auto &[path, origin] : m_outlines)
+        reach |= path.controlPointRect().toAlignedRect().adjusted(-1, -1, 1, 1).translated(origin);
+    return reach;
+}
+
 std::vector<QPainterPath> TextLine::outlines() const
 {
     std::vector<QPainterPath> outlines;

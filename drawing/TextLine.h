@@ -4,6 +4,7 @@
 
 #include <QPainterPath>
 #include <QPoint>
+#include <QRect>
 #include <QSize>
 #include <QString>
 
@@ -28,6 +29,12 @@ public:
     /// The text's box in pixels: the sum of the advances by the font's ascent and descent. (0, 0) for an empty line.
     QSize size() const { return m_size; }
 
+    /// Where the text puts pixels, its box included, from the box's top left; glyphs may reach out of their box.
+    QRect reach() const;
+
+    /// Lines that are equal draw the same; the same text may give two that are not.
+    bool operator==(const TextLine &) const = default;
+
     /// The outline of each glyph, y down, with the top left of the text's box at (0, 0). Glyphs are filled one after
     /// the other: where two share a pixel, the second lies over the first.
     std::vector<QPainterPath> outlines() const;
@@ -44,6 +51,8 @@ private:
     {
         QPainterPath path; ///< y down, origin at the glyph's own
         QPoint origin;     ///< in the text's box
+
+        bool operator==(const PlacedOutline &) const = default;
     };
 
     QSize m_size{0, 0};

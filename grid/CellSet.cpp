@@ -1,6 +1,7 @@
 #include "grid/CellSet.h"
 
 #include <algorithm>
+#include <iterator>
 #include <tuple>
 
 namespace {
@@ -20,6 +21,13 @@ CellSet::CellSet(std::vector<Cell> cells) : m_cells(std::move(cells))
 bool CellSet::contains(const Cell &cell) const
 {
     return std::ranges::binary_search(m_cells, cell, standsBefore);
+}
+
+CellSet CellSet::difference(const CellSet &other) const
+{
+    CellSet difference;
+    std::ranges::set_symmetric_difference(m_cells, other.m_cells, std::back_inserter(difference.m_cells), standsBefore);
+    return difference;
 }
 
 std::span<const Cell> CellSet::inRow(int row) const

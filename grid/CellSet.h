@@ -17,6 +17,9 @@ public:
 
     qsizetype size() const { return std::ssize(m_cells); }
     bool contains(const Cell &cell) const;
+    /// The cells that only one of both sets holds.
+    CellSet difference(const CellSet &other) const;
+    const std::vector<Cell> &cells() const { return m_cells; }
     /// From left to right; valid as long as the set.
     std::span<const Cell> inRow(int row) const;
 

@@ -1,6 +1,7 @@
 #include "screen/PanelPainter.h"
 
 #include "drawing/PixelRows.h"
+#include "drawing/Raster.h"
 #include "layer/WallGrid.h"
 #include "screen/ScreenChart.h"
 
@@ -45,17 +46,23 @@ PanelPainter::PanelPainter(const ScreenChart &chart)
     }
 }
 
-void PanelPainter::paint(QImage &raster) const
+void PanelPainter::paint(QImage &raster, const QRect &part) const
 {
     if (m_columns.count() <= 0 || m_rows.count() <= 0) // a wall counted in negative panels has pixels, but no panel
-        return raster.fill(Qt::transparent);
+        return Raster::clear(raster, part);
     for (int panelRow = 0; panelRow < m_rows.count(); ++panelRow)
-        paintPanelRow(raster, panelRow);
+        paintPanelRow(raster, part, panelRow);
     PixelRows::finishCopies();
 }
 
-void PanelPainter::paintPanelRow(QImage &raster, int panelRow) const
+void PanelPainter::paintPanelRow(QImage &raster, const QRect &part, int panelRow) const
 {
+    const int height = m_rows.sizeOf(panelRow);
+    const int bottom = raster.height() - 1 - static_cast<int>(m_rows.edge(panelRow));
+    const int first = std::max(bottom - part.bottom(), 0);
+    const int last = std::min(bottom - part.top(), height - 1);
+    if (first > last)
+        return;
     const PixelRow *inner = &m_inner[panelRow % 2];
     const PixelRow *edge = &m_edge[panelRow % 2];
     PixelRow ownInner;
@@ -72,13 +79,11 @@ void PanelPainter::paintPanelRow(QImage &raster, int panelRow) const
         edge = &ownEdge;
     }
 
-    const int bottom = raster.height() - 1 - static_cast<int>(m_rows.edge(panelRow));
-    const int height = m_rows.sizeOf(panelRow);
     const int inset = frameInset(height);
-    for (int inPanel = 0; inPanel < height; ++inPanel) {
+    for (int inPanel = first; inPanel <= last; ++inPanel) {
         const bool isEdge = inPanel < inset || inPanel >= height - inset;
-        auto *pixels = reinterpret_cast<QRgb *>(raster.scanLine(bottom - inPanel));
-        PixelRows::copyPastCache(pixels, (isEdge ? edge : inner)->data(), raster.width());
+        auto *pixels = reinterpret_cast<QRgb *>(raster.scanLine(bottom - inPanel)) + part.left();
+        PixelRows::copyPastCache(pixels, (isEdge ? edge : inner)->data() + part.left(), part.width());
     }
 }
 

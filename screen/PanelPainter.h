@@ -32,8 +32,8 @@ public:
     /// For a wall whose raster can be had.
     explicit PanelPainter(const ScreenChart &chart);
 
-    /// Replaces every pixel of the raster.
-    void paint(QImage &raster) const;
+    /// Replaces every pixel of a part of the raster, which lies within it.
+    void paint(QImage &raster, const QRect &part) const;
 
 private:
     using PixelRow = std::vector<QRgb>;
@@ -42,7 +42,7 @@ private:
     int frameInset(int side) const;
     void fillPanels(PixelRow &pixels, const std::array<Colour, 2> &colours, int phase) const;
     void addUprightFrames(PixelRow &pixels, int phase) const;
-    void paintPanelRow(QImage &raster, int panelRow) const;
+    void paintPanelRow(QImage &raster, const QRect &part, int panelRow) const;
     void clearPanels(PixelRow &pixels, std::span<const Cell> panels) const;
     void paintFirstPanel(PixelRow &inner, PixelRow &edge) const;
 

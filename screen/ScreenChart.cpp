@@ -50,13 +50,18 @@ QImage ScreenChart::draw(QImage old) const
         return {};
     }
 
-    PanelPainter(*this).paint(raster);
-    DrawingSurface surface(raster);
+    drawPart(raster, raster.rect());
+    return raster;
+}
+
+void ScreenChart::drawPart(QImage &raster, const QRect &part) const
+{
+    PanelPainter(*this).paint(raster, part);
+    DrawingSurface surface(raster, part);
     drawCircleAndDiagonals(surface);
     for (const auto &[bottomLeft, text, colours] : texts())
         surface.drawText(bottomLeft, text, colours);
     drawRect2(surface);
-    return raster;
 }
 
 void ScreenChart::drawRect2(DrawingSurface &surface) const

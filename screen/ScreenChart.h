@@ -6,7 +6,10 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QRect>
+#include <QRegion>
 
+#include <optional>
 #include <vector>
 
 /// What a wall's picture shows of the wall's surroundings.
@@ -37,6 +40,12 @@ public:
     /// memory for; the latter two are logged.
     /// A text whose colour is nil is not drawn.
     QImage draw(QImage old) const;
+    /// Draws a part of a raster that draw() gave a wall of this size, so that it is as draw() would give it; the pixels
+    /// beside the part stay. `part`: from the raster's top left, within it.
+    void drawPart(QImage &raster, const QRect &part) const;
+    /// Where the chart's picture can differ from that of `before`, from the raster's top left. None: anywhere, or its
+    /// size is another one.
+    std::optional<QRegion> changeSince(const ScreenChart &before) const;
 
     /// The overlay pass: panel labels, then the data path of each port over everything.
     void drawRect2(DrawingSurface &surface) const;
@@ -45,15 +54,20 @@ public:
     /// precision. 0 where there is no divisor.
     float amperes() const;
 
+    bool operator==(const ScreenChart &) const = default;
+
 private:
     struct PlacedText
     {
         QPoint bottomLeft;
         TextLine text;
         TextColours colours;
+
+        bool operator==(const PlacedText &) const = default;
     };
 
     void drawCircleAndDiagonals(DrawingSurface &surface) const;
+    QRegion changedTexts(const ScreenChart &before) const;
     std::vector<PlacedText> texts() const;
     void addCentreTexts(std::vector<PlacedText> &texts) const;
     void addCornerTexts(std::vector<PlacedText> &texts) const;

@@ -1,0 +1,98 @@
+#include "layer/WallGrid.h"
+#include "screen/ScreenChart.h"
+
+#include <algorithm>
+
+namespace {
+/// More rectangles than these cost more than drawing what lies between them.
+constexpr qsizetype mostParts = 16;
+
+PanelKeys panelsOff(const ScreenChart &chart)
+{
+    return chart.hiddenBoxes.value_or(PanelKeys());
+}
+
+/// Takes over what a chart's pixels do not show at all.
+void takeUnseen(ScreenChart &chart, const ScreenChart &from)
+{
+    chart.visible = from.visible;
+    chart.showPowerl = from.showPowerl;
+    chart.aspectRatio = from.aspectRatio;
+    chart.aspectValue = from.aspectValue;
+    chart.aspectHidden = from.aspectHidden;
+}
+
+/// Takes over what only the texts at the centre and in the corners show.
+void takeTexts(ScreenChart &chart, const ScreenChart &from)
+{
+    static_cast<ChartSurroundings &>(chart) = from;
+    chart.xpoint = from.xpoint;
+    chart.ypoint = from.ypoint;
+    chart.label = from.label;
+    chart.XYFontEnable = from.XYFontEnable;
+    chart.xyColor = from.xyColor;
+    chart.XYFontSize = from.XYFontSize;
+    chart.screenFontEnable = from.screenFontEnable;
+    chart.sfColor = from.sfColor;
+    chart.screenFontSize = from.screenFontSize;
+    chart.showPower = from.showPower;
+    chart.showCurrent = from.showCurrent;
+    chart.powerOnCell = from.powerOnCell;
+}
+
+QRect boxOf(const PanelGrid &grid, const Cell &panel)
+{
+    return {static_cast<int>(grid.columns.edge(panel.column)), static_cast<int>(grid.rows.edge(panel.row)),
+            grid.columns.sizeOf(panel.column), grid.rows.sizeOf(panel.row)};
+}
+
+QRegion changedPanels(const ScreenChart &before, const ScreenChart &now)
+{
+    QRegion changed;
+    QRect all;
+    const PanelGrid grid = panelGridOf(now);
+    const CellSet panels =
+        panelsOff(before).cellsInside(now.col, now.row).difference(panelsOff(now).cellsInside(now.col, now.row));
+    for (const Cell &panel : panels.cells()) {
+        all |= boxOf(grid, panel);
+        if (panels.size() <= mostParts)
+            changed += boxOf(grid, panel);
+    }
+    return panels.size() <= mostParts ? changed : all;
+}
+} // namespace
+
+std::optional<QRegion> ScreenChart::changeSince(const ScreenChart &before) const
+{
+    ScreenChart rest = *this;
+    takeUnseen(rest, before);
+    QRegion changed;
+    if (rest.hiddenBoxes != before.hiddenBoxes)
+        changed += changedPanels(before, *this);
+    rest.hiddenBoxes = before.hiddenBoxes;
+    if (rest == before)
+        return changed;
+    takeTexts(rest, before);
+    if (!(rest == before))
+        return std::nullopt;
+    return changed + changedTexts(before);
+}
+
+QRegion ScreenChart::changedTexts(const ScreenChart &before) const
+{
+    const std::vector<PlacedText> earlier = before.texts();
+    const std::vector<PlacedText> now = texts();
+    const auto reachOf = [this](const PlacedText &placed) {
+        const qint64 top = wallHeight() - placed.bottomLeft.y() - placed.text.size().height();
+        return placed.text.reach().translated(placed.bottomLeft.x(), static_cast<int>(top));
+    };
+    QRegion changed;
+    for (std::size_t i = 0; i < std::max(earlier.size(), now.size()); ++i) {
+        const bool stays = i < earlier.size() && i < now.size() && earlier[i] == now[i];
+        if (!stays && i < earlier.size())
+            changed += reachOf(earlier[i]);
+        if (!stays && i < now.size())
+            changed += reachOf(now[i]);
+    }
+    return changed & QRect(0, 0, static_cast<int>(wallWidth()), static_cast<int>(wallHeight()));
+}
