@@ -3,6 +3,7 @@
 #include "archive/ArchiveObject.h"
 #include "layer/ArchiveFields.h"
 #include "layer/LayerRecord.h"
+#include "layer/PictureChanges.h"
 
 #include <QByteArrayList>
 #include <QImage>
@@ -122,6 +123,8 @@ public:
     /// still the picture in its own size. Null where there is none.
     virtual QImage thumbnail() const = 0;
     virtual void setThumbnail(const QImage &picture) = 0;
+    /// How thumbnail() came from what it was; of the one that was asked for last.
+    virtual PictureChanges pictureChanges() const { return {}; }
     /// What thumbnail() shows; nothing is drawn or loaded to know. While a picture waits in its file it is another one
     /// than afterwards.
     virtual LayerLook shownLook() const { return {record(), {}}; }

@@ -72,6 +72,7 @@ public:
     [[nodiscard]] static Result<std::shared_ptr<LWScreen>> initWithCoder(LayerHost &host, const ArchiveObject &coder);
 
     QImage thumbnail() const override;
+    PictureChanges pictureChanges() const override { return m_changes; }
     void setThumbnail(const QImage &picture) override;
     LayerLook shownLook() const override;
     /// Recomputes the sizes, has the host choose voltage and phases where a text needs them, and takes over the look;
@@ -122,9 +123,13 @@ private:
         bool operator==(const Look &) const = default;
     };
     Look look() const;
+    bool isDrawn() const { return !m_rendered || m_drawn == m_rendered; }
+    void drawPixels() const;
+    void mend(const ScreenChart &chart, const QRegion &where) const;
 
     QPointer<QObject> m_pixelPerLimitField;
-    std::optional<Look> m_rendered; ///< nullopt: the thumbnail, if there is one, was given
-    mutable bool m_isDrawn = true;  ///< what was rendered; otherwise it is when the thumbnail is next asked for
+    std::optional<Look> m_rendered;      ///< nullopt: the thumbnail, if there is one, was given
+    mutable std::optional<Look> m_drawn; ///< the thumbnail shows this; what was rendered it does when asked for
     mutable QImage m_thumbnail;
+    mutable PictureChanges m_changes;
 };

@@ -27,11 +27,12 @@ void LWScreen::drawInRect()
         setLabelFontSize(firstLabelFontSize);
 
     Look now = look();
-    const bool isSame = m_rendered == now && !(m_isDrawn && m_thumbnail.isNull());
+    const bool isSame = m_rendered == now && !(isDrawn() && m_thumbnail.isNull());
     if (isSame)
         return;
     m_rendered = std::move(now);
-    m_isDrawn = false;
+    if (m_thumbnail.isNull())
+        m_drawn.reset();
 }
 
 LWScreen::Look LWScreen::look() const
@@ -41,18 +42,40 @@ LWScreen::Look LWScreen::look() const
 
 QImage LWScreen::thumbnail() const
 {
-    if (!m_isDrawn) {
-        m_thumbnail = ScreenChart(*m_rendered->record, m_rendered->around).draw(std::move(m_thumbnail));
-        m_isDrawn = true;
-    }
+    if (!isDrawn())
+        drawPixels();
     return m_thumbnail;
+}
+
+void LWScreen::drawPixels() const
+{
+    const ScreenChart chart(*m_rendered->record, m_rendered->around);
+    const bool isKept = m_drawn && !m_thumbnail.isNull() && m_thumbnail.isDetached();
+    const auto change = isKept ? chart.changeSince({*m_drawn->record, m_drawn->around}) : std::nullopt;
+    if (change) {
+        mend(chart, *change);
+    } else {
+        m_thumbnail = chart.draw(std::move(m_thumbnail));
+        m_changes = {};
+    }
+    m_drawn = m_rendered;
+}
+
+void LWScreen::mend(const ScreenChart &chart, const QRegion &where) const
+{
+    if (where.isEmpty())
+        return;
+    const qint64 before = m_thumbnail.cacheKey();
+    for (const QRect &part : where)
+        chart.drawPart(m_thumbnail, part);
+    m_changes.add(before, where);
 }
 
 LayerLook LWScreen::shownLook() const
 {
     if (!m_rendered)
         return {nullptr, {m_thumbnail.cacheKey()}};
-    if (m_isDrawn && m_thumbnail.isNull()) // it may be had when it is drawn again
+    if (isDrawn() && m_thumbnail.isNull()) // it may be had when it is drawn again
         return {};
     const auto &[popupIndex, voltage, phases] = m_rendered->around;
     return {m_rendered->record, {popupIndex, voltage, phases}};
@@ -65,12 +88,12 @@ void LWScreen::releasePicture()
     m_thumbnail = {};
     if (!m_rendered)
         m_rendered = look();
-    m_isDrawn = false;
+    m_drawn.reset();
 }
 
 void LWScreen::setThumbnail(const QImage &picture)
 {
     m_rendered.reset();
-    m_isDrawn = true;
+    m_drawn.reset();
     m_thumbnail = picture;
 }

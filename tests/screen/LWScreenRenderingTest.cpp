@@ -116,6 +116,46 @@ TEST(LWScreenRendering, APictureInUseIsNotDrawnInto)
     EXPECT_EQ(held.pixelColor(24, 215), QColor(Qt::red));
 }
 
+TEST(LWScreenRendering, WhereAPanelIsSwitchedThePictureIsDrawnAnewAndNowhereElse)
+{
+    TestHost host;
+    const auto screen = LWScreen::init(host);
+    const qint64 first = screen->thumbnail().cacheKey();
+    screen->onImageClick(60, 10);
+    screen->drawInRect();
+    const qint64 second = screen->thumbnail().cacheKey();
+    EXPECT_EQ(screen->pictureChanges().since(first), QRegion(48, 0, 48, 48));
+    EXPECT_EQ(screen->thumbnail(), ScreenChart(*screen->record(), {}).draw({}));
+
+    screen->setVisible(!screen->visible());
+    screen->drawInRect();
+    EXPECT_EQ(screen->thumbnail().cacheKey(), second);
+    screen->onImageClick(0, 0);
+    screen->drawInRect();
+    EXPECT_NE(screen->thumbnail().cacheKey(), second);
+    EXPECT_EQ(screen->pictureChanges().since(first), QRegion(0, 0, 96, 48));
+    EXPECT_EQ(screen->pictureChanges().since(second), QRegion(0, 0, 48, 48));
+}
+
+TEST(LWScreenRendering, AfterADrawingOfAllNoEarlierPictureIsKnown)
+{
+    TestHost host;
+    const auto screen = LWScreen::init(host);
+    qint64 before = screen->thumbnail().cacheKey();
+    screen->setRectColor(NamedColour::blue);
+    screen->drawInRect();
+    EXPECT_NE(screen->thumbnail().cacheKey(), before);
+    EXPECT_FALSE(screen->pictureChanges().since(before));
+
+    before = screen->thumbnail().cacheKey();
+    const QImage held = screen->thumbnail();
+    screen->onImageClick(0, 0);
+    screen->drawInRect();
+    EXPECT_EQ(screen->thumbnail(), ScreenChart(*screen->record(), {}).draw({}));
+    EXPECT_FALSE(screen->pictureChanges().since(before)); // it was held, so another one was drawn
+    EXPECT_NE(held, screen->thumbnail());
+}
+
 TEST(LWScreenRendering, AGivenPictureStaysUntilTheNextRendering)
 {
     TestHost host;
