@@ -12,6 +12,14 @@ void PictureChanges::add(qint64 before, const QRegion &where)
         m_changes.pop_back();
 }
 
+std::vector<qint64> PictureChanges::known() const
+{
+    std::vector<qint64> keys;
+    for (const Change &change : m_changes)
+        keys.push_back(change.before);
+    return keys;
+}
+
 std::optional<QRegion> PictureChanges::since(qint64 earlier) const
 {
     QRegion all;

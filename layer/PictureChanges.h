@@ -15,6 +15,8 @@ public:
     void add(qint64 before, const QRegion &where);
     /// Where the picture differs from the one of cache key `earlier`; none where that is not known (any more).
     std::optional<QRegion> since(qint64 earlier) const;
+    /// The cache keys that since() knows, the latest first.
+    std::vector<qint64> known() const;
 
 private:
     struct Change

@@ -1,86 +1,13 @@
 #include "output/Composition.h"
 
 #include "drawing/Raster.h"
+#include "output/OutputPainter.h"
 #include "output/PictureFit.h"
-#include "output/RowPlan.h"
-
-#include <QPainter>
 
 #include <algorithm>
 #include <iterator>
 #include <unordered_map>
 #include <utility>
-
-using LayerRows::Stores;
-
-namespace {
-/// From this size on an output does not stay in the processor's caches anyway.
-constexpr qint64 streamedBytes = qint64{16} << 20;
-
-/// The pixels under all pictures.
-struct Ground
-{
-    QRgb background;
-    QRgb edge;
-};
-
-Ground groundOf(const OutputStyle &style)
-{
-    QImage edge(1, 1, Raster::format);
-    edge.fill(style.background.toPremultipliedPixel());
-    QPainter(&edge).fillRect(edge.rect(), style.edge.toQColor());
-    return {style.background.toPremultipliedPixel(), *reinterpret_cast<const QRgb *>(edge.constBits())};
-}
-
-std::vector<RowPlan::Base> basesOfRow(int y, const QSize &output, const Ground &ground)
-{
-    const int width = output.width();
-    const bool allEdge = y == 0 || y == output.height() - 1 || width <= 2;
-    if (allEdge || ground.edge == ground.background)
-        return {{0, width, ground.edge}};
-    return {{0, 1, ground.edge}, {1, width - 1, ground.background}, {width - 1, width, ground.edge}};
-}
-
-/// The rows where something begins or ends, from 0 to the output's height.
-std::vector<int> seamsOf(const std::vector<PlannedPicture> &pictures, int height)
-{
-    std::vector<int> seams{0, 1, height - 1, height};
-    const auto add = [&](qint64 y) {
-        if (y > 0 && y < height)
-            seams.push_back(static_cast<int>(y));
-    };
-    for (const PlannedPicture &planned : pictures) {
-        for (const OpaqueSpans::Band &band : planned.opaque->bands())
-            add(planned.top + band.top);
-        add(planned.top + planned.picture.height());
-    }
-    std::sort(seams.begin(), seams.end());
-    seams.erase(std::unique(seams.begin(), seams.end()), seams.end());
-    return seams;
-}
-
-void drawOutput(QImage &output, const std::vector<PlannedPicture> &pictures, const Ground &ground)
-{
-    const Stores stores = output.sizeInBytes() >= streamedBytes ? Stores::Streamed : Stores::Cached;
-    std::vector<QRgb> buffer(output.width());
-    RowPlan plan(pictures);
-    uchar *const bits = output.bits();
-    const std::vector<int> seams = seamsOf(pictures, output.height());
-    for (auto seam = seams.begin(); *seam < output.height(); ++seam) {
-        plan.plan(*seam, basesOfRow(*seam, output.size(), ground));
-        for (int y = *seam; y < *std::next(seam); ++y) {
-            auto *row = reinterpret_cast<QRgb *>(bits + y * output.bytesPerLine());
-            if (stores == Stores::Streamed && plan.blends()) {
-                plan.draw(buffer.data(), y, Stores::Cached);
-                LayerRows::copy(row, buffer.data(), output.width(), Stores::Streamed);
-            } else {
-                plan.draw(row, y, stores);
-            }
-        }
-    }
-    LayerRows::finishStreams();
-}
-} // namespace
 
 /// What is known about the pictures of the last composition. Keeps no picture that it was given, so that their owners
 /// can draw into them again.
@@ -101,21 +28,40 @@ private:
         bool used;
     };
 
-    Known &known(const PictureFit &fit, const QImage &picture);
+    Known &known(const PictureFit &fit, const PlacedPicture &placed);
+    OpaqueSpans opaqueSpans(const PictureFit &fit, const PlacedPicture &placed);
+    /// Null where there is none.
+    Known *find(const PictureFit &fit);
 
     std::unordered_multimap<qint64, Known> m_known; ///< by cache key; plans point into it
 };
 
-auto Composition::PictureMemory::known(const PictureFit &fit, const QImage &picture) -> Known &
+auto Composition::PictureMemory::find(const PictureFit &fit) -> Known *
 {
     const auto [first, last] = m_known.equal_range(fit.cacheKey);
     const auto found = std::find_if(first, last, [&](const auto &entry) { return entry.second.fit == fit; });
-    if (found != last)
-        return found->second;
+    return found == last ? nullptr : &found->second;
+}
 
-    const QImage fitted = fit.changes ? fit.made(picture) : QImage();
-    const OpaqueSpans opaque(fit.changes ? fitted : picture);
+auto Composition::PictureMemory::known(const PictureFit &fit, const PlacedPicture &placed) -> Known &
+{
+    if (Known *found = find(fit))
+        return *found;
+    const QImage fitted = fit.changes ? fit.made(placed.picture) : QImage();
+    const OpaqueSpans opaque = fit.changes ? OpaqueSpans(fitted) : opaqueSpans(fit, placed);
     return m_known.emplace(fit.cacheKey, Known{fit, fitted, opaque, true})->second;
+}
+
+/// Of a picture that was drawn into, only what is new in it is looked through.
+OpaqueSpans Composition::PictureMemory::opaqueSpans(const PictureFit &fit, const PlacedPicture &placed)
+{
+    for (const qint64 before : placed.changes.known()) {
+        PictureFit earlier = fit;
+        earlier.cacheKey = before;
+        if (const Known *found = find(earlier))
+            return found->opaque.mended(placed.picture, placed.changes.since(before).value());
+    }
+    return OpaqueSpans(placed.picture);
 }
 
 std::vector<PlannedPicture> Composition::PictureMemory::plan(const std::vector<PlacedPicture> &topmostFirst,
@@ -126,7 +72,7 @@ std::vector<PlannedPicture> Composition::PictureMemory::plan(const std::vector<P
         const std::optional<PictureFit> fit = PictureFit::of(placed, output);
         if (!fit)
             continue;
-        Known &picture = known(*fit, placed.picture);
+        Known &picture = known(*fit, placed);
         picture.used = true;
         if (picture.opaque.bands().empty()) // there was no memory to fit it in
             continue;
@@ -155,7 +101,7 @@ std::vector<PlacedPicture> placedPictures(const std::vector<LayerPointer> &layer
     for (const LayerPointer &layer : layers) {
         if (layer->visible()) {
             pictures.push_back({layer->thumbnail(), QPoint(layer->xpoint(), layer->ypoint()),
-                                QSize(layer->screenSizeWidth(), layer->screenSizeHeight())});
+                                QSize(layer->screenSizeWidth(), layer->screenSizeHeight()), layer->pictureChanges()});
         }
     }
     return pictures;
@@ -167,19 +113,34 @@ Composition::~Composition() = default;
 
 const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style)
 {
+    const qint64 before = m_buffer.cacheKey();
+    const bool isMended = !m_buffer.isNull() && m_buffer.isDetached() && style == m_style;
+    const QRegion change =
+        isMended ? changeBetween(m_composed, topmostFirst, style.size) : QRegion(QRect(QPoint(0, 0), style.size));
     m_buffer = Raster::reuse(std::move(m_buffer), style.size.width(), style.size.height());
     if (!m_buffer.isNull())
-        drawOutput(m_buffer, m_pictures->plan(topmostFirst, style.size), groundOf(style));
+        paint(m_pictures->plan(topmostFirst, style.size), style, change);
     m_pictures->forgetUnused(m_buffer.sizeInBytes());
+    if (isMended)
+        m_changes.add(before, change);
+    else
+        m_changes = {};
     m_style = style;
     m_composed.clear();
-    std::transform(topmostFirst.begin(), topmostFirst.end(), std::back_inserter(m_composed), composed);
+    std::ranges::transform(topmostFirst, std::back_inserter(m_composed), ComposedPicture::of);
     return m_buffer;
+}
+
+void Composition::paint(const std::vector<PlannedPicture> &pictures, const OutputStyle &style, const QRegion &where)
+{
+    const OutputPainter painter(pictures, style);
+    m_buffer.bits(); // another cache key, even where nothing changes
+    for (const QRect &part : where)
+        painter.paint(m_buffer, part);
 }
 
 bool Composition::isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const
 {
-    const auto isSame = [](const PlacedPicture &placed, const Composed &last) { return composed(placed) == last; };
     return !m_buffer.isNull() && style == m_style &&
-           std::equal(topmostFirst.begin(), topmostFirst.end(), m_composed.begin(), m_composed.end(), isSame);
+           std::ranges::equal(topmostFirst, m_composed, {}, ComposedPicture::of);
 }

@@ -2,21 +2,41 @@
 
 #include "base/Colour.h"
 #include "layer/Layer.h"
+#include "layer/PictureChanges.h"
 
 #include <QImage>
 #include <QPoint>
+#include <QRegion>
 #include <QSize>
 
 #include <memory>
+#include <span>
 #include <vector>
+
+struct PlannedPicture;
 
 /// A picture at its place on the output, scaled to that place where the sizes differ.
 /// Point and size apart, since a QRect cannot say "far to the right" without overflowing.
 struct PlacedPicture
 {
-    QImage picture; ///< any format; null draws nothing
-    QPoint topLeft; ///< output pixels, origin top-left, y down; any 32-bit position
-    QSize size;     ///< output pixels; may reach beyond the output; a side of 0 or less draws nothing
+    QImage picture;              ///< any format; null draws nothing
+    QPoint topLeft;              ///< output pixels, origin top-left, y down; any 32-bit position
+    QSize size;                  ///< output pixels; may reach beyond the output; a side of 0 or less draws nothing
+    PictureChanges changes = {}; ///< how the picture came from what it was before
+};
+
+/// A picture that was composed, without its pixels.
+struct ComposedPicture
+{
+    qint64 cacheKey;
+    QPoint topLeft;
+    QSize size;
+
+    static ComposedPicture of(const PlacedPicture &placed)
+    {
+        return {placed.picture.cacheKey(), placed.topLeft, placed.size};
+    }
+    bool operator==(const ComposedPicture &) const = default;
 };
 
 /// What the output looks like where no layer covers it.
@@ -46,7 +66,7 @@ public:
     Composition &operator=(const Composition &) = delete;
 
     /// The background, its outline, then the pictures from the last to the first, source-atop: where the background is
-    /// transparent they do not show. Returns output().
+    /// transparent they do not show. Only what can differ from the last composition is drawn. Returns output().
     const QImage &compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style);
     /// The output as it was composed last, `Format_ARGB32_Premultiplied`; a null image before, for an output that is
     /// empty or larger than a raster can be, or where the memory cannot be had. There is one, and the next composition
@@ -56,24 +76,20 @@ public:
     /// Whether these would give what compose() gave last.
     bool isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const;
 
-private:
-    /// A picture that was composed, without its pixels.
-    struct Composed
-    {
-        qint64 cacheKey;
-        QPoint topLeft;
-        QSize size;
+    /// How output() came from what it was before: where it was composed anew.
+    const PictureChanges &changes() const { return m_changes; }
 
-        bool operator==(const Composed &) const = default;
-    };
-    static Composed composed(const PlacedPicture &placed)
-    {
-        return {placed.picture.cacheKey(), placed.topLeft, placed.size};
-    }
+private:
+    void paint(const std::vector<PlannedPicture> &pictures, const OutputStyle &style, const QRegion &where);
 
     class PictureMemory;
     std::unique_ptr<PictureMemory> m_pictures;
     QImage m_buffer;
-    std::vector<Composed> m_composed; ///< into the buffer
+    PictureChanges m_changes;
+    std::vector<ComposedPicture> m_composed; ///< into the buffer
     OutputStyle m_style;
 };
+
+/// Where an output of `size` that shows the pictures of `before` differs from one that shows those of `now`, both
+/// topmost first: at most there. Within the output.
+QRegion changeBetween(std::span<const ComposedPicture> before, std::span<const PlacedPicture> now, const QSize &size);

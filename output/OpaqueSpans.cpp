@@ -20,19 +20,40 @@ std::vector<OpaqueSpans::Span> spansOf(const std::vector<Coverage> &blocks, int 
     }
     return spans;
 }
+/// Of the rows of blocks that begin at `top`.
+std::vector<OpaqueSpans::Span> spansAt(const QImage &picture, int top)
+{
+    const int rows = std::min(LayerRows::blockHeight, picture.height() - top);
+    std::vector<Coverage> blocks((picture.width() + LayerRows::blockWidth - 1) / LayerRows::blockWidth);
+    LayerRows::findCoverage(picture.constScanLine(top), picture.bytesPerLine(), rows, picture.width(), blocks.data());
+    return spansOf(blocks, picture.width());
+}
 } // namespace
 
 OpaqueSpans::OpaqueSpans(const QImage &picture)
 {
-    std::vector<Coverage> blocks((picture.width() + LayerRows::blockWidth - 1) / LayerRows::blockWidth);
+    for (int top = 0; top < picture.height(); top += LayerRows::blockHeight)
+        append(top, spansAt(picture, top));
+}
+
+OpaqueSpans OpaqueSpans::mended(const QImage &picture, const QRegion &where) const
+{
+    OpaqueSpans spans;
     for (int top = 0; top < picture.height(); top += LayerRows::blockHeight) {
-        const int rows = std::min(LayerRows::blockHeight, picture.height() - top);
-        LayerRows::findCoverage(picture.constScanLine(top), picture.bytesPerLine(), rows, picture.width(),
-                                blocks.data());
-        std::vector<Span> spans = spansOf(blocks, picture.width());
-        if (m_bands.empty() || m_bands.back().spans != spans)
-            m_bands.push_back({top, std::move(spans)});
+        if (where.intersects(QRect(0, top, picture.width(), LayerRows::blockHeight))) {
+            spans.append(top, spansAt(picture, top));
+        } else {
+            const std::span<const Span> same = at(top);
+            spans.append(top, {same.begin(), same.end()});
+        }
     }
+    return spans;
+}
+
+void OpaqueSpans::append(int top, std::vector<Span> spans)
+{
+    if (m_bands.empty() || m_bands.back().spans != spans)
+        m_bands.push_back({top, std::move(spans)});
 }
 
 std::span<const OpaqueSpans::Span> OpaqueSpans::at(int y) const

@@ -3,6 +3,7 @@
 #include "output/LayerRows.h"
 
 #include <QImage>
+#include <QRegion>
 
 #include <span>
 #include <vector>
@@ -32,11 +33,16 @@ public:
     /// Looks through a picture in `Format_ARGB32_Premultiplied`; reads each pixel once.
     explicit OpaqueSpans(const QImage &picture);
 
+    /// The spans of a picture of the same size that differs only in `where`, which alone is looked through.
+    [[nodiscard]] OpaqueSpans mended(const QImage &picture, const QRegion &where) const;
+
     /// From the top; the first starts at row 0. None for a null picture.
     const std::vector<Band> &bands() const { return m_bands; }
     /// The spans of row `y`, which the picture has.
     std::span<const Span> at(int y) const;
 
 private:
+    void append(int top, std::vector<Span> spans);
+
     std::vector<Band> m_bands;
 };
