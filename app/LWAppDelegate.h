@@ -97,6 +97,8 @@ public:
     const QImage &offscreenRep() const { return m_composition.output(); }
     /// The same as the picture that the views show.
     const QImage &img() const { return m_composition.output(); }
+    /// The same as views take it.
+    const ComposedOutput &composedOutput() const { return m_composition.composed(); }
     /// The power line as it was last computed: "Total Power: 72.73Amp".
     const QString &powerResult() const { return m_powerResult; }
 

@@ -26,13 +26,13 @@ qint64 bytesOf(const QSize &output)
 class StillDocument final : public CanvasDocument
 {
 public:
-    explicit StillDocument(const QSize &output) : m_output(Charts::picture(output)) {}
+    explicit StillDocument(const QSize &output) : m_output{Charts::picture(output)} {}
 
-    int OutputWidth() const override { return m_output.width(); }
-    int OutputHeight() const override { return m_output.height(); }
-    const QImage &output() const override { return m_output; }
+    int OutputWidth() const override { return m_output.picture.width(); }
+    int OutputHeight() const override { return m_output.picture.height(); }
+    const ComposedOutput &output() const override { return m_output; }
     /// As the next composition does.
-    void composeAnew() { m_output.bits(); }
+    void composeAnew() { m_output.picture.bits(); }
     LayerPointer selectedLayer() const override { return {}; }
     std::vector<LayerPointer> layers() const override { return {}; }
     std::vector<LayerPointer> selectedLayers() const override { return {}; }
@@ -42,7 +42,7 @@ public:
     void finishEdit(const QString &) override {}
 
 private:
-    QImage m_output;
+    ComposedOutput m_output;
 };
 
 /// A canvas, the output in it, and the pixels that it is painted on.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "layer/Layer.h"
+#include "output/ComposedOutput.h"
 
 #include <QImage>
 #include <QPoint>
@@ -22,7 +23,7 @@ public:
     virtual int OutputHeight() const = 0;
     /// The output as it was composed last; null where there is none. Read where it is painted, never kept: the next
     /// composition writes into it.
-    virtual const QImage &output() const = 0;
+    virtual const ComposedOutput &output() const = 0;
     /// The layer that clicks go to; null where there is none.
     virtual LayerPointer selectedLayer() const = 0;
     /// All layers, topmost first.

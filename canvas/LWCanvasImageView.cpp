@@ -27,7 +27,7 @@ LWCanvasImageView::~LWCanvasImageView()
 void LWCanvasImageView::showOutput()
 {
     CanvasFrame frame = deviceFrame();
-    frame.setOutput(m_document.output().size());
+    frame.setOutput(m_document.output().picture.size());
     takeFrame(frame);
 }
 
@@ -147,9 +147,9 @@ void LWCanvasImageView::tellReadOut()
 {
     m_readOut = {deviceFrame().output(), deviceFrame().zoom() * 100, deviceFrame().isFitted(), {}, {}};
     const std::optional<QPoint> pixel = pixelToTell();
-    if (pixel && m_document.output().valid(*pixel)) {
+    if (pixel && m_document.output().picture.valid(*pixel)) {
         m_readOut.pixel = pixel;
-        m_readOut.colour = m_document.output().pixelColor(*pixel);
+        m_readOut.colour = m_document.output().picture.pixelColor(*pixel);
     }
     emit readOutDidChange(m_readOut);
 }

@@ -1,7 +1,11 @@
 #include "output/CanvasPicture.h"
 
+#include "drawing/Raster.h"
+#include "output/AreaReduction.h"
+
 #include <QPainter>
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -18,17 +22,18 @@ void paintEnlarged(QPainter &painter, const QImage &output, const QRect &place, 
 }
 } // namespace
 
-void CanvasPicture::paint(QPainter &painter, const QImage &output, const QRect &place, const QRect &seen)
+void CanvasPicture::paint(QPainter &painter, const ComposedOutput &output, const QRect &place, const QRect &seen)
 {
-    if (output.isNull() || !place.intersects(seen))
+    const QImage &picture = output.picture;
+    if (picture.isNull() || !place.intersects(seen))
         return;
-    if (place.width() < output.width() || place.height() < output.height())
+    if (place.width() < picture.width() || place.height() < picture.height())
         return paintReduced(painter, output, place, seen);
     m_reduced = {};
-    paintEnlarged(painter, output, place, seen);
+    paintEnlarged(painter, picture, place, seen);
 }
 
-void CanvasPicture::paintFramed(QPainter &painter, const QImage &output, const QRect &place, const QRect &seen,
+void CanvasPicture::paintFramed(QPainter &painter, const ComposedOutput &output, const QRect &place, const QRect &seen,
                                 const QColor &outline, const QColor &ground)
 {
     painter.fillRect(place.adjusted(-1, -1, 1, 1) & seen, outline);
@@ -36,13 +41,35 @@ void CanvasPicture::paintFramed(QPainter &painter, const QImage &output, const Q
     paint(painter, output, place, seen);
 }
 
-void CanvasPicture::paintReduced(QPainter &painter, const QImage &output, const QRect &place, const QRect &seen)
+void CanvasPicture::paintReduced(QPainter &painter, const ComposedOutput &output, const QRect &place, const QRect &seen)
 {
-    const bool isOther = std::exchange(m_reducedFrom, output.cacheKey()) != output.cacheKey();
-    if (isOther || m_reduced.size() != place.size()) {
-        m_reduced = {}; // so that two are never held at once
-        m_reduced = output.scaled(place.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    const QRect part = (place & seen).translated(-place.topLeft());
+    const qint64 key = output.picture.cacheKey();
+    const bool isThere = !m_reduced.isNull() && m_size == place.size() && m_part.contains(part);
+    if (!isThere || key != m_reducedFrom) {
+        const std::optional<QRegion> change = isThere ? output.changes.since(m_reducedFrom) : std::nullopt;
+        m_size = place.size();
+        if (change)
+            mend(output.picture, *change);
+        else
+            make(output.picture, part);
+        m_reducedFrom = key;
     }
-    const QRect part = place & seen;
-    painter.drawImage(part.topLeft(), m_reduced, part.translated(-place.topLeft()));
+    painter.drawImage(place.topLeft() + part.topLeft(), m_reduced, part.translated(-m_part.topLeft()));
+}
+
+void CanvasPicture::make(const QImage &output, const QRect &part)
+{
+    m_part = part;
+    m_reduced = Raster::reuse(std::move(m_reduced), part.width(), part.height());
+    if (!m_reduced.isNull())
+        AreaReduction::reduce(m_reduced, {0, 0}, output, m_size, part);
+}
+
+void CanvasPicture::mend(const QImage &output, const QRegion &change)
+{
+    for (const QRect &changed : change) {
+        const QRect part = AreaReduction::shownIn(changed, output.size(), m_size) & m_part;
+        AreaReduction::reduce(m_reduced, part.topLeft() - m_part.topLeft(), output, m_size, part);
+    }
 }

@@ -113,34 +113,34 @@ Composition::~Composition() = default;
 
 const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style)
 {
-    const qint64 before = m_buffer.cacheKey();
-    const bool isMended = !m_buffer.isNull() && m_buffer.isDetached() && style == m_style;
+    const qint64 before = m_output.picture.cacheKey();
+    const bool isMended = !m_output.picture.isNull() && m_output.picture.isDetached() && style == m_style;
     const QRegion change =
         isMended ? changeBetween(m_composed, topmostFirst, style.size) : QRegion(QRect(QPoint(0, 0), style.size));
-    m_buffer = Raster::reuse(std::move(m_buffer), style.size.width(), style.size.height());
-    if (!m_buffer.isNull())
+    m_output.picture = Raster::reuse(std::move(m_output.picture), style.size.width(), style.size.height());
+    if (!m_output.picture.isNull())
         paint(m_pictures->plan(topmostFirst, style.size), style, change);
-    m_pictures->forgetUnused(m_buffer.sizeInBytes());
+    m_pictures->forgetUnused(m_output.picture.sizeInBytes());
     if (isMended)
-        m_changes.add(before, change);
+        m_output.changes.add(before, change);
     else
-        m_changes = {};
+        m_output.changes = {};
     m_style = style;
     m_composed.clear();
     std::ranges::transform(topmostFirst, std::back_inserter(m_composed), ComposedPicture::of);
-    return m_buffer;
+    return m_output.picture;
 }
 
 void Composition::paint(const std::vector<PlannedPicture> &pictures, const OutputStyle &style, const QRegion &where)
 {
     const OutputPainter painter(pictures, style);
-    m_buffer.bits(); // another cache key, even where nothing changes
+    m_output.picture.bits(); // another cache key, even where nothing changes
     for (const QRect &part : where)
-        painter.paint(m_buffer, part);
+        painter.paint(m_output.picture, part);
 }
 
 bool Composition::isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const
 {
-    return !m_buffer.isNull() && style == m_style &&
+    return !m_output.picture.isNull() && style == m_style &&
            std::ranges::equal(topmostFirst, m_composed, {}, ComposedPicture::of);
 }

@@ -2,7 +2,7 @@
 
 #include "base/Colour.h"
 #include "layer/Layer.h"
-#include "layer/PictureChanges.h"
+#include "output/ComposedOutput.h"
 
 #include <QImage>
 #include <QPoint>
@@ -72,21 +72,20 @@ public:
     /// empty or larger than a raster can be, or where the memory cannot be had. There is one, and the next composition
     /// writes into it: who shows it reads it here whenever he does. A copy that is kept has the next one ask for
     /// memory again. After each composition its cache key is another one.
-    const QImage &output() const { return m_buffer; }
+    const QImage &output() const { return m_output.picture; }
     /// Whether these would give what compose() gave last.
     bool isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const;
 
-    /// How output() came from what it was before: where it was composed anew.
-    const PictureChanges &changes() const { return m_changes; }
+    /// The same, and where it was composed anew.
+    const ComposedOutput &composed() const { return m_output; }
 
 private:
     void paint(const std::vector<PlannedPicture> &pictures, const OutputStyle &style, const QRegion &where);
 
     class PictureMemory;
     std::unique_ptr<PictureMemory> m_pictures;
-    QImage m_buffer;
-    PictureChanges m_changes;
-    std::vector<ComposedPicture> m_composed; ///< into the buffer
+    ComposedOutput m_output;
+    std::vector<ComposedPicture> m_composed; ///< into the output
     OutputStyle m_style;
 };
 

@@ -12,7 +12,7 @@ public:
 
     int OutputWidth() const override { return m_document.OutputWidth(); }
     int OutputHeight() const override { return m_document.OutputHeight(); }
-    const QImage &output() const override { return m_document.img(); }
+    const ComposedOutput &output() const override { return m_document.composedOutput(); }
     LayerPointer selectedLayer() const override { return m_document.arraycontroller().selectedLayer(); }
     std::vector<LayerPointer> layers() const override { return m_document.allScreensArray(); }
     std::vector<LayerPointer> selectedLayers() const override { return m_document.selectedLayers(); }

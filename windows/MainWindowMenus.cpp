@@ -273,7 +273,7 @@ OutputPreview &MainWindow::outputPreview()
 {
     if (m_preview)
         return *m_preview;
-    m_preview = new OutputPreview(m_document.img(), this);
+    m_preview = new OutputPreview(m_document.composedOutput(), this);
     connect(&m_document, &LWAppDelegate::composed, m_preview, &OutputPreview::showOutput);
     connect(m_preview, &OutputPreview::displayDidChange, m_powerBar,
             [this](const QString &problem) { m_powerBar->showFault(m_preview, problem); });

@@ -33,9 +33,9 @@ QPoint besideWindow(const QRect &window, const QSize &size, const QRect &room)
 }
 } // namespace
 
-OutputPreview::OutputPreview(const QImage &output, QWidget *parent)
+OutputPreview::OutputPreview(const ComposedOutput &output, QWidget *parent)
     : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>()), m_output(output),
-      m_outputSize(output.size())
+      m_outputSize(output.picture.size())
 {
     m_form->setupUi(this);
     m_form->pvwImageWell->setOutput(output);
@@ -56,7 +56,7 @@ OutputPreview::~OutputPreview() = default;
 
 void OutputPreview::showOutput()
 {
-    const bool isAnotherSize = std::exchange(m_outputSize, m_output.size()) != m_output.size();
+    const bool isAnotherSize = std::exchange(m_outputSize, m_output.picture.size()) != m_output.picture.size();
     m_form->pvwImageWell->showOutput();
     if (isAnotherSize && m_display)
         tellFit();

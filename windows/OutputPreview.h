@@ -19,7 +19,7 @@ class OutputPreview final : public QWidget
 
 public:
     /// `output` is read whenever it is painted, and outlives this.
-    explicit OutputPreview(const QImage &output, QWidget *parent = nullptr);
+    explicit OutputPreview(const ComposedOutput &output, QWidget *parent = nullptr);
     ~OutputPreview() override;
 
     /// The output was composed anew.
@@ -53,7 +53,7 @@ private:
     void tellFit();
 
     std::unique_ptr<Ui::OutputPreview> m_form;
-    const QImage &m_output;
+    const ComposedOutput &m_output;
     QSize m_outputSize;       ///< as it was composed last
     QRect m_windowGeometry;   ///< before it went to the display
     bool m_hasWindow = false; ///< where it goes back to from the display

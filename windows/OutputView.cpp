@@ -13,7 +13,7 @@ constexpr char wholeTip[] = "The composed output, as it is exported";
 
 OutputView::OutputView(QWidget *parent) : QWidget(parent)
 {
-    static const QImage noOutput;
+    static const ComposedOutput noOutput;
     m_output = &noOutput;
     // The whole area is painted, ground included: Qt need not clear it first.
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -22,7 +22,7 @@ OutputView::OutputView(QWidget *parent) : QWidget(parent)
     setToolTip(wholeTip);
 }
 
-void OutputView::setOutput(const QImage &output)
+void OutputView::setOutput(const ComposedOutput &output)
 {
     m_output = &output;
     showOutput();
@@ -30,7 +30,8 @@ void OutputView::setOutput(const QImage &output)
 
 void OutputView::showOutput()
 {
-    setAccessibleDescription(m_output->isNull() ? QString() : NumberText::size(m_output->size()) + " pixels");
+    setAccessibleDescription(m_output->picture.isNull() ? QString()
+                                                        : NumberText::size(m_output->picture.size()) + " pixels");
     update();
 }
 
@@ -56,10 +57,10 @@ void OutputView::paintWhole(QPainter &painter)
     const QSize room = (QSizeF(size()) * devicePixelRatioF()).toSize();
     CanvasFrame frame;
     frame.setRoom(room, qRound(Theme::edge * devicePixelRatioF()));
-    frame.setOutput(m_output->size());
+    frame.setOutput(m_output->picture.size());
     if (frame.place().isEmpty()) {
         painter.setPen(Theme::dimText);
-        painter.drawText(rect(), Qt::AlignCenter, m_output->isNull() ? "The output has no picture" : QString());
+        painter.drawText(rect(), Qt::AlignCenter, m_output->picture.isNull() ? "The output has no picture" : QString());
         return;
     }
     toDevicePixels(painter, *this);
@@ -70,6 +71,6 @@ void OutputView::paintPixelForPixel(QPainter &painter)
 {
     painter.fillRect(rect(), Qt::black);
     toDevicePixels(painter, *this);
-    const QRect place = m_output->rect();
+    const QRect place = m_output->picture.rect();
     m_picture.paint(painter, *m_output, place, place);
 }

@@ -20,7 +20,7 @@ public:
     };
     void setFit(Fit fit);
     /// Where the output is, to be read whenever it is painted; it outlives this. Until then nothing is shown.
-    void setOutput(const QImage &output);
+    void setOutput(const ComposedOutput &output);
     /// It was composed anew.
     void showOutput();
 
@@ -34,6 +34,6 @@ private:
     void paintPixelForPixel(QPainter &painter);
 
     Fit m_fit = Fit::Whole;
-    const QImage *m_output; ///< a null image: there is none
+    const ComposedOutput *m_output;
     CanvasPicture m_picture;
 };

@@ -87,7 +87,7 @@ void CanvasFixture::showOutput(const QSize &size)
 
 void CanvasFixture::showOutput(const QImage &picture)
 {
-    document.picture = picture;
+    document.composed.picture = picture;
     view.showOutput();
 }
 

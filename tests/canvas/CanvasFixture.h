@@ -20,7 +20,7 @@ class CanvasTestDocument final : public CanvasDocument, public LayerHost
 public:
     int OutputWidth() const override { return outputSize.width(); }
     int OutputHeight() const override { return outputSize.height(); }
-    const QImage &output() const override { return picture; }
+    const ComposedOutput &output() const override { return composed; }
 
     LayerPointer selectedLayer() const override { return layer; }
     std::vector<LayerPointer> layers() const override { return all; }
@@ -41,7 +41,7 @@ public:
     void choosePattern(qint64) override {}
 
     QSize outputSize{1920, 1080};
-    QImage picture; ///< of the output
+    ComposedOutput composed;
     QSizeF frameWithoutView{960, 540};
     LWCanvasImageView *view = nullptr;
     LayerPointer layer;                  ///< that clicks go to

@@ -237,7 +237,7 @@ TEST_F(LWCanvasImageViewTest, TheOutputsPixelsAreNotHeld)
     for (const double percent : {40.0, 100.0, 300.0}) {
         view.setZoom(percent);
         seen();
-        EXPECT_TRUE(document.picture.isDetached()) << percent;
+        EXPECT_TRUE(document.composed.picture.isDetached()) << percent;
     }
 }
 

@@ -141,13 +141,13 @@ TEST(CompositionChange, OneThatIsHeldIsKnownToNobody)
     std::vector<PlacedPicture> pictures{placed(filled({50, 50}, Qt::red), 0, 0)};
     composition.compose(pictures, {size});
     const qint64 first = composition.output().cacheKey();
-    EXPECT_FALSE(composition.changes().since(first));
+    EXPECT_FALSE(composition.composed().changes.since(first));
     pictures[0].topLeft = {1, 0};
     composition.compose(pictures, {size});
-    EXPECT_EQ(composition.changes().since(first), QRegion(0, 0, 51, 50));
+    EXPECT_EQ(composition.composed().changes.since(first), QRegion(0, 0, 51, 50));
     const QImage held = composition.output();
     composition.compose({}, {size});
-    EXPECT_FALSE(composition.changes().since(held.cacheKey()));
+    EXPECT_FALSE(composition.composed().changes.since(held.cacheKey()));
 }
 
 TEST_P(CompositionChangeRuns, AMendedOutputIsTheWholeOne)

@@ -72,11 +72,11 @@ protected:
     /// As if it had just been composed.
     void showOutput(const QImage &output)
     {
-        shown = output;
+        shown.picture = output;
         view.showOutput();
     }
 
-    QImage shown;
+    ComposedOutput shown;
     OutputView view;
 };
 
@@ -183,7 +183,7 @@ TEST_F(OutputViewTest, TheOutputsPixelsAreNotHeld)
         showOutput(picturedNoise({1641, 481}));
         view.setFit(fit);
         seen();
-        EXPECT_TRUE(shown.isDetached());
+        EXPECT_TRUE(shown.picture.isDetached());
     }
 }
 
@@ -191,11 +191,11 @@ TEST_F(OutputViewTest, WhatIsThereWhenItIsPaintedIsShown)
 {
     view.setFit(OutputView::Fit::PixelForPixel);
     seen();
-    shown.fill(Qt::green);
+    shown.picture.fill(Qt::green);
     EXPECT_EQ(seen().pixelColor(7, 5), QColor(Qt::green));
     view.setFit(OutputView::Fit::Whole);
     EXPECT_EQ(seen().pixelColor(seen().rect().center()), QColor(Qt::green));
-    shown.fill(Qt::blue);
+    shown.picture.fill(Qt::blue);
     EXPECT_EQ(seen().pixelColor(seen().rect().center()), QColor(Qt::blue));
 }
 
