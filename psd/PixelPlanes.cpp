@@ -1,5 +1,6 @@
 #include "psd/PixelPlanes.h"
 
+#include <bit>
 #include <cstring>
 
 // Highway compiles the loops below once for each instruction set and picks one when the program runs.
@@ -12,7 +13,7 @@ HWY_BEFORE_NAMESPACE();
 namespace PixelPlanes::HWY_NAMESPACE {
 namespace hn = hwy::HWY_NAMESPACE;
 
-// Blocks of 64 bytes, so that a block of repeats is a word.
+// Blocks of 64 bytes, so that a bit for each is a word.
 constexpr size_t blockSize = 64;
 constexpr hn::CappedTag<uint8_t, blockSize> d8;
 
@@ -40,20 +41,35 @@ void splitRow(const uint8_t *pixels, size_t count, uint8_t *plane0, uint8_t *pla
     splitLanes(last, i);
 }
 
-void findRepeatsInRow(const uint8_t *bytes, size_t count, uint64_t *words)
+/// Bit i: bytes i to i + 2 of the block are equal.
+HWY_INLINE uint64_t equalThrees(const uint8_t *block)
 {
     const size_t lanes = hn::Lanes(d8);
-    const size_t blocks = count / blockSize + 1;
-    for (size_t block = 0; block < blocks; ++block) {
-        const uint8_t *const at = bytes + block * blockSize;
-        uint8_t bits[blockSize / 8 + 8]; // a store of mask bits may write 8 bytes
-        for (size_t i = 0; i < blockSize; i += lanes) {
-            const auto isRepeated = hn::Eq(hn::LoadU(d8, at + i), hn::LoadU(d8, at + i + 1));
-            hn::StoreMaskBits(d8, isRepeated, bits + i / 8);
-        }
-        std::memcpy(words + block, bits, sizeof(uint64_t));
+    uint8_t bits[blockSize / 8 + 8]; // a store of mask bits may write 8 bytes
+    for (size_t i = 0; i < blockSize; i += lanes) {
+        const auto second = hn::LoadU(d8, block + i + 1);
+        const auto areEqual =
+            hn::And(hn::Eq(hn::LoadU(d8, block + i), second), hn::Eq(second, hn::LoadU(d8, block + i + 2)));
+        hn::StoreMaskBits(d8, areEqual, bits + i / 8);
     }
-    words[blocks] = 0;
+    uint64_t word;
+    std::memcpy(&word, bits, sizeof word);
+    return word;
+}
+
+uint32_t *findRunsInRow(const uint8_t *bytes, size_t count, uint32_t *out)
+{
+    uint64_t lastBit = 0; // of the block before
+    for (size_t i = 0; i < count; i += blockSize) {
+        uint64_t threes = equalThrees(bytes + i);
+        if (const size_t rest = count - i; rest < blockSize + 2) // what lies behind the last byte is not the row's
+            threes &= rest > 2 ? ~uint64_t{0} >> (blockSize + 2 - rest) : 0;
+        uint64_t changes = threes ^ (threes << 1 | lastBit);
+        lastBit = threes >> (blockSize - 1);
+        for (; changes != 0; changes &= changes - 1)
+            *out++ = static_cast<uint32_t>(i + static_cast<size_t>(std::countr_zero(changes)));
+    }
+    return out;
 }
 
 } // namespace PixelPlanes::HWY_NAMESPACE
@@ -63,21 +79,17 @@ HWY_AFTER_NAMESPACE();
 namespace PixelPlanes {
 
 HWY_EXPORT(splitRow);
-HWY_EXPORT(findRepeatsInRow);
+HWY_EXPORT(findRunsInRow);
 
 void split(const uchar *pixels, qsizetype count, const std::array<uchar *, 4> &planes)
 {
     HWY_DYNAMIC_DISPATCH(splitRow)(pixels, static_cast<size_t>(count), planes[0], planes[1], planes[2], planes[3]);
 }
 
-void findRepeats(const uchar *bytes, qsizetype count, quint64 *words)
+std::size_t findRuns(const uchar *bytes, qsizetype count, quint32 *ends)
 {
-    HWY_DYNAMIC_DISPATCH(findRepeatsInRow)(bytes, static_cast<size_t>(count), reinterpret_cast<uint64_t *>(words));
-    // The last byte has no neighbour; what lies behind it is not the row's.
-    const qsizetype last = count - 1;
-    words[last / 64] &= (quint64{1} << last % 64) - 1;
-    if (last / 64 < count / 64)
-        words[count / 64] = 0;
+    return static_cast<std::size_t>(HWY_DYNAMIC_DISPATCH(findRunsInRow)(bytes, static_cast<size_t>(count), ends) -
+                                    ends);
 }
 
 } // namespace PixelPlanes

@@ -3,6 +3,7 @@
 #include <QtGlobal>
 
 #include <array>
+#include <cstddef>
 
 /// Inner loops over bytes, with the widest instructions that the machine has.
 namespace PixelPlanes {
@@ -13,14 +14,9 @@ inline constexpr qsizetype slack = 128;
 /// Splits `count` pixels of four bytes: plane k gets byte k of each pixel. Planes have `slack`, pixels need none.
 void split(const uchar *pixels, qsizetype count, const std::array<uchar *, 4> &planes);
 
-/// 64-bit words that findRepeats() writes for `count` bytes.
-constexpr qsizetype wordsFor(qsizetype count)
-{
-    return count / 64 + 2;
-}
-
-/// Bit i (of word i / 64, lowest first) tells whether bytes i and i + 1 are equal. Bits from the last byte on are 0.
-/// The bytes have `slack`.
-void findRepeats(const uchar *bytes, qsizetype count, quint64 *words);
+/// Finds runs of three or more equal bytes among `count`, which have `slack`. Writes two numbers for each, from left to
+/// right, at most `count` in all: where its first byte stands, and the last one that two of its kind follow, plus one.
+/// Returns how many numbers that are.
+std::size_t findRuns(const uchar *bytes, qsizetype count, quint32 *ends);
 
 } // namespace PixelPlanes

@@ -3,7 +3,6 @@
 #include "psd/PixelPlanes.h"
 
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 namespace {
@@ -42,43 +41,20 @@ inline char *putRun(const uchar *&begin, const uchar *end, char *out)
 }
 } // namespace
 
-RowPacker::RowPacker(qsizetype longestRow)
-    : m_repeats(static_cast<std::size_t>(PixelPlanes::wordsFor(longestRow))),
-      m_runs(static_cast<std::size_t>(longestRow + 1))
-{}
+RowPacker::RowPacker(qsizetype longestRow) : m_runs(static_cast<std::size_t>(longestRow)) {}
 
 char *RowPacker::pack(const uchar *bytes, qsizetype count, char *out)
 {
-    const std::size_t ends = findRuns(bytes, count);
+    // Found first and packed afterwards: a loop that only counts bits is one that the processor predicts.
+    const quint32 *ends = m_runs.data();
+    const quint32 *const last = ends + PixelPlanes::findRuns(bytes, count, m_runs.data());
     const uchar *literals = bytes; // where the bytes begin that no run has taken
-    for (std::size_t i = 0; i < ends; i += 2) {
-        const uchar *run = bytes + m_runs[i];
-        const uchar *const runEnd = bytes + m_runs[i + 1];
+    for (; ends != last; ends += 2) {
+        const uchar *run = bytes + ends[0];
+        const uchar *const runEnd = bytes + ends[1] + shortestRun - 1;
         out = putLiterals(literals, run, out);
         out = putRun(run, runEnd, out);
         literals = run;
     }
     return putLiterals(literals, bytes + count, out);
-}
-
-std::size_t RowPacker::findRuns(const uchar *bytes, qsizetype count)
-{
-    PixelPlanes::findRepeats(bytes, count, m_repeats.data());
-    // Collected first and packed afterwards: a loop that only counts bits is one that the processor predicts.
-    std::size_t found = 0;
-    quint64 lastBit = 0; // of the word before
-    const qsizetype words = PixelPlanes::wordsFor(count) - 1;
-    for (qsizetype word = 0; word < words; ++word) {
-        const quint64 repeats = m_repeats[static_cast<std::size_t>(word)];
-        const quint64 nextRepeats = repeats >> 1 | m_repeats[static_cast<std::size_t>(word + 1)] << 63;
-        const quint64 threes = repeats & nextRepeats; // bit i: bytes i to i + 2 are equal
-        quint64 changes = threes ^ (threes << 1 | lastBit);
-        lastBit = threes >> 63;
-        for (; changes != 0; changes &= changes - 1) {
-            const bool isEnd = found % 2 != 0;
-            m_runs[found++] =
-                static_cast<quint32>(word * 64 + std::countr_zero(changes) + (isEnd ? shortestRun - 1 : 0));
-        }
-    }
-    return found;
 }

@@ -17,9 +17,5 @@ public:
     char *pack(const uchar *bytes, qsizetype count, char *out);
 
 private:
-    /// Runs of three or more equal bytes: where each begins and ends, in turn. Returns how many numbers that are.
-    std::size_t findRuns(const uchar *bytes, qsizetype count);
-
-    std::vector<quint64> m_repeats; ///< bit i: bytes i and i + 1 are equal
     std::vector<quint32> m_runs;
 };
