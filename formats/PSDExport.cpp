@@ -13,7 +13,7 @@
 #include <optional>
 
 namespace {
-/// How much of making the bytes it is to add the layers, which draws the merged picture.
+/// How much of making the bytes it is to add the layers, which draws the walls whose pictures nobody has asked for.
 constexpr double addingShare = 0.2;
 /// How much of the whole it is to make the bytes; a slow disk takes more than the rest.
 constexpr double encodingShare = 0.7;

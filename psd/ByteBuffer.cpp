@@ -91,6 +91,13 @@ void ByteBuffer::appendZeros(qsizetype count)
     std::fill_n(grown(count), count, '\0');
 }
 
+qsizetype ByteBuffer::appendRoom(qsizetype count)
+{
+    const qsizetype position = m_bytes.size();
+    grown(count);
+    return position;
+}
+
 /// Room for more bytes at the end. QByteArray::append() would copy all that is there where the memory ends, and for the
 /// time hold it twice; resize() has the system move the pages.
 char *ByteBuffer::grown(qsizetype count)

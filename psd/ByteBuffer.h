@@ -28,6 +28,10 @@ public:
     void append(QByteArrayView bytes);
     void append(const ByteBuffer &other) { append(other.m_bytes); }
     void appendZeros(qsizetype count);
+    /// Appends `count` bytes of any value, for whoever fills them; returns where they begin.
+    qsizetype appendRoom(qsizetype count);
+    /// The byte at `position`, and all behind it; good until something is appended.
+    char *at(qsizetype position) { return m_bytes.data() + position; }
 
     /// Writes a value over `length` bytes that are there already: of a length that is known only when its record ends.
     void replaceValue(qsizetype position, qint64 value, int length);

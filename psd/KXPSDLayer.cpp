@@ -2,7 +2,6 @@
 
 #include "drawing/Raster.h"
 #include "psd/LayerPixels.h"
-#include "psd/PackBits.h"
 #include "psd/PackedChannels.h"
 #include "psd/PascalString.h"
 #include "psd/WholeNumbers.h"
@@ -75,13 +74,6 @@ bool isLongerThanCounts(const PackedChannel &channel)
     return std::any_of(channel.begin(), channel.end(), [isTooLong](const PackedRows &rows) {
         return std::any_of(rows.counts.begin(), rows.counts.end(), isTooLong);
     });
-}
-
-void writeChannel(ByteBuffer &buffer, const PackedChannel &channel)
-{
-    buffer.kxAppendValue(PackBits::compression, 2);
-    appendCounts(buffer, channel);
-    appendRows(buffer, channel);
 }
 
 QString regionText(const QRectF &region)
@@ -264,13 +256,7 @@ std::vector<qint64> KXPSDLayer::writeChannels(ByteBuffer &buffer, ChannelPacker 
         return {};
     }
 
-    std::vector<qint64> lengths;
-    for (const PackedChannel &channel : channels) {
-        const qsizetype start = buffer.length();
-        writeChannel(buffer, channel);
-        lengths.push_back(buffer.length() - start);
-    }
-    return lengths;
+    return appendOneByOne(buffer, channels);
 }
 
 void KXPSDLayer::writeLayerInformationOn(ByteBuffer &buffer)

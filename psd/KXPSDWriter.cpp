@@ -1,7 +1,5 @@
 #include "psd/KXPSDWriter.h"
 
-#include "drawing/DrawingSurface.h"
-#include "drawing/Raster.h"
 #include "psd/LayerPixels.h"
 #include "psd/WholeNumbers.h"
 
@@ -118,7 +116,8 @@ std::vector<KXPSDWriter::LayerPointer> KXPSDWriter::visibleLayers() const
 QByteArray KXPSDWriter::flattenedData() const
 {
     try {
-        return LayerPixels::blockOf(m_flattenedSnapshot, m_flattenedSnapshot.width(), m_flattenedSnapshot.height());
+        const QImage pixels = m_flattenedSnapshot.pixels();
+        return LayerPixels::blockOf(pixels, pixels.width(), pixels.height());
     } catch (const std::bad_alloc &) {
         return {};
     }
@@ -224,13 +223,13 @@ qint64 KXPSDWriter::likelyBytes() const
 
 void KXPSDWriter::resetFlattenedContext()
 {
-    QImage old = std::exchange(m_flattenedContext, {});
+    m_flattenedContext = {};
     if (m_documentSize.width() <= 0 && m_documentSize.height() <= 0)
         return;
-    m_flattenedContext = Raster::reuse(std::move(old), WholeNumbers::truncated(m_documentSize.width()),
-                                       WholeNumbers::truncated(m_documentSize.height()));
-    if (!m_flattenedContext.isNull())
-        m_flattenedContext.fill(m_hasTransparentLayers ? Qt::transparent : Qt::white);
+    using Background = MergedPicture::Background;
+    m_flattenedContext =
+        MergedPicture(WholeNumbers::truncated(m_documentSize.width()), WholeNumbers::truncated(m_documentSize.height()),
+                      m_hasTransparentLayers ? Background::Transparent : Background::White);
 
     // Both lists by the same index: where layers are not visible, others are given the size than are drawn. Kept, since
     // files are compared to the byte.
@@ -251,19 +250,19 @@ bool KXPSDWriter::addLayerToFlattenedContext(const KXPSDLayer *layer, KXPSDError
         return KXPSDError::tell(error, KXPSDError::ZeroDocumentSize,
                                 "You must specify a non-zero documentSize before adding a layer");
     }
-    m_flattenedContext.detach(); // from what the last preprocess() took
-    if (m_flattenedContext.isNull())
-        return KXPSDError::tell(error, KXPSDError::OutOfMemory, "There is not enough memory for the merged picture.");
     const QImage image = layer ? layer->croppedImage() : QImage();
-    if (image.isNull())
-        return true;
-    // As large as the image, which at the document's edges is not always as large as its region.
-    const QPointF topLeft = layer->imageInDocumentRegion().topLeft();
-    const QRectF target(topLeft.x(), m_documentSize.height() - topLeft.y() - image.height(), image.width(),
-                        image.height());
-    DrawingSurface(m_flattenedContext)
-        .drawImage(image, target, Compositing::SourceOver, painterOpacity(layer->opacity()));
-    return true;
+    bool isDone = !m_flattenedContext.isNull();
+    if (isDone && !image.isNull()) {
+        // As large as the image, which at the document's edges is not always as large as its region. It stands as far
+        // from the lower edge as in the document, whose height may have a fraction more than the picture's.
+        const QPointF topLeft = layer->imageInDocumentRegion().topLeft();
+        const double below = m_documentSize.height() - topLeft.y() - image.height();
+        const QRectF target(topLeft.x(), m_flattenedContext.size().height() - below - image.height(), image.width(),
+                            image.height());
+        isDone = m_flattenedContext.draw(image, target, painterOpacity(layer->opacity()));
+    }
+    return isDone ||
+           KXPSDError::tell(error, KXPSDError::OutOfMemory, "There is not enough memory for the merged picture.");
 }
 
 bool KXPSDWriter::preprocess(KXPSDError *error)

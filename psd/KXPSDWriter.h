@@ -3,6 +3,7 @@
 #include "psd/KXPSDError.h"
 #include "psd/KXPSDGroupLayer.h"
 #include "psd/KXPSDLayer.h"
+#include "psd/MergedPicture.h"
 #include "psd/PackedChannels.h"
 
 #include <QByteArray>
@@ -85,8 +86,9 @@ public:
     int numberOfChannels() const { return m_hasTransparentLayers ? 4 : 3; }
     /// The layers that files hold: those with a valid size.
     std::vector<LayerPointer> visibleLayers() const;
-    /// The merged picture in raster format (drawing/Raster.h), premultiplied; null where there is no size for one.
-    const QImage &flattenedContext() const { return m_flattenedContext; }
+    /// The merged picture in raster format (drawing/Raster.h), premultiplied; null where there is no size for one, or
+    /// the memory cannot be had. A file is made without it.
+    QImage flattenedContext() const { return m_flattenedContext.pixels(); }
     /// Its bytes as of the last preprocess(): red, green, blue, alpha, top row first; empty before.
     QByteArray flattenedData() const;
 
@@ -147,8 +149,8 @@ private:
     qint32 m_colorProfile = NoProfile;
     std::vector<LayerPointer> m_layers;
     std::vector<OpeningPointer> m_openGroups; ///< of the layers, innermost last
-    QImage m_flattenedContext;
-    QImage m_flattenedSnapshot; ///< the merged picture at the last preprocess(), shared until it changes
+    MergedPicture m_flattenedContext;
+    MergedPicture m_flattenedSnapshot; ///< as of the last preprocess(); they share what they hold
     ChannelPacker m_packer;
     Progress m_progress;
 };

@@ -1,5 +1,4 @@
 #include "psd/KXPSDWriter.h"
-#include "psd/PackBits.h"
 #include "psd/WholeNumbers.h"
 
 #include <QFile>
@@ -153,13 +152,7 @@ bool KXPSDWriter::writeImageDataSectionOn(ByteBuffer &buffer, KXPSDError *error)
     if (m_flattenedSnapshot.isNull())
         return KXPSDError::tellOutOfMemory(error);
     try {
-        const PixelView pixels = PixelView::ofRaster(m_flattenedSnapshot);
-        const auto channels = m_packer.pack(pixels, Placement::filledBy(pixels), numberOfChannels());
-        buffer.kxAppendValue(PackBits::compression, 2);
-        for (const PackedChannel &channel : channels)
-            appendCounts(buffer, channel);
-        for (const PackedChannel &channel : channels)
-            appendRows(buffer, channel);
+        appendTogether(buffer, m_packer.pack(m_flattenedSnapshot, numberOfChannels()));
         return fitsFile(buffer, error);
     } catch (const std::bad_alloc &) {
         return KXPSDError::tellOutOfMemory(error);

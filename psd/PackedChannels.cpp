@@ -1,20 +1,27 @@
 #include "psd/PackedChannels.h"
 
+#include "base/Bands.h"
+#include "drawing/Raster.h"
+#include "psd/MergedPicture.h"
+#include "psd/PackBits.h"
 #include "psd/PixelPlanes.h"
 #include "psd/RowPacker.h"
 
 #include <QSysInfo>
-#include <QThread>
+#include <QThreadPool>
 
 #include <algorithm>
 #include <cstring>
 #include <functional>
-#include <future>
-#include <system_error>
+#include <new>
 #include <utility>
 
 namespace {
 constexpr int bytesPerPixel = 4;
+
+/// Where red, green, blue and alpha lie in a pixel of a raster.
+constexpr std::array<int, 4> rasterBytes =
+    QSysInfo::ByteOrder == QSysInfo::LittleEndian ? std::array{2, 1, 0, 3} : std::array{1, 2, 3, 0};
 
 /// The packed stream of `count` equal samples; empty for none.
 QByteArray packedBlank(qint64 count, uchar value)
@@ -110,10 +117,13 @@ public:
         }
     }
 
-    void appendPixelRows(qint64 first, qint64 end)
+    /// Rows one below the other; the last one is looked at again when the next ones come.
+    void appendPixelRows(const uchar *first, qint64 count)
     {
-        for (qint64 y = first; y < end; ++y)
-            appendPixelRow(y, y > first);
+        for (const uchar *row = first; count > 0; --count, row += m_pixels.bytesPerRow) {
+            appendPixelRow(row);
+            m_above = row;
+        }
     }
 
 private:
@@ -125,24 +135,21 @@ private:
         return rows;
     }
 
-    const uchar *row(qint64 y) const { return m_pixels.pixels + y * m_pixels.bytesPerRow; }
-
     /// Test charts repeat their rows, and where not whole rows, then those of one channel.
-    void appendPixelRow(qint64 y, bool hasRowAbove)
+    void appendPixelRow(const uchar *row)
     {
         const auto rowLength = static_cast<std::size_t>(m_pixels.width * bytesPerPixel);
-        if (hasRowAbove && std::memcmp(row(y), row(y - 1), rowLength) == 0) {
+        if (m_above && std::memcmp(row, m_above, rowLength) == 0) {
             for (ChannelRows &rows : m_rows)
                 rows.repeatLast();
             return;
         }
         std::swap(m_planes, m_planesAbove);
-        m_planes.split(row(y), m_pixels.width);
+        m_planes.split(row, m_pixels.width);
         for (std::size_t channel = 0; channel < m_rows.size(); ++channel) {
             const int byte = m_pixels.channelBytes[channel];
             const uchar *const plane = m_planes.plane(byte);
-            if (hasRowAbove &&
-                std::memcmp(plane, m_planesAbove.plane(byte), static_cast<std::size_t>(m_pixels.width)) == 0)
+            if (m_above && std::memcmp(plane, m_planesAbove.plane(byte), static_cast<std::size_t>(m_pixels.width)) == 0)
                 m_rows[channel].repeatLast();
             else
                 m_rows[channel].appendPacked(m_packer, plane, m_pixels.width, m_left, m_right);
@@ -150,6 +157,7 @@ private:
     }
 
     const PixelView &m_pixels;
+    const uchar *m_above = nullptr; ///< the last row of pixels
     std::vector<ChannelRows> m_rows;
     RowPacker m_packer;
     Planes m_planes;
@@ -163,36 +171,86 @@ private:
 qint64 bandsFor(qint64 pixels)
 {
     constexpr qint64 leastPixels = qint64{1} << 17;
-    return std::clamp<qint64>(pixels / leastPixels, 1, std::max(1, QThread::idealThreadCount()));
+    const int threads = QThreadPool::globalInstance()->maxThreadCount();
+    return std::clamp<qint64>(pixels / leastPixels, 1, std::max(1, threads));
 }
 
-/// Begins `work` on another thread; where none can be had it is done when its end is waited for.
-std::future<void> begun(const std::function<void(qint64)> &work, qint64 number)
+/// Rows of a picture that is drawn only as they are needed.
+class DrawnRows
 {
-    try {
-        return std::async(std::launch::async, work, number);
-    } catch (const std::system_error &) {
-        return std::async(std::launch::deferred, work, number);
+public:
+    explicit DrawnRows(const MergedPicture &picture) : m_picture(picture)
+    {
+        for (QImage &rows : m_drawn)
+            rows = Raster::make(picture.size().width(), mostRows);
+        if (m_drawn.front().isNull() || m_drawn.back().isNull())
+            throw std::bad_alloc();
+    }
+
+    void appendTo(BandRows &band, qint64 first, qint64 end)
+    {
+        while (first < end) {
+            std::swap(m_drawn.front(), m_drawn.back()); // the rows above stay
+            QImage &rows = m_drawn.front();
+            // Where a row stands in the raster as in the picture, its pixels are the same.
+            uchar *const bytes = rows.bits() + first % mostRows * rows.bytesPerLine();
+            const qint64 count = std::min(mostRows - first % mostRows, end - first);
+            QImage part(bytes, rows.width(), static_cast<int>(count), rows.bytesPerLine(), Raster::format);
+            m_picture.drawRows(static_cast<int>(first), part);
+            band.appendPixelRows(bytes, count);
+            first += count;
+        }
+    }
+
+private:
+    static constexpr qint64 mostRows = 16; ///< few enough for a processor's cache
+
+    const MergedPicture &m_picture;
+    std::array<QImage, 2> m_drawn;
+};
+
+void appendCounts(ByteBuffer &buffer, const PackedChannel &channel)
+{
+    for (const PackedRows &rows : channel) {
+        char *out = buffer.at(buffer.appendRoom(2 * std::ssize(rows.counts)));
+        for (const quint32 count : rows.counts) {
+            *out++ = static_cast<char>(count >> 8);
+            *out++ = static_cast<char>(count);
+        }
     }
 }
 
-/// Does `work` for 0 to `count` - 1 and throws what it throws.
-void inParallel(qint64 count, const std::function<void(qint64)> &work)
+/// Rows that are packed, and where in the document they belong.
+struct Piece
 {
-    std::vector<std::future<void>> others;
-    for (qint64 number = 1; number < count; ++number)
-        others.push_back(begun(work, number));
-    work(0);
-    for (std::future<void> &other : others)
-        other.get();
+    const QByteArray &bytes;
+    qsizetype position;
+};
+
+void appendRoomFor(const PackedChannel &channel, ByteBuffer &buffer, std::vector<Piece> &pieces)
+{
+    for (const PackedRows &rows : channel)
+        pieces.push_back({rows.bytes, buffer.appendRoom(rows.bytes.size())});
+}
+
+/// The memory of a document is new, and the system clears its large pages when they are first written to: half of the
+/// pieces for each of two threads, and none of them in turn.
+void fill(const std::vector<Piece> &pieces, ByteBuffer &buffer)
+{
+    constexpr qsizetype leastBytes = qsizetype{1} << 20; // that are worth waking a thread
+    const auto count = static_cast<int>(pieces.size());
+    const bool isLarge = count > 0 && buffer.length() - pieces.front().position >= leastBytes;
+    char *const document = buffer.at(0);
+    Bands::forEach(count, std::max(1, isLarge ? count / 2 : count), [&](int first, int length) {
+        for (const Piece &piece : std::span(pieces).subspan(first, length))
+            std::copy_n(piece.bytes.constData(), piece.bytes.size(), document + piece.position);
+    });
 }
 } // namespace
 
 PixelView PixelView::ofRaster(const QImage &raster)
 {
-    constexpr bool isLittleEndian = QSysInfo::ByteOrder == QSysInfo::LittleEndian;
-    const std::array<int, 4> channelBytes = isLittleEndian ? std::array{2, 1, 0, 3} : std::array{1, 2, 3, 0};
-    return {raster.constBits(), raster.bytesPerLine(), raster.width(), raster.height(), channelBytes};
+    return {raster.constBits(), raster.bytesPerLine(), raster.width(), raster.height(), rasterBytes};
 }
 
 Placement Placement::filledBy(const PixelView &pixels)
@@ -200,24 +258,53 @@ Placement Placement::filledBy(const PixelView &pixels)
     return {pixels.height, pixels.width, 0, 0, 0, 0};
 }
 
-void appendCounts(ByteBuffer &buffer, const PackedChannel &channel)
+std::vector<qint64> appendOneByOne(ByteBuffer &buffer, std::span<const PackedChannel> channels)
 {
-    for (const PackedRows &rows : channel) {
-        for (const quint32 count : rows.counts)
-            buffer.kxAppendValue(count, 2);
+    std::vector<qint64> lengths;
+    std::vector<Piece> pieces;
+    for (const PackedChannel &channel : channels) {
+        const qsizetype start = buffer.length();
+        buffer.kxAppendValue(PackBits::compression, 2);
+        appendCounts(buffer, channel);
+        appendRoomFor(channel, buffer, pieces);
+        lengths.push_back(buffer.length() - start);
     }
+    fill(pieces, buffer);
+    return lengths;
 }
 
-void appendRows(ByteBuffer &buffer, const PackedChannel &channel)
+void appendTogether(ByteBuffer &buffer, std::span<const PackedChannel> channels)
 {
-    for (const PackedRows &rows : channel)
-        buffer.append(rows.bytes);
+    std::vector<Piece> pieces;
+    buffer.kxAppendValue(PackBits::compression, 2);
+    for (const PackedChannel &channel : channels)
+        appendCounts(buffer, channel);
+    for (const PackedChannel &channel : channels)
+        appendRoomFor(channel, buffer, pieces);
+    fill(pieces, buffer);
 }
 
 ChannelPacker::ChannelPacker() = default;
 ChannelPacker::~ChannelPacker() = default;
 
 std::span<const PackedChannel> ChannelPacker::pack(const PixelView &pixels, const Placement &placement, int count)
+{
+    return packBands(pixels, placement, count, [&](BandRows &rows, qint64 first, qint64 end) {
+        rows.appendPixelRows(pixels.pixels + first * pixels.bytesPerRow, end - first);
+    });
+}
+
+std::span<const PackedChannel> ChannelPacker::pack(const MergedPicture &picture, int count)
+{
+    const PixelView pixels{nullptr, picture.size().width() * bytesPerPixel, picture.size().width(),
+                           picture.size().height(), rasterBytes};
+    return packBands(pixels, Placement::filledBy(pixels), count,
+                     [&](BandRows &rows, qint64 first, qint64 end) { DrawnRows(picture).appendTo(rows, first, end); });
+}
+
+template <typename AppendRows>
+std::span<const PackedChannel> ChannelPacker::packBands(const PixelView &pixels, const Placement &placement, int count,
+                                                        const AppendRows &appendRows)
 {
     const qint64 above = std::clamp<qint64>(placement.top, 0, placement.rows);
     const qint64 withPixels = pixels.width > 0 ? std::clamp<qint64>(pixels.height, 0, placement.rows - above) : 0;
@@ -226,11 +313,11 @@ std::span<const PackedChannel> ChannelPacker::pack(const PixelView &pixels, cons
     for (PackedChannel &channel : m_channels)
         channel.resize(static_cast<std::size_t>(bands));
 
-    inParallel(bands, [&](qint64 band) {
+    Bands::forEach(static_cast<int>(bands), 1, [&](int band, int) {
         BandRows rows(pixels, placement, m_channels, band);
         if (band == 0)
             rows.appendBlankRows(above);
-        rows.appendPixelRows(withPixels * band / bands, withPixels * (band + 1) / bands);
+        appendRows(rows, withPixels * band / bands, withPixels * (band + 1) / bands);
         if (band == bands - 1)
             rows.appendBlankRows(placement.rows - above - withPixels);
     });

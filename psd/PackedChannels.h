@@ -10,6 +10,8 @@
 #include <span>
 #include <vector>
 
+class MergedPicture;
+
 /// Pixels of four bytes where they lie in memory, top row first; whoever made the view keeps them there.
 struct PixelView
 {
@@ -48,10 +50,11 @@ struct PackedRows
 /// One channel: its rows in bands, from top to bottom.
 using PackedChannel = std::vector<PackedRows>;
 
-/// Appends the byte counts of all rows, two bytes each: the low ones of a count that is larger.
-void appendCounts(ByteBuffer &buffer, const PackedChannel &channel);
-/// Appends the bytes of all rows.
-void appendRows(ByteBuffer &buffer, const PackedChannel &channel);
+/// Appends channels as a layer has them: each with its compression, the byte counts of its rows, two bytes each (the
+/// low ones of a count that is larger), and its rows. Returns the length of each channel.
+std::vector<qint64> appendOneByOne(ByteBuffer &buffer, std::span<const PackedChannel> channels);
+/// Appends channels as the merged picture has them: one compression, all counts, all rows.
+void appendTogether(ByteBuffer &buffer, std::span<const PackedChannel> channels);
 
 /// Packs layers' pixels, large ones in bands on several threads, keeping its memory from one layer to the next.
 class ChannelPacker
@@ -66,7 +69,13 @@ public:
     /// is copied instead of being packed again. Rows of the pixels that lie below the last row are left out. The result
     /// is good until the next call. Memory that cannot be had is a std::bad_alloc.
     std::span<const PackedChannel> pack(const PixelView &pixels, const Placement &placement, int count);
+    /// The same of a picture, which is drawn a few rows at a time.
+    std::span<const PackedChannel> pack(const MergedPicture &picture, int count);
 
 private:
+    template <typename AppendRows>
+    std::span<const PackedChannel> packBands(const PixelView &pixels, const Placement &placement, int count,
+                                             const AppendRows &appendRows);
+
     std::vector<PackedChannel> m_channels;
 };

@@ -1,10 +1,11 @@
 #include "base/Bands.h"
 
+#include "tests/base/Threads.h"
+
 #include <QMutex>
 #include <QMutexLocker>
 #include <QSemaphore>
 #include <QThread>
-#include <QThreadPool>
 
 #include <algorithm>
 #include <atomic>
@@ -14,21 +15,6 @@
 #include <vector>
 
 namespace {
-/// As many threads as a machine with `count` processors has, for as long as this lives.
-class Threads
-{
-public:
-    explicit Threads(int count) : m_before(pool().maxThreadCount()) { pool().setMaxThreadCount(count); }
-    ~Threads() { pool().setMaxThreadCount(m_before); }
-    Threads(const Threads &) = delete;
-    Threads &operator=(const Threads &) = delete;
-
-    static QThreadPool &pool() { return *QThreadPool::globalInstance(); }
-
-private:
-    int m_before;
-};
-
 struct Band
 {
     int first;

@@ -1,5 +1,6 @@
 #include "psd/ByteBuffer.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -90,4 +91,16 @@ TEST(ByteBuffer, TakenBytesLeaveItEmpty)
     buffer.kxAppendUTF8String(u"8BPS");
     EXPECT_EQ(buffer.takeBytes(), QByteArray("8BPS"));
     EXPECT_EQ(buffer.length(), 0);
+}
+
+TEST(ByteBuffer, RoomIsFilledAfterwards)
+{
+    ByteBuffer buffer;
+    buffer.append("ab");
+    EXPECT_EQ(buffer.appendRoom(3), 2);
+    buffer.append("f");
+    std::copy_n("cde", 3, buffer.at(2));
+    EXPECT_EQ(buffer.bytes(), "abcdef");
+    EXPECT_EQ(buffer.appendRoom(0), 6);
+    EXPECT_EQ(buffer.length(), 6);
 }
