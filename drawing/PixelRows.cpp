@@ -168,5 +168,13 @@ void finishCopies()
     hwy::FlushStream();
 }
 
+bool areOpaque(const QRgb *pixels, qsizetype count)
+{
+    QRgb all = ~QRgb{0};
+    for (qsizetype i = 0; i < count; ++i)
+        all &= pixels[i];
+    return qAlpha(all) == 255;
+}
+
 } // namespace PixelRows
 #endif

@@ -18,6 +18,9 @@ void unite(uchar *coverage, const uchar *added, qsizetype count);
 void copyPastCache(QRgb *pixels, const QRgb *source, qsizetype count);
 void finishCopies();
 
+/// Whether all of `count` pixels are opaque.
+bool areOpaque(const QRgb *pixels, qsizetype count);
+
 /// Has the processor fetch a pixel that will soon be drawn over; a hint only.
 inline void prefetch(const QRgb *pixel)
 {

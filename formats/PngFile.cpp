@@ -1,17 +1,15 @@
 #include "formats/PngFile.h"
 
+#include "base/Bands.h"
 #include "base/FileBytes.h"
+#include "drawing/PixelRows.h"
 #include "drawing/Raster.h"
 #include "formats/PngRows.h"
-#include "output/OpaqueSpans.h"
 
-#include <QSemaphore>
-#include <QThreadPool>
 #include <QtEndian>
 
 #include <algorithm>
 #include <atomic>
-#include <functional>
 #include <isa-l/crc.h>
 #include <isa-l/igzip_lib.h>
 #include <optional>
@@ -39,6 +37,9 @@ constexpr qint64 sectionBytes = qint64{512} << 10;
 /// its own address for something that came before, and the same rows would not always give the same bytes.
 constexpr std::size_t storedBytes = 8;
 
+/// Rows that a thread looks through at a time for pixels that are not opaque.
+constexpr int rowsPerLook = 128;
+
 /// 32 bits a pixel, alpha in the highest of them where there is any.
 QImage prepared(const QImage &picture)
 {
@@ -51,9 +52,14 @@ bool isOpaque(const QImage &picture)
 {
     if (!picture.hasAlphaChannel())
         return true;
-    const std::vector<OpaqueSpans::Span> wholeRow{{0, picture.width(), LayerRows::Coverage::Opaque}};
-    const OpaqueSpans opaque(picture);
-    return opaque.bands().size() == 1 && opaque.bands().front().spans == wholeRow;
+    std::atomic<bool> areOpaque = true;
+    Bands::forEach(picture.height(), rowsPerLook, [&](int first, int count) {
+        for (int y = first; y < first + count && areOpaque; ++y) {
+            if (!PixelRows::areOpaque(reinterpret_cast<const QRgb *>(picture.constScanLine(y)), picture.width()))
+                areOpaque = false;
+        }
+    });
+    return areOpaque;
 }
 
 QByteArray bigEndian(quint32 number)
@@ -209,27 +215,11 @@ std::optional<std::size_t> SectionMaker::deflate(Bytes before, Bytes bytes, std:
     return isDone ? std::optional<std::size_t>(stream.total_out) : std::nullopt;
 }
 
-/// Has this thread and all that idle do `work`, and waits for the last of them.
-void shareOut(int mostHelpers, const std::function<void()> &work)
-{
-    QThreadPool &pool = *QThreadPool::globalInstance();
-    QSemaphore done;
-    const auto help = [&] {
-        work();
-        done.release();
-    };
-    int helpers = 0;
-    while (helpers < std::min(mostHelpers, pool.maxThreadCount() - 1) && pool.tryStart(help))
-        ++helpers;
-    work();
-    done.acquire(helpers);
-}
-
 std::vector<std::optional<Section>> allSections(const Rows &rows)
 {
     std::vector<std::optional<Section>> sections(rows.sections());
     std::atomic<int> next = 0;
-    shareOut(rows.sections() - 1, [&] {
+    Bands::shareOut(rows.sections() - 1, [&] {
         SectionMaker maker(rows);
         for (int index = next++; index < rows.sections(); index = next++)
             sections[index] = maker.section(index);

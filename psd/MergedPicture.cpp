@@ -1,6 +1,7 @@
 #include "psd/MergedPicture.h"
 
 #include "base/Bands.h"
+#include "drawing/PixelRows.h"
 #include "drawing/Raster.h"
 
 #include <QPainter>
@@ -17,14 +18,6 @@ constexpr int leastRows = 16;
 bool isWhole(const QPointF &point)
 {
     return point.x() == std::trunc(point.x()) && point.y() == std::trunc(point.y());
-}
-
-bool isOpaque(const QRgb *pixels, int count)
-{
-    QRgb all = ~QRgb{0};
-    for (int x = 0; x < count; ++x)
-        all &= pixels[x];
-    return qAlpha(all) == 255;
 }
 } // namespace
 
@@ -85,7 +78,7 @@ private:
     static bool isOpaqueIn(const Part &part, const QRect &rect)
     {
         int y = rect.top();
-        while (y <= rect.bottom() && isOpaque(part.pixels(rect.left(), y), rect.width()))
+        while (y <= rect.bottom() && PixelRows::areOpaque(part.pixels(rect.left(), y), rect.width()))
             ++y;
         return y > rect.bottom();
     }

@@ -89,3 +89,16 @@ TEST(PixelRows, CopiesReachEveryPixelAndNoOther)
         }
     }
 }
+
+TEST(PixelRows, OnePixelThatIsNotOpaqueIsFoundWhereverItStands)
+{
+    std::vector<QRgb> pixels(70, 0xff000000);
+    EXPECT_TRUE(PixelRows::areOpaque(pixels.data(), 0));
+    EXPECT_TRUE(PixelRows::areOpaque(pixels.data(), 70));
+    for (qsizetype i = 0; i < 70; ++i) {
+        pixels[i] = 0xfeffffff;
+        EXPECT_FALSE(PixelRows::areOpaque(pixels.data(), 70)) << i;
+        EXPECT_TRUE(PixelRows::areOpaque(pixels.data(), i)) << i;
+        pixels[i] = 0xffffffff;
+    }
+}

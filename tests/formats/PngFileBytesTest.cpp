@@ -1,5 +1,6 @@
 #include "drawing/Raster.h"
 #include "formats/PngFile.h"
+#include "tests/base/Threads.h"
 
 #include <QPainter>
 #include <QSet>
@@ -48,6 +49,12 @@ QImage chart()
     painter.drawEllipse(QRectF(300.5, -200, 135, 500));
     return picture;
 }
+
+QByteArray fileByThreads(int threads, const QImage &picture)
+{
+    const Threads available(threads);
+    return *PngFile::encode(picture);
+}
 } // namespace
 
 TEST(PngFileBytes, AreTheSameWhereverTheEncoderStandsInMemory)
@@ -60,4 +67,20 @@ TEST(PngFileBytes, AreTheSameWhereverTheEncoderStandsInMemory)
         runOnStackAt(pages(engine), static_cast<char>(i % 2 == 0 ? 0 : i),
                      [&] { files.insert(*PngFile::encode(picture)); });
     EXPECT_EQ(files.size(), 1);
+}
+
+TEST(PngFileBytes, AreTheSameWhateverTheNumberOfThreads)
+{
+    for (const int height : {1, 2, 127, 128, 255, 256, 257, 1023}) {
+        QImage picture = chart().scaled(997, height);
+        for (const QColor last : {QColor(1, 2, 3), QColor(1, 2, 3, 254)}) {
+            picture.setPixelColor(996, height - 1, last);
+            const QByteArray single = fileByThreads(1, picture);
+            EXPECT_EQ(fileByThreads(2, picture), single) << height;
+            EXPECT_EQ(fileByThreads(8, picture), single) << height;
+            // In the header, behind the signature, a length, a type, two sides and the bits of a channel.
+            EXPECT_EQ(single[25], last.alpha() == 255 ? 2 : 6) << height;
+            EXPECT_EQ(QImage::fromData(single).pixelColor(996, height - 1), last) << height;
+        }
+    }
 }
