@@ -150,6 +150,20 @@ TEST_F(LWAppDelegateFiles, WhatWasSavedOpensAgain)
     EXPECT_EQ(archive(), before);
 }
 
+TEST_F(LWAppDelegateFiles, AnExportShowsTheEditsThatTheGateHasPutOff)
+{
+    document.setBgColor(NamedColour::black);
+    selected()->setRectColor(NamedColour::red);
+    selected()->setRectColor2(NamedColour::red);
+    document.update();
+    document.setValue(QVariant::fromValue(OptionalColour(NamedColour::blue)), "arrangedObjects.rectColor");
+    document.setValue(QVariant::fromValue(OptionalColour(NamedColour::blue)), "arrangedObjects.rectColor2");
+    ASSERT_FALSE(document.shouldUpdate());
+    person.savePanelAnswer = folder.filePath("output");
+    document.saveAction();
+    EXPECT_EQ(QImage(folder.filePath("output.png")).pixelColor(200, 330), QColor(Qt::blue));
+}
+
 TEST_F(LWAppDelegateFiles, ACancelledSavePanelWritesNothing)
 {
     document.saveProject();

@@ -46,6 +46,15 @@ TEST_F(UndoTrial, TypingThatHasEndedIsNotTakenBack)
     EXPECT_TRUE(stack.canRedo());
 }
 
+TEST_F(UndoTrial, TypingElsewhereThatChangesNothingEndsIt)
+{
+    type(12);
+    edit("row", document.allScreensArray().front()->row());
+    document.takeBackTyping();
+    EXPECT_EQ(document.allScreensArray().front()->col(), 12);
+    EXPECT_EQ(stack.count(), 1);
+}
+
 TEST_F(UndoTrial, WhatIsTriedAndKeptIsOneStep)
 {
     expectUndone("colour 1", [&] {
