@@ -11,6 +11,7 @@
 
 namespace {
 constexpr int distanceOfText = 16;
+} // namespace
 
 QRect movedIntoSight(const QWidget &widget, QRect box)
 {
@@ -18,7 +19,6 @@ QRect movedIntoSight(const QWidget &widget, QRect box)
                std::clamp(box.y(), 0, std::max(0, widget.height() - box.height())));
     return box;
 }
-} // namespace
 
 QRect boxBeside(const QWidget &widget, const QPointF &widgetPoint, const QString &text)
 {
@@ -86,9 +86,4 @@ void CanvasPainter::text(const QRect &box, const QString &text)
 void CanvasPainter::textBesidePointer(const QString &text)
 {
     this->text(boxBeside(m_widget, m_pointer.value_or(QRectF(m_widget.rect()).center()), text), text);
-}
-
-QRect CanvasPainter::inSight(QRect box) const
-{
-    return movedIntoSight(m_widget, box);
 }

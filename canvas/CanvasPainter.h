@@ -13,6 +13,9 @@ class CanvasGeometry;
 class Layer;
 class QWidget;
 
+/// A box of that size, moved so that none of it is cut off by the widget.
+QRect movedIntoSight(const QWidget &widget, QRect box);
+
 /// A box for a text beside a point of the widget, all of it in sight.
 QRect boxBeside(const QWidget &widget, const QPointF &widgetPoint, const QString &text);
 
@@ -43,8 +46,6 @@ public:
     /// In a box of the widget.
     void text(const QRect &box, const QString &text);
     void textBesidePointer(const QString &text);
-    /// A box of that size, moved so that none of it is cut off by the widget.
-    QRect inSight(QRect box) const;
 
 private:
     QColor highlight() const;

@@ -5,6 +5,8 @@
 
 #include <QApplication>
 
+#include <utility>
+
 LWCanvasImageView::LWCanvasImageView(CanvasDocument &document, QWidget *parent)
     : QWidget(parent), m_document(document), m_geometry(*this, document)
 {
@@ -29,12 +31,24 @@ void LWCanvasImageView::showOutput()
     CanvasFrame frame = deviceFrame();
     frame.setOutput(m_document.output().picture.size());
     takeFrame(frame);
+    for (const QRect &part : m_picture.stale(m_document.output(), deviceFrame().place()))
+        update(m_geometry.widgetPlaceOf(part).toAlignedRect().adjusted(-1, -1, 1, 1));
 }
 
 void LWCanvasImageView::showChanges()
 {
     placeMarker();
-    update();
+    if (!isDragged())
+        showCursor(); // a layer may have gone from under the pointer, or come
+    showOverlay();
+}
+
+void LWCanvasImageView::showOverlay()
+{
+    if (Overlay now = overlay(); now != m_overlay) {
+        m_overlay = std::move(now);
+        update();
+    }
 }
 
 /// Around a selected still as it was rendered last, in the frame as it is now; other layers have none.
@@ -67,7 +81,7 @@ void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
     const bool isExact = layer && !deviceFrame().isFitted() && !m_geometry.isEmpty();
     m_cropMarker.setExactScale(isExact ? m_geometry.unitsPerPixel() : QSizeF());
     m_cropMarker.setSelectedRect(isExact ? exactRectangle(*layer) : rectangle);
-    update();
+    showOverlay();
 }
 
 QRectF LWCanvasImageView::exactRectangle(const Layer &layer) const
@@ -80,13 +94,13 @@ QRectF LWCanvasImageView::exactRectangle(const Layer &layer) const
 void LWCanvasImageView::showRectangle()
 {
     m_cropMarker.setHide(false);
-    update();
+    showOverlay();
 }
 
 void LWCanvasImageView::hideRectangle()
 {
     m_cropMarker.setHide(true);
-    update();
+    showOverlay();
 }
 
 void LWCanvasImageView::zoomToFit()
@@ -138,8 +152,9 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
     if (isOtherSize)
         placeMarker();
     tellReadOut();
-    if (isOther)
-        emit frameDidChange();
+    if (!isOther)
+        return;
+    emit frameDidChange();
     update();
 }
 

@@ -160,12 +160,35 @@ private:
     void showCursor();
     void bringIntoSight(const QRectF &pixels);
 
+    /// A text in a place: of the widget, or in device pixels.
+    struct PlacedName
+    {
+        QString name;
+        QRect place;
+
+        bool operator==(const PlacedName &) const = default;
+    };
+    /// What the document says of what lies over the output; where that is another, all is painted anew.
+    struct Overlay
+    {
+        std::optional<PlacedName> selected;
+        std::vector<QRect> selectedPlaces; ///< in device pixels
+        std::vector<PlacedName> missing;   ///< likewise
+        std::optional<QRectF> marker;
+
+        bool operator==(const Overlay &) const = default;
+    };
+    Overlay overlay() const;
+    void showOverlay();
+    std::optional<PlacedName> nameOfSelected() const;
+    std::vector<PlacedName> missingPictures() const;
+
     void paintWithoutOutput(QPainter &painter) const;
-    void paintMissingPicture(QPainter &painter, const LWStill &still) const;
-    void paintName(CanvasPainter &painter) const;
+    void paintMissingPicture(QPainter &painter, const PlacedName &still) const;
 
     CanvasDocument &m_document;
     CanvasPicture m_picture;
+    Overlay m_overlay; ///< as it was told to be painted last
     CanvasGeometry m_geometry;
     JXSelectionBorder m_cropMarker;
     CanvasReadOut m_readOut;

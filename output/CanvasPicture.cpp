@@ -9,6 +9,30 @@
 #include <utility>
 
 namespace {
+/// More rectangles than these cost more than painting all.
+constexpr int mostParts = 32;
+
+bool isReduced(const QSize &output, const QRect &place)
+{
+    return place.width() < output.width() || place.height() < output.height();
+}
+
+/// Where a part of the output is painted.
+QRect placeOf(const QRect &part, const QSize &output, const QRect &place)
+{
+    if (isReduced(output, place))
+        return AreaReduction::shownIn(part, output, place.size()).translated(place.topLeft());
+    const QSize block(place.width() / output.width(), place.height() / output.height());
+    return {place.x() + part.x() * block.width(), place.y() + part.y() * block.height(), part.width() * block.width(),
+            part.height() * block.height()};
+}
+
+/// The same pixels, which live as long as the picture, for a painter that need not look at their alpha.
+QImage asOpaque(const QImage &picture)
+{
+    return {picture.constBits(), picture.width(), picture.height(), picture.bytesPerLine(), QImage::Format_RGB32};
+}
+
 void paintEnlarged(QPainter &painter, const QImage &output, const QRect &place, const QRect &seen)
 {
     // Whole output pixels: a part of one would be scaled to a block of its own.
@@ -22,22 +46,37 @@ void paintEnlarged(QPainter &painter, const QImage &output, const QRect &place, 
 }
 } // namespace
 
+QRegion CanvasPicture::stale(const ComposedOutput &output, const QRect &place) const
+{
+    const std::optional<QRegion> change = output.changes.since(m_paintedKey);
+    if (place != m_paintedPlace || !change || change->rectCount() > mostParts)
+        return place;
+    QRegion stale;
+    for (const QRect &part : *change)
+        stale += placeOf(part, output.picture.size(), place);
+    return stale;
+}
+
 void CanvasPicture::paint(QPainter &painter, const ComposedOutput &output, const QRect &place, const QRect &seen)
 {
     const QImage &picture = output.picture;
+    m_paintedKey = picture.cacheKey();
+    m_paintedPlace = place;
     if (picture.isNull() || !place.intersects(seen))
         return;
-    if (place.width() < picture.width() || place.height() < picture.height())
+    if (isReduced(picture.size(), place))
         return paintReduced(painter, output, place, seen);
     m_reduced = {};
-    paintEnlarged(painter, picture, place, seen);
+    paintEnlarged(painter, output.isOpaque ? asOpaque(picture) : picture, place, seen);
 }
 
 void CanvasPicture::paintFramed(QPainter &painter, const ComposedOutput &output, const QRect &place, const QRect &seen,
                                 const QColor &outline, const QColor &ground)
 {
-    painter.fillRect(place.adjusted(-1, -1, 1, 1) & seen, outline);
-    painter.fillRect(place & seen, ground);
+    for (const QRect &side : QRegion(place.adjusted(-1, -1, 1, 1) & seen) - place)
+        painter.fillRect(side, outline);
+    if (!output.isOpaque)
+        painter.fillRect(place & seen, ground);
     paint(painter, output, place, seen);
 }
 
@@ -55,7 +94,8 @@ void CanvasPicture::paintReduced(QPainter &painter, const ComposedOutput &output
             make(output.picture, part);
         m_reducedFrom = key;
     }
-    painter.drawImage(place.topLeft() + part.topLeft(), m_reduced, part.translated(-m_part.topLeft()));
+    const QImage reduced = output.isOpaque ? asOpaque(m_reduced) : m_reduced;
+    painter.drawImage(place.topLeft() + part.topLeft(), reduced, part.translated(-m_part.topLeft()));
 }
 
 void CanvasPicture::make(const QImage &output, const QRect &part)

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QImage>
 #include <QRect>
+#include <QRegion>
 
 class QPainter;
 
@@ -14,6 +15,10 @@ class QPainter;
 class CanvasPicture
 {
 public:
+    /// Where the output would be painted in `place` other than it was painted there last: within `place`, all of it
+    /// where that is not known.
+    QRegion stale(const ComposedOutput &output, const QRect &place) const;
+
     /// Paints the output into `place`, as far as it lies within `seen`; nothing where it is null. The painter works in
     /// device pixels, both are whole ones.
     void paint(QPainter &painter, const ComposedOutput &output, const QRect &place, const QRect &seen);
@@ -30,4 +35,7 @@ private:
     QRect m_part;             ///< that part, in pixels of that size
     QSize m_size;             ///< of the whole output
     qint64 m_reducedFrom = 0; ///< the cache key of that output
+
+    qint64 m_paintedKey = 0; ///< of the output that was painted last
+    QRect m_paintedPlace;    ///< and where
 };

@@ -8,5 +8,6 @@
 struct ComposedOutput
 {
     QImage picture;              ///< in raster format (drawing/Raster.h); null where there is none
+    bool isOpaque = false;       ///< all of it
     PictureChanges changes = {}; ///< how it came from what it was before
 };

@@ -125,6 +125,7 @@ const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirs
         m_output.changes.add(before, change);
     else
         m_output.changes = {};
+    m_output.isOpaque = qAlpha(style.background.toPremultipliedPixel()) == 255; // pictures come atop
     m_style = style;
     m_composed.clear();
     std::ranges::transform(topmostFirst, std::back_inserter(m_composed), ComposedPicture::of);

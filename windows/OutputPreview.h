@@ -1,5 +1,7 @@
 #pragma once
 
+#include "output/ComposedOutput.h"
+
 #include <QWidget>
 
 #include <memory>

@@ -32,7 +32,12 @@ void OutputView::showOutput()
 {
     setAccessibleDescription(m_output->picture.isNull() ? QString()
                                                         : NumberText::size(m_output->picture.size()) + " pixels");
-    update();
+    for (const QRect &part : m_picture.stale(*m_output, place())) {
+        const QRectF logical(QPointF(part.topLeft()) / devicePixelRatioF(), QSizeF(part.size()) / devicePixelRatioF());
+        update(logical.toAlignedRect().adjusted(-1, -1, 1, 1));
+    }
+    if (place() != m_painted)
+        update();
 }
 
 void OutputView::setFit(Fit fit)
@@ -44,6 +49,7 @@ void OutputView::setFit(Fit fit)
 
 void OutputView::paintEvent(QPaintEvent *)
 {
+    m_painted = place();
     QPainter painter(this);
     if (m_fit == Fit::Whole)
         paintWhole(painter);
@@ -51,26 +57,31 @@ void OutputView::paintEvent(QPaintEvent *)
         paintPixelForPixel(painter);
 }
 
+QRect OutputView::place() const
+{
+    if (m_fit == Fit::PixelForPixel)
+        return m_output->picture.rect();
+    CanvasFrame frame;
+    frame.setRoom(room(), qRound(Theme::edge * devicePixelRatioF()));
+    frame.setOutput(m_output->picture.size());
+    return frame.place();
+}
+
 void OutputView::paintWhole(QPainter &painter)
 {
     painter.fillRect(rect(), Theme::ground);
-    const QSize room = (QSizeF(size()) * devicePixelRatioF()).toSize();
-    CanvasFrame frame;
-    frame.setRoom(room, qRound(Theme::edge * devicePixelRatioF()));
-    frame.setOutput(m_output->picture.size());
-    if (frame.place().isEmpty()) {
+    if (m_painted.isEmpty()) {
         painter.setPen(Theme::dimText);
         painter.drawText(rect(), Qt::AlignCenter, m_output->picture.isNull() ? "The output has no picture" : QString());
         return;
     }
     toDevicePixels(painter, *this);
-    m_picture.paintFramed(painter, *m_output, frame.place(), {QPoint(0, 0), room}, Theme::line, Theme::ground);
+    m_picture.paintFramed(painter, *m_output, m_painted, {QPoint(0, 0), room()}, Theme::line, Theme::ground);
 }
 
 void OutputView::paintPixelForPixel(QPainter &painter)
 {
     painter.fillRect(rect(), Qt::black);
     toDevicePixels(painter, *this);
-    const QRect place = m_output->picture.rect();
-    m_picture.paint(painter, *m_output, place, place);
+    m_picture.paint(painter, *m_output, m_painted, m_painted);
 }

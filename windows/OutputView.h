@@ -30,10 +30,14 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// Where the output is, in device pixels; empty where there is none.
+    QRect place() const;
+    QSize room() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
     void paintWhole(QPainter &painter);
     void paintPixelForPixel(QPainter &painter);
 
     Fit m_fit = Fit::Whole;
     const ComposedOutput *m_output;
     CanvasPicture m_picture;
+    QRect m_painted; ///< its place when it was painted last
 };

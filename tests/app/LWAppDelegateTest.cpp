@@ -334,6 +334,10 @@ TEST_F(LWAppDelegateTest, OnlyWhatIsEditedRedraws)
 
 TEST_F(LWAppDelegateTest, ThePopUpRedraws)
 {
+    selected()->setXYFontEnable(true);
+    selected()->setXyColor(NamedColour::white);
+    selected()->setXYFontSize(12);
+    compose();
     document.timerupdate();
     const qsizetype compositions = composed.size();
     document.setPopupIndex(2);
@@ -341,6 +345,19 @@ TEST_F(LWAppDelegateTest, ThePopUpRedraws)
 
     EXPECT_EQ(document.popupIndex(), 2);
     EXPECT_EQ(composed.size(), compositions + 1);
+}
+
+TEST_F(LWAppDelegateTest, ThePopUpComposesNothingWhereNoWallShowsCorners)
+{
+    selected()->setXYFontEnable(false);
+    compose();
+    document.timerupdate();
+    const qsizetype compositions = composed.size();
+    document.setPopupIndex(2);
+    document.popupButton();
+
+    EXPECT_FALSE(document.shouldUpdate());
+    EXPECT_EQ(composed.size(), compositions);
 }
 
 TEST_F(LWAppDelegateTest, ADocumentWithoutLayersStandsEverything)
