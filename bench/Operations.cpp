@@ -2,6 +2,7 @@
 
 #include "bench/ChartSubjects.h"
 #include "bench/CompositionSubjects.h"
+#include "bench/HandSubjects.h"
 #include "bench/PngSubjects.h"
 #include "bench/PsdSubjects.h"
 #include "bench/ShowSubjects.h"
@@ -119,23 +120,27 @@ std::vector<Operation> operationsWithGoals()
                       [] { return PsdSubjects::channels(eightK, PsdSubjects::Rows::Differ); }),
         againstMemcpy("channels of a PSD, chart whose rows repeat, 8K", 2.2,
                       [] { return PsdSubjects::channels(eightK, PsdSubjects::Rows::Repeat); }),
-        againstMemcpy("PSD, 12 overlapping layers, 8K", 4, [] { return PsdSubjects::overlappingLayers(eightK, 12); }),
+        againstMemcpy("PSD, 12 overlapping layers, 8K", 3, [] { return PsdSubjects::overlappingLayers(eightK, 12); }),
         againstReading("canvas, 8K in 1280 x 720, after an edit", 2,
                        [] { return WindowSubjects::canvas(eightK, Paint::AfterAnEdit); }),
         againstReading("canvas, 8K in 1280 x 720, once more", 0.1,
                        [] { return WindowSubjects::canvas(eightK, Paint::Again); }),
-        againstMemset("keystroke to canvas, 8K", 10, [] { return WindowSubjects::keystrokeIn8K(); }),
+        againstMemset("panel click to canvas, 8K, 12 walls", 0.5, [] { return HandSubjects::panelClick(); }),
+        againstMemset("drag of a 4K wall across 8K, a movement", 3, [] { return HandSubjects::wallDrag(); }),
+        againstMemset("painting holes by drag, 8K, a panel", 1, [] { return HandSubjects::holePainting(); }),
+        againstReading("zoom by wheel, 8K, a step", 2, [] { return HandSubjects::wheelZoom(); }),
+        againstMemset("keystroke to canvas, 8K", 4, [] { return WindowSubjects::keystrokeIn8K(); }),
         // Of smaller outputs the window itself takes the larger part.
-        againstMemset("keystroke to canvas, corporate example", 20,
+        againstMemset("keystroke to canvas, corporate example", 9,
                       [] { return WindowSubjects::keystrokeInExample("corporate"); }),
-        againstMemset("keystroke to canvas, festival example", 20,
+        againstMemset("keystroke to canvas, festival example", 4,
                       [] { return WindowSubjects::keystrokeInExample("festival"); }),
-        againstMemset("keystroke to canvas, studio example", 20,
+        againstMemset("keystroke to canvas, studio example", 5,
                       [] { return WindowSubjects::keystrokeInExample("studio"); }),
         {"edit to canvas, 500 layers", "1 layer", 1.2, [] { return ShowSubjects::timeOfEdit(500); }},
         {"selection, 5,000 layers", "2", 3, [] { return ShowSubjects::timeOfSelection(5000); }},
         {"memory of a step, 10,000 layers", "1 layer", 1.1, [] { return ShowSubjects::memoryOfStep(10'000); }},
-        startOfTheWindow(1.8),
+        startOfTheWindow(1.5),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},
     };

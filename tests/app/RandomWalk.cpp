@@ -126,6 +126,30 @@ void RandomWalk::walkBackAndForth(int most)
     expectSame(archive(), here);
 }
 
+void RandomWalk::expectOutputAsComposedAnew()
+{
+    m_document->timerupdate();
+    m_document->update();
+    checkHistory(); // what a rendering writes belongs to the state that is shown
+    const auto drawnAnew = [](const Layer &layer) {
+        const LayerLook look = layer.shownLook();
+        if (layer.kind() != LayerKind::Wall || !look.record)
+            return layer.thumbnail();
+        const auto &[corners, voltage, phases] = look.around;
+        return ScreenChart(*look.record, {static_cast<int>(corners), voltage, phases}).draw({});
+    };
+    std::vector<PlacedPicture> pictures;
+    for (const LayerPointer &layer : m_document->allScreensArray()) {
+        if (layer->visible())
+            pictures.push_back({drawnAnew(*layer),
+                                {layer->xpoint(), layer->ypoint()},
+                                {layer->screenSizeWidth(), layer->screenSizeHeight()}});
+    }
+    const OutputStyle style{
+        {m_document->OutputWidth(), m_document->OutputHeight()}, m_document->bgColor(), m_document->edgeColor()};
+    EXPECT_TRUE(m_document->img() == Composition().compose(pictures, style));
+}
+
 void RandomWalk::end()
 {
     m_document->openProjectPre(pathOf("a.Orv"));

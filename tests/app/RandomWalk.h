@@ -25,6 +25,8 @@ public:
     void step();
     /// Undoes up to `most` steps and does them again, comparing all the way.
     void walkBackAndForth(int most);
+    /// Composes, and compares the output with one of walls that are drawn and composed anew.
+    void expectOutputAsComposedAnew();
     /// Ends the program; what has not been saved is there afterwards.
     void end();
     /// What was done last, for the report of a failure.

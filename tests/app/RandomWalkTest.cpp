@@ -24,6 +24,21 @@ unsigned fromEnvironment(const char *variable, unsigned usual)
 }
 } // namespace
 
+TEST(RandomWalkTest, WhateverIsDoneTheOutputIsAsComposedAnew)
+{
+    const unsigned seed = fromEnvironment("WALLWRIGHT_SEED", std::random_device()());
+    const int steps = static_cast<int>(fromEnvironment("WALLWRIGHT_STEPS", usualSteps) / 20);
+    std::cout << "WALLWRIGHT_SEED=" << seed << std::endl;
+    const LogLines log;
+    RandomWalk walk(seed);
+    for (int step = 1; step <= steps && !::testing::Test::HasFailure(); ++step) {
+        SCOPED_TRACE(::testing::Message() << "step " << step << " of seed " << seed);
+        walk.step();
+        walk.expectOutputAsComposedAnew();
+    }
+    ASSERT_FALSE(::testing::Test::HasFailure()) << qPrintable(walk.lastActions());
+}
+
 TEST(RandomWalkTest, WhateverIsDoneTheDocumentStaysWholeAndUndoLeadsBack)
 {
     const unsigned seed = fromEnvironment("WALLWRIGHT_SEED", std::random_device()());
