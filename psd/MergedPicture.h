@@ -32,8 +32,7 @@ public:
     bool draw(const QImage &image, const QRectF &target, double opacity);
 
     /// Fills `rows`, a raster as wide as the picture, with its rows from `first` on. May be called by several threads
-    /// at once. The painter's pixels may depend on the address of a row, of which they are the same modulo 64 as in
-    /// pixels() where that of `rows` is and `first` is a multiple of 16.
+    /// at once.
     void drawRows(int first, QImage &rows) const;
 
     /// All pixels, in raster format, premultiplied; the same ones until something is drawn. Null where there is no

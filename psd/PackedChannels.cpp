@@ -189,21 +189,19 @@ public:
 
     void appendTo(BandRows &band, qint64 first, qint64 end)
     {
-        while (first < end) {
+        for (qint64 y = first; y < end; y += mostRows) {
             std::swap(m_drawn.front(), m_drawn.back()); // the rows above stay
             QImage &rows = m_drawn.front();
-            // Where a row stands in the raster as in the picture, its pixels are the same.
-            uchar *const bytes = rows.bits() + first % mostRows * rows.bytesPerLine();
-            const qint64 count = std::min(mostRows - first % mostRows, end - first);
-            QImage part(bytes, rows.width(), static_cast<int>(count), rows.bytesPerLine(), Raster::format);
-            m_picture.drawRows(static_cast<int>(first), part);
+            const auto count = static_cast<int>(std::min<qint64>(mostRows, end - y));
+            uchar *const bytes = rows.bits();
+            QImage part(bytes, rows.width(), count, rows.bytesPerLine(), Raster::format);
+            m_picture.drawRows(static_cast<int>(y), part);
             band.appendPixelRows(bytes, count);
-            first += count;
         }
     }
 
 private:
-    static constexpr qint64 mostRows = 16; ///< few enough for a processor's cache
+    static constexpr int mostRows = 16; ///< few enough for a processor's cache
 
     const MergedPicture &m_picture;
     std::array<QImage, 2> m_drawn;

@@ -117,6 +117,19 @@ TEST_P(MergedPictureByThreads, ItIsPackedAsIfItHadBeenDrawnBefore)
     }
 }
 
+TEST(MergedPicture, RowsAreComparedWithThoseAboveThem)
+{
+    // As many rows of each colour as are drawn at a time.
+    const QSize size(3, 64);
+    const std::vector<Step> steps = {
+        {raster(3, 64, Qt::red), {0, 0}}, {raster(3, 16, Qt::blue), {0, 16}}, {raster(3, 16, Qt::green), {0, 48}}};
+    const QImage whole = plain(size, Background::White, steps);
+    const PixelView view = PixelView::ofRaster(whole);
+    ChannelPacker packer;
+    const QByteArray expected = packedBytes(packer.pack(view, Placement::filledBy(view), 4));
+    EXPECT_EQ(packedBytes(packer.pack(merged(size, Background::White, steps), 4)), expected);
+}
+
 TEST(MergedPicture, WithoutASizeThereIsNone)
 {
     const QImage image = raster(1, 1, Qt::red);
@@ -147,10 +160,12 @@ TEST(MergedPicture, ImagesBetweenPixelsAreDrawnAsOnOneSurface)
 {
     std::minstd_rand random(20);
     const QSize size(61, 133);
-    std::vector<Step> steps = randomSteps(random, size);
-    steps[2].topLeft += QPointF(0.3, 0.75);
-    steps[4].topLeft += QPointF(0, 0.5);
-    EXPECT_EQ(merged(size, Background::Transparent, steps).pixels(), plain(size, Background::Transparent, steps));
+    for (const QPointF &fraction : {QPointF(0.3, 0.75), QPointF(0, 0.5), QPointF(0.5, 0)}) {
+        std::vector<Step> steps = randomSteps(random, size);
+        for (Step &step : steps)
+            step.topLeft += random() % 2 == 0 ? fraction : QPointF();
+        EXPECT_EQ(merged(size, Background::Transparent, steps).pixels(), plain(size, Background::Transparent, steps));
+    }
 }
 
 TEST(MergedPicture, ACopyKeepsWhatItHas)
