@@ -5,7 +5,7 @@
 
 namespace {
 /// More rectangles than these cost more than composing what lies between them.
-constexpr int mostParts = 32;
+constexpr int mostRects = 32;
 
 /// The visible part of a picture's place; both may reach further than a QRect can say.
 QRect boxOn(const QSize &output, const ComposedPicture &picture)
@@ -57,5 +57,5 @@ QRegion changeBetween(std::span<const ComposedPicture> before, std::span<const P
         else
             change += boxOn(size, i < before.size() ? before[i] : ComposedPicture::of(now[i]));
     }
-    return change.rectCount() <= mostParts ? change : change.boundingRect();
+    return change.rectCount() <= mostRects ? change : change.boundingRect();
 }

@@ -15,7 +15,7 @@ namespace {
 /// From this many pixels on an output does not stay in the processor's caches anyway.
 constexpr qint64 streamedPixels = qint64{4} << 20;
 /// So many pixels are worth a second processor.
-constexpr int bandPixels = 1 << 18;
+constexpr int pixelsOfBand = 1 << 18;
 
 QRgb over(QRgb background, const Colour &edge)
 {
@@ -47,7 +47,7 @@ void OutputPainter::paint(QImage &output, const QRect &part) const
     const Stores stores = qint64{part.width()} * part.height() >= streamedPixels ? Stores::Streamed : Stores::Cached;
     uchar *const bits = output.bits();
     const qsizetype bytesPerLine = output.bytesPerLine();
-    Bands::forEach(part.height(), bandPixels / part.width() + 1, [&](int first, int count) {
+    Bands::forEach(part.height(), pixelsOfBand / part.width() + 1, [&](int first, int count) {
         paintRows(bits, bytesPerLine, {part.left(), part.top() + first, part.width(), count}, stores);
     });
 }
