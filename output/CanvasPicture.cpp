@@ -10,7 +10,7 @@
 
 namespace {
 /// More rectangles than these cost more than painting all.
-constexpr int mostParts = 32;
+constexpr int mostPlaces = 32;
 
 bool isReduced(const QSize &output, const QRect &place)
 {
@@ -49,7 +49,7 @@ void paintEnlarged(QPainter &painter, const QImage &output, const QRect &place, 
 QRegion CanvasPicture::stale(const ComposedOutput &output, const QRect &place) const
 {
     const std::optional<QRegion> change = output.changes.since(m_paintedKey);
-    if (place != m_paintedPlace || !change || change->rectCount() > mostParts)
+    if (place != m_paintedPlace || !change || change->rectCount() > mostPlaces)
         return place;
     QRegion stale;
     for (const QRect &part : *change)

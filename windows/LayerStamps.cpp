@@ -1,14 +1,19 @@
 #include "windows/LayerStamps.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
+
+using namespace std::chrono_literals;
 
 namespace {
 /// More rows than any screen shows.
 constexpr int mostStamps = 256;
 /// A stamp that is made of this many pixels looks as one that is made of all.
 constexpr double mostPixelsRead = 2'000'000;
+/// A hand that draws or types wants another stamp more often than this; they are made when it rests.
+constexpr auto rest = 80ms;
 
 QImage stampOf(const QImage &picture, const QSize &size, qreal devicePixelRatio)
 {
@@ -25,6 +30,7 @@ QImage stampOf(const QImage &picture, const QSize &size, qreal devicePixelRatio)
 LayerStamps::LayerStamps(const QSize &size, IsInSight isInSight, QObject *parent)
     : QObject(parent), m_size(size), m_isInSight(std::move(isInSight)), m_stamps(mostStamps)
 {
+    m_idle.setSingleShot(true);
     connect(&m_idle, &QTimer::timeout, this, &LayerStamps::makeNext);
 }
 
@@ -32,7 +38,7 @@ QImage LayerStamps::of(const QModelIndex &row, const LayerPointer &layer, qreal 
 {
     const Stamp *const stamp = lastOf(*layer);
     if (!stamp || stamp->subject != subjectOf(*layer, devicePixelRatio))
-        want(row, layer, devicePixelRatio);
+        want(row, layer, devicePixelRatio, stamp ? rest : 0ms);
     return stamp ? stamp->image : QImage();
 }
 
@@ -51,12 +57,14 @@ const LayerStamps::Stamp *LayerStamps::lastOf(const Layer &layer) const
     return last && last->layer.lock().get() == &layer ? last : nullptr;
 }
 
-void LayerStamps::want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio)
+void LayerStamps::want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio,
+                       std::chrono::milliseconds delay)
 {
     std::erase_if(m_wanted, [&](const Wanted &wanted) { return wanted.row == row; });
     m_wanted.push_back({row, layer, devicePixelRatio});
-    if (!m_idle.isActive())
-        m_idle.start();
+    const bool isSoonDue = m_idle.isActive() && m_idle.intervalAsDuration() < delay;
+    if (!isSoonDue)
+        m_idle.start(delay);
 }
 
 void LayerStamps::makeNext()
@@ -71,8 +79,8 @@ void LayerStamps::makeNext()
         isMade = make(layer, next.devicePixelRatio);
         emit ready(next.row);
     }
-    if (m_wanted.empty())
-        m_idle.stop();
+    if (!m_wanted.empty())
+        m_idle.start(0);
 }
 
 /// The picture comes first: what waits in its file looks otherwise until then.

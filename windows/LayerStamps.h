@@ -8,13 +8,14 @@
 #include <QPersistentModelIndex>
 #include <QTimer>
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <memory>
 
 /// Small pictures of layers for the rows of a table. A painting takes those that are there; the others are made
-/// afterwards, one at a time while nothing else is to be done, and for rows in sight alone. Of each layer the last one
-/// is kept. Main thread only.
+/// afterwards, one at a time while nothing else is to be done, and for rows in sight alone; where a layer has one, when
+/// the hand rests that makes it look otherwise. Of each layer the last one is kept. Main thread only.
 class LayerStamps final : public QObject
 {
     Q_OBJECT
@@ -28,6 +29,9 @@ public:
     /// The stamp of a row's layer. Where it is not made yet, it will be: until ready() tells so it is the one that the
     /// layer had before, or null. Null as well where the layer has no picture.
     QImage of(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio);
+
+    /// Whether any are still to be made.
+    bool isBehind() const { return !m_wanted.empty(); }
 
 signals:
     /// The row's layer has the stamp of what it looks like now.
@@ -55,7 +59,8 @@ private:
 
     Subject subjectOf(const Layer &layer, qreal devicePixelRatio) const;
     const Stamp *lastOf(const Layer &layer) const;
-    void want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio);
+    void want(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio,
+              std::chrono::milliseconds delay);
     void makeNext();
     /// False: there is one already.
     bool make(const std::shared_ptr<const Layer> &layer, qreal devicePixelRatio);
@@ -64,5 +69,5 @@ private:
     IsInSight m_isInSight;
     QCache<const Layer *, Stamp> m_stamps; // a stamp holds the record that it was made of: one of each layer, no more
     std::deque<Wanted> m_wanted;
-    QTimer m_idle; ///< comes when all events are through
+    QTimer m_idle; ///< comes after a rest, then when all events are through
 };

@@ -2,6 +2,7 @@
 #include "tests/screen/RandomChart.h"
 #include "tests/screen/SamePicture.h"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
@@ -78,6 +79,13 @@ TEST(ChartChange, ManyPanelsAreOneBoxAroundThem)
 TEST(ChartChange, ATextIsItsOldAndItsNewBox)
 {
     const ScreenChart wall = decoratedWall();
+    const auto isNoWholeWall = [&](const char *what, const std::function<void(ScreenChart &)> &edit) {
+        EXPECT_NE(changeOf(wall, edit), QRegion(wholeWall)) << what;
+    };
+    isNoWholeWall("power", [](ScreenChart &chart) { chart.powerOnCell += 10; });
+    isNoWholeWall("voltage", [](ScreenChart &chart) { chart.voltage = 400; });
+    isNoWholeWall("current", [](ScreenChart &chart) { chart.showCurrent = !chart.showCurrent; });
+    isNoWholeWall("centre", [](ScreenChart &chart) { chart.screenFontEnable = !chart.screenFontEnable; });
     const QRect corner = changeOf(wall, [](ScreenChart &chart) { chart.xpoint += 1; }).boundingRect();
     EXPECT_GT(corner.width(), 20);
     EXPECT_LT(changeOf(wall, [](ScreenChart &chart) { chart.label = "Main wall, stage left"; }).boundingRect().height(),

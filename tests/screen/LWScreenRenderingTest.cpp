@@ -142,9 +142,13 @@ TEST(LWScreenRendering, AfterADrawingOfAllNoEarlierPictureIsKnown)
     TestHost host;
     const auto screen = LWScreen::init(host);
     qint64 before = screen->thumbnail().cacheKey();
-    screen->setRectColor(NamedColour::blue);
+    screen->onImageClick(100, 100);
     screen->drawInRect();
     EXPECT_NE(screen->thumbnail().cacheKey(), before);
+    EXPECT_TRUE(screen->pictureChanges().since(before));
+    screen->setRectColor(NamedColour::blue);
+    screen->drawInRect();
+    EXPECT_FALSE(screen->thumbnail().isNull());
     EXPECT_FALSE(screen->pictureChanges().since(before));
 
     before = screen->thumbnail().cacheKey();

@@ -67,6 +67,10 @@ protected:
             [this] { window.document().AddScreen(); },
             [this] { window.document().removeSelectedScreen(); },
             [this] { list().setSelectionIndex(number(0, list().rowCount() - 1)); },
+            [this] {
+                list().setSelectionIndexes({0, list().rowCount() - 1}, 0);
+            },
+            [this] { list().setSelectionIndexes({0}, 0); },
             [this] { number(0, 1) ? canvas().zoomIn() : canvas().zoomOut(); },
             [this] { canvas().zoomToFit(); },
         };

@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <gtest/gtest.h>
 
@@ -39,10 +40,11 @@ protected:
     }
 
     /// Until nothing is left to be done.
-    static void settle()
+    void settle()
     {
-        for (int turn = 0; turn < 3 * rowsInSight; ++turn)
-            QApplication::processEvents();
+        QApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !table.stamps().isBehind(); }));
+        QApplication::processEvents();
     }
     QImage painted() { return table.viewport()->grab().toImage(); }
     /// The middle of the left panel in the picture of a row.
@@ -114,6 +116,20 @@ TEST_F(LayerStampsTest, AnEditRemakesOneAndKeepsThePictureUntilThen)
     recolour(3, NamedColour::red);
     settle();
     EXPECT_EQ(made.size(), 2);
+}
+
+TEST_F(LayerStampsTest, EditsWithoutARestMakeOneInTheEnd)
+{
+    settle();
+    made.clear();
+    for (int edit = 0; edit < 10; ++edit) {
+        recolour(3, edit % 2 == 0 ? NamedColour::red : NamedColour::blue);
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(made.size(), 0);
+    settle();
+    EXPECT_EQ(made.size(), 1);
+    EXPECT_EQ(seenIn(3), QColor(0, 0, 255));
 }
 
 TEST_F(LayerStampsTest, WhatLooksAsBeforeIsNotMadeAgain)

@@ -47,8 +47,7 @@ protected:
     {
         QApplication::processEvents(); // the rows are laid out
         table().viewport()->grab();    // and painted, which asks for their pictures
-        for (int turn = 0; turn < 50; ++turn)
-            QApplication::processEvents();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return !table().stamps().isBehind(); }));
         const QImage rows = table().viewport()->grab().toImage();
         const auto *rowsOf = table().findChild<LayerDelegate *>();
         const QPoint middle = rowsOf->picturePlace(table().visualRect(list().index(row))).center();
