@@ -22,10 +22,28 @@ constexpr double widestLine = 16'000'000;
 /// Letters below this code need no shaping; without it each letter's place depends on the letters before it alone.
 constexpr ushort firstShapedCharacter = 0x250;
 
+constexpr char houseFontFile[] = ":/fonts/Inter-Regular.otf";
+
+/// The house's font in a face of its own. FreeType's hinter remembers: letters that a window draws in another size
+/// would shift the outlines that the same face gives afterwards, by some hundredths of a pixel.
+const QRawFont &outlineFont()
+{
+    // Never deleted: at the end it would outlive what it is made of.
+    static const auto *const font = new QRawFont(QString(houseFontFile), shapingSize, QFont::PreferNoHinting);
+    return *font;
+}
+
+/// The font to take outlines from where a text was shaped in that one.
+QRawFont outlineFontFor(const QRawFont &shaped)
+{
+    const bool isOfHouse = shaped.fontTable("head") == outlineFont().fontTable("head"); // with the file's checksum
+    return isOfHouse ? outlineFont() : shaped;
+}
+
 const QString &houseFontFamily()
 {
     static const QString family = [] {
-        const int font = QFontDatabase::addApplicationFont(":/fonts/Inter-Regular.otf");
+        const int font = QFontDatabase::addApplicationFont(houseFontFile);
         return QFontDatabase::applicationFontFamilies(font).value(0);
     }();
     return family;
@@ -85,8 +103,9 @@ ShapedText shape(const QString &text)
     for (const QGlyphRun &run : line.glyphRuns()) {
         const QList<quint32> indexes = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
+        const QRawFont font = outlineFontFor(run.rawFont());
         for (qsizetype i = 0; i < indexes.size(); ++i)
-            shaped.glyphs.push_back({run.rawFont(), indexes[i], positions[i] - QPointF(0, ascent)});
+            shaped.glyphs.push_back({font, indexes[i], positions[i] - QPointF(0, ascent)});
     }
     std::ranges::stable_sort(shaped.glyphs, {}, [](const ShapedGlyph &glyph) { return glyph.position.x(); });
     shaped.width = line.naturalTextWidth();

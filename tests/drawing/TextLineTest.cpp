@@ -2,8 +2,11 @@
 
 #include <QPainter>
 
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
+#include <map>
+#include <vector>
 
 namespace {
 /// The text as the painter fills its outlines, black on white.
@@ -89,6 +92,38 @@ TEST(TextLine, LargeSizesHaveOutlinesButNoMasks)
     EXPECT_FALSE(line.hasMasks());
     EXPECT_TRUE(line.masks().empty());
     EXPECT_GT(line.outlines().front().boundingRect().height(), 1400);
+}
+
+TEST(TextLine, OutlinesAreTheSameWhateverAWindowHasDrawn)
+{
+    const QString text("WH0123456789");
+    const auto elements = [](QChar letter, double size) {
+        std::vector<double> all; // as parts of the size
+        const QPainterPath outline = TextLine(letter, size).outlines().at(0);
+        const double baseLine = std::ceil(0.96875 * size); // Inter's ascent
+        for (int i = 0; i < outline.elementCount(); ++i) {
+            all.push_back(outline.elementAt(i).x / size);
+            all.push_back((outline.elementAt(i).y - baseLine) / size);
+        }
+        return all;
+    };
+    std::map<QChar, std::vector<double>> before;
+    for (const QChar letter : text)
+        before[letter] = elements(letter, 300);
+    QImage window(300, 60, QImage::Format_RGB32);
+    for (int size = 9; size < 33; ++size) { // another one each time, or the letters are there
+        const QChar letter = text[size % text.size()];
+        QFont font("Inter");
+        font.setPixelSize(size);
+        font.setHintingPreference(QFont::PreferVerticalHinting);
+        QPainter painter(&window);
+        painter.setFont(font);
+        painter.drawText(5, 50, text);
+        const std::vector<double> after = elements(letter, 300 + size);
+        ASSERT_EQ(after.size(), before[letter].size());
+        for (std::size_t i = 0; i < after.size(); ++i)
+            ASSERT_NEAR(after[i], before[letter][i], 1e-9) << size << " " << letter.toLatin1();
+    }
 }
 
 TEST(TextLine, LineBreaksAndTabsAreBlanks)
