@@ -32,15 +32,14 @@ protected:
         waitForRedraws(window.document());
         QApplication::processEvents();
     }
-    QImage onScreen()
+    QImage ofCanvas(const QPixmap &shown)
     {
-        const QPoint place = canvas().mapTo(&window, QPoint(0, 0));
-        return window.screen()
-            ->grabWindow(window.winId(), place.x(), place.y(), canvas().width(), canvas().height())
-            .toImage()
-            .convertToFormat(QImage::Format_RGB32);
+        const qreal ratio = window.devicePixelRatioF();
+        const QRectF place(QPointF(canvas().mapTo(&window, QPoint(0, 0))) * ratio, QSizeF(canvas().size()) * ratio);
+        return shown.toImage().convertToFormat(QImage::Format_RGB32).copy(place.toAlignedRect());
     }
-    QImage paintedAnew() { return canvas().grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage onScreen() { return ofCanvas(window.screen()->grabWindow(window.winId())); }
+    QImage paintedAnew() { return ofCanvas(window.grab()); }
 
     int number(int from, int to) { return std::uniform_int_distribution<int>(from, to)(m_engine); }
     QPoint anyPlace() { return {number(0, canvas().width() - 1), number(0, canvas().height() - 1)}; }
