@@ -115,9 +115,9 @@ const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirs
 {
     const qint64 before = m_output.picture.cacheKey();
     const bool isMended = !m_output.picture.isNull() && m_output.picture.isDetached() && style == m_style;
-    const QRegion change =
-        isMended ? changeBetween(m_composed, topmostFirst, style.size) : QRegion(QRect(QPoint(0, 0), style.size));
     m_output.picture = Raster::reuse(std::move(m_output.picture), style.size.width(), style.size.height());
+    const QRegion change =
+        isMended ? changeBetween(m_composed, topmostFirst, style.size) : QRegion(m_output.picture.rect());
     if (!m_output.picture.isNull())
         paint(m_pictures->plan(topmostFirst, style.size), style, change);
     m_pictures->forgetUnused(m_output.picture.sizeInBytes());
