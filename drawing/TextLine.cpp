@@ -26,19 +26,28 @@ constexpr char houseFontFile[] = ":/fonts/Inter-Regular.otf";
 
 /// The house's font in a face of its own. FreeType's hinter remembers: letters that a window draws in another size
 /// would shift the outlines that the same face gives afterwards, by some hundredths of a pixel.
-const QRawFont &outlineFont()
+class OutlineFont
 {
-    // Never deleted: at the end it would outlive what it is made of.
-    static const auto *const font = new QRawFont(QString(houseFontFile), shapingSize, QFont::PreferNoHinting);
-    return *font;
-}
+public:
+    /// The font to take outlines from where a text was shaped in that one.
+    static const QRawFont &forShaped(const QRawFont &shaped)
+    {
+        // Never deleted: at the end it would outlive what it is made of.
+        static auto *const font = new OutlineFont;
+        return font->isOfHouse(shaped) ? font->m_outlines : shaped;
+    }
 
-/// The font to take outlines from where a text was shaped in that one.
-QRawFont outlineFontFor(const QRawFont &shaped)
-{
-    const bool isOfHouse = shaped.fontTable("head") == outlineFont().fontTable("head"); // with the file's checksum
-    return isOfHouse ? outlineFont() : shaped;
-}
+private:
+    bool isOfHouse(const QRawFont &shaped)
+    {
+        if (shaped != m_shaped && shaped.fontTable("head") == m_outlines.fontTable("head")) // with the file's checksum
+            m_shaped = shaped;
+        return shaped == m_shaped;
+    }
+
+    QRawFont m_outlines{QString(houseFontFile), shapingSize, QFont::PreferNoHinting};
+    QRawFont m_shaped; ///< the last one of the same file
+};
 
 const QString &houseFontFamily()
 {
@@ -103,7 +112,7 @@ ShapedText shape(const QString &text)
     for (const QGlyphRun &run : line.glyphRuns()) {
         const QList<quint32> indexes = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
-        const QRawFont font = outlineFontFor(run.rawFont());
+        const QRawFont font = OutlineFont::forShaped(run.rawFont());
         for (qsizetype i = 0; i < indexes.size(); ++i)
             shaped.glyphs.push_back({font, indexes[i], positions[i] - QPointF(0, ascent)});
     }
