@@ -5,6 +5,16 @@
 #include <QKeyEvent>
 #include <QMenu>
 
+namespace {
+bool isExport(const QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress)
+        return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    return key.key() == Qt::Key_E && key.modifiers() == Qt::ControlModifier;
+}
+} // namespace
+
 bool TextField::isOfHistory(const QEvent &event)
 {
     if (event.type() != QEvent::ShortcutOverride && event.type() != QEvent::KeyPress)
@@ -15,7 +25,7 @@ bool TextField::isOfHistory(const QEvent &event)
 
 bool TextField::event(QEvent *event)
 {
-    if (!isOfHistory(*event))
+    if (!isOfHistory(*event) && !isExport(*event))
         return QLineEdit::event(event);
     event->ignore(); // the window has it
     return true;

@@ -2,7 +2,8 @@
 
 #include <QLineEdit>
 
-/// A line of text that leaves undo and redo to the document, whose history what is typed here belongs to.
+/// A line of text that leaves undo and redo to the document, whose history what is typed here belongs to, and Ctrl+E to
+/// the window, which exports with it; End leads to the end of the line.
 class TextField final : public QLineEdit
 {
     Q_OBJECT

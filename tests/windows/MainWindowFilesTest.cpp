@@ -3,6 +3,7 @@
 #include "tests/windows/WindowFixture.h"
 #include "windows/LayerTable.h"
 #include "windows/PowerBar.h"
+#include "windows/inspector/Inspector.h"
 #include "windows/inspector/PicturePreview.h"
 
 #include <QApplication>
@@ -187,6 +188,22 @@ TEST_F(MainWindowFilesTest, AnExportedPictureIsTheOutputPixelByPixel)
     ASSERT_EQ(written.size(), QSize(1920, 1080));
     EXPECT_EQ(written.convertToFormat(QImage::Format_ARGB32_Premultiplied), window.document().offscreenRep());
     EXPECT_EQ(title(), "Untitled — Wallwright");
+}
+
+TEST_F(MainWindowFilesTest, TheExportHasItsKeyInFieldsToo)
+{
+    int fields = 0;
+    for (QLineEdit *field : inspector().findChildren<QLineEdit *>()) {
+        if (!field->isVisible() || !field->isEnabled() || fields == 6)
+            continue;
+        ++fields;
+        window.activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        field->setFocus();
+        answer([] { QTest::keyClick(QApplication::focusWidget(), Qt::Key_E, Qt::ControlModifier); },
+               {pressing("Cancel")});
+    }
+    EXPECT_EQ(fields, 6);
 }
 
 TEST_F(MainWindowFilesTest, AFailedExportIsToldUntilTheNextAttempt)
