@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 
 #include <memory>
+#include <vector>
 
 namespace {
 constexpr QSize eightK(7680, 4320);
@@ -27,6 +28,7 @@ public:
         document().setOutputWidth(eightK.width());
         document().setOutputHeight(eightK.height());
         std::vector<LayerPointer> walls;
+        walls.reserve(static_cast<std::size_t>(wallsAbreast.width()) * wallsAbreast.height());
         for (int wall = 0; wall < wallsAbreast.width() * wallsAbreast.height(); ++wall)
             walls.push_back(makeWall(wall));
         document().arraycontroller().setLayers(walls, {0});
@@ -75,7 +77,7 @@ private:
     LayerPointer makeWall(int number)
     {
         const QSize size(eightK.width() / wallsAbreast.width(), eightK.height() / wallsAbreast.height());
-        const LayerPointer wall = LWScreen::init(document());
+        LayerPointer wall = LWScreen::init(document());
         wall->setPanelWidth(panelSide);
         wall->setPanelHeight(panelSide);
         wall->setCol(size.width() / panelSide);
