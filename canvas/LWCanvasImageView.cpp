@@ -56,12 +56,12 @@ void LWCanvasImageView::placeMarker()
 {
     const LayerPointer layer = m_document.selectedLayer();
     auto *still = qobject_cast<LWStill *>(layer.get());
+    m_cropMarker.setHide(!still);
     if (!still)
-        return hideRectangle();
+        return;
     still->placeMarker();
     setKScaleFactor(still->marker().scaleFactor);
-    showRectangle();
-    drawRectangle(still->marker().rectangle);
+    setMarker(still->marker().rectangle);
 }
 
 void LWCanvasImageView::putMarkerBack()
@@ -73,15 +73,20 @@ void LWCanvasImageView::putMarkerBack()
 
 void LWCanvasImageView::drawRectangle(const QRectF &rectangle)
 {
+    setMarker(rectangle);
+    showOverlay();
+}
+
+void LWCanvasImageView::setMarker(const QRectF &rectangle)
+{
     if (rectangle.width() == 0)
-        return hideRectangle();
+        return m_cropMarker.setHide(true);
     if (m_cropMarker.isTracking())
         return;
     const LayerPointer layer = m_document.selectedLayer();
     const bool isExact = layer && !deviceFrame().isFitted() && !m_geometry.isEmpty();
     m_cropMarker.setExactScale(isExact ? m_geometry.unitsPerPixel() : QSizeF());
     m_cropMarker.setSelectedRect(isExact ? exactRectangle(*layer) : rectangle);
-    showOverlay();
 }
 
 QRectF LWCanvasImageView::exactRectangle(const Layer &layer) const
@@ -136,8 +141,10 @@ void LWCanvasImageView::takeRoom()
     CanvasFrame frame = deviceFrame();
     frame.setRoom((QSizeF(size()) * m_geometry.pixelRatio()).toSize(), qRound(margin * m_geometry.pixelRatio()));
     takeFrame(frame);
-    if (isOtherRatio)
+    if (isOtherRatio) {
         placeMarker();
+        showOverlay();
+    }
 }
 
 void LWCanvasImageView::takeFrame(const CanvasFrame &frame)

@@ -132,6 +132,7 @@ protected:
 private:
     QRectF exactRectangle(const Layer &layer) const;
     void placeMarker();
+    void setMarker(const QRectF &rectangle);
     void putMarkerBack();
     void takeRoom();
     void takeFrame(const CanvasFrame &frame);
