@@ -1,5 +1,7 @@
 #include "base/FileBytes.h"
 
+#include "base/Memory.h"
+
 #include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
@@ -9,6 +11,8 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -26,6 +30,7 @@ bool append(QSaveFile &file, QByteArrayView bytes)
     return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush();
 }
 
+/// QSaveFile asks for this too before it puts the file into its place, and goes on whatever the answer is.
 bool reachesDisk(const QSaveFile &file)
 {
     return fdatasync(file.handle()) == 0 || errno == EINVAL; // that one: there is no disk behind
@@ -62,23 +67,37 @@ bool moveTo(const QString &path, const QString &from)
 
 namespace FileBytes {
 
+Result<void> openToRead(QFile &file)
+{
+    const QString path = file.fileName();
+    // What a name stands for is known of the open file alone: to look first and to open then may end at a pipe.
+    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0 && (errno == ENOENT || errno == ENOTDIR))
+        return fail(QString("%1: there is no such file").arg(path));
+    if (descriptor < 0 && errno != ENXIO)
+        return fail(QString("%1: cannot be read: %2").arg(path, qt_error_string(errno)));
+    struct stat status = {};
+    if (descriptor < 0 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
+        ::close(descriptor);
+        return fail(QString("%1: this is a folder or a device, not a file").arg(path));
+    }
+    file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
+    return {};
+}
+
 Result<QByteArray> read(const QString &path, qint64 mostBytes)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
-        return fail(QString("%1: there is no such file").arg(path));
-    if (!info.isFile())
-        return fail(QString("%1: this is a folder or a device, not a file").arg(path));
-    if (info.size() > mostBytes)
-        return fail(
-            QString("%1: the file has %2; more than %3 is not read")
-                .arg(path, QLocale::c().formattedDataSize(info.size()), QLocale::c().formattedDataSize(mostBytes)));
-
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return fail(QString("%1: cannot be read: %2").arg(path, file.errorString()));
-    const QByteArray bytes = file.read(info.size());
-    if (file.error() != QFileDevice::NoError || bytes.size() != info.size())
+    if (const Result<void> isOpen = openToRead(file); !isOpen)
+        return tl::unexpected(isOpen.error());
+    const qint64 size = file.size();
+    if (size > mostBytes)
+        return fail(QString("%1: the file has %2; more than %3 is not read")
+                        .arg(path, QLocale::c().formattedDataSize(size), QLocale::c().formattedDataSize(mostBytes)));
+    const Result<QByteArray> bytes = Memory::orError([&]() -> Result<QByteArray> { return file.read(size); });
+    if (!bytes)
+        return failWithin(path, bytes.error());
+    if (file.error() != QFileDevice::NoError || bytes->size() != size)
         return fail(QString("%1: cannot be read to its end: %2").arg(path, file.errorString()));
     return bytes;
 }
@@ -87,8 +106,12 @@ QByteArray digest(const QString &path)
 {
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    const bool isRead = QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && hash.addData(&file);
-    return isRead ? hash.result() : QByteArray();
+    return openToRead(file) && hash.addData(&file) ? hash.result() : QByteArray();
+}
+
+QByteArray digestOf(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha256);
 }
 
 Result<void> write(const QString &path, const QByteArray &bytes)
@@ -115,6 +138,8 @@ Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progre
         if (!append(file, piece) || (progress && !reachesDisk(file)))
             return failedWrite(path);
     }
+    if (!reachesDisk(file))
+        return failedWrite(path);
     errno = 0;
     if (!file.commit() || !moveTo(path, file.fileName()))
         return failedWrite(path);

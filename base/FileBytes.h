@@ -7,8 +7,14 @@
 
 #include <functional>
 
+class QFile;
+
 /// Whole files, in and out.
 namespace FileBytes {
+
+/// Opens a file to be read, as `file` names it: regular files alone, and without waiting, whatever others put in their
+/// place meanwhile. Error: there is none, it is something else, or it cannot be read; the message begins with the path.
+[[nodiscard]] Result<void> openToRead(QFile &file);
 
 /// Error: no regular file, unreadable, or more than `mostBytes` (told before a byte is read). The message begins with
 /// the path.
@@ -16,6 +22,8 @@ namespace FileBytes {
 
 /// What tells the contents of one file from those of another, whatever its size; empty where there is no file to read.
 QByteArray digest(const QString &path);
+/// That of a file which holds these bytes.
+QByteArray digestOf(const QByteArray &bytes);
 
 /// Puts `bytes` into the file at `path`. Whatever stood there stays whole until its successor is complete on disk.
 /// Error: the file cannot be made, filled or put into its place; nothing half-written is left. The message begins with

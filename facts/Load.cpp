@@ -1,6 +1,6 @@
 #include "facts/Load.h"
 
-#include "facts/Counted.h"
+#include "base/Counted.h"
 #include "layer/PowerCalculator.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "facts/Counted.h"
+#include "base/Counted.h"
 #include "layer/Layer.h"
 
 class LWScreen;

@@ -7,8 +7,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
+#include <atomic>
+#include <cstdio>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <sys/stat.h>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -241,6 +245,63 @@ TEST(FileBytes, OnlyFilesAreRead)
     EXPECT_EQ(FileBytes::read(folder.path(), 10).error().text,
               folder.path() + ": this is a folder or a device, not a file");
     EXPECT_EQ(FileBytes::read(pipe, 10).error().text, pipe + ": this is a folder or a device, not a file");
+}
+
+TEST(FileBytes, AFileThatBecomesAPipeMeanwhileIsNotWaitedFor)
+{
+    const QTemporaryDir folder;
+    const QByteArray place = QFile::encodeName(folder.filePath("show.Orv"));
+    const QByteArray pipe = QFile::encodeName(folder.filePath("pipe"));
+    const QByteArray file = QFile::encodeName(folder.filePath("file"));
+    std::atomic<bool> isOver = false;
+    std::thread others([&] {
+        while (!isOver) {
+            mkfifo(pipe.constData(), 0600);
+            std::rename(pipe.constData(), place.constData());
+            QFile made(QFile::decodeName(file));
+            made.open(QIODevice::WriteOnly);
+            made.write("show");
+            made.close();
+            std::rename(file.constData(), place.constData());
+        }
+    });
+    int opened = 0;
+    for (int i = 0; i < 20'000; ++i) {
+        const Result<QByteArray> bytes = FileBytes::read(folder.filePath("show.Orv"), 10);
+        opened += bytes ? 1 : 0;
+        EXPECT_EQ(bytes.value_or("show"), "show");
+    }
+    isOver = true;
+    others.join();
+    EXPECT_GT(opened, 0);
+}
+
+TEST(FileBytes, AFileThatShrinksWhileItIsReadIsToldAndNeverHalf)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    const QByteArray whole(1 << 20, 's');
+    std::atomic<bool> isOver = false;
+    ASSERT_TRUE(FileBytes::write(path, whole));
+    std::thread others([&] {
+        while (!isOver) {
+            QFile file(path);
+            file.resize(1000);
+            file.resize(whole.size());
+        }
+    });
+    int told = 0;
+    for (int i = 0; i < 300; ++i) {
+        const Result<QByteArray> bytes = FileBytes::read(path, whole.size());
+        told += bytes ? 0 : 1;
+        if (bytes)
+            EXPECT_TRUE(bytes->size() == whole.size() || bytes->size() == 1000);
+        else
+            EXPECT_EQ(bytes.error().text.section(": ", 0, 1), path + ": cannot be read to its end");
+    }
+    isOver = true;
+    others.join();
+    std::cout << told << " of 300 were cut off" << std::endl;
 }
 
 TEST(FileBytes, ALargerFileIsRefusedUnread)
