@@ -51,11 +51,14 @@ bool isCopyIn(const QString &folder)
 }
 
 /// Removes what a copy consists of, and nothing that somebody else has put beside it. The copy goes first: if the
-/// program is killed meanwhile, none is found whose project is not known any more. The lock goes last.
+/// program is killed meanwhile, or the system refuses, none is found whose project is not known any more. The lock goes
+/// last.
 void removeFiles(const QString &folder)
 {
     QDir directory(folder);
     directory.remove("project.Orv");
+    if (isCopyIn(folder))
+        return;
     const QStringList ours{"project.Orv.*", "project-path", "project-path.*"};
     for (const QString &name : directory.entryList(ours, QDir::Files | QDir::System | QDir::Hidden))
         directory.remove(name);

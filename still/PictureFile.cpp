@@ -1,5 +1,7 @@
 #include "still/PictureFile.h"
 
+#include "base/FileBytes.h"
+#include "base/Memory.h"
 #include "drawing/Raster.h"
 #include "still/DrawingCheck.h"
 
@@ -38,25 +40,38 @@ QHash<QString, LoadedPicture> &loadedPictures()
     return pictures;
 }
 
-std::shared_ptr<const QImage> readPicture(const QString &path)
+/// A null image where there is none.
+QImage pictureOf(QByteArray bytes)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return nullptr;
-    QByteArray bytes = file.read(file.size());
     if (!DrawingCheck::isHarmless(bytes))
-        return nullptr;
+        return {};
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMemory);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     const QSize announced = reader.size();
     if (announced.isValid() && !Raster::canHold(announced.width(), announced.height()))
-        return nullptr;
+        return {};
     const QImage picture = reader.read();
     if (!Raster::canHold(picture.width(), picture.height()))
-        return nullptr;
-    return std::make_shared<const QImage>(picture.convertToFormat(Raster::format));
+        return {};
+    return picture.convertToFormat(Raster::format);
+}
+
+/// Nothing where there is no file to read, also for want of memory.
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    if (!FileBytes::openToRead(file) || file.size() > mostBytesOfFile)
+        return {};
+    return Memory::orError([&]() -> Result<QByteArray> { return file.read(file.size()); }).value_or(QByteArray());
+}
+
+/// Null where there is no picture, also for want of memory: the next time there may be one.
+std::shared_ptr<const QImage> readPicture(const QString &path)
+{
+    const Result<QImage> picture = Memory::orError([&]() -> Result<QImage> { return pictureOf(bytesOf(path)); });
+    return picture && !picture->isNull() ? std::make_shared<const QImage>(*picture) : nullptr;
 }
 } // namespace
 
@@ -80,9 +95,28 @@ std::shared_ptr<const QImage> load(const QString &path)
     return picture;
 }
 
+Small small(const QString &path, const QSize &most, qint64 mostPixels)
+{
+    QByteArray bytes = mayBeRead(QFileInfo(path)) ? bytesOf(path) : QByteArray();
+    if (!DrawingCheck::isHarmless(bytes))
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    const QSize size = reader.size();
+    if (!reader.canRead() || size.isEmpty())
+        return {};
+    if (qint64{size.width()} * size.height() > mostPixels)
+        return {size, {}};
+    if (size.width() > most.width() || size.height() > most.height())
+        reader.setScaledSize(size.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    return {size, reader.read()};
+}
+
 bool isPicture(const QString &path)
 {
-    return mayBeRead(QFileInfo(path)) && !QImageReader::imageFormat(path).isEmpty();
+    QFile file(path);
+    return mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file) && !QImageReader::imageFormat(&file).isEmpty();
 }
 
 } // namespace PictureFile

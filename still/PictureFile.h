@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QImage>
+#include <QSize>
 #include <QString>
 
 #include <memory>
@@ -13,6 +14,15 @@ namespace PictureFile {
 /// is ever opened: a drawing (SVG) for which Qt would do that gives none, nor does one that would take for ever; see
 /// DrawingCheck. Stills of one unchanged file share one picture for as long as one of them holds it. Main thread only.
 std::shared_ptr<const QImage> load(const QString &path);
+
+struct Small
+{
+    QSize size;     ///< in pixels, before it is turned upright; empty where there is no picture
+    QImage picture; ///< null where there is none, or where it has more than `mostPixels`
+};
+/// The picture in the file at `path`, upright and no larger than `most`, for those who look for a file. What load()
+/// refuses is none.
+Small small(const QString &path, const QSize &most, qint64 mostPixels);
 
 /// Whether there is a file at `path` that begins like a picture; reads no further.
 bool isPicture(const QString &path);

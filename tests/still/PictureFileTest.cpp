@@ -179,3 +179,31 @@ TEST_F(PictureFileTest, AFileThatWasReplacedIsReadAgain)
     EXPECT_EQ(second->pixel(0, 0), 0xff0000ffU);
     EXPECT_EQ(first->pixel(0, 0), 0xffff0000U);
 }
+
+TEST_F(PictureFileTest, InSmallItKeepsItsRatioAndIsNeverMadeLarger)
+{
+    const PictureFile::Small wide = PictureFile::small(saved("wide.png", {640, 320}, Qt::green), {200, 200}, 1 << 20);
+    EXPECT_EQ(wide.size, QSize(640, 320));
+    EXPECT_EQ(wide.picture.size(), QSize(200, 100));
+    EXPECT_EQ(PictureFile::small(saved("little.png", {9, 7}, Qt::red), {200, 200}, 1 << 20).picture.size(),
+              QSize(9, 7));
+}
+
+TEST_F(PictureFileTest, InSmallAPictureOfTooManyPixelsIsItsSizeAlone)
+{
+    const PictureFile::Small small = PictureFile::small(saved("wide.png", {640, 320}, Qt::green), {200, 200}, 204'799);
+    EXPECT_EQ(small.size, QSize(640, 320));
+    EXPECT_TRUE(small.picture.isNull());
+}
+
+TEST_F(PictureFileTest, InSmallNothingIsShownThatIsRefusedInFull)
+{
+    const QString pipe = folder.filePath("pipe.png");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString drawn = written("drawing.svg", drawing("<image width='9' height='9' xlink:href='pipe.png'/>"));
+    const QString plain = written("plain.svg", drawing("<rect width='9' height='9'/>"));
+
+    EXPECT_TRUE(PictureFile::small(pipe, {200, 200}, 1 << 20).size.isEmpty());
+    EXPECT_TRUE(PictureFile::small(drawn, {200, 200}, 1 << 20).size.isEmpty());
+    EXPECT_EQ(PictureFile::small(plain, {200, 200}, 1 << 20).picture.size(), QSize(20, 20));
+}

@@ -1,8 +1,7 @@
 #include "windows/inspector/PicturePreview.h"
 
 #include "base/NumberText.h"
-
-#include <QImageReader>
+#include "still/PictureFile.h"
 
 namespace {
 constexpr QSize place{200, 200};
@@ -21,20 +20,14 @@ PicturePreview::PicturePreview(QWidget *parent) : QLabel(parent)
 
 void PicturePreview::showFile(const QString &path)
 {
-    QImageReader reader(path);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (!reader.canRead() || size.isEmpty())
-        return clear();
-    setToolTip(NumberText::size(size) + " px");
-    if (qint64{size.width()} * size.height() > mostPixels)
-        return setText(NumberText::size(size) + " px, too large for a preview");
     const qreal ratio = devicePixelRatioF();
-    const QSize most = (QSizeF(place) * ratio).toSize();
-    const bool isLarger = size.width() > most.width() || size.height() > most.height();
-    if (isLarger)
-        reader.setScaledSize(size.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    QPixmap picture = QPixmap::fromImage(reader.read());
+    const PictureFile::Small small = PictureFile::small(path, (QSizeF(place) * ratio).toSize(), mostPixels);
+    if (small.size.isEmpty())
+        return clear();
+    setToolTip(NumberText::size(small.size) + " px");
+    if (qint64{small.size.width()} * small.size.height() > mostPixels)
+        return setText(NumberText::size(small.size) + " px, too large for a preview");
+    QPixmap picture = QPixmap::fromImage(small.picture);
     picture.setDevicePixelRatio(ratio);
     setPixmap(picture);
 }
