@@ -4,6 +4,7 @@
 #include "output/AreaRows.h"
 
 #include <algorithm>
+#include <limits>
 #include <vector>
 
 using AreaRows::Weights;
@@ -49,6 +50,39 @@ private:
     std::vector<quint16> m_weights; ///< as many as were reserved at most: the spans stay where they are
     std::vector<Weights> m_pixels;
 };
+
+/// A side as AreaRows::finish() reads it, from its own first pixel on.
+class ReadSide
+{
+public:
+    explicit ReadSide(const Side &side)
+    {
+        constexpr std::size_t four = AreaRows::channelCount;
+        constexpr std::size_t atOnce = four * AreaRows::readAtOnce;
+        std::size_t room = 0;
+        for (const Weights &pixel : side.pixels())
+            room += four * pixel.of.size() + atOnce;
+        m_weights.reserve(room);
+        for (const Weights &pixel : side.pixels()) {
+            const std::size_t begin = m_weights.size();
+            for (const int weight : pixel.of)
+                m_weights.insert(m_weights.end(), four, static_cast<quint16>(std::min(weight * wholeWeight, most)));
+            m_weights.resize(begin + (m_weights.size() - begin + atOnce - 1) / atOnce * atOnce);
+            m_pixels.push_back({pixel.first - side.begin(), std::span(m_weights).subspan(begin)});
+        }
+        m_sumCount = four * static_cast<std::size_t>(m_pixels.back().first) + m_pixels.back().of.size();
+    }
+
+    const std::vector<Weights> &pixels() const { return m_pixels; }
+    std::size_t sumCount() const { return m_sumCount; }
+
+private:
+    static constexpr int most = std::numeric_limits<quint16>::max();
+
+    std::vector<quint16> m_weights; ///< as many as were reserved at most: the spans stay where they are
+    std::vector<Weights> m_pixels;
+    std::size_t m_sumCount = 0;
+};
 } // namespace
 
 namespace AreaReduction {
@@ -59,23 +93,19 @@ void reduce(QImage &reduced, const QPoint &topLeft, const QImage &picture, const
         return;
     const Side columns(picture.width(), size.width(), part.left(), part.width());
     const Side rows(picture.height(), size.height(), part.top(), part.height());
-    std::vector<Weights> fromFirst = columns.pixels();
-    for (Weights &pixel : fromFirst)
-        pixel.first -= columns.begin();
+    const ReadSide readColumns(columns);
 
     const qint64 read = columns.end() - columns.begin();
     uchar *const out = reduced.bits();
     const qint64 readPerRow = read * (rows.end() - rows.begin()) / part.height() + 1;
     Bands::forEach(part.height(), static_cast<int>(bandPixels / readPerRow) + 1, [&](int first, int count) {
-        std::vector<quint16> sums(static_cast<std::size_t>(4 * read));
+        std::vector<quint16> sums(readColumns.sumCount());
         for (int y = first; y < first + count; ++y) {
             const auto &[top, weights] = rows.pixels()[static_cast<std::size_t>(y)];
-            for (std::size_t i = 0; i < weights.size(); ++i) {
-                const uchar *const source = picture.constScanLine(top + static_cast<int>(i)) + 4 * columns.begin();
-                (i == 0 ? AreaRows::begin : AreaRows::add)(sums.data(), source, 4 * read, weights[i]);
-            }
+            const uchar *const source = picture.constScanLine(top) + 4 * qsizetype{columns.begin()};
+            AreaRows::sumRows(sums.data(), source, picture.bytesPerLine(), weights, 4 * read);
             uchar *const row = out + (topLeft.y() + y) * reduced.bytesPerLine() + 4 * qsizetype{topLeft.x()};
-            AreaRows::finish(reinterpret_cast<QRgb *>(row), fromFirst, sums.data());
+            AreaRows::finish(reinterpret_cast<QRgb *>(row), readColumns.pixels(), sums.data());
         }
     });
 }

@@ -5,6 +5,7 @@
 #define HWY_TARGET_INCLUDE "output/AreaRows.cpp"
 #include <hwy/foreach_target.h> // before highway.h
 #include <hwy/highway.h>
+#include <iterator>
 
 HWY_BEFORE_NAMESPACE();
 namespace AreaRows {
@@ -13,63 +14,93 @@ namespace hn = hwy::HWY_NAMESPACE;
 
 using Sums = hn::ScalableTag<quint16>;
 using OneSum = hn::CappedTag<quint16, 1>;
-using Channels = hn::CappedTag<quint32, 4>;
+using Pixel = hn::CappedTag<quint16, channelCount>;
+using PairOfPixels = hn::CappedTag<quint16, channelCount * readAtOnce>;
 
-/// Calls `sums(d, i)` for all i below `count`: for as many at once as vectors hold, then one by one.
-template <class Function>
-HWY_INLINE void forSums(qint64 count, const Function &sums)
+template <class D>
+HWY_INLINE hn::Vec<D> weighted(D d, const uchar *bytes, hn::Vec<D> weight)
+{
+    return hn::Mul(hn::PromoteTo(d, hn::LoadU(hn::Rebind<quint8, D>(), bytes)), weight);
+}
+
+/// Four vectors: of a row as much is read at once as lies in the cache beside it.
+template <class D>
+HWY_INLINE void sumFourVectors(D d, quint16 *sums, const uchar *row, qint64 bytesPerLine,
+                               std::span<const quint16> weights)
+{
+    const auto step = static_cast<qint64>(hn::Lanes(d));
+    auto first = hn::Zero(d);
+    auto second = hn::Zero(d);
+    auto third = hn::Zero(d);
+    auto fourth = hn::Zero(d);
+    for (const quint16 each : weights) {
+        const auto weight = hn::Set(d, each);
+        first = hn::Add(first, weighted(d, row, weight));
+        second = hn::Add(second, weighted(d, row + step, weight));
+        third = hn::Add(third, weighted(d, row + 2 * step, weight));
+        fourth = hn::Add(fourth, weighted(d, row + 3 * step, weight));
+        row += bytesPerLine;
+    }
+    hn::StoreU(first, d, sums);
+    hn::StoreU(second, d, sums + step);
+    hn::StoreU(third, d, sums + 2 * step);
+    hn::StoreU(fourth, d, sums + 3 * step);
+}
+
+template <class D>
+HWY_INLINE void sumVector(D d, quint16 *sums, const uchar *row, qint64 bytesPerLine, std::span<const quint16> weights)
+{
+    auto sum = hn::Zero(d);
+    for (const quint16 weight : weights) {
+        sum = hn::Add(sum, weighted(d, row, hn::Set(d, weight)));
+        row += bytesPerLine;
+    }
+    hn::StoreU(sum, d, sums);
+}
+
+void sumRows(quint16 *sums, const uchar *top, qint64 bytesPerLine, std::span<const quint16> weights, qint64 count)
 {
     const Sums d;
-    const auto step = static_cast<qint64>(hn::Lanes(d));
+    const qint64 step = 4 * static_cast<qint64>(hn::Lanes(d));
     qint64 i = 0;
     for (; i + step <= count; i += step)
-        sums(d, i);
+        sumFourVectors(d, sums + i, top + i, bytesPerLine, weights);
     for (; i < count; ++i)
-        sums(OneSum(), i);
+        sumVector(OneSum(), sums + i, top + i, bytesPerLine, weights);
 }
 
+/// The weighted sums of the channels of as many pixels as are read at once, beginning with a channel.
 template <class D>
-HWY_INLINE hn::Vec<D> weighted(D d, const uchar *bytes, int weight)
+HWY_INLINE void sumPixels(D d, quint16 *totals, const quint16 *sums, const quint16 *weights, std::size_t count)
 {
-    return hn::Mul(hn::PromoteTo(d, hn::LoadU(hn::Rebind<quint8, D>(), bytes)),
-                   hn::Set(d, static_cast<quint16>(weight)));
+    auto total = hn::Zero(d);
+    for (std::size_t i = 0; i < count; i += channelCount * readAtOnce)
+        total = hn::Add(total, hn::MulHigh(hn::LoadU(d, sums + i), hn::LoadU(d, weights + i)));
+    hn::StoreU(total, d, totals);
 }
 
-void begin(quint16 *sums, const uchar *bytes, qint64 count, int weight)
-{
-    forSums(count, [=](auto d, qint64 i) HWY_ATTR { hn::StoreU(weighted(d, bytes + i, weight), d, sums + i); });
-}
-
-void add(quint16 *sums, const uchar *bytes, qint64 count, int weight)
-{
-    forSums(count, [=](auto d, qint64 i) HWY_ATTR {
-        hn::StoreU(hn::Add(hn::LoadU(d, sums + i), weighted(d, bytes + i, weight)), d, sums + i);
-    });
-}
-
-/// The mean of four channels, or of as many as a vector holds.
+/// The mean of four channels, or of as many as a vector holds, of both pixels that were summed.
 template <class D>
-HWY_INLINE void writeMean(D d, quint8 *out, const quint16 *sums, std::span<const quint16> weights)
+HWY_INLINE void writeMean(D d, quint8 *out, const quint16 *totals)
 {
-    constexpr quint32 half = wholeWeight * wholeWeight / 2;
-    auto total = hn::Set(d, half);
-    for (const quint16 weight : weights) {
-        const auto sum = hn::PromoteTo(d, hn::LoadU(hn::Rebind<quint16, D>(), sums));
-        total = hn::Add(total, hn::Mul(sum, hn::Set(d, quint32{weight})));
-        sums += 4;
-    }
-    const auto mean = hn::BitCast(hn::Rebind<qint32, D>(), hn::ShiftRight<16>(total));
+    const auto both = hn::Add(hn::LoadU(d, totals), hn::LoadU(d, totals + channelCount));
+    const auto mean = hn::ShiftRight<8>(hn::Add(both, hn::Set(d, quint16{wholeWeight / 2})));
     const hn::Rebind<quint8, D> bytes;
-    hn::StoreU(hn::DemoteTo(bytes, mean), bytes, out);
+    hn::StoreU(hn::DemoteTo(bytes, hn::BitCast(hn::RebindToSigned<D>(), mean)), bytes, out);
 }
 
 void finish(QRgb *out, std::span<const Weights> weights, const quint16 *sums)
 {
-    const Channels d;
+    const PairOfPixels pair;
+    const Pixel one;
+    quint16 totals[channelCount * readAtOnce];
     for (const Weights &pixel : weights) {
+        const quint16 *const first = sums + qsizetype{channelCount} * pixel.first;
+        for (std::size_t i = 0; i < std::size(totals); i += hn::Lanes(pair))
+            sumPixels(pair, totals + i, first + i, pixel.of.data() + i, pixel.of.size());
         auto *channels = reinterpret_cast<quint8 *>(out++);
-        for (std::size_t channel = 0; channel < 4; channel += hn::Lanes(d))
-            writeMean(d, channels + channel, sums + qsizetype{4} * pixel.first + channel, pixel.of);
+        for (std::size_t i = 0; i < channelCount; i += hn::Lanes(one))
+            writeMean(one, channels + i, totals + i);
     }
 }
 
@@ -80,18 +111,12 @@ HWY_AFTER_NAMESPACE();
 #if HWY_ONCE
 namespace AreaRows {
 
-HWY_EXPORT(begin);
-HWY_EXPORT(add);
+HWY_EXPORT(sumRows);
 HWY_EXPORT(finish);
 
-void begin(quint16 *sums, const uchar *bytes, qint64 count, int weight)
+void sumRows(quint16 *sums, const uchar *top, qint64 bytesPerLine, std::span<const quint16> weights, qint64 count)
 {
-    HWY_DYNAMIC_DISPATCH(begin)(sums, bytes, count, weight);
-}
-
-void add(quint16 *sums, const uchar *bytes, qint64 count, int weight)
-{
-    HWY_DYNAMIC_DISPATCH(add)(sums, bytes, count, weight);
+    HWY_DYNAMIC_DISPATCH(sumRows)(sums, top, bytesPerLine, weights, count);
 }
 
 void finish(QRgb *out, std::span<const Weights> weights, const quint16 *sums)

@@ -14,10 +14,15 @@
 class Composition::PictureMemory
 {
 public:
-    /// The pictures as pixels of the output; none for those that do not show. Valid until forgetUnused().
-    std::vector<PlannedPicture> plan(const std::vector<PlacedPicture> &topmostFirst, const QSize &output);
+    /// The pictures as pixels of the output; none for those that do not show in `where`. Valid until forgetUnused().
+    std::vector<PlannedPicture> plan(const std::vector<PlacedPicture> &topmostFirst, const QSize &output,
+                                     const QRect &where);
+    /// What is kept may be more than so many pictures need.
+    bool isCrowded(std::size_t pictures) const { return m_fitted > 0 || m_known.size() > 2 * pictures + 8; }
     /// Forgets what the last plan had no use for, and what takes more than `bytes` in all.
     void forgetUnused(qint64 bytes);
+    /// Forgets pictures that others stand for now; for what is not crowded.
+    void forgetReplaced(const PictureRows &rows);
 
 private:
     struct Known
@@ -34,6 +39,7 @@ private:
     Known *find(const PictureFit &fit);
 
     std::unordered_multimap<qint64, Known> m_known; ///< by cache key; plans point into it
+    std::size_t m_fitted = 0;                       ///< those with a picture of their own
 };
 
 auto Composition::PictureMemory::find(const PictureFit &fit) -> Known *
@@ -49,6 +55,7 @@ auto Composition::PictureMemory::known(const PictureFit &fit, const PlacedPictur
         return *found;
     const QImage fitted = fit.changes ? fit.made(placed.picture) : QImage();
     const OpaqueSpans opaque = fit.changes ? OpaqueSpans(fitted) : opaqueSpans(fit, placed);
+    m_fitted += fitted.isNull() ? 0 : 1;
     return m_known.emplace(fit.cacheKey, Known{fit, fitted, opaque, true})->second;
 }
 
@@ -65,10 +72,12 @@ OpaqueSpans Composition::PictureMemory::opaqueSpans(const PictureFit &fit, const
 }
 
 std::vector<PlannedPicture> Composition::PictureMemory::plan(const std::vector<PlacedPicture> &topmostFirst,
-                                                             const QSize &output)
+                                                             const QSize &output, const QRect &where)
 {
     std::vector<PlannedPicture> planned;
     for (const PlacedPicture &placed : topmostFirst) {
+        if (!boxOn(output, ComposedPicture::of(placed)).intersects(where))
+            continue;
         const std::optional<PictureFit> fit = PictureFit::of(placed, output);
         if (!fit)
             continue;
@@ -91,13 +100,28 @@ void Composition::PictureMemory::forgetUnused(qint64 bytes)
         const bool keep = std::exchange(picture.used, false) && size <= bytes;
         if (keep)
             bytes -= size;
+        else
+            m_fitted -= picture.fitted.isNull() ? 0 : 1;
         entry = keep ? std::next(entry) : m_known.erase(entry);
+    }
+}
+
+/// What was only hidden may come back.
+void Composition::PictureMemory::forgetReplaced(const PictureRows &rows)
+{
+    if (rows.before.size() != rows.now.size())
+        return;
+    for (const ComposedPicture &before : rows.before) {
+        const auto isStillThere = [&](const PlacedPicture &now) { return now.picture.cacheKey() == before.cacheKey; };
+        if (std::ranges::none_of(rows.now, isStillThere))
+            m_known.erase(before.cacheKey);
     }
 }
 
 std::vector<PlacedPicture> placedPictures(const std::vector<LayerPointer> &layers)
 {
     std::vector<PlacedPicture> pictures;
+    pictures.reserve(layers.size());
     for (const LayerPointer &layer : layers) {
         if (layer->visible()) {
             pictures.push_back({layer->thumbnail(), QPoint(layer->xpoint(), layer->ypoint()),
@@ -116,11 +140,16 @@ const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirs
     const qint64 before = m_output.picture.cacheKey();
     const bool isMended = !m_output.picture.isNull() && m_output.picture.isDetached() && style == m_style;
     m_output.picture = Raster::reuse(std::move(m_output.picture), style.size.width(), style.size.height());
-    const QRegion change =
-        isMended ? changeBetween(m_composed, topmostFirst, style.size) : QRegion(m_output.picture.rect());
+    const PictureRows rows = PictureRows::differing(m_composed, topmostFirst);
+    const QRegion change = isMended ? changeBetween(rows, style.size) : QRegion(m_output.picture.rect());
+    const bool looksAtAll = !isMended || m_pictures->isCrowded(topmostFirst.size());
+    const QRect planned = looksAtAll ? m_output.picture.rect() : change.boundingRect();
     if (!m_output.picture.isNull())
-        paint(m_pictures->plan(topmostFirst, style.size), style, change);
-    m_pictures->forgetUnused(m_output.picture.sizeInBytes());
+        paint(m_pictures->plan(topmostFirst, style.size, planned), style, change);
+    if (looksAtAll)
+        m_pictures->forgetUnused(m_output.picture.sizeInBytes());
+    else
+        m_pictures->forgetReplaced(rows);
     if (isMended)
         m_output.changes.add(before, change);
     else

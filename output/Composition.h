@@ -55,8 +55,8 @@ std::vector<PlacedPicture> placedPictures(const std::vector<LayerPointer> &layer
 
 /// Composes outputs. A function of its arguments alone; the object keeps buffers and what it has learnt about pictures
 /// (where they are opaque, how they look at another size), so that the next composition is cheap. What it keeps goes
-/// with the first composition that does not show the picture, and takes at most the memory of one output for scaled
-/// pictures and 2 % of theirs for where they are opaque.
+/// soon after the picture is no longer shown, and takes at most the memory of one output for scaled pictures and 2 % of
+/// theirs for where they are opaque.
 class Composition
 {
 public:
@@ -89,6 +89,19 @@ private:
     OutputStyle m_style;
 };
 
-/// Where an output of `size` that shows the pictures of `before` differs from one that shows those of `now`, both
-/// topmost first: at most there. Within the output.
-QRegion changeBetween(std::span<const ComposedPicture> before, std::span<const PlacedPicture> now, const QSize &size);
+/// The visible part of a picture's place, which may reach further than a QRect can say.
+QRect boxOn(const QSize &output, const ComposedPicture &picture);
+
+/// Rows of two lists of pictures, topmost first.
+struct PictureRows
+{
+    std::span<const ComposedPicture> before;
+    std::span<const PlacedPicture> now;
+
+    /// Without those that both lists begin with, and end with.
+    static PictureRows differing(std::span<const ComposedPicture> before, std::span<const PlacedPicture> now);
+};
+
+/// Where an output of `size` that shows the pictures of before differs from one that shows those of now: at most there.
+/// Within the output.
+QRegion changeBetween(const PictureRows &rows, const QSize &size);

@@ -7,7 +7,19 @@ namespace {
 /// More rectangles than these cost more than composing what lies between them.
 constexpr int mostRects = 32;
 
-/// The visible part of a picture's place; both may reach further than a QRect can say.
+QRegion changeOf(const ComposedPicture &before, const PlacedPicture &now, const QSize &output)
+{
+    const ComposedPicture is = ComposedPicture::of(now);
+    if (is == before)
+        return {};
+    const QRegion boxes = QRegion(boxOn(output, before)) + boxOn(output, is);
+    const bool staysInPlace =
+        is.topLeft == before.topLeft && is.size == before.size && now.picture.size() == now.size && !boxes.isEmpty();
+    const auto part = staysInPlace ? now.changes.since(before.cacheKey) : std::nullopt;
+    return part ? part->translated(now.topLeft) & boxes : boxes;
+}
+} // namespace
+
 QRect boxOn(const QSize &output, const ComposedPicture &picture)
 {
     const auto clamped = [](qint64 position, int limit) {
@@ -23,22 +35,7 @@ QRect boxOn(const QSize &output, const ComposedPicture &picture)
     return {first, end - QPoint(1, 1)};
 }
 
-QRegion changeOf(const ComposedPicture &before, const PlacedPicture &now, const QSize &output)
-{
-    const ComposedPicture is = ComposedPicture::of(now);
-    if (is == before)
-        return {};
-    const QRegion boxes = QRegion(boxOn(output, before)) + boxOn(output, is);
-    const bool staysInPlace =
-        is.topLeft == before.topLeft && is.size == before.size && now.picture.size() == now.size && !boxes.isEmpty();
-    const auto part = staysInPlace ? now.changes.since(before.cacheKey) : std::nullopt;
-    return part ? part->translated(now.topLeft) & boxes : boxes;
-}
-} // namespace
-
-/// At a pixel in no box of a picture that differs from the one at its place in the list, the same pictures lie over
-/// each other before and now.
-QRegion changeBetween(std::span<const ComposedPicture> before, std::span<const PlacedPicture> now, const QSize &size)
+PictureRows PictureRows::differing(std::span<const ComposedPicture> before, std::span<const PlacedPicture> now)
 {
     const auto isSame = [](const ComposedPicture &was, const PlacedPicture &is) {
         return was == ComposedPicture::of(is);
@@ -47,9 +44,14 @@ QRegion changeBetween(std::span<const ComposedPicture> before, std::span<const P
     before = {first.in1, before.end()};
     now = {first.in2, now.end()};
     const auto last = std::mismatch(before.rbegin(), before.rend(), now.rbegin(), now.rend(), isSame);
-    before = {before.begin(), last.first.base()};
-    now = {now.begin(), last.second.base()};
+    return {{before.begin(), last.first.base()}, {now.begin(), last.second.base()}};
+}
 
+/// At a pixel in no box of a picture that differs from the one at its place in the list, the same pictures lie over
+/// each other before and now.
+QRegion changeBetween(const PictureRows &rows, const QSize &size)
+{
+    const auto &[before, now] = rows;
     QRegion change;
     for (std::size_t i = 0; i < std::max(before.size(), now.size()); ++i) {
         if (i < before.size() && i < now.size())

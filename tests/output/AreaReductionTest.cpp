@@ -69,6 +69,20 @@ TEST(AreaReduction, IsWithinAStepOfTheExactMean)
     }
 }
 
+TEST(AreaReduction, IsWithinTwoStepsWhereAPixelStandsForHundreds)
+{
+    Chance chance;
+    for (const int width : {257, 511, 1023}) {
+        const QImage picture = noise(chance, {width, 3});
+        const QImage small = reduced(picture, {4, 1});
+        for (int x = 0; x < 4; ++x) {
+            for (int channel = 0; channel < 4; ++channel)
+                EXPECT_NEAR(small.constScanLine(0)[4 * x + channel], exactMean(picture, {4, 1}, {x, 0}, channel), 2)
+                    << width;
+        }
+    }
+}
+
 TEST(AreaReduction, OneColourStaysThatColour)
 {
     for (const QRgb pixel : {0xffffffffU, 0xff010203U, 0x80402010U, 0U}) {
