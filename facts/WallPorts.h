@@ -1,7 +1,7 @@
 #pragma once
 
+#include "grid/PortSplit.h"
 #include "layer/Layer.h"
-#include "screen/PortSplit.h"
 
 #include <optional>
 #include <vector>

@@ -23,16 +23,17 @@ std::optional<int> numberOf(QStringView digits)
     return number <= std::numeric_limits<int>::max() ? std::optional(static_cast<int>(number)) : std::nullopt;
 }
 
-Cell cellOf(QStringView key)
+} // namespace
+
+std::optional<Cell> panelOfKey(QStringView key)
 {
     const qsizetype comma = key.indexOf(u',');
     if (comma < 0)
-        return nowhere;
+        return std::nullopt;
     const auto row = numberOf(key.first(comma));
     const auto column = numberOf(key.sliced(comma + 1));
-    return row && column ? Cell{*column, *row} : nowhere;
+    return row && column ? std::optional(Cell{*column, *row}) : std::nullopt;
 }
-} // namespace
 
 QString panelKey(qint64 row, qint64 column)
 {
@@ -44,7 +45,7 @@ PanelKeys::PanelKeys(const QStringList &texts) : m_list(new List)
     m_list->texts = texts;
     m_list->cells.reserve(static_cast<std::size_t>(texts.size()));
     for (const QString &text : texts)
-        m_list->cells.push_back(cellOf(text));
+        m_list->cells.push_back(panelOfKey(text).value_or(nowhere));
 }
 
 CellSet PanelKeys::cellsInside(int columns, int rows) const
@@ -66,7 +67,7 @@ void PanelKeys::append(const Cell &cell)
 void PanelKeys::toggle(qint64 row, qint64 column)
 {
     const QString key = panelKey(row, column);
-    const Cell cell = cellOf(key);
+    const Cell cell = panelOfKey(key).value_or(nowhere);
     const qsizetype before = texts().size();
     removePlaces(0, [&](qsizetype place) { return cellAt(place) == cell && texts().at(place) == key; });
     if (texts().size() < before)

@@ -7,11 +7,14 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// The key of a panel in `hiddenBoxes`: its row counted from the top and its column from the left, as unsigned 64-bit
 /// decimals, so that an index before the first one names no panel.
 QString panelKey(qint64 row, qint64 column);
+/// The panel of a key; nullopt for a text that panelKey() does not write for a panel.
+std::optional<Cell> panelOfKey(QStringView key);
 
 /// The keys of a wall's panels that are off: a list of texts that comes from anywhere and goes back as it came. A panel
 /// may stand in it twice; keys of no panel, and texts that are none, stay where they are. Copies share what they hold

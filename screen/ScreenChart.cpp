@@ -7,7 +7,7 @@
 #include "screen/LostWall.h"
 #include "screen/PanelLabels.h"
 #include "screen/PanelPainter.h"
-#include "screen/PortSplit.h"
+#include "grid/PortSplit.h"
 
 #include <algorithm>
 #include <cmath>

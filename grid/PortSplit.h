@@ -49,6 +49,8 @@ struct PortSplit
     /// How many runs there are, and the run of port `index`, 0 the first.
     qint64 portCount() const;
     Port port(qint64 index) const;
+    /// Which of the runs that one is, 0 the first, from where the pattern begins.
+    qint64 placeOnPath(qint64 index) const { return m_startsAtFarEnd ? portCount() - 1 - index : index; }
 
 private:
     PanelAxis m_lines; ///< from the bottom, or from the left

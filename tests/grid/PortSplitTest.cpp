@@ -1,4 +1,4 @@
-#include "screen/PortSplit.h"
+#include "grid/PortSplit.h"
 
 #include <gtest/gtest.h>
 #include <limits>
