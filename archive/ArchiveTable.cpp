@@ -98,14 +98,33 @@ ArchiveValue ArchiveTable::shared(plist_t node, const std::function<bool(const A
     return value;
 }
 
+bool ArchiveTable::isListOf(plist_t node, const QString &className)
+{
+    const auto recordClass = [this](plist_t value) {
+        plist_t record = target(value);
+        const bool isRecord = record && plist_get_node_type(record) == PLIST_DICT;
+        return isRecord ? classOf(PropertyList::value(record, "$class")).value_or(RecordClass()) : RecordClass();
+    };
+    if (recordClass(node).decoder != &ArchiveTable::list)
+        return false;
+    plist_t array = PropertyList::value(target(node), "NS.objects");
+    const bool isArray = array && plist_get_node_type(array) == PLIST_ARRAY;
+    const std::vector<plist_t> nodes = isArray ? PropertyList::entries(array) : std::vector<plist_t>();
+    m_cost.values += nodes.size(); // each time anew: a list may be referred to from everywhere
+    return !nodes.empty() &&
+           std::ranges::all_of(nodes, [&](plist_t entry) { return recordClass(entry).name == className; });
+}
+
+plist_t ArchiveTable::target(plist_t node) const
+{
+    const std::optional<quint64> index = PropertyList::reference(node);
+    if (!index)
+        return node;
+    return *index < m_source->objects.size() ? m_source->objects[*index] : nullptr;
+}
+
 ArchiveValue ArchiveTable::plain(plist_t node)
 {
-    const auto target = [this](plist_t named) {
-        const std::optional<quint64> index = PropertyList::reference(named);
-        if (!index)
-            return named;
-        return *index < m_source->objects.size() ? m_source->objects[*index] : nullptr;
-    };
     plist_t found = target(node);
     const bool isRecord = found && plist_get_node_type(found) == PLIST_DICT;
     if (!isRecord) {
@@ -222,6 +241,8 @@ ArchiveValue ArchiveTable::object(plist_t record, const QString &className, cons
         const auto isTaken = m_vocabulary.sharedKeys.constFind(key);
         if (isKnown && isTaken != m_vocabulary.sharedKeys.cend())
             result->encode(key, shared(node, *isTaken));
+        else if (const QString listed = m_vocabulary.sharedLists.value(key); isKnown && !listed.isEmpty())
+            result->encode(key, isListOf(node, listed) ? member(node) : unknown(node));
         else if (isKnown ? !key.startsWith('$') : key != "$class")
             result->encode(key, isKnown ? member(node) : unknown(node));
     }

@@ -70,6 +70,10 @@ private:
     ArchiveValue unknown(plist_t node);
     /// A value under a key that others may use.
     ArchiveValue shared(plist_t node, const std::function<bool(const ArchiveValue &)> &isTaken);
+    /// Whether a value is a list of objects of one of the caller's classes, and has some.
+    bool isListOf(plist_t node, const QString &className);
+    /// The entry that a node refers to, or the node; null for a reference that leads nowhere.
+    plist_t target(plist_t node) const;
     /// A number, data, a text or nil; a fault for what would need more to be read.
     ArchiveValue plain(plist_t node);
     /// A value that stands in a record: in place or by reference.

@@ -10,6 +10,8 @@ struct Kinds : Cases...
 {
     using Cases::operator()...;
 };
+template <typename... Cases>
+Kinds(Cases...) -> Kinds<Cases...>; // clang 16 does not deduce it
 
 tl::unexpected<Error> unexpectedKind(const QString &subject, const QString &found, const QString &expected)
 {

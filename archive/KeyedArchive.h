@@ -11,7 +11,8 @@
 #include <limits>
 #include <optional>
 
-/// Keyed archives: the object graph of project files, preset libraries, pasteboard data and in-memory copies.
+/// Keyed archives: the object graph of project files, preset libraries, pasteboard data and in-memory copies. Memory
+/// that cannot be had is a std::bad_alloc.
 /// `docs/keyed-archive.md` describes the records.
 namespace KeyedArchive {
 
@@ -35,6 +36,9 @@ struct Vocabulary
     /// Known keys that others may use for something else: whether a value under one is taken, which is a number, data,
     /// a text or nil. It is an UnknownValue otherwise.
     QHash<QString, std::function<bool(const ArchiveValue &)>> sharedKeys = {};
+    /// Likewise keys of lists: each value under one is a list of objects of that class, at least one. Anything else is
+    /// an UnknownValue.
+    QHash<QString, QString> sharedLists = {};
 };
 
 /// The archive of `contents` as a binary property list. Lists are written as mutable lists, equal texts, colours and

@@ -19,8 +19,12 @@ plist_t copyOfNode(plist_t node, std::vector<plist_t> &references)
     case PLIST_DICT: {
         plist_t copy = plist_new_dict();
         std::vector<plist_t> classReference;
-        for (const auto &[key, value] : PropertyList::members(node))
-            plist_dict_set_item(copy, key.toUtf8(), copyOfNode(value, key == "$class" ? classReference : references));
+        for (const auto &[key, value] : PropertyList::members(node)) {
+            // A key may stand there twice. The first counts for readers, and the second would free its references.
+            if (!PropertyList::value(copy, key.toUtf8()))
+                plist_dict_set_item(copy, key.toUtf8(),
+                                    copyOfNode(value, key == "$class" ? classReference : references));
+        }
         references.insert(references.end(), classReference.begin(), classReference.end());
         return copy;
     }
@@ -73,7 +77,7 @@ private:
     Index add(qint64 integer);
     Index add(double real);
     Index add(const QString &text);
-    Index add(const QByteArray &data) { return append(plist_new_data(data.constData(), data.size())); }
+    Index add(const QByteArray &data) { return append(PropertyList::newData(data)); }
     Index add(const Colour &colour);
     Index add(const Address &address);
     Index add(const IndexSet &indexes);
@@ -152,7 +156,7 @@ plist_t TableWriter::member(const ArchiveValue &value)
     if (const double *const real = std::get_if<double>(&value.storage))
         return plist_new_real(*real);
     if (const QByteArray *const data = std::get_if<QByteArray>(&value.storage))
-        return plist_new_data(data->constData(), static_cast<quint64>(data->size()));
+        return PropertyList::newData(*data);
     if (const UnknownValue *const unknown = std::get_if<UnknownValue>(&value.storage))
         return copy(*unknown);
     const ArchiveObjectPointer *const object = std::get_if<ArchiveObjectPointer>(&value.storage);
@@ -304,7 +308,7 @@ TableWriter::Index TableWriter::add(const QString &text)
     const QByteArray written = text.toUtf8();
     return once("text " + written, [&] {
         if (written != "$null")
-            return append(plist_new_string(written));
+            return append(PropertyList::newText(written));
         // As a plain string it would read as nil.
         plist_t record = plist_new_dict();
         const Index index = append(record);

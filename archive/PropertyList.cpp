@@ -1,6 +1,7 @@
 #include "archive/PropertyList.h"
 
 #include "archive/PropertyListGuard.h"
+#include "base/Memory.h"
 
 #include <QStringDecoder>
 
@@ -46,11 +47,49 @@ bool isOfType(plist_t node, plist_type type)
 {
     return node && plist_get_node_type(node) == type;
 }
+
+/// What asking for costs about as much as a small node is not asked for.
+constexpr qsizetype largeNode = qsizetype{64} << 10;
+
+void requireFor(const QByteArray &bytes)
+{
+    if (bytes.size() >= largeNode)
+        Memory::require(bytes.size());
+}
+
+/// About what an archive takes as bytes: most of it stands in its table of objects.
+qsizetype sizeOf(plist_t archive)
+{
+    constexpr qsizetype usual = 16;
+    qsizetype size = 0;
+    for (plist_t entry : PropertyList::entries(PropertyList::value(archive, "$objects"))) {
+        uint64_t length = 0;
+        if (isOfType(entry, PLIST_STRING))
+            plist_get_string_ptr(entry, &length);
+        else if (isOfType(entry, PLIST_DATA))
+            plist_get_data_ptr(entry, &length);
+        size += usual + static_cast<qsizetype>(length);
+    }
+    return size;
+}
 } // namespace
+
+plist_t PropertyList::newText(const QByteArray &utf8)
+{
+    requireFor(utf8);
+    return plist_new_string(utf8.constData());
+}
+
+plist_t PropertyList::newData(const QByteArray &bytes)
+{
+    requireFor(bytes);
+    return plist_new_data(bytes.constData(), static_cast<uint64_t>(bytes.size()));
+}
 
 Result<PropertyList::Pointer> PropertyList::parse(const QByteArray &bytes)
 {
     plist_t root = nullptr;
+    Memory::require(2 * bytes.size());
     if (bytes.startsWith("bplist")) {
         if (const Result<void> checked = PropertyListGuard::checkBinary(bytes); !checked)
             return tl::unexpected(checked.error());
@@ -71,6 +110,7 @@ Result<QByteArray> PropertyList::toBinary(plist_t root)
 {
     char *bytes = nullptr;
     uint32_t size = 0;
+    Memory::require(2 * sizeOf(root)); // what is there stays while more is asked for
     plist_to_bin(root, &bytes, &size);
     const Allocated<char> owner(bytes);
     if (!bytes)

@@ -23,6 +23,10 @@ using Pointer = std::unique_ptr<void, Deleter>;
 /// A list from bytes, binary or XML, once the guard has let them pass.
 /// Error: not a property list, damaged, or past one of the guard's limits.
 [[nodiscard]] Result<Pointer> parse(const QByteArray &bytes);
+/// Nodes of their own. libplist takes it for granted that there is memory for them: a std::bad_alloc tells where there
+/// is none, here and wherever a list is parsed or written.
+[[nodiscard]] plist_t newText(const QByteArray &utf8);
+[[nodiscard]] plist_t newData(const QByteArray &bytes);
 /// The list as a binary property list. Error: libplist produced none, or one that the guard refuses.
 [[nodiscard]] Result<QByteArray> toBinary(plist_t root);
 
