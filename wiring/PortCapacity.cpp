@@ -1,0 +1,183 @@
+#include "wiring/PortCapacity.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+QString rateText(double rate)
+{
+    return QString::number(rate, 'g', 6);
+}
+
+struct Figure
+{
+    qint64 pixels;
+    PortCapacity::Origin origin;
+    const CapacityModel *model;
+};
+
+using FoundFigure = tl::expected<Figure, NoFigure::Reason>;
+
+FoundFigure linkFigure(const CapacityModel &model, int bits, qint64 milliHz)
+{
+    const auto link = model.links.find(bits);
+    if (link == model.links.end())
+        return tl::unexpected(NoFigure::Reason::NoSuchDepth);
+    if (milliHz > model.maxHz * qint64{1000})
+        return tl::unexpected(NoFigure::Reason::NoSuchRate);
+    Figure figure{link->second.payloadBps * 1000 / (link->second.bitsPerPixel * milliHz), PortCapacity::Origin::Derived,
+                  &model};
+    for (const CapacityCell &cell : model.published) {
+        if (cell.bits == bits && cell.hz * qint64{1000} == milliHz && cell.pixels <= figure.pixels)
+            figure = {cell.pixels, PortCapacity::Origin::Published, &model};
+    }
+    return figure;
+}
+
+FoundFigure tableFigure(const CapacityModel &model, int bits, qint64 milliHz)
+{
+    const CapacityCell *found = nullptr;
+    bool hasDepth = false;
+    for (const CapacityCell &cell : model.published) {
+        hasDepth |= cell.bits == bits;
+        if (cell.bits == bits && cell.hz * qint64{1000} >= milliHz && (!found || cell.hz < found->hz))
+            found = &cell;
+    }
+    if (!found)
+        return tl::unexpected(hasDepth ? NoFigure::Reason::NoSuchRate : NoFigure::Reason::NoSuchDepth);
+    const bool isExact = found->hz * qint64{1000} == milliHz;
+    return Figure{found->pixels, isExact ? PortCapacity::Origin::Published : PortCapacity::Origin::NextHigherRate,
+                  &model};
+}
+
+FoundFigure figureOf(const CapacityModel &model, int bits, qint64 milliHz)
+{
+    switch (model.kind) {
+    case CapacityModel::Kind::Link:
+        return linkFigure(model, bits, milliHz);
+    case CapacityModel::Kind::Table:
+        return tableFigure(model, bits, milliHz);
+    case CapacityModel::Kind::None:
+        break;
+    }
+    return tl::unexpected(NoFigure::Reason::NothingPublished);
+}
+
+/// The lowest, as long as it is not known which of the cards hang there.
+FoundFigure lowestFigure(const std::vector<const CapacityModel *> &models, int bits, qint64 milliHz)
+{
+    FoundFigure lowest = tl::unexpected(NoFigure::Reason::NothingPublished);
+    for (const CapacityModel *model : models) {
+        const FoundFigure figure = figureOf(*model, bits, milliHz);
+        if (!figure)
+            return figure;
+        if (!lowest || figure->pixels < lowest->pixels)
+            lowest = figure;
+    }
+    return lowest;
+}
+
+NoFigure noFigure(NoFigure::Reason reason, const ProcessorSettings &settings)
+{
+    using enum NoFigure::Reason;
+    switch (reason) {
+    case NoSuchModel:
+        return {reason, QString("There is no processor \"%1\"; choose another model.").arg(settings.model)};
+    case NothingPublished:
+        return {reason, QString("No figure is published for %1; type the pixels per port.").arg(settings.model)};
+    case NoSuchDepth:
+        return {reason, QString("No figure is published for %1 at %2 bit; type the pixels per port.")
+                            .arg(settings.model)
+                            .arg(settings.bits)};
+    case NoSuchRate:
+        break;
+    }
+    return {reason, QString("No figure is published for %1 at %2 bit and %3 Hz; type the pixels per port.")
+                        .arg(settings.model)
+                        .arg(settings.bits)
+                        .arg(rateText(settings.rate))};
+}
+
+FoundFigure publishedFigure(const ProcessorCatalogue &catalogue, const ProcessorModel &model,
+                            const ProcessorSettings &settings)
+{
+    if (!(settings.rate >= 1 && settings.rate <= 1'000))
+        return tl::unexpected(NoFigure::Reason::NoSuchRate);
+    const FoundFigure figure =
+        lowestFigure(catalogue.capacityModelsOf(model, settings.card), settings.bits, countedRate(settings.rate));
+    const bool hasDepth = std::find(model.bits.begin(), model.bits.end(), settings.bits) != model.bits.end();
+    if (figure && !hasDepth)
+        return tl::unexpected(NoFigure::Reason::NoSuchDepth);
+    return figure;
+}
+
+double highestRateOf(const CapacityModel &model, int bits, qint64 load)
+{
+    if (model.kind == CapacityModel::Kind::Link) {
+        const CapacityModel::Link &link = model.links.at(bits);
+        const double rate = static_cast<double>(link.payloadBps) / link.bitsPerPixel / static_cast<double>(load);
+        return std::min(rate, static_cast<double>(model.maxHz));
+    }
+    int highest = 0;
+    for (const CapacityCell &cell : model.published) {
+        if (cell.bits == bits && cell.pixels >= load)
+            highest = std::max(highest, cell.hz);
+    }
+    return highest;
+}
+
+bool isHalved(const PortRules &rules, const ProcessorSettings &settings)
+{
+    return settings.lowLatency && rules.lowLatency == PortRules::LowLatency::Half &&
+           (rules.lowLatencyModels.isEmpty() || rules.lowLatencyModels.contains(settings.model));
+}
+} // namespace
+
+qint64 countedRate(double rate)
+{
+    const double whole = std::round(rate * 1.001);
+    const double counted = std::abs(rate * 1.001 - whole) < 0.006 ? whole : rate;
+    return static_cast<qint64>(std::ceil(counted * 1000 - 1e-6));
+}
+
+bool ProcessorSettings::isLike(const ProcessorSettings &other) const
+{
+    ProcessorSettings renamed = other;
+    renamed.name = name;
+    renamed.backupProcessor = backupProcessor;
+    renamed.unknown = unknown;
+    return *this == renamed;
+}
+
+tl::expected<PortCapacity, NoFigure> PortCapacity::of(const ProcessorCatalogue &catalogue,
+                                                      const ProcessorSettings &settings)
+{
+    const ProcessorModel *model = catalogue.model(settings.model);
+    if (!model)
+        return tl::unexpected(noFigure(NoFigure::Reason::NoSuchModel, settings));
+    PortCapacity capacity;
+    if (settings.capacity > 0) {
+        capacity.figure = std::min(settings.capacity, qint64{1'000'000'000'000});
+        capacity.origin = Origin::Typed;
+    } else {
+        const FoundFigure figure = publishedFigure(catalogue, *model, settings);
+        if (!figure)
+            return tl::unexpected(noFigure(figure.error(), settings));
+        capacity.figure = figure->pixels;
+        capacity.origin = figure->origin;
+        capacity.model = figure->model;
+    }
+    capacity.isHalved = ::isHalved(catalogue.rulesOf(*model), settings);
+    capacity.pixels = capacity.isHalved ? capacity.figure / 2 : capacity.figure;
+    capacity.limit = capacity.pixels * (100 - std::clamp(settings.headroom, 0, 99)) / 100;
+    return capacity;
+}
+
+std::optional<double> PortCapacity::highestRate(const ProcessorSettings &settings, qint64 load) const
+{
+    if (!model || load < 1)
+        return std::nullopt;
+    constexpr qint64 mostLoad = qint64{1} << 40;
+    const double rate = highestRateOf(*model, settings.bits, std::min(load, mostLoad) * (isHalved ? 2 : 1));
+    return rate > 0 ? std::optional(rate) : std::nullopt;
+}
