@@ -1,0 +1,100 @@
+#include "base/Counted.h"
+#include "wiring/Processors.h"
+#include "wiring/WiringSearch.h"
+
+using Check = WiringFinding::Check;
+using State = ShowWiring::State;
+
+void WiringSearch::checkWall(std::size_t index)
+{
+    const WallToWire &wall = m_show.walls[index];
+    if (!wall.processor.isEmpty() && !Processors::placeOf(m_show.processors, wall.processor))
+        m_findings.push_back({.check = Check::ProcessorUnknown, .wall = index, .name = wall.processor});
+    const State state = m_wiring.walls[index].state;
+    if (state == State::NoPath)
+        m_findings.push_back({.check = Check::NoPath, .wall = index, .found = wall.pattern});
+    if (state == State::TooLarge)
+        m_findings.push_back({.check = Check::TooManyPanels, .wall = index, .limit = WallPanels::mostPanels});
+    if (state != State::Wired)
+        return;
+    if (wall.split == CableSplit::Hand) {
+        checkRuns(index);
+        checkCells(index);
+    } else if (wall.firstPort > 0) {
+        checkFirstPort(index);
+    }
+    if (m_wiring.walls[index].split.isLineOver)
+        checkLines(index);
+}
+
+void WiringSearch::checkFirstPort(std::size_t index)
+{
+    const WallToWire &wall = m_show.walls[index];
+    const std::size_t processor = *Processors::placeOf(m_show.processors, wall.processor);
+    const PortPairs &pairs = m_wiring.processors[processor].device.pairs;
+    const auto first = pairs.mainFrom(wall.firstPort);
+    if (first == wall.firstPort)
+        return;
+    m_findings.push_back({.check = first ? Check::FirstPortEndsLoop : Check::FirstPortMissing,
+                          .wall = index,
+                          .processor = processor,
+                          .port = PortName{wall.processor, wall.firstPort},
+                          .limit = pairs.ports()});
+}
+
+void WiringSearch::checkRuns(std::size_t index)
+{
+    std::map<QString, WiringFinding> missing;
+    for (std::size_t run = 0; run < m_show.walls[index].runs.size(); ++run) {
+        if (m_wiring.walls[index].ports[run] != ShowWiring::noPort)
+            continue;
+        const PortName &port = m_show.walls[index].runs[run].port;
+        WiringFinding first{.check = Check::RunOfMissing, .wall = index, .port = port, .name = port.processor};
+        ++missing.emplace(port.processor, first).first->second.found;
+    }
+    for (const auto &[processor, finding] : missing)
+        m_findings.push_back(finding);
+}
+
+void WiringSearch::checkCells(std::size_t index)
+{
+    const WallToWire &wall = m_show.walls[index];
+    const auto order = [](const Cell &cell) { return std::pair(cell.row, cell.column); };
+    std::map<std::pair<int, int>, int> times;
+    WiringFinding twice{.check = Check::PanelFedTwice, .wall = index};
+    WiringFinding missing{.check = Check::CellMissing, .wall = index};
+    WiringFinding notFed{.check = Check::PanelNotFed, .wall = index};
+    const auto count = [](WiringFinding &finding, const Cell &cell) {
+        finding.cell = finding.cell.value_or(cell);
+        ++finding.found;
+    };
+    for (const CableRun &run : wall.runs) {
+        for (const Cell &cell : run.cells) {
+            if (!wall.shape.holds(cell))
+                count(missing, cell);
+            else if (++times[order(cell)] == 2)
+                count(twice, cell);
+        }
+    }
+    for (int row = 0; row < wall.shape.grid.rows.count(); ++row) {
+        for (int column = 0; column < wall.shape.grid.columns.count(); ++column) {
+            if (!times.contains({row, column}) && !wall.shape.off.contains({column, row}))
+                count(notFed, {column, row});
+        }
+    }
+    for (const WiringFinding &finding : {twice, missing, notFed}) {
+        if (finding.found > 0)
+            m_findings.push_back(finding);
+    }
+}
+
+void WiringSearch::checkLines(std::size_t index)
+{
+    const WallToWire &wall = m_show.walls[index];
+    const bool isRows = FlowPattern::ofCode(wall.pattern)->along == FlowPattern::Along::Rows;
+    const qint64 panels = (isRows ? wall.shape.grid.columns : wall.shape.grid.rows).count();
+    m_findings.push_back({.check = Check::LinesOver,
+                          .wall = index,
+                          .found = Counted::limited(Counted::product(panels, wall.shape.grid.panelPixels())),
+                          .limit = wall.pixelLimit});
+}

@@ -1,0 +1,103 @@
+#include "wiring/WiringFinding.h"
+
+#include "wiring/Processors.h"
+#include "wiring/WiringSearch.h"
+
+#include <algorithm>
+
+using Check = WiringFinding::Check;
+
+std::vector<WiringFinding> findInWiring(const ShowToWire &show, const ShowWiring &wiring)
+{
+    return WiringSearch(show, wiring).all();
+}
+
+WiringSearch::WiringSearch(const ShowToWire &show, const ShowWiring &wiring) : m_show(show), m_wiring(wiring)
+{
+    for (const ShowWiring::Port &port : wiring.ports) {
+        m_used.insert(port.processor);
+        m_feeding.insert(nameOf(port));
+        if (port.backup)
+            ++m_ends[*port.backup];
+    }
+}
+
+std::vector<WiringFinding> WiringSearch::all()
+{
+    for (std::size_t processor = 0; processor < m_show.processors.size(); ++processor)
+        checkProcessor(processor);
+    for (std::size_t shortage = 0; shortage < m_wiring.shortages.size(); ++shortage)
+        checkShortage(shortage);
+    for (std::size_t port = 0; port < m_wiring.ports.size(); ++port)
+        checkPort(port);
+    for (const ShowWiring::Conflict &conflict : m_wiring.conflicts)
+        m_findings.push_back({.check = Check::PortKeptTwice,
+                              .wall = conflict.wall,
+                              .otherWall = conflict.other,
+                              .port = nameOf(m_wiring.ports[conflict.port]),
+                              .portPlace = conflict.port});
+    for (std::size_t wall = 0; wall < m_show.walls.size(); ++wall)
+        checkWall(wall);
+    return std::move(m_findings);
+}
+
+void WiringSearch::checkProcessor(std::size_t index)
+{
+    const QString &name = m_show.processors[index].name;
+    if (Processors::placeOf(m_show.processors, name) != index)
+        m_findings.push_back({.check = Check::NameUsedTwice, .processor = index, .name = name});
+    const auto isAsked = [&] {
+        return std::ranges::find(m_show.walls, name, &WallToWire::processor) != m_show.walls.end();
+    };
+    if (!m_wiring.processors[index].ports && (isUsed(index) || isAsked()))
+        m_findings.push_back({.check = Check::NoFigure, .processor = index, .name = name});
+    if (isUsed(index))
+        checkDevice(index);
+    checkBackup(index);
+}
+
+void WiringSearch::checkBackup(std::size_t index)
+{
+    const ProcessorSettings &settings = m_show.processors[index];
+    const PortPairs &pairs = m_wiring.processors[index].device.pairs;
+    if (settings.backup == ProcessorSettings::Backup::Loop && !pairs.hasLoops())
+        m_findings.push_back({.check = Check::NoLoops, .processor = index, .limit = pairs.ports()});
+    if (settings.backup != ProcessorSettings::Backup::SecondProcessor)
+        return;
+    const auto second = Processors::placeOf(m_show.processors, settings.backupProcessor);
+    const bool isRight =
+        second && Processors::hasOtherAsBackup(settings) && m_show.processors[*second].model == settings.model;
+    if (!isRight)
+        m_findings.push_back({.check = Check::BackupWrong, .processor = index, .name = settings.backupProcessor});
+}
+
+void WiringSearch::checkDevice(std::size_t index)
+{
+    const DeviceBounds &device = m_wiring.processors[index].device;
+    const PortLoad &total = m_wiring.processors[index].total;
+    if (!device.takes(total))
+        m_findings.push_back({.check = Check::CapExceeded,
+                              .processor = index,
+                              .found = device.counted(total),
+                              .limit = device.cap.pixels});
+    if (!device.holds(total))
+        m_findings.push_back({.check = Check::CanvasExceeded, .processor = index, .box = total.box});
+    const std::vector<qint64> alone = device.pairs.unpaired();
+    if (!alone.empty())
+        m_findings.push_back({.check = Check::PortLeftOver,
+                              .processor = index,
+                              .port = PortName{m_show.processors[index].name, alone.front()},
+                              .found = std::ssize(alone)});
+}
+
+void WiringSearch::checkShortage(std::size_t index)
+{
+    const ShowWiring::Shortage &shortage = m_wiring.shortages[index];
+    for (const std::size_t wall : shortage.walls)
+        m_findings.push_back({.check = Check::ProcessorsMissing,
+                              .wall = wall,
+                              .processor = shortage.processor,
+                              .shortage = index,
+                              .found = shortage.ports,
+                              .limit = shortage.processors});
+}
