@@ -248,6 +248,7 @@ DocumentState LWAppDelegate::state(const DocumentState &before) const
             m_unknown,
             QSize(m_OutputWidth, m_OutputHeight),
             m_supply,
+            {},
             m_voltageCalc,
             m_phaseCalc,
             LayerStates::of(allScreensArray(), before.layers),

@@ -70,7 +70,7 @@ void LWAppDelegate::openTheirs()
 
 Project LWAppDelegate::project() const
 {
-    return {m_OutputHeight, m_OutputWidth, allScreensArray(), m_supply, m_unknown};
+    return {m_OutputHeight, m_OutputWidth, allScreensArray(), m_supply, {}, m_unknown};
 }
 
 void LWAppDelegate::writeProject(const QString &path)

@@ -7,7 +7,7 @@
 /// Values that a newer or another program has put into a show.
 namespace UnknownValues {
 
-/// Whether the project, or one of its layers, holds some.
+/// Whether the project, or one of its layers, cables or processors, holds some.
 bool areIn(const Project &project);
 /// Whether some come from an archive, and are in no readable text that is written.
 bool areOfArchive(const Project &project);

@@ -1,5 +1,7 @@
 #include "formats/JsonParts.h"
 
+#include "formats/JsonValues.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -46,6 +48,42 @@ QString decodedName(QByteArrayView name)
     if (!name.contains('\\'))
         return QString::fromUtf8(name.sliced(1).chopped(1));
     return QJsonDocument::fromJson('[' + name.toByteArray() + ']').array().at(0).toString();
+}
+
+QByteArrayView valueAt(const std::vector<Part> &parts, std::size_t place)
+{
+    return place < parts.size() ? parts[place].value : QByteArrayView();
+}
+
+QByteArrayView valueOf(QByteArrayView json, const QString &name)
+{
+    for (const Part &part : of(json)) {
+        if (decodedName(part.name) == name)
+            return part.value;
+    }
+    return {};
+}
+
+Result<QByteArrayList> unknownNames(const QJsonObject &object, QByteArrayView newer, const QStringList &known)
+{
+    QByteArrayList unknown;
+    for (const Part &part : of(newer)) {
+        if (!known.contains(decodedName(part.name)))
+            unknown.append(part.name.toByteArray() + ": " + part.value.toByteArray());
+    }
+    for (auto entry = object.begin(); newer.isEmpty() && entry != object.end(); ++entry) {
+        if (!known.contains(entry.key()))
+            return fail(QString("%1: unknown name").arg(JsonValues::excerpt(entry.key())));
+    }
+    return unknown;
+}
+
+QByteArray further(const UnknownPartPointer &unknown)
+{
+    QByteArray text;
+    for (const QByteArray &name : unknown ? unknown->ofText : QByteArrayList())
+        text += ", " + name;
+    return text;
 }
 
 } // namespace JsonParts

@@ -1,7 +1,13 @@
 #pragma once
 
+#include "base/Result.h"
+#include "layer/UnknownPart.h"
+
+#include <QByteArrayList>
 #include <QByteArrayView>
+#include <QJsonObject>
 #include <QString>
+#include <QStringList>
 
 #include <vector>
 
@@ -20,5 +26,17 @@ std::vector<Part> of(QByteArrayView json);
 
 /// The name that is meant, whatever it is written with. `name` is in its quotes.
 QString decodedName(QByteArrayView name);
+
+/// The value at a place; empty where there is none.
+QByteArrayView valueAt(const std::vector<Part> &parts, std::size_t place);
+/// The value under a name of the object that `json` is; likewise.
+QByteArrayView valueOf(QByteArrayView json, const QString &name);
+
+/// What an object says under other names than the `known`, `"name": value` each. `newer` is how it stands in a text of
+/// a greater format than ours. Error: where that is empty, such a name, as we know all.
+[[nodiscard]] Result<QByteArrayList> unknownNames(const QJsonObject &object, QByteArrayView newer,
+                                                  const QStringList &known);
+/// Such names behind those of an object: `, "name": value` each.
+QByteArray further(const UnknownPartPointer &unknown);
 
 } // namespace JsonParts

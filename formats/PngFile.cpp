@@ -2,6 +2,7 @@
 
 #include "base/Bands.h"
 #include "base/FileBytes.h"
+#include "base/Memory.h"
 #include "drawing/PixelRows.h"
 #include "drawing/Raster.h"
 #include "formats/PngRows.h"
@@ -45,7 +46,10 @@ QImage prepared(const QImage &picture)
 {
     const bool isPrepared = picture.format() == Raster::format || picture.format() == QImage::Format_ARGB32 ||
                             picture.format() == QImage::Format_RGB32;
-    return isPrepared ? picture : picture.convertToFormat(QImage::Format_ARGB32);
+    const QImage prepared = isPrepared ? picture : picture.convertToFormat(QImage::Format_ARGB32);
+    if (prepared.isNull())
+        throw std::bad_alloc();
+    return prepared;
 }
 
 bool isOpaque(const QImage &picture)
@@ -165,6 +169,8 @@ void SectionMaker::filter(int top, int bottom)
                  picture.format());
     if (!m_rows.opaque)
         lines.convertTo(QImage::Format_RGBA8888);
+    if (lines.isNull())
+        throw std::bad_alloc();
 
     const std::vector<QRgb> nothing(picture.width());
     m_filtered.resize((bottom - top) * (1 + m_rows.rowBytes));
@@ -267,7 +273,7 @@ Result<QByteArray> PngFile::encode(const QImage &picture)
 {
     if (const Result<void> fits = checkSize(picture); !fits)
         return tl::unexpected(fits.error());
-    return fileOf(Rows(picture));
+    return Memory::orError([&] { return fileOf(Rows(picture)); });
 }
 
 Result<void> PngFile::write(const QString &path, const QImage &picture)

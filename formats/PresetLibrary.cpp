@@ -2,6 +2,7 @@
 
 #include "archive/KeyedArchive.h"
 #include "base/FileBytes.h"
+#include "base/Memory.h"
 #include "formats/FileKind.h"
 #include "layer/LayerLimits.h"
 #include "show/LayerArchive.h"
@@ -43,8 +44,9 @@ Result<std::vector<LayerPointer>> read(const QString &path, LayerHost &host)
     const Result<QByteArray> bytes = FileBytes::read(path, LayerArchive::mostBytes);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    Result<std::vector<LayerPointer>> presets =
-        FileKind::checkArchive(*bytes, "preset library").and_then([&] { return decode(*bytes, host); });
+    Result<std::vector<LayerPointer>> presets = FileKind::checkArchive(*bytes, "preset library").and_then([&] {
+        return Memory::orError([&] { return decode(*bytes, host); });
+    });
     if (!presets)
         return failWithin(path, presets.error());
     return presets;
@@ -52,7 +54,7 @@ Result<std::vector<LayerPointer>> read(const QString &path, LayerHost &host)
 
 Result<void> write(const QString &path, const std::vector<LayerPointer> &presets)
 {
-    const Result<QByteArray> bytes = encode(presets);
+    const Result<QByteArray> bytes = Memory::orError([&] { return encode(presets); });
     if (!bytes)
         return failWithin(path, bytes.error());
     return FileBytes::write(path, *bytes);

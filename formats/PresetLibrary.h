@@ -15,6 +15,7 @@
 namespace PresetLibrary {
 
 /// Error: a list that decode() would refuse.
+/// Memory that cannot be had is a std::bad_alloc, here and in decode().
 [[nodiscard]] Result<QByteArray> encode(const std::vector<LayerPointer> &presets);
 /// The presets in their stored order.
 /// Error: no library, or damaged; the message names the preset, counted from 0, and the key where it can:

@@ -22,8 +22,8 @@ public:
     explicit PresetStore(const QString &path) : m_path(path) {}
 
     /// The kept presets; nullopt where there are none yet. They are what save() takes for known.
-    /// Error: a file that cannot be read. It is put aside, so that nothing is written over it, and the message tells
-    /// where; where even that fails, save() refuses.
+    /// Error: a file that cannot be read, or not now. A damaged one is put aside, so that nothing is written over it,
+    /// and the message tells where; where even that fails, save() refuses. Any other stays.
     [[nodiscard]] Result<std::optional<std::vector<LayerPointer>>> load(LayerHost &host);
 
     /// Replaces the kept presets, safely. What another program has put into the file meanwhile is not lost: it stays
@@ -37,9 +37,12 @@ public:
     void know(const std::vector<LayerPointer> &presets);
 
 private:
-    Result<std::vector<LayerPointer>> ofOthers(LayerHost &host) const;
+    Result<std::vector<LayerPointer>> read(LayerHost &host, bool &isDamaged) const;
+    Result<std::vector<LayerPointer>> ofFile(LayerHost &host) const;
+    const QSet<QByteArray> &known();
     Error putAside(const Error &why) const;
 
     QString m_path;
-    QSet<QByteArray> m_known; ///< archives of the presets that this program has read or written, one each
+    QSet<QByteArray> m_known;                ///< see known()
+    std::vector<ArchiveObjectPointer> m_met; ///< those whose archive nobody has asked for yet, which a start spares
 };

@@ -2,8 +2,10 @@
 
 #include "archive/KeyedArchive.h"
 #include "base/FileBytes.h"
+#include "base/Memory.h"
 #include "drawing/Raster.h"
 #include "formats/FileKind.h"
+#include "formats/ProcessorList.h"
 #include "layer/LayerLimits.h"
 #include "show/LayerArchive.h"
 
@@ -14,6 +16,7 @@ constexpr std::size_t knownElements = 3;
 const QString showKey("wallwright");
 const QString voltsKey("voltage");
 const QString phasesKey("phases");
+const QString processorsKey("processors");
 
 /// The dictionary of the values of the whole show, and what else stands beside the root.
 ArchiveEntries besideRoot(const Project &project)
@@ -23,6 +26,8 @@ ArchiveEntries besideRoot(const Project &project)
         show.encodeInt32(voltsKey, project.supply->volts);
         show.encodeInt32(phasesKey, project.supply->phases);
     }
+    if (!project.processors.empty())
+        show.encode(processorsKey, ProcessorList::toArchive(project.processors));
     for (const auto &[key, value] : project.unknown ? project.unknown->ofShow : ArchiveEntries())
         show.encode(key, value);
     ArchiveEntries entries;
@@ -44,6 +49,20 @@ Result<void> takeSupply(const ArchiveObject &show, Project &project)
     return ProjectFile::checkSupply(*volts, *phases).map([&](const Supply &supply) { project.supply = supply; });
 }
 
+Result<void> takeProcessors(const ArchiveObject &show, Project &project)
+{
+    if (!show.contains(processorsKey))
+        return {};
+    return ProcessorList::ofArchive(show.value(processorsKey)).map([&](auto processors) {
+        project.processors = std::move(processors);
+    });
+}
+
+Result<void> takeShow(const ArchiveObject &show, Project &project)
+{
+    return takeSupply(show, project).and_then([&] { return takeProcessors(show, project); });
+}
+
 /// What stands beside the root.
 Result<void> takeBesideRoot(const ArchiveEntries &entries, Project &project, UnknownContent &unknown)
 {
@@ -53,7 +72,7 @@ Result<void> takeBesideRoot(const ArchiveEntries &entries, Project &project, Unk
             continue;
         }
         const ArchiveObjectPointer *const show = std::get_if<ArchiveObjectPointer>(&value.storage);
-        const Result<void> taken = show ? takeSupply(**show, project) : fail("this is no dictionary");
+        const Result<void> taken = show ? takeShow(**show, project) : fail("this is no dictionary");
         if (!taken)
             return failWithin('"' + showKey + '"', taken.error());
         unknown.ofShow = (*show)->unknownPart()->entries();
@@ -79,6 +98,52 @@ bool isPresetLibrary(const ArchiveValue &root)
     const ArchiveList *const list = std::get_if<ArchiveList>(&root.storage);
     return list && !(*list)->empty() && std::holds_alternative<ArchiveObjectPointer>((*list)->front().storage);
 }
+
+Result<QByteArray> archiveOf(const Project &project)
+{
+    std::vector<ArchiveValue> root{
+        {qint64{project.outputHeight}}, {qint64{project.outputWidth}}, LayerArchive::encode(project.layers)};
+    if (project.unknown)
+        root.insert(root.end(), project.unknown->ofRoot.begin(), project.unknown->ofRoot.end());
+    return KeyedArchive::writeContents({ArchiveValue::list(std::move(root)), besideRoot(project)});
+}
+
+Result<Project> projectIn(const QByteArray &bytes, LayerHost &host)
+{
+    const QStringList keys = ProcessorList::keys();
+    const Result<KeyedArchive::Contents> archive =
+        LayerArchive::readContents(bytes, {.classes = {{ProcessorList::className, QSet(keys.begin(), keys.end())}},
+                                           .rootEntries = knownElements,
+                                           .topDictionary = showKey,
+                                           .topKeys = {voltsKey, phasesKey, processorsKey}});
+    if (!archive)
+        return tl::unexpected(archive.error());
+    if (isPresetLibrary(archive->root))
+        return fail("this is no project, but a preset library. Open it with Open library in the presets' menu.");
+    const Result<ArchiveList> root = archive->root.toList("the root");
+    if (!root)
+        return tl::unexpected(root.error());
+    if ((*root)->size() < knownElements)
+        return fail(QString("this is no project: a list of %1, expected output height, output width and layers")
+                        .arg((*root)->size()));
+
+    Result<Project> project = decodeOutputSize(**root);
+    const Result<ArchiveList> layers = (**root)[2].toList("the layer list");
+    if (!project || !layers)
+        return tl::unexpected(project ? layers.error() : project.error());
+    const Result<std::vector<LayerArchive::ReadLayer>> decoded = LayerArchive::decode(**layers, "layer");
+    if (!decoded)
+        return tl::unexpected(decoded.error());
+    UnknownContent unknown{{(*root)->begin() + knownElements, (*root)->end()}, {}, {}};
+    const Result<void> taken = takeBesideRoot(archive->top, *project, unknown);
+    if (!taken)
+        return tl::unexpected(taken.error());
+    if (!unknown.isEmpty())
+        project->unknown = std::make_shared<const UnknownContent>(std::move(unknown));
+    project->layers = LayerArchive::make(*decoded, host);
+    return project;
+}
+
 } // namespace
 
 namespace ProjectFile {
@@ -106,6 +171,9 @@ Result<Supply> checkSupply(qint64 volts, qint64 phases)
 
 Result<void> check(const Project &project)
 {
+    const Result<void> areHeld = ProcessorList::checkCount(std::ssize(project.processors));
+    if (!areHeld)
+        return failWithin("the list of processors", areHeld.error());
     return checkOutputSize(project.outputWidth, project.outputHeight).and_then([&] {
         return LayerLimits::check(project.layers);
     });
@@ -113,47 +181,12 @@ Result<void> check(const Project &project)
 
 Result<QByteArray> encode(const Project &project)
 {
-    const Result<void> isReadable = check(project);
-    if (!isReadable)
-        return tl::unexpected(isReadable.error());
-
-    std::vector<ArchiveValue> root{
-        {qint64{project.outputHeight}}, {qint64{project.outputWidth}}, LayerArchive::encode(project.layers)};
-    if (project.unknown)
-        root.insert(root.end(), project.unknown->ofRoot.begin(), project.unknown->ofRoot.end());
-    return KeyedArchive::writeContents({ArchiveValue::list(std::move(root)), besideRoot(project)});
+    return check(project).and_then([&] { return Memory::orError([&] { return archiveOf(project); }); });
 }
 
 Result<Project> decode(const QByteArray &bytes, LayerHost &host)
 {
-    const Result<KeyedArchive::Contents> archive =
-        LayerArchive::readContents(bytes, {{}, knownElements, showKey, {voltsKey, phasesKey}});
-    if (!archive)
-        return tl::unexpected(archive.error());
-    if (isPresetLibrary(archive->root))
-        return fail("this is no project, but a preset library. Open it with Open library in the presets' menu.");
-    const Result<ArchiveList> root = archive->root.toList("the root");
-    if (!root)
-        return tl::unexpected(root.error());
-    if ((*root)->size() < knownElements)
-        return fail(QString("this is no project: a list of %1, expected output height, output width and layers")
-                        .arg((*root)->size()));
-
-    Result<Project> project = decodeOutputSize(**root);
-    const Result<ArchiveList> layers = (**root)[2].toList("the layer list");
-    if (!project || !layers)
-        return tl::unexpected(project ? layers.error() : project.error());
-    const Result<std::vector<LayerArchive::ReadLayer>> decoded = LayerArchive::decode(**layers, "layer");
-    if (!decoded)
-        return tl::unexpected(decoded.error());
-    UnknownContent unknown{{(*root)->begin() + knownElements, (*root)->end()}, {}, {}};
-    const Result<void> taken = takeBesideRoot(archive->top, *project, unknown);
-    if (!taken)
-        return tl::unexpected(taken.error());
-    if (!unknown.isEmpty())
-        project->unknown = std::make_shared<const UnknownContent>(std::move(unknown));
-    project->layers = LayerArchive::make(*decoded, host);
-    return project;
+    return Memory::orError([&] { return projectIn(bytes, host); });
 }
 
 Result<Project> read(const QString &path, LayerHost &host)

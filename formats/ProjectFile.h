@@ -20,7 +20,7 @@ inline constexpr char extension[] = "Orv";
 [[nodiscard]] Result<Supply> checkSupply(qint64 volts, qint64 phases);
 
 /// Whether a project can be opened again once it is written.
-/// Error: that of checkOutputSize() or LayerLimits::check().
+/// Error: that of checkOutputSize(), LayerLimits::check() or ProcessorList::checkCount().
 [[nodiscard]] Result<void> check(const Project &project);
 
 /// Error: a project that decode() would refuse, as check() tells.

@@ -1,11 +1,13 @@
 #include "formats/ProjectText.h"
 
 #include "base/FileBytes.h"
+#include "base/Memory.h"
 #include "facts/UnknownValues.h"
 #include "formats/FileKind.h"
 #include "formats/JsonCheck.h"
 #include "formats/JsonParts.h"
 #include "formats/JsonValues.h"
+#include "formats/ProcessorList.h"
 #include "formats/ProjectFile.h"
 #include "formats/PropertyText.h"
 #include "layer/LayerLimits.h"
@@ -27,6 +29,7 @@ constexpr int newOutputWidth = 1920;
 constexpr int newOutputHeight = 1080;
 const QString voltsName("voltage");
 const QString phasesName("phases");
+const QString processorsName("processors");
 const QString layersName("layers");
 
 /// The lines of one layer. By hand, since QJsonObject would sort the names.
@@ -37,8 +40,8 @@ QByteArray layerText(const Layer &layer)
     for (const ArchiveField &field : layer.keptFields()) {
         if (!field.isWritten(*record))
             continue;
-        const QJsonValue value = PropertyText::encode(field.value().get(*record));
-        text += QByteArray(",\n      \"") + field.property + "\": " + JsonValues::text(value);
+        const QByteArray value = PropertyText::text(field.value().get(*record), "      ");
+        text += QByteArray(",\n      \"") + field.property + "\": " + value;
     }
     for (const QByteArray &unknown : layer.unknownNames())
         text += ",\n      " + unknown;
@@ -58,9 +61,9 @@ int formatOf(const Project &project)
 {
     if (UnknownValues::areOfText(project))
         return std::max(project.unknown ? project.unknown->textFormat : 0, formatWithAdditions + 1);
-    const bool isPlain = !project.supply && std::ranges::none_of(project.layers, [](const LayerPointer &layer) {
-        return hasAdditions(*layer);
-    });
+    const bool isPlain =
+        !project.supply && project.processors.empty() &&
+        std::ranges::none_of(project.layers, [](const LayerPointer &layer) { return hasAdditions(*layer); });
     return isPlain ? firstFormat : formatWithAdditions;
 }
 
@@ -72,34 +75,12 @@ struct Surroundings
     int format;
 };
 
-/// An object of a text, and how it stands there.
+/// An object of a text.
 struct Given
 {
     QJsonObject object;
-    QByteArrayView text;
+    QByteArrayView newer; ///< how it stands there, in a format of which we do not know all names; else empty
 };
-
-Result<void> checkNames(const QJsonObject &object, const QStringList &known)
-{
-    for (auto entry = object.begin(); entry != object.end(); ++entry) {
-        if (!known.contains(entry.key()))
-            return fail(QString("%1: unknown name").arg(JsonValues::excerpt(entry.key())));
-    }
-    return {};
-}
-
-/// What is given under other names than these. Error: in a format of which we know all names, such a name.
-Result<QByteArrayList> unknownNames(const Given &given, const QStringList &known, int format)
-{
-    if (format <= formatWithAdditions)
-        return checkNames(given.object, known).map([] { return QByteArrayList(); });
-    QByteArrayList unknown;
-    for (const JsonParts::Part &part : JsonParts::of(given.text)) {
-        if (!known.contains(JsonParts::decodedName(part.name)))
-            unknown.append(part.name.toByteArray() + ": " + part.value.toByteArray());
-    }
-    return unknown;
-}
 
 QStringList namesOf(const Layer &layer, int format)
 {
@@ -111,10 +92,23 @@ QStringList namesOf(const Layer &layer, int format)
     return names;
 }
 
+Error notAmong(const QStringList &choices, const QVariant &found)
+{
+    return {QString("expected one of \"%1\", found \"%2\"")
+                .arg(choices.join("\", \""), JsonValues::excerpt(found.toString()))};
+}
+
+/// Cables as they stand there. Other values have no names in them.
+QByteArrayView newerRuns(const Given &layer, const QByteArray &property)
+{
+    return property == "runs" ? JsonParts::valueOf(layer.newer, "runs") : QByteArrayView();
+}
+
 /// Sets the given properties of a layer that holds the values of a new one.
 Result<void> setProperties(Layer &layer, const Given &layerGiven, const Surroundings &around)
 {
-    const Result<QByteArrayList> unknown = unknownNames(layerGiven, namesOf(layer, around.format), around.format);
+    const Result<QByteArrayList> unknown =
+        JsonParts::unknownNames(layerGiven.object, layerGiven.newer, namesOf(layer, around.format));
     if (!unknown)
         return tl::unexpected(unknown.error());
     layer.setUnknownNames(*unknown);
@@ -122,10 +116,12 @@ Result<void> setProperties(Layer &layer, const Given &layerGiven, const Surround
         const QJsonValue given = layerGiven.object.value(QLatin1StringView(field.property));
         if (given.isUndefined())
             continue;
-        const Result<QVariant> value = PropertyText::decode(given, field.value().type, around.folder);
+        const Result<QVariant> value =
+            PropertyText::decode(given, field.value().type, around.folder, newerRuns(layerGiven, field.property));
         if (!value)
             return failWithin(field.property, value.error());
-        layer.setValue(field.property, *value);
+        if (!layer.setValue(field.property, *value))
+            return failWithin(field.property, notAmong(field.value().choices, *value));
     }
     return {};
 }
@@ -160,11 +156,11 @@ Result<LayerPointer> decodeStill(const Given &given, const Surroundings &around)
     return still;
 }
 
-Result<LayerPointer> decodeLayer(const QJsonValue &value, QByteArrayView text, const Surroundings &around)
+Result<LayerPointer> decodeLayer(const QJsonValue &value, QByteArrayView newer, const Surroundings &around)
 {
     if (!value.isObject())
         return JsonValues::failExpecting("an object", value);
-    const Given given{value.toObject(), text};
+    const Given given{value.toObject(), newer};
     const QJsonValue className = given.object.value("class");
     if (className == "LWScreen")
         return decodeScreen(given, around);
@@ -222,25 +218,35 @@ Result<std::optional<Supply>> decodeSupply(const QJsonObject &root)
     return ProjectFile::checkSupply(*volts, *phases).map([](const Supply &supply) { return std::optional(supply); });
 }
 
+Result<ProcessorList::Processors> decodeProcessors(const Given &root)
+{
+    if (!root.object.contains(processorsName))
+        return ProcessorList::Processors();
+    return ProcessorList::ofText(root.object.value(processorsName), JsonParts::valueOf(root.newer, processorsName));
+}
+
 /// The document without its layers.
 Result<Project> decodeHead(const Given &given, int format)
 {
     const QJsonObject &root = given.object;
     QStringList names{"format", "OutputWidth", "OutputHeight", layersName};
     if (format >= formatWithAdditions)
-        names += {voltsName, phasesName};
-    const Result<QByteArrayList> unknown = unknownNames(given, names, format);
+        names += {voltsName, phasesName, processorsName};
+    const Result<QByteArrayList> unknown = JsonParts::unknownNames(root, given.newer, names);
     if (!unknown)
         return tl::unexpected(unknown.error());
     const Result<std::optional<Supply>> supply = decodeSupply(root);
     if (!supply)
         return tl::unexpected(supply.error());
+    const Result<ProcessorList::Processors> processors = decodeProcessors(given);
+    if (!processors)
+        return failWithin(processorsName, processors.error());
     const Result<int> width = decodeNumber(root, "OutputWidth", newOutputWidth);
     const Result<int> height = decodeNumber(root, "OutputHeight", newOutputHeight);
     if (!width || !height)
         return tl::unexpected(width ? height.error() : width.error());
     return ProjectFile::checkOutputSize(*width, *height).map([&] {
-        Project project{*height, *width, {}, *supply};
+        Project project{*height, *width, {}, *supply, *processors};
         if (!unknown->isEmpty())
             project.unknown =
                 std::make_shared<UnknownContent>(UnknownContent{.ofText = *unknown, .textFormat = format});
@@ -248,35 +254,19 @@ Result<Project> decodeHead(const Given &given, int format)
     });
 }
 
-/// The layers as they stand in the text, in a format of which we do not know all names.
-std::vector<JsonParts::Part> layerTexts(const Given &given, int format)
-{
-    if (format <= formatWithAdditions)
-        return {};
-    for (const JsonParts::Part &part : JsonParts::of(given.text)) {
-        if (JsonParts::decodedName(part.name) == layersName)
-            return JsonParts::of(part.value);
-    }
-    return {};
-}
-
-/// What is unknown of layers alone needs its format, too.
+/// What is unknown of parts alone needs its format, too.
 void noteFormat(Project &project, int format)
 {
-    const bool isNeeded = std::any_of(project.layers.begin(), project.layers.end(),
-                                      [](const LayerPointer &layer) { return !layer->unknownNames().isEmpty(); });
-    if (isNeeded && !project.unknown)
+    if (!project.unknown && UnknownValues::areOfText(project))
         project.unknown = std::make_shared<UnknownContent>(UnknownContent{.textFormat = format});
 }
 
 /// Error: a layer cannot be read; its place comes first.
 Result<void> decodeLayers(Project &project, const QJsonArray &list, const Given &root, const Surroundings &around)
 {
-    const std::vector<JsonParts::Part> texts = layerTexts(root, around.format);
+    const std::vector<JsonParts::Part> texts = JsonParts::of(JsonParts::valueOf(root.newer, layersName));
     for (const QJsonValue &value : list) {
-        const std::size_t index = project.layers.size();
-        Result<LayerPointer> layer =
-            decodeLayer(value, index < texts.size() ? texts[index].value : QByteArrayView(), around);
+        Result<LayerPointer> layer = decodeLayer(value, JsonParts::valueAt(texts, project.layers.size()), around);
         if (!layer)
             return failInLayer(std::ssize(project.layers), value, layer.error());
         project.layers.push_back(std::move(*layer));
@@ -310,6 +300,8 @@ QByteArray encode(const Project &project)
         text += ",\n  \"voltage\": " + QByteArray::number(project.supply->volts);
         text += ",\n  \"phases\": " + QByteArray::number(project.supply->phases);
     }
+    if (!project.processors.empty())
+        text += ",\n  \"processors\": " + ProcessorList::toText(project.processors);
     for (const QByteArray &unknown : project.unknown ? project.unknown->ofText : QByteArrayList())
         text += ",\n  " + unknown;
     text += ",\n  \"layers\": [";
@@ -326,10 +318,10 @@ Result<Project> decode(const QByteArray &json, const QString &folder, LayerHost 
     const Result<QJsonObject> object = parse(json);
     if (!object)
         return tl::unexpected(object.error());
-    const Given root{*object, json};
-    const Result<int> format = decodeFormat(root.object);
+    const Result<int> format = decodeFormat(*object);
     if (!format)
         return tl::unexpected(format.error());
+    const Given root{*object, *format > formatWithAdditions ? QByteArrayView(json) : QByteArrayView()};
     Result<Project> project = decodeHead(root, *format);
     if (!project)
         return project;
@@ -352,7 +344,8 @@ Result<Project> read(const QString &path, LayerHost &host)
     if (!json)
         return tl::unexpected(json.error());
     const QString folder = QFileInfo(path).absolutePath();
-    Result<Project> project = FileKind::checkText(*json).and_then([&] { return decode(*json, folder, host); });
+    Result<Project> project = FileKind::checkText(*json).and_then(
+        [&] { return Memory::orError([&] { return decode(*json, folder, host); }); });
     if (!project)
         return failWithin(path, project.error());
     return project;
@@ -360,10 +353,11 @@ Result<Project> read(const QString &path, LayerHost &host)
 
 Result<void> write(const QString &path, const Project &project)
 {
-    const Result<void> isReadable = ProjectFile::check(project);
-    if (!isReadable)
-        return failWithin(path, isReadable.error());
-    return FileBytes::write(path, encode(project));
+    const Result<QByteArray> text = ProjectFile::check(project).and_then(
+        [&] { return Memory::orError([&]() -> Result<QByteArray> { return encode(project); }); });
+    if (!text)
+        return failWithin(path, text.error());
+    return FileBytes::write(path, *text);
 }
 
 } // namespace ProjectText

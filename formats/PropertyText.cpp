@@ -1,6 +1,7 @@
 #include "formats/PropertyText.h"
 
 #include "archive/Address.h"
+#include "formats/CableRunText.h"
 #include "formats/ColourText.h"
 #include "formats/JsonValues.h"
 
@@ -115,6 +116,13 @@ Result<QVariant> integerAsVariant(const QJsonValue &value)
 
 namespace PropertyText {
 
+QByteArray text(const QVariant &value, const QByteArray &indent)
+{
+    if (value.metaType() == QMetaType::fromType<CableRuns>())
+        return CableRunText::encode(value.value<CableRuns>(), indent);
+    return JsonValues::text(encode(value));
+}
+
 QJsonValue encode(const QVariant &value)
 {
     if (value.metaType() == QMetaType::fromType<OptionalColour>())
@@ -130,7 +138,7 @@ QJsonValue encode(const QVariant &value)
     return QJsonValue::fromVariant(value);
 }
 
-Result<QVariant> decode(const QJsonValue &value, QMetaType type, const QString &folder)
+Result<QVariant> decode(const QJsonValue &value, QMetaType type, const QString &folder, QByteArrayView newer)
 {
     if (type == QMetaType::fromType<bool>())
         return asVariant(decodeFlag(value));
@@ -144,6 +152,8 @@ Result<QVariant> decode(const QJsonValue &value, QMetaType type, const QString &
         return asVariant(decodeText(value));
     if (type == QMetaType::fromType<OptionalColour>())
         return asVariant(ColourText::decode(value));
+    if (type == QMetaType::fromType<CableRuns>())
+        return asVariant(CableRunText::decode(value, newer));
     if (type == QMetaType::fromType<TextList>())
         return asVariant(decodeTextList(value));
     Q_ASSERT(type == QMetaType::fromType<Address>());

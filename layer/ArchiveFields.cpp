@@ -1,6 +1,7 @@
 #include "layer/ArchiveFields.h"
 
 #include "base/NearestInt.h"
+#include "layer/CableRunArchive.h"
 
 namespace {
 /// The low 32 bits of an integer, a real truncated toward zero (at most to the ends of the range).
@@ -9,6 +10,16 @@ qint32 narrowed(const QVariant &value)
     if (value.typeId() != QMetaType::Double)
         return static_cast<qint32>(value.toLongLong());
     return truncated(value.toDouble());
+}
+
+QString asWords(const std::optional<QStringList> &texts)
+{
+    return texts ? QString("") + texts->join(u' ') : QString(); // without words it is empty and not nil
+}
+
+std::optional<QStringList> ofWords(const QString &words)
+{
+    return words.isNull() ? std::nullopt : std::optional(words.split(' ', Qt::SkipEmptyParts));
 }
 
 void encodeField(const QVariant &value, const ArchiveField &field, ArchiveObject &coder)
@@ -22,6 +33,10 @@ void encodeField(const QVariant &value, const ArchiveField &field, ArchiveObject
         return coder.encodeColour(field.key, value.value<OptionalColour>());
     case StoredAs::Text:
         return coder.encodeText(field.key, value.toString());
+    case StoredAs::Words:
+        return coder.encodeText(field.key, asWords(value.value<std::optional<QStringList>>()));
+    case StoredAs::Runs:
+        return coder.encode(field.key, CableRunArchive::encode(value.value<CableRuns>()));
     case StoredAs::TextList:
         return coder.encodeTextList(field.key, value.value<std::optional<QStringList>>());
     case StoredAs::Address:
@@ -46,6 +61,10 @@ Result<QVariant> decodeField(const QString &key, StoredAs form, const ArchiveObj
         return asVariant(coder.decodeColour(key));
     case StoredAs::Text:
         return asVariant(coder.decodeText(key));
+    case StoredAs::Words:
+        return asVariant(coder.decodeText(key).map(ofWords));
+    case StoredAs::Runs:
+        return asVariant(CableRunArchive::decode(coder.value(key), '"' + key + '"'));
     case StoredAs::TextList:
         return asVariant(coder.decodeTextList(key));
     case StoredAs::Address:
@@ -55,11 +74,13 @@ Result<QVariant> decodeField(const QString &key, StoredAs form, const ArchiveObj
 }
 } // namespace
 
-bool isTaken(const ArchiveValue &value, const Addition &addition)
+bool isTaken(const ArchiveValue &found, const LayerValue &value)
 {
     ArchiveObject coder({});
-    coder.encode(addition.key, value);
-    return decodeField(addition.key, addition.form, coder).has_value();
+    coder.encode(value.addition->key, found);
+    const Result<QVariant> decoded = decodeField(value.addition->key, value.addition->form, coder);
+    LayerRecord record;
+    return decoded && value.assign(record, *decoded);
 }
 
 QSet<QString> keysOf(std::span<const ArchiveField> fields)

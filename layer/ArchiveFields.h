@@ -27,8 +27,8 @@ struct ArchiveField
 /// The fields of the first version, and behind them those that were added for layers of a kind.
 std::vector<ArchiveField> withAdditions(std::span<const ArchiveField> fields, LayerKind kind);
 
-/// Whether an archive's value is one of an addition. Others may use its key for something else.
-bool isTaken(const ArchiveValue &value, const Addition &addition);
+/// Whether an archive's value is one of a value that was added, and no list. Others may use its key for something else.
+bool isTaken(const ArchiveValue &found, const LayerValue &value);
 
 /// The keys of `fields`.
 QSet<QString> keysOf(std::span<const ArchiveField> fields);

@@ -9,9 +9,16 @@ Layer::~Layer() = default;
 /// Whatever thread has given the ratio, the record gets it here.
 LayerRecordPointer Layer::record() const
 {
-    if (const QSizeF ratio = aspectValue(); values().aspectValue != ratio)
-        const_cast<Layer *>(this)->edit().aspectValue = ratio;
+    if (m_isAspectValueGiven && m_isAspectValueGiven.exchange(false)) {
+        if (const QSizeF ratio = aspectValue(); values().aspectValue != ratio)
+            const_cast<Layer *>(this)->edit().aspectValue = ratio;
+    }
     return m_record;
+}
+
+bool Layer::hasRecord(const LayerRecordPointer &record) const
+{
+    return m_record == record && (!m_isAspectValueGiven || record->aspectValue == aspectValue());
 }
 
 void Layer::setRecord(const LayerRecordPointer &record)
@@ -69,4 +76,5 @@ void Layer::setAspectValue(const QSizeF &ratio)
 {
     const QMutexLocker lock(&m_aspectValueLock);
     m_aspectValue = ratio;
+    m_isAspectValueGiven = true;
 }

@@ -4,6 +4,7 @@
 #include "layer/ArchiveFields.h"
 #include "layer/LayerRecord.h"
 #include "layer/PictureChanges.h"
+#include "layer/WallCables.h"
 
 #include <QByteArrayList>
 #include <QImage>
@@ -13,6 +14,7 @@
 #include <QString>
 
 #include <array>
+#include <atomic>
 #include <memory>
 #include <span>
 
@@ -39,6 +41,7 @@ struct LayerLook
 {
     LayerRecordPointer record;
     std::array<qint64, 3> around = {}; ///< what a kind takes from elsewhere, as numbers of its own
+    WallCablesPointer cables = {};     ///< likewise
 
     bool operator==(const LayerLook &) const = default;
 };
@@ -158,6 +161,8 @@ public:
 
     /// The layer as it is: what it is like from now on leaves this record as it is.
     LayerRecordPointer record() const;
+    /// Whether record() is that very one.
+    bool hasRecord(const LayerRecordPointer &record) const;
     /// Makes the layer what the record says; renders nothing.
     void setRecord(const LayerRecordPointer &record);
 
@@ -211,5 +216,6 @@ private:
     std::shared_ptr<LayerRecord> m_record =
         std::make_shared<LayerRecord>(); ///< written only where nobody else holds it
     mutable QMutex m_aspectValueLock;
-    QSizeF m_aspectValue{0, 0}; ///< may be newer than the record's
+    QSizeF m_aspectValue{0, 0};
+    mutable std::atomic<bool> m_isAspectValueGiven = false; ///< since the record took it over
 };

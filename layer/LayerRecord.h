@@ -3,6 +3,7 @@
 #include "archive/Address.h"
 #include "base/Colour.h"
 #include "grid/PanelKeys.h"
+#include "layer/CableRun.h"
 
 #include <QSizeF>
 #include <QString>
@@ -147,6 +148,28 @@ struct LayerRecord
     // Additions: without a property; by their names through LayerValues.
     /// What others name the layer by, 128 bits as text; nullopt while nothing refers to it.
     std::optional<QString> id;
+    /// The name of the show's processor that feeds the wall; nullopt: none, and the wall is left out of ports.
+    std::optional<QString> processor;
+    /// The port that its first run keeps, whatever the other walls do; 0: the next free one.
+    int firstPort = 0;
+    /// The first run goes on at the last port of the wall before it, while it fits.
+    bool goesOn = false;
+    /// How its panels are cut into runs.
+    CableSplit split = CableSplit::Lines;
+    /// `pixelLimit` is what a port of the processor carries.
+    bool limitFromProcessor = false;
+    /// Its cables as they were laid by hand; they are kept while another way of splitting is chosen.
+    CableRuns runs;
+    /// The names of checks whose findings in this layer somebody means so; nullopt: none.
+    std::optional<QStringList> meant;
+    /// Each port's cable has a colour of its own.
+    bool portColours = false;
+    /// The first panel of each port bears its name, the last one the end of a loop.
+    bool portNames = false;
+    /// What stands for the name, with {processor} and {port} in it; nullopt: "{processor}{port}".
+    std::optional<QString> portName;
+    /// Labels tell the place of a panel on its port, "A3.12".
+    bool panelPlaces = false;
 
     bool operator==(const LayerRecord &) const = default;
 };

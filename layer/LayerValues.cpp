@@ -2,6 +2,7 @@
 
 #include <QHash>
 
+#include <algorithm>
 #include <limits>
 #include <type_traits>
 #include <utility>
@@ -40,6 +41,24 @@ struct Form<std::optional<PanelKeys>>
     static std::optional<PanelKeys> kept(const Given &texts)
     {
         return texts ? std::optional<PanelKeys>(*texts) : std::nullopt;
+    }
+};
+
+const QStringList &splitNames()
+{
+    static const QStringList names{"lines", "panels", "hand"};
+    return names;
+}
+
+/// Named.
+template <>
+struct Form<CableSplit>
+{
+    using Given = QString;
+    static QString given(CableSplit split) { return splitNames().at(static_cast<int>(split)); }
+    static CableSplit kept(const QString &name)
+    {
+        return static_cast<CableSplit>(std::max(qsizetype{0}, splitNames().indexOf(name)));
     }
 };
 
@@ -90,6 +109,11 @@ public:
         writer = other;
         return std::move(*this);
     }
+    Row &&oneOf(const QStringList &texts) &&
+    {
+        choices = texts;
+        return std::move(*this);
+    }
     constexpr Row &&added(const Addition &how) &&
     {
         addition = how;
@@ -110,6 +134,7 @@ constexpr int furthest = 100'000;
 constexpr int widestLine = 512;
 constexpr int largestText = 1'000;
 constexpr int mostWatts = 100'000;
+constexpr int mostPorts = 9'999;
 
 #define ROW(member, ...) row<&LayerRecord::member>(#member __VA_OPT__(, ) __VA_ARGS__)
 
@@ -189,6 +214,46 @@ const std::vector<LayerValue> &rows()
         ROW(ImageURL, "picture").of(LayerKind::Still),
 
         ROW(id).added({"id", StoredAs::Text, LayerKind::Any, false}),
+        ROW(processor, "processor")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"processor", StoredAs::Text, LayerKind::Wall, true}),
+        ROW(firstPort, "first port")
+            .in(0, mostPorts)
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"firstPort", StoredAs::Integer32, LayerKind::Wall, false}),
+        ROW(goesOn, "going on with the port before")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"goesOn", StoredAs::Boolean, LayerKind::Wall, true}),
+        ROW(split, "way of splitting")
+            .watched()
+            .of(LayerKind::Wall)
+            .oneOf(splitNames())
+            .added({"split", StoredAs::Text, LayerKind::Wall, true}),
+        ROW(limitFromProcessor, "limit from the processor")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"limitFromProcessor", StoredAs::Boolean, LayerKind::Wall, true}),
+        ROW(runs, "cables").watched().of(LayerKind::Wall).added({"runs", StoredAs::Runs, LayerKind::Wall, true}),
+        ROW(meant, "what is meant").added({"meant", StoredAs::Words, LayerKind::Any, false}),
+        ROW(portColours, "colours of ports")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"portColours", StoredAs::Boolean, LayerKind::Wall, true}),
+        ROW(portNames, "names of ports")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"portNames", StoredAs::Boolean, LayerKind::Wall, true}),
+        ROW(portName, "name of a port")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"portName", StoredAs::Text, LayerKind::Wall, true}),
+        ROW(panelPlaces, "places on the port")
+            .watched()
+            .of(LayerKind::Wall)
+            .added({"panelPlaces", StoredAs::Boolean, LayerKind::Wall, true}),
     };
     return rows;
 }
@@ -199,6 +264,10 @@ bool LayerValue::assign(LayerRecord &record, QVariant value) const
     if (!value.isValid())
         value = QVariant(type);
     else if (value.metaType() != type && !value.convert(type))
+        return false;
+    if (!choices.isEmpty() && value.toString().isNull())
+        value = choices.first();
+    if (!choices.isEmpty() && !choices.contains(value.toString()))
         return false;
     set(record, value);
     return true;

@@ -18,6 +18,8 @@ enum class StoredAs
     Boolean,
     Colour,
     Text,
+    Words, ///< texts without blanks, as one text with blanks between
+    Runs,  ///< a list of objects of the class LWCableRun
     TextList,
     Address,
 };
@@ -77,9 +79,10 @@ struct LayerValue
     bool isWatched = false; ///< an edit of it is rendered and composed
     Writer writer = Writer::Person;
     std::optional<Addition> addition = {};
+    QStringList choices = {}; ///< the only texts that are taken, the first by itself; none: any
 
-    /// Gives the record the value, as the value's own type. Returns false, and changes nothing, where it is none; an
-    /// invalid one is 0, false or nil.
+    /// Gives the record the value, as the value's own type. Returns false, and changes nothing, where it is none, or
+    /// none of the choices; an invalid one is 0, false, nil or the first choice.
     bool assign(LayerRecord &record, QVariant value) const;
     /// "Panel width"
     QString caption() const;

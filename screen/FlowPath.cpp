@@ -165,7 +165,11 @@ QPainterPath Arrowhead::path() const
                             : direction == Direction::Left ? QPointF(-a, 0)
                             : direction == Direction::Up   ? QPointF(0, a)
                                                            : QPointF(0, -a);
-    const QPointF aside(std::abs(forward.y()), std::abs(forward.x()));
+    return arrowhead(centre, forward, {std::abs(forward.y()), std::abs(forward.x())});
+}
+
+QPainterPath arrowhead(const QPointF &centre, const QPointF &forward, const QPointF &aside)
+{
     QPainterPath triangle(centre - forward - aside);
     triangle.lineTo(centre - forward + aside);
     triangle.lineTo(centre + forward);
@@ -201,34 +205,36 @@ Run columnsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, const dou
     return run;
 }
 
-void draw(DrawingSurface &surface, const Run &run)
+void drawOutlined(DrawingSurface &surface, const QPainterPath &arrowhead, const Colour &colour)
+{
+    surface.setColour(colour);
+    surface.fillPath(arrowhead);
+    surface.setColour(ChartConstants::init2().pathColor);
+    surface.strokePath(arrowhead, 1);
+}
+
+void draw(DrawingSurface &surface, const Run &run, const Colour &colour)
 {
     const ChartConstants &constants = ChartConstants::init2();
-    const auto drawOutlined = [&](const Arrowhead &arrowhead, const Colour &colour) {
-        surface.setColour(colour);
-        surface.fillPath(arrowhead.path());
-        surface.setColour(constants.pathColor);
-        surface.strokePath(arrowhead.path(), 1);
-    };
-
-    drawOutlined(run.start, constants.startColor);
+    drawOutlined(surface, run.start.path(), constants.startColor);
     ArrowheadMasks masks;
     for (const Arrowhead &arrowhead : run.passing)
-        surface.drawMasks(wholePart(arrowhead.centre), 0, {&masks.maskOf(arrowhead), 1}, constants.pathColor);
+        surface.drawMasks(wholePart(arrowhead.centre), 0, {&masks.maskOf(arrowhead), 1}, colour);
+    surface.setColour(colour);
     surface.strokePath(run.line, constants.pathLineWidth);
-    drawOutlined(run.end, constants.endColor);
+    drawOutlined(surface, run.end.path(), constants.endColor);
 }
 
 void drawFlowPathRowsFromRight(DrawingSurface &surface, const PanelGrid &grid, bool fromRight, bool fromBottom,
-                               double &x, const double &y, bool andRight, float andDelimiter)
+                               double &x, const double &y, bool andRight, float andDelimiter, const Colour &colour)
 {
-    draw(surface, rowsRun(grid, fromRight, fromBottom, x, y, andRight, andDelimiter));
+    draw(surface, rowsRun(grid, fromRight, fromBottom, x, y, andRight, andDelimiter), colour);
 }
 
 void drawFlowPathColumnsFromRight(DrawingSurface &surface, const PanelGrid &grid, bool fromRight, bool fromBottom,
-                                  const double &x, double &y, bool andEnd, float andDelimiter)
+                                  const double &x, double &y, bool andEnd, float andDelimiter, const Colour &colour)
 {
-    draw(surface, columnsRun(grid, fromRight, fromBottom, x, y, andEnd, andDelimiter));
+    draw(surface, columnsRun(grid, fromRight, fromBottom, x, y, andEnd, andDelimiter), colour);
 }
 
 } // namespace FlowPath

@@ -20,6 +20,9 @@ enum class Direction
     Down
 };
 
+/// A triangle that reaches `forward` from its centre, as far behind it, and `aside` there to both sides.
+QPainterPath arrowhead(const QPointF &centre, const QPointF &forward, const QPointF &aside);
+
 /// A triangle `Constants::arrowSize` long either way from its centre.
 struct Arrowhead
 {
@@ -50,13 +53,17 @@ Run rowsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, double &x, c
 Run columnsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, const double &x, double &y, bool andEnd,
                float andDelimiter);
 
-void draw(DrawingSurface &surface, const Run &run);
+/// An arrowhead that begins or ends a run, in its colour with an outline.
+void drawOutlined(DrawingSurface &surface, const QPainterPath &arrowhead, const Colour &colour);
 
-/// Draws one run along rows; see rowsRun().
+/// `colour`: of the line and the arrowheads on it.
+void draw(DrawingSurface &surface, const Run &run, const Colour &colour);
+
+/// Draws one run along rows; see rowsRun() and draw().
 void drawFlowPathRowsFromRight(DrawingSurface &surface, const PanelGrid &grid, bool fromRight, bool fromBottom,
-                               double &x, const double &y, bool andRight, float andDelimiter);
-/// Draws one run along columns; see columnsRun().
+                               double &x, const double &y, bool andRight, float andDelimiter, const Colour &colour);
+/// Draws one run along columns; see columnsRun() and draw().
 void drawFlowPathColumnsFromRight(DrawingSurface &surface, const PanelGrid &grid, bool fromRight, bool fromBottom,
-                                  const double &x, double &y, bool andEnd, float andDelimiter);
+                                  const double &x, double &y, bool andEnd, float andDelimiter, const Colour &colour);
 
 } // namespace FlowPath

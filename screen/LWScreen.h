@@ -100,6 +100,11 @@ public:
     std::span<const ArchiveField> keptFields() const override;
     LayerKind kind() const override { return LayerKind::Wall; }
 
+    /// What hangs on its ports, as its surroundings say; null: they do not say it. A wall whose picture shows other
+    /// cables by that is rendered again.
+    void showCables(const WallCablesPointer &cables);
+    const WallCablesPointer &shownCables() const { return m_cables; }
+
     /// An arrow button was pressed: hands its tag to the host as the chosen pattern. The screen itself stays as it is.
     void changeArrows(int tag);
 
@@ -128,6 +133,7 @@ private:
     void mend(const ScreenChart &chart, const QRegion &where) const;
 
     QPointer<QObject> m_pixelPerLimitField;
+    WallCablesPointer m_cables;
     std::optional<Look> m_rendered;      ///< nullopt: the thumbnail, if there is one, was given
     mutable std::optional<Look> m_drawn; ///< the thumbnail shows this; what was rendered it does when asked for
     mutable QImage m_thumbnail;

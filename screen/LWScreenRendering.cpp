@@ -35,9 +35,18 @@ void LWScreen::drawInRect()
         m_drawn.reset();
 }
 
+void LWScreen::showCables(const WallCablesPointer &cables)
+{
+    const bool isSame = m_cables == cables || (m_cables && cables && *m_cables == *cables);
+    if (isSame)
+        return;
+    m_cables = cables;
+    drawInRect();
+}
+
 LWScreen::Look LWScreen::look() const
 {
-    return {record(), {host().popupIndex(), host().voltageCalc(), host().phaseCalc()}};
+    return {record(), {host().popupIndex(), host().voltageCalc(), host().phaseCalc(), m_cables}};
 }
 
 QImage LWScreen::thumbnail() const
@@ -77,8 +86,8 @@ LayerLook LWScreen::shownLook() const
         return {nullptr, {m_thumbnail.cacheKey()}};
     if (isDrawn() && m_thumbnail.isNull()) // it may be had when it is drawn again
         return {};
-    const auto &[popupIndex, voltage, phases] = m_rendered->around;
-    return {m_rendered->record, {popupIndex, voltage, phases}};
+    const auto &[popupIndex, voltage, phases, cables] = m_rendered->around;
+    return {m_rendered->record, {popupIndex, voltage, phases}, cables};
 }
 
 void LWScreen::releasePicture()

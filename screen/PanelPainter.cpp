@@ -1,11 +1,27 @@
 #include "screen/PanelPainter.h"
 
+#include "base/Bands.h"
 #include "drawing/PixelRows.h"
 #include "drawing/Raster.h"
 #include "layer/WallGrid.h"
 #include "screen/ScreenChart.h"
 
 #include <algorithm>
+
+namespace {
+/// So many pixels are worth a second processor.
+constexpr qint64 bandPixels = 1 << 18;
+} // namespace
+
+struct PanelPainter::Target
+{
+    uchar *bits; ///< taken once: asking the picture for its rows is for one thread alone
+    qsizetype bytesPerLine;
+    int height;
+    QRect part;
+
+    QRgb *row(int y) const { return reinterpret_cast<QRgb *>(bits + y * bytesPerLine) + part.left(); }
+};
 
 PanelColours PanelColours::of(const ScreenChart &chart)
 {
@@ -50,15 +66,23 @@ void PanelPainter::paint(QImage &raster, const QRect &part) const
 {
     if (m_columns.count() <= 0 || m_rows.count() <= 0) // a wall counted in negative panels has pixels, but no panel
         return Raster::clear(raster, part);
-    for (int panelRow = 0; panelRow < m_rows.count(); ++panelRow)
-        paintPanelRow(raster, part, panelRow);
-    PixelRows::finishCopies();
+    const auto rowAt = [&](int y) { return static_cast<int>(m_rows.lineAt(raster.height() - 1 - y).value()); };
+    const int lowest = rowAt(part.bottom());
+    const qint64 rowPixels = qint64{part.width()} * std::max(m_rows.lineSize(), 1);
+    const Target target{raster.bits(), raster.bytesPerLine(), raster.height(), part};
+    Bands::forEach(rowAt(part.top()) - lowest + 1, static_cast<int>(bandPixels / rowPixels) + 1,
+                   [&](int first, int count) {
+                       for (int panelRow = lowest + first; panelRow < lowest + first + count; ++panelRow)
+                           paintPanelRow(target, panelRow);
+                       PixelRows::finishCopies();
+                   });
 }
 
-void PanelPainter::paintPanelRow(QImage &raster, const QRect &part, int panelRow) const
+void PanelPainter::paintPanelRow(const Target &target, int panelRow) const
 {
+    const QRect &part = target.part;
     const int height = m_rows.sizeOf(panelRow);
-    const int bottom = raster.height() - 1 - static_cast<int>(m_rows.edge(panelRow));
+    const int bottom = target.height - 1 - static_cast<int>(m_rows.edge(panelRow));
     const int first = std::max(bottom - part.bottom(), 0);
     const int last = std::min(bottom - part.top(), height - 1);
     if (first > last)
@@ -82,8 +106,8 @@ void PanelPainter::paintPanelRow(QImage &raster, const QRect &part, int panelRow
     const int inset = frameInset(height);
     for (int inPanel = first; inPanel <= last; ++inPanel) {
         const bool isEdge = inPanel < inset || inPanel >= height - inset;
-        auto *pixels = reinterpret_cast<QRgb *>(raster.scanLine(bottom - inPanel)) + part.left();
-        PixelRows::copyPastCache(pixels, (isEdge ? edge : inner)->data() + part.left(), part.width());
+        PixelRows::copyPastCache(target.row(bottom - inPanel), (isEdge ? edge : inner)->data() + part.left(),
+                                 part.width());
     }
 }
 

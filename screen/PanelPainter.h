@@ -32,7 +32,8 @@ public:
     /// For a wall whose raster can be had.
     explicit PanelPainter(const ScreenChart &chart);
 
-    /// Replaces every pixel of a part of the raster, which lies within it.
+    /// Replaces every pixel of a part of the raster; the part is not empty and lies within it. Rows of panels are
+    /// shared out over the processors.
     void paint(QImage &raster, const QRect &part) const;
 
 private:
@@ -42,7 +43,8 @@ private:
     int frameInset(int side) const;
     void fillPanels(PixelRow &pixels, const std::array<Colour, 2> &colours, int phase) const;
     void addUprightFrames(PixelRow &pixels, int phase) const;
-    void paintPanelRow(QImage &raster, const QRect &part, int panelRow) const;
+    struct Target;
+    void paintPanelRow(const Target &target, int panelRow) const;
     void clearPanels(PixelRow &pixels, std::span<const Cell> panels) const;
     void paintFirstPanel(PixelRow &inner, PixelRow &edge) const;
 

@@ -1,16 +1,21 @@
 #include "screen/ScreenChart.h"
 
 #include "drawing/Raster.h"
+#include "grid/PortSplit.h"
 #include "layer/Logging.h"
+#include "layer/PortColours.h"
 #include "layer/WallGrid.h"
+#include "screen/CableDrawing.h"
+#include "screen/CableTexts.h"
+#include "screen/ChartConstants.h"
 #include "screen/FlowPath.h"
 #include "screen/LostWall.h"
 #include "screen/PanelLabels.h"
 #include "screen/PanelPainter.h"
-#include "grid/PortSplit.h"
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 /// Length of all lines of a data path together, in pixels, and the sum of the squares of the runs' line counts (a
@@ -18,6 +23,15 @@ namespace {
 /// single pixels the path would only be a white field.
 constexpr double longestDataPath = 1e7;
 constexpr double mostCrossings = 2e6;
+
+WallCables cablesOf(const WallRuns &runs)
+{
+    WallCables cables;
+    std::ranges::transform(runs, std::back_inserter(cables), [](const CableRun &run) {
+        return WallCable{.port = run.port, .cells = run.cells, .begins = run.piece == 1};
+    });
+    return cables;
+}
 
 bool isAffordable(const ScreenChart &chart, const FlowPattern &flow, const PortSplit &split)
 {
@@ -66,10 +80,53 @@ void ScreenChart::drawPart(QImage &raster, const QRect &part) const
 
 void ScreenChart::drawRect2(DrawingSurface &surface) const
 {
-    if (drawLabels && labelColor)
+    const WallCables known = portNames || panelPlaces || showsCables() ? knownCables() : WallCables();
+    if (drawLabels && labelColor && panelPlaces && !known.empty())
+        CableTexts(*this, known).drawPlaces(surface);
+    else if (drawLabels && labelColor)
         PanelLabels(*this).draw(surface);
-    if (drawFlowPath)
+    if (drawFlowPath && showsCables())
+        drawCables(surface, known);
+    else if (drawFlowPath)
         drawDataPath(surface);
+    if (portNames)
+        CableTexts(*this, known).drawNames(surface);
+}
+
+WallCables ScreenChart::knownCables() const
+{
+    WallCables known = cables ? *cables : split == CableSplit::Hand ? cablesOf(runs.list()) : WallCables();
+    const CellSet off = cables ? CellSet() : hiddenBoxes.value_or(PanelKeys()).cellsInside(col, row);
+    const auto isMissing = [&](const Cell &cell) {
+        return cell.column < 0 || cell.column >= col || cell.row < 0 || cell.row >= row || off.contains(cell);
+    };
+    for (WallCable &cable : known)
+        std::erase_if(cable.cells, isMissing);
+    return known;
+}
+
+bool ScreenChart::showsCables() const
+{
+    return split == CableSplit::Hand || (split == CableSplit::Panels && cables);
+}
+
+Colour ScreenChart::pathColourOf(qint64 port) const
+{
+    return portColours ? PortColours::of(port) : ChartConstants::init2().pathColor;
+}
+
+/// Whoever does not say which ports feed the wall counts them from 1.
+qint64 ScreenChart::portOfRun(qint64 place) const
+{
+    const bool isSaid = cables && place < std::ssize(*cables);
+    return isSaid ? (*cables)[static_cast<std::size_t>(place)].port.number : place + 1;
+}
+
+void ScreenChart::drawCables(DrawingSurface &surface, const WallCables &known) const
+{
+    const PanelGrid grid = panelGridOf(*this);
+    for (const WallCable &cable : known)
+        CableDrawing::draw(surface, grid, cable, pathColourOf(cable.port.number));
 }
 
 void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
@@ -103,30 +160,31 @@ void ScreenChart::drawDataPath(DrawingSurface &surface) const
     const auto flow = FlowPattern::ofCode(pattern);
     if (!flow)
         return;
-    const auto split = PortSplit::of(panelGridOf(*this), *flow, pixelLimit);
-    if (!split)
+    const auto ports = PortSplit::of(panelGridOf(*this), *flow, pixelLimit);
+    if (!ports)
         return;
     const bool alongRows = flow->along == FlowPattern::Along::Rows;
-    if (!isAffordable(*this, *flow, *split)) {
+    if (!isAffordable(*this, *flow, *ports)) {
         qCWarning(lcScreen, "The data path through %d x %d panels is left out: its lines would only cover each other.",
                   col, row);
         return;
     }
     double x = 0;
     double y = 0;
-    for (qint64 index = 0; index < split->portCount(); ++index) {
-        const auto [start, lines] = split->port(index);
+    for (qint64 index = 0; index < ports->portCount(); ++index) {
+        const auto [start, lines] = ports->port(index);
         const auto delimiter = static_cast<float>(lines);
+        const Colour colour = pathColourOf(portOfRun(ports->placeOnPath(index)));
         if (alongRows) {
             y = start;
             FlowPath::drawFlowPathRowsFromRight(surface, panelGridOf(*this), flow->fromRight, flow->fromBottom, x, y,
-                                                flow->end, delimiter);
+                                                flow->end, delimiter, colour);
             continue;
         }
         x = start;
-        if (!split->isOneRun && index < split->fullPorts)
+        if (!ports->isOneRun && index < ports->fullPorts)
             qCDebug(lcScreen, "%.f", x);
         FlowPath::drawFlowPathColumnsFromRight(surface, panelGridOf(*this), flow->fromRight, flow->fromBottom, x, y,
-                                               flow->end, delimiter);
+                                               flow->end, delimiter, colour);
     }
 }

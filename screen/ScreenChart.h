@@ -3,6 +3,7 @@
 #include "drawing/DrawingSurface.h"
 #include "drawing/TextLine.h"
 #include "layer/LayerRecord.h"
+#include "layer/WallCables.h"
 
 #include <QImage>
 #include <QPoint>
@@ -18,6 +19,7 @@ struct ChartSurroundings
     int popupIndex = 0;   ///< which corner coordinates: 0 the top left, 1 the bottom, 2 all
     qint64 voltage = 110; ///< volts
     qint64 phases = 1;
+    WallCablesPointer cables = {}; ///< what hangs on its ports; null: nobody says
 
     bool operator==(const ChartSurroundings &) const = default;
 };
@@ -68,8 +70,16 @@ private:
 
     void drawCircleAndDiagonals(DrawingSurface &surface) const;
     QRegion changedTexts(const ScreenChart &before) const;
+    std::optional<QRegion> changedCables(const ScreenChart &before) const;
     std::vector<PlacedText> texts() const;
     void addCentreTexts(std::vector<PlacedText> &texts) const;
     void addCornerTexts(std::vector<PlacedText> &texts) const;
+    /// Those of the surroundings; else, of a wall by hand, those that its record has.
+    WallCables knownCables() const;
+    /// The cables are drawn, not the lines of the pattern.
+    bool showsCables() const;
+    Colour pathColourOf(qint64 port) const;
+    qint64 portOfRun(qint64 place) const;
+    void drawCables(DrawingSurface &surface, const WallCables &known) const;
     void drawDataPath(DrawingSurface &surface) const;
 };

@@ -1,4 +1,5 @@
 #include "layer/WallGrid.h"
+#include "screen/CableDrawing.h"
 #include "screen/ScreenChart.h"
 
 #include <algorithm>
@@ -20,6 +21,12 @@ void takeUnseen(ScreenChart &chart, const ScreenChart &from)
     chart.aspectRatio = from.aspectRatio;
     chart.aspectValue = from.aspectValue;
     chart.aspectHidden = from.aspectHidden;
+    chart.processor = from.processor;
+    chart.firstPort = from.firstPort;
+    chart.goesOn = from.goesOn;
+    chart.limitFromProcessor = from.limitFromProcessor;
+    if (chart.cables && from.cables) // which say it
+        chart.runs = from.runs;
 }
 
 /// Takes over what only the texts at the centre and in the corners show.
@@ -67,15 +74,46 @@ std::optional<QRegion> ScreenChart::changeSince(const ScreenChart &before) const
     ScreenChart rest = *this;
     takeUnseen(rest, before);
     QRegion changed;
+    if (rest.hiddenBoxes != before.hiddenBoxes && split == CableSplit::Hand && !cables)
+        return std::nullopt; // its cables go past the panels that are off
     if (rest.hiddenBoxes != before.hiddenBoxes)
         changed += changedPanels(before, *this);
     rest.hiddenBoxes = before.hiddenBoxes;
+    if (const auto part = changedCables(before))
+        changed += *part;
+    else
+        return std::nullopt;
+    rest.cables = before.cables;
     if (rest == before)
         return changed;
     takeTexts(rest, before);
     if (!(rest == before))
         return std::nullopt;
     return changed + changedTexts(before);
+}
+
+/// None: they are told in texts, or by the colours of lines, which reach further than their panels.
+std::optional<QRegion> ScreenChart::changedCables(const ScreenChart &before) const
+{
+    if (cables == before.cables || (cables && before.cables && *cables == *before.cables))
+        return QRegion();
+    const bool areTold = portNames || panelPlaces || (portColours && !showsCables());
+    if (areTold || !cables || !before.cables)
+        return std::nullopt;
+    if (!showsCables())
+        return QRegion();
+    const WallCables was = before.knownCables();
+    const WallCables is = knownCables();
+    QRegion changed;
+    const auto addMissing = [&](const WallCables &of, const WallCables &others) {
+        for (const WallCable &cable : of) {
+            if (std::ranges::find(others, cable) == others.end())
+                changed += CableDrawing::reachOf(panelGridOf(*this), cable);
+        }
+    };
+    addMissing(was, is);
+    addMissing(is, was);
+    return changed & QRect(0, 0, static_cast<int>(wallWidth()), static_cast<int>(wallHeight()));
 }
 
 QRegion ScreenChart::changedTexts(const ScreenChart &before) const

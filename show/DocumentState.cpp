@@ -77,7 +77,7 @@ const std::vector<LayerState> &LayerStates::list() const
 bool LayerStates::isNow(const std::vector<LayerPointer> &layers) const
 {
     return std::ranges::equal(list(), layers, [](const LayerState &state, const LayerPointer &layer) {
-        return state.layer == layer && state.record == layer->record();
+        return state.layer == layer && layer->hasRecord(state.record);
     });
 }
 

@@ -75,7 +75,8 @@ struct DocumentState
     std::shared_ptr<const UnknownContent> unknown;
     QSize output;                 ///< pixels
     std::optional<Supply> supply; ///< as it was chosen for the document; nullopt: it was not
-    qint64 volts = 0;             ///< what was counted with, chosen or not
+    std::vector<ProcessorSettings> processors;
+    qint64 volts = 0; ///< what was counted with, chosen or not
     qint64 phases = 0;
     LayerStates layers;
     LayerStates presets;
@@ -89,7 +90,8 @@ struct DocumentState
     /// Whether both have the same project: presets are the person's, and no part of it.
     bool hasProjectOf(const DocumentState &other) const
     {
-        return file == other.file && output == other.output && supply == other.supply && layers == other.layers;
+        return file == other.file && output == other.output && supply == other.supply &&
+               processors == other.processors && layers == other.layers;
     }
     /// Whether both show the same: content, what is counted with, and what is selected.
     bool looksLike(const DocumentState &other) const

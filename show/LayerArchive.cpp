@@ -1,5 +1,7 @@
 #include "show/LayerArchive.h"
 
+#include "base/Memory.h"
+#include "layer/CableRunArchive.h"
 #include "layer/LayerLimits.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
@@ -49,6 +51,26 @@ void takeUnknownOver(Layer &copy, const Layer &original)
     content->setPlace(place);
     copy.setUnknownContent(content);
 }
+
+Result<std::vector<LayerPointer>> copiesOf(const std::vector<LayerPointer> &layers, LayerHost &host)
+{
+    std::vector<ArchiveValue> records;
+    records.reserve(layers.size());
+    for (const LayerPointer &layer : layers)
+        records.push_back({ArchiveObjectPointer(LayerArchive::recordOf(*layer))});
+    const Result<ArchiveValue> archive =
+        KeyedArchive::write(ArchiveValue::list(std::move(records))).and_then(LayerArchive::read);
+    if (!archive)
+        return tl::unexpected(archive.error());
+    Result<std::vector<LayerPointer>> copied =
+        archive->toList("the root")
+            .and_then([&](const ArchiveList &list) { return LayerArchive::decode(*list, "layer"); })
+            .map(
+                [&](const std::vector<LayerArchive::ReadLayer> &read) { return LayerArchive::makeCopies(read, host); });
+    for (std::size_t i = 0; copied && i < layers.size(); ++i)
+        takeUnknownOver(*(*copied)[i], *layers[i]);
+    return copied;
+}
 } // namespace
 
 namespace LayerArchive {
@@ -57,11 +79,16 @@ Result<KeyedArchive::Contents> readContents(const QByteArray &bytes, KeyedArchiv
 {
     rest.classes.insert("LWScreen", LWScreen::archiveKeys());
     rest.classes.insert("LWStill", LWStill::archiveKeys());
+    const QStringList runKeys = CableRunArchive::keys();
+    rest.classes.insert(CableRunArchive::className, QSet(runKeys.begin(), runKeys.end()));
     for (const LayerValue &value : LayerValues::all()) {
-        if (value.addition)
-            rest.sharedKeys.insert(value.addition->key, [addition = *value.addition](const ArchiveValue &found) {
-                return isTaken(found, addition);
-            });
+        if (!value.addition)
+            continue;
+        if (value.addition->form == StoredAs::Runs)
+            rest.sharedLists.insert(value.addition->key, CableRunArchive::className);
+        else
+            rest.sharedKeys.insert(value.addition->key,
+                                   [&value](const ArchiveValue &found) { return isTaken(found, value); });
     }
     return KeyedArchive::readContents(bytes, rest);
 }
@@ -126,20 +153,7 @@ std::vector<LayerPointer> makeCopies(const std::vector<ReadLayer> &read, LayerHo
 
 Result<std::vector<LayerPointer>> copies(const std::vector<LayerPointer> &layers, LayerHost &host)
 {
-    std::vector<ArchiveValue> records;
-    records.reserve(layers.size());
-    for (const LayerPointer &layer : layers)
-        records.push_back({ArchiveObjectPointer(recordOf(*layer))});
-    const Result<ArchiveValue> archive = KeyedArchive::write(ArchiveValue::list(std::move(records))).and_then(read);
-    if (!archive)
-        return tl::unexpected(archive.error());
-    Result<std::vector<LayerPointer>> copied =
-        archive->toList("the root")
-            .and_then([&](const ArchiveList &list) { return decode(*list, "layer"); })
-            .map([&](const std::vector<ReadLayer> &read) { return makeCopies(read, host); });
-    for (std::size_t i = 0; copied && i < layers.size(); ++i)
-        takeUnknownOver(*(*copied)[i], *layers[i]);
-    return copied;
+    return Memory::orError([&] { return copiesOf(layers, host); });
 }
 
 } // namespace LayerArchive

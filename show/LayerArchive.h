@@ -10,7 +10,8 @@
 #include <memory>
 #include <vector>
 
-/// Layers as values of a keyed archive: what project files and preset libraries have in common.
+/// Layers as values of a keyed archive: what project files and preset libraries have in common. Memory that cannot be
+/// had is a std::bad_alloc, except in copies().
 namespace LayerArchive {
 
 /// Larger files are refused before they are read.

@@ -3,6 +3,8 @@
 #include "base/Result.h"
 #include "layer/Layer.h"
 
+#include <QByteArray>
+
 #include <vector>
 
 class LayerHost;
@@ -17,6 +19,8 @@ inline constexpr char type[] = "application/x-wallwright-layers";
 [[nodiscard]] Result<void> write(const std::vector<LayerPointer> &layers);
 /// The layers, at least one. Error: there are none, or they are damaged.
 [[nodiscard]] Result<std::vector<LayerPointer>> read(LayerHost &host);
+/// Those that stand in such bytes.
+[[nodiscard]] Result<std::vector<LayerPointer>> decode(const QByteArray &bytes, LayerHost &host);
 /// Whether read() has something to read; it may be damaged.
 bool hasLayers();
 

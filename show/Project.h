@@ -3,6 +3,7 @@
 #include "archive/ArchiveObject.h"
 #include "layer/Layer.h"
 #include "layer/Supply.h"
+#include "wiring/PortCapacity.h"
 
 #include <QByteArrayList>
 
@@ -32,6 +33,8 @@ struct Project
     int outputWidth = 0;
     std::vector<LayerPointer> layers;  ///< topmost first
     std::optional<Supply> supply = {}; ///< nullopt: none was chosen for it
+    /// In the order in which their ports are given away.
+    std::vector<ProcessorSettings> processors = {};
     /// Null: nothing.
     std::shared_ptr<const UnknownContent> unknown = {};
 };

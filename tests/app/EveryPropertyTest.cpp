@@ -112,6 +112,17 @@ constexpr Property properties[]{
     {"height", OfWall},
     {"ImageURL", StillFile | StillCopy | OfStill},
     {"id", Files},
+    {"processor", WallFile | WallCopy | Watched | OfWall},
+    {"firstPort", WallFile | Watched | OfWall},
+    {"goesOn", WallFile | WallCopy | Watched | OfWall},
+    {"split", WallFile | WallCopy | Watched | OfWall},
+    {"limitFromProcessor", WallFile | WallCopy | Watched | OfWall},
+    {"runs", WallFile | WallCopy | Watched | OfWall},
+    {"meant", Files},
+    {"portColours", WallFile | WallCopy | WallPicture | Watched | OfWall},
+    {"portNames", WallFile | WallCopy | Watched | OfWall},
+    {"portName", WallFile | WallCopy | Watched | OfWall},
+    {"panelPlaces", WallFile | WallCopy | Watched | OfWall},
 };
 
 /// A wall whose picture shows each of its values.
@@ -149,8 +160,15 @@ protected:
     bool goesTo(unsigned place) const { return GetParam().goesTo(place); }
 
     QVariant valueOf(const Layer &layer) const { return layer.value(name()); }
-    /// Gives the layer another value than it has.
-    void change(Layer &layer) const { ASSERT_TRUE(layer.setValue(name(), anotherValue(valueOf(layer)))) << name(); }
+    /// Another value than the layer has.
+    QVariant another(const Layer &layer) const
+    {
+        const QStringList &choices = LayerValues::find(name())->choices;
+        const QVariant value = valueOf(layer);
+        const qsizetype next = choices.indexOf(value.toString()) + 1;
+        return choices.isEmpty() ? anotherValue(value) : choices.at(next % std::max(choices.size(), qsizetype{1}));
+    }
+    void change(Layer &layer) const { ASSERT_TRUE(layer.setValue(name(), another(layer))) << name(); }
     /// Gives it one that `plain` does not have either.
     void changeFrom(const Layer &plain, Layer &layer) const
     {
@@ -228,7 +246,7 @@ TEST_P(EveryProperty, IsInAStillsArchiveOrNot)
     expectTaken(*picture, LWStill(document), *fromArchive(picture), goesTo(StillFile));
 
     const auto other = still();
-    other->setValue(name(), anotherValue(valueOf(*picture)));
+    other->setValue(name(), another(*picture));
     EXPECT_EQ(KeyedArchive::write(LayerArchive::encode({other})).value() !=
                   KeyedArchive::write(LayerArchive::encode({picture})).value(),
               goesTo(StillFile | StillWrite));
@@ -269,8 +287,10 @@ TEST_P(EveryProperty, IsInACopyThroughAnArchiveAsInTheArchive)
 {
     const LayerPointer layer = goesTo(OfStill) ? LayerPointer(still()) : fullWall(document);
     change(*layer);
-    const bool isCopied = qstrcmp(name(), "id") != 0; // no copy takes it: what refers to the layer means that one
-    EXPECT_EQ(valueOf(*copyThroughArchive(layer)), isCopied ? valueOf(*fromArchive(layer)) : QVariant(QString()));
+    // No copy takes what is of that one layer: what refers to it by its id, and the ports that it keeps.
+    const std::optional<Addition> &addition = LayerValues::find(name())->addition;
+    const LayerPointer expected = !addition || addition->isCopied ? fromArchive(layer) : LWScreen::init(document);
+    EXPECT_EQ(valueOf(*copyThroughArchive(layer)), valueOf(*expected));
 }
 
 TEST_P(EveryProperty, IsWatchedOrNot)
@@ -280,7 +300,7 @@ TEST_P(EveryProperty, IsWatchedOrNot)
     document.finishEdit("setting");
     waitForRedraws();
     ASSERT_TRUE(document.shouldUpdate());
-    edit(name(), anotherValue(valueOf(*layer)));
+    edit(name(), another(*layer));
     EXPECT_EQ(document.shouldUpdate(), !goesTo(Watched));
 }
 

@@ -19,7 +19,7 @@ protected:
         wall->setSfColor(NamedColour::white);
         wall->setShowCurrent(true);
         wall->drawInRect();
-        EXPECT_TRUE(ProjectFile::write(path("show.Orv"), {100, 500, {wall}, supply, unknown}).has_value());
+        EXPECT_TRUE(ProjectFile::write(path("show.Orv"), {100, 500, {wall}, supply, {}, unknown}).has_value());
         return path("show.Orv");
     }
     QImage converted(const QStringList &options)

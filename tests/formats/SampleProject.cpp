@@ -69,7 +69,7 @@ QString archiveText(const Layer &layer)
     ArchiveObject coder(layer.className());
     layer.encodeWithCoder(coder);
     for (const ArchiveField &field : layer.keptFields()) {
-        const QByteArray value = JsonValues::text(PropertyText::encode(layer.property(field.property)));
+        const QByteArray value = PropertyText::text(layer.property(field.property), {});
         text += QString("%1 %2 %3\n").arg(field.key, coder.value(field.key).kind(), QString::fromUtf8(value));
     }
     return text;

@@ -20,6 +20,19 @@ QVariant distinctValue(const QMetaProperty &property, int number)
 }
 } // namespace
 
+TEST(Layer, HasTheRecordThatItIs)
+{
+    TestHost host;
+    const auto wall = LWScreen::init(host);
+    const LayerRecordPointer record = wall->record();
+    EXPECT_TRUE(wall->hasRecord(record));
+    EXPECT_FALSE(wall->hasRecord(std::make_shared<LayerRecord>(*record)));
+    EXPECT_FALSE(wall->hasRecord(nullptr));
+    wall->setAspectValue({4, 3});
+    EXPECT_FALSE(wall->hasRecord(record));
+    EXPECT_TRUE(wall->hasRecord(wall->record()));
+}
+
 TEST(Layer, EveryPropertyKeepsItsOwnValueByName)
 {
     TestHost host;

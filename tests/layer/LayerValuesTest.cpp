@@ -26,6 +26,10 @@ QVariant given(const LayerValue &value)
         return QVariant::fromValue(Address::fromLocalFile("/show/a.png"));
     if (value.type == QMetaType::fromType<QSizeF>())
         return QSizeF(16, 9);
+    if (value.type == QMetaType::fromType<CableRuns>())
+        return QVariant::fromValue(CableRuns({{{"A", 2}, 1, {{0, 1}}}}));
+    if (!value.choices.isEmpty())
+        return value.choices.last();
     return value.type == QMetaType::fromType<bool>()
                ? QVariant(true)
                : QVariant(value.type.id() == QMetaType::QString ? QVariant("7") : QVariant(7));
@@ -55,7 +59,7 @@ TEST(LayerValues, HasARowForEachDeclaredValueOfBothKinds)
     TestHost host;
     expectRowsOf(LWScreen(host));
     expectRowsOf(LWStill(host));
-    EXPECT_EQ(std::ssize(LayerValues::all()), 67);
+    EXPECT_EQ(std::ssize(LayerValues::all()), 78);
 }
 
 TEST(LayerValues, GivesTheSameAsTheProperty)

@@ -1,3 +1,4 @@
+#include "tests/base/Threads.h"
 #include "tests/screen/ChartFixtures.h"
 #include "tests/screen/PlainChart.h"
 #include "tests/screen/RandomChart.h"
@@ -227,6 +228,26 @@ TEST(ChartAgainstPlain, LargeWallsGiveTheSamePixels)
     chart.panelHeight = 128;
     chart.pixelLimit = 655360;
     EXPECT_TRUE(isDrawnAsPlain(chart));
+}
+
+TEST(ChartAgainstPlain, APartOfALargeWallIsTheSameHoweverManyThreadsPaintIt)
+{
+    ScreenChart chart = decoratedWall();
+    chart.col = 14;
+    chart.row = 11;
+    chart.panelWidth = 128;
+    chart.panelHeight = 128;
+    const QImage whole = chart.draw({});
+    for (const int threads : {1, 2}) {
+        const Threads pool(threads);
+        for (const QRect &part : {QRect(3, 5, 1780, 1400), QRect(0, 127, 1792, 770), QRect(640, 0, 1, 1408)}) {
+            QImage raster(whole.size(), whole.format());
+            raster.fill(0x12345678);
+            chart.drawPart(raster, part);
+            EXPECT_EQ(raster.copy(part), whole.copy(part)) << threads << " threads, part of " << part.height();
+            EXPECT_EQ(raster.pixel(1791, 1407), 0x12345678U) << "beside the part";
+        }
+    }
 }
 
 TEST(ChartAgainstPlain, RandomChartsGiveTheSamePixels)

@@ -93,6 +93,25 @@ TEST(ChartChange, ATextIsItsOldAndItsNewBox)
     EXPECT_TRUE(changeOf(blankWall(), [](ScreenChart &chart) { chart.label = "nobody sees it"; }).isEmpty());
 }
 
+TEST(ChartChange, ACableIsWhereItWasAndWhereItIs)
+{
+    ScreenChart wall = blankWall();
+    wall.drawFlowPath = true;
+    wall.split = CableSplit::Hand;
+    const WallCable stays{.port = {"A", 1}, .cells = {{0, 2}, {1, 2}}};
+    const WallCable moves{.port = {"A", 2}, .cells = {{0, 0}, {1, 0}}};
+    const WallCable moved{.port = {"A", 2}, .cells = {{2, 0}, {3, 0}}};
+    wall.cables = std::make_shared<const WallCables>(WallCables{stays, moves});
+    const auto change = changeOf(wall, [&](ScreenChart &chart) {
+        chart.cables = std::make_shared<const WallCables>(WallCables{stays, moved});
+    });
+    EXPECT_EQ(change, QRegion(0, 0, 400, 122)); // an arrowhead reaches out of its panel
+    EXPECT_TRUE(changeOf(wall, [&](ScreenChart &chart) {
+                    chart.cables = std::make_shared<const WallCables>(*chart.cables);
+                }).isEmpty());
+    EXPECT_TRUE(changeOf(wall, [](ScreenChart &chart) { chart.firstPort = 7; }).isEmpty());
+}
+
 TEST(ChartChange, WhatIsNowhereInThePictureIsNothing)
 {
     EXPECT_TRUE(changeOf(decoratedWall(), [](ScreenChart &chart) { chart.visible = !chart.visible; }).isEmpty());
@@ -115,10 +134,16 @@ TEST_P(ChartChangeRuns, AMendedRasterIsTheWholeDraw)
     for (quint32 seed = GetParam() * charts; seed < (GetParam() + 1) * charts; ++seed) {
         RandomChart random(seed);
         ScreenChart chart = random.chart();
+        const bool isWired = seed % 2 == 0;
+        if (isWired)
+            random.wire(chart);
         MendedChart followed(chart);
         for (int i = 0; i < edits; ++i) {
             const ScreenChart before = chart;
-            random.edit(chart);
+            if (isWired && i % 3 == 0)
+                random.lay(chart);
+            else
+                random.edit(chart);
             followed.follow(chart);
             ASSERT_TRUE(isSamePicture(followed.raster(), chart.draw({})))
                 << "seed " << seed << ", edit " << i << ": " << described(before) << "\n to " << described(chart);

@@ -32,6 +32,39 @@ public:
         return chart;
     }
 
+    /// Gives the chart cables of its surroundings, or of its own, or takes them away.
+    void wire(ScreenChart &chart)
+    {
+        chart.split = oneOf({CableSplit::Lines, CableSplit::Panels, CableSplit::Hand, CableSplit::Hand});
+        chart.portColours = oneIn(2);
+        chart.portNames = oneIn(4);
+        chart.panelPlaces = oneIn(4);
+        chart.drawFlowPath = !oneIn(6);
+        lay(chart);
+    }
+
+    /// Lays the cables anew.
+    void lay(ScreenChart &chart)
+    {
+        WallCables cables;
+        for (int port = between(0, 3); port > 0; --port) {
+            WallCable cable{.port = {"A", port}, .firstPlace = between(1, 3), .begins = oneIn(2), .ends = oneIn(2)};
+            if (oneIn(3))
+                cable.backup = PortName{"A", port + 10};
+            Cell cell{between(0, std::abs(chart.col)), between(0, std::abs(chart.row))};
+            for (int panels = between(0, 12); panels > 0; --panels) {
+                cable.cells.push_back(cell);
+                (oneIn(2) ? cell.column : cell.row) += oneOf({-1, 1, 1, 2});
+            }
+            cables.push_back(cable);
+        }
+        WallRuns runs;
+        for (const WallCable &cable : cables)
+            runs.push_back({cable.port, cable.begins ? 1 : 2, cable.cells});
+        chart.cables = oneIn(4) ? nullptr : std::make_shared<const WallCables>(cables);
+        chart.runs = CableRuns(runs);
+    }
+
     /// The chart with something else, mostly what a person edits often.
     void edit(ScreenChart &chart)
     {
