@@ -2,6 +2,7 @@
 
 #include "cli/OrderedJson.h"
 #include "cli/VisibleText.h"
+#include "layer/CableRun.h"
 #include "show/Project.h"
 
 #include <algorithm>
@@ -18,9 +19,11 @@ const char *nameOf(Level level)
     case Level::Warning:
         return "warning";
     case Level::Note:
+        return "note";
+    case Level::Meant:
         break;
     }
-    return "note";
+    return "meant";
 }
 
 qint64 count(const std::vector<Finding> &findings, Level level)
@@ -57,24 +60,25 @@ QString placeOf(const Finding &finding, const Project &project)
     if (finding.cell)
         place += ", panel " + textOf(*finding.cell);
     if (finding.port)
-        place += QString(", port %1").arg(*finding.port);
+        place += QString(", port %1").arg(PortName{finding.processor, *finding.port}.text());
     return place + ": ";
 }
 
 QByteArray objectOf(const Finding &finding, const Project &project)
 {
     using OrderedJson::text;
-    return OrderedJson::object(
-        {
-            {"check", text(QString(finding.check))},
-            {"level", text(QString(nameOf(finding.level)))},
-            {"layer", finding.layer ? text(qint64{*finding.layer}) : QByteArray("null")},
-            {"label", text(labelOf(finding, project))},
-            {"cell", finding.cell ? text(textOf(*finding.cell)) : QByteArray("null")},
-            {"port", finding.port ? text(*finding.port) : QByteArray("null")},
-            {"sentence", text(finding.sentence)},
-        },
-        4);
+    std::vector<OrderedJson::Member> members{
+        {"check", text(QString(finding.check))},
+        {"level", text(QString(nameOf(finding.level)))},
+        {"layer", finding.layer ? text(qint64{*finding.layer}) : QByteArray("null")},
+        {"label", text(labelOf(finding, project))},
+        {"cell", finding.cell ? text(textOf(*finding.cell)) : QByteArray("null")},
+        {"port", finding.port ? text(*finding.port) : QByteArray("null")},
+    };
+    if (!finding.processor.isEmpty())
+        members.emplace_back("processor", text(finding.processor));
+    members.emplace_back("sentence", text(finding.sentence));
+    return OrderedJson::object(members, 4);
 }
 } // namespace
 
@@ -88,8 +92,9 @@ QString lines(const QString &input, const Project &project, const std::vector<Fi
                                            .arg(input, placeOf(finding, project), nameOf(finding.level),
                                                 finding.sentence, finding.check)) +
                 u'\n';
+    const qint64 meant = count(findings, Level::Meant);
     return text + counted(findings, Level::Error) + ", " + counted(findings, Level::Warning) + ", " +
-           counted(findings, Level::Note) + u'\n';
+           counted(findings, Level::Note) + (meant > 0 ? QString(", %1 meant\n").arg(meant) : QString("\n"));
 }
 
 QString json(const Project &project, const std::vector<Finding> &findings)

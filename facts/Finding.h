@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grid/Cell.h"
+#include "layer/PixelBox.h"
 
 #include <QString>
 
@@ -13,13 +14,16 @@ struct Finding
     {
         Error,   ///< the show cannot be put on the wall, or not be written, as it is
         Warning, ///< it can, but hardly as it is meant
-        Note     ///< good to know
+        Note,    ///< good to know
+        Meant    ///< somebody means it so, see LayerRecord::meant: it counts as nothing
     };
 
     const char *check; ///< the check's name, "port-over-limit", which never changes
     Level level;
     std::optional<qsizetype> layer = {}; ///< from the top of the list, 0 the first; nullopt: the show as a whole
     std::optional<Cell> cell = {};       ///< the panel of that layer
-    std::optional<qint64> port = {};     ///< the port of that layer, 1 the first
+    std::optional<qint64> port = {};     ///< 1 the first, of `processor` or, where that is empty, of the layer
+    QString processor = {};              ///< the name of the processor that it is about; empty: none
+    std::optional<PixelBox> box = {};    ///< where it is on the output; nullopt: nowhere, or where the layer is
     QString sentence;                    ///< what is wrong and what to do
 };

@@ -56,7 +56,10 @@ std::optional<Finding> outsideOutput(const Layer &layer, const QSize &output)
 
 std::optional<Finding> portOverLimit(const Layer &layer, const QSize & /*output*/)
 {
-    const WallPorts ports = isWall(layer) ? WallPorts::of(layer) : WallPorts();
+    const LayerRecordPointer record = layer.record();
+    const bool isChecked =
+        isWall(layer) && record->processor.value_or(QString()).isEmpty(); // that of a processor is told with its ports
+    const WallPorts ports = isChecked ? WallPorts::of(layer) : WallPorts();
     if (!ports.isOverLimit)
         return std::nullopt;
     return Finding{.check = "port-over-limit",

@@ -56,5 +56,6 @@ ProjectFacts ProjectFacts::of(const Project &project, qint64 volts, qint64 phase
         facts.layers.push_back(factsOfLayer(*layer, facts.volts, facts.phases));
     facts.load = Load::of(project.layers);
     facts.amperes = facts.load.amperes(facts.volts, facts.phases);
+    facts.ports = ShowPorts::of(project);
     return facts;
 }

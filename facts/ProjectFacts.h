@@ -1,6 +1,7 @@
 #pragma once
 
 #include "facts/Load.h"
+#include "facts/ShowPorts.h"
 #include "facts/WallPorts.h"
 #include "facts/WallSize.h"
 #include "show/Project.h"
@@ -54,6 +55,7 @@ struct ProjectFacts
     std::vector<LayerFacts> layers; ///< topmost first
     Load load;                      ///< of all layers
     float amperes = 0;
+    ShowPorts ports;
 
     /// `volts` and `phases` of 0 become those that the project holds, else 110 and 1.
     static ProjectFacts of(const Project &project, qint64 volts, qint64 phases);

@@ -2,10 +2,14 @@
 
 #include "facts/LayerChecks.h"
 #include "facts/Load.h"
+#include "facts/PlaceChecks.h"
 #include "facts/PsdLimits.h"
 #include "facts/UnknownValues.h"
+#include "facts/WiringChecks.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace {
 using Level = Finding::Level;
@@ -41,11 +45,27 @@ std::optional<Finding> unknownValues(const Project &project)
 }
 
 constexpr std::array checks{&powerUncounted, &outputTooLargeForPsd, &unknownValues};
+
+void markMeant(std::vector<Finding> &findings, const std::vector<LayerPointer> &layers)
+{
+    for (Finding &finding : findings) {
+        if (!finding.layer)
+            continue;
+        const auto &meant = layers[static_cast<std::size_t>(*finding.layer)]->record()->meant;
+        if (meant && meant->contains(QLatin1StringView(finding.check)))
+            finding.level = Level::Meant;
+    }
+}
 } // namespace
 
 namespace ShowChecks {
 
 std::vector<Finding> of(const Project &project)
+{
+    return of(project, ShowPorts::of(project));
+}
+
+std::vector<Finding> of(const Project &project, const ShowPorts &ports)
 {
     std::vector<Finding> findings;
     const QSize output(project.outputWidth, project.outputHeight);
@@ -55,10 +75,13 @@ std::vector<Finding> of(const Project &project)
             findings.push_back(std::move(finding));
         }
     }
+    std::ranges::move(PlaceChecks::of(project.layers, output), std::back_inserter(findings));
+    std::ranges::move(WiringChecks::of(ports), std::back_inserter(findings));
     for (const auto &check : checks) {
         if (std::optional<Finding> finding = check(project))
             findings.push_back(std::move(*finding));
     }
+    markMeant(findings, project.layers);
     return findings;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "facts/Finding.h"
+#include "facts/ShowPorts.h"
 #include "show/Project.h"
 
 #include <vector>
@@ -8,8 +9,11 @@
 /// What may be wrong in a show.
 namespace ShowChecks {
 
-/// Layer by layer from the top, then of the show as a whole. No wall is drawn; pictures that are still in their files
+/// Layer by layer from the top, then walls beside each other, then ports and cables, then of the show as a whole. What
+/// somebody means so is there with the level of what is meant. No wall is drawn; pictures that are still in their files
 /// are taken for good if they begin like one.
 std::vector<Finding> of(const Project &project);
+/// With its ports, where they are known already.
+std::vector<Finding> of(const Project &project, const ShowPorts &ports);
 
 } // namespace ShowChecks

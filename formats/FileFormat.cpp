@@ -3,8 +3,10 @@
 #include "base/FileBytes.h"
 #include "facts/UnknownValues.h"
 #include "formats/PSDExport.h"
+#include "formats/PortsTable.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
+#include "show/ShowProcessors.h"
 
 #include <QFileInfo>
 #include <QImageReader>
@@ -26,6 +28,11 @@ Result<void> writeText(const QString &path, const Project &project, const Pictur
 Result<void> writePsd(const QString &path, const Project &project, const PictureSettings & /*settings*/)
 {
     return PictureOutput::writePsd(path, project);
+}
+
+Result<void> writePorts(const QString &path, const Project &project, const PictureSettings & /*settings*/)
+{
+    return PortsTable::write(path, project);
 }
 
 using Kind = FileFormat::Kind;
@@ -71,6 +78,13 @@ constexpr std::array formats{
         .isPicture = true,
         .isLayered = true,
         .write = &writePsd,
+    },
+    FileFormat{
+        .kind = Kind::Ports,
+        .extension = PortsTable::extension,
+        .content = "table of the panels on the show's ports, in the order of their cables",
+        .gives = Gives::Nothing,
+        .write = &writePorts,
     },
     FileFormat{
         .kind = Kind::Presets,
@@ -161,7 +175,13 @@ Result<FileFormat> FileFormat::toWrite(const QString &path)
 
 Result<Project> FileFormat::readProject(const QString &path, LayerHost &host)
 {
-    return toRead(path).and_then([&](const FileFormat &format) { return format.read(path, host); });
+    return toRead(path)
+        .and_then([&](const FileFormat &format) { return format.read(path, host); })
+        .map([](const Project &project) {
+            ShowProcessors::followLimits(project.layers, project.processors,
+                                         {project.outputWidth, project.outputHeight});
+            return project;
+        });
 }
 
 const FileFormat &FileFormat::toOpen(const QString &path)

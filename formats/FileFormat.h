@@ -19,6 +19,7 @@ struct FileFormat
         Text,
         Png,
         Psd,
+        Ports,
         Presets,
         Picture
     };
@@ -65,7 +66,8 @@ struct FileFormat
     [[nodiscard]] static Result<FileFormat> toRead(const QString &path);
     /// The format of a file that a project is to be written to. Error: there is none.
     [[nodiscard]] static Result<FileFormat> toWrite(const QString &path);
-    /// The project in a file. Error: that of toRead(), or it cannot be read; the message begins with the path.
+    /// The project in a file; pixels per port that walls leave to their processor are what that carries. Error: that of
+    /// toRead(), or it cannot be read; the message begins with the path.
     [[nodiscard]] static Result<Project> readProject(const QString &path, LayerHost &host);
     /// The format in which a person's file is opened, whatever its name: a project's own where the name tells no other.
     static const FileFormat &toOpen(const QString &path);

@@ -40,10 +40,10 @@ std::set<QString> namesInMimeFile()
 
 TEST(FileFormat, EachRowStandsAtItsPlace)
 {
-    ASSERT_EQ(FileFormat::all().size(), 6);
+    ASSERT_EQ(FileFormat::all().size(), 7);
     for (const FileFormat &format : FileFormat::all())
         EXPECT_EQ(FileFormat::of(format.kind).kind, format.kind) << format.content;
-    EXPECT_EQ(FileFormat::all()[5].kind, Kind::Picture);
+    EXPECT_EQ(FileFormat::all()[6].kind, Kind::Picture);
 }
 
 TEST(FileFormat, ANameTellsTheFormatInUpperAndLowerCase)
@@ -72,7 +72,7 @@ TEST(FileFormat, ProjectsAreReadFromWhatGivesThem)
     EXPECT_EQ(FileFormat::toRead("a.psd").error().text,
               "a.psd: a .psd file holds no project and can only be written; read a .Orv or .json file");
     EXPECT_EQ(FileFormat::toRead("a.xml").error().text, "a.xml: the name must end in .Orv or .json");
-    EXPECT_EQ(FileFormat::toWrite("a.xml").error().text, "a.xml: the name must end in .Orv, .json, .png or .psd");
+    EXPECT_EQ(FileFormat::toWrite("a.xml").error().text, "a.xml: the name must end in .Orv, .json, .png, .psd or .csv");
 }
 
 TEST(FileFormat, PanelsListWhatGivesTheThing)

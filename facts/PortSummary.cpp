@@ -1,0 +1,96 @@
+#include "facts/PortSummary.h"
+
+#include "base/NumberText.h"
+#include "facts/WiringChecks.h"
+
+#include <algorithm>
+
+namespace {
+using NumberText::counted;
+
+QStringList namesOf(const ShowPorts &ports, const std::vector<std::size_t> &walls)
+{
+    QStringList names;
+    for (const std::size_t wall : walls)
+        names.append(ports.wallName(wall));
+    return names;
+}
+
+QString waitingWalls(const ShowPorts &ports)
+{
+    for (std::size_t i = 0; i < ports.wiring.walls.size(); ++i) {
+        if (ports.wiring.walls[i].state == ShowWiring::State::NoProcessor)
+            return QString("%1 waits: the show has no processor \"%2\"")
+                .arg(ports.wallName(i), ports.show.walls[i].processor);
+    }
+    return {};
+}
+
+qint64 countOf(const std::vector<PortRow> &rows, PortRow::Level level)
+{
+    return std::count_if(rows.begin(), rows.end(), [level](const PortRow &row) { return row.level() == level; });
+}
+
+QString fullPorts(const std::vector<PortRow> &rows, PortRow::Level level)
+{
+    const qint64 over = countOf(rows, PortRow::Level::Over);
+    if (level == PortRow::Level::Over)
+        return counted(over, "port") + (over == 1 ? " over its limit" : " over their limit");
+    return counted(countOf(rows, PortRow::Level::NearlyFull), "port") + " nearly full";
+}
+
+/// The first error that is told of a show's ports and cables, with its wall.
+QString firstError(const ShowPorts &ports)
+{
+    const std::vector<Finding> findings = WiringChecks::of(ports);
+    const auto error = std::ranges::find(findings, Finding::Level::Error, &Finding::level);
+    if (error == findings.end())
+        return {};
+    const QString sentence = error->sentence.chopped(1);
+    if (!error->layer)
+        return sentence;
+    const auto row = std::ranges::lower_bound(ports.rows, *error->layer);
+    const QString name = ports.wallName(static_cast<std::size_t>(row - ports.rows.begin()));
+    return sentence.startsWith(name) ? sentence : name + ": " + sentence;
+}
+
+qint64 portsOf(const std::vector<PortRow> &rows, const ShowPorts &ports)
+{
+    return ports.show.processors.empty() ? 0 : std::ssize(rows);
+}
+} // namespace
+
+QString PortSummary::shortage(const ShowPorts &ports, const ShowWiring::Shortage &shortage)
+{
+    const QStringList walls = namesOf(ports, shortage.walls);
+    const QString who = walls.size() <= 2 ? walls.join(" and ") : counted(walls.size(), "wall");
+    const QString model = ports.show.processors[shortage.processor].model;
+    const QString over = counted(shortage.ports, "port") + " over";
+    if (shortage.processors == 0)
+        return QString("%1: %2, and no number of %3 takes them").arg(who, over, model);
+    return QString("%1 %2 %3 more %4 (%5)")
+        .arg(who, walls.size() == 1 ? "needs" : "need", NumberText::grouped(shortage.processors), model, over);
+}
+
+PortSummary PortSummary::of(const std::vector<PortRow> &rows, const ShowPorts &ports)
+{
+    PortSummary summary;
+    if (const qint64 count = portsOf(rows, ports); count > 0)
+        summary.count = counted(count, "port");
+    const auto &shortages = ports.wiring.shortages;
+    const auto helped = std::find_if(shortages.begin(), shortages.end(),
+                                     [](const ShowWiring::Shortage &shortage) { return shortage.processors > 0; });
+    if (helped != shortages.end())
+        summary.needed = *helped;
+    if (summary.worst = waitingWalls(ports); summary.worst.isEmpty() && !shortages.empty())
+        summary.worst = shortage(ports, helped != shortages.end() ? *helped : shortages.front());
+    for (const PortRow &row : rows)
+        summary.level = std::max(summary.level, row.level());
+    if (summary.worst.isEmpty() && summary.level != PortRow::Level::Over)
+        summary.worst = firstError(ports);
+    if (!summary.worst.isEmpty())
+        summary.level = PortRow::Level::Over;
+    else if (summary.level != PortRow::Level::Fits)
+        summary.worst = fullPorts(rows, summary.level);
+    return summary;
+}
