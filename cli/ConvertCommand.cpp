@@ -2,6 +2,7 @@
 
 #include "cli/CommandLineHost.h"
 #include "cli/Options.h"
+#include "facts/ShowCables.h"
 #include "facts/UnknownValues.h"
 #include "formats/FileFormat.h"
 #include "formats/PSDExport.h"
@@ -130,6 +131,7 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
         PowerCalculator::renderCurrents(project->layers);
     }
 
+    ShowCables::show(project->layers, ShowPorts::of(*project));
     for (const QString &output : outputs) {
         const Result<void> done = FileFormat::toWrite(output).and_then(
             [&](const FileFormat &format) { return format.write(output, *project, picture); });

@@ -10,17 +10,12 @@
 namespace {
 constexpr int nameWidth = 11;
 
+using NumberText::counted;
 using NumberText::grouped;
 
 QString size(qint64 width, qint64 height)
 {
     return grouped(width) + " x " + grouped(height);
-}
-
-/// "1 row", "2 rows"
-QString counted(qint64 number, const QString &what)
-{
-    return grouped(number) + u' ' + what + (number == 1 ? "" : "s");
 }
 
 QString line(const QString &name, const QString &text)
@@ -94,6 +89,47 @@ QString wallText(const WallFacts &wall)
     return text + line("Current", DecimalText::of(wall.amperes) + " A");
 }
 
+/// "A1", "A1/A11": with where the other end of the cable goes.
+QString nameOf(const ShowPorts &ports, const ShowWiring::Port &port)
+{
+    return ports.nameOf(port) + (port.backup ? '/' + port.backup->text() : QString());
+}
+
+QString wallsOn(const ShowPorts &ports, const ShowWiring::Port &port)
+{
+    QStringList walls;
+    for (const std::size_t wall : port.walls()) {
+        const QString &name = ports.show.walls[wall].name;
+        walls.append(name.isEmpty() ? QString("without a name") : VisibleText::quoted(name));
+    }
+    return walls.join(", ");
+}
+
+QString portLine(const ShowPorts &ports, const ShowWiring::Port &port)
+{
+    const QString limit = port.limit ? QString(" of %1").arg(grouped(*port.limit)) : QString(", no figure");
+    return line(nameOf(ports, port), QString("%1, %2%3, %4")
+                                         .arg(counted(port.load.panels, "panel"), counted(port.loaded, "pixel"), limit,
+                                              wallsOn(ports, port)));
+}
+
+/// The ports of all processors, which stand in their order; nothing of a show without one.
+QString portsText(const ShowPorts &ports)
+{
+    QString text;
+    auto port = ports.wiring.ports.begin();
+    for (std::size_t i = 0; i < ports.show.processors.size(); ++i) {
+        const ProcessorSettings &settings = ports.show.processors[i];
+        text += QString("Processor %1: %2, %3 bit, %4 Hz\n")
+                    .arg(VisibleText::quoted(settings.name), VisibleText::quoted(settings.model),
+                         QString::number(settings.bits), QString::number(settings.rate));
+        for (; port != ports.wiring.ports.end() && port->processor == i; ++port)
+            text += portLine(ports, *port);
+        text += u'\n';
+    }
+    return text;
+}
+
 QString layerText(const LayerFacts &layer, std::size_t index)
 {
     QString text = heading(layer, index);
@@ -114,6 +150,7 @@ QString of(const ProjectFacts &facts)
     text += QString("Layers: %1\n\n").arg(grouped(qint64(facts.layers.size())));
     for (std::size_t i = 0; i < facts.layers.size(); ++i)
         text += layerText(facts.layers[i], i) + u'\n';
+    text += portsText(facts.ports);
     return text + QString("%1 (%2 W at %3 V, %4)\n")
                       .arg(PowerCalculator::resultText(facts.amperes), grouped(facts.load.watts), grouped(facts.volts),
                            counted(facts.phases, "phase"));

@@ -22,11 +22,16 @@ QByteArray text(qint64 value)
     return QByteArray::number(value);
 }
 
-QByteArray text(float value)
+QByteArray text(double value)
 {
     std::array<char, 32> digits{};
-    const auto result = std::to_chars(digits.begin(), digits.end(), static_cast<double>(value));
+    const auto result = std::to_chars(digits.begin(), digits.end(), value);
     return QByteArray(digits.data(), result.ptr - digits.data());
+}
+
+QByteArray text(float value)
+{
+    return text(static_cast<double>(value));
 }
 
 QByteArray joined(const std::vector<Member> &members, const QByteArray &separator)

@@ -19,6 +19,8 @@ QByteArray text(bool value);
 QByteArray text(qint64 value);
 /// The fewest digits that give the same number again in double precision, in which programs read it.
 QByteArray text(float value);
+/// The fewest digits that give the same number again.
+QByteArray text(double value);
 
 /// `"col": 4, "row": 3`
 QByteArray joined(const std::vector<Member> &members, const QByteArray &separator);

@@ -149,6 +149,6 @@ TEST_F(CheckCommandTest, HelpNamesTheVerb)
 
 TEST_F(CheckCommandTest, TheExamplesAreInOrder)
 {
-    for (const char *name : {"festival.json", "corporate.json", "studio.json"})
+    for (const char *name : {"festival.json", "corporate.json", "studio.json", "touring.json"})
         EXPECT_EQ(runCommand({"check", QString(EXAMPLES) + name}).status, 0) << name;
 }

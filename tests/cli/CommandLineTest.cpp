@@ -169,7 +169,7 @@ TEST_F(CommandLineTest, UnknownFormatsAreAMisuse)
     const QString more = R"(; "wallwright convert --help" tells more)";
     expectMisuse({"convert", "a.txt", "b.png"}, "wallwright convert: a.txt: the name must end in .Orv or .json" + more);
     expectMisuse({"convert", "a.Orv", "b.png", "c"},
-                 "wallwright convert: c: the name must end in .Orv, .json, .png or .psd" + more);
+                 "wallwright convert: c: the name must end in .Orv, .json, .png, .psd or .csv" + more);
     expectMisuse({"info", ""}, R"(wallwright info: : the name must end in .Orv or .json; )"
                                R"("wallwright info --help" tells more)");
 }

@@ -1,5 +1,6 @@
 #include "cli/CommandLineHost.h"
 #include "formats/ProjectText.h"
+#include "layer/PortColours.h"
 #include "tests/cli/CommandRun.h"
 
 #include <QCryptographicHash>
@@ -21,9 +22,9 @@ protected:
 };
 } // namespace
 
-TEST_F(ExamplesTest, ThereAreThreeShows)
+TEST_F(ExamplesTest, ThereAreFourShows)
 {
-    EXPECT_EQ(examples(), QStringList({"corporate.json", "festival.json", "studio.json"}));
+    EXPECT_EQ(examples(), QStringList({"corporate.json", "festival.json", "studio.json", "touring.json"}));
 }
 
 TEST_F(ExamplesTest, AreWrittenAsTheProgramWritesThem)
@@ -38,14 +39,14 @@ TEST_F(ExamplesTest, AreWrittenAsTheProgramWritesThem)
     }
 }
 
-TEST_F(ExamplesTest, UseNoAdditionAndAreTheProjectsOfTheFirstVersion)
+TEST_F(ExamplesTest, ThreeUseNoAdditionAndAreTheProjectsOfTheFirstVersion)
 {
     const QHash<QString, QByteArray> digests{
         {"corporate.json", "683b6c8657c9cd8eaa0c047c2a4ad5a55a5a2a564d07b30ba24b0758b918827e"},
         {"festival.json", "3016ff1ab0485c2ca614a1885eb9a49c999d49e74875eaf5e562ae5149ad1b22"},
         {"studio.json", "b8cf5b0f768f455a6cbf2069f1678e17d61bc8e8be919e23f37fd2a44c49b230"},
     };
-    for (const QString &example : examples()) {
+    for (const QString &example : digests.keys()) {
         ASSERT_EQ(runCommand({"convert", EXAMPLES + example, path("show.Orv")}).status, 0);
         EXPECT_EQ(QCryptographicHash::hash(bytes("show.Orv"), QCryptographicHash::Sha256).toHex(), digests[example])
             << qPrintable(example);
@@ -108,6 +109,19 @@ TEST_F(ExamplesTest, TheStudioIsInUltraHighDefinition)
 {
     ASSERT_EQ(runCommand({"convert", EXAMPLES "studio.json", path("out.png")}).status, 0);
     EXPECT_EQ(picture("out.png").size(), QSize(3840, 2160));
-    ASSERT_EQ(runCommand({"convert", EXAMPLES "studio.json", path("desk.png"), "--layer", "3"}).status, 0);
+    ASSERT_EQ(runCommand({"convert", QString(EXAMPLES "studio.json"), path("desk.png"), "--layer", "3"}).status, 0);
     EXPECT_EQ(picture("desk.png").size(), QSize(8 * 192, 2 * 192));
+}
+
+TEST_F(ExamplesTest, TheTouringShowHasTwoProcessorsCablesByHandAndALoop)
+{
+    const Outcome info = runCommand({"info", EXAMPLES "touring.json"});
+    EXPECT_TRUE(info.out.contains("A1/A11     32 panels, 524,288 pixels of 659,722, \"MAIN\"")) << qPrintable(info.out);
+    EXPECT_TRUE(info.out.contains("B5         8 panels, 131,072 pixels of 617,500, \"DJ BOOTH\""));
+    ASSERT_EQ(runCommand({"convert", EXAMPLES "touring.json", path("out.png")}).status, 0);
+    const QImage output = picture("out.png");
+    EXPECT_EQ(output.pixelColor(896 + 64, 256 + 64), QColor(0, 255, 0));           // the first cable begins
+    EXPECT_EQ(output.pixelColor(896 + 64, 256 + 7 * 128 + 64), QColor(255, 0, 0)); // and ends
+    EXPECT_EQ(output.pixelColor(896 + 100, 256 + 64), PortColours::of(1).toQColor());
+    EXPECT_EQ(output.pixelColor(896 + 7 * 128 + 64, 256 + 7 * 128 + 64), QColor(Qt::black)); // the door
 }

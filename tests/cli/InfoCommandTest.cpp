@@ -255,3 +255,38 @@ TEST_F(InfoCommandTest, ALimitBelowOneRowIsTold)
             .contains("  Ports      1, limit 199 pixels, too few for one row or column: all panels on one port\n"
                       "             port 1: 3 rows, 6 panels, 600 pixels\n"));
 }
+
+namespace {
+const QByteArray feeds = R"({"format": 2, "OutputWidth": 3840, "OutputHeight": 2160,
+    "processors": [{"name": "A", "model": "MX40 Pro", "card": "other"}],
+    "layers": [{"class": "LWScreen", "label": "MAIN", "col": 20, "row": 10, "panelWidth": 128, "panelHeight": 128, "processor": "A", "split": "panels"}]})";
+} // namespace
+
+TEST_F(InfoCommandTest, TellsThePortsOfProcessorsForPeople)
+{
+    const QString text = runCommand({"info", file("feeds.json", feeds)}).out;
+    EXPECT_TRUE(text.contains("Processor \"A\": \"MX40 Pro\", 8 bit, 60 Hz\n"
+                              "  A1         40 panels, 655,360 pixels of 659,722, \"MAIN\"\n"))
+        << qPrintable(text);
+    EXPECT_TRUE(text.contains("  A5         40 panels, 655,360 pixels of 659,722, \"MAIN\"\n\nTotal Power"));
+}
+
+TEST_F(InfoCommandTest, TellsThePortsOfProcessorsForPrograms)
+{
+    const QJsonObject document = parsed(runCommand({"info", file("feeds.json", feeds), "--json"}).out);
+    EXPECT_EQ(document["processors"].toArray().size(), 1);
+    EXPECT_EQ(document["processors"][0]["model"], "MX40 Pro");
+    const QJsonArray all = document["ports"].toArray();
+    ASSERT_EQ(all.size(), 5);
+    EXPECT_EQ(all[4].toObject(), (QJsonObject{{"processor", "A"},
+                                              {"port", 5},
+                                              {"backup", QJsonValue::Null},
+                                              {"walls", QJsonArray{"MAIN"}},
+                                              {"panels", 40},
+                                              {"pixels", 655360},
+                                              {"loaded", 655360},
+                                              {"limit", 659722},
+                                              {"percent", 99.3}}));
+    EXPECT_FALSE(festival().contains("processors"));
+    EXPECT_FALSE(festival().contains("ports"));
+}
