@@ -134,6 +134,7 @@ void LWAppDelegate::renderForInspector(Layer &layer)
 
 void LWAppDelegate::composeOutput()
 {
+    m_wiring.followCables();
     const OutputStyle style{QSize(m_OutputWidth, m_OutputHeight), m_bgColor, m_edgeColor};
     const std::vector<PlacedPicture> pictures = placedPictures(allScreensArray());
     if (m_composition.isLast(pictures, style))
@@ -231,6 +232,7 @@ void LWAppDelegate::noteSelection()
 
 void LWAppDelegate::finishEdit(const QString &name, const Gesture &gesture)
 {
+    m_wiring.followLimits();
     m_history.record(name, gesture);
     update();
 }
@@ -248,7 +250,7 @@ DocumentState LWAppDelegate::state(const DocumentState &before) const
             m_unknown,
             QSize(m_OutputWidth, m_OutputHeight),
             m_supply,
-            {},
+            m_wiring.processors(),
             m_voltageCalc,
             m_phaseCalc,
             LayerStates::of(allScreensArray(), before.layers),
@@ -280,6 +282,7 @@ void LWAppDelegate::takeState(const DocumentState &state)
     setFile(state.file);
     m_unknown = state.unknown;
     m_supply = state.supply;
+    m_wiring.take(state.processors);
     m_voltageCalc = state.volts;
     m_phaseCalc = state.phases;
     m_OutputWidth = state.output.width();

@@ -3,6 +3,7 @@
 #include "app/KeptPresets.h"
 #include "app/KnownFiles.h"
 #include "app/Person.h"
+#include "app/Wiring.h"
 #include "base/Colour.h"
 #include "layer/LayerHost.h"
 #include "output/Composition.h"
@@ -76,6 +77,9 @@ public:
     int screenNumber() const { return m_screenNumber; }
     /// Grows with each change that changed() tells.
     quint64 revision() const { return m_news.revision(); }
+    /// Its processors, and what hangs on them.
+    Wiring &wiring() { return m_wiring; }
+    const Wiring &wiring() const { return m_wiring; }
     /// Undo and redo.
     QUndoStack &undoStack() { return m_history.stack(); }
     /// What a project file of the document holds; the layers are the document's own.
@@ -356,6 +360,7 @@ private:
     DocumentHistory m_history{*this};
     ShowNews m_news;
     Redraw m_redraw{[this] { compose(); }, [this] { showRedrawn(); }};
+    Wiring m_wiring{*this};
     std::optional<RecoveryCopy> m_recovery;
     std::optional<KeptPresets> m_keptPresets; ///< nullopt: they go with the document
     std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();

@@ -1,5 +1,6 @@
 #include "app/LWAppDelegate.h"
 #include "base/NearestInt.h"
+#include "layer/LayerLimits.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "show/LayerArchive.h"
@@ -51,6 +52,12 @@ void LWAppDelegate::pasteFromPasteboard()
     const Result<std::vector<LayerPointer>> layers = LayerPasteboard::read(*this);
     if (!layers)
         return m_person.tellFailure("Cannot paste: " + layers.error().text);
+    // Copies of all that there is, again and again, are the one way of a hand to more than a file can hold.
+    std::vector<LayerPointer> all = allScreensArray();
+    all.insert(all.end(), layers->begin(), layers->end());
+    if (const Result<void> canBeKept = LayerLimits::check(all); !canBeKept)
+        return m_person.tellFailure("Cannot paste: " + canBeKept.error().text);
+    m_wiring.welcome(*layers);
     insertAboveSelection(*layers);
     finishEdit("paste layer");
 }

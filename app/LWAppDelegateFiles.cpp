@@ -22,8 +22,7 @@ bool isSavedIn(const QString &path)
 
 bool isChangedElsewhere(const DocumentFile &file)
 {
-    const QByteArray there = FileBytes::digest(file.path);
-    return !there.isEmpty() && there != *file.digest;
+    return QFileInfo(file.path).isFile() && FileBytes::digest(file.path) != *file.digest;
 }
 
 std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
@@ -70,21 +69,22 @@ void LWAppDelegate::openTheirs()
 
 Project LWAppDelegate::project() const
 {
-    return {m_OutputHeight, m_OutputWidth, allScreensArray(), m_supply, {}, m_unknown};
+    return {m_OutputHeight, m_OutputWidth, allScreensArray(), m_supply, m_wiring.processors(), m_unknown};
 }
 
 void LWAppDelegate::writeProject(const QString &path)
 {
     m_redraw.catchUp();
     const Project saved = project();
-    const Result<void> written = ProjectFile::write(path, saved);
+    const Result<QByteArray> bytes = ProjectFile::encode(saved);
+    const Result<void> written = bytes ? FileBytes::write(path, *bytes) : failWithin(path, bytes.error());
     if (!written)
         return m_person.alert("Cannot save " + written.error().text, "The document is not saved.");
     m_person.noteRecentDocument(path);
     if (projectPath() == path)
-        *m_file->digest = FileBytes::digest(path);
+        *m_file->digest = FileBytes::digestOf(*bytes);
     else
-        *m_file = m_knownFiles.at(path, FileBytes::digest(path));
+        *m_file = m_knownFiles.at(path, FileBytes::digestOf(*bytes));
     documentIsInFile();
     emit projectPathDidChange(path);
     const QString leftOut = UnknownValues::areOfText(saved) ? "; " + UnknownValues::leftOut("the show") : QString();
@@ -130,8 +130,10 @@ void LWAppDelegate::showProject(const Project &project, const DocumentFile &file
     m_OutputHeight = project.outputHeight;
     m_OutputWidth = project.outputWidth;
     takeSupply(project.supply);
+    m_wiring.take(project.processors);
     PowerCalculator::renderCurrents(project.layers); // they were read under the supply of before
     m_arraycontroller.setLayers(project.layers, {0});
+    m_wiring.followLimits();
     m_history.record(name);
 }
 

@@ -19,7 +19,9 @@ void LWAppDelegate::AddScreen()
 {
     ++m_screenNumber;
     const QString label = QString::asprintf("Layer %i", m_screenNumber);
-    insertAndSelect(LWScreen::initWithrow(*this, NewScreens::added(label)), m_selectedRow + 1);
+    const LayerPointer wall = LWScreen::initWithrow(*this, NewScreens::added(label));
+    m_wiring.welcome({wall});
+    insertAndSelect(wall, m_selectedRow + 1);
     m_person.endSheet(Person::Sheet::AddWindow);
     finishEdit("add screen");
 }
@@ -88,6 +90,7 @@ void LWAppDelegate::copyLayer()
     const LayerPointer copy = selected ? createCopyOfLayerThroughArch(selected) : nullptr;
     if (!copy)
         return;
+    m_wiring.welcome({copy});
     copy->setLabel(copy->label().isEmpty() ? QString("Copy") : copy->label() + " Copy");
     insertAndSelect(copy, m_selectedRow + 1);
     m_selectedRow = m_arraycontroller.selectionIndex();
@@ -147,6 +150,10 @@ void LWAppDelegate::insertCopy(const LayerPointer &layer, LayerList &table, qsiz
     const LayerPointer copy = createCopyOfLayerThroughArch(layer);
     if (!copy)
         return;
+    if (&table == &m_presetarraycontroller)
+        ShowProcessors::leaveShow(*copy);
+    else
+        m_wiring.welcome({copy});
     table.insertObjectAtArrangedObjectIndex(copy, row);
     table.setSelectionIndex(row);
 }

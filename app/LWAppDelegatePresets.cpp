@@ -21,6 +21,8 @@ void LWAppDelegate::keepAsPresets()
     const Result<std::vector<LayerPointer>> copies = LayerArchive::copies(selectedLayers(), *this);
     if (!copies)
         return m_person.tellFailure("Cannot keep " + copies.error().text);
+    for (const LayerPointer &copy : *copies)
+        ShowProcessors::leaveShow(*copy);
     m_presetarraycontroller.insertObjectsAtArrangedObjectIndex(*copies, 0);
     std::vector<qsizetype> rows(copies->size());
     std::iota(rows.begin(), rows.end(), 0);

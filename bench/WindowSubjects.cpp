@@ -36,6 +36,7 @@ public:
     LayerPointer selectedLayer() const override { return {}; }
     std::vector<LayerPointer> layers() const override { return {}; }
     std::vector<LayerPointer> selectedLayers() const override { return {}; }
+    CableHand::Show cables() const override { return {}; }
     void select(const LayerPointer &, bool) override {}
     void nudge(const QPoint &) override {}
     void update(QObject *) override {}

@@ -2,6 +2,7 @@
 
 #include "layer/Layer.h"
 #include "output/ComposedOutput.h"
+#include "show/CableHand.h"
 
 #include <QImage>
 #include <QPoint>
@@ -33,6 +34,9 @@ public:
     virtual void select(const LayerPointer &layer, bool extends) = 0;
     /// Moves the selected layers by so many output pixels; moves in a row are one edit.
     virtual void nudge(const QPoint &distance) = 0;
+
+    /// What cables are laid in, as it is now.
+    virtual CableHand::Show cables() const = 0;
 
     /// Renders the selected layer and composes the output, not more often than the document wants to. `sender` is of no
     /// consequence.

@@ -77,13 +77,28 @@ void CanvasPainter::levelLine(double pixel)
 
 void CanvasPainter::text(const QRect &box, const QString &text)
 {
+    textIn(box, text, QPalette::ToolTipText);
+}
+
+void CanvasPainter::textIn(const QRect &box, const QString &text, QPalette::ColorRole colour)
+{
     QPainter &painter = inWidget();
     painter.fillRect(box, m_widget.palette().color(QPalette::ToolTipBase));
-    painter.setPen(m_widget.palette().color(QPalette::ToolTipText));
+    painter.setPen(m_widget.palette().color(colour));
     painter.drawText(box, Qt::AlignCenter, text);
 }
 
 void CanvasPainter::textBesidePointer(const QString &text)
 {
-    this->text(boxBeside(m_widget, m_pointer.value_or(QRectF(m_widget.rect()).center()), text), text);
+    this->text(boxOfPointer(text), text);
+}
+
+void CanvasPainter::warningBesidePointer(const QString &text)
+{
+    textIn(boxOfPointer(text), text, QPalette::BrightText);
+}
+
+QRect CanvasPainter::boxOfPointer(const QString &text) const
+{
+    return boxBeside(m_widget, m_pointer.value_or(QRectF(m_widget.rect()).center()), text);
 }

@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QPainter>
+#include <QPalette>
 #include <QPointF>
 #include <QRect>
 #include <QString>
@@ -20,7 +21,7 @@ QRect movedIntoSight(const QWidget &widget, QRect box);
 QRect boxBeside(const QWidget &widget, const QPointF &widgetPoint, const QString &text);
 
 /// What the canvas and its tools paint with, in a painting of their widget. Colours come from the palette: Highlight is
-/// what is outlined, ToolTipBase and ToolTipText are boxes of text. Main thread only.
+/// what is outlined, ToolTipBase and ToolTipText are boxes of text, BrightText is one that warns. Main thread only.
 class CanvasPainter
 {
 public:
@@ -46,9 +47,13 @@ public:
     /// In a box of the widget.
     void text(const QRect &box, const QString &text);
     void textBesidePointer(const QString &text);
+    /// In the colour of warnings.
+    void warningBesidePointer(const QString &text);
 
 private:
     QColor highlight() const;
+    void textIn(const QRect &box, const QString &text, QPalette::ColorRole colour);
+    QRect boxOfPointer(const QString &text) const;
 
     QWidget &m_widget;
     const CanvasGeometry &m_geometry;

@@ -92,6 +92,10 @@ public:
     void zoomIn() { stepZoom(1, middle()); }
     void zoomOut() { stepZoom(-1, middle()); }
 
+    /// Moves the view, whose zoom stays, until these pixels of the output are in sight; of more than there is room for,
+    /// their first ones.
+    void bringIntoSight(const QRectF &pixels);
+
     /// The output pixel at a place in the widget; beside the output its pixels count on. Nullopt where nothing is
     /// shown.
     std::optional<QPoint> pixelAt(const QPointF &widgetPoint) const;
@@ -159,7 +163,6 @@ private:
     void forgetReached();
     void showPointer();
     void showCursor();
-    void bringIntoSight(const QRectF &pixels);
 
     /// A text in a place: of the widget, or in device pixels.
     struct PlacedName

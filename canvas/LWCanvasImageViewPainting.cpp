@@ -55,12 +55,14 @@ auto LWCanvasImageView::missingPictures() const -> std::vector<PlacedName>
 {
     std::vector<PlacedName> missing;
     for (const LayerPointer &layer : m_document.layers()) {
-        const auto *still = qobject_cast<const LWStill *>(layer.get());
-        if (!still || !still->visible() || !still->isPictureMissing())
+        if (layer->kind() != LayerKind::Still || !layer->visible())
             continue;
-        const bool isNamed = !still->label().isEmpty();
-        missing.push_back({isNamed ? still->label() : QFileInfo(still->ImageURL().toLocalFile()).fileName(),
-                           m_geometry.devicePlaceOf(*still)});
+        const auto &still = static_cast<const LWStill &>(*layer);
+        if (!still.isPictureMissing())
+            continue;
+        const bool isNamed = !still.label().isEmpty();
+        missing.push_back({isNamed ? still.label() : QFileInfo(still.ImageURL().toLocalFile()).fileName(),
+                           m_geometry.devicePlaceOf(still)});
     }
     return missing;
 }

@@ -39,7 +39,8 @@ void LWCanvasImageView::takeAlt(bool isHeld)
 /// A press is let go by the tool that it was made with.
 void LWCanvasImageView::settleTool()
 {
-    const Tool tool = m_isAltHeld ? toolOfAlt : m_chosenTool;
+    const bool isOfAlt = m_isAltHeld && !canvasTool(m_chosenTool).keepsAlt;
+    const Tool tool = isOfAlt ? toolOfAlt : m_chosenTool;
     if (tool == m_tool || m_isPressed || isDragged())
         return;
     m_tool = tool;

@@ -17,6 +17,7 @@ public:
     std::vector<LayerPointer> layers() const override { return m_document.allScreensArray(); }
     std::vector<LayerPointer> selectedLayers() const override { return m_document.selectedLayers(); }
     void select(const LayerPointer &layer, bool extends) override;
+    CableHand::Show cables() const override { return m_document.wiring().cables(); }
     void nudge(const QPoint &distance) override { m_document.moveSelection(distance); }
     void update(QObject *sender) override { m_document.update(sender); }
     void finishEdit(const QString &name) override { m_document.finishEdit(name); }

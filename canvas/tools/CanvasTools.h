@@ -8,8 +8,9 @@
 /// The tools by name.
 enum class CanvasToolName
 {
-    Panels, ///< see PanelsTool
-    Arrange ///< see ArrangeTool
+    Panels,  ///< see PanelsTool
+    Arrange, ///< see ArrangeTool
+    Data     ///< see DataTool
 };
 
 /// What is known of a tool before it works, texts for the person included.
@@ -24,6 +25,7 @@ struct CanvasToolRow
     const char *tip;
     const char *hint;    ///< what the hand does with it
     bool goesToSelected; ///< clicks go to the selected layer, whatever lies above it
+    bool keepsAlt;       ///< Alt does not change to another tool
 };
 
 /// All of them, in the order in which they are shown; the first is in effect at first.

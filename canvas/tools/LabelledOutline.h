@@ -4,7 +4,10 @@
 #include <QRegion>
 #include <QString>
 
+#include <optional>
+
 class CanvasGeometry;
+class QWidget;
 
 /// What a click, or Enter, would act on: an outline around it, and its label in a box.
 struct LabelledOutline
@@ -18,4 +21,7 @@ struct LabelledOutline
 
     /// The part of the widget that it is painted on.
     QRegion region(const CanvasGeometry &geometry) const;
+    /// Has the widget paint anew what changes where one stands for another.
+    static void exchange(QWidget &widget, const CanvasGeometry &geometry, const std::optional<LabelledOutline> &before,
+                         const std::optional<LabelledOutline> &now);
 };

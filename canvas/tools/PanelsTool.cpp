@@ -203,12 +203,7 @@ void PanelsTool::hover(const std::optional<QPointF> &place)
 {
     m_pointer = place;
     const std::optional<LabelledOutline> before = std::exchange(m_outline, outline());
-    if (m_outline == before)
-        return;
-    if (before)
-        widget().update(before->region(geometry()));
-    if (m_outline)
-        widget().update(m_outline->region(geometry()));
+    LabelledOutline::exchange(widget(), geometry(), before, m_outline);
 }
 
 /// The outline of the wall whose panels a click switches, that of the panel, and the marker.

@@ -164,6 +164,21 @@ TEST_F(PresetStoreOfAPerson, ADamagedListIsToldAndPutAside)
         << qPrintable(person.failures[0]);
 }
 
+TEST_F(PresetStoreOfAPerson, AListThatCannotBeReadNowStaysWhereItIs)
+{
+    put("");
+    QFile large(file);
+    ASSERT_TRUE(large.resize(qint64{513} << 20)); // more than is read
+    const auto one = program();
+    removeFirst(*one);
+
+    EXPECT_EQ(files(), QStringList("presets"));
+    EXPECT_EQ(large.size(), qint64{513} << 20);
+    ASSERT_EQ(person.failures.size(), 2);
+    EXPECT_TRUE(person.failures[0].startsWith("Your presets cannot be read, these are the built-in ones: " + file))
+        << qPrintable(person.failures[0]);
+}
+
 TEST_F(PresetStoreOfAPerson, NothingIsWrittenOverAListThatCannotBeRead)
 {
     const auto one = program();
@@ -187,6 +202,16 @@ TEST_F(PresetStoreOfAPerson, WhatAnotherProgramHasAddedIsNotLost)
     EXPECT_EQ(presetsOf(*program()), "p, q, of the one, of the other");
     showPresets(*one, {"of the one"}); // what it has had itself, it can remove
     EXPECT_EQ(presetsOf(*program()), "of the one, of the other");
+}
+
+TEST_F(PresetStoreOfAPerson, APresetThatIsEditedAfterwardsWasStillTheProgramsOwn)
+{
+    const auto one = program();
+    showPresets(*one, {"p", "q"});
+    const auto again = program(); // it meets both, and asks for none of their archives
+    again->presetScreensArray()[0]->setLabel("r");
+    again->finishEdit("name");
+    EXPECT_EQ(presetsOf(*program()), "r, q");
 }
 
 TEST_F(PresetStoreOfAPerson, DrawnPresetsAreStillTheSame)

@@ -1,5 +1,7 @@
 #include "app/Settings.h"
 
+#include "tests/base/FullDisk.h"
+
 #include <QColor>
 #include <QDataStream>
 #include <QDir>
@@ -182,6 +184,35 @@ TEST_F(SettingsTest, ValuesNestedWithoutEndAreNotRead)
 
     EXPECT_EQ(Settings::recentFiles(), QStringList{"/a.Orv"});
     EXPECT_LT(QFileInfo(path).size(), 1000);
+}
+
+TEST_F(SettingsTest, AFullDiskLeavesTheOldOnes)
+{
+    Settings::setWindowState("state");
+    Settings::noteRecentFile("/a.Orv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray before = file.readAll();
+
+    for (const int bytes : {0, 10, static_cast<int>(before.size())}) {
+        const FullDisk disk(bytes);
+        Settings::noteRecentFile("/shows/another.Orv");
+    }
+
+    file.close();
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_EQ(file.readAll(), before);
+    Settings::noteRecentFile("/b.Orv");
+    EXPECT_EQ(Settings::recentFiles(), (QStringList{"/b.Orv", "/a.Orv"}));
+    EXPECT_EQ(Settings::windowState(), "state");
+}
+
+TEST_F(SettingsTest, EachOfManyWritesInARowIsSeen)
+{
+    for (int volts = 200; volts < 260; ++volts) { // of one length
+        Settings::setOtherVolts(volts);
+        EXPECT_EQ(Settings::otherVolts(), volts);
+    }
 }
 
 TEST_F(SettingsTest, AFolderInTheirPlaceIsAsGoodAsNone)

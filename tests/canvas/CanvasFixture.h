@@ -26,6 +26,7 @@ public:
     std::vector<LayerPointer> layers() const override { return all; }
     std::vector<LayerPointer> selectedLayers() const override { return selection; }
     void select(const LayerPointer &layer, bool extends) override;
+    CableHand::Show cables() const override { return {all, processors, outputSize, nextPort}; }
     void nudge(const QPoint &distance) override;
     void update(QObject *sender) override;
     void finishEdit(const QString &name) override;
@@ -47,7 +48,9 @@ public:
     LayerPointer layer;                  ///< that clicks go to
     std::vector<LayerPointer> all;       ///< topmost first
     std::vector<LayerPointer> selection; ///< of them
-    bool rendersOnUpdate = true;         ///< as update() does when its gate is open
+    std::vector<ProcessorSettings> processors;
+    std::function<PortName(const QString &)> nextPort; ///< what a new cable takes
+    bool rendersOnUpdate = true;                       ///< as update() does when its gate is open
     std::function<void()> onUpdate;
     QStringList calls; ///< "update", "finishEdit move image", "nudge 1,0"; selections are not noted
 };

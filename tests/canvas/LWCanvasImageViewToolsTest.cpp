@@ -110,8 +110,8 @@ TEST_F(LWCanvasImageViewTools, EachHasARowOfItsOwn)
         view.setTool(row.name);
         EXPECT_EQ(view.tool(), row.name);
     }
-    EXPECT_EQ(names, QSet({Tool::Panels, Tool::Arrange}));
-    EXPECT_EQ(keys, QSet({Qt::Key_P, Qt::Key_V}));
+    EXPECT_EQ(names, QSet({Tool::Panels, Tool::Arrange, Tool::Data}));
+    EXPECT_EQ(keys, QSet({Qt::Key_P, Qt::Key_V, Qt::Key_D}));
     EXPECT_EQ(canvasTools().front().name, Tool::Panels);
     EXPECT_EQ(toolOfAlt, Tool::Arrange);
 }

@@ -1,0 +1,135 @@
+#include "tests/app/UndoFixture.h"
+
+namespace {
+/// A document of two walls of 4 x 2 panels of 100, on processor A, whose ports bear three of them.
+class CablesTest : public UndoFixture
+{
+protected:
+    CablesTest()
+    {
+        document.arraycontroller().setLayers({wall("MAIN"), wall("SIDE")}, {0});
+        ProcessorSettings settings;
+        settings.model = "MX40 Pro";
+        settings.capacity = 30'000;
+        EXPECT_TRUE(document.wiring().add(settings));
+    }
+
+    LayerPointer wall(const QString &name)
+    {
+        const LayerPointer made = LWScreen::init(document);
+        made->setLabel(name);
+        made->setCol(4);
+        made->setRow(2);
+        made->setPanelWidth(100);
+        made->setPanelHeight(100);
+        made->setPattern(0);
+        made->setDrawFlowPath(true);
+        made->setValue("split", "panels");
+        made->drawInRect();
+        return made;
+    }
+    /// When what was edited is composed.
+    LWScreen &layer(qsizetype row)
+    {
+        waitForRedraws();
+        return static_cast<LWScreen &>(*document.arraycontroller().layer(row));
+    }
+    std::vector<qint64> portsOf(qsizetype row)
+    {
+        std::vector<qint64> ports;
+        for (const WallCable &cable : *layer(row).shownCables())
+            ports.push_back(cable.port.number);
+        return ports;
+    }
+    using Ports = std::vector<qint64>;
+};
+} // namespace
+
+TEST_F(CablesTest, PicturesShowTheCablesOfTheShow)
+{
+    EXPECT_EQ(portsOf(0), (Ports{1, 2, 3}));
+    EXPECT_EQ(portsOf(1), (Ports{4, 5, 6}));
+}
+
+TEST_F(CablesTest, AWallThatIsNotSelectedFollowsWhatAnotherTakesFromIt)
+{
+    document.setValueOfSelection(2, "arrangedObjects.col"); // 4 panels: two ports
+    EXPECT_EQ(portsOf(0), (Ports{1, 2}));
+    EXPECT_EQ(portsOf(1), (Ports{3, 4, 5}));
+    stack.undo();
+    EXPECT_EQ(portsOf(1), (Ports{4, 5, 6}));
+}
+
+TEST_F(CablesTest, AWallThatShowsNoCablesIsGivenNone)
+{
+    document.setValueOfSelection(false, "arrangedObjects.drawFlowPath");
+    EXPECT_EQ(layer(0).shownCables(), nullptr);
+    document.setValueOfSelection("lines", "arrangedObjects.split");
+    document.setValueOfSelection(true, "arrangedObjects.drawFlowPath");
+    EXPECT_EQ(layer(0).shownCables(), nullptr);
+}
+
+TEST_F(CablesTest, PortsAreWorkedOutAnewOnlyWhereTheShowIsAnother)
+{
+    const ShowPorts *const ports = &document.wiring().ports();
+    const auto *const walls = ports->show.walls.data();
+    EXPECT_EQ(document.wiring().ports().show.walls.data(), walls);
+    document.setValueOfSelection("FRONT", "arrangedObjects.label");
+    EXPECT_EQ(document.wiring().ports().show.walls.front().name, "FRONT");
+}
+
+TEST_F(CablesTest, KeptPortsStayWhateverOtherWallsDo)
+{
+    ASSERT_TRUE(document.wiring().keepPorts({1}));
+    EXPECT_EQ(layer(1).record()->firstPort, 4);
+    EXPECT_EQ(layer(0).record()->firstPort, 0);
+    EXPECT_EQ(stack.undoText(), "keeping of ports");
+    document.setValueOfSelection(2, "arrangedObjects.col");
+    EXPECT_EQ(portsOf(1), (Ports{4, 5, 6}));
+    stack.undo();
+    stack.undo();
+    EXPECT_EQ(layer(1).record()->firstPort, 0);
+}
+
+TEST_F(CablesTest, TheAutomaticCablesCanBeTakenAsLaidByHand)
+{
+    const WallCablesPointer before = layer(0).shownCables();
+    document.wiring().takeAsLaidByHand({0});
+    EXPECT_EQ(layer(0).record()->split, CableSplit::Hand);
+    EXPECT_EQ(*layer(0).shownCables(), *before);
+    EXPECT_EQ(stack.undoText(), "cables by hand");
+    stack.undo();
+    EXPECT_EQ(layer(0).record()->split, CableSplit::Panels);
+}
+
+TEST_F(CablesTest, TakenWithThoseThatSharePortsNothingMoves)
+{
+    layer(1).setValue("goesOn", true);
+    document.finishEdit("sharing");
+    const WallCables before = *layer(1).shownCables();
+    EXPECT_EQ(before.front().port, (PortName{"A", 3}));
+    document.wiring().takeAsLaidByHand({0});
+    EXPECT_EQ(layer(1).record()->split, CableSplit::Hand);
+    EXPECT_EQ(*layer(1).shownCables(), before);
+}
+
+TEST_F(CablesTest, AnEditOfWholeCablesIsOneStepAndOneThatFailsIsNone)
+{
+    document.wiring().takeAsLaidByHand({0, 1});
+    const int steps = stack.index();
+    const PortName first{"A", 1};
+    ASSERT_TRUE(document.wiring().editCables(
+        "reversing of a cable", [&](const PortEdits::ShowRuns &runs) { return PortEdits::reverse(runs, first); }));
+    EXPECT_EQ(stack.index(), steps + 1);
+    EXPECT_EQ(layer(0).record()->runs.list().front().cells.front(), (Cell{2, 0}));
+    EXPECT_FALSE(document.wiring().editCables("port of a cable", [&](const PortEdits::ShowRuns &runs) {
+        return PortEdits::takePort(runs, first, {"A", 2});
+    }));
+    EXPECT_EQ(stack.index(), steps + 1);
+}
+
+TEST_F(CablesTest, ANewCableTakesAPortThatNobodyChose)
+{
+    document.wiring().takeAsLaidByHand({0});
+    EXPECT_EQ(document.wiring().cables().freePort("A"), (PortName{"A", 4}));
+}
