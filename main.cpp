@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 #include "windows/MainWindow.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QLoggingCategory>
@@ -51,6 +52,7 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext & /*context*/, c
 
 int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
+    Theme::findFonts();
     const QtMessageHandler before = qInstallMessageHandler(&endWithoutDisplay);
     const QApplication application(programNameAlone, argv);
     qInstallMessageHandler(before);

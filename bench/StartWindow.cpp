@@ -1,4 +1,5 @@
 #include "windows/MainWindow.h"
+#include "windows/Theme.h"
 
 #include <QApplication>
 #include <QPaintEvent>
@@ -54,11 +55,14 @@ private:
 int main(int argc, char **argv)
 {
     double times[4] = {now()};
+    const bool isMain = argc > 1 && std::strcmp(argv[1], "main") == 0;
+    if (isMain)
+        Theme::findFonts();
     QApplication application(argc, argv);
     QApplication::setApplicationName("Wallwright");
     times[1] = now();
     std::unique_ptr<QWidget> window;
-    if (argc > 1 && std::strcmp(argv[1], "main") == 0)
+    if (isMain)
         window = std::make_unique<MainWindow>();
     else
         window = std::make_unique<QWidget>();

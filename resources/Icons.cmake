@@ -2,7 +2,8 @@
 # drawn, under :/tinted/ in their colour. All are of one weight, drawn on 16 x 16.
 set(WALLWRIGHT_ICONS
     arrow-clockwise arrow-counterclockwise arrows-move
-    clipboard
+    bezier2
+    chevron-double-right clipboard
     dash-lg display
     exclamation-triangle-fill eye eye-slash
     file-earmark-plus files folder2-open

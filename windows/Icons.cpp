@@ -36,6 +36,8 @@ public:
     void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State) override
     {
         const int side = qMin(rect.width(), rect.height());
+        if (side <= 0)
+            return;
         const QPixmap sign = Icons::pixmap(m_name, side, colour(mode), painter->device()->devicePixelRatioF());
         painter->drawPixmap(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, {side, side}, rect), sign);
     }
@@ -43,6 +45,8 @@ public:
     /// `size` is in device pixels; all of it is the pixmap's, with the sign in its middle.
     QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State) override
     {
+        if (size.isEmpty())
+            return {};
         const QPixmap sign = Icons::pixmap(m_name, qMin(size.width(), size.height()), colour(mode), 1);
         if (sign.isNull() || sign.size() == size)
             return sign;

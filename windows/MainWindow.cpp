@@ -14,6 +14,7 @@
 #include "windows/PresetPanel.h"
 #include "windows/Theme.h"
 #include "windows/inspector/Inspector.h"
+#include "windows/ports/PortsPane.h"
 
 #include <QCloseEvent>
 #include <QDataStream>
@@ -32,6 +33,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <chrono>
 #include <initializer_list>
 #include <utility>
@@ -140,11 +142,15 @@ void MainWindow::addViews()
     m_lists->setMinimumWidth(leastListsWidth);
     m_listsSide->setContent(m_lists);
     m_regions->addWidget(m_listsSide);
-    m_canvasPane = new CanvasPane(m_canvasLink, m_regions);
+    m_middle = new QSplitter(Qt::Vertical, m_regions);
+    m_middle->setHandleWidth(1);
+    m_middle->setChildrenCollapsible(false);
+    m_canvasPane = new CanvasPane(m_canvasLink, m_middle);
     m_canvas = &m_canvasPane->canvas();
     m_person.setCanvas(m_canvas);
     m_canvas->installEventFilter(this);
-    m_regions->addWidget(m_canvasPane);
+    m_middle->addWidget(m_canvasPane);
+    m_regions->addWidget(m_middle);
     m_inspectorSide = new FoldingSide("Inspector", FoldingSide::Side::Right, m_regions);
     m_inspector = new Inspector(m_document, m_person, m_inspectorSide);
     m_inspector->setMinimumWidth(leastInspectorWidth);
@@ -172,6 +178,7 @@ void MainWindow::makeLateParts()
         return;
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
     m_presetPanel = new PresetPanel(m_document);
+    addPortsPane();
     fillMenus();
     m_canvasPane->showIcons();
     QLabel *title = Theme::title("Layers", m_layerTable);
@@ -184,13 +191,46 @@ void MainWindow::makeLateParts()
     orderFocus();
 }
 
+void MainWindow::addPortsPane()
+{
+    m_portsPane = new PortsPane(m_document, m_middle);
+    m_middle->addWidget(m_portsPane);
+    m_middle->setStretchFactor(0, 1);
+    m_middle->setStretchFactor(1, 0);
+    connect(m_portsPane, &PortsPane::openDidChange, this, &MainWindow::givePortsRoom);
+    connect(m_middle, &QSplitter::splitterMoved, this, [this] { m_portsHeight = m_middle->sizes().last(); });
+    m_portsPane->setOpen(m_arePortsOpen);
+    givePortsRoom(m_arePortsOpen);
+    connect(m_portsPane, &PortsPane::asked, this, &MainWindow::showPort);
+    connect(m_portsPane, &PortsPane::failureTold, m_powerBar, &PowerBar::showFailure);
+}
+
+/// All of it is the canvas' while the table is folded.
+void MainWindow::givePortsRoom(bool areOpen)
+{
+    m_arePortsOpen = areOpen;
+    const int height = areOpen ? m_portsHeight : 0;
+    m_middle->setSizes({m_middle->height() - height, height});
+}
+
+/// The walls are selected, and the port is brought into sight.
+void MainWindow::showPort(const std::vector<qsizetype> &layers, const QRectF &pixels)
+{
+    if (layers.empty())
+        return;
+    std::vector<qsizetype> rows = layers;
+    std::sort(rows.begin(), rows.end());
+    m_document.arraycontroller().setSelectionIndexes(std::move(rows), layers.front());
+    m_canvas->bringIntoSight(pixels);
+}
+
 /// Tab goes through the regions as they are read; by itself it would go as they were made.
 void MainWindow::orderFocus()
 {
     QWidget *last = m_lists->tabs();
     QWidget *const layers = m_layerTable->parentWidget();
     for (const QWidget *region :
-         std::initializer_list<QWidget *>{layers, m_presetPanel, m_canvasPane, m_inspector, m_powerBar}) {
+         std::initializer_list<QWidget *>{layers, m_presetPanel, m_canvasPane, m_portsPane, m_inspector, m_powerBar}) {
         for (QWidget *control : region->findChildren<QWidget *>()) {
             const bool takesTab = (control->focusPolicy() & Qt::TabFocus) != 0;
             if (!takesTab || control->focusProxy() || control->window() != this)
@@ -241,8 +281,7 @@ void MainWindow::connectViews()
     connect(m_powerBar, &PowerBar::phaseChosen, &m_document, &LWAppDelegate::phaseSelect);
     connect(m_powerBar, &PowerBar::zoomChosen, m_canvas, &LWCanvasImageView::setZoom);
     connect(m_powerBar, &PowerBar::fitChosen, m_canvas, &LWCanvasImageView::zoomToFit);
-    connect(m_canvas, &LWCanvasImageView::layerMenuAsked, this,
-            [this](const QPoint &place) { QMenu::exec(m_layerTable->actions(), place, nullptr, this); });
+    connect(m_canvas, &LWCanvasImageView::layerMenuAsked, this, &MainWindow::showLayerMenu);
     connect(m_canvas, &LWCanvasImageView::toolDidPress, m_inspector,
             [this](bool isOnLayer) { m_inspector->showOutputFirst(!isOnLayer); });
     connect(m_layerTable, &LayerTable::pressed, m_inspector, [this] { m_inspector->showOutputFirst(false); });
@@ -281,6 +320,7 @@ void MainWindow::rememberLayout() const
     QByteArray state;
     QDataStream stream(&state, QIODevice::WriteOnly);
     stream << (m_listsSide->isFolded() ? m_unfoldedRegions : m_regions->saveState()) << m_lists->saveState();
+    stream << m_arePortsOpen << m_portsHeight;
     Settings::setWindowGeometry(saveGeometry());
     Settings::setWindowState(state);
 }
@@ -291,6 +331,13 @@ void MainWindow::restoreLayout()
     QByteArray lists;
     QDataStream state(Settings::windowState());
     state >> regions >> lists;
+    bool arePortsOpen = false;
+    int portsHeight = 0;
+    state >> arePortsOpen >> portsHeight;
+    if (portsHeight > 0) {
+        m_arePortsOpen = arePortsOpen;
+        m_portsHeight = portsHeight;
+    }
     m_regions->restoreState(regions);
     m_lists->restoreState(lists);
 }

@@ -28,6 +28,7 @@ class QMenu;
 class QSplitter;
 class QToolButton;
 class OutputPreview;
+class PortsPane;
 class PowerBar;
 
 /// The main window and the document in it: the menus, the layer table, the composed output and the power line.
@@ -92,6 +93,7 @@ private:
     void addOrder(QMenu &menu);
     void addTools(QMenu &menu);
     void addPreview(QMenu &menu);
+    void addPorts(QMenu &menu);
     void listDisplays(QMenu &menu);
     OutputPreview &outputPreview();
     void showPreviewOnDisplay();
@@ -109,12 +111,16 @@ private:
     void removeSelected();
     QToolButton *headButton(const QString &sign, const QString &name, const QString &tip);
     void addViews();
+    void addPortsPane();
+    void givePortsRoom(bool areOpen);
+    void showPort(const std::vector<qsizetype> &layers, const QRectF &pixels);
     void connectDocument();
     void connectViews();
     void showPower();
     void rememberLayout() const;
     void restoreLayout();
     QString panelAt(const QPoint &pixel) const;
+    void showLayerMenu(const QPoint &place);
     void foldSides(bool areFolded);
     void showFile(const QString &path);
     void tellUnsavedWork();
@@ -144,8 +150,12 @@ private:
     ListsPane *m_lists;
     PresetPanel *m_presetPanel = nullptr; ///< null until makeLateParts()
     Inspector *m_inspector;
+    QSplitter *m_middle;         ///< the canvas, and the ports below it
+    int m_portsHeight = 200;     ///< of the table, when it is open
+    bool m_arePortsOpen = false; ///< as they were left
     CanvasPane *m_canvasPane;
-    LWCanvasImageView *m_canvas; ///< the pane's
+    PortsPane *m_portsPane = nullptr; ///< null until makeLateParts()
+    LWCanvasImageView *m_canvas;      ///< the pane's
     PowerBar *m_powerBar;
     Sheets m_sheets{m_document, *this};
     OutputPreview *m_preview = nullptr; ///< made when it is first shown

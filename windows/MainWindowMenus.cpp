@@ -10,6 +10,8 @@
 #include "windows/OutputPreview.h"
 #include "windows/PowerBar.h"
 #include "windows/PresetPanel.h"
+#include "windows/ports/CableMenu.h"
+#include "windows/ports/PortsPane.h"
 
 #include <QActionGroup>
 #include <QClipboard>
@@ -197,6 +199,7 @@ void MainWindow::fillViewMenu(QMenu &menu)
     menu.addSeparator();
     menu.addAction("&Lists", Qt::Key_F9, m_listsSide, &FoldingSide::toggle);
     menu.addAction("&Inspector", Qt::Key_F10, m_inspectorSide, &FoldingSide::toggle);
+    addPorts(menu);
     menu.addSeparator();
     menu.addAction(Icons::icon("zoom-in"), "&Zoom in", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
     menu.addAction(Icons::icon("zoom-out"), "Zoom &out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
@@ -204,6 +207,14 @@ void MainWindow::fillViewMenu(QMenu &menu)
     menu.addAction("&Fit", Qt::CTRL | Qt::Key_0, m_canvas, &LWCanvasImageView::zoomToFit);
     menu.addSeparator();
     addPreview(menu);
+}
+
+void MainWindow::addPorts(QMenu &menu)
+{
+    QAction *ports = menu.addAction("Por&ts", m_portsPane, &PortsPane::toggle);
+    ports->setCheckable(true);
+    connect(m_portsPane, &PortsPane::openDidChange, ports, &QAction::setChecked);
+    ports->setChecked(m_portsPane->isOpen());
 }
 
 void MainWindow::addTools(QMenu &menu)
@@ -361,4 +372,17 @@ void MainWindow::forget(const std::vector<FoundCopy> &copies)
     for (const FoundCopy &copy : copies)
         m_document.discardRecoverable(copy);
     tellRemainingWork();
+}
+
+/// With the tool for cables, those of the panel there come first.
+void MainWindow::showLayerMenu(const QPoint &place)
+{
+    QMenu menu(this);
+    const auto pixel = m_canvas->readOut().pixel;
+    if (m_canvas->tool() == CanvasToolName::Data && pixel) {
+        CableMenu cables(m_document, [this](const QString &text) { m_powerBar->showFailure(text); });
+        cables.fill(menu, *pixel);
+    }
+    menu.addActions(m_layerTable->actions());
+    menu.exec(place);
 }

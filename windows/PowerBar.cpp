@@ -45,6 +45,14 @@ QHBoxLayout *rowOf(QWidget *part)
     return row;
 }
 
+/// Sets a text; returns whether it is another one, which takes other room.
+bool changeText(QLabel &label, const QString &text)
+{
+    const bool isOther = label.text() != text;
+    label.setText(text);
+    return isOther;
+}
+
 int widthOf(const QWidget &widget)
 {
     return widget.sizeHint().width() + Theme::gap;
@@ -66,7 +74,6 @@ PowerBar::PowerBar(QWidget *parent)
     addSupply();
     addTold();
     addZoom();
-    fit();
 }
 
 void PowerBar::addSupply()
@@ -157,8 +164,8 @@ void PowerBar::addZoom()
 
 void PowerBar::showPowerResult(const QString &text)
 {
-    m_powerResult->setText(text);
-    fit();
+    if (changeText(*m_powerResult, text))
+        fit();
 }
 
 void PowerBar::showSupply(qint64 volts, qint64 phases, const QString &inWords)
@@ -170,8 +177,8 @@ void PowerBar::showSupply(qint64 volts, qint64 phases, const QString &inWords)
     m_volts->showBeneath(known ? *m_otherVolts : static_cast<int>(volts));
     if (QAbstractButton *phase = m_phases->button(static_cast<int>(phases)))
         phase->setChecked(true);
-    m_supplyInWords->setText(inWords);
-    fit();
+    if (changeText(*m_supplyInWords, inWords))
+        fit();
 }
 
 void PowerBar::showFailure(const QString &sentence)
@@ -210,7 +217,9 @@ void PowerBar::showMessage(const QString &sentence, const QColor &colour, const 
 {
     m_isFailure = false;
     m_faulty = nullptr;
-    m_message->setText(sentence);
+    const bool isOther = changeText(*m_message, sentence);
+    if (!isOther && m_message->accessibleDescription() == kind)
+        return;
     Theme::colourText(*m_message, colour);
     m_message->setToolTip(sentence.isEmpty() ? QString() : "<qt>" + sentence.toHtmlEscaped() + "</qt>");
     m_message->setAccessibleName(sentence);
@@ -225,10 +234,13 @@ void PowerBar::showReadOut(const CanvasReadOut &readOut, const QString &panel)
         pointer = {QString("x %1").arg(readOut.pixel->x()), QString("y %1").arg(readOut.pixel->y()), panel,
                    readOut.colour.isValid() ? readOut.colour.name() : QString()};
     pointer.removeAll(QString());
+    const bool wasEmpty = m_pointer->text().isEmpty();
     m_pointer->setText(pointer.join("  "));
-    m_outputSize->setText(readOut.output.isEmpty() ? QString() : NumberText::size(readOut.output) + " px");
+    const QString size = readOut.output.isEmpty() ? QString() : NumberText::size(readOut.output) + " px";
+    const bool isOtherSize = changeText(*m_outputSize, size);
     m_zoom->show(readOut.zoomPercent);
-    fit();
+    if (isOtherSize || wasEmpty != pointer.isEmpty())
+        fit();
 }
 
 void PowerBar::resizeEvent(QResizeEvent *event)

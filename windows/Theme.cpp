@@ -1,17 +1,28 @@
 #include "windows/Theme.h"
 
+#include "windows/Icons.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QProxyStyle>
 #include <QToolTip>
 
+#include <fontconfig/fontconfig.h>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace {
+/// Looks for the machine's fonts where it has been told to.
+std::jthread &fontFinder()
+{
+    static std::jthread finder;
+    return finder;
+}
+
 const QString &family()
 {
     static const QString name = [] {
@@ -28,12 +39,26 @@ QFont fontOfSize(int pixels)
     return font;
 }
 
+/// Fusion, with an own sign where entries of the menu bar have no room: reading Fusion's picture of it makes each start
+/// load every reader of pictures that there is, and it is dark.
+class WindowStyle final : public QProxyStyle
+{
+public:
+    WindowStyle() : QProxyStyle("Fusion") {}
+
+    QIcon standardIcon(StandardPixmap sign, const QStyleOption *option, const QWidget *widget) const override
+    {
+        return sign == SP_ToolBarHorizontalExtensionButton ? Icons::icon("chevron-double-right")
+                                                           : QProxyStyle::standardIcon(sign, option, widget);
+    }
+};
+
 QPalette palette()
 {
     QPalette colours(Theme::raised, Theme::panel);
     for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         colours.setColor(role, Theme::text);
-    colours.setColor(QPalette::BrightText, Theme::text);
+    colours.setColor(QPalette::BrightText, Theme::warning);
     colours.setColor(QPalette::PlaceholderText, Theme::dimText);
     colours.setColor(QPalette::Base, Theme::ground);
     colours.setColor(QPalette::AlternateBase, Theme::panel);
@@ -66,9 +91,19 @@ QString styleSheet()
 }
 } // namespace
 
+void Theme::findFonts()
+{
+    try {
+        fontFinder() = std::jthread([] { FcInit(); });
+    } catch (const std::system_error &) { // no thread is to be had: they are looked for when they are needed
+    }
+}
+
 void Theme::apply()
 {
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    if (fontFinder().joinable())
+        fontFinder().join(); // Qt would look for them a second time
+    QApplication::setStyle(new WindowStyle);
     QApplication::setPalette(palette());
     QApplication::setFont(fontOfSize(textSize));
     QToolTip::setPalette(palette());

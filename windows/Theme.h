@@ -29,6 +29,9 @@ inline constexpr int barMargin = 6;       ///< above and below what a bar at the
 inline constexpr int controlHeight = 26;
 inline constexpr int cornerRadius = 4;
 
+/// Begins to look for the machine's fonts on another processor: that takes as long as a display takes to answer. To be
+/// called before there is a QApplication; where it is not, they are looked for when they are needed.
+void findFonts();
 /// Gives the application style, colours and fonts. Any number of times; a QApplication exists.
 void apply();
 

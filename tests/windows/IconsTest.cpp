@@ -53,6 +53,20 @@ TEST(Icons, ASignIsDimWhereItCannotBeUsed)
     EXPECT_GT(coverage(icon.pixmap(QSize(16, 16), 1, QIcon::Disabled), Theme::dimText), 8);
 }
 
+TEST(Icons, ThereIsNoneWhereThereIsNoRoom)
+{
+    QtMessageHandler before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { ADD_FAILURE() << text.toStdString(); });
+    EXPECT_TRUE(Icons::icon("trash").pixmap(QSize(0, 16), 1).isNull());
+    QImage paper(20, 20, QImage::Format_ARGB32_Premultiplied);
+    paper.fill(Qt::transparent);
+    QPainter painter(&paper);
+    Icons::icon("trash").paint(&painter, QRect(5, 5, 10, -2));
+    painter.end();
+    qInstallMessageHandler(before);
+    EXPECT_EQ(coverage(QPixmap::fromImage(paper), Theme::text), 0);
+}
+
 TEST(Icons, ASignIsDarkWhereAMenuHasItOnTheAccent)
 {
     EXPECT_GT(coverage(Icons::icon("trash").pixmap(QSize(16, 16), 1, QIcon::Active), Theme::ground), 8);

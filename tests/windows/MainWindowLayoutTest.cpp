@@ -18,9 +18,12 @@ protected:
     ~MainWindowLayoutTest() override { Settings::setWindowState({}); }
 
     QTabBar &tabs() { return *window.findChild<ListsPane *>()->findChild<QTabBar *>(); }
+    /// Horizontal: between the regions; vertical: between the lists.
     static QSplitter &splitter(MainWindow &of, Qt::Orientation orientation)
     {
-        for (QSplitter *splitter : of.findChildren<QSplitter *>()) {
+        const QWidget *const around =
+            orientation == Qt::Vertical ? static_cast<QWidget *>(of.findChild<ListsPane *>()) : &of;
+        for (QSplitter *splitter : around->findChildren<QSplitter *>()) {
             if (splitter->orientation() == orientation)
                 return *splitter;
         }

@@ -52,7 +52,8 @@ void FigureBlock::Cell::show(const QString &text, const QString &words, bool isW
     Theme::colourText(*caption, isWarning ? Theme::warning : Theme::dimText);
 }
 
-void FigureBlock::show(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
+void FigureBlock::show(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases,
+                       const std::optional<WiredPorts> &wired)
 {
     const LayerFigures figures = LayerFigures::of(layers);
     setVisible(!layers.empty());
@@ -60,25 +61,34 @@ void FigureBlock::show(const std::vector<LayerPointer> &layers, qint64 volts, qi
         cell->place->setVisible(figures.walls > 0);
     m_pictures.place->setVisible(figures.walls == 0);
     if (figures.walls > 0)
-        showWalls(layers, volts, phases);
+        showWalls(layers, volts, phases, wired);
     else if (!layers.empty())
         showPictures(layers);
 }
 
-void FigureBlock::showWalls(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases)
+void FigureBlock::showWalls(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases,
+                            const std::optional<WiredPorts> &wired)
 {
     const LayerFigures figures = LayerFigures::of(layers);
     const QString off = figures.panelsOff == 0 ? QString() : ", " + NumberText::grouped(figures.panelsOff) + " off";
     m_panels.show(NumberText::grouped(figures.panels), noun("panel", figures.panels) + off);
     m_pixels.show(NumberText::grouped(figures.pixels), figures.pictures > 0 ? "pixels of the walls" : "pixels");
-    const bool isOver = figures.portsOverLimit > 0;
-    const QString over = figures.portsOverLimit == figures.ports
-                             ? QString(", over the limit")
-                             : ", " + NumberText::grouped(figures.portsOverLimit) + " over the limit";
-    m_ports.show(NumberText::grouped(figures.ports), noun("port", figures.ports) + (isOver ? over : QString()), isOver);
+    if (wired)
+        showPorts(wired->count, wired->over, wired->names);
+    else
+        showPorts(figures.ports, figures.portsOverLimit, {});
     const bool isCounted = LayerText::isPowerCounted(layers);
     m_current.show(LayerText::amperes(layers, volts, phases),
                    isCounted ? LayerText::at(volts, phases) : QString(LayerText::beyondCounting), !isCounted);
+}
+
+/// `names`: of the ports; empty: they have none.
+void FigureBlock::showPorts(qint64 count, qint64 over, const QString &names)
+{
+    QString words = names.isEmpty() ? noun("port", count) : noun("port", count) + ", " + names;
+    if (over > 0)
+        words += over == count ? QString(", over the limit") : ", " + NumberText::grouped(over) + " over the limit";
+    m_ports.show(NumberText::grouped(count), words, over > 0);
 }
 
 void FigureBlock::showPictures(const std::vector<LayerPointer> &layers)

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "facts/WiredPorts.h"
 #include "layer/Layer.h"
 
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class FigureLabel;
@@ -18,8 +20,9 @@ class FigureBlock final : public QWidget
 public:
     explicit FigureBlock(QWidget *parent = nullptr);
 
-    /// Hidden where there are no layers.
-    void show(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
+    /// Hidden where there are no layers. `wired`: the ports of the walls, where processors feed them.
+    void show(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases,
+              const std::optional<WiredPorts> &wired = {});
 
 private:
     /// A figure and, below it, what it is of.
@@ -33,7 +36,9 @@ private:
     };
 
     Cell addCell(const QString &name, int row, int column);
-    void showWalls(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases);
+    void showWalls(const std::vector<LayerPointer> &layers, qint64 volts, qint64 phases,
+                   const std::optional<WiredPorts> &wired);
+    void showPorts(qint64 count, qint64 over, const QString &names);
     void showPictures(const std::vector<LayerPointer> &layers);
 
     Cell m_panels;

@@ -4,6 +4,7 @@
 #include "app/Settings.h"
 #include "base/NumberText.h"
 #include "drawing/Raster.h"
+#include "facts/WiredPorts.h"
 #include "still/LWStill.h"
 #include "windows/Icons.h"
 #include "windows/LayerText.h"
@@ -73,6 +74,7 @@ void Inspector::makeControls()
     addChartGroup();
     addLabelsGroup();
     addDataFlowGroup();
+    addSignalGroup();
     addPowerGroup();
     addStillGroup();
     addOutputGroup();
@@ -192,8 +194,22 @@ void Inspector::addDataFlowGroup()
     m_patterns = new PatternGrid;
     connect(m_patterns, &PatternGrid::chosen, &m_document, &LWAppDelegate::choosePattern);
     m_form->addWide("Pattern of the path", m_patterns);
-    m_form->addNumberWith(portSizes(), "pixelLimit", {.tip = "Pixels that one port carries; 0: all on one"});
-    m_form->addSummary("Ports", LayerText::ports, LayerText::hasPortOverLimit);
+    QWidget *limit =
+        m_form->addNumberWith(portSizes(), "pixelLimit", {.tip = "Pixels that one port carries; 0: all on one"});
+    m_form->addShow([limit](const std::vector<LayerPointer> &layers) {
+        const auto isGiven = InspectorForm::commonValue(layers, "limitFromProcessor");
+        limit->setEnabled(!isGiven || !isGiven->toBool());
+    });
+    m_form->addSummary(
+        "Ports",
+        [this](const std::vector<LayerPointer> &layers) {
+            const auto ports = wired();
+            return ports ? ports->text() : LayerText::ports(layers);
+        },
+        [this](const std::vector<LayerPointer> &layers) {
+            const auto ports = wired();
+            return ports ? ports->over > 0 || !ports->trouble.isEmpty() : LayerText::hasPortOverLimit(layers);
+        });
 }
 
 void Inspector::addPowerGroup()
@@ -273,7 +289,7 @@ void Inspector::refresh()
     const std::vector<LayerPointer> layers = shownLayers();
     if (std::exchange(m_kinds, InspectorForm::kindsOf(layers)) != m_kinds)
         verticalScrollBar()->setValue(0);
-    m_figures->show(layers, m_document.voltageCalc(), m_document.phaseCalc());
+    m_figures->show(layers, m_document.voltageCalc(), m_document.phaseCalc(), wired());
     m_form->show(layers);
     if (layers.empty())
         return;

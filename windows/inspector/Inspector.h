@@ -11,6 +11,7 @@ class FigureBlock;
 class LWAppDelegate;
 class NumberField;
 class PatternGrid;
+struct WiredPorts;
 class QComboBox;
 class QToolButton;
 class WindowPerson;
@@ -51,6 +52,10 @@ private:
     void addChartGroup();
     void addLabelsGroup();
     void addDataFlowGroup();
+    void addSignalGroup();
+    std::vector<InspectorChoice> processors() const;
+    std::optional<WiredPorts> wired() const;
+    void keepPorts();
     void addPowerGroup();
     void addStillGroup();
     void addOutputGroup();
@@ -72,14 +77,14 @@ private:
     QWidget *m_content = nullptr; ///< null until the controls are made
     std::unique_ptr<InspectorForm> m_form;
     InspectorForm::Kinds m_kinds = InspectorForm::None; ///< as last shown
-    FigureBlock *m_figures;
-    const QWidget *m_output; ///< the top of the output's group
+    FigureBlock *m_figures = nullptr;
+    const QWidget *m_output = nullptr; ///< the top of the output's group
     bool m_isOutputFirst = false;
     int m_outputTop = 0; ///< in the content, when room was made below it
-    PatternGrid *m_patterns;
-    QComboBox *m_corners;
-    NumberField *m_outputWidth;
-    NumberField *m_outputHeight;
-    ColourButton *m_background;
-    ColourButton *m_edge;
+    PatternGrid *m_patterns = nullptr;
+    QComboBox *m_corners = nullptr;
+    NumberField *m_outputWidth = nullptr;
+    NumberField *m_outputHeight = nullptr;
+    ColourButton *m_background = nullptr;
+    ColourButton *m_edge = nullptr;
 };

@@ -11,6 +11,7 @@
 #include "windows/inspector/TextColour.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -170,10 +171,10 @@ void InspectorForm::addNumber(const QString &property, const Caption &caption, c
     addRow(words, number(words.inFull(), property, range.value_or(rangeOf(property))));
 }
 
-void InspectorForm::addNumberWith(QWidget *button, const QString &property, const Caption &caption)
+QWidget *InspectorForm::addNumberWith(QWidget *button, const QString &property, const Caption &caption)
 {
     const Caption words = worded(caption, property);
-    addControlWith(button, words, number(words.inFull(), property, rangeOf(property)));
+    return addControlWith(button, words, number(words.inFull(), property, rangeOf(property)));
 }
 
 void InspectorForm::addSwitch(const QString &property, const Caption &caption, const QString &colour)
@@ -188,19 +189,39 @@ void InspectorForm::addColour(const QString &property, const Caption &caption)
     addRow(words, colour(words.inFull(), property));
 }
 
-void InspectorForm::addText(const QString &property, const Caption &caption)
+void InspectorForm::addText(const QString &property, const Caption &caption, const QString &placeholder)
 {
     auto *field = new TextField;
     QObject::connect(field, &QLineEdit::textEdited, field,
                      [this, property](const QString &text) { m_edit(property, text); });
-    m_shows.push_back([field, property](const std::vector<LayerPointer> &layers) {
+    m_shows.push_back([field, property, placeholder](const std::vector<LayerPointer> &layers) {
         const std::optional<QVariant> value = commonValue(layers, property);
         const QString text = value ? value->toString() : QString();
-        field->setPlaceholderText(value ? QString() : "—");
+        field->setPlaceholderText(value ? placeholder : "—");
         if (field->text() != text)
             field->setText(text);
     });
     addRow(worded(caption, property), field);
+}
+
+void InspectorForm::addChoice(const QString &property, std::function<std::vector<InspectorChoice>()> choices,
+                              const Caption &caption)
+{
+    auto *box = new QComboBox;
+    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    box->setPlaceholderText("—");
+    QObject::connect(box, &QComboBox::activated, box,
+                     [this, box, property](int index) { m_edit(property, box->itemData(index)); });
+    m_shows.push_back([box, property, choices = std::move(choices)](const std::vector<LayerPointer> &layers) {
+        const std::optional<QVariant> value = commonValue(layers, property);
+        box->clear();
+        for (const auto &[text, offered] : choices())
+            box->addItem(text, offered);
+        if (value && box->findData(*value) < 0)
+            box->addItem(value->toString(), *value);
+        box->setCurrentIndex(value ? box->findData(*value) : -1);
+    });
+    addRow(worded(caption, property), box);
 }
 
 void InspectorForm::addSwitchRow(const QString &property, const QString &numberProperty, const QString &colourProperty,
@@ -228,7 +249,7 @@ void InspectorForm::addControl(const Caption &caption, QWidget *control)
     addRow(caption, control);
 }
 
-void InspectorForm::addControlWith(QWidget *button, const Caption &caption, QWidget *control)
+QWidget *InspectorForm::addControlWith(QWidget *button, const Caption &caption, QWidget *control)
 {
     auto *both = new QWidget;
     auto *row = new QHBoxLayout(both);
@@ -240,6 +261,7 @@ void InspectorForm::addControlWith(QWidget *button, const Caption &caption, QWid
     control->setToolTip(caption.tip.isEmpty() ? caption.inFull() : caption.tip);
     addRow(caption, both);
     m_rows.back().label->setBuddy(control);
+    return both;
 }
 
 void InspectorForm::addWide(const QString &name, QWidget *control)

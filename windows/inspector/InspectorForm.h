@@ -29,6 +29,15 @@ struct InspectorCaption
     const QString &inFull() const { return name.isEmpty() ? text : name; }
 };
 
+/// A value that can be chosen, and what it is called.
+struct InspectorChoice
+{
+    QString text;
+    QVariant value;
+
+    bool operator==(const InspectorChoice &) const = default;
+};
+
 /// Rows of controls, each bound to a property of the selected layers, in groups that fold.
 class InspectorForm
 {
@@ -58,8 +67,12 @@ public:
     /// A number, in the range of LayerValues where none is given.
     void addNumber(const QString &property, const Caption &caption = {}, const std::optional<NumberRange> &range = {});
     /// A number with a button that offers common values for it.
-    void addNumberWith(QWidget *button, const QString &property, const Caption &caption = {});
-    void addText(const QString &property, const Caption &caption = {});
+    /// Returns both.
+    QWidget *addNumberWith(QWidget *button, const QString &property, const Caption &caption = {});
+    void addText(const QString &property, const Caption &caption = {}, const QString &placeholder = {});
+    /// One of some values; a value that is not among them is shown as it is.
+    void addChoice(const QString &property, std::function<std::vector<InspectorChoice>()> choices,
+                   const Caption &caption = {});
     /// Turning it on gives a layer that has no such `colour` black or white, as it stands off from the panels.
     void addSwitch(const QString &property, const Caption &caption = {}, const QString &colour = {});
     void addColour(const QString &property, const Caption &caption = {});
@@ -69,12 +82,16 @@ public:
     /// Any other control; it looks after itself.
     void addControl(const Caption &caption, QWidget *control);
     /// The same with a button behind it.
-    void addControlWith(QWidget *button, const Caption &caption, QWidget *control);
+    QWidget *addControlWith(QWidget *button, const Caption &caption, QWidget *control);
     /// A control that needs the whole width.
     void addWide(const QString &name, QWidget *control);
     /// A line that is only read, made from the selected layers; a warning where `isWrong` says so.
     void addSummary(const QString &name, std::function<QString(const std::vector<LayerPointer> &)> text,
                     std::function<bool(const std::vector<LayerPointer> &)> isWrong = {});
+
+    /// Called with the selected layers, one at least, whenever they are shown.
+    using Show = std::function<void(const std::vector<LayerPointer> &layers)>;
+    void addShow(Show show) { m_shows.push_back(std::move(show)); }
 
     /// Shows what the layers have: the first is the one before the inspector.
     void show(const std::vector<LayerPointer> &layers);
@@ -105,7 +122,6 @@ private:
         QLabel *label;
         QWidget *control;
     };
-    using Show = std::function<void(const std::vector<LayerPointer> &layers)>;
 
     QToolButton *headOf(const QString &title, QWidget *body);
     QWidget *number(const QString &name, const QString &property, const NumberRange &range);
