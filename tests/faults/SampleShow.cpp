@@ -1,0 +1,63 @@
+#include "tests/faults/SampleShow.h"
+
+#include "screen/LWScreen.h"
+#include "still/LWStill.h"
+
+#include <QImage>
+
+namespace {
+LayerPointer wall(LayerHost &host, const QString &label, int row, int columns, int side)
+{
+    LWScreen::Arguments arguments;
+    arguments.row = row;
+    arguments.col = columns;
+    arguments.panelWidth = side;
+    arguments.panelHeight = side;
+    arguments.rectColor = NamedColour::orange;
+    arguments.rectColor2 = Colour::fromRgba8(0x12a456ffU);
+    arguments.bgEnable = true;
+    const auto made = LWScreen::initWithrow(host, arguments);
+    made->setLabel(label);
+    return made;
+}
+
+QImage plate(const QSize &size)
+{
+    QImage picture(size, QImage::Format_RGB32);
+    quint32 noise = 1; // no file of it is small
+    for (int y = 0; y < size.height(); ++y) {
+        for (int x = 0; x < size.width(); ++x) {
+            noise = noise * 1664525 + 1013904223;
+            picture.setPixel(x, y, noise >> 8 | 0xff000000);
+        }
+    }
+    return picture;
+}
+} // namespace
+
+Project sampleShow(LayerHost &host, const QString &folder, bool large)
+{
+    const QString path = folder + "/plate.png";
+    const QImage picture = plate(large ? QSize(900, 700) : QSize(40, 30));
+    if (!picture.save(path))
+        qFatal("%s: cannot be written", qUtf8Printable(path));
+    const auto still = LWStill::initWithimage(host, picture);
+    still->setImageURL({"file://" + path, {}});
+    still->setLabel("PLATE");
+
+    Project show{large ? 900 : 120, large ? 1500 : 200, {}};
+    show.layers = {wall(host, "LEFT", 2, 3, 16), wall(host, "MAIN", large ? 7 : 2, large ? 9 : 2, large ? 96 : 12),
+                   wall(host, "RIGHT", 1, 2, 16), still};
+    if (large) {
+        UnknownContent unknown;
+        unknown.ofRoot.push_back({QByteArray(3 << 20, 'u')});
+        show.unknown = std::make_shared<const UnknownContent>(unknown);
+    }
+    return show;
+}
+
+std::vector<LayerPointer> samplePresets(LayerHost &host, bool large)
+{
+    const QString name(large ? 1 << 20 : 8, 'p');
+    return {wall(host, name, 2, 2, 8), wall(host, "second", 1, 4, 8)};
+}
