@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Checks.h"
 #include "app/KeptPresets.h"
 #include "app/KnownFiles.h"
 #include "app/Person.h"
@@ -80,6 +81,8 @@ public:
     /// Its processors, and what hangs on them.
     Wiring &wiring() { return m_wiring; }
     const Wiring &wiring() const { return m_wiring; }
+    /// What may be wrong in it.
+    Checks &checks() { return m_checks; }
     /// Undo and redo.
     QUndoStack &undoStack() { return m_history.stack(); }
     /// What a project file of the document holds; the layers are the document's own.
@@ -361,6 +364,7 @@ private:
     ShowNews m_news;
     Redraw m_redraw{[this] { compose(); }, [this] { showRedrawn(); }};
     Wiring m_wiring{*this};
+    Checks m_checks{*this};
     std::optional<RecoveryCopy> m_recovery;
     std::optional<KeptPresets> m_keptPresets; ///< nullopt: they go with the document
     std::shared_ptr<DocumentFile> m_file = std::make_shared<DocumentFile>();

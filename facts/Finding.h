@@ -26,4 +26,6 @@ struct Finding
     QString processor = {};              ///< the name of the processor that it is about; empty: none
     std::optional<PixelBox> box = {};    ///< where it is on the output; nullopt: nowhere, or where the layer is
     QString sentence;                    ///< what is wrong and what to do
+
+    bool operator==(const Finding &) const = default;
 };

@@ -49,10 +49,7 @@ constexpr std::array checks{&powerUncounted, &outputTooLargeForPsd, &unknownValu
 void markMeant(std::vector<Finding> &findings, const std::vector<LayerPointer> &layers)
 {
     for (Finding &finding : findings) {
-        if (!finding.layer)
-            continue;
-        const auto &meant = layers[static_cast<std::size_t>(*finding.layer)]->record()->meant;
-        if (meant && meant->contains(QLatin1StringView(finding.check)))
+        if (finding.layer && ShowChecks::isMeant(*layers[static_cast<std::size_t>(*finding.layer)], finding.check))
             finding.level = Level::Meant;
     }
 }
@@ -83,6 +80,12 @@ std::vector<Finding> of(const Project &project, const ShowPorts &ports)
     }
     markMeant(findings, project.layers);
     return findings;
+}
+
+bool isMeant(const Layer &layer, const char *check)
+{
+    const LayerRecordPointer record = layer.record();
+    return record->meant && record->meant->contains(QLatin1StringView(check));
 }
 
 } // namespace ShowChecks

@@ -16,4 +16,7 @@ std::vector<Finding> of(const Project &project);
 /// With its ports, where they are known already.
 std::vector<Finding> of(const Project &project, const ShowPorts &ports);
 
+/// Whether somebody means what that check finds in the layer, see LayerRecord::meant.
+bool isMeant(const Layer &layer, const char *check);
+
 } // namespace ShowChecks
