@@ -3,6 +3,7 @@
 #include "base/DecimalText.h"
 #include "base/NumberText.h"
 #include "facts/LayerChecks.h"
+#include "facts/ShowChecks.h"
 #include "facts/LayerFigures.h"
 #include "facts/Load.h"
 #include "facts/WallPorts.h"
@@ -144,8 +145,10 @@ QString picture(const std::vector<LayerPointer> &layers)
 QStringList warnings(const Layer &layer, const QSize &output)
 {
     QStringList all;
-    for (const Finding &finding : LayerChecks::whileEditing(layer, output))
-        all.append(finding.sentence);
+    for (const Finding &finding : LayerChecks::whileEditing(layer, output)) {
+        if (!ShowChecks::isMeant(layer, finding.check))
+            all.append(finding.sentence);
+    }
     return all;
 }
 

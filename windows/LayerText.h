@@ -34,7 +34,7 @@ bool isPowerCounted(const std::vector<LayerPointer> &layers);
 inline constexpr QLatin1StringView beyondCounting{"beyond what can be counted"};
 /// "1,920 × 1,080 px, shown at 50 %"; what is wrong where there is no picture; "2 pictures".
 QString picture(const std::vector<LayerPointer> &layers);
-/// The sentences of LayerChecks::whileEditing().
+/// The sentences of LayerChecks::whileEditing(), without what is meant.
 QStringList warnings(const Layer &layer, const QSize &output);
 
 } // namespace LayerText

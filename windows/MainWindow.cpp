@@ -14,7 +14,7 @@
 #include "windows/PresetPanel.h"
 #include "windows/Theme.h"
 #include "windows/inspector/Inspector.h"
-#include "windows/ports/PortsPane.h"
+#include "windows/tables/TablesPane.h"
 
 #include <QCloseEvent>
 #include <QDataStream>
@@ -97,10 +97,8 @@ QWidget *MainWindow::layersPanel()
     auto *column = new QVBoxLayout(panel);
     column->setContentsMargins(0, Theme::edge, 0, 0);
     column->setSpacing(Theme::gap);
-    m_layerTable =
-        new LayerTable(m_document.arraycontroller(), "Layers", LayerDelegate::Kind::Layers, [this](const Layer &layer) {
-            return LayerText::warnings(layer, {m_document.OutputWidth(), m_document.OutputHeight()});
-        });
+    m_layerTable = new LayerTable(m_document.arraycontroller(), "Layers", LayerDelegate::Kind::Layers,
+                                  [this](const Layer &layer) { return m_checks.sentences(layer); });
     m_layerTable->setObjectName("mainTView");
     m_layersHead = new QHBoxLayout;
     m_layersHead->setContentsMargins(Theme::edge, 0, Theme::edge, 0);
@@ -178,7 +176,7 @@ void MainWindow::makeLateParts()
         return;
     setWindowIcon(QIcon(":/windows/wallwright.svg"));
     m_presetPanel = new PresetPanel(m_document);
-    addPortsPane();
+    addTablesPane();
     fillMenus();
     m_canvasPane->showIcons();
     QLabel *title = Theme::title("Layers", m_layerTable);
@@ -191,36 +189,38 @@ void MainWindow::makeLateParts()
     orderFocus();
 }
 
-void MainWindow::addPortsPane()
+void MainWindow::addTablesPane()
 {
-    m_portsPane = new PortsPane(m_document, m_middle);
-    m_middle->addWidget(m_portsPane);
+    m_tablesPane = new TablesPane(m_document, m_checks, m_middle);
+    m_middle->addWidget(m_tablesPane);
     m_middle->setStretchFactor(0, 1);
     m_middle->setStretchFactor(1, 0);
-    connect(m_portsPane, &PortsPane::openDidChange, this, &MainWindow::givePortsRoom);
-    connect(m_middle, &QSplitter::splitterMoved, this, [this] { m_portsHeight = m_middle->sizes().last(); });
-    m_portsPane->setOpen(m_arePortsOpen);
-    givePortsRoom(m_arePortsOpen);
-    connect(m_portsPane, &PortsPane::asked, this, &MainWindow::showPort);
-    connect(m_portsPane, &PortsPane::failureTold, m_powerBar, &PowerBar::showFailure);
+    m_tablesPane->setCurrentPage(static_cast<TablesPane::Page>(m_tablesLayout.page));
+    m_tablesPane->setOpen(m_tablesLayout.areOpen);
+    giveTablesRoom();
+    connect(m_tablesPane, &TablesPane::didTurn, this, &MainWindow::giveTablesRoom);
+    connect(m_middle, &QSplitter::splitterMoved, this, [this] { m_tablesLayout.height = m_middle->sizes().last(); });
+    connect(m_tablesPane, &TablesPane::asked, this, &MainWindow::showAsked);
+    connect(m_tablesPane, &TablesPane::failureTold, m_powerBar, &PowerBar::showFailure);
 }
 
-/// All of it is the canvas' while the table is folded.
-void MainWindow::givePortsRoom(bool areOpen)
+/// All of it is the canvas' while the tables are folded.
+void MainWindow::giveTablesRoom()
 {
-    m_arePortsOpen = areOpen;
-    const int height = areOpen ? m_portsHeight : 0;
+    m_tablesLayout.areOpen = m_tablesPane->isOpen();
+    m_tablesLayout.page = m_tablesPane->currentPage();
+    const int height = m_tablesLayout.areOpen ? m_tablesLayout.height : 0;
     m_middle->setSizes({m_middle->height() - height, height});
 }
 
-/// The walls are selected, and the port is brought into sight.
-void MainWindow::showPort(const std::vector<qsizetype> &layers, const QRectF &pixels)
+/// The layers are selected, and the place is brought into sight.
+void MainWindow::showAsked(const std::vector<qsizetype> &layers, const QRectF &pixels)
 {
-    if (layers.empty())
-        return;
-    std::vector<qsizetype> rows = layers;
-    std::sort(rows.begin(), rows.end());
-    m_document.arraycontroller().setSelectionIndexes(std::move(rows), layers.front());
+    if (!layers.empty()) {
+        std::vector<qsizetype> rows = layers;
+        std::sort(rows.begin(), rows.end());
+        m_document.arraycontroller().setSelectionIndexes(std::move(rows), layers.front());
+    }
     m_canvas->bringIntoSight(pixels);
 }
 
@@ -230,7 +230,7 @@ void MainWindow::orderFocus()
     QWidget *last = m_lists->tabs();
     QWidget *const layers = m_layerTable->parentWidget();
     for (const QWidget *region :
-         std::initializer_list<QWidget *>{layers, m_presetPanel, m_canvasPane, m_portsPane, m_inspector, m_powerBar}) {
+         std::initializer_list<QWidget *>{layers, m_presetPanel, m_canvasPane, m_tablesPane, m_inspector, m_powerBar}) {
         for (QWidget *control : region->findChildren<QWidget *>()) {
             const bool takesTab = (control->focusPolicy() & Qt::TabFocus) != 0;
             if (!takesTab || control->focusProxy() || control->window() != this)
@@ -246,6 +246,7 @@ void MainWindow::connectDocument()
     connect(&m_document, &LWAppDelegate::changed, m_canvas, &LWCanvasImageView::showChanges);
     connect(&m_document, &LWAppDelegate::changed, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_document, &LWAppDelegate::changed, this, &MainWindow::showPower);
+    connect(&m_checks, &RestedChecks::rested, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_document, &LWAppDelegate::composed, m_canvas, &LWCanvasImageView::showOutput);
     connect(&m_document, &LWAppDelegate::composed, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_person, &WindowPerson::sheetAsked, &m_sheets, &Sheets::begin);
@@ -320,7 +321,7 @@ void MainWindow::rememberLayout() const
     QByteArray state;
     QDataStream stream(&state, QIODevice::WriteOnly);
     stream << (m_listsSide->isFolded() ? m_unfoldedRegions : m_regions->saveState()) << m_lists->saveState();
-    stream << m_arePortsOpen << m_portsHeight;
+    stream << m_tablesLayout.areOpen << m_tablesLayout.height << m_tablesLayout.page;
     Settings::setWindowGeometry(saveGeometry());
     Settings::setWindowState(state);
 }
@@ -331,13 +332,10 @@ void MainWindow::restoreLayout()
     QByteArray lists;
     QDataStream state(Settings::windowState());
     state >> regions >> lists;
-    bool arePortsOpen = false;
-    int portsHeight = 0;
-    state >> arePortsOpen >> portsHeight;
-    if (portsHeight > 0) {
-        m_arePortsOpen = arePortsOpen;
-        m_portsHeight = portsHeight;
-    }
+    TablesLayout tables;
+    state >> tables.areOpen >> tables.height >> tables.page;
+    if (tables.height > 0 && tables.page >= 0 && tables.page < TablesPane::PageCount)
+        m_tablesLayout = tables;
     m_regions->restoreState(regions);
     m_lists->restoreState(lists);
 }

@@ -4,6 +4,7 @@
 #include "windows/CanvasLink.h"
 #include "windows/Sheets.h"
 #include "windows/WindowPerson.h"
+#include "windows/checks/RestedChecks.h"
 
 #include <QKeySequence>
 #include <QMainWindow>
@@ -22,13 +23,13 @@ class ListsPane;
 class LWCanvasImageView;
 class NoticeBar;
 class PresetPanel;
+class TablesPane;
 class QHBoxLayout;
 class QVBoxLayout;
 class QMenu;
 class QSplitter;
 class QToolButton;
 class OutputPreview;
-class PortsPane;
 class PowerBar;
 
 /// The main window and the document in it: the menus, the layer table, the composed output and the power line.
@@ -93,7 +94,7 @@ private:
     void addOrder(QMenu &menu);
     void addTools(QMenu &menu);
     void addPreview(QMenu &menu);
-    void addPorts(QMenu &menu);
+    void addTables(QMenu &menu);
     void listDisplays(QMenu &menu);
     OutputPreview &outputPreview();
     void showPreviewOnDisplay();
@@ -111,9 +112,9 @@ private:
     void removeSelected();
     QToolButton *headButton(const QString &sign, const QString &name, const QString &tip);
     void addViews();
-    void addPortsPane();
-    void givePortsRoom(bool areOpen);
-    void showPort(const std::vector<qsizetype> &layers, const QRectF &pixels);
+    void addTablesPane();
+    void giveTablesRoom();
+    void showAsked(const std::vector<qsizetype> &layers, const QRectF &pixels);
     void connectDocument();
     void connectViews();
     void showPower();
@@ -135,6 +136,7 @@ private:
     WindowPerson m_person{*this};
     LWAppDelegate m_document{m_person, RecoveryFolder::standardPath(), PresetStore::standardPath()};
     CanvasLink m_canvasLink{m_document};
+    RestedChecks m_checks{m_document, this};
     QVBoxLayout *m_column; ///< notices, regions and power line
     QPointer<NoticeBar> m_unsavedWork;
     QPointer<NoticeBar> m_changedElsewhere;
@@ -150,12 +152,18 @@ private:
     ListsPane *m_lists;
     PresetPanel *m_presetPanel = nullptr; ///< null until makeLateParts()
     Inspector *m_inspector;
-    QSplitter *m_middle;         ///< the canvas, and the ports below it
-    int m_portsHeight = 200;     ///< of the table, when it is open
-    bool m_arePortsOpen = false; ///< as they were left
+    QSplitter *m_middle; ///< the canvas, and the tables below it
+    /// Of the tables, as they were left.
+    struct TablesLayout
+    {
+        bool areOpen = false;
+        int height = 200; ///< when they are open
+        int page = 0;     ///< a TablesPane::Page
+    };
+    TablesLayout m_tablesLayout;
     CanvasPane *m_canvasPane;
-    PortsPane *m_portsPane = nullptr; ///< null until makeLateParts()
-    LWCanvasImageView *m_canvas;      ///< the pane's
+    TablesPane *m_tablesPane = nullptr; ///< null until makeLateParts()
+    LWCanvasImageView *m_canvas;        ///< the pane's
     PowerBar *m_powerBar;
     Sheets m_sheets{m_document, *this};
     OutputPreview *m_preview = nullptr; ///< made when it is first shown

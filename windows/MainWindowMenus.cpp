@@ -11,7 +11,7 @@
 #include "windows/PowerBar.h"
 #include "windows/PresetPanel.h"
 #include "windows/ports/CableMenu.h"
-#include "windows/ports/PortsPane.h"
+#include "windows/tables/TablesPane.h"
 
 #include <QActionGroup>
 #include <QClipboard>
@@ -199,7 +199,7 @@ void MainWindow::fillViewMenu(QMenu &menu)
     menu.addSeparator();
     menu.addAction("&Lists", Qt::Key_F9, m_listsSide, &FoldingSide::toggle);
     menu.addAction("&Inspector", Qt::Key_F10, m_inspectorSide, &FoldingSide::toggle);
-    addPorts(menu);
+    addTables(menu);
     menu.addSeparator();
     menu.addAction(Icons::icon("zoom-in"), "&Zoom in", QKeySequence::ZoomIn, m_canvas, &LWCanvasImageView::zoomIn);
     menu.addAction(Icons::icon("zoom-out"), "Zoom &out", QKeySequence::ZoomOut, m_canvas, &LWCanvasImageView::zoomOut);
@@ -209,12 +209,17 @@ void MainWindow::fillViewMenu(QMenu &menu)
     addPreview(menu);
 }
 
-void MainWindow::addPorts(QMenu &menu)
+void MainWindow::addTables(QMenu &menu)
 {
-    QAction *ports = menu.addAction("Por&ts", m_portsPane, &PortsPane::toggle);
-    ports->setCheckable(true);
-    connect(m_portsPane, &PortsPane::openDidChange, ports, &QAction::setChecked);
-    ports->setChecked(m_portsPane->isOpen());
+    const auto add = [&](const QString &title, TablesPane::Page page) {
+        QAction *action = menu.addAction(title, m_tablesPane, [this, page] { m_tablesPane->toggle(page); });
+        action->setCheckable(true);
+        const auto check = [this, action, page] { action->setChecked(m_tablesPane->isOpenAt(page)); };
+        connect(m_tablesPane, &TablesPane::didTurn, action, check);
+        check();
+    };
+    add("Por&ts", TablesPane::Ports);
+    add("Chec&ks", TablesPane::Checks);
 }
 
 void MainWindow::addTools(QMenu &menu)

@@ -1,9 +1,11 @@
-#include "windows/ports/PortsPane.h"
+#include "windows/ports/PortsPage.h"
 
 #include "canvas/LWCanvasImageView.h"
 #include "tests/app/RedrawGate.h"
 #include "tests/windows/PortsFixture.h"
 #include "windows/Theme.h"
+#include "windows/tables/RowTable.h"
+#include "windows/tables/TablesPane.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -17,11 +19,11 @@
 #include <QTimer>
 
 namespace {
-class PortsPaneTest : public PortsFixture
+class PortsPageTest : public PortsFixture
 {
 protected:
-    PortsPane &pane() { return *window.findChild<PortsPane *>(); }
-    QTableView &ports() { return *pane().findChild<QTableView *>(); }
+    TablesPane &pane() { return *window.findChild<TablesPane *>(); }
+    QTableView &ports() { return *pane().findChild<PortsPage *>()->findChild<RowTable *>(); }
     QString cell(int row, int column)
     {
         EXPECT_FALSE(ports().isColumnHidden(column)) << column;
@@ -30,7 +32,7 @@ protected:
     QLabel &state()
     {
         for (QLabel *label : pane().findChildren<QLabel *>()) {
-            if (label->accessibleName() == "State of the ports")
+            if (label->accessibleName() == "State of the tables")
                 return *label;
         }
         qFatal("the head says nothing");
@@ -54,7 +56,7 @@ protected:
 };
 } // namespace
 
-TEST_F(PortsPaneTest, WithoutProcessorsItTakesNoRoomUntilItIsAskedFor)
+TEST_F(PortsPageTest, WithoutProcessorsItTakesNoRoomUntilItIsAskedFor)
 {
     EXPECT_FALSE(pane().isVisible());
     const int before = canvas().height();
@@ -67,7 +69,7 @@ TEST_F(PortsPaneTest, WithoutProcessorsItTakesNoRoomUntilItIsAskedFor)
     EXPECT_EQ(canvas().height(), before);
 }
 
-TEST_F(PortsPaneTest, WithoutProcessorsItShowsTheRunsOfTheLimit)
+TEST_F(PortsPageTest, WithoutProcessorsItShowsTheRunsOfTheLimit)
 {
     choosePorts();
     ASSERT_EQ(ports().model()->rowCount(), 6);
@@ -80,7 +82,7 @@ TEST_F(PortsPaneTest, WithoutProcessorsItShowsTheRunsOfTheLimit)
         EXPECT_TRUE(ports().isColumnHidden(column)) << column;
 }
 
-TEST_F(PortsPaneTest, WithAProcessorItsHeadSaysHowManyPortsAndTheWorst)
+TEST_F(PortsPageTest, WithAProcessorItsHeadSaysHowManyPortsAndTheWorst)
 {
     addProcessor();
     EXPECT_TRUE(pane().isVisible());
@@ -93,7 +95,7 @@ TEST_F(PortsPaneTest, WithAProcessorItsHeadSaysHowManyPortsAndTheWorst)
     EXPECT_FALSE(pane().isVisible());
 }
 
-TEST_F(PortsPaneTest, EachRowIsAPortOfTheProcessor)
+TEST_F(PortsPageTest, EachRowIsAPortOfTheProcessor)
 {
     addProcessor();
     clickHead();
@@ -112,7 +114,7 @@ TEST_F(PortsPaneTest, EachRowIsAPortOfTheProcessor)
     EXPECT_FALSE(ports().isVisible());
 }
 
-TEST_F(PortsPaneTest, EditsAreShownAtOnceAndTheCurrentRowStays)
+TEST_F(PortsPageTest, EditsAreShownAtOnceAndTheCurrentRowStays)
 {
     addProcessor();
     clickHead();
@@ -125,7 +127,7 @@ TEST_F(PortsPaneTest, EditsAreShownAtOnceAndTheCurrentRowStays)
     EXPECT_EQ(ports().currentIndex().row(), 5);
 }
 
-TEST_F(PortsPaneTest, AClickSelectsTheWallsAndBringsThePortIntoSight)
+TEST_F(PortsPageTest, AClickSelectsTheWallsAndBringsThePortIntoSight)
 {
     addProcessor();
     clickHead();
@@ -142,7 +144,7 @@ TEST_F(PortsPaneTest, AClickSelectsTheWallsAndBringsThePortIntoSight)
     EXPECT_LE(canvas().pixelAt({0, 0}).value().x(), 0);
 }
 
-TEST_F(PortsPaneTest, TheKeyboardReachesARowAndAsksForIt)
+TEST_F(PortsPageTest, TheKeyboardReachesARowAndAsksForIt)
 {
     addProcessor();
     choosePorts();
@@ -155,7 +157,7 @@ TEST_F(PortsPaneTest, TheKeyboardReachesARowAndAsksForIt)
     EXPECT_EQ(ports().accessibleName(), "Ports");
 }
 
-TEST_F(PortsPaneTest, APortWithoutAFigureHasADashAndTheReasonAsItsTip)
+TEST_F(PortsPageTest, APortWithoutAFigureHasADashAndTheReasonAsItsTip)
 {
     addProcessor("HELIOS 8K"); // has no 8 bit
     clickHead();
@@ -166,7 +168,7 @@ TEST_F(PortsPaneTest, APortWithoutAFigureHasADashAndTheReasonAsItsTip)
     EXPECT_EQ(cell(0, PortsModel::Used), "—");
 }
 
-TEST_F(PortsPaneTest, AClickAddsTheProcessorsThatAreMissing)
+TEST_F(PortsPageTest, AClickAddsTheProcessorsThatAreMissing)
 {
     addProcessor();
     document.setValue(100, "arrangedObjects.row");
@@ -180,7 +182,7 @@ TEST_F(PortsPaneTest, AClickAddsTheProcessorsThatAreMissing)
     EXPECT_EQ(document.wiring().processors().size(), 1);
 }
 
-TEST_F(PortsPaneTest, ItsMenuLeavesNothingBehindHoweverOftenItComesUp)
+TEST_F(PortsPageTest, ItsMenuLeavesNothingBehindHoweverOftenItComesUp)
 {
     choosePorts();
     QMenu *menu = nullptr;
@@ -194,7 +196,7 @@ TEST_F(PortsPaneTest, ItsMenuLeavesNothingBehindHoweverOftenItComesUp)
     EXPECT_EQ(menu->findChildren<QObject *>().size(), objects);
 }
 
-TEST_F(PortsPaneTest, ItsMenuAddsAProcessorAndTakesItAwayAgain)
+TEST_F(PortsPageTest, ItsMenuAddsAProcessorAndTakesItAwayAgain)
 {
     choosePorts();
     const auto chooseProcessor = [this](const QStringList &titles) {
@@ -239,7 +241,7 @@ TEST_F(PortsPaneTest, ItsMenuAddsAProcessorAndTakesItAwayAgain)
     EXPECT_EQ(document.wiring().processors().size(), 2);
 }
 
-TEST_F(PortsPaneTest, ItIsOpenAtTheNextStartWhereItWasLeftOpen)
+TEST_F(PortsPageTest, ItIsOpenAtTheNextStartWhereItWasLeftOpen)
 {
     choosePorts();
     const int height = pane().height();
@@ -248,12 +250,12 @@ TEST_F(PortsPaneTest, ItIsOpenAtTheNextStartWhereItWasLeftOpen)
     MainWindow next;
     next.start();
     next.makeLateParts();
-    EXPECT_EQ(next.findChild<PortsPane *>()->height(), height);
-    EXPECT_TRUE(next.findChild<PortsPane *>()->isOpen());
-    EXPECT_TRUE(next.findChild<PortsPane *>()->isVisible());
+    EXPECT_EQ(next.findChild<TablesPane *>()->height(), height);
+    EXPECT_TRUE(next.findChild<TablesPane *>()->isOpen());
+    EXPECT_TRUE(next.findChild<TablesPane *>()->isVisible());
 }
 
-TEST_F(PortsPaneTest, AShowThatIsThereBeforeItHasItFolded)
+TEST_F(PortsPageTest, AShowThatIsThereBeforeItHasItFolded)
 {
     addProcessor();
     pressControl(Qt::Key_S, {entering(path("show.Orv"))});
@@ -263,11 +265,11 @@ TEST_F(PortsPaneTest, AShowThatIsThereBeforeItHasItFolded)
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&next));
     next.makeLateParts();
     QApplication::processEvents();
-    EXPECT_TRUE(next.findChild<PortsPane *>()->isVisible());
-    EXPECT_LT(next.findChild<PortsPane *>()->height(), 50);
+    EXPECT_TRUE(next.findChild<TablesPane *>()->isVisible());
+    EXPECT_LT(next.findChild<TablesPane *>()->height(), 50);
 }
 
-TEST_F(PortsPaneTest, ItIsWholeInTheSmallestWindow)
+TEST_F(PortsPageTest, ItIsWholeInTheSmallestWindow)
 {
     addProcessor();
     choosePorts();

@@ -1,0 +1,214 @@
+#include "windows/checks/ChecksPage.h"
+
+#include "canvas/LWCanvasImageView.h"
+#include "tests/app/RedrawGate.h"
+#include "tests/windows/PortsFixture.h"
+#include "windows/Theme.h"
+#include "windows/checks/ChecksModel.h"
+#include "windows/checks/RestedChecks.h"
+#include "windows/tables/RowTable.h"
+#include "windows/tables/TablesPane.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+class ChecksPageTest : public PortsFixture
+{
+protected:
+    TablesPane &pane() { return *window.findChild<TablesPane *>(); }
+    ChecksPage &page() { return *window.findChild<ChecksPage *>(); }
+    RowTable &checks() { return *page().findChild<RowTable *>(); }
+    QString cell(int row, int column) { return checks().model()->index(row, column).data().toString(); }
+    QLabel &state()
+    {
+        for (QLabel *label : pane().findChildren<QLabel *>()) {
+            if (label->accessibleName() == "State of the tables")
+                return *label;
+        }
+        qFatal("the head says nothing");
+    }
+    QColor stateColour() { return state().palette().color(QPalette::WindowText); }
+    QPushButton &meant() { return *dynamic_cast<QPushButton *>(page().tools()); }
+    /// What a person waits for.
+    void rest()
+    {
+        auto &rested = *window.findChild<RestedChecks *>();
+        QSignalSpy spy(&rested, &RestedChecks::rested);
+        EXPECT_TRUE(spy.wait());
+    }
+    void open()
+    {
+        choose({"View", "Checks"});
+        QApplication::processEvents();
+    }
+    void clickRow(int row)
+    {
+        const QRect place = checks().visualRect(checks().model()->index(row, ChecksModel::What));
+        QTest::mouseClick(checks().viewport(), Qt::LeftButton, {}, place.center());
+    }
+    QStringList sentencesOf(qsizetype row) { return window.findChild<RestedChecks *>()->sentences(*layer(row)); }
+    /// SIDE stands over MAIN, and its port is over.
+    void makeWrong()
+    {
+        layer(1)->setXpoint(2000);
+        layer(1)->setPixelLimit(1000);
+        document.finishEdit("place");
+    }
+};
+} // namespace
+
+TEST_F(ChecksPageTest, AShowWithoutFaultsSaysSo)
+{
+    open();
+    EXPECT_TRUE(checks().hasFocus());
+    EXPECT_EQ(checks().model()->rowCount(), 0);
+    EXPECT_EQ(state().text(), "nothing is wrong");
+    EXPECT_EQ(stateColour(), Theme::dimText);
+    EXPECT_EQ(page().title(), "Checks");
+}
+
+TEST_F(ChecksPageTest, TheWorstComesFirstWithItsPlaceAndWhatToDo)
+{
+    open();
+    makeWrong();
+    EXPECT_EQ(checks().model()->rowCount(), 0); // until nobody edits any more
+    rest();
+    ASSERT_EQ(checks().model()->rowCount(), 2);
+    EXPECT_EQ(cell(0, ChecksModel::Level), "Error");
+    EXPECT_EQ(cell(0, ChecksModel::Where), "SIDE");
+    EXPECT_TRUE(cell(0, ChecksModel::What).startsWith("One row of panels has 32,768 px")) << qPrintable(cell(0, 2));
+    EXPECT_EQ(cell(1, ChecksModel::Level), "Warning");
+    EXPECT_EQ(cell(1, ChecksModel::Where), "MAIN");
+    EXPECT_EQ(page().title(), "Checks (2)");
+    EXPECT_EQ(state().text(), "1 error, 1 warning");
+    EXPECT_EQ(stateColour(), Theme::danger);
+    undo();
+    rest();
+    EXPECT_EQ(checks().model()->rowCount(), 0);
+    EXPECT_EQ(page().title(), "Checks");
+}
+
+TEST_F(ChecksPageTest, TheRowOfALayerSaysTheSame)
+{
+    makeWrong();
+    EXPECT_EQ(sentencesOf(1).size(), 1); // at once
+    EXPECT_EQ(sentencesOf(0).size(), 0);
+    rest();
+    open();
+    ASSERT_EQ(checks().model()->rowCount(), 2);
+    EXPECT_EQ(sentencesOf(1), QStringList{cell(0, ChecksModel::What)});
+    EXPECT_EQ(sentencesOf(0), QStringList{cell(1, ChecksModel::What)});
+}
+
+TEST_F(ChecksPageTest, AClickSelectsTheLayerAndBringsThePlaceIntoSight)
+{
+    open();
+    makeWrong();
+    rest();
+    waitForRedraws(document);
+    QApplication::processEvents();
+    canvas().setZoom(400);
+    clickRow(1); // of MAIN, where SIDE lies
+    EXPECT_EQ(list().selectionIndexes(), std::vector<qsizetype>{0});
+    EXPECT_EQ(canvas().pixelAt({0, 0}).value().x(), 2000);
+    list().setSelectionIndex(0);
+    QTest::keyClick(&checks(), Qt::Key_Up);
+    QTest::keyClick(&checks(), Qt::Key_Return);
+    EXPECT_EQ(list().selectionIndex(), 1);
+}
+
+TEST_F(ChecksPageTest, WhatIsMeantCountsAsNothingAndIsStillShown)
+{
+    open();
+    makeWrong();
+    rest();
+    EXPECT_FALSE(meant().isEnabled());
+    clickRow(0);
+    EXPECT_TRUE(meant().isEnabled());
+    EXPECT_FALSE(meant().isChecked());
+    QTest::mouseClick(&meant(), Qt::LeftButton);
+    ASSERT_EQ(checks().model()->rowCount(), 2);
+    EXPECT_EQ(cell(1, ChecksModel::Level), "Meant");
+    EXPECT_EQ(cell(1, ChecksModel::Where), "SIDE");
+    EXPECT_EQ(checks().currentIndex().row(), 1); // it stays the chosen one
+    EXPECT_TRUE(meant().isChecked());
+    EXPECT_EQ(state().text(), "1 warning");
+    EXPECT_EQ(stateColour(), Theme::warning);
+    EXPECT_TRUE(sentencesOf(1).isEmpty());
+    EXPECT_EQ(*layer(1)->record()->meant, QStringList{"port-over-limit"});
+
+    QTest::mouseClick(&meant(), Qt::LeftButton);
+    EXPECT_EQ(state().text(), "1 error, 1 warning");
+    EXPECT_FALSE(layer(1)->record()->meant.has_value());
+    undo();
+    EXPECT_TRUE(layer(1)->record()->meant.has_value());
+    undo();
+    EXPECT_FALSE(layer(1)->record()->meant.has_value());
+}
+
+TEST_F(ChecksPageTest, WhatIsOfNoLayerCannotBeMeant)
+{
+    addProcessor();
+    open();
+    document.setValue(100, "arrangedObjects.row");
+    rest();
+    int ofShow = -1;
+    for (int row = 0; row < checks().model()->rowCount(); ++row) {
+        if (cell(row, ChecksModel::Where) == "processor A")
+            ofShow = row;
+    }
+    ASSERT_GE(ofShow, 0);
+    checks().selectRow(ofShow);
+    EXPECT_FALSE(meant().isEnabled());
+    EXPECT_EQ(list().selectionIndex(), 0);
+}
+
+TEST_F(ChecksPageTest, FoldedItsHeadSaysTheWorstOfAllTables)
+{
+    addProcessor();
+    EXPECT_EQ(state().text(), "6 ports, 5 ports nearly full");
+    layer(1)->setXpoint(2000);
+    document.finishEdit("place");
+    rest();
+    EXPECT_EQ(state().text(), "6 ports, 5 ports nearly full"); // as bad as a wall over another
+    layer(1)->setValue("processor", "");
+    layer(1)->setPixelLimit(1000);
+    document.finishEdit("limit");
+    rest();
+    EXPECT_EQ(state().text(), "1 error, 1 warning");
+    EXPECT_EQ(stateColour(), Theme::danger);
+    choose({"View", "Ports"});
+    EXPECT_EQ(state().text(), "5 ports, 5 ports nearly full"); // of the open one
+}
+
+TEST_F(ChecksPageTest, ALayerThatHasGoneIsAskedForInVain)
+{
+    open();
+    makeWrong();
+    rest();
+    list().setLayers({layer(0)}, {0});
+    document.finishEdit("delete");
+    clickRow(0);
+    EXPECT_EQ(list().selectionIndex(), 0);
+    rest();
+    EXPECT_EQ(checks().model()->rowCount(), 0);
+}
+
+TEST_F(ChecksPageTest, TheTabThatIsOpenFoldsAndAnotherComesForward)
+{
+    open();
+    click(pane(), "Ports");
+    QApplication::processEvents();
+    EXPECT_FALSE(checks().isVisible());
+    EXPECT_TRUE(pane().isOpenAt(TablesPane::Ports));
+    click(pane(), "Checks");
+    QApplication::processEvents();
+    EXPECT_TRUE(checks().isVisible());
+    click(pane(), "Checks");
+    QApplication::processEvents();
+    EXPECT_FALSE(pane().isVisible());
+}

@@ -1,0 +1,145 @@
+#include "windows/checks/ChecksPage.h"
+
+#include "app/LWAppDelegate.h"
+#include "base/NumberText.h"
+#include "screen/LWScreen.h"
+#include "windows/Theme.h"
+#include "windows/checks/RestedChecks.h"
+#include "windows/tables/RowTable.h"
+
+#include <QHeaderView>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+qint64 countOf(const std::vector<Finding> &findings, Finding::Level level)
+{
+    return std::ranges::count(findings, level, &Finding::level);
+}
+
+/// "2 errors, 1 warning"; empty: there is none of either.
+QString countsOf(const std::vector<Finding> &findings)
+{
+    QStringList parts;
+    if (const qint64 errors = countOf(findings, Finding::Level::Error); errors > 0)
+        parts.append(NumberText::counted(errors, "error"));
+    if (const qint64 warnings = countOf(findings, Finding::Level::Warning); warnings > 0)
+        parts.append(NumberText::counted(warnings, "warning"));
+    return parts.join(", ");
+}
+
+/// What a row is about, whatever it says of it.
+bool isSameMatter(const Finding &left, const Finding &right)
+{
+    return left.check == right.check && left.layer == right.layer && left.cell == right.cell &&
+           left.processor == right.processor && left.port == right.port;
+}
+
+/// Where a finding is seen; empty: nowhere.
+QRectF placeOf(const Finding &finding, const std::vector<LayerPointer> &layers)
+{
+    if (finding.box)
+        return TablePage::pixelsOf(*finding.box);
+    if (!finding.layer)
+        return {};
+    const Layer &layer = *layers[static_cast<std::size_t>(*finding.layer)];
+    const auto *wall = qobject_cast<const LWScreen *>(&layer);
+    return wall && finding.cell ? QRectF(wall->panelRect(*finding.cell)) : TablePage::pixelsOf(PixelBox::of(layer));
+}
+} // namespace
+
+ChecksPage::ChecksPage(LWAppDelegate &document, RestedChecks &checks, QWidget *parent)
+    : TablePage(parent), m_document(document), m_checks(checks)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    m_table = new RowTable(m_model, "Checks");
+    column->addWidget(m_table);
+    setFocusProxy(m_table);
+    m_meant = new QPushButton("Meant", this);
+    m_meant->setCheckable(true);
+    m_meant->setToolTip("Somebody wants it so: what the chosen row says counts as nothing");
+    connect(m_meant, &QPushButton::clicked, this, &ChecksPage::mean);
+    connect(m_table, &RowTable::rowAsked, this, &ChecksPage::askForRow);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, &ChecksPage::showMeant);
+    connect(&checks, &RestedChecks::rested, this, &ChecksPage::showRested);
+    showState();
+}
+
+QWidget *ChecksPage::tools()
+{
+    return m_meant;
+}
+
+void ChecksPage::showEvent(QShowEvent *event)
+{
+    TablePage::showEvent(event);
+    m_checks.catchUp();
+}
+
+void ChecksPage::showRested()
+{
+    showState();
+    if (isVisible())
+        showFindings();
+}
+
+void ChecksPage::showState()
+{
+    const std::vector<Finding> &findings = m_checks.findings();
+    const qint64 errors = countOf(findings, Finding::Level::Error);
+    const qint64 all = errors + countOf(findings, Finding::Level::Warning);
+    m_title = all > 0 ? QString("Checks (%1)").arg(NumberText::grouped(all)) : QString("Checks");
+    m_state = {all > 0 ? countsOf(findings) : QString("nothing is wrong"), errors > 0 ? Level::Wrong
+                                                                           : all > 0  ? Level::Doubtful
+                                                                                      : Level::Fine};
+    emit stateDidChange();
+}
+
+/// The row that was chosen stays so, wherever it stands now.
+void ChecksPage::showFindings()
+{
+    const std::optional<Finding> chosen = current() ? std::optional(*current()) : std::nullopt;
+    m_model.show(m_checks.findings(), m_document.allScreensArray());
+    m_table->resizeColumnToContents(ChecksModel::Level);
+    m_table->resizeColumnToContents(ChecksModel::Where);
+    for (int row = 0; chosen && !current() && row < m_model.rowCount(); ++row) {
+        if (isSameMatter(m_model.finding(row), *chosen))
+            m_table->setCurrentIndex(m_model.index(row, 0));
+    }
+    showMeant();
+}
+
+const Finding *ChecksPage::current() const
+{
+    const QModelIndex index = m_table->currentIndex();
+    return index.isValid() ? &m_model.finding(index.row()) : nullptr;
+}
+
+/// Only what is of one layer can be meant there.
+void ChecksPage::showMeant()
+{
+    const Finding *const finding = current();
+    m_meant->setEnabled(finding && finding->layer);
+    m_meant->setChecked(finding && finding->level == Finding::Level::Meant);
+}
+
+void ChecksPage::mean(bool isMeant)
+{
+    if (const Finding *const finding = current(); finding && finding->layer)
+        m_document.checks().setMeant(*finding->layer, finding->check, isMeant);
+    m_checks.catchUp();
+}
+
+void ChecksPage::askForRow(const QModelIndex &index)
+{
+    const Finding finding = m_model.finding(index.row()); // whoever hears it may change the rows
+    const auto &layers = m_document.allScreensArray();
+    if (finding.layer && *finding.layer >= std::ssize(layers))
+        return; // it has gone, and is told no more in a moment
+    const QRectF place = placeOf(finding, layers);
+    if (!place.isEmpty())
+        emit asked(finding.layer ? std::vector{*finding.layer} : std::vector<qsizetype>(), place);
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "windows/checks/ChecksModel.h"
+#include "windows/tables/TablePage.h"
+
+class LWAppDelegate;
+class QPushButton;
+class RestedChecks;
+class RowTable;
+
+/// The table of what is wrong, or not, in the show. One who means it so says so with a row.
+class ChecksPage final : public TablePage
+{
+    Q_OBJECT
+
+public:
+    /// Both outlive the last event of this.
+    ChecksPage(LWAppDelegate &document, RestedChecks &checks, QWidget *parent = nullptr);
+
+    QString title() const override { return m_title; }
+    State state() const override { return m_state; }
+    QWidget *tools() override;
+    /// Nothing: it follows when the checks rest.
+    void refresh() override {}
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void showRested();
+    void showState();
+    void showFindings();
+    void showMeant();
+    void mean(bool isMeant);
+    const Finding *current() const;
+    void askForRow(const QModelIndex &index);
+
+    LWAppDelegate &m_document;
+    RestedChecks &m_checks;
+    ChecksModel m_model;
+    QString m_title;
+    State m_state;
+    QPushButton *m_meant = nullptr;
+    RowTable *m_table = nullptr;
+};
