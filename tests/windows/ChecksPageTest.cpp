@@ -11,9 +11,9 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 
 namespace {
 class ChecksPageTest : public PortsFixture
@@ -32,7 +32,7 @@ protected:
         qFatal("the head says nothing");
     }
     QColor stateColour() { return state().palette().color(QPalette::WindowText); }
-    QPushButton &meant() { return *dynamic_cast<QPushButton *>(page().tools()); }
+    QToolButton &meant() { return *page().tools()->findChild<QToolButton *>(); }
     /// What a person waits for.
     void rest()
     {
@@ -136,7 +136,7 @@ TEST_F(ChecksPageTest, WhatIsMeantCountsAsNothingAndIsStillShown)
     EXPECT_EQ(cell(1, ChecksModel::Where), "SIDE");
     EXPECT_EQ(checks().currentIndex().row(), 1); // it stays the chosen one
     EXPECT_TRUE(meant().isChecked());
-    EXPECT_EQ(state().text(), "1 warning");
+    EXPECT_EQ(state().text(), "1 warning, 1 meant");
     EXPECT_EQ(stateColour(), Theme::warning);
     EXPECT_TRUE(sentencesOf(1).isEmpty());
     EXPECT_EQ(*layer(1)->record()->meant, QStringList{"port-over-limit"});
@@ -204,11 +204,14 @@ TEST_F(ChecksPageTest, TheTabThatIsOpenFoldsAndAnotherComesForward)
     click(pane(), "Ports");
     QApplication::processEvents();
     EXPECT_FALSE(checks().isVisible());
+    EXPECT_FALSE(meant().isVisible());
     EXPECT_TRUE(pane().isOpenAt(TablesPane::Ports));
     click(pane(), "Checks");
     QApplication::processEvents();
     EXPECT_TRUE(checks().isVisible());
+    EXPECT_TRUE(meant().isVisible());
     click(pane(), "Checks");
     QApplication::processEvents();
     EXPECT_FALSE(pane().isVisible());
+    EXPECT_TRUE(meant().isHidden());
 }

@@ -7,8 +7,8 @@
 #include "windows/checks/RestedChecks.h"
 #include "windows/tables/RowTable.h"
 
-#include <QHeaderView>
-#include <QPushButton>
+#include <QHBoxLayout>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ qint64 countOf(const std::vector<Finding> &findings, Finding::Level level)
     return std::ranges::count(findings, level, &Finding::level);
 }
 
-/// "2 errors, 1 warning"; empty: there is none of either.
+/// "2 errors, 1 warning, 1 meant"
 QString countsOf(const std::vector<Finding> &findings)
 {
     QStringList parts;
@@ -27,6 +27,12 @@ QString countsOf(const std::vector<Finding> &findings)
         parts.append(NumberText::counted(errors, "error"));
     if (const qint64 warnings = countOf(findings, Finding::Level::Warning); warnings > 0)
         parts.append(NumberText::counted(warnings, "warning"));
+    if (parts.isEmpty())
+        parts.append("nothing is wrong");
+    if (const qint64 notes = countOf(findings, Finding::Level::Note); notes > 0)
+        parts.append(NumberText::counted(notes, "note"));
+    if (const qint64 meant = countOf(findings, Finding::Level::Meant); meant > 0)
+        parts.append(NumberText::grouped(meant) + " meant");
     return parts.join(", ");
 }
 
@@ -58,25 +64,38 @@ ChecksPage::ChecksPage(LWAppDelegate &document, RestedChecks &checks, QWidget *p
     m_table = new RowTable(m_model, "Checks");
     column->addWidget(m_table);
     setFocusProxy(m_table);
-    m_meant = new QPushButton("Meant", this);
-    m_meant->setCheckable(true);
-    m_meant->setToolTip("Somebody wants it so: what the chosen row says counts as nothing");
-    connect(m_meant, &QPushButton::clicked, this, &ChecksPage::mean);
+    addTools();
     connect(m_table, &RowTable::rowAsked, this, &ChecksPage::askForRow);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, &ChecksPage::showMeant);
     connect(&checks, &RestedChecks::rested, this, &ChecksPage::showRested);
     showState();
 }
 
-QWidget *ChecksPage::tools()
+void ChecksPage::addTools()
 {
-    return m_meant;
+    m_tools = new QWidget(this);
+    auto *row = new QHBoxLayout(m_tools);
+    row->setContentsMargins(0, 0, 0, 0);
+    m_meant = new QToolButton;
+    m_meant->setText("Meant");
+    m_meant->setCheckable(true);
+    m_meant->setToolTip("Somebody wants it so: what the chosen row says counts as nothing");
+    m_meant->hide();
+    connect(m_meant, &QToolButton::clicked, this, &ChecksPage::mean);
+    row->addWidget(m_meant);
 }
 
 void ChecksPage::showEvent(QShowEvent *event)
 {
     TablePage::showEvent(event);
+    m_meant->show();
     m_checks.catchUp();
+}
+
+void ChecksPage::hideEvent(QHideEvent *event)
+{
+    TablePage::hideEvent(event);
+    m_meant->hide();
 }
 
 void ChecksPage::showRested()

@@ -4,7 +4,7 @@
 #include "windows/tables/TablePage.h"
 
 class LWAppDelegate;
-class QPushButton;
+class QToolButton;
 class RestedChecks;
 class RowTable;
 
@@ -19,14 +19,16 @@ public:
 
     QString title() const override { return m_title; }
     State state() const override { return m_state; }
-    QWidget *tools() override;
+    QWidget *tools() override { return m_tools; }
     /// Nothing: it follows when the checks rest.
     void refresh() override {}
 
 protected:
     void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
+    void addTools();
     void showRested();
     void showState();
     void showFindings();
@@ -40,6 +42,7 @@ private:
     ChecksModel m_model;
     QString m_title;
     State m_state;
-    QPushButton *m_meant = nullptr;
+    QWidget *m_tools = nullptr;
+    QToolButton *m_meant = nullptr; ///< of the chosen row; not there without the table
     RowTable *m_table = nullptr;
 };
