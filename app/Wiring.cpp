@@ -116,6 +116,15 @@ void Wiring::takeAsLaidByHand(const std::vector<qsizetype> &rows)
     m_document.finishEdit("cables by hand");
 }
 
+Result<void> Wiring::feed(qsizetype row)
+{
+    const auto &layers = m_document.allScreensArray();
+    if (row < 0 || row >= std::ssize(layers) || CableHand::feed(cables(), layers[static_cast<std::size_t>(row)]) == 0)
+        return fail("No cable ends beside such a panel and bears it; lay one through them with the tool Data.");
+    m_document.finishEdit("feeding of panels");
+    return {};
+}
+
 Result<void> Wiring::keepPorts(const std::vector<qsizetype> &rows)
 {
     const ShowPorts &now = ports();

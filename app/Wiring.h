@@ -42,6 +42,10 @@ public:
     /// wired now.
     void takeAsLaidByHand(const std::vector<qsizetype> &rows);
 
+    /// Panels of the wall in that row that are on no cable hang on those that end beside them; see CableHand::feed().
+    /// Error: none can.
+    [[nodiscard]] Result<void> feed(qsizetype row);
+
     /// The walls in these rows of the layer list, and those that they share ports with, keep the ports that they have.
     /// Those wired by hand keep them anyway. Error: ports of one do not follow each other; nothing is changed then.
     [[nodiscard]] Result<void> keepPorts(const std::vector<qsizetype> &rows);

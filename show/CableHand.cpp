@@ -315,6 +315,30 @@ void CableHand::give(const Show &show, const PortEdits::ShowRuns &runs)
     }
 }
 
+qint64 CableHand::feed(const Show &show, const LayerPointer &wall)
+{
+    const WallRuns runs = handRunsOf(*wall);
+    const PortEdits::ShowRuns all = runsOf(show);
+    const auto fits = [&](const CableRun &run, const PortLoad &load) {
+        if (PortEdits::nextPiece(all, run.port) != run.piece + 1)
+            return false;
+        const auto bounds = boundsOf(show, run.port.processor);
+        PortLoad whole = loadOf(show, run.port, Panel{wall, run.cells.front()});
+        whole.add(load);
+        return !bounds || bounds->fits(whole);
+    };
+    const WallRuns fed = HandWiring::feed(wallShapeOf(*wall), runs, fits);
+    const auto panels = [](const WallRuns &of) {
+        qint64 count = 0;
+        for (const CableRun &run : of)
+            count += std::ssize(run.cells);
+        return count;
+    };
+    if (fed != runs)
+        giveRuns(*wall, fed);
+    return panels(fed) - panels(runs);
+}
+
 bool CableHand::takeBack(const Show &show, const Panel &panel)
 {
     const auto port = portAt(panel);

@@ -75,6 +75,9 @@ public:
     static PortEdits::ShowRuns runsOf(const Show &show);
     /// Gives all layers these runs, and renders those that differ.
     static void give(const Show &show, const PortEdits::ShowRuns &runs);
+    /// Panels of a wall wired by hand that are on and not fed hang on the ends of the cables that they are next to,
+    /// while those bear them and do not go on in another wall. Returns how many.
+    static qint64 feed(const Show &show, const LayerPointer &wall);
     /// The last panel of the cable that feeds a panel is fed no more. False: no cable does.
     static bool takeBack(const Show &show, const Panel &panel);
 

@@ -133,3 +133,32 @@ TEST_F(CablesTest, ANewCableTakesAPortThatNobodyChose)
     document.wiring().takeAsLaidByHand({0});
     EXPECT_EQ(document.wiring().cables().freePort("A"), (PortName{"A", 4}));
 }
+
+TEST_F(CablesTest, NewPanelsHangOnTheCableThatEndsBesideThemWhileItBearsThem)
+{
+    document.wiring().takeAsLaidByHand({0});
+    document.setValueOfSelection(3, "arrangedObjects.row");
+    const int steps = stack.index();
+    EXPECT_TRUE(document.wiring().feed(0));
+    EXPECT_EQ(stack.index(), steps + 1);
+    const WallRuns fed = layer(0).record()->runs.list();
+    ASSERT_EQ(fed.size(), 3);
+    EXPECT_EQ(fed[0].cells.size(), 3); // full before
+    EXPECT_EQ(fed[1].cells.size(), 3);
+    EXPECT_EQ(fed[2].cells, (std::vector<Cell>{{1, 1}, {0, 1}, {0, 2}}));
+    EXPECT_FALSE(document.wiring().feed(0)); // full now
+    EXPECT_FALSE(document.wiring().feed(1)); // all are on automatic cables
+    EXPECT_FALSE(document.wiring().feed(2)); // no such row
+    EXPECT_EQ(stack.index(), steps + 1);
+    stack.undo();
+    EXPECT_EQ(layer(0).record()->runs.list()[2].cells.size(), 2);
+}
+
+TEST_F(CablesTest, ACableThatGoesOnInAnotherWallTakesNoNewPanels)
+{
+    document.wiring().takeAsLaidByHand({0});
+    layer(1).setValue("split", "hand");
+    layer(1).setValue("runs", QVariant::fromValue(CableRuns({{{"A", 3}, 2, {{3, 1}}}})));
+    document.setValueOfSelection(3, "arrangedObjects.row");
+    EXPECT_FALSE(document.wiring().feed(0));
+}

@@ -32,7 +32,15 @@ protected:
         qFatal("the head says nothing");
     }
     QColor stateColour() { return state().palette().color(QPalette::WindowText); }
-    QToolButton &meant() { return *page().tools()->findChild<QToolButton *>(); }
+    QToolButton &tool(const QString &text)
+    {
+        for (QToolButton *button : page().tools()->findChildren<QToolButton *>()) {
+            if (button->text() == text)
+                return *button;
+        }
+        qFatal("there is no such button");
+    }
+    QToolButton &meant() { return tool("Meant"); }
     /// What a person waits for.
     void rest()
     {
@@ -130,6 +138,7 @@ TEST_F(ChecksPageTest, WhatIsMeantCountsAsNothingAndIsStillShown)
     clickRow(0);
     EXPECT_TRUE(meant().isEnabled());
     EXPECT_FALSE(meant().isChecked());
+    EXPECT_FALSE(tool("Feed them").isVisible());
     QTest::mouseClick(&meant(), Qt::LeftButton);
     ASSERT_EQ(checks().model()->rowCount(), 2);
     EXPECT_EQ(cell(1, ChecksModel::Level), "Meant");
@@ -214,4 +223,24 @@ TEST_F(ChecksPageTest, TheTabThatIsOpenFoldsAndAnotherComesForward)
     QApplication::processEvents();
     EXPECT_FALSE(pane().isVisible());
     EXPECT_TRUE(meant().isHidden());
+}
+
+TEST_F(ChecksPageTest, PanelsThatAreNotFedAreFedByAClick)
+{
+    addProcessor();
+    document.wiring().takeAsLaidByHand({1});
+    layer(1)->setRow(4);
+    document.finishEdit("rows");
+    open();
+    int notFed = 0;
+    while (cell(notFed, ChecksModel::What) != "2 panels are on no cable; lay one through them.")
+        ASSERT_LT(++notFed, checks().model()->rowCount());
+    clickRow(notFed);
+    EXPECT_TRUE(tool("Feed them").isVisible());
+    QTest::mouseClick(&tool("Feed them"), Qt::LeftButton);
+    EXPECT_EQ(layer(1)->record()->runs.list().front().cells.size(), 8);
+    for (int row = 0; row < checks().model()->rowCount(); ++row)
+        EXPECT_FALSE(cell(row, ChecksModel::What).contains("on no cable"));
+    undo();
+    EXPECT_EQ(layer(1)->record()->runs.list().front().cells.size(), 6);
 }

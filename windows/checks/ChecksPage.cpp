@@ -36,6 +36,15 @@ QString countsOf(const std::vector<Finding> &findings)
     return parts.join(", ");
 }
 
+QToolButton *toolButton(const QString &text, const QString &tip)
+{
+    auto *button = new QToolButton;
+    button->setText(text);
+    button->setToolTip(tip);
+    button->hide();
+    return button;
+}
+
 /// What a row is about, whatever it says of it.
 bool isSameMatter(const Finding &left, const Finding &right)
 {
@@ -66,7 +75,7 @@ ChecksPage::ChecksPage(LWAppDelegate &document, RestedChecks &checks, QWidget *p
     setFocusProxy(m_table);
     addTools();
     connect(m_table, &RowTable::rowAsked, this, &ChecksPage::askForRow);
-    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, &ChecksPage::showMeant);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, &ChecksPage::showTools);
     connect(&checks, &RestedChecks::rested, this, &ChecksPage::showRested);
     showState();
 }
@@ -76,12 +85,12 @@ void ChecksPage::addTools()
     m_tools = new QWidget(this);
     auto *row = new QHBoxLayout(m_tools);
     row->setContentsMargins(0, 0, 0, 0);
-    m_meant = new QToolButton;
-    m_meant->setText("Meant");
+    m_feed = toolButton("Feed them", "Hangs these panels on the ends of the cables beside them, while they fit");
+    connect(m_feed, &QToolButton::clicked, this, &ChecksPage::feed);
+    m_meant = toolButton("Meant", "Somebody wants it so: what the chosen row says counts as nothing");
     m_meant->setCheckable(true);
-    m_meant->setToolTip("Somebody wants it so: what the chosen row says counts as nothing");
-    m_meant->hide();
     connect(m_meant, &QToolButton::clicked, this, &ChecksPage::mean);
+    row->addWidget(m_feed);
     row->addWidget(m_meant);
 }
 
@@ -95,6 +104,7 @@ void ChecksPage::showEvent(QShowEvent *event)
 void ChecksPage::hideEvent(QHideEvent *event)
 {
     TablePage::hideEvent(event);
+    m_feed->hide();
     m_meant->hide();
 }
 
@@ -128,7 +138,7 @@ void ChecksPage::showFindings()
         if (isSameMatter(m_model.finding(row), *chosen))
             m_table->setCurrentIndex(m_model.index(row, 0));
     }
-    showMeant();
+    showTools();
 }
 
 const Finding *ChecksPage::current() const
@@ -138,9 +148,10 @@ const Finding *ChecksPage::current() const
 }
 
 /// Only what is of one layer can be meant there.
-void ChecksPage::showMeant()
+void ChecksPage::showTools()
 {
     const Finding *const finding = current();
+    m_feed->setVisible(isVisible() && finding && finding->check == QLatin1StringView("panel-not-fed"));
     m_meant->setEnabled(finding && finding->layer);
     m_meant->setChecked(finding && finding->level == Finding::Level::Meant);
 }
@@ -149,6 +160,16 @@ void ChecksPage::mean(bool isMeant)
 {
     if (const Finding *const finding = current(); finding && finding->layer)
         m_document.checks().setMeant(*finding->layer, finding->check, isMeant);
+    m_checks.catchUp();
+}
+
+void ChecksPage::feed()
+{
+    const Finding *const finding = current();
+    if (!finding || !finding->layer)
+        return;
+    if (const Result<void> done = m_document.wiring().feed(*finding->layer); !done)
+        emit failureTold(done.error().text);
     m_checks.catchUp();
 }
 

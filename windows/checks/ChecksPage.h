@@ -32,8 +32,9 @@ private:
     void showRested();
     void showState();
     void showFindings();
-    void showMeant();
+    void showTools();
     void mean(bool isMeant);
+    void feed();
     const Finding *current() const;
     void askForRow(const QModelIndex &index);
 
@@ -43,6 +44,7 @@ private:
     QString m_title;
     State m_state;
     QWidget *m_tools = nullptr;
+    QToolButton *m_feed = nullptr;  ///< where the chosen row is of panels that are not fed
     QToolButton *m_meant = nullptr; ///< of the chosen row; not there without the table
     RowTable *m_table = nullptr;
 };

@@ -107,15 +107,18 @@ void CableMenu::fillForPort(QMenu &menu, const CableHand::Panel &panel, const Po
 
 void CableMenu::fillForWall(QMenu &menu, const CableHand::Panel &panel) const
 {
-    const bool isByHand = panel.wall->record()->split == CableSplit::Hand;
-    if (isByHand) {
-        menu.addAction("Back to automatic cables", [&document = m_document] {
-            document.setValueOfSelection("lines", LayerList::keyPathPrefix + QString("split"));
-        });
-        return;
-    }
     const auto &layers = m_document.allScreensArray();
     const qsizetype row = std::ranges::find(layers, panel.wall) - layers.begin();
-    menu.addAction("Take the automatic cables as mine",
-                   [&document = m_document, row] { document.wiring().takeAsLaidByHand({row}); });
+    if (panel.wall->record()->split != CableSplit::Hand) {
+        menu.addAction("Take the automatic cables as mine",
+                       [&document = m_document, row] { document.wiring().takeAsLaidByHand({row}); });
+        return;
+    }
+    menu.addAction("Feed panels that are not fed", [&document = m_document, tell = m_tell, row] {
+        if (const Result<void> done = document.wiring().feed(row); !done)
+            tell(done.error().text);
+    });
+    menu.addAction("Back to automatic cables", [&document = m_document] {
+        document.setValueOfSelection("lines", LayerList::keyPathPrefix + QString("split"));
+    });
 }
