@@ -9,6 +9,7 @@
 #include "bench/Start.h"
 #include "bench/Timing.h"
 #include "bench/WindowSubjects.h"
+#include "bench/WiringSubjects.h"
 
 #include <QSize>
 
@@ -140,6 +141,10 @@ std::vector<Operation> operationsWithGoals()
         {"edit to canvas, 500 layers", "1 layer", 1.2, [] { return ShowSubjects::timeOfEdit(500); }},
         {"selection, 5,000 layers", "2", 3, [] { return ShowSubjects::timeOfSelection(5000); }},
         {"memory of a step, 10,000 layers", "1 layer", 1.1, [] { return ShowSubjects::memoryOfStep(10'000); }},
+        {"ports of 40,000 panels", "pass", 3, [] { return WiringSubjects::timeOfSplit(); }},
+        {"checks of 500 walls", "pass", 3, [] { return WiringSubjects::timeOfChecks(); }},
+        againstMemset("screen, wired by hand, 60 x 34 panels of 128 (8K)", 3,
+                      [] { return WiringSubjects::handWiredWall(); }),
         startOfTheWindow(1.5),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},

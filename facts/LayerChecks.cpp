@@ -13,7 +13,7 @@
 
 namespace {
 using Level = Finding::Level;
-using Check = std::optional<Finding> (*)(const Layer &layer, const QSize &output);
+using LayerCheck = std::optional<Finding> (*)(const Layer &layer, const QSize &output);
 
 bool isWall(const Layer &layer)
 {
@@ -104,12 +104,12 @@ std::optional<Finding> patternUnknown(const Layer &layer, const QSize & /*output
             QString("There is no pattern %1, so no data path is drawn; choose a pattern.").arg(layer.pattern())};
 }
 
-constexpr std::array<Check, 4> editing{&pictureMissing, &wallTooLarge, &outsideOutput, &portOverLimit};
-constexpr std::array<Check, 3> claimed{&pictureNotChosen, &wallWithoutPixels, &patternUnknown};
+constexpr std::array<LayerCheck, 4> editing{&pictureMissing, &wallTooLarge, &outsideOutput, &portOverLimit};
+constexpr std::array<LayerCheck, 3> claimed{&pictureNotChosen, &wallWithoutPixels, &patternUnknown};
 
-void run(std::span<const Check> checks, const Layer &layer, const QSize &output, std::vector<Finding> &findings)
+void run(std::span<const LayerCheck> checks, const Layer &layer, const QSize &output, std::vector<Finding> &findings)
 {
-    for (const Check check : checks) {
+    for (const LayerCheck check : checks) {
         if (std::optional<Finding> finding = check(layer, output))
             findings.push_back(std::move(*finding));
     }

@@ -3,17 +3,13 @@
 #include "layer/CableRun.h"
 #include "screen/LWScreen.h"
 #include "windows/Theme.h"
+#include "windows/tables/ColumnHead.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
-struct Head
-{
-    const char *title;
-    const char *tip;
-};
-constexpr std::array<Head, ChecksModel::ColumnCount> heads{{
+constexpr std::array<ColumnHead, ChecksModel::ColumnCount> checkHeads{{
     {"Level", "An error will not work, a warning hardly as it is meant, a note is good to know"},
     {"Where", "The layer, its panel and the port"},
     {"What", "What is wrong and what to do"},
@@ -111,14 +107,5 @@ QVariant ChecksModel::data(const QModelIndex &index, int role) const
 
 QVariant ChecksModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
-        return {};
-    const Head &head = heads.at(static_cast<std::size_t>(section));
-    if (role == Qt::DisplayRole)
-        return head.title;
-    if (role == Qt::ToolTipRole)
-        return head.tip;
-    if (role == Qt::TextAlignmentRole)
-        return QVariant(Qt::AlignVCenter | Qt::AlignLeft);
-    return {};
+    return checkHeads.at(static_cast<std::size_t>(section)).data(orientation, role, Qt::AlignLeft);
 }

@@ -6,7 +6,7 @@
 #include <chrono>
 
 namespace {
-constexpr std::chrono::milliseconds rest{200};
+constexpr std::chrono::milliseconds restBeforeChecks{200};
 
 QStringList told(const Layer &layer, const LWAppDelegate &document)
 {
@@ -22,7 +22,7 @@ bool isWrong(const Finding &finding)
 RestedChecks::RestedChecks(LWAppDelegate &document, QObject *parent) : QObject(parent), m_document(document)
 {
     m_wait.setSingleShot(true);
-    m_wait.setInterval(rest);
+    m_wait.setInterval(restBeforeChecks);
     connect(&m_wait, &QTimer::timeout, this, &RestedChecks::catchUp);
     connect(&document, &LWAppDelegate::changed, &m_wait, qOverload<>(&QTimer::start));
 }

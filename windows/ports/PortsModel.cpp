@@ -1,19 +1,15 @@
 #include "windows/ports/PortsModel.h"
 
 #include "base/NumberText.h"
+#include "windows/tables/ColumnHead.h"
 
 #include <array>
 #include <cmath>
 
 namespace {
-constexpr QChar dash = u'—';
+constexpr QChar noText = u'—';
 
-struct Head
-{
-    const char *title;
-    const char *tip;
-};
-constexpr std::array<Head, PortsModel::ColumnCount> heads{{
+constexpr std::array<ColumnHead, PortsModel::ColumnCount> portHeads{{
     {"Processor", "What feeds the port"},
     {"Port", "Its name, which panels and cables are called by"},
     {"Backup", "The port that feeds the cable from its other end"},
@@ -73,9 +69,9 @@ QString numberOf(const std::optional<qint64> &number)
     return number ? NumberText::grouped(*number) : QString();
 }
 
-bool isLeft(int column)
+Qt::Alignment alignmentOf(int column)
 {
-    return column <= PortsModel::Walls || column == PortsModel::Cost;
+    return column <= PortsModel::Walls || column == PortsModel::Cost ? Qt::AlignLeft : Qt::AlignRight;
 }
 } // namespace
 
@@ -116,14 +112,14 @@ QVariant PortsModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole: {
         const QString words = text(of, index.column());
-        return words.isEmpty() ? QString(dash) : words;
+        return words.isEmpty() ? QString(noText) : words;
     }
     case Qt::ToolTipRole:
         return tip(of, index.column());
     case Qt::AccessibleDescriptionRole:
         return of.whyNoLimit;
     case Qt::TextAlignmentRole:
-        return QVariant(Qt::AlignVCenter | (isLeft(index.column()) ? Qt::AlignLeft : Qt::AlignRight));
+        return QVariant(Qt::AlignVCenter | alignmentOf(index.column()));
     case percentRole:
         return of.percent() ? QVariant(*of.percent()) : QVariant();
     case levelRole:
@@ -135,16 +131,7 @@ QVariant PortsModel::data(const QModelIndex &index, int role) const
 
 QVariant PortsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
-        return {};
-    const Head &head = heads.at(static_cast<std::size_t>(section));
-    if (role == Qt::DisplayRole)
-        return head.title;
-    if (role == Qt::ToolTipRole)
-        return head.tip;
-    if (role == Qt::TextAlignmentRole)
-        return QVariant(Qt::AlignVCenter | (isLeft(section) ? Qt::AlignLeft : Qt::AlignRight));
-    return {};
+    return portHeads.at(static_cast<std::size_t>(section)).data(orientation, role, alignmentOf(section));
 }
 
 QString PortsModel::text(const PortRow &row, int column) const
