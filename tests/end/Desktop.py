@@ -158,12 +158,11 @@ class Desktop:
         self.release()
 
     def stroke(self, places):
-        """With the left button from place to place."""
+        """With the left button, which stays down, from place to place."""
         self._xdotool("mousemove", *places[0], "mousedown", 1)
         for place in places[1:]:
             self._xdotool("mousemove", *place, "sleep", 0.01)
         self._xdotool("sleep", 0.1)
-        self.release()
 
     def release(self):
         self._xdotool("mouseup", 1)

@@ -6,6 +6,7 @@ import sys
 from pathlib import Path
 
 import MainWindow
+import WiringTest
 from Desktop import Desktop
 from MainWindow import CANVAS, COLUMNS_FIELD, FIRST_WALL_COLOURS, ROWS_FIELD
 
@@ -76,8 +77,27 @@ class Pictures:
             desktop.wait_for_window("Output preview")
             self.take(desktop, "preview.png")
 
+    def wiring(self):
+        with Desktop() as desktop:
+            trial = WiringTest.Trial(desktop, self.program, EXAMPLES.parent)
+            trial.open_show()
+            trial.choose_processor()
+            desktop.key("alt+v", "k")  # folds the tables
+            desktop.click(*WiringTest.DATA_TOOL)
+            desktop.wait_for_rest()
+            trial.find_walls(CANVAS)
+            first, second, third, *_ = WiringTest.cables()
+            trial.lay(first)
+            trial.lay(second)
+            trial.hold(third)
+            self.take(desktop, "signal.png")
+            desktop.release()
+            desktop.key("alt+v", "k")
+            self.take(desktop, "checks.png")
+
 
 pictures = Pictures(Path(sys.argv[1]).resolve(), Path(sys.argv[2]))
 pictures.first_wall()
 pictures.festival()
 pictures.preview()
+pictures.wiring()

@@ -81,12 +81,12 @@ class Trial:
         self.desktop.key("alt+v", "k")
         self.desktop.wait_for_rest()
 
-    def find_walls(self):
+    def find_walls(self, canvas=CANVAS):
         picture = self.desktop.picture()
         for name in (MAIN, BANNER):
             colours = [bytes(int(self.layers[name][key][i:i + 2], 16) for i in (1, 3, 5))
                        for key in ("rectColor", "rectColor2")]
-            self.places[name] = picture.extent(colours, CANVAS)
+            self.places[name] = picture.extent(colours, canvas)
 
     def place_of(self, wall, panel):
         left, top, right, bottom = self.places[wall]
@@ -95,6 +95,10 @@ class Trial:
                 round(top + (row + 0.5) * (bottom - top) / self.layers[wall]["row"]))
 
     def lay(self, cable):
+        self.hold(cable)
+        self.desktop.release()
+
+    def hold(self, cable):
         self.desktop.stroke([self.place_of(wall, panel) for wall, panels in cable for panel in panels])
 
     def colour_of_state(self, colour):
@@ -153,4 +157,5 @@ def main():
             raise
 
 
-main()
+if __name__ == "__main__":
+    main()

@@ -135,6 +135,11 @@ TEST_F(ChecksPageTest, WhatIsMeantCountsAsNothingAndIsStillShown)
     makeWrong();
     rest();
     EXPECT_FALSE(meant().isEnabled());
+    window.activateWindow();
+    checks().clearFocus();
+    checks().setFocus(); // the first row is under the keyboard then, and not chosen
+    EXPECT_TRUE(checks().currentIndex().isValid());
+    EXPECT_FALSE(meant().isEnabled());
     clickRow(0);
     EXPECT_TRUE(meant().isEnabled());
     EXPECT_FALSE(meant().isChecked());

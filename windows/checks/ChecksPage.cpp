@@ -75,7 +75,7 @@ ChecksPage::ChecksPage(LWAppDelegate &document, RestedChecks &checks, QWidget *p
     setFocusProxy(m_table);
     addTools();
     connect(m_table, &RowTable::rowAsked, this, &ChecksPage::askForRow);
-    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, &ChecksPage::showTools);
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this, &ChecksPage::showTools);
     connect(&checks, &RestedChecks::rested, this, &ChecksPage::showRested);
     showState();
 }
@@ -130,27 +130,27 @@ void ChecksPage::showState()
 /// The row that was chosen stays so, wherever it stands now.
 void ChecksPage::showFindings()
 {
-    const std::optional<Finding> chosen = current() ? std::optional(*current()) : std::nullopt;
+    const std::optional<Finding> before = chosen() ? std::optional(*chosen()) : std::nullopt;
     m_model.show(m_checks.findings(), m_document.allScreensArray());
     m_table->resizeColumnToContents(ChecksModel::Level);
     m_table->resizeColumnToContents(ChecksModel::Where);
-    for (int row = 0; chosen && !current() && row < m_model.rowCount(); ++row) {
-        if (isSameMatter(m_model.finding(row), *chosen))
-            m_table->setCurrentIndex(m_model.index(row, 0));
+    for (int row = 0; before && !chosen() && row < m_model.rowCount(); ++row) {
+        if (isSameMatter(m_model.finding(row), *before))
+            m_table->selectRow(row);
     }
     showTools();
 }
 
-const Finding *ChecksPage::current() const
+const Finding *ChecksPage::chosen() const
 {
-    const QModelIndex index = m_table->currentIndex();
-    return index.isValid() ? &m_model.finding(index.row()) : nullptr;
+    const QModelIndexList rows = m_table->selectionModel()->selectedRows();
+    return rows.isEmpty() ? nullptr : &m_model.finding(rows.front().row());
 }
 
 /// Only what is of one layer can be meant there.
 void ChecksPage::showTools()
 {
-    const Finding *const finding = current();
+    const Finding *const finding = chosen();
     m_feed->setVisible(isVisible() && finding && finding->check == QLatin1StringView("panel-not-fed"));
     m_meant->setEnabled(finding && finding->layer);
     m_meant->setChecked(finding && finding->level == Finding::Level::Meant);
@@ -158,14 +158,14 @@ void ChecksPage::showTools()
 
 void ChecksPage::mean(bool isMeant)
 {
-    if (const Finding *const finding = current(); finding && finding->layer)
+    if (const Finding *const finding = chosen(); finding && finding->layer)
         m_document.checks().setMeant(*finding->layer, finding->check, isMeant);
     m_checks.catchUp();
 }
 
 void ChecksPage::feed()
 {
-    const Finding *const finding = current();
+    const Finding *const finding = chosen();
     if (!finding || !finding->layer)
         return;
     if (const Result<void> done = m_document.wiring().feed(*finding->layer); !done)

@@ -35,7 +35,8 @@ private:
     void showTools();
     void mean(bool isMeant);
     void feed();
-    const Finding *current() const;
+    /// In the selected row; null: none is.
+    const Finding *chosen() const;
     void askForRow(const QModelIndex &index);
 
     LWAppDelegate &m_document;
