@@ -13,7 +13,8 @@ from MainWindow import CANVAS, COLUMNS_FIELD, FIRST_WALL_COLOURS, ROWS_FIELD
 EXAMPLES = Path(__file__).parents[2] / "examples"
 PANEL_WIDTH_FIELD, PANEL_HEIGHT_FIELD = (1180, 326), (1180, 356)
 INSPECTOR_MARGIN = (986, 420)
-PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 317), (1117, 211)  # when the inspector is scrolled to its end
+SIGNAL_HEAD = (1020, 156)  # when the inspector is scrolled to its end
+PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 282), (1117, 176)  # when that group is folded
 BOOTH = (600, 588)  # the wall at the bottom of the festival, on the canvas
 BOOTH_MOVED = (452, 600)  # so far to the left that it meets the main wall's edge
 
@@ -43,6 +44,8 @@ class Pictures:
             self.make_wall(desktop)
             self.take(desktop, "first-wall.png")
             desktop.wheel_down(*INSPECTOR_MARGIN, 30)
+            desktop.click(*SIGNAL_HEAD)
+            desktop.wait_for_rest()
             desktop.click(*PATH_SWITCH)
             desktop.click(*PANEL_LABELS_SWITCH)
             self.take(desktop, "inspector.png")
