@@ -8,12 +8,15 @@
 namespace {
 using NumberText::counted;
 
-QStringList namesOf(const ShowPorts &ports, const std::vector<std::size_t> &walls)
+/// "MAIN and SIDE", "12 walls"
+QString namesOf(const ShowPorts &ports, const std::vector<std::size_t> &walls)
 {
+    if (walls.size() > 2)
+        return counted(std::ssize(walls), "wall");
     QStringList names;
     for (const std::size_t wall : walls)
         names.append(ports.wallName(wall));
-    return names;
+    return names.join(" and ");
 }
 
 QString waitingWalls(const ShowPorts &ports)
@@ -62,14 +65,13 @@ qint64 portsOf(const std::vector<PortRow> &rows, const ShowPorts &ports)
 
 QString PortSummary::shortage(const ShowPorts &ports, const ShowWiring::Shortage &shortage)
 {
-    const QStringList walls = namesOf(ports, shortage.walls);
-    const QString who = walls.size() <= 2 ? walls.join(" and ") : counted(walls.size(), "wall");
+    const QString who = namesOf(ports, shortage.walls);
     const QString model = ports.show.processors[shortage.processor].model;
     const QString over = counted(shortage.ports, "port") + " over";
     if (shortage.processors == 0)
         return QString("%1: %2, and no number of %3 takes them").arg(who, over, model);
     return QString("%1 %2 %3 more %4 (%5)")
-        .arg(who, walls.size() == 1 ? "needs" : "need", NumberText::grouped(shortage.processors), model, over);
+        .arg(who, shortage.walls.size() == 1 ? "needs" : "need", NumberText::grouped(shortage.processors), model, over);
 }
 
 PortSummary PortSummary::of(const std::vector<PortRow> &rows, const ShowPorts &ports)
