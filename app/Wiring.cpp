@@ -82,9 +82,7 @@ Result<void> Wiring::addLike(std::size_t processor, qint64 count)
 
 CableHand::Show Wiring::cables() const
 {
-    const auto freePort = [this](const QString &processor) {
-        return FreePorts(ProcessorCatalogue::builtIn(), ports().show).take(processor);
-    };
+    const auto freePort = [this](const QString &processor) { return FreePorts(ports().show).take(processor); };
     return {m_document.allScreensArray(), m_processors, outputOf(m_document), freePort};
 }
 
@@ -167,7 +165,7 @@ void Wiring::welcome(const ShowProcessors::Layers &layers)
     const auto isWired = [](const LayerPointer &layer) { return !layer->record()->runs.list().empty(); };
     if (std::ranges::any_of(layers, isWired)) {
         const ShowToWire show = showToWire(m_document.allScreensArray(), m_processors, outputOf(m_document));
-        ShowProcessors::takeFreePorts(layers, {ProcessorCatalogue::builtIn(), show});
+        ShowProcessors::takeFreePorts(layers, FreePorts(show));
     }
     const QString processor = lastUsed();
     for (const LayerPointer &layer : layers) {

@@ -67,7 +67,7 @@ double timeOfSplit()
         show(1, 1, [&](int column, int row) { return wallAt(host, 200, 200, 16, column, row); }, {3200, 3200});
     const ShowToWire toWire = ShowPorts::of(project).show;
     return timeInPasses(project, [&] {
-        const ShowWiring wiring = ShowWiring::of(ProcessorCatalogue::builtIn(), toWire);
+        const ShowWiring wiring = ShowWiring::of(toWire);
         benchmark::DoNotOptimize(wiring.ports.data());
     });
 }

@@ -36,7 +36,7 @@ ShowPorts ShowPorts::of(const std::vector<LayerPointer> &layers, const std::vect
         if (layers[row]->kind() == LayerKind::Wall)
             ports.rows.push_back(static_cast<qsizetype>(row));
     }
-    ports.wiring = ShowWiring::of(ProcessorCatalogue::builtIn(), ports.show);
+    ports.wiring = ShowWiring::of(ports.show);
     return ports;
 }
 

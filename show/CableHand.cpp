@@ -56,7 +56,7 @@ std::optional<PortBounds> boundsOf(const CableHand::Show &show, const QString &p
     const ProcessorSettings *const settings = ShowProcessors::find(show.processors, processor);
     if (!settings)
         return std::nullopt;
-    const auto bounds = PortBounds::of(ProcessorCatalogue::builtIn(), *settings, show.output.height());
+    const auto bounds = PortBounds::of(*settings, show.output.height());
     return bounds ? std::optional(*bounds) : std::nullopt;
 }
 

@@ -26,7 +26,7 @@ QString nameOf(int number)
 
 bool followLimit(Layer &wall, const ProcessorSettings &processor, const QSize &output)
 {
-    const auto bounds = PortBounds::of(ProcessorCatalogue::builtIn(), processor, output.height());
+    const auto bounds = PortBounds::of(processor, output.height());
     if (!bounds)
         return false;
     const qint64 limit = bounds->pixelLimit(qint64{wall.panelWidth()} * wall.panelHeight());

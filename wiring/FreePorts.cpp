@@ -12,9 +12,9 @@ ShowToWire chosenOf(ShowToWire show)
 }
 } // namespace
 
-FreePorts::FreePorts(const ProcessorCatalogue &catalogue, const ShowToWire &show) : m_processors(show.processors)
+FreePorts::FreePorts(const ShowToWire &show) : m_processors(show.processors)
 {
-    const ShowWiring wiring = ShowWiring::of(catalogue, chosenOf(show));
+    const ShowWiring wiring = ShowWiring::of(chosenOf(show));
     for (const ShowWiring::Processor &processor : wiring.processors)
         m_pairs.push_back(processor.device.pairs);
     m_next.resize(m_processors.size(), 1);

@@ -10,7 +10,7 @@
 class FreePorts
 {
 public:
-    FreePorts(const ProcessorCatalogue &catalogue, const ShowToWire &show);
+    explicit FreePorts(const ShowToWire &show);
     /// Of a show that has no processors.
     explicit FreePorts(std::set<PortName> taken) : m_taken(std::move(taken)) {}
 

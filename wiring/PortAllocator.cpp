@@ -8,9 +8,9 @@
 using State = ShowWiring::State;
 using Split = WallToWire::Split;
 
-ShowWiring ShowWiring::of(const ProcessorCatalogue &catalogue, const ShowToWire &show)
+ShowWiring ShowWiring::of(const ShowToWire &show)
 {
-    return PortAllocator(catalogue, show).allocate();
+    return PortAllocator(show).allocate();
 }
 
 std::vector<std::size_t> ShowWiring::Port::walls() const
@@ -24,20 +24,21 @@ std::vector<std::size_t> ShowWiring::Port::walls() const
     return walls;
 }
 
-PortAllocator::PortAllocator(const ProcessorCatalogue &catalogue, const ShowToWire &show) : m_show(show)
+PortAllocator::PortAllocator(const ShowToWire &show) : m_show(show)
 {
     for (std::size_t processor = 0; processor < show.processors.size(); ++processor) {
-        addProcessor(catalogue, show.processors[processor]);
+        addProcessor(show.processors[processor]);
         m_behind.push_back(Processors::nextLike(show.processors, processor));
     }
     m_devices.resize(show.processors.size());
     m_wiring.walls.resize(show.walls.size());
 }
 
-void PortAllocator::addProcessor(const ProcessorCatalogue &catalogue, const ProcessorSettings &settings)
+void PortAllocator::addProcessor(const ProcessorSettings &settings)
 {
+    const ProcessorCatalogue &catalogue = catalogueOf(settings);
     const ProcessorModel *model = catalogue.model(settings.model);
-    m_wiring.processors.push_back({PortBounds::of(catalogue, settings, m_show.output.height()), {}, {}});
+    m_wiring.processors.push_back({PortBounds::of(settings, m_show.output.height()), {}, {}});
     if (model)
         m_wiring.processors.back().device = DeviceBounds::of(*model, catalogue.rulesOf(*model), settings);
 }

@@ -10,7 +10,7 @@
 class PortAllocator
 {
 public:
-    PortAllocator(const ProcessorCatalogue &catalogue, const ShowToWire &show);
+    explicit PortAllocator(const ShowToWire &show);
 
     ShowWiring allocate();
 
@@ -32,7 +32,7 @@ private:
         std::vector<std::size_t> walls = {};
     };
 
-    void addProcessor(const ProcessorCatalogue &catalogue, const ProcessorSettings &settings);
+    void addProcessor(const ProcessorSettings &settings);
     ShowWiring::State stateOf(std::size_t wall);
     std::size_t processorOf(std::size_t wall) const;
     WallSplit splitOf(std::size_t wall, const PortLoad &before) const;

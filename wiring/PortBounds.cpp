@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <array>
 
-tl::expected<PortBounds, NoFigure> PortBounds::of(const ProcessorCatalogue &catalogue,
-                                                  const ProcessorSettings &settings, qint64 canvasHeight)
+tl::expected<PortBounds, NoFigure> PortBounds::of(const ProcessorSettings &settings, qint64 canvasHeight)
 {
-    const auto capacity = PortCapacity::of(catalogue, settings);
+    const auto capacity = PortCapacity::of(settings);
     if (!capacity)
         return tl::unexpected(capacity.error());
+    const ProcessorCatalogue &catalogue = catalogueOf(settings);
     const PortRules &rules = catalogue.rulesOf(*catalogue.model(settings.model));
     PortBounds bounds;
     bounds.capacity = *capacity;

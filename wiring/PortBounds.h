@@ -50,8 +50,7 @@ struct PortBounds
     qint64 maxPanels = 0;
 
     /// For an output of `canvasHeight` pixels. Error: there is no figure.
-    [[nodiscard]] static tl::expected<PortBounds, NoFigure> of(const ProcessorCatalogue &catalogue,
-                                                               const ProcessorSettings &settings, qint64 canvasHeight);
+    [[nodiscard]] static tl::expected<PortBounds, NoFigure> of(const ProcessorSettings &settings, qint64 canvasHeight);
 
     /// The pixels that count.
     qint64 loaded(const PortLoad &load) const;

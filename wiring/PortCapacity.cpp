@@ -149,9 +149,9 @@ bool ProcessorSettings::isLike(const ProcessorSettings &other) const
     return *this == renamed;
 }
 
-tl::expected<PortCapacity, NoFigure> PortCapacity::of(const ProcessorCatalogue &catalogue,
-                                                      const ProcessorSettings &settings)
+tl::expected<PortCapacity, NoFigure> PortCapacity::of(const ProcessorSettings &settings)
 {
+    const ProcessorCatalogue &catalogue = catalogueOf(settings);
     const ProcessorModel *model = catalogue.model(settings.model);
     if (!model)
         return tl::unexpected(noFigure(NoFigure::Reason::NoSuchModel, settings));

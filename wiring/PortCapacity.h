@@ -1,7 +1,7 @@
 #pragma once
 
 #include "layer/UnknownPart.h"
-#include "wiring/ProcessorCatalogue.h"
+#include "wiring/OwnModel.h"
 
 #include <tl/expected.hpp>
 
@@ -29,12 +29,19 @@ struct ProcessorSettings
     int streams = 1;
     /// Where nobody says whether the box around a port's panels counts, it does.
     bool rectangleWhereUnsaid = true;
+    OwnModel own = {}; ///< that `model` is; none: it is one of those that come with the program
     UnknownPartPointer unknown = {};
 
     bool operator==(const ProcessorSettings &) const = default;
     /// Whether ports of this one can go on at another: all that is known is alike but the names.
     bool isLike(const ProcessorSettings &other) const;
 };
+
+/// What is known of the model of a processor, and of all others; to be used as long as the settings are there.
+inline const ProcessorCatalogue &catalogueOf(const ProcessorSettings &settings)
+{
+    return settings.own.catalogue();
+}
 
 /// Why nobody can say how many pixels a port carries.
 struct NoFigure
@@ -73,8 +80,7 @@ struct PortCapacity
     const CapacityModel *model = nullptr; ///< whose figure it is, with its source; null: typed
 
     /// Error: there is no figure, which is neither 0 nor any number.
-    [[nodiscard]] static tl::expected<PortCapacity, NoFigure> of(const ProcessorCatalogue &catalogue,
-                                                                 const ProcessorSettings &settings);
+    [[nodiscard]] static tl::expected<PortCapacity, NoFigure> of(const ProcessorSettings &settings);
 
     /// The highest rate, in Hz, at which a port still carries so many pixels, 1 and more. Nullopt: at none that is
     /// published, or the figure was typed, of which nobody knows the rates.

@@ -31,6 +31,13 @@ const ProcessorCatalogue &ProcessorCatalogue::builtIn()
     return catalogue;
 }
 
+ProcessorCatalogue ProcessorCatalogue::without(const QString &model) const
+{
+    ProcessorCatalogue rest = *this;
+    std::erase_if(rest.m_models, [&](const ProcessorModel &each) { return each.model == model; });
+    return rest;
+}
+
 const ProcessorModel *ProcessorCatalogue::model(const QString &name) const
 {
     const auto isNamed = [&](const ProcessorModel &model) { return model.model == name; };

@@ -26,6 +26,9 @@ public:
     const std::map<QString, PortRules> &rules() const { return m_rules; }
     const std::map<QString, FigureSource> &sources() const { return m_sources; }
 
+    /// The same without the model of that name.
+    ProcessorCatalogue without(const QString &model) const;
+
     /// Null: there is none of that name.
     const ProcessorModel *model(const QString &name) const;
     /// Of a model of this catalogue; those it names are there.

@@ -72,6 +72,20 @@ ProcessorField field(const char *name, bool (*setter)(ProcessorSettings &, const
     return {name, QMetaType::fromType<TypeOf<member>>(), get<member>, setter, expected, isAlwaysWritten};
 }
 
+QVariant getOwn(const ProcessorSettings &settings)
+{
+    return QString::fromUtf8(settings.own.text());
+}
+
+bool setOwn(ProcessorSettings &settings, const QVariant &value)
+{
+    const QString text = value.toString();
+    const Result<OwnModel> own = text.isEmpty() ? OwnModel() : OwnModel::of(text.toUtf8());
+    if (own)
+        settings.own = *own;
+    return own.has_value();
+}
+
 using Settings = ProcessorSettings;
 constexpr qint64 mostPixels = std::numeric_limits<int>::max();
 } // namespace
@@ -96,6 +110,7 @@ std::span<const ProcessorField> processorFields()
         field<&Settings::backupProcessor>("backupProcessor", set<&Settings::backupProcessor>, "", false),
         field<&Settings::streams>("streams", setWithin<&Settings::streams, 1, mostStreams>, "1 to 16 streams", false),
         field<&Settings::rectangleWhereUnsaid>("rectangleWhereUnsaid", set<&Settings::rectangleWhereUnsaid>, "", false),
+        {"own", QMetaType::fromType<QString>(), getOwn, setOwn, "the description of one model", false},
     };
     return fields;
 }

@@ -108,5 +108,5 @@ struct ShowWiring
     std::vector<Shortage> shortages;
     std::vector<Conflict> conflicts;
 
-    static ShowWiring of(const ProcessorCatalogue &catalogue, const ShowToWire &show);
+    static ShowWiring of(const ShowToWire &show);
 };

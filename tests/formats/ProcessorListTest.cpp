@@ -121,3 +121,27 @@ TEST_F(ProcessorListTest, AnArchiveWithAValueOutOfRangeIsRefused)
     const auto list = ArchiveValue::list({{std::make_shared<const ArchiveObject>(object)}});
     EXPECT_EQ(ProcessorList::ofArchive(list).error().text, "processor 0: \"streams\" is 0, expected 1 to 16 streams");
 }
+
+TEST_F(ProcessorListTest, AModelOfOnesOwnTravelsWithTheShow)
+{
+    Project show = project();
+    show.processors.front().own = OwnModel::of({.name = "Box", .ports = 4, .pixels = 500'000}).value();
+    show.processors.front().model = "Box";
+    const QByteArray bytes = ProjectFile::encode(show).value();
+    const Result<Project> opened = ProjectFile::decode(bytes, host);
+    ASSERT_TRUE(opened) << qPrintable(opened.error().text);
+    EXPECT_EQ(PortCapacity::of(opened->processors.front())->pixels, 500'000);
+    EXPECT_EQ(ProjectFile::encode(*opened).value(), bytes);
+
+    const QByteArray text = ProjectText::encode(show);
+    const Result<Project> read = ProjectText::decode(text, "/", host);
+    ASSERT_TRUE(read) << qPrintable(read.error().text);
+    EXPECT_EQ(PortCapacity::of(read->processors.front())->pixels, 500'000);
+    EXPECT_EQ(ProjectText::encode(*read), text);
+}
+
+TEST_F(ProcessorListTest, AModelThatIsNoneIsRefused)
+{
+    EXPECT_EQ(refusal(R"([{"name": "A", "own": "{}"}])"),
+              "processor 0: own: \"own\" is \"{}\", expected the description of one model");
+}

@@ -101,7 +101,7 @@ TEST_F(ShowProcessorsTest, CopiedCablesTakeTheNextFreePorts)
     show.walls.resize(2);
     show.walls[0].runs = one;
     show.walls[1].runs = other;
-    ShowProcessors::takeFreePorts({copy, plain, otherCopy}, {ProcessorCatalogue::builtIn(), show});
+    ShowProcessors::takeFreePorts({copy, plain, otherCopy}, FreePorts(show));
     EXPECT_EQ(copy->record()->runs, CableRuns({{{"A", 4}, 1, {{1, 0}}}, {{"A", 3}, 1, {{0, 0}}}}));
     EXPECT_EQ(otherCopy->record()->runs, CableRuns({{{"A", 4}, 2, {{0, 0}}}}));
     EXPECT_EQ(plain->record()->runs, CableRuns());

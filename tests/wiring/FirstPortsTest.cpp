@@ -38,8 +38,8 @@ struct WiredShow
     std::vector<WiringFinding> found;
 
     WiredShow(std::vector<ProcessorSettings> processors, std::vector<WallToWire> walls)
-        : show{std::move(processors), std::move(walls), {4096, 4096}},
-          wiring(ShowWiring::of(ProcessorCatalogue::builtIn(), show)), found(findInWiring(show, wiring))
+        : show{std::move(processors), std::move(walls), {4096, 4096}}, wiring(ShowWiring::of(show)),
+          found(findInWiring(show, wiring))
     {}
     std::vector<std::string> ports(std::size_t wall) const { return names(show, wiring, wall); }
 };

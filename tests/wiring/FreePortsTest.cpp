@@ -24,7 +24,7 @@ WallToWire twoPortsFrom(qint64 firstPort)
 
 FreePorts freeOf(const std::vector<ProcessorSettings> &processors, const std::vector<WallToWire> &walls)
 {
-    return {ProcessorCatalogue::builtIn(), {processors, walls, {4096, 4096}}};
+    return FreePorts{{processors, walls, {4096, 4096}}};
 }
 
 std::string taken(FreePorts &free, int count, const QString &processor = "A")

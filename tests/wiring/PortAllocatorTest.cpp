@@ -21,8 +21,7 @@ struct Wired
     ShowWiring wiring;
 
     explicit Wired(std::vector<WallToWire> walls, std::vector<ProcessorSettings> processors = {processor("VX1000")})
-        : show{std::move(processors), std::move(walls), {4096, 4096}},
-          wiring(ShowWiring::of(ProcessorCatalogue::builtIn(), show))
+        : show{std::move(processors), std::move(walls), {4096, 4096}}, wiring(ShowWiring::of(show))
     {}
     std::vector<std::string> ports(std::size_t wall) const { return names(show, wiring, wall); }
 };

@@ -9,7 +9,7 @@ using Rule = RuleCost::Rule;
 namespace {
 PortBounds boundsOf(const ProcessorSettings &settings, qint64 canvasHeight = 1000)
 {
-    return *PortBounds::of(ProcessorCatalogue::builtIn(), settings, canvasHeight);
+    return *PortBounds::of(settings, canvasHeight);
 }
 
 PortLoad load(const std::vector<PixelBox> &boxes)

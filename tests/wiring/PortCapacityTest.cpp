@@ -18,7 +18,7 @@ ProcessorSettings settingsOf(const QString &model, int bits, double rate, const 
 
 tl::expected<PortCapacity, NoFigure> capacityOf(const ProcessorSettings &settings)
 {
-    return PortCapacity::of(ProcessorCatalogue::builtIn(), settings);
+    return PortCapacity::of(settings);
 }
 
 /// -1: no figure.

@@ -144,7 +144,7 @@ TEST(PortEdits, AutomaticCablesBecomeOnesOwn)
     second.goesOn = true;
     second.shape.top = 128;
     ShowToWire automatic{{ShowFixture::processor("MX40 Pro")}, {first, second}, {4096, 4096}};
-    const ShowWiring before = ShowWiring::of(ProcessorCatalogue::builtIn(), automatic);
+    const ShowWiring before = ShowWiring::of(automatic);
     const WallRuns runs = asLaidByHand(automatic, before, 1);
     ASSERT_EQ(runs.size(), 2u);
     EXPECT_EQ(runs[0].port, a1);
@@ -156,7 +156,7 @@ TEST(PortEdits, AutomaticCablesBecomeOnesOwn)
         automatic.walls[wall].runs = asLaidByHand(automatic, before, wall);
     for (WallToWire &wall : automatic.walls)
         wall.split = WallToWire::Split::Hand;
-    const ShowWiring after = ShowWiring::of(ProcessorCatalogue::builtIn(), automatic);
+    const ShowWiring after = ShowWiring::of(automatic);
     ASSERT_EQ(after.ports.size(), 2u);
     EXPECT_EQ(after.ports[0].load.pixels, before.ports[0].load.pixels);
     EXPECT_EQ(after.ports[1].load.box, before.ports[1].load.box);
@@ -169,7 +169,7 @@ TEST(PortEdits, AWallKeepsItsPortsWithThoseThatShareThem)
     shares.goesOn = true;
     shares.shape.top = 128;
     ShowToWire three{{ShowFixture::processor("MX40 Pro")}, {before, before, shares}, {8192, 4096}};
-    const auto wired = [&] { return ShowWiring::of(ProcessorCatalogue::builtIn(), three); };
+    const auto wired = [&] { return ShowWiring::of(three); };
     const auto kept = firstPortsToKeep(three, wired(), 2);
     EXPECT_EQ(kept, (std::map<std::size_t, qint64>{{1, 3}, {2, 4}}));
     EXPECT_EQ(firstPortsToKeep(three, wired(), 0), (std::map<std::size_t, qint64>{{0, 1}}));
@@ -192,13 +192,13 @@ TEST(PortEdits, WallsThatShareAPortAreTakenByHandTogether)
     WallToWire alone = before;
     alone.shape.top = 512;
     ShowToWire three{{ShowFixture::processor("MX40 Pro")}, {before, shares, alone}, {4096, 4096}};
-    const ShowWiring automatic = ShowWiring::of(ProcessorCatalogue::builtIn(), three);
+    const ShowWiring automatic = ShowWiring::of(three);
     EXPECT_THAT(sharing(three, automatic, 1), ElementsAre(0, 1));
     EXPECT_THAT(sharing(three, automatic, 2), ElementsAre(2));
     for (const std::size_t wall : sharing(three, automatic, 1))
         three.walls[wall].runs = asLaidByHand(three, automatic, wall);
     three.walls[0].split = three.walls[1].split = WallToWire::Split::Hand;
-    const ShowWiring byHand = ShowWiring::of(ProcessorCatalogue::builtIn(), three);
+    const ShowWiring byHand = ShowWiring::of(three);
     for (std::size_t wall = 0; wall < 3; ++wall)
         EXPECT_EQ(ShowFixture::names(three, byHand, wall), ShowFixture::names(three, automatic, wall));
     EXPECT_THAT(sharing(three, byHand, 1), testing::IsEmpty());
@@ -207,7 +207,7 @@ TEST(PortEdits, WallsThatShareAPortAreTakenByHandTogether)
 TEST(PortEdits, RunsWithoutAPortAreNotTaken)
 {
     const ShowToWire large{{ShowFixture::processor("MX40 Pro")}, {ShowFixture::wall(36, 18, 128, 128)}, {8192, 4096}};
-    const WallRuns runs = asLaidByHand(large, ShowWiring::of(ProcessorCatalogue::builtIn(), large), 0);
+    const WallRuns runs = asLaidByHand(large, ShowWiring::of(large), 0);
     EXPECT_EQ(runs.size(), 13u);
     EXPECT_EQ(runs.back().port.number, 13);
 }

@@ -40,7 +40,7 @@ qint64 answeredFor(const ProcessorModel &model, const ProcessorModel::Figure &fi
         if (capacityModel == model.capacityModel)
             settings.card = names;
     }
-    const auto capacity = PortCapacity::of(catalogue(), settings);
+    const auto capacity = PortCapacity::of(settings);
     return capacity ? capacity->pixels : -1;
 }
 } // namespace
@@ -134,7 +134,8 @@ TEST(ProcessorCatalogue, APersonsModelsStandBesideThoseOfTheProgram)
     ProcessorSettings settings;
     settings.model = "Box";
     settings.rate = 50;
-    EXPECT_EQ(PortCapacity::of(*own, settings)->pixels, 500000);
+    settings.own = OwnModel::of(ownFile()).value();
+    EXPECT_EQ(PortCapacity::of(settings)->pixels, 500000);
 }
 
 TEST(ProcessorCatalogue, WhatIsWrongInAFileIsNamed)
@@ -175,16 +176,17 @@ TEST(ProcessorCatalogue, NoFileOfAPersonBringsTheReaderDown)
             text[static_cast<qsizetype>(chance() % unsigned(text.size()))] = "{}[]\":,-90.einullx"[chance() % 18];
         if (chance() % 4 == 0)
             text.truncate(static_cast<qsizetype>(chance() % unsigned(text.size())));
-        const auto read = ProcessorCatalogue::read(text, catalogue());
+        const auto read = OwnModel::of(text);
         refused += read ? 0 : 1;
         if (!read) {
             ASSERT_FALSE(read.error().text.isEmpty()) << text.constData();
             continue;
         }
-        for (const ProcessorModel &model : read->models()) {
+        for (const ProcessorModel &model : read->catalogue().models()) {
             ProcessorSettings settings;
             settings.model = model.model;
-            (void)PortCapacity::of(*read, settings);
+            settings.own = *read;
+            (void)PortCapacity::of(settings);
         }
     }
     EXPECT_GT(refused, 1'200);

@@ -77,7 +77,7 @@ WallRuns edited(Chance &chance, const WallShape &wall, const WallRuns &runs)
 std::map<PortName, std::pair<qint64, qint64>> loads(const ShowToWire &show)
 {
     std::map<PortName, std::pair<qint64, qint64>> found;
-    for (const ShowWiring::Port &port : ShowWiring::of(ProcessorCatalogue::builtIn(), show).ports)
+    for (const ShowWiring::Port &port : ShowWiring::of(show).ports)
         found[{show.processors[port.processor].name, port.number}] = {port.load.panels, port.loaded};
     return found;
 }
@@ -110,7 +110,7 @@ TEST(RandomHands, AutomaticCablesLaidByHandCarryTheSame)
             show.walls.push_back(randomWall(chance));
             show.walls.back().goesOn = chance.once(2);
         }
-        const ShowWiring automatic = ShowWiring::of(ProcessorCatalogue::builtIn(), show);
+        const ShowWiring automatic = ShowWiring::of(show);
         const auto before = loads(show);
         if (!automatic.shortages.empty())
             continue;
@@ -123,7 +123,7 @@ TEST(RandomHands, AutomaticCablesLaidByHandCarryTheSame)
         if (automatic.processors[0].ports) {
             ASSERT_EQ(loads(own), before) << "seed " << seed;
             ++compared;
-            for (const WiringFinding &finding : findInWiring(own, ShowWiring::of(ProcessorCatalogue::builtIn(), own))) {
+            for (const WiringFinding &finding : findInWiring(own, ShowWiring::of(own))) {
                 ASSERT_NE(finding.check, WiringFinding::Check::PanelNotFed) << "seed " << seed;
                 ASSERT_NE(finding.check, WiringFinding::Check::PanelFedTwice) << "seed " << seed;
             }

@@ -42,8 +42,7 @@ TEST(RandomWalls, AutomaticWaysFeedEachPanelThatIsOnOnce)
         Chance chance(seed);
         const WallToWire random = randomWall(chance);
         const FlowPattern pattern = *FlowPattern::ofCode(random.pattern);
-        const auto bounds =
-            PortBounds::of(ProcessorCatalogue::builtIn(), randomProcessor(chance, "A"), chance.from(1, 2000));
+        const auto bounds = PortBounds::of(randomProcessor(chance, "A"), chance.from(1, 2000));
         ASSERT_TRUE(feedsAllOnce(random.shape, WallSplit::byLines(random.shape, pattern, chance.from(0, 200'000))))
             << "seed " << seed;
         if (bounds) {
@@ -58,8 +57,7 @@ TEST(RandomWalls, PanelByPanelNoPortIsOverUnlessOnePanelAloneIs)
     for (unsigned seed = 1; seed <= walls; ++seed) {
         Chance chance(seed);
         const WallToWire random = randomWall(chance);
-        const auto bounds =
-            PortBounds::of(ProcessorCatalogue::builtIn(), randomProcessor(chance, "A"), chance.from(1, 2000));
+        const auto bounds = PortBounds::of(randomProcessor(chance, "A"), chance.from(1, 2000));
         if (!bounds)
             continue;
         const WallSplit split = WallSplit::byPanels(random.shape, *FlowPattern::ofCode(random.pattern), *bounds);
@@ -77,8 +75,7 @@ TEST(RandomWalls, PanelByPanelNeedsNoMorePortsThanWholeLines)
     for (unsigned seed = 1; seed <= walls; ++seed) {
         Chance chance(seed);
         const WallToWire random = randomWall(chance);
-        const auto bounds =
-            PortBounds::of(ProcessorCatalogue::builtIn(), randomProcessor(chance, "A"), chance.from(1, 2000));
+        const auto bounds = PortBounds::of(randomProcessor(chance, "A"), chance.from(1, 2000));
         if (!bounds || isBoundOtherwise(*bounds))
             continue;
         const FlowPattern pattern = *FlowPattern::ofCode(random.pattern);
@@ -106,9 +103,7 @@ TEST(RandomWalls, WhatIsKeptStaysWhateverTheOthersDo)
         kept.firstPort = chance.from(1, 3);
         show.walls.insert(show.walls.begin() + chance.from(0, static_cast<int>(show.walls.size())), kept);
 
-        const auto portsOf = [](const ShowToWire &of, std::size_t wall) {
-            return names(of, ShowWiring::of(ProcessorCatalogue::builtIn(), of), wall);
-        };
+        const auto portsOf = [](const ShowToWire &of, std::size_t wall) { return names(of, ShowWiring::of(of), wall); };
         std::size_t place = 0;
         while (show.walls[place].firstPort == 0)
             ++place;
@@ -133,7 +128,7 @@ TEST(RandomWalls, WhatIsToBeKeptStaysAsItWas)
             show.walls.back().goesOn = chance.once(2);
             show.walls.back().firstPort = chance.once(6) ? chance.from(1, 9) : 0;
         }
-        const ShowWiring before = ShowWiring::of(ProcessorCatalogue::builtIn(), show);
+        const ShowWiring before = ShowWiring::of(show);
         const auto wall = static_cast<std::size_t>(chance.from(0, static_cast<int>(show.walls.size()) - 1));
         const auto ports = PortEdits::firstPortsToKeep(show, before, wall);
         if (!ports)
@@ -142,7 +137,7 @@ TEST(RandomWalls, WhatIsToBeKeptStaysAsItWas)
         ShowToWire after = show;
         for (const auto &[place, firstPort] : *ports)
             after.walls[place].firstPort = firstPort;
-        const ShowWiring wiring = ShowWiring::of(ProcessorCatalogue::builtIn(), after);
+        const ShowWiring wiring = ShowWiring::of(after);
         for (const auto &[place, firstPort] : *ports) {
             ASSERT_EQ(names(after, wiring, place), names(show, before, place)) << "seed " << seed;
             ASSERT_EQ(wiring.walls[place].split.runs, before.walls[place].split.runs) << "seed " << seed;

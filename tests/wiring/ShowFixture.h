@@ -46,7 +46,7 @@ inline CellSet block(int left, int top, int columns, int rows)
 inline ShowWiring wire(const std::vector<ProcessorSettings> &processors, const std::vector<WallToWire> &walls,
                        const QSize &output = {8192, 8192})
 {
-    return ShowWiring::of(ProcessorCatalogue::builtIn(), {processors, walls, output});
+    return ShowWiring::of({processors, walls, output});
 }
 
 inline ProcessorSettings looped(const QString &model, const QString &name = "A")
@@ -69,7 +69,7 @@ inline std::vector<WiringFinding> findings(const std::vector<ProcessorSettings> 
                                            const std::vector<WallToWire> &walls)
 {
     const ShowToWire show{processors, walls, {4096, 4096}};
-    return findInWiring(show, ShowWiring::of(ProcessorCatalogue::builtIn(), show));
+    return findInWiring(show, ShowWiring::of(show));
 }
 
 inline std::vector<WiringFinding::Check> checks(const std::vector<WiringFinding> &found)

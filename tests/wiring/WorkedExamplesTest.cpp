@@ -97,7 +97,7 @@ TEST(WorkedExamples, E05_WholeRows)
     settings.card = "A10s Pro";
     WallToWire lines = twentyByTen();
     lines.split = WallToWire::Split::Lines;
-    lines.pixelLimit = PortBounds::of(ProcessorCatalogue::builtIn(), settings, 8192)->pixelLimit(128 * 128);
+    lines.pixelLimit = PortBounds::of(settings, 8192)->pixelLimit(128 * 128);
     EXPECT_EQ(lines.pixelLimit, 494791);
     const ShowWiring wiring = wire({settings}, {lines});
     EXPECT_EQ(panels(wiring), ports(10, 20));
@@ -107,7 +107,7 @@ TEST(WorkedExamples, E05_WholeRows)
 TEST(WorkedExamples, E06_MorePortsThanOneProcessorHas)
 {
     const ShowToWire show{{processor("Tessera S8", 12), processor("Tessera S8", 12, 60, "B")}, {twentyByTen()}, {}};
-    const ShowWiring wiring = ShowWiring::of(ProcessorCatalogue::builtIn(), show);
+    const ShowWiring wiring = ShowWiring::of(show);
     EXPECT_EQ(limitOf(wiring), 350000);
     EXPECT_EQ(panels(wiring), ports(9, 21, {11}));
     EXPECT_EQ(names(show, wiring, 0),

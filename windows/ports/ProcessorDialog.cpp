@@ -85,7 +85,7 @@ ProcessorDialog::ProcessorDialog(const ProcessorSettings &settings, const QStrin
 
 const ProcessorModel *ProcessorDialog::model() const
 {
-    return ProcessorCatalogue::builtIn().model(m_settings.model);
+    return catalogueOf(m_settings).model(m_settings.model);
 }
 
 void ProcessorDialog::addName(QFormLayout &form)
@@ -103,7 +103,7 @@ void ProcessorDialog::addName(QFormLayout &form)
 void ProcessorDialog::addModel(QFormLayout &form)
 {
     m_model = comboBox("Model");
-    for (const ProcessorModel &model : ProcessorCatalogue::builtIn().models())
+    for (const ProcessorModel &model : catalogueOf(m_settings).models())
         m_model->addItem(model.family + ", " + model.model, model.model);
     if (!model())
         m_model->addItem(m_settings.model, m_settings.model);
@@ -237,7 +237,7 @@ void ProcessorDialog::refresh()
     const bool needsOther = m_settings.backup == ProcessorSettings::Backup::SecondProcessor;
     m_backupProcessor->setEnabled(needsOther);
     const bool isTaken = m_others.contains(m_settings.name);
-    const bool hasFigure = PortCapacity::of(ProcessorCatalogue::builtIn(), m_settings).has_value();
+    const bool hasFigure = PortCapacity::of(m_settings).has_value();
     m_figure->show(isTaken ? QString("Another processor is called %1.").arg(m_settings.name) : figureText(),
                    isTaken || !hasFigure);
     m_source->show(sourceText(), false);
@@ -247,7 +247,7 @@ void ProcessorDialog::refresh()
 /// "659,722 px per port, as printed; 626,735 px with the headroom"
 QString ProcessorDialog::figureText() const
 {
-    const auto capacity = PortCapacity::of(ProcessorCatalogue::builtIn(), m_settings);
+    const auto capacity = PortCapacity::of(m_settings);
     if (!capacity)
         return capacity.error().sentence;
     QString text = NumberText::grouped(capacity->figure) + " px per port, " + originText(capacity->origin);
@@ -258,10 +258,10 @@ QString ProcessorDialog::figureText() const
 
 QString ProcessorDialog::sourceText() const
 {
-    const auto capacity = PortCapacity::of(ProcessorCatalogue::builtIn(), m_settings);
+    const auto capacity = PortCapacity::of(m_settings);
     if (!capacity || !capacity->model)
         return {};
-    const auto &sources = ProcessorCatalogue::builtIn().sources();
+    const auto &sources = catalogueOf(m_settings).sources();
     const auto source = sources.find(capacity->model->source);
     if (source == sources.end())
         return {};
