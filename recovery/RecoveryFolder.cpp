@@ -1,6 +1,7 @@
 #include "recovery/RecoveryFolder.h"
 
 #include "base/FileBytes.h"
+#include "base/StateFolder.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -131,9 +132,7 @@ namespace RecoveryFolder {
 
 QString standardPath()
 {
-    // QStandardPaths knows this folder from Qt 6.7 on. A relative path in the variable does not count.
-    const QString state = qEnvironmentVariable("XDG_STATE_HOME");
-    return (QDir::isAbsolutePath(state) ? state : QDir::homePath() + "/.local/state") + "/wallwright/recovery";
+    return StateFolder::path("recovery");
 }
 
 std::vector<FoundCopy> found(const QString &folder)
