@@ -7,6 +7,7 @@
 #include "windows/LayerTable.h"
 #include "windows/ListsPane.h"
 #include "windows/MainWindow.h"
+#include "windows/MenuText.h"
 #include "windows/OutputPreview.h"
 #include "windows/PowerBar.h"
 #include "windows/PresetPanel.h"
@@ -270,7 +271,7 @@ void MainWindow::listDisplays(QMenu &menu)
     for (QScreen *display : QGuiApplication::screens()) {
         const QSize size = (QSizeF(display->size()) * display->devicePixelRatio()).toSize();
         const QString name =
-            QString("&%1: %2, %3").arg(++number).arg(display->name().replace('&', "&&"), NumberText::size(size));
+            QString("&%1: %2, %3").arg(++number).arg(menuText(display->name()), NumberText::size(size));
         QAction *action = menu.addAction(name, this, [this, display = QPointer(display)] {
             if (!display)
                 return; // it has gone while the menu was open
@@ -338,7 +339,7 @@ void MainWindow::listRecentFiles(QMenu &menu)
     menu.clear();
     for (const QString &path : Settings::recentFiles()) {
         // An ampersand in a title is a key's mark; twice it is the sign itself.
-        QAction *action = menu.addAction(QFileInfo(path).fileName().replace('&', "&&"), this, [this, path] {
+        QAction *action = menu.addAction(menuText(QFileInfo(path).fileName()), this, [this, path] {
             m_powerBar->clearMessage();
             m_document.openProjectPre(path);
             if (!QFileInfo::exists(path))
@@ -356,7 +357,7 @@ void MainWindow::listUnsavedWork(QMenu &menu)
     menu.clear();
     const std::vector<FoundCopy> copies = m_document.recoverable();
     for (const FoundCopy &copy : copies) {
-        menu.addAction(titleOf(copy).replace('&', "&&"), this, [this, copy] {
+        menu.addAction(menuText(titleOf(copy)), this, [this, copy] {
             m_powerBar->clearMessage();
             m_document.recover(copy);
             tellRemainingWork();

@@ -3,6 +3,7 @@
 #include "app/LWAppDelegate.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
+#include "windows/MenuText.h"
 
 #include <QInputDialog>
 #include <QMenu>
@@ -23,11 +24,6 @@ std::optional<CableHand::Panel> panelAt(const std::vector<LayerPointer> &layers,
     const auto cell = wall ? wall->panelAt(pixel.x(), pixel.y()) : std::nullopt;
     return cell ? std::optional(CableHand::Panel{*found, *cell}) : std::nullopt;
 }
-
-QString escaped(QString text)
-{
-    return text.replace('&', "&&");
-}
 } // namespace
 
 CableMenu::CableMenu(LWAppDelegate &document, std::function<void(const QString &)> tell)
@@ -47,7 +43,7 @@ void CableMenu::fill(QMenu &menu, const QPoint &pixel) const
 
 void CableMenu::addEdit(QMenu &menu, const QString &text, const QString &name, const Wiring::CableEdit &edit) const
 {
-    menu.addAction(escaped(text), [&document = m_document, tell = m_tell, name, edit] {
+    menu.addAction(menuText(text), [&document = m_document, tell = m_tell, name, edit] {
         if (const Result<void> done = document.wiring().editCables(name, edit); !done)
             tell(done.error().text);
     });
@@ -57,7 +53,7 @@ void CableMenu::addEditWithPort(QMenu &menu, const QString &text, const QString 
                                 std::function<Result<Runs>(const Runs &, const PortName &)> edit) const
 {
     QWidget *const window = menu.parentWidget();
-    menu.addAction(escaped(text) + "...", [&document = m_document, tell = m_tell, text, name, port, edit, window] {
+    menu.addAction(menuText(text) + "...", [&document = m_document, tell = m_tell, text, name, port, edit, window] {
         bool isChosen = false;
         const int number = QInputDialog::getInt(window, text, "Port of processor " + port.processor,
                                                 static_cast<int>(port.number), 1, mostPorts, 1, &isChosen);
@@ -92,7 +88,7 @@ void CableMenu::fillForPort(QMenu &menu, const CableHand::Panel &panel, const Po
         [port](const Runs &runs, const PortName &to) { return PortEdits::renumberFrom(runs, port, to.number); });
     addEditWithPort(menu, "Exchange " + called + " with port", "exchanging of ports", port,
                     [port](const Runs &runs, const PortName &to) { return PortEdits::exchange(runs, port, to); });
-    QMenu *others = menu.addMenu("Move " + escaped(called) + " to processor");
+    QMenu *others = menu.addMenu("Move " + menuText(called) + " to processor");
     for (const ProcessorSettings &settings : m_document.wiring().processors()) {
         if (settings.name != port.processor)
             addEdit(*others, settings.name + ", " + settings.model, "processor of a cable",

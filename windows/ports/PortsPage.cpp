@@ -1,10 +1,13 @@
 #include "windows/ports/PortsPage.h"
 
 #include "app/LWAppDelegate.h"
+#include "app/OwnModels.h"
 #include "base/NumberText.h"
 #include "facts/PortSummary.h"
+#include "windows/MenuText.h"
 #include "windows/Theme.h"
 #include "windows/ports/LoadBar.h"
+#include "windows/ports/ModelDialog.h"
 #include "windows/ports/ProcessorDialog.h"
 #include "windows/tables/RowTable.h"
 
@@ -131,16 +134,12 @@ void PortsPage::listProcessors()
     for (const ProcessorModel &model : ProcessorCatalogue::builtIn().models()) {
         if (!family || family->title() != model.family)
             family = m_processors->addMenu(model.family);
-        family->addAction(model.model, this, [this, &model] {
-            ProcessorSettings settings;
-            settings.model = model.model;
-            settings.bits = model.bits.empty() ? settings.bits : model.bits.front();
-            tellIfFailed(m_document.wiring().add(settings));
-        });
+        family->addAction(menuText(model.model), this, [this, &model] { addProcessor(model, {}); });
     }
+    listOwnModels(*m_processors->addMenu(OwnModel::family));
     m_processors->addSeparator();
     const auto &processors = m_document.wiring().processors();
-    const auto add = [this](QString title, auto act) { m_processors->addAction(title.replace('&', "&&"), this, act); };
+    const auto add = [this](const QString &title, auto act) { m_processors->addAction(menuText(title), this, act); };
     for (std::size_t i = 0; i < processors.size(); ++i) {
         const QString name = processors[i].name + ", " + processors[i].model;
         add("Settings of " + name + "...", [this, i] { askForSettings(i); });
@@ -152,6 +151,42 @@ void PortsPage::listProcessors()
         m_processors->addSeparator();
         add("Keep the ports of all walls", [this] { keepAllPorts(); });
     }
+}
+
+void PortsPage::addProcessor(const ProcessorModel &model, const OwnModel &own)
+{
+    ProcessorSettings settings;
+    settings.model = model.model;
+    settings.own = own;
+    settings.bits = model.bits.empty() ? settings.bits : model.bits.front();
+    tellIfFailed(m_document.wiring().add(settings));
+}
+
+/// Those that are kept for all shows, and another one.
+void PortsPage::listOwnModels(QMenu &menu)
+{
+    const OwnModels::Found found = OwnModels::in(OwnModels::standardPath());
+    for (const OwnModel &own : found.models)
+        menu.addAction(menuText(own.model()->model), this, [this, own] { addProcessor(*own.model(), own); });
+    for (const QString &fault : found.faults)
+        emit failureTold(fault);
+    menu.addSeparator();
+    menu.addAction("Describe a model...", this, &PortsPage::describeModel);
+}
+
+void PortsPage::describeModel()
+{
+    auto *dialog = new ModelDialog(*window());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &QDialog::accepted, this, [this, dialog] {
+        const Result<OwnModel> own = OwnModel::of(dialog->description());
+        const Result<void> kept =
+            own.and_then([](const OwnModel &model) { return OwnModels::keep(model, OwnModels::standardPath()); });
+        if (kept)
+            addProcessor(*own->model(), *own);
+        tellIfFailed(kept);
+    });
+    dialog->open();
 }
 
 void PortsPage::askForSettings(std::size_t processor)

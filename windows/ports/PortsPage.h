@@ -36,6 +36,9 @@ private:
     void askForSettings(std::size_t processor);
     void keepAllPorts();
     void listProcessors();
+    void addProcessor(const ProcessorModel &model, const OwnModel &own);
+    void listOwnModels(QMenu &menu);
+    void describeModel();
     void askForRow(const QModelIndex &index);
 
     LWAppDelegate &m_document;
