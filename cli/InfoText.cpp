@@ -4,6 +4,7 @@
 #include "base/NumberText.h"
 #include "cli/VisibleText.h"
 #include "facts/ProjectFacts.h"
+#include "facts/WiredPorts.h"
 #include "layer/PowerCalculator.h"
 #include "screen/LostWall.h"
 
@@ -78,13 +79,22 @@ QString portsText(const WallFacts &wall)
     return wall.ports.isOverLimit ? text + ", too few for one row or column: all panels on one port" : text;
 }
 
-QString wallText(const WallFacts &wall)
+/// Those of its pixel limit; where a processor feeds it, the names of those that stand with the processors.
+QString portsText(const WallFacts &wall, const std::optional<WiredPorts> &wired)
+{
+    if (wired)
+        return line("Ports", wired->count > 0 ? grouped(wired->count) + ", " + wired->text() : wired->text());
+    QString text = line("Ports", portsText(wall));
+    for (const PortGroup &group : wall.ports.groups)
+        text += line("", portText(wall.ports, group));
+    return text;
+}
+
+QString wallText(const WallFacts &wall, const std::optional<WiredPorts> &wired)
 {
     QString text = line("Panels", panelsText(wall));
     text += line("Data path", pathText(wall));
-    text += line("Ports", portsText(wall));
-    for (const PortGroup &group : wall.ports.groups)
-        text += line("", portText(wall.ports, group));
+    text += portsText(wall, wired);
     text += line("Power", QString("%1 W, %2 W a panel").arg(grouped(wall.load.watts), grouped(wall.wattsPerPanel)));
     return text + line("Current", DecimalText::of(wall.amperes) + " A");
 }
@@ -130,7 +140,7 @@ QString portsText(const ShowPorts &ports)
     return text;
 }
 
-QString layerText(const LayerFacts &layer, std::size_t index)
+QString layerText(const LayerFacts &layer, std::size_t index, const ShowPorts &ports)
 {
     QString text = heading(layer, index);
     text += line("Position", QString("x %1, y %2").arg(grouped(layer.x), grouped(layer.y)));
@@ -138,7 +148,7 @@ QString layerText(const LayerFacts &layer, std::size_t index)
                                                                          : size(layer.width, layer.height) + " pixels");
     if (!layer.wall)
         return text + line("Picture", layer.picture.isNull() ? QString("none") : VisibleText::quoted(layer.picture));
-    return text + wallText(*layer.wall);
+    return text + wallText(*layer.wall, WiredPorts::of(ports, {static_cast<qsizetype>(index)}));
 }
 } // namespace
 
@@ -149,7 +159,7 @@ QString of(const ProjectFacts &facts)
     QString text = QString("Output: %1 pixels\n").arg(size(facts.outputWidth, facts.outputHeight));
     text += QString("Layers: %1\n\n").arg(grouped(qint64(facts.layers.size())));
     for (std::size_t i = 0; i < facts.layers.size(); ++i)
-        text += layerText(facts.layers[i], i) + u'\n';
+        text += layerText(facts.layers[i], i, facts.ports) + u'\n';
     text += portsText(facts.ports);
     return text + QString("%1 (%2 W at %3 V, %4)\n")
                       .arg(PowerCalculator::resultText(facts.amperes), grouped(facts.load.watts), grouped(facts.volts),

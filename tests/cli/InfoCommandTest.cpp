@@ -269,6 +269,7 @@ TEST_F(InfoCommandTest, TellsThePortsOfProcessorsForPeople)
                               "  A1         40 panels, 655,360 pixels of 659,722, \"MAIN\"\n"))
         << qPrintable(text);
     EXPECT_TRUE(text.contains("  A5         40 panels, 655,360 pixels of 659,722, \"MAIN\"\n\nTotal Power"));
+    EXPECT_TRUE(text.contains("  Ports      5, A1 to A5, the fullest with 655,360 of 659,722 px\n  Power"));
 }
 
 TEST_F(InfoCommandTest, TellsThePortsOfProcessorsForPrograms)
