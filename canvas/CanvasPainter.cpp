@@ -80,6 +80,11 @@ void CanvasPainter::text(const QRect &box, const QString &text)
     textIn(box, text, QPalette::ToolTipText);
 }
 
+void CanvasPainter::warning(const QRect &box, const QString &text)
+{
+    textIn(box, text, QPalette::BrightText);
+}
+
 void CanvasPainter::textIn(const QRect &box, const QString &text, QPalette::ColorRole colour)
 {
     QPainter &painter = inWidget();
@@ -95,7 +100,7 @@ void CanvasPainter::textBesidePointer(const QString &text)
 
 void CanvasPainter::warningBesidePointer(const QString &text)
 {
-    textIn(boxOfPointer(text), text, QPalette::BrightText);
+    warning(boxOfPointer(text), text);
 }
 
 QRect CanvasPainter::boxOfPointer(const QString &text) const

@@ -44,10 +44,10 @@ public:
     void uprightLine(double pixel);
     void levelLine(double pixel);
 
-    /// In a box of the widget.
+    /// In a box of the widget; a warning in its colour.
     void text(const QRect &box, const QString &text);
+    void warning(const QRect &box, const QString &text);
     void textBesidePointer(const QString &text);
-    /// In the colour of warnings.
     void warningBesidePointer(const QString &text);
 
 private:

@@ -75,6 +75,44 @@ PortLoad loadOf(const CableHand::Show &show, const PortName &port,
     }
     return load;
 }
+
+/// What hangs on a port in one wall.
+struct Piece
+{
+    LayerPointer wall;
+    CableRun run;
+};
+
+/// In the order of the cable; those without panels left out.
+std::vector<Piece> piecesOn(const CableHand::Show &show, const PortName &port)
+{
+    std::vector<Piece> pieces;
+    for (const LayerPointer &layer : show.layers) {
+        for (const CableRun &run : handRunsOf(*layer)) {
+            if (run.port == port && !run.cells.empty())
+                pieces.push_back({layer, run});
+        }
+    }
+    std::ranges::stable_sort(pieces, {}, [](const Piece &piece) { return piece.run.piece; });
+    return pieces;
+}
+
+/// The end of a cable that a panel is, from which it can be laid on; one of a single panel goes on.
+enum class CableEnd
+{
+    None,
+    First,
+    Last
+};
+
+CableEnd endAt(const CableHand::Show &show, const PortName &port, const CableHand::Panel &panel)
+{
+    const std::vector<Piece> pieces = piecesOn(show, port);
+    if (panel == CableHand::Panel{pieces.back().wall, pieces.back().run.cells.back()})
+        return CableEnd::Last;
+    const bool isFirst = panel == CableHand::Panel{pieces.front().wall, pieces.front().run.cells.front()};
+    return isFirst ? CableEnd::First : CableEnd::None;
+}
 } // namespace
 
 /// What was laid is worked out from the walls as they were and from the way since, so that other keys lay it anew.
@@ -110,7 +148,6 @@ struct CableHand::Held
 void CableHand::Held::lay(const Way &way, bool isFirst)
 {
     Layer &wall = *way.wall;
-    makeHandWired(wall, port.processor);
     const WallRuns runs = handRunsOf(wall);
     const WallShape shape = wallShapeOf(wall);
     const bool goesOn = isFirst && !isNew;
@@ -122,9 +159,11 @@ void CableHand::Held::lay(const Way &way, bool isFirst)
         laid = HandWiring::lay(shape, runs, *HandWiring::runAt(runs, from.cell), way.cells, limit, hand);
     else
         laid = HandWiring::begin(shape, runs, port, PortEdits::nextPiece(runsOf(show), port), way.cells, limit, hand);
-    giveRuns(wall, laid.runs);
-    if (!laid.taken.empty())
+    if (!laid.taken.empty()) {
+        makeHandWired(wall, port.processor);
+        giveRuns(wall, laid.runs);
         end = Panel{way.wall, laid.taken.back()};
+    }
     for (const HandWiring::Passed &one : laid.passed)
         passed.emplace_back(Panel{way.wall, one.cell}, one);
     isFull = laid.full.has_value();
@@ -161,9 +200,8 @@ Result<bool> CableHand::take(const Show &show, const Panel &panel, const Keys &k
     const WallShape shape = wallShapeOf(*panel.wall);
     const WallRuns runs = handRunsOf(*panel.wall);
     const auto run = HandWiring::runAt(runs, panel.cell);
-    const std::vector<Cell> none;
-    const std::vector<Cell> &cells = run ? runs[*run].cells : none;
-    const bool goesOn = run && (cells.back() == panel.cell || cells.front() == panel.cell);
+    const CableEnd end = run ? endAt(show, runs[*run].port, panel) : CableEnd::None;
+    const bool goesOn = end != CableEnd::None;
     if (!goesOn && (shape.off.contains(panel.cell) || (run && !keys.takesOver))) {
         m_words = run ? placeText(show, panel) : labelOf(panel) + " is off";
         return false;
@@ -183,12 +221,12 @@ Result<bool> CableHand::take(const Show &show, const Panel &panel, const Keys &k
         held.before.push_back(layer->record());
     if (goesOn) {
         held.port = runs[*run].port;
-        held.isBefore = cells.back() != panel.cell;
+        held.isBefore = end == CableEnd::First;
     } else {
         const Result<QString> processor = processorFor(show, *panel.wall);
         if (!processor)
             return tl::unexpected(processor.error());
-        held.port = show.freePort(*processor);
+        held.port = show.freePort(*processor, panel.wall);
         held.isNew = true;
         held.ways.front().cells = {panel.cell};
     }
@@ -278,25 +316,22 @@ QString CableHand::placeText(const Show &show, const Panel &panel)
     const auto port = portAt(panel);
     if (!port)
         return {};
-    std::vector<std::pair<int, Panel>> pieces; // by number
-    for (const LayerPointer &layer : show.layers) {
-        for (const CableRun &run : handRunsOf(*layer)) {
-            if (run.port == *port && !run.cells.empty())
-                pieces.emplace_back(run.piece, Panel{layer, run.cells.front()});
-        }
-    }
-    std::ranges::stable_sort(pieces, {}, [](const auto &piece) { return piece.first; });
     int place = 0;
-    for (const auto &[number, begin] : pieces) {
-        const WallRuns runs = handRunsOf(*begin.wall);
-        const WallShape shape = wallShapeOf(*begin.wall);
-        for (const Cell &cell : runs[*HandWiring::runAt(runs, begin.cell)].cells) {
+    for (const auto &[wall, run] : piecesOn(show, *port)) {
+        const WallShape shape = wallShapeOf(*wall);
+        for (const Cell &cell : run.cells) {
             place += shape.off.contains(cell) ? 0 : 1;
-            if (panel == Panel{begin.wall, cell})
+            if (panel == Panel{wall, cell})
                 return QString("%1.%2").arg(port->text()).arg(place);
         }
     }
     return {};
+}
+
+std::optional<CableHand::Panel> CableHand::lastOn(const Show &show, const PortName &port)
+{
+    const std::vector<Piece> pieces = piecesOn(show, port);
+    return pieces.empty() ? std::nullopt : std::optional(Panel{pieces.back().wall, pieces.back().run.cells.back()});
 }
 
 PortEdits::ShowRuns CableHand::runsOf(const Show &show)

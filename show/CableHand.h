@@ -23,8 +23,8 @@ public:
         std::vector<LayerPointer> layers; ///< topmost first
         std::vector<ProcessorSettings> processors;
         QSize output;
-        /// The next port that a new cable can have on a processor of that name.
-        std::function<PortName(const QString &processor)> freePort;
+        /// The next port that a new cable of a wall can have on a processor of that name.
+        std::function<PortName(const QString &processor, const LayerPointer &wall)> freePort;
     };
     /// A panel of a wall that has it.
     struct Panel
@@ -44,10 +44,10 @@ public:
     CableHand();
     ~CableHand();
 
-    /// A cable goes on from its last panel, or before its first one; from a panel that none feeds a new one begins, on
-    /// the next free port of the wall's processor, and a wall that was not wired by hand is from then on. Another panel
-    /// of a cable is only named. Returns whether a cable is held.
-    /// Error: there is no processor to begin at.
+    /// A cable goes on from the last panel of all that hangs on its port, or before the first one; from a panel that
+    /// none feeds a new one begins, on the next free port of the wall's processor, and a wall that was not wired by
+    /// hand is from then on. Another panel of a cable is only named. Returns whether a cable is held. Error: there is
+    /// no processor to begin at.
     [[nodiscard]] Result<bool> take(const Show &show, const Panel &panel, const Keys &keys);
     /// The cable that is held goes on to a panel along the straight way, in another wall with a piece of its own. Where
     /// other keys are held than before, what was laid since take() is laid anew.
@@ -69,6 +69,8 @@ public:
 
     /// The cable that feeds a panel; nullopt: none that was laid by hand.
     static std::optional<PortName> portAt(const Panel &panel);
+    /// The last panel of a cable that was laid by hand; nullopt: nothing hangs on that port.
+    static std::optional<Panel> lastOn(const Show &show, const PortName &port);
     /// "A3.12": the place of a panel on its port, those off counted as they are passed; empty: no cable.
     static QString placeText(const Show &show, const Panel &panel);
     /// The runs of all layers, in their order.

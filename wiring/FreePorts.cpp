@@ -44,6 +44,23 @@ PortName FreePorts::take(const QString &processor)
     return port;
 }
 
+PortName FreePorts::takeBeside(const QString &processor, const std::set<PortName> &others)
+{
+    FreePorts beside = *this;
+    beside.m_taken.insert(others.begin(), others.end());
+    const PortName port = beside.take(processor);
+    if (!isThere(port))
+        return take(processor);
+    m_taken.insert(port);
+    return port;
+}
+
+bool FreePorts::isThere(const PortName &port) const
+{
+    const auto place = Processors::placeOf(m_processors, port.processor);
+    return place && port.number <= m_pairs[*place].ports();
+}
+
 std::optional<qint64> FreePorts::numberOf(std::size_t place)
 {
     const auto isFree = [&](qint64 number) { return !m_taken.contains({m_processors[place].name, number}); };

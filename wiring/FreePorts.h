@@ -17,8 +17,11 @@ public:
     /// The first one of a processor, else of the next one like it. It is taken from then on. Where none is left it is
     /// one behind the last, which is a finding; a processor that nobody knows has any.
     PortName take(const QString &processor);
+    /// The same, but one of those only where no other is left.
+    PortName takeBeside(const QString &processor, const std::set<PortName> &others);
 
 private:
+    bool isThere(const PortName &port) const;
     std::optional<qint64> numberOf(std::size_t processor);
     PortName behind(const QString &processor, qint64 last) const;
 

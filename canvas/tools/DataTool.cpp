@@ -22,6 +22,11 @@ const LWScreen &wallOf(const CableHand::Panel &panel)
     return static_cast<const LWScreen &>(*panel.wall);
 }
 
+bool isAutomatic(const CableHand::Panel &panel)
+{
+    return panel.wall->record()->split != CableSplit::Hand;
+}
+
 bool isEnter(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
@@ -51,28 +56,36 @@ std::optional<CableHand::Panel> DataTool::panelMeant() const
 
 bool DataTool::press(const ToolPointer &pointer)
 {
-    finish(); // what the keys hold
+    m_laying = Laying::Nothing;
+    m_isPressed = true;
     const LayerPointer layer = Arranging::layerAt(document(), geometry().pixelAt(pointer.place));
     if (layer && layer != document().selectedLayer())
         document().select(layer, false);
     m_words.clear();
-    if (const auto panel = panelAt(pointer.place))
-        take(*panel, keysOf(pointer.keys));
+    const auto panel = panelAt(pointer.place);
+    const bool wasAutomatic = panel && isAutomatic(*panel);
+    if (panel && take(*panel, keysOf(pointer.keys)) && wasAutomatic)
+        m_begun = panel;
     widget().update();
     return layer != nullptr;
 }
 
-void DataTool::take(const CableHand::Panel &panel, const CableHand::Keys &keys)
+/// Returns whether a cable is held.
+bool DataTool::take(const CableHand::Panel &panel, const CableHand::Keys &keys)
 {
+    m_begun.reset();
     const Result<bool> taken = m_hand.take(document().cables(), panel, keys);
     m_words = taken ? m_hand.words() : taken.error().text;
-    if (taken && *taken)
+    m_isLimit = false;
+    if (m_hand.isHeld())
         shown();
+    return m_hand.isHeld();
 }
 
 void DataTool::shown()
 {
     m_words = m_hand.words();
+    m_isLimit = m_hand.isAtLimit();
     document().update(nullptr);
     widget().update();
 }
@@ -82,6 +95,8 @@ void DataTool::drag(const ToolPointer &pointer)
     const auto panel = panelAt(pointer.place);
     if (!panel)
         return dragWithKeys(pointer);
+    if (m_begun != panel)
+        m_begun.reset();
     m_hand.goTo(*panel, keysOf(pointer.keys));
     shown();
 }
@@ -92,32 +107,41 @@ void DataTool::dragWithKeys(const ToolPointer &pointer)
     shown();
 }
 
+/// A click alone does not take a wall's automatic cables away.
 void DataTool::release(const ToolPointer &pointer)
 {
+    m_isPressed = false;
     if (!isHolding())
         return widget().update();
     drag(pointer);
+    if (m_begun) {
+        cancel();
+        m_words = "Drag from here to lay its cables by hand";
+        return;
+    }
     finish();
+    if (!m_isLimit)
+        m_words.clear();
 }
 
 void DataTool::finish()
 {
-    m_isByKeys = false;
-    if (m_hand.isHeld())
-        change("cable", m_hand.finish());
+    m_isPressed = false;
+    if (m_hand.isHeld() && m_hand.finish())
+        document().finishEdit("cable");
+    widget().update();
 }
 
-bool DataTool::change(const QString &name, bool isDone)
+void DataTool::edited(const QString &name)
 {
-    if (isDone)
-        document().finishEdit(name);
+    m_words.clear();
+    document().finishEdit(name);
     widget().update();
-    return isDone;
 }
 
 void DataTool::cancel()
 {
-    m_isByKeys = false;
+    m_begun.reset();
     m_hand.cancel();
     m_words.clear();
     document().update(nullptr);
@@ -131,68 +155,138 @@ std::optional<Qt::CursorShape> DataTool::cursor() const
 
 bool DataTool::key(const QKeyEvent &event)
 {
-    const auto step = stepOf(event);
-    if (step)
-        return go({qBound(-1, step->x(), 1), qBound(-1, step->y(), 1)}, keysOf(event.modifiers()));
+    const CableHand::Keys keys = keysOf(event.modifiers());
+    if (const auto step = stepOf(event))
+        return go({qBound(-1, step->x(), 1), qBound(-1, step->y(), 1)}, keys);
     if (isEnter(event))
-        return takeOrLayDown(keysOf(event.modifiers()));
-    if (event.key() == Qt::Key_Escape && m_isByKeys) {
-        cancel();
-        return true;
+        return enter(keys);
+    switch (event.key()) {
+    case Qt::Key_Escape:
+        return escape();
+    case Qt::Key_Backspace:
+        return takeBack();
+    case Qt::Key_Delete:
+        return clear();
+    default:
+        return false;
     }
-    if (event.key() == Qt::Key_Escape)
-        return m_cursor.drop();
-    const auto panel = panelMeant();
-    if (!panel || m_hand.isHeld())
-        return false;
-    const CableHand::Show show = document().cables();
-    if (event.key() == Qt::Key_Backspace)
-        return change("taking back of a panel", CableHand::takeBack(show, *panel));
-    const auto port = CableHand::portAt(*panel);
-    if (event.key() != Qt::Key_Delete || !port)
-        return false;
-    CableHand::give(show, PortEdits::clear(CableHand::runsOf(show), *port));
-    return change("clearing of a cable", true);
 }
 
-/// Delete would take the layer away.
+/// Delete would take the layer away, and arrows with Ctrl move it.
 bool DataTool::takesShortcut(const QKeyEvent &event) const
 {
     const bool clears = event.key() == Qt::Key_Delete || event.key() == Qt::Key_Backspace;
-    if (!clears)
-        return m_isByKeys && stepOf(event);
-    const auto panel = panelMeant();
-    return panel && CableHand::portAt(*panel);
+    return clears ? panelMeant().has_value() : m_laying != Laying::Nothing && stepOf(event).has_value();
 }
 
-/// With a cable in hand the next panel hangs on it.
 bool DataTool::go(const QPoint &step, const CableHand::Keys &keys)
 {
     const auto under = m_pointer ? panelAt(*m_pointer) : std::nullopt;
     const bool isInSelected = under && under->wall == document().selectedLayer();
     if (!m_cursor.move(step, isInSelected ? std::optional(under->cell) : std::nullopt))
         return false;
+    m_words.clear();
     bringIntoSight(m_cursor.place());
-    if (m_isByKeys) {
-        m_hand.goTo(*panelMeant(), keys);
-        shown();
-    }
+    if (m_laying == Laying::Cable)
+        layOn(*panelMeant(), keys);
+    else if (m_laying == Laying::NextPort)
+        begin(*panelMeant(), keys);
     return true;
 }
 
-bool DataTool::takeOrLayDown(const CableHand::Keys &keys)
+/// From the last panel of the cable, wherever that is by now; one that has gone meanwhile is laid on no more.
+void DataTool::layOn(const CableHand::Panel &panel, const CableHand::Keys &keys)
+{
+    const auto last = CableHand::lastOn(document().cables(), m_port);
+    if (!last || !take(*last, keys)) {
+        m_laying = Laying::Nothing;
+        return;
+    }
+    m_hand.goTo(panel, keys);
+    shown();
+    finish();
+}
+
+/// A cable is begun there, or taken that ends there. Returns whether one is laid on.
+bool DataTool::begin(const CableHand::Panel &panel, const CableHand::Keys &keys)
+{
+    if (!take(panel, keys))
+        return false;
+    finish();
+    const auto port = CableHand::portAt(panel);
+    if (port) {
+        m_port = *port;
+        m_laying = Laying::Cable;
+    }
+    return port.has_value();
+}
+
+bool DataTool::enter(const CableHand::Keys &keys)
 {
     const auto panel = panelMeant();
-    if (m_isByKeys) {
-        finish();
-        return true;
+    if (m_laying == Laying::NextPort)
+        return escape();
+    if (m_laying == Laying::Cable) {
+        m_laying = Laying::NextPort;
+        m_words = "The next panel begins the next port";
+    } else if (panel) {
+        begin(*panel, keys);
     }
-    if (!panel)
-        return false;
-    take(*panel, keys);
-    m_isByKeys = m_hand.isHeld();
+    widget().update();
+    return m_laying != Laying::Nothing || panel;
+}
+
+bool DataTool::escape()
+{
+    if (m_laying == Laying::Nothing)
+        return m_cursor.drop();
+    m_laying = Laying::Nothing;
+    m_words.clear();
     widget().update();
     return true;
+}
+
+bool DataTool::takeBack()
+{
+    const auto panel = panelMeant();
+    const CableHand::Show show = document().cables();
+    const auto port = panel ? CableHand::portAt(*panel) : std::nullopt;
+    if (!port) {
+        m_words = panel ? "No cable that was laid by hand is here" : QString();
+        widget().update();
+        return panel.has_value();
+    }
+    CableHand::takeBack(show, *panel);
+    edited("taking back of a panel");
+    const auto last = CableHand::lastOn(document().cables(), *port);
+    if (m_laying != Laying::Nothing && last)
+        leadCursorTo(*last);
+    else
+        m_laying = Laying::Nothing;
+    return true;
+}
+
+void DataTool::leadCursorTo(const CableHand::Panel &panel)
+{
+    const auto from = m_cursor.panel();
+    if (from && panel.wall == document().selectedLayer())
+        m_cursor.move({panel.cell.column - from->column, panel.cell.row - from->row}, {});
+}
+
+bool DataTool::clear()
+{
+    const auto panel = panelMeant();
+    const auto port = panel ? CableHand::portAt(*panel) : std::nullopt;
+    if (port) {
+        m_laying = Laying::Nothing;
+        const CableHand::Show show = document().cables();
+        CableHand::give(show, PortEdits::clear(CableHand::runsOf(show), *port));
+        edited("clearing of a cable");
+    } else if (panel) {
+        m_words = "No cable that was laid by hand is here";
+        widget().update();
+    }
+    return panel.has_value();
 }
 
 std::optional<QPoint> DataTool::reachedPixel() const
@@ -202,8 +296,7 @@ std::optional<QPoint> DataTool::reachedPixel() const
 
 void DataTool::forgetReached()
 {
-    if (m_isByKeys)
-        finish();
+    m_laying = Laying::Nothing;
     m_cursor.drop();
 }
 
@@ -230,8 +323,8 @@ std::optional<LabelledOutline> DataTool::outline() const
 
 void DataTool::hover(const std::optional<QPointF> &place)
 {
-    if (m_pointer != place && !m_hand.isHeld())
-        m_words.clear();
+    if (m_pointer != place && !m_isPressed && !m_cursor.panel())
+        m_words.clear(); // they were of the place before
     m_pointer = place;
     const auto before = std::exchange(m_outline, outline());
     LabelledOutline::exchange(widget(), geometry(), before, m_outline);
@@ -256,6 +349,8 @@ void DataTool::paintTexts(CanvasPainter &painter) const
         painter.warningBesidePointer(m_words);
     else if (isHolding())
         painter.textBesidePointer(m_words);
+    else if (m_outline && m_isLimit && !m_words.isEmpty())
+        painter.warning(m_outline->labelBox, m_outline->label);
     else if (m_outline)
         painter.text(m_outline->labelBox, m_outline->label);
 }

@@ -19,7 +19,7 @@ protected:
         document.all = {document.layer};
         screen.setValue("processor", "A");
         document.processors = {processor("A")};
-        document.nextPort = [this](const QString &name) { return PortName{name, ++m_lastPort}; };
+        document.nextPort = [this](const QString &name, const LayerPointer &) { return PortName{name, ++m_lastPort}; };
         view.setTool(CanvasToolName::Data);
         view.setFocus();
     }
@@ -72,8 +72,40 @@ TEST_F(DataToolOfCanvas, ADragLaysACableAlongItsWay)
 
 TEST_F(DataToolOfCanvas, AClickIsACableOfOnePanel)
 {
+    screen.setValue("split", "hand");
     dragOver({panel(2, 2)});
     EXPECT_EQ(runsOf(screen), (WallRuns{{{"A", 1}, 1, {{2, 2}}}}));
+}
+
+TEST_F(DataToolOfCanvas, AClickAloneLeavesAutomaticCables)
+{
+    const LayerRecordPointer before = screen.record();
+    dragOver({panel(2, 2)});
+    EXPECT_TRUE(screen.hasRecord(before));
+    EXPECT_TRUE(edits().isEmpty());
+    dragOver({panel(2, 2), panel(3, 2), panel(2, 2)}); // to the next panel and back
+    EXPECT_EQ(runsOf(screen)[0].cells, row(2, 3, 2));
+}
+
+TEST_F(DataToolOfCanvas, AWallInWhichNothingIsLaidKeepsItsCables)
+{
+    LWScreen &banner = addWall({1024, 0, 128, 128});
+    const LayerRecordPointer before = banner.record();
+    dragOver({panel(0, 0), panel(7, 0), panel(8, 0)}); // full before it comes there
+    EXPECT_EQ(runsOf(screen)[0].cells, row(0, 5, 0));
+    EXPECT_TRUE(banner.hasRecord(before));
+}
+
+TEST_F(DataToolOfCanvas, TheEndOfAPieceInTheMiddleOfACableHoldsNothing)
+{
+    LWScreen &banner = addWall({1024, 0, 256, 128});
+    dragOver({panel(6, 0), panel(7, 0), panel(8, 0)});
+    const LayerRecordPointer before = screen.record();
+    dragOver({panel(7, 0), panel(7, 1)});
+    EXPECT_TRUE(screen.hasRecord(before));
+    EXPECT_EQ(runsOf(banner)[0].cells.size(), 1U);
+    dragOver({panel(6, 0), panel(5, 0)}); // before its first panel
+    EXPECT_EQ(runsOf(screen)[0].cells, row(5, 7, 0));
 }
 
 TEST_F(DataToolOfCanvas, ItGoesOnFromItsEndAndBeforeItsBeginning)
@@ -154,34 +186,85 @@ TEST_F(DataToolOfCanvas, EscapeTakesBackWhatIsBeingLaid)
     EXPECT_TRUE(edits().isEmpty());
 }
 
-TEST_F(DataToolOfCanvas, KeysLayACablePanelByPanel)
+TEST_F(DataToolOfCanvas, KeysLayACablePanelByPanelEachAStep)
 {
     type(Qt::Key_Right); // to the first panel
+    EXPECT_TRUE(edits().isEmpty());
     type(Qt::Key_Return);
+    EXPECT_EQ(runsOf(screen), (WallRuns{{{"A", 1}, 1, {{0, 0}}}}));
     type(Qt::Key_Right);
     type(Qt::Key_Right);
     type(Qt::Key_Down);
-    EXPECT_TRUE(edits().isEmpty());
-    type(Qt::Key_Return);
-    const WallRuns expected{{{"A", 1}, 1, {{0, 0}, {1, 0}, {2, 0}, {2, 1}}}};
-    EXPECT_EQ(runsOf(screen), expected);
-    EXPECT_EQ(edits(), QStringList("finishEdit cable"));
-
-    type(Qt::Key_Down); // with nothing in hand the cursor goes
-    type(Qt::Key_Return);
-    type(Qt::Key_Return);
-    EXPECT_EQ(runsOf(screen)[1], (CableRun{{"A", 2}, 1, {{2, 2}}}));
+    EXPECT_EQ(runsOf(screen), (WallRuns{{{"A", 1}, 1, {{0, 0}, {1, 0}, {2, 0}, {2, 1}}}}));
+    EXPECT_EQ(edits(), QStringList({"finishEdit cable", "finishEdit cable", "finishEdit cable", "finishEdit cable"}));
 }
 
-TEST_F(DataToolOfCanvas, EscapeDropsWhatTheKeysHold)
+TEST_F(DataToolOfCanvas, EnterBeginsTheNextPortAndOnceMoreEndsTheLaying)
 {
-    const LayerRecordPointer before = screen.record();
     type(Qt::Key_Right);
     type(Qt::Key_Return);
     type(Qt::Key_Right);
-    EXPECT_EQ(runsOf(screen).size(), 1U);
+    type(Qt::Key_Return);
+    EXPECT_EQ(edits().size(), 2);
+    type(Qt::Key_Down);
+    type(Qt::Key_Left);
+    EXPECT_EQ(runsOf(screen), (WallRuns{{{"A", 1}, 1, row(0, 1, 0)}, {{"A", 2}, 1, row(1, 0, 1)}}));
+    type(Qt::Key_Return);
+    type(Qt::Key_Return);
+    type(Qt::Key_Down);
+    EXPECT_EQ(runsOf(screen)[1].cells.size(), 2U);
+    EXPECT_EQ(edits().size(), 4);
+}
+
+TEST_F(DataToolOfCanvas, EscapeEndsTheLayingAndWhatIsLaidStays)
+{
+    type(Qt::Key_Right);
+    type(Qt::Key_Return);
+    type(Qt::Key_Right);
     type(Qt::Key_Escape);
-    EXPECT_TRUE(screen.hasRecord(before));
+    type(Qt::Key_Right);
+    EXPECT_EQ(runsOf(screen)[0].cells, row(0, 1, 0));
+}
+
+TEST_F(DataToolOfCanvas, KeysGoOnFromWhereTheCableEndsNow)
+{
+    type(Qt::Key_Right);
+    type(Qt::Key_Return);
+    type(Qt::Key_Right);
+    type(Qt::Key_Right);
+    screen.setValue("runs", QVariant::fromValue(CableRuns({{{"A", 1}, 1, row(0, 1, 0)}}))); // as undo does
+    type(Qt::Key_Right);
+    EXPECT_EQ(runsOf(screen)[0].cells, row(0, 3, 0));
+    screen.setValue("runs", QVariant::fromValue(CableRuns()));
+    const qsizetype before = edits().size();
+    type(Qt::Key_Right);
+    type(Qt::Key_Right);
+    EXPECT_TRUE(runsOf(screen).empty());
+    EXPECT_EQ(edits().size(), before);
+}
+
+TEST_F(DataToolOfCanvas, BackspaceWhileKeysLayGoesBackAPanel)
+{
+    type(Qt::Key_Right);
+    type(Qt::Key_Return);
+    type(Qt::Key_Right);
+    type(Qt::Key_Right);
+    type(Qt::Key_Backspace);
+    EXPECT_EQ(runsOf(screen)[0].cells, row(0, 1, 0));
+    type(Qt::Key_Down); // from the panel that is the last one now
+    EXPECT_EQ(runsOf(screen)[0].cells, (std::vector<Cell>{{0, 0}, {1, 0}, {1, 1}}));
+    EXPECT_EQ(edits().back(), "finishEdit cable");
+}
+
+TEST_F(DataToolOfCanvas, DeleteIsTheToolsWhereverItsPanelIs)
+{
+    moveTo(panel(4, 4), Qt::NoButton);
+    QKeyEvent clears(QEvent::ShortcutOverride, Qt::Key_Delete, Qt::NoModifier);
+    clears.ignore();
+    QApplication::sendEvent(&view, &clears);
+    EXPECT_TRUE(clears.isAccepted());
+    type(Qt::Key_Delete);
+    EXPECT_TRUE(edits().isEmpty());
 }
 
 TEST_F(DataToolOfCanvas, BackspaceTakesBackThePanelThatWasLaidLast)
