@@ -230,6 +230,15 @@ void LWAppDelegate::noteSelection()
     QTimer::singleShot(0, this, &LWAppDelegate::tellChanges);
 }
 
+void LWAppDelegate::endTyping()
+{
+    if (m_wiring.dropLostPanels()) {
+        m_history.absorb();
+        update();
+    }
+    m_history.endGesture();
+}
+
 void LWAppDelegate::finishEdit(const QString &name, const Gesture &gesture)
 {
     m_wiring.followLimits();

@@ -127,8 +127,9 @@ public:
     /// A value was edited: renders the selected layer and updates. "updatePattern" takes pattern() over into it first.
     void observeValueForKeyPath(const QString &keyPath);
 
-    /// Typing in a field has ended: the next edit of the same value is a step of its own.
-    void endTyping() { m_history.endGesture(); }
+    /// Typing in a field has ended: the next edit of the same value is a step of its own. Only now have the panels gone
+    /// that a wall has no more: on the way from 8 columns to 12 it had one.
+    void endTyping();
     /// What is being typed is no value in the end: it is taken back, without a step to do it again.
     void takeBackTyping() { m_history.takeBackGesture(); }
     /// From now on edits are only tried; keepTrial() makes one step of them, dropTrial() takes them back.

@@ -90,7 +90,7 @@ void LWAppDelegate::copyLayer()
     const LayerPointer copy = selected ? createCopyOfLayerThroughArch(selected) : nullptr;
     if (!copy)
         return;
-    m_wiring.welcome({copy});
+    m_wiring.welcomeCopies({copy});
     copy->setLabel(copy->label().isEmpty() ? QString("Copy") : copy->label() + " Copy");
     insertAndSelect(copy, m_selectedRow + 1);
     m_selectedRow = m_arraycontroller.selectionIndex();

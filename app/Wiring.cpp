@@ -2,7 +2,9 @@
 
 #include "app/LWAppDelegate.h"
 #include "facts/ShowCables.h"
+#include "show/WallShapes.h"
 #include "wiring/FreePorts.h"
+#include "wiring/HandWiring.h"
 #include "wiring/PortEdits.h"
 #include "wiring/ProcessorFields.h"
 
@@ -82,8 +84,25 @@ Result<void> Wiring::addLike(std::size_t processor, qint64 count)
 
 CableHand::Show Wiring::cables() const
 {
-    const auto freePort = [this](const QString &processor) { return FreePorts(ports().show).take(processor); };
+    const auto freePort = [this](const QString &processor, const LayerPointer &wall) {
+        return this->freePort(processor, wall);
+    };
     return {m_document.allScreensArray(), m_processors, outputOf(m_document), freePort};
+}
+
+/// One that no other wall hangs on, so that none moves to another port; else one that nobody has chosen.
+PortName Wiring::freePort(const QString &processor, const LayerPointer &wall) const
+{
+    const ShowPorts &now = ports();
+    std::set<PortName> others;
+    for (const ShowWiring::Port &port : now.wiring.ports) {
+        const auto isOther = [&](std::size_t place) {
+            return m_document.allScreensArray()[static_cast<std::size_t>(now.rows[place])] != wall;
+        };
+        if (std::ranges::any_of(port.walls(), isOther))
+            others.insert({m_processors[port.processor].name, port.number});
+    }
+    return FreePorts(now.show).takeBeside(processor, others);
 }
 
 Result<void> Wiring::editCables(const QString &name, const CableEdit &edit)
@@ -162,11 +181,7 @@ Wiring::Show Wiring::show() const
 
 void Wiring::welcome(const ShowProcessors::Layers &layers)
 {
-    const auto isWired = [](const LayerPointer &layer) { return !layer->record()->runs.list().empty(); };
-    if (std::ranges::any_of(layers, isWired)) {
-        const ShowToWire show = showToWire(m_document.allScreensArray(), m_processors, outputOf(m_document));
-        ShowProcessors::takeFreePorts(layers, FreePorts(show));
-    }
+    welcomeCopies(layers);
     const QString processor = lastUsed();
     for (const LayerPointer &layer : layers) {
         if (!processor.isEmpty())
@@ -174,10 +189,35 @@ void Wiring::welcome(const ShowProcessors::Layers &layers)
     }
 }
 
+void Wiring::welcomeCopies(const ShowProcessors::Layers &layers)
+{
+    const auto isWired = [](const LayerPointer &layer) { return !layer->record()->runs.list().empty(); };
+    if (std::ranges::none_of(layers, isWired))
+        return;
+    const ShowToWire show = showToWire(m_document.allScreensArray(), m_processors, outputOf(m_document));
+    ShowProcessors::takeFreePorts(layers, FreePorts(show));
+}
+
 void Wiring::followLimits()
 {
     if (!m_processors.empty())
         ShowProcessors::followLimits(m_document.allScreensArray(), m_processors, outputOf(m_document));
+}
+
+bool Wiring::dropLostPanels()
+{
+    bool isAny = false;
+    for (const LayerPointer &layer : m_document.allScreensArray()) {
+        const WallRuns &runs = layer->record()->runs.list();
+        if (runs.empty())
+            continue;
+        const WallRuns kept = HandWiring::keepInside(wallShapeOf(*layer), runs);
+        if (kept == runs)
+            continue;
+        layer->setValue("runs", QVariant::fromValue(CableRuns(kept)));
+        isAny = true;
+    }
+    return isAny;
 }
 
 void Wiring::followCables()

@@ -57,8 +57,12 @@ public:
     /// For whoever edits layers, before the step is made and new ones are in the list: their cables take free ports,
     /// and walls without a processor the one that was used last.
     void welcome(const ShowProcessors::Layers &layers);
+    /// The same for copies of layers of this show, which have no processor where those shall have none.
+    void welcomeCopies(const ShowProcessors::Layers &layers);
     /// The pixels per port of walls that leave them to their processor.
     void followLimits();
+    /// Panels that walls wired by hand no longer have leave their cables. Returns whether there were any.
+    bool dropLostPanels();
     /// The cables in the pictures of walls that show them, selected or not.
     void followCables();
 
@@ -66,6 +70,7 @@ private:
     Result<void> check(const ProcessorSettings &settings, std::optional<std::size_t> processor) const;
     Result<void> checkRoom(qint64 more) const;
     QString lastUsed() const;
+    PortName freePort(const QString &processor, const LayerPointer &wall) const;
 
     /// What ports depend on.
     struct Show

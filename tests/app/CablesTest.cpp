@@ -128,10 +128,52 @@ TEST_F(CablesTest, AnEditOfWholeCablesIsOneStepAndOneThatFailsIsNone)
     EXPECT_EQ(stack.index(), steps + 1);
 }
 
-TEST_F(CablesTest, ANewCableTakesAPortThatNobodyChose)
+TEST_F(CablesTest, ANewCableTakesAPortThatNoOtherWallHasSoThatNoneMoves)
 {
     document.wiring().takeAsLaidByHand({0});
-    EXPECT_EQ(document.wiring().cables().freePort("A"), (PortName{"A", 4}));
+    const CableHand::Show show = document.wiring().cables();
+    EXPECT_EQ(show.freePort("A", show.layers[0]), (PortName{"A", 7})); // SIDE is on 4 to 6
+    EXPECT_EQ(show.freePort("A", show.layers[1]), (PortName{"A", 4})); // its own, which it gives up
+}
+
+TEST_F(CablesTest, WhereAllPortsAreUsedANewCableTakesOneThatNobodyChose)
+{
+    document.wiring().takeAsLaidByHand({0});
+    document.arraycontroller().setSelectionIndex(1);
+    document.setValueOfSelection(32, "arrangedObjects.col"); // 64 panels: more than 17 ports
+    const CableHand::Show show = document.wiring().cables();
+    EXPECT_EQ(show.freePort("A", show.layers[0]), (PortName{"A", 4}));
+}
+
+TEST_F(CablesTest, PanelsThatASmallerWallLosesLeaveTheirCableAndUndoBringsThemBack)
+{
+    document.wiring().takeAsLaidByHand({0});
+    const WallRuns before = layer(0).record()->runs.list();
+    const int steps = stack.index();
+    document.setValue(1, "arrangedObjects.col"); // on the way to 12
+    EXPECT_EQ(layer(0).record()->runs.list(), before);
+    document.setValue(12, "arrangedObjects.col");
+    document.endTyping();
+    EXPECT_EQ(layer(0).record()->runs.list(), before);
+    document.setValue(2, "arrangedObjects.col");
+    document.endTyping();
+    std::size_t kept = 0;
+    for (const CableRun &run : layer(0).record()->runs.list())
+        kept += run.cells.size();
+    EXPECT_EQ(kept, 4); // of 8
+    EXPECT_EQ(stack.index(), steps + 2);
+    stack.undo();
+    EXPECT_EQ(layer(0).record()->runs.list(), before);
+    stack.redo();
+    EXPECT_EQ(layer(0).col(), 2);
+    EXPECT_NE(layer(0).record()->runs.list(), before);
+}
+
+TEST_F(CablesTest, ACopyOfAWallThatShallHaveNoProcessorHasNone)
+{
+    document.setValueOfSelection(QString(), "arrangedObjects.processor");
+    document.copyLayer();
+    EXPECT_EQ(ShowProcessors::of(*document.selectedLayers().front()), QString());
 }
 
 TEST_F(CablesTest, NewPanelsHangOnTheCableThatEndsBesideThemWhileItBearsThem)
