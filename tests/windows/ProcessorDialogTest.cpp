@@ -67,6 +67,8 @@ TEST_F(ProcessorDialogTest, TakesAnyRateWithinReason)
     for (const char *wrong : {"12", "300", "fast", ""}) {
         box("Frame rate").setEditText(wrong);
         EXPECT_EQ(dialog->settings().rate, 47.95) << wrong;
+        EXPECT_FALSE(ok().isEnabled()) << wrong;
+        EXPECT_EQ(said("Pixels per port"), "The frame rate is a number from 23.976 to 240 Hz.");
     }
 }
 

@@ -204,6 +204,21 @@ void InspectorForm::addText(const QString &property, const Caption &caption, con
     addRow(worded(caption, property), field);
 }
 
+namespace {
+/// A list that is open stays as it is where nothing else is offered.
+void offer(QComboBox &box, const std::vector<InspectorChoice> &choices)
+{
+    std::vector<InspectorChoice> there;
+    for (int i = 0; i < box.count(); ++i)
+        there.push_back({box.itemText(i), box.itemData(i)});
+    if (there == choices)
+        return;
+    box.clear();
+    for (const auto &[text, value] : choices)
+        box.addItem(text, value);
+}
+} // namespace
+
 void InspectorForm::addChoice(const QString &property, std::function<std::vector<InspectorChoice>()> choices,
                               const Caption &caption)
 {
@@ -214,11 +229,10 @@ void InspectorForm::addChoice(const QString &property, std::function<std::vector
                      [this, box, property](int index) { m_edit(property, box->itemData(index)); });
     m_shows.push_back([box, property, choices = std::move(choices)](const std::vector<LayerPointer> &layers) {
         const std::optional<QVariant> value = commonValue(layers, property);
-        box->clear();
-        for (const auto &[text, offered] : choices())
-            box->addItem(text, offered);
-        if (value && box->findData(*value) < 0)
-            box->addItem(value->toString(), *value);
+        std::vector<InspectorChoice> offered = choices();
+        if (value && std::ranges::find(offered, *value, &InspectorChoice::value) == offered.end())
+            offered.push_back({value->toString(), *value});
+        offer(*box, offered);
         box->setCurrentIndex(value ? box->findData(*value) : -1);
     });
     addRow(worded(caption, property), box);

@@ -76,7 +76,7 @@ void CableMenu::fillForPort(QMenu &menu, const CableHand::Panel &panel, const Po
     addEdit(menu, "Reverse " + called, "reversing of a cable",
             [port](const Runs &runs) { return PortEdits::reverse(runs, port); });
     addEdit(menu, "Split " + called + " here", "splitting of a cable",
-            [at, free = m_document.wiring().cables().freePort(port.processor)](const Runs &runs) {
+            [at, free = m_document.wiring().cables().freePort(port.processor, panel.wall)](const Runs &runs) {
                 return PortEdits::splitHere(runs, at, free);
             });
     addEdit(menu, "Join " + called + " with the next port", "joining of cables",

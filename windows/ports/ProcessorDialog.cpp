@@ -222,12 +222,13 @@ void ProcessorDialog::offerOfModel()
     m_card->setEnabled(m_card->count() > 1);
 }
 
-/// What is no rate leaves the one before.
+/// Nobody leaves the dialog with what is no rate.
 void ProcessorDialog::takeRate(const QString &text)
 {
     bool isNumber = false;
     const double rate = QString(text).remove("Hz").trimmed().replace(',', '.').toDouble(&isNumber);
-    if (isNumber && rate >= lowestRate && rate <= highestRate)
+    m_isRate = isNumber && rate >= lowestRate && rate <= highestRate;
+    if (m_isRate)
         m_settings.rate = rate;
     refresh();
 }
@@ -236,12 +237,23 @@ void ProcessorDialog::refresh()
 {
     const bool needsOther = m_settings.backup == ProcessorSettings::Backup::SecondProcessor;
     m_backupProcessor->setEnabled(needsOther);
-    const bool isTaken = m_others.contains(m_settings.name);
+    const QString fault = this->fault();
     const bool hasFigure = PortCapacity::of(m_settings).has_value();
-    m_figure->show(isTaken ? QString("Another processor is called %1.").arg(m_settings.name) : figureText(),
-                   isTaken || !hasFigure);
-    m_source->show(sourceText(), false);
-    m_accept->setEnabled(!m_settings.name.isEmpty() && !isTaken);
+    m_figure->show(fault.isEmpty() ? figureText() : fault, !fault.isEmpty() || !hasFigure);
+    m_source->show(fault.isEmpty() ? sourceText() : QString(), false);
+    m_accept->setEnabled(fault.isEmpty());
+}
+
+/// Why the settings cannot be taken as they stand; empty: they can.
+QString ProcessorDialog::fault() const
+{
+    if (m_settings.name.isEmpty())
+        return "A processor needs a name, as its ports are called by it.";
+    if (m_others.contains(m_settings.name))
+        return QString("Another processor is called %1.").arg(m_settings.name);
+    if (!m_isRate)
+        return QString("The frame rate is a number from %1 to %2 Hz.").arg(lowestRate).arg(highestRate);
+    return {};
 }
 
 /// "659,722 px per port, as printed; 626,735 px with the headroom"

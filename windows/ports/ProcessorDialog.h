@@ -40,12 +40,14 @@ private:
     void offerOfModel();
     void takeRate(const QString &text);
     void refresh();
+    QString fault() const;
     QString figureText() const;
     QString sourceText() const;
     const ProcessorModel *model() const;
 
     ProcessorSettings m_settings;
     QStringList m_others;
+    bool m_isRate = true; ///< what stands in its field
     TextField *m_name;
     QComboBox *m_model;
     QComboBox *m_bits;
