@@ -116,14 +116,17 @@ Result<void> Wiring::editCables(const QString &name, const CableEdit &edit)
     return {};
 }
 
-void Wiring::takeAsLaidByHand(const std::vector<qsizetype> &rows)
+Result<void> Wiring::takeAsLaidByHand(const std::vector<qsizetype> &rows)
 {
     const ShowPorts now = ports();
     std::set<std::size_t> walls;
     for (std::size_t wall = 0; wall < now.rows.size(); ++wall) {
-        if (std::ranges::find(rows, now.rows[wall]) != rows.end())
+        const bool isMeant = std::ranges::find(rows, now.rows[wall]) != rows.end();
+        if (isMeant && now.wiring.walls[wall].state == ShowWiring::State::Wired)
             std::ranges::copy(PortEdits::sharing(now.show, now.wiring, wall), std::inserter(walls, walls.end()));
     }
+    if (walls.empty())
+        return fail("The wall hangs on no ports yet; give it a processor of the show first.");
     for (const std::size_t wall : walls) {
         Layer &layer = *m_document.allScreensArray()[static_cast<std::size_t>(now.rows[wall])];
         layer.setValue("runs", QVariant::fromValue(CableRuns(PortEdits::asLaidByHand(now.show, now.wiring, wall))));
@@ -131,6 +134,7 @@ void Wiring::takeAsLaidByHand(const std::vector<qsizetype> &rows)
         layer.drawInRect();
     }
     m_document.finishEdit("cables by hand");
+    return {};
 }
 
 Result<void> Wiring::feed(qsizetype row)

@@ -39,8 +39,8 @@ public:
     using CableEdit = std::function<Result<PortEdits::ShowRuns>(const PortEdits::ShowRuns &runs)>;
     [[nodiscard]] Result<void> editCables(const QString &name, const CableEdit &edit);
     /// The walls in these rows of the layer list, and those that they share ports with, are wired by hand as they are
-    /// wired now.
-    void takeAsLaidByHand(const std::vector<qsizetype> &rows);
+    /// wired now. Error: none of them hangs on ports.
+    [[nodiscard]] Result<void> takeAsLaidByHand(const std::vector<qsizetype> &rows);
 
     /// Panels of the wall in that row that are on no cable hang on those that end beside them; see CableHand::feed().
     /// Error: none can.

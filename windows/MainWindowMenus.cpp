@@ -386,7 +386,10 @@ void MainWindow::showLayerMenu(const QPoint &place)
     QMenu menu(this);
     const auto pixel = m_canvas->readOut().pixel;
     if (m_canvas->tool() == CanvasToolName::Data && pixel) {
-        CableMenu cables(m_document, [this](const QString &text) { m_powerBar->showFailure(text); });
+        const auto tell = [this](const Result<void> &done) {
+            m_powerBar->showFailure(done ? QString() : done.error().text);
+        };
+        CableMenu cables(m_document, tell);
         cables.fill(menu, *pixel);
     }
     menu.addActions(m_layerTable->actions());

@@ -94,12 +94,23 @@ TEST_F(CablesTest, KeptPortsStayWhateverOtherWallsDo)
 TEST_F(CablesTest, TheAutomaticCablesCanBeTakenAsLaidByHand)
 {
     const WallCablesPointer before = layer(0).shownCables();
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     EXPECT_EQ(layer(0).record()->split, CableSplit::Hand);
     EXPECT_EQ(*layer(0).shownCables(), *before);
     EXPECT_EQ(stack.undoText(), "cables by hand");
     stack.undo();
     EXPECT_EQ(layer(0).record()->split, CableSplit::Panels);
+}
+
+TEST_F(CablesTest, AWallThatHangsOnNoPortsKeepsItsAutomaticCables)
+{
+    document.wiring().remove(0);
+    const LayerRecordPointer before = layer(0).record();
+    const int steps = stack.index();
+    EXPECT_EQ(document.wiring().takeAsLaidByHand({0}).error().text,
+              "The wall hangs on no ports yet; give it a processor of the show first.");
+    EXPECT_TRUE(layer(0).hasRecord(before));
+    EXPECT_EQ(stack.index(), steps);
 }
 
 TEST_F(CablesTest, TakenWithThoseThatSharePortsNothingMoves)
@@ -108,14 +119,14 @@ TEST_F(CablesTest, TakenWithThoseThatSharePortsNothingMoves)
     document.finishEdit("sharing");
     const WallCables before = *layer(1).shownCables();
     EXPECT_EQ(before.front().port, (PortName{"A", 3}));
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     EXPECT_EQ(layer(1).record()->split, CableSplit::Hand);
     EXPECT_EQ(*layer(1).shownCables(), before);
 }
 
 TEST_F(CablesTest, AnEditOfWholeCablesIsOneStepAndOneThatFailsIsNone)
 {
-    document.wiring().takeAsLaidByHand({0, 1});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0, 1}));
     const int steps = stack.index();
     const PortName first{"A", 1};
     ASSERT_TRUE(document.wiring().editCables(
@@ -130,7 +141,7 @@ TEST_F(CablesTest, AnEditOfWholeCablesIsOneStepAndOneThatFailsIsNone)
 
 TEST_F(CablesTest, ANewCableTakesAPortThatNoOtherWallHasSoThatNoneMoves)
 {
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     const CableHand::Show show = document.wiring().cables();
     EXPECT_EQ(show.freePort("A", show.layers[0]), (PortName{"A", 7})); // SIDE is on 4 to 6
     EXPECT_EQ(show.freePort("A", show.layers[1]), (PortName{"A", 4})); // its own, which it gives up
@@ -138,7 +149,7 @@ TEST_F(CablesTest, ANewCableTakesAPortThatNoOtherWallHasSoThatNoneMoves)
 
 TEST_F(CablesTest, WhereAllPortsAreUsedANewCableTakesOneThatNobodyChose)
 {
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     document.arraycontroller().setSelectionIndex(1);
     document.setValueOfSelection(32, "arrangedObjects.col"); // 64 panels: more than 17 ports
     const CableHand::Show show = document.wiring().cables();
@@ -147,7 +158,7 @@ TEST_F(CablesTest, WhereAllPortsAreUsedANewCableTakesOneThatNobodyChose)
 
 TEST_F(CablesTest, PanelsThatASmallerWallLosesLeaveTheirCableAndUndoBringsThemBack)
 {
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     const WallRuns before = layer(0).record()->runs.list();
     const int steps = stack.index();
     document.setValue(1, "arrangedObjects.col"); // on the way to 12
@@ -178,7 +189,7 @@ TEST_F(CablesTest, ACopyOfAWallThatShallHaveNoProcessorHasNone)
 
 TEST_F(CablesTest, NewPanelsHangOnTheCableThatEndsBesideThemWhileItBearsThem)
 {
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     document.setValueOfSelection(3, "arrangedObjects.row");
     const int steps = stack.index();
     EXPECT_TRUE(document.wiring().feed(0));
@@ -198,7 +209,7 @@ TEST_F(CablesTest, NewPanelsHangOnTheCableThatEndsBesideThemWhileItBearsThem)
 
 TEST_F(CablesTest, ACableThatGoesOnInAnotherWallTakesNoNewPanels)
 {
-    document.wiring().takeAsLaidByHand({0});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
     layer(1).setValue("split", "hand");
     layer(1).setValue("runs", QVariant::fromValue(CableRuns({{{"A", 3}, 2, {{3, 1}}}})));
     document.setValueOfSelection(3, "arrangedObjects.row");

@@ -233,7 +233,7 @@ TEST_F(ChecksPageTest, TheTabThatIsOpenFoldsAndAnotherComesForward)
 TEST_F(ChecksPageTest, PanelsThatAreNotFedAreFedByAClick)
 {
     addProcessor();
-    document.wiring().takeAsLaidByHand({1});
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({1}));
     layer(1)->setRow(4);
     document.finishEdit("rows");
     open();

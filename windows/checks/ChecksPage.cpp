@@ -168,8 +168,8 @@ void ChecksPage::feed()
     const Finding *const finding = chosen();
     if (!finding || !finding->layer)
         return;
-    if (const Result<void> done = m_document.wiring().feed(*finding->layer); !done)
-        emit failureTold(done.error().text);
+    const Result<void> done = m_document.wiring().feed(*finding->layer);
+    emit failureTold(done ? QString() : done.error().text);
     m_checks.catchUp();
 }
 

@@ -12,7 +12,6 @@
 
 namespace {
 using Runs = PortEdits::ShowRuns;
-constexpr int mostPorts = 9'999;
 
 std::optional<CableHand::Panel> panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
 {
@@ -24,11 +23,17 @@ std::optional<CableHand::Panel> panelAt(const std::vector<LayerPointer> &layers,
     const auto cell = wall ? wall->panelAt(pixel.x(), pixel.y()) : std::nullopt;
     return cell ? std::optional(CableHand::Panel{*found, *cell}) : std::nullopt;
 }
+
+/// Of a processor; where nobody says how many, as many as any may have.
+int portCount(const ShowProcessors::Processors &processors, const QString &name)
+{
+    const ProcessorSettings *const settings = ShowProcessors::find(processors, name);
+    const ProcessorModel *const model = settings ? catalogueOf(*settings).model(settings->model) : nullptr;
+    return model && model->ports > 0 ? model->ports : static_cast<int>(PortPairs::mostPorts);
+}
 } // namespace
 
-CableMenu::CableMenu(LWAppDelegate &document, std::function<void(const QString &)> tell)
-    : m_document(document), m_tell(std::move(tell))
-{}
+CableMenu::CableMenu(LWAppDelegate &document, Tell tell) : m_document(document), m_tell(std::move(tell)) {}
 
 void CableMenu::fill(QMenu &menu, const QPoint &pixel) const
 {
@@ -44,8 +49,7 @@ void CableMenu::fill(QMenu &menu, const QPoint &pixel) const
 void CableMenu::addEdit(QMenu &menu, const QString &text, const QString &name, const Wiring::CableEdit &edit) const
 {
     menu.addAction(menuText(text), [&document = m_document, tell = m_tell, name, edit] {
-        if (const Result<void> done = document.wiring().editCables(name, edit); !done)
-            tell(done.error().text);
+        tell(document.wiring().editCables(name, edit));
     });
 }
 
@@ -53,18 +57,17 @@ void CableMenu::addEditWithPort(QMenu &menu, const QString &text, const QString 
                                 std::function<Result<Runs>(const Runs &, const PortName &)> edit) const
 {
     QWidget *const window = menu.parentWidget();
-    menu.addAction(menuText(text) + "...", [&document = m_document, tell = m_tell, text, name, port, edit, window] {
-        bool isChosen = false;
-        const int number = QInputDialog::getInt(window, text, "Port of processor " + port.processor,
-                                                static_cast<int>(port.number), 1, mostPorts, 1, &isChosen);
-        const PortName chosen{port.processor, number};
-        if (!isChosen)
-            return;
-        const Result<void> done =
-            document.wiring().editCables(name, [&](const Runs &runs) { return edit(runs, chosen); });
-        if (!done)
-            tell(done.error().text);
-    });
+    const int most = portCount(m_document.wiring().processors(), port.processor);
+    menu.addAction(menuText(text) + "...",
+                   [&document = m_document, tell = m_tell, text, name, port, edit, window, most] {
+                       bool isChosen = false;
+                       const int number = QInputDialog::getInt(window, text, "Port of processor " + port.processor,
+                                                               static_cast<int>(port.number), 1, most, 1, &isChosen);
+                       const PortName chosen{port.processor, number};
+                       if (!isChosen)
+                           return;
+                       tell(document.wiring().editCables(name, [&](const Runs &runs) { return edit(runs, chosen); }));
+                   });
 }
 
 void CableMenu::fillForPort(QMenu &menu, const CableHand::Panel &panel, const PortName &port) const
@@ -106,14 +109,13 @@ void CableMenu::fillForWall(QMenu &menu, const CableHand::Panel &panel) const
     const auto &layers = m_document.allScreensArray();
     const qsizetype row = std::ranges::find(layers, panel.wall) - layers.begin();
     if (panel.wall->record()->split != CableSplit::Hand) {
-        menu.addAction("Take the automatic cables as mine",
-                       [&document = m_document, row] { document.wiring().takeAsLaidByHand({row}); });
+        menu.addAction("Take the automatic cables as mine", [&document = m_document, tell = m_tell, row] {
+            tell(document.wiring().takeAsLaidByHand({row}));
+        });
         return;
     }
-    menu.addAction("Feed panels that are not fed", [&document = m_document, tell = m_tell, row] {
-        if (const Result<void> done = document.wiring().feed(row); !done)
-            tell(done.error().text);
-    });
+    menu.addAction("Feed panels that are not fed",
+                   [&document = m_document, tell = m_tell, row] { tell(document.wiring().feed(row)); });
     menu.addAction("Back to automatic cables", [&document = m_document] {
         document.setValueOfSelection("lines", LayerList::keyPathPrefix + QString("split"));
     });

@@ -14,8 +14,11 @@ class QMenu;
 class CableMenu
 {
 public:
-    /// `tell` says why something was not done. Actions of a menu use copies of both; the document outlives them.
-    CableMenu(LWAppDelegate &document, std::function<void(const QString &)> tell);
+    /// Is called after each: with what could not be done, or that it could.
+    using Tell = std::function<void(const Result<void> &done)>;
+
+    /// Actions of a menu use copies of both; the document outlives them.
+    CableMenu(LWAppDelegate &document, Tell tell);
 
     /// Of the topmost wall at that pixel of the output; nothing where there is none, or no panel.
     void fill(QMenu &menu, const QPoint &pixel) const;
@@ -30,5 +33,5 @@ private:
         std::function<Result<PortEdits::ShowRuns>(const PortEdits::ShowRuns &, const PortName &)> edit) const;
 
     LWAppDelegate &m_document;
-    std::function<void(const QString &)> m_tell;
+    Tell m_tell;
 };

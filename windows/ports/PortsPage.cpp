@@ -121,8 +121,7 @@ void PortsPage::addNeeded()
 
 void PortsPage::tellIfFailed(const Result<void> &done)
 {
-    if (!done)
-        emit failureTold(done.error().text);
+    emit failureTold(done ? QString() : done.error().text); // what was told before is over
 }
 
 /// By family, as the catalogue has them; each entry is one step.

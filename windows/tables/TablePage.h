@@ -46,7 +46,7 @@ public:
 signals:
     /// title() or state() is another now.
     void stateDidChange();
-    /// Something could not be done, and why.
+    /// Something could not be done, and why; empty: what was asked for is done.
     void failureTold(const QString &sentence);
     /// Someone wants to see this place of the output, and these layers, by their rows in the list.
     void asked(const std::vector<qsizetype> &layers, const QRectF &pixels);
