@@ -6,6 +6,7 @@
 #include <QMetaType>
 #include <QString>
 
+#include <limits>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -40,6 +41,10 @@ struct CableRun
     int piece = 1;           ///< the place of this piece on its port, 1 the first
     std::vector<Cell> cells; ///< in the order of the cable; a panel that is off keeps its place
     UnknownPartPointer unknown = {};
+
+    /// A file may have taken the last number: then it is that one again, and pieces of one number follow each other as
+    /// their walls do.
+    static int pieceBehind(int piece) { return piece < std::numeric_limits<int>::max() ? piece + 1 : piece; }
 
     bool operator==(const CableRun &) const = default;
 };

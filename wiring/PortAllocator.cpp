@@ -298,7 +298,7 @@ void PortAllocator::hang(std::size_t index, std::size_t run, std::size_t portPla
     if (piece == 0) {
         for (const ShowWiring::Piece &other : port.pieces)
             piece = std::max(piece, other.number);
-        ++piece;
+        piece = CableRun::pieceBehind(piece);
     }
     port.pieces.push_back({index, run, piece});
     port.load.add(load);

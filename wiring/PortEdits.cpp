@@ -130,7 +130,7 @@ int nextPiece(const ShowRuns &runs, const PortName &port)
     int last = 0;
     for (const Place &place : piecesOf(runs, port))
         last = std::max(last, runs[place.wall][place.run].piece);
-    return last + 1;
+    return CableRun::pieceBehind(last);
 }
 
 ShowRuns reverse(const ShowRuns &runs, const PortName &port)

@@ -21,7 +21,7 @@ struct WallCell
 
 /// All ports that are used, in order.
 std::vector<PortName> portsOf(const ShowRuns &runs);
-/// The number of a piece that would be the next one on a port.
+/// The number of a piece that would be the next one on a port; the last number there is where a file has taken it.
 int nextPiece(const ShowRuns &runs, const PortName &port);
 
 /// The cable runs the other way round.

@@ -1,6 +1,8 @@
 #include "ShowFixture.h"
+#include "wiring/PortEdits.h"
 
 #include <gmock/gmock.h>
+#include <limits>
 
 using namespace ShowFixture;
 using Check = WiringFinding::Check;
@@ -98,6 +100,17 @@ TEST(FirstPorts, AWallGoesOnAtTheLastPortOfOneByHand)
     EXPECT_EQ(pieces[0].wall, 0u);
     EXPECT_EQ(pieces[1].number, 6);
     EXPECT_EQ(pieces[2].wall, 2u);
+}
+
+/// A file may name the last number that there is.
+TEST(FirstPorts, AWallGoesOnBehindTheLastPieceThatHasANumber)
+{
+    constexpr int last = std::numeric_limits<int>::max();
+    const WiredShow wired({processor("MX40 Pro")}, {squareByHand({{{"A", 1}, last, {{0, 0}}}}), goesOn(1024)});
+    ASSERT_EQ(wired.wiring.ports[0].pieces.size(), 2u);
+    EXPECT_EQ(wired.wiring.ports[0].pieces[1].wall, 1u);
+    EXPECT_EQ(wired.wiring.ports[0].pieces[1].number, last);
+    EXPECT_EQ(PortEdits::asLaidByHand(wired.show, wired.wiring, 1)[0].piece, last);
 }
 
 TEST(FirstPorts, AWallGoesOnAtNoPortThatThereIsNot)

@@ -31,6 +31,14 @@ TEST(PortEdits, KnowThePortsAndTheirNextPiece)
     EXPECT_EQ(nextPiece(show, a5), 1);
 }
 
+/// A file may name the last number that there is.
+TEST(PortEdits, NoPieceIsBeyondTheLastNumber)
+{
+    constexpr int last = std::numeric_limits<int>::max();
+    EXPECT_EQ(nextPiece({{{a1, last - 1, {{0, 0}}}}}, a1), last);
+    EXPECT_EQ(nextPiece({{{a1, last, {{0, 0}}}}}, a1), last);
+}
+
 TEST(PortEdits, ReverseACableAcrossItsWalls)
 {
     const ShowRuns reversed = reverse(show, a1);
