@@ -6,8 +6,9 @@ namespace {
 /// Only with the walls whose ports somebody chose.
 ShowToWire chosenOf(ShowToWire show)
 {
-    std::erase_if(show.walls,
-                  [](const WallToWire &wall) { return wall.split != WallToWire::Split::Hand && wall.firstPort == 0; });
+    std::erase_if(show.walls, [](const WallToWire &wall) {
+        return wall.split != WallToWire::Split::Hand && !wall.keepsFirstPort();
+    });
     return show;
 }
 } // namespace

@@ -54,7 +54,7 @@ ShowWiring PortAllocator::allocate()
     for (std::size_t wall = 0; wall < m_show.walls.size(); ++wall)
         m_wiring.walls[wall].state = stateOf(wall);
     each([](const WallToWire &wall) { return wall.split == Split::Hand; }, &PortAllocator::wireByHand);
-    each([](const WallToWire &wall) { return wall.split != Split::Hand && wall.firstPort > 0; },
+    each([](const WallToWire &wall) { return wall.split != Split::Hand && wall.keepsFirstPort(); },
          &PortAllocator::keepPorts);
     each([](const WallToWire &) { return true; }, &PortAllocator::wireInOrder);
 
@@ -172,7 +172,7 @@ void PortAllocator::noteLastPorts(std::size_t wallByHand)
 void PortAllocator::wire(std::size_t index, std::size_t processor)
 {
     ShowWiring::Wall &wall = m_wiring.walls[index];
-    const bool isKept = m_show.walls[index].firstPort > 0;
+    const bool isKept = m_show.walls[index].keepsFirstPort();
     const std::size_t next = isKept ? wall.ports.size() : goOn(index, processor);
     wireFrom(index, next, isKept ? m_behind[processor] : processor);
     m_lastPorts.erase(processor);
@@ -214,7 +214,7 @@ bool PortAllocator::canGoOn(std::size_t index, std::size_t place, const WallSpli
 void PortAllocator::wireFrom(std::size_t index, std::size_t run, std::optional<std::size_t> on)
 {
     const std::size_t processor = processorOf(index);
-    const bool isPinNowhere = m_show.walls[index].firstPort > 0 && run == 0 && !on;
+    const bool isPinNowhere = m_show.walls[index].keepsFirstPort() && run == 0 && !on;
     for (; run < m_wiring.walls[index].split.runs.size(); ++run) {
         const PortLoad load = loadOf(index, run);
         std::optional<qint64> number;

@@ -18,11 +18,13 @@ struct WallToWire
     Split split = Split::Lines;
     qint64 pattern = 0;    ///< 0 to 7; others are no path
     qint64 pixelLimit = 0; ///< of whole lines; 0: none
-    qint64 firstPort = 0;  ///< kept, whatever the other walls do; 0: the next free one
+    qint64 firstPort = 0;  ///< kept, whatever the other walls do; 0 or less: the next free one
     /// The first run goes on at the last port of the wall before it in the list, on the same processor, while it fits.
     /// That of a wall by hand is the one with the greatest number.
     bool goesOn = false;
     WallRuns runs = {};
+
+    bool keepsFirstPort() const { return firstPort > 0; }
 };
 
 /// What is to be wired: the processors of a show in their order, its walls in the order of the layer list, and the size

@@ -20,7 +20,7 @@ void WiringSearch::checkWall(std::size_t index)
     if (wall.split == CableSplit::Hand) {
         checkRuns(index);
         checkCells(index);
-    } else if (wall.firstPort > 0) {
+    } else if (wall.keepsFirstPort()) {
         checkFirstPort(index);
     }
     if (m_wiring.walls[index].split.isLineOver)

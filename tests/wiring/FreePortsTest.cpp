@@ -43,6 +43,13 @@ TEST(FreePorts, WhatIsWiredByHandOrKeptIsPassedAndTheRestIsNot)
     EXPECT_EQ(taken(free, 4), "A1 A3 A6 A7");
 }
 
+/// Of a file.
+TEST(FreePorts, ANegativeFirstPortIsNoneThatIsKept)
+{
+    FreePorts free = freeOf({processor("MX40 Pro")}, {twoPortsFrom(-3)});
+    EXPECT_EQ(taken(free, 1), "A1");
+}
+
 TEST(FreePorts, CablesThatLieReadyKeepTheirPorts)
 {
     WallToWire ready = smallByHand({{{"A", 1}, 1, {{0, 0}}}});
