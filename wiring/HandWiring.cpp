@@ -58,9 +58,10 @@ private:
     /// False: the run stops here.
     bool take(const Cell &cell)
     {
-        const auto other = runAt(m_laid.runs, cell);
-        if (other == m_laid.run)
+        const std::vector<Cell> &own = m_laid.runs[m_laid.run].cells;
+        if (std::ranges::find(own, cell) != own.end()) // whoever feeds it besides
             return true;
+        const auto other = runAt(m_laid.runs, cell);
         if (m_wall.off.contains(cell) || (other && !m_hand.takesOver)) {
             const bool isOff = m_wall.off.contains(cell);
             m_laid.passed.push_back({cell, isOff ? std::nullopt : std::optional(m_laid.runs[*other].port)});

@@ -44,6 +44,14 @@ TEST(HandWiring, ARunGrowsAlongTheWayOfThePointer)
     EXPECT_FALSE(laid.full);
 }
 
+TEST(HandWiring, APanelOfTwoRunsStandsInEachOnce)
+{
+    const WallRuns twice{{{"A", 1}, 1, {{0, 0}}}, {{"A", 2}, 1, {{0, 0}, {0, 1}}}};
+    const Laid laid = lay(shape(), twice, 1, Cells{{0, 0}, {1, 1}}, {}, {.takesOver = true});
+    EXPECT_EQ(laid.runs[0].cells, (Cells{{0, 0}}));
+    EXPECT_EQ(laid.runs[1].cells, (Cells{{0, 0}, {0, 1}, {1, 1}}));
+}
+
 TEST(HandWiring, ARunGoesOnBeforeItsBeginning)
 {
     const Laid laid = lay(shape(), two, 1, Cells{{0, 2}, {0, 3}}, {}, {.isBefore = true});
