@@ -128,6 +128,8 @@ QString WiringSentence::runOfMissing() const
 
 QString WiringSentence::portMissing() const
 {
+    if (m_finding.limit == 0)
+        return QString("A cable hangs on %1, and no processor has so many ports; move the cable.").arg(port());
     return QString("A cable hangs on %1, and the processor has %2; move the cable.")
         .arg(port(), counted(m_finding.limit, "port"));
 }
@@ -192,6 +194,9 @@ QString WiringSentence::backupWrong() const
 
 QString WiringSentence::firstPortMissing() const
 {
+    if (m_finding.limit == 0)
+        return QString("%1 keeps port %2 first, and no processor has so many ports; choose another first port.")
+            .arg(wall(), port());
     if (m_finding.port->number <= m_finding.limit)
         return QString(
                    "%1 keeps port %2 first, which takes the other end of a loop as all behind it do; choose another "

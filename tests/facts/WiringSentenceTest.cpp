@@ -142,6 +142,19 @@ TEST_F(WiringSentenceTest, AFirstPortThatIsNoneNamesWallAndPort)
                                    "of a loop, so it begins at the next one; choose another first port."});
 }
 
+TEST_F(WiringSentenceTest, APortBeyondAllSaysNoNumberOfPortsWhereNobodyDoes)
+{
+    show.processors = {controller("A", "P10 / P20 / Q8")};
+    show.processors[0].capacity = 650'000;
+    const LayerPointer wall = add("MAIN", 1, 1);
+    wall->setValue("firstPort", 1'000'001);
+    EXPECT_EQ(found(), QStringList{"error first-port-missing: MAIN keeps port A1000001 first, and no processor has so "
+                                   "many ports; choose another first port."});
+    lay(wall, row("A", 1'000'001, 0));
+    EXPECT_EQ(found(), QStringList{"error port-missing: A cable hangs on A1000001, and no processor has so many "
+                                   "ports; move the cable."});
+}
+
 TEST_F(WiringSentenceTest, WallsThatHangOnNoPortSayWhy)
 {
     add("MAIN", 2, 2)->setPattern(9);
