@@ -30,6 +30,7 @@ constexpr Telling tellings[]{
     {Check::CanvasExceeded, "canvas-exceeded", Level::Error, &WiringSentence::canvasExceeded},
     {Check::ProcessorsMissing, "processors-missing", Level::Error, &WiringSentence::processorsMissing},
     {Check::NoFigure, "no-figure", Level::Warning, &WiringSentence::noFigure},
+    {Check::WallWaits, "no-figure", Level::Error, &WiringSentence::wallWaits},
     {Check::ProcessorUnknown, "processor-unknown", Level::Error, &WiringSentence::processorUnknown},
     {Check::RunOfMissing, "cable-of-unknown-processor", Level::Error, &WiringSentence::runOfMissing},
     {Check::PortMissing, "port-missing", Level::Error, &WiringSentence::portMissing},

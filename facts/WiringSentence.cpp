@@ -111,6 +111,11 @@ QString WiringSentence::noFigure() const
         .arg(settings().name, m_ports.wiring.processors[*m_finding.processor].ports.error().sentence);
 }
 
+QString WiringSentence::wallWaits() const
+{
+    return QString("%1 waits: %2").arg(wall(), m_ports.wiring.processors[*m_finding.processor].ports.error().sentence);
+}
+
 QString WiringSentence::processorUnknown() const
 {
     return QString("It is fed by processor %1, which the show does not have; add it or choose another.")

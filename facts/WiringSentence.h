@@ -21,6 +21,7 @@ public:
     QString canvasExceeded() const;
     QString processorsMissing() const;
     QString noFigure() const;
+    QString wallWaits() const;
     QString processorUnknown() const;
     QString runOfMissing() const;
     QString portMissing() const;

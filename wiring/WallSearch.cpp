@@ -11,6 +11,10 @@ void WiringSearch::checkWall(std::size_t index)
     if (!wall.processor.isEmpty() && !Processors::placeOf(m_show.processors, wall.processor))
         m_findings.push_back({.check = Check::ProcessorUnknown, .wall = index, .name = wall.processor});
     const State state = m_wiring.walls[index].state;
+    if (state == State::NoFigure)
+        m_findings.push_back({.check = Check::WallWaits,
+                              .wall = index,
+                              .processor = Processors::placeOf(m_show.processors, wall.processor)});
     if (state == State::NoPath)
         m_findings.push_back({.check = Check::NoPath, .wall = index, .found = wall.pattern});
     if (state == State::TooLarge)

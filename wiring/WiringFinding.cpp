@@ -46,14 +46,27 @@ void WiringSearch::checkProcessor(std::size_t index)
     const QString &name = m_show.processors[index].name;
     if (Processors::placeOf(m_show.processors, name) != index)
         m_findings.push_back({.check = Check::NameUsedTwice, .processor = index, .name = name});
-    const auto isAsked = [&] {
-        return std::ranges::find(m_show.walls, name, &WallToWire::processor) != m_show.walls.end();
-    };
-    if (!m_wiring.processors[index].ports && (isUsed(index) || isAsked()))
-        m_findings.push_back({.check = Check::NoFigure, .processor = index, .name = name});
+    checkFigure(index);
     if (isUsed(index))
         checkDevice(index);
     checkBackup(index);
+}
+
+void WiringSearch::checkFigure(std::size_t index)
+{
+    if (m_wiring.processors[index].ports)
+        return;
+    const QString &name = m_show.processors[index].name;
+    bool isAsked = isUsed(index);
+    bool isAwaited = false;
+    for (std::size_t wall = 0; wall < m_show.walls.size(); ++wall) {
+        if (m_show.walls[wall].processor != name || Processors::placeOf(m_show.processors, name) != index)
+            continue;
+        isAsked = true;
+        isAwaited |= m_wiring.walls[wall].state == ShowWiring::State::NoFigure;
+    }
+    if (isAsked && !isAwaited)
+        m_findings.push_back({.check = Check::NoFigure, .processor = index, .name = name});
 }
 
 void WiringSearch::checkBackup(std::size_t index)

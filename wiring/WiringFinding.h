@@ -21,7 +21,8 @@ struct WiringFinding
         CanvasExceeded,    ///< the `box` around all panels of a processor
         ProcessorsMissing, ///< `found` ports have none; `limit` more processors would take them, 0: no number would;
                            ///< `shortage` says which
-        NoFigure,          ///< nobody says what a port of the processor bears
+        NoFigure,          ///< nobody says what a port of the processor bears; no wall waits for it
+        WallWaits,         ///< nobody says what a port of the processor bears, and the wall is cut by it
         ProcessorUnknown,  ///< a wall names one that the show lacks, `name`, and waits
         RunOfMissing,      ///< `found` runs by hand name one, `name`; the first hangs on `port`
         PortMissing,       ///< a run by hand names a port that its processor, with `limit` of them, does not have

@@ -21,6 +21,7 @@ private:
     bool isUsed(std::size_t processor) const { return m_used.contains(processor); }
 
     void checkProcessor(std::size_t index);
+    void checkFigure(std::size_t index);
     void checkBackup(std::size_t index);
     void checkDevice(std::size_t index);
     void checkShortage(std::size_t index);

@@ -59,9 +59,19 @@ TEST_F(WiringChecksTest, ProcessorsThatTheShowLacksAreNamed)
 TEST_F(WiringChecksTest, WhereNobodyKnowsAFigureItSaysSo)
 {
     show.processors = {controller("A", "of nobody")};
-    add("MAIN", 2, 2);
+    add("MAIN", 2, 2, "lines");
     ASSERT_EQ(found().size(), 1);
     EXPECT_TRUE(found()[0].startsWith("warning no-figure: Processor A: ")) << qPrintable(found()[0]);
+}
+
+TEST_F(WiringChecksTest, AWallThatWaitsForAFigureIsAnError)
+{
+    show.processors = {controller("A", "P10 / P20 / Q8")};
+    add("LINES", 2, 2, "lines");
+    add("MAIN", 2, 2);
+    EXPECT_EQ(found(), QStringList{"error no-figure: MAIN waits: No figure is published for P10 / P20 / Q8; type the "
+                                   "pixels per port."});
+    EXPECT_EQ(WiringChecks::of(ShowPorts::of(show))[0].layer, 1);
 }
 
 TEST_F(WiringChecksTest, ProcessorsThatAreMissingAreCounted)

@@ -133,9 +133,22 @@ TEST(WiringFinding, NamesWhatLeadsNowhere)
 TEST(WiringFinding, AProcessorWithoutAFigureIsNamedOnce)
 {
     WallToWire one = wall(2, 2, 50, 50);
+    one.split = CableSplit::Lines;
     EXPECT_THAT(checks(findings({processor("P10 / P20 / Q8")}, {one, one})), ElementsAre(Check::NoFigure));
     one.processor.clear();
     EXPECT_THAT(checks(findings({processor("P10 / P20 / Q8")}, {one})), IsEmpty());
+}
+
+TEST(WiringFinding, EachWallThatWaitsForAFigureIsNamedAndNotItsProcessor)
+{
+    const WallToWire one = wall(2, 2, 50, 50);
+    WallToWire lines = one;
+    lines.split = CableSplit::Lines;
+    const auto found = findings({processor("P10 / P20 / Q8")}, {one, lines, one});
+    ASSERT_THAT(checks(found), ElementsAre(Check::WallWaits, Check::WallWaits));
+    EXPECT_EQ(found[0].wall, 0u);
+    EXPECT_EQ(found[1].wall, 2u);
+    EXPECT_EQ(found[1].processor, 0u);
 }
 
 TEST(WiringFinding, WholeLinesThatFitNoPortAreAnError)
