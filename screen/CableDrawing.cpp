@@ -1,11 +1,11 @@
 #include "screen/CableDrawing.h"
 
+#include "layer/CableJump.h"
 #include "screen/ChartConstants.h"
 #include "screen/FlowPath.h"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 
 namespace CableDrawing {
 
@@ -14,9 +14,10 @@ const std::vector<double> dash{12, 8};
 /// Strokes of more corners take long where they lie over themselves.
 constexpr int mostCorners = 256;
 
-bool isNeighbour(const Cell &one, const Cell &other)
+PixelBox boxOf(const PanelGrid &grid, const Cell &cell)
 {
-    return std::abs(qint64{one.column} - other.column) + std::abs(qint64{one.row} - other.row) == 1;
+    return {{grid.columns.edge(cell.column), grid.columns.edge(qint64{cell.column} + 1)},
+            {grid.rows.edge(cell.row), grid.rows.edge(qint64{cell.row} + 1)}};
 }
 
 QPointF centreOf(const PanelGrid &grid, const Cell &cell)
@@ -86,7 +87,8 @@ std::vector<Stretch> stretchesOf(const PanelGrid &grid, const std::vector<Cell> 
 {
     std::vector<Stretch> stretches;
     for (std::size_t i = 1; i < cells.size(); ++i) {
-        const Stretch hop{centreOf(grid, cells[i - 1]), centreOf(grid, cells[i]), !isNeighbour(cells[i - 1], cells[i])};
+        const Stretch hop{centreOf(grid, cells[i - 1]), centreOf(grid, cells[i]),
+                          isCableJump(boxOf(grid, cells[i - 1]), boxOf(grid, cells[i]))};
         const bool goesOn = !stretches.empty() && !hop.isJump && !stretches.back().isJump &&
                             towards(stretches.back().from, stretches.back().to) == towards(hop.from, hop.to);
         if (goesOn)

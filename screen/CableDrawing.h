@@ -10,11 +10,11 @@
 #include <vector>
 
 /// A cable through the centres of its panels: straight, an arrowhead in the middle of each stretch without a turn, one
-/// in green where it begins and one in red where it ends. Hops over more than one panel are dashed. Raster coordinates,
+/// in green where it begins and one in red where it ends. Jumps, see isCableJump(), are dashed. Raster coordinates,
 /// y up, double precision.
 namespace CableDrawing {
 
-/// Hops that go straight on, each to the next panel; or one hop over more.
+/// Hops that go straight on; or one that is a jump.
 struct Stretch
 {
     QPointF from;

@@ -1,3 +1,4 @@
+#include "layer/CableJump.h"
 #include "wiring/WiringSearch.h"
 
 #include <algorithm>
@@ -76,15 +77,6 @@ void WiringSearch::checkLoop(const ShowWiring::Port &port, WiringFinding at)
     addForEachWall(port, at);
 }
 
-namespace {
-bool isJump(const PixelSpan &from, const PixelSpan &to)
-{
-    const qint64 gap = std::max(to.from - from.to, from.from - to.to);
-    return gap > from.to - from.from;
-}
-
-} // namespace
-
 /// Whole lines pass what is off as they are drawn.
 void WiringSearch::checkJumps(const ShowWiring::Port &port, WiringFinding at)
 {
@@ -98,8 +90,7 @@ void WiringSearch::checkJumps(const ShowWiring::Port &port, WiringFinding at)
             if (!panel.isOn) // the cable passes it
                 continue;
             const bool isAsked = before && (isFirst || !isLines);
-            if (isAsked &&
-                (isJump(before->box.columns, panel.box.columns) || isJump(before->box.rows, panel.box.rows))) {
+            if (isAsked && isCableJump(before->box, panel.box)) {
                 at.wall = at.cell ? at.wall : piece.wall;
                 at.cell = at.cell.value_or(panel.cell);
                 ++at.found;

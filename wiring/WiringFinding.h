@@ -16,7 +16,7 @@ struct WiringFinding
         PanelFedTwice,     ///< `found` panels of a wall; `cell` is the first of them
         PanelNotFed,       ///< likewise
         CellMissing,       ///< runs name `found` panels that the wall does not have
-        Jump,              ///< `found` times a cable passes more than a panel's pitch; the first ends at `cell`
+        Jump,              ///< `found` times, see isCableJump(); the first ends at `cell`
         CapExceeded,       ///< `found` pixels of a processor that bears `limit`
         CanvasExceeded,    ///< the `box` around all panels of a processor
         ProcessorsMissing, ///< `found` ports have none; `limit` more processors would take them, 0: no number would;

@@ -119,8 +119,9 @@ TEST(ChartCables, OfAWallByItselfAreThoseOfItsRecord)
     EXPECT_EQ(chart.draw({}), wiredWall({cableOn(1, corner)}).draw({}));
     chart.hiddenBoxes = PanelKeys();
     chart.hiddenBoxes->toggle(0, 1);
+    chart.hiddenBoxes->toggle(0, 2);
     EXPECT_EQ(pixelAt(chart.draw({}), 350, 120), white);
-    EXPECT_NE(chart.draw({}), wiredWall({cableOn(1, corner)}).draw({})); // it jumps over the panel that is off
+    EXPECT_NE(chart.draw({}), wiredWall({cableOn(1, corner)}).draw({})); // it jumps over those that are off
 }
 
 TEST(ChartCables, OfWholeLinesAreDrawnAsThePattern)
@@ -211,11 +212,27 @@ TEST(ChartCables, PlacesStandInsteadOfLabels)
 TEST(CableDrawing, CutsACableIntoStretches)
 {
     const PanelGrid grid{{4, 100}, {3, 100}};
-    const auto stretches = CableDrawing::stretchesOf(grid, {{0, 0}, {1, 0}, {2, 0}, {2, 1}, {0, 2}, {1, 2}});
+    const auto stretches = CableDrawing::stretchesOf(grid, {{1, 0}, {2, 0}, {3, 0}, {3, 1}, {0, 2}, {1, 2}});
     const std::vector<CableDrawing::Stretch> expected{
-        {{50, 250}, {250, 250}}, {{250, 250}, {250, 150}}, {{250, 150}, {50, 50}, true}, {{50, 50}, {150, 50}}};
+        {{150, 250}, {350, 250}}, {{350, 250}, {350, 150}}, {{350, 150}, {50, 50}, true}, {{50, 50}, {150, 50}}};
     EXPECT_EQ(stretches, expected);
     EXPECT_TRUE(CableDrawing::stretchesOf(grid, {{0, 0}}).empty());
+}
+
+/// What the checks do not tell of is not dashed, and the other way round.
+TEST(CableDrawing, DashesWhatTheChecksCallAJump)
+{
+    const PanelGrid grid{{5, 100}, {5, 60}};
+    const auto isDashed = [&](const Cell &from, const Cell &to) {
+        return CableDrawing::stretchesOf(grid, {from, to}).front().isJump;
+    };
+    EXPECT_FALSE(isDashed({0, 0}, {1, 1})); // a neighbour, diagonally
+    EXPECT_FALSE(isDashed({4, 4}, {2, 4})); // past one panel
+    EXPECT_FALSE(isDashed({0, 0}, {2, 2}));
+    EXPECT_TRUE(isDashed({0, 0}, {3, 0}));
+    EXPECT_TRUE(isDashed({4, 4}, {4, 1}));
+    const std::vector<CableDrawing::Stretch> expected{{{50, 270}, {450, 270}}};
+    EXPECT_EQ(CableDrawing::stretchesOf(grid, {{0, 0}, {1, 0}, {3, 0}, {4, 0}}), expected);
 }
 
 TEST(CableDrawing, OfManyCornersHasNoGap)
