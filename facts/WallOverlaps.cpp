@@ -1,5 +1,6 @@
 #include "facts/WallOverlaps.h"
 
+#include "base/Counted.h"
 #include "layer/WallGrid.h"
 #include "show/ShowProcessors.h"
 
@@ -50,33 +51,79 @@ PixelSpan linesOf(const PanelAxis &axis, qint64 start, const PixelSpan &pixels)
     return {std::max(first, qint64{0}), std::min(last + 1, qint64{axis.count()})};
 }
 
-/// Calls with the box of each panel that is on in a part of the output, until one is what is sought.
-template <typename IsSought>
-bool hasPanel(const Wall &wall, const PixelBox &part, IsSought isSought)
+PixelBox panelOf(const Wall &wall, qint64 column, qint64 row)
 {
     const PanelAxis &columns = wall.grid.columns;
     const PanelAxis &rows = wall.grid.rows;
     const qint64 left = wall.box.columns.from;
     const qint64 top = wall.box.rows.from;
-    const PixelSpan rowSpan = linesOf(rows, top, part.rows);
-    const PixelSpan columnSpan = linesOf(columns, left, part.columns);
+    return {{left + columns.edge(column), left + columns.edge(column + 1)},
+            {top + rows.edge(row), top + rows.edge(row + 1)}};
+}
+
+/// Calls with the box of each panel that is on in a part of the output, until one is what is sought.
+template <typename IsSought>
+bool hasPanel(const Wall &wall, const PixelBox &part, IsSought isSought)
+{
+    const PixelSpan rowSpan = linesOf(wall.grid.rows, wall.box.rows.from, part.rows);
+    const PixelSpan columnSpan = linesOf(wall.grid.columns, wall.box.columns.from, part.columns);
     for (qint64 row = rowSpan.from; row < rowSpan.to; ++row) {
         for (qint64 column = columnSpan.from; column < columnSpan.to; ++column) {
-            const PixelBox panel{{left + columns.edge(column), left + columns.edge(column + 1)},
-                                 {top + rows.edge(row), top + rows.edge(row + 1)}};
-            if (!wall.off.contains({static_cast<int>(column), static_cast<int>(row)}) && isSought(common(panel, part)))
+            const bool isOff = wall.off.contains({static_cast<int>(column), static_cast<int>(row)});
+            if (!isOff && isSought(common(panelOf(wall, column, row), part)))
                 return true;
         }
     }
     return false;
 }
 
+qint64 countOf(const PixelSpan &columns, const PixelSpan &rows)
+{
+    if (columns.isEmpty() || rows.isEmpty())
+        return 0;
+    return Counted::limited(Counted::product(columns.to - columns.from, rows.to - rows.from));
+}
+
+/// Of a part of the output, panels that are off included.
+qint64 panelsIn(const Wall &wall, const PixelBox &part)
+{
+    return countOf(linesOf(wall.grid.columns, wall.box.columns.from, part.columns),
+                   linesOf(wall.grid.rows, wall.box.rows.from, part.rows));
+}
+
+/// Where the panels of a wall are, whatever size its layer says.
+PixelBox extentOf(const Wall &wall)
+{
+    return {{wall.box.columns.from, wall.box.columns.from + wall.grid.columns.size()},
+            {wall.box.rows.from, wall.box.rows.from + wall.grid.rows.size()}};
+}
+
+qint64 pixelsOff(const Wall &wall, const PixelBox &part)
+{
+    qint64 pixels = 0;
+    for (const Cell &cell : wall.off.cells()) {
+        const PixelBox hole = common(panelOf(wall, cell.column, cell.row), part);
+        Counted::add(pixels, countOf(hole.columns, hole.rows));
+    }
+    return pixels;
+}
+
+/// A file claims millions of panels in a few words, and each that is off by its name. So the holes are asked first:
+/// where they cover the part, the wall with fewer panels there has hardly more of them than there are holes.
 bool panelsMeet(const Wall &one, const Wall &other, const PixelBox &part)
 {
     if (one.off.size() == 0 && other.off.size() == 0)
         return true;
-    return hasPanel(one, part, [&](const PixelBox &panel) {
-        return hasPanel(other, panel, [](const PixelBox &) { return true; });
+    const PixelBox inside = common(part, common(extentOf(one), extentOf(other)));
+    qint64 holes = pixelsOff(one, inside);
+    Counted::add(holes, pixelsOff(other, inside));
+    if (holes < countOf(inside.columns, inside.rows))
+        return true;
+    const bool isOneCoarse = panelsIn(one, inside) <= panelsIn(other, inside);
+    const Wall &coarse = isOneCoarse ? one : other;
+    const Wall &fine = isOneCoarse ? other : one;
+    return hasPanel(coarse, inside, [&](const PixelBox &panel) {
+        return hasPanel(fine, panel, [](const PixelBox &) { return true; });
     });
 }
 

@@ -66,6 +66,36 @@ TEST_F(PlaceChecksTest, AWallInTheHoleOfAnotherIsInNobodysWay)
     EXPECT_EQ(found(), QStringList{"0 walls-overlap: It lies over INSIDE in 200 × 100 px; move one of them."});
 }
 
+/// A hole as large as a hundred million panels is no reason to ask each of them.
+TEST_F(PlaceChecksTest, AHugeWallInAHoleIsFoundAtOnce)
+{
+    const auto fine = [&](int left) {
+        const auto made = wall({9'000, 9'000, 1, 1});
+        made->setXpoint(left);
+        made->setScreenSizeWidth(9'000);
+        made->setScreenSizeHeight(9'000);
+        made->setVisible(true);
+        layers.push_back(made);
+    };
+    const auto hole = std::static_pointer_cast<LWScreen>(wall({2, 1, 9'500, 16'000}));
+    hole->setScreenSizeWidth(19'000);
+    hole->setScreenSizeHeight(16'000);
+    hole->setHiddenBoxes(QStringList{"0,0"});
+    hole->setVisible(true);
+    layers.push_back(hole);
+    fine(0);
+    fine(500);
+    fine(501);
+    QElapsedTimer timer;
+    timer.start();
+    const std::vector<WallOverlap> overlaps = WallOverlaps::of({layers[0], layers[1]}, {20'000, 20'000});
+    const std::vector<WallOverlap> beside = WallOverlaps::of({layers[0], layers[2]}, {20'000, 20'000});
+    const std::vector<WallOverlap> over = WallOverlaps::of({layers[0], layers[3]}, {20'000, 20'000});
+    EXPECT_LT(timer.elapsed(), 500);
+    EXPECT_EQ(overlaps.size() + beside.size(), 0U);
+    EXPECT_EQ(over.size(), 1U);
+}
+
 TEST_F(PlaceChecksTest, BackgroundsAndHiddenWallsAreInNobodysWay)
 {
     add("MAIN", 100, 100, 3, 3);
