@@ -1,5 +1,6 @@
 #include "facts/WiringChecks.h"
 
+#include "base/NumberText.h"
 #include "facts/WiringSentence.h"
 
 #include <algorithm>
@@ -77,6 +78,12 @@ QString processorOf(const WiringFinding &found, const ShowPorts &ports)
     return found.processor ? ports.show.processors[*found.processor].name : QString();
 }
 
+QString sentenceOf(const WiringFinding &found, const ShowPorts &ports)
+{
+    const QString sentence = (WiringSentence(found, ports).*tellings[static_cast<std::size_t>(found.check)].sentence)();
+    return found.more == 0 ? sentence : sentence + QString(" And %1 more.").arg(NumberText::grouped(found.more));
+}
+
 Finding told(const WiringFinding &found, const ShowPorts &ports)
 {
     const Telling &telling = tellings[static_cast<std::size_t>(found.check)];
@@ -89,7 +96,7 @@ Finding told(const WiringFinding &found, const ShowPorts &ports)
             .port = hasNumber ? std::optional(found.port->number) : std::nullopt,
             .processor = processorOf(found, ports),
             .box = boxOf(found, ports),
-            .sentence = (WiringSentence(found, ports).*telling.sentence)()};
+            .sentence = sentenceOf(found, ports)};
 }
 } // namespace
 

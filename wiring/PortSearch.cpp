@@ -29,7 +29,7 @@ void WiringSearch::addForEachWall(const ShowWiring::Port &port, WiringFinding fi
 {
     for (const std::size_t wall : port.walls()) {
         finding.wall = wall;
-        m_findings.push_back(finding);
+        add(finding);
     }
 }
 
@@ -100,5 +100,5 @@ void WiringSearch::checkJumps(const ShowWiring::Port &port, WiringFinding at)
         }
     }
     if (at.found > 0)
-        m_findings.push_back(at);
+        add(at);
 }

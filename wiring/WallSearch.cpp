@@ -9,16 +9,16 @@ void WiringSearch::checkWall(std::size_t index)
 {
     const WallToWire &wall = m_show.walls[index];
     if (!wall.processor.isEmpty() && !Processors::placeOf(m_show.processors, wall.processor))
-        m_findings.push_back({.check = Check::ProcessorUnknown, .wall = index, .name = wall.processor});
+        add({.check = Check::ProcessorUnknown, .wall = index, .name = wall.processor});
     const State state = m_wiring.walls[index].state;
     if (state == State::NoFigure)
-        m_findings.push_back({.check = Check::WallWaits,
-                              .wall = index,
-                              .processor = Processors::placeOf(m_show.processors, wall.processor)});
+        add({.check = Check::WallWaits,
+             .wall = index,
+             .processor = Processors::placeOf(m_show.processors, wall.processor)});
     if (state == State::NoPath)
-        m_findings.push_back({.check = Check::NoPath, .wall = index, .found = wall.pattern});
+        add({.check = Check::NoPath, .wall = index, .found = wall.pattern});
     if (state == State::TooLarge)
-        m_findings.push_back({.check = Check::TooManyPanels, .wall = index, .limit = WallPanels::mostPanels});
+        add({.check = Check::TooManyPanels, .wall = index, .limit = WallPanels::mostPanels});
     if (state != State::Wired)
         return;
     if (wall.split == CableSplit::Hand) {
@@ -39,11 +39,11 @@ void WiringSearch::checkFirstPort(std::size_t index)
     const auto first = pairs.mainFrom(wall.firstPort);
     if (first == wall.firstPort)
         return;
-    m_findings.push_back({.check = first ? Check::FirstPortEndsLoop : Check::FirstPortMissing,
-                          .wall = index,
-                          .processor = processor,
-                          .port = PortName{wall.processor, wall.firstPort},
-                          .limit = pairs.ports()});
+    add({.check = first ? Check::FirstPortEndsLoop : Check::FirstPortMissing,
+         .wall = index,
+         .processor = processor,
+         .port = PortName{wall.processor, wall.firstPort},
+         .limit = pairs.ports()});
 }
 
 void WiringSearch::checkRuns(std::size_t index)
@@ -57,7 +57,7 @@ void WiringSearch::checkRuns(std::size_t index)
         ++missing.emplace(port.processor, first).first->second.found;
     }
     for (const auto &[processor, finding] : missing)
-        m_findings.push_back(finding);
+        add(finding);
 }
 
 void WiringSearch::checkCells(std::size_t index)
@@ -88,7 +88,7 @@ void WiringSearch::checkCells(std::size_t index)
     }
     for (const WiringFinding &finding : {twice, missing, notFed}) {
         if (finding.found > 0)
-            m_findings.push_back(finding);
+            add(finding);
     }
 }
 
@@ -97,8 +97,8 @@ void WiringSearch::checkLines(std::size_t index)
     const WallToWire &wall = m_show.walls[index];
     const bool isRows = FlowPattern::ofCode(wall.pattern)->along == FlowPattern::Along::Rows;
     const qint64 panels = (isRows ? wall.shape.grid.columns : wall.shape.grid.rows).count();
-    m_findings.push_back({.check = Check::LinesOver,
-                          .wall = index,
-                          .found = Counted::limited(Counted::product(panels, wall.shape.grid.panelPixels())),
-                          .limit = wall.pixelLimit});
+    add({.check = Check::LinesOver,
+         .wall = index,
+         .found = Counted::limited(Counted::product(panels, wall.shape.grid.panelPixels())),
+         .limit = wall.pixelLimit});
 }

@@ -40,6 +40,9 @@ struct WiringFinding
         TooManyPanels      ///< a wall that comes behind the first `limit` panels of the show hangs on no port
     };
 
+    /// Findings of one check in one wall; what is more of them, the last one counts.
+    static constexpr qint64 mostAlike = 100;
+
     Check check;
     std::optional<std::size_t> wall = {};
     std::optional<std::size_t> otherWall = {};
@@ -55,6 +58,7 @@ struct WiringFinding
     bool isHeadroomOnly = false;                ///< a port is over what it shall carry, not over what it can
     PixelBox box = {};
     QString name = {};
+    qint64 more = 0; ///< of the same check in the same wall, which are not listed
 };
 
 /// All that is wrong or worth knowing, by processor, port and wall. `wiring` is that of the same show.

@@ -20,6 +20,8 @@ private:
     }
     bool isUsed(std::size_t processor) const { return m_used.contains(processor); }
 
+    void add(const WiringFinding &finding);
+
     void checkProcessor(std::size_t index);
     void checkFigure(std::size_t index);
     void checkBackup(std::size_t index);
@@ -44,4 +46,6 @@ private:
     std::set<PortName> m_feeding;   ///< ports
     std::map<PortName, int> m_ends; ///< how many cables end on a port
     std::vector<WiringFinding> m_findings;
+    /// Of each check in each wall: their places.
+    std::map<std::pair<WiringFinding::Check, std::size_t>, std::vector<std::size_t>> m_alike;
 };

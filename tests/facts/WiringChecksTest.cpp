@@ -130,6 +130,19 @@ TEST_F(WiringChecksTest, OneNameForTwoProcessorsIsAnError)
     EXPECT_EQ(found(), QStringList{"error processor-name-twice: Two processors are called A; give one another name."});
 }
 
+TEST_F(WiringChecksTest, OfTheSameInOneWallOnlyAHundredAreListed)
+{
+    show.processors[0].capacity = 1;
+    add("SIDE", 10, 10);
+    EXPECT_EQ(found().filter("port-over").size(), 100);
+    add("MAIN", 100, 100);
+    const QStringList told = found().filter("port-over");
+    ASSERT_EQ(told.size(), 200);
+    EXPECT_TRUE(told[98].endsWith("take another processor.")) << qPrintable(told[98]);
+    EXPECT_EQ(told[199], "error port-over: A single panel on port A? has 16,384 pixels, and the port carries 1; lower "
+                         "the rate or the bits, or take another processor. And 9,900 more.");
+}
+
 /// A wall of a processor is not told of twice.
 TEST_F(WiringChecksTest, ALineThatIsTooLongIsToldOnce)
 {
