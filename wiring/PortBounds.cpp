@@ -82,6 +82,28 @@ bool PortBounds::mayFitWithMore(const PortLoad &load) const
     return asksForPlace && !isFull;
 }
 
+bool PortBounds::fitsWithFigure(const PortLoad &load, qint64 figure) const
+{
+    PortBounds other = *this;
+    other.capacity = capacity.withFigure(figure);
+    return other.fits(load);
+}
+
+std::optional<double> PortBounds::highestRate(const ProcessorSettings &settings, const PortLoad &load) const
+{
+    constexpr qint64 mostPixels = qint64{1} << 41;
+    if (!capacity.model || load.panels == 0 || !fitsWithFigure(load, mostPixels))
+        return std::nullopt;
+    // The smallest figure that will do, which every rule asks for in its own way.
+    qint64 tooLittle = 0;
+    qint64 enough = mostPixels;
+    while (enough - tooLittle > 1) {
+        const qint64 between = tooLittle + (enough - tooLittle) / 2;
+        (fitsWithFigure(load, between) ? enough : tooLittle) = between;
+    }
+    return capacity.highestRate(settings, enough);
+}
+
 std::optional<RuleCost> PortBounds::costliest(const PortLoad &load) const
 {
     using enum RuleCost::Rule;

@@ -61,6 +61,9 @@ struct PortBounds
     bool fits(const PortLoad &load) const { return !excess(load); }
     /// Whether a load that does not fit may fit again with more panels: two rules ask where a port's panels are.
     bool mayFitWithMore(const PortLoad &load) const;
+    /// The highest rate, in Hz, at which a load of 1 panel and more fits, `settings` being those of these bounds.
+    /// Nullopt: at none, or nobody knows, as the figure was typed.
+    [[nodiscard]] std::optional<double> highestRate(const ProcessorSettings &settings, const PortLoad &load) const;
     /// Of a load of 1 panel and more. Nullopt: no rule takes anything.
     std::optional<RuleCost> costliest(const PortLoad &load) const;
 
@@ -72,4 +75,5 @@ private:
     qint64 sent(qint64 pixels) const;
     qint64 topAlignedLimit(const PortLoad &load) const;
     qint64 narrowLoss(const PortLoad &load) const;
+    bool fitsWithFigure(const PortLoad &load, qint64 figure) const;
 };

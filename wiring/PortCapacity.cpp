@@ -2,8 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
+#include <set>
 
 namespace {
+constexpr double televisionSlack = 0.006; ///< Hz; what is typed is 59.94
+
 QString rateText(double rate)
 {
     return QString::number(rate, 'g', 6);
@@ -111,19 +115,26 @@ FoundFigure publishedFigure(const ProcessorCatalogue &catalogue, const Processor
     return figure;
 }
 
-double highestRateOf(const CapacityModel &model, int bits, qint64 load)
+/// Rates at which a figure may be the last one that is large enough, in thousandths of a Hz.
+std::vector<qint64> lastRates(const CapacityModel &model, int bits, qint64 figure)
 {
-    if (model.kind == CapacityModel::Kind::Link) {
-        const CapacityModel::Link &link = model.links.at(bits);
-        const double rate = static_cast<double>(link.payloadBps) / link.bitsPerPixel / static_cast<double>(load);
-        return std::min(rate, static_cast<double>(model.maxHz));
-    }
-    int highest = 0;
+    std::vector<qint64> rates;
     for (const CapacityCell &cell : model.published) {
-        if (cell.bits == bits && cell.pixels >= load)
-            highest = std::max(highest, cell.hz);
+        rates.push_back(cell.hz * qint64{1000});
+        rates.push_back(cell.hz * qint64{1000} - 1); // of a link, whose printed cell may be lower than its bandwidth
     }
-    return highest;
+    const auto link = model.links.find(bits);
+    if (link != model.links.end()) {
+        const qint64 rate = link->second.payloadBps * 1000 / (link->second.bitsPerPixel * figure);
+        rates.push_back(std::min(rate, model.maxHz * qint64{1000}));
+    }
+    return rates;
+}
+
+/// A rate that counts as a higher one, of which it is 1000/1001; the last one before it does.
+qint64 rateBeforeTelevision(qint64 counted)
+{
+    return static_cast<qint64>(std::floor((static_cast<double>(counted) - 1000 * televisionSlack) / 1.001));
 }
 
 bool isHalved(const PortRules &rules, const ProcessorSettings &settings)
@@ -136,7 +147,7 @@ bool isHalved(const PortRules &rules, const ProcessorSettings &settings)
 qint64 countedRate(double rate)
 {
     const double whole = std::round(rate * 1.001);
-    const double counted = std::abs(rate * 1.001 - whole) < 0.006 ? whole : rate;
+    const double counted = std::abs(rate * 1.001 - whole) < televisionSlack ? whole : rate;
     return static_cast<qint64>(std::ceil(counted * 1000 - 1e-6));
 }
 
@@ -168,16 +179,38 @@ tl::expected<PortCapacity, NoFigure> PortCapacity::of(const ProcessorSettings &s
         capacity.model = figure->model;
     }
     capacity.isHalved = ::isHalved(catalogue.rulesOf(*model), settings);
-    capacity.pixels = capacity.isHalved ? capacity.figure / 2 : capacity.figure;
-    capacity.limit = capacity.pixels * (100 - std::clamp(settings.headroom, 0, 99)) / 100;
+    capacity.headroom = std::clamp(settings.headroom, 0, 99);
+    return capacity.withFigure(capacity.figure);
+}
+
+PortCapacity PortCapacity::withFigure(qint64 other) const
+{
+    PortCapacity capacity = *this;
+    capacity.figure = other;
+    capacity.pixels = isHalved ? other / 2 : other;
+    capacity.limit = capacity.pixels * (100 - headroom) / 100;
     return capacity;
 }
 
-std::optional<double> PortCapacity::highestRate(const ProcessorSettings &settings, qint64 load) const
+std::optional<double> PortCapacity::highestRate(const ProcessorSettings &settings, qint64 least) const
 {
-    if (!model || load < 1)
+    constexpr qint64 mostPixels = qint64{1} << 41;
+    if (!model || least > mostPixels)
         return std::nullopt;
-    constexpr qint64 mostLoad = qint64{1} << 40;
-    const double rate = highestRateOf(*model, settings.bits, std::min(load, mostLoad) * (isHalved ? 2 : 1));
-    return rate > 0 ? std::optional(rate) : std::nullopt;
+    const ProcessorCatalogue &catalogue = catalogueOf(settings);
+    const auto models = catalogue.capacityModelsOf(*catalogue.model(settings.model), settings.card);
+    std::set<qint64, std::greater<>> rates;
+    for (const CapacityModel *one : models) {
+        for (const qint64 rate : lastRates(*one, settings.bits, std::max(least, qint64{1}))) {
+            rates.insert(rate);
+            rates.insert(rateBeforeTelevision(countedRate(static_cast<double>(rate) / 1000)));
+        }
+    }
+    for (const qint64 rate : rates) {
+        const double hertz = static_cast<double>(rate) / 1000;
+        const FoundFigure found = lowestFigure(models, settings.bits, countedRate(hertz));
+        if (found && found->pixels >= least)
+            return hertz >= 1 ? std::optional(hertz) : std::nullopt;
+    }
+    return std::nullopt;
 }

@@ -77,12 +77,15 @@ struct PortCapacity
     qint64 limit = 0;  ///< of those, what the headroom leaves
     Origin origin = Origin::Derived;
     bool isHalved = false;                ///< by low latency
+    int headroom = 0;                     ///< per cent, 0 to 99
     const CapacityModel *model = nullptr; ///< whose figure it is, with its source; null: typed
 
     /// Error: there is no figure, which is neither 0 nor any number.
     [[nodiscard]] static tl::expected<PortCapacity, NoFigure> of(const ProcessorSettings &settings);
 
-    /// The highest rate, in Hz, at which a port still carries so many pixels, 1 and more. Nullopt: at none that is
-    /// published, or the figure was typed, of which nobody knows the rates.
-    [[nodiscard]] std::optional<double> highestRate(const ProcessorSettings &settings, qint64 load) const;
+    /// The same with another figure, of 2^41 at most.
+    [[nodiscard]] PortCapacity withFigure(qint64 other) const;
+    /// The highest rate, in Hz, at which the figure is `least` or more. Nullopt: at none that is published, or the
+    /// figure was typed, of which nobody knows the rates.
+    [[nodiscard]] std::optional<double> highestRate(const ProcessorSettings &settings, qint64 least) const;
 };

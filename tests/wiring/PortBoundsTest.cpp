@@ -97,6 +97,32 @@ TEST(PortBounds, WholeLinesAreCutByTheSmallerOfPixelsAndPanels)
     EXPECT_EQ(boundsOf(twice).pixelLimit(1), 242'500);
 }
 
+TEST(PortBounds, TheHighestRateKnowsAllRules)
+{
+    ProcessorSettings settings = processor("MX40 Pro");
+    const auto rateOf = [&](const PortLoad &load) { return *boundsOf(settings).highestRate(settings, load); };
+    EXPECT_NEAR(rateOf(load({{{0, 640}, {0, 1000}}})), 61.848, 0.001);
+    EXPECT_NEAR(rateOf(load({{{0, 64}, {0, 5000}}})), 61.848, 0.001); // 320,000 are lost, as it is narrow
+    settings.headroom = 50;
+    EXPECT_NEAR(rateOf(load({{{0, 640}, {0, 500}}})), 61.848, 0.001);
+    settings.headroom = 0;
+    settings.lowLatency = true;
+    EXPECT_NEAR(rateOf(load({{{0, 640}, {500, 1000}}})), 61.848, 0.001); // half way down
+    EXPECT_FALSE(boundsOf(settings).highestRate(settings, load({{{0, 640}, {1000, 1100}}})));
+    EXPECT_FALSE(boundsOf(settings).highestRate(settings, {}));
+    settings = processor("MX40 Pro");
+    EXPECT_FALSE(boundsOf(settings).highestRate(settings, dots(513)));
+}
+
+TEST(PortBounds, ATelevisionRateCountsAsTheOneAboveInTheHighestToo)
+{
+    ProcessorSettings settings = processor("MX40 Pro");
+    const double rate = *boundsOf(settings).highestRate(settings, load({{{0, 660'380}, {0, 1}}})); // 59.940 by itself
+    EXPECT_EQ(rate, 59.934);
+    settings.rate = rate;
+    EXPECT_TRUE(boundsOf(settings).fits(load({{{0, 660'380}, {0, 1}}})));
+}
+
 TEST(PortBounds, CountsPastAnyNumber)
 {
     constexpr qint64 far = qint64{1} << 33;

@@ -162,3 +162,33 @@ TEST(RandomWalls, NoTwoWallsShareAPortUnlessTheyAreMeantTo)
         }
     }
 }
+
+TEST(RandomWalls, AtTheHighestRateAPortFitsAndAboveItDoesNot)
+{
+    int told = 0;
+    for (unsigned seed = 1; seed <= walls; ++seed) {
+        Chance chance(seed);
+        ProcessorSettings settings = randomProcessor(chance, "A");
+        if (chance.once(4))
+            settings.model = chance.oneOf({"MX2000 Pro, 5G cards", "MX2000 Pro, 4x10G cards", "MCTRL4K", "Z3"});
+        settings.capacity = 0;
+        const int canvasHeight = chance.from(1, 2000);
+        const auto bounds = PortBounds::of(settings, canvasHeight);
+        if (!bounds)
+            continue;
+        const WallToWire random = randomWall(chance);
+        PortLoad load;
+        for (int panels = chance.from(1, 60); panels > 0; --panels)
+            load.add(random.shape.boxOf({chance.from(0, 8), chance.from(0, 8)}));
+        const auto rate = bounds->highestRate(settings, load);
+        const auto fitsAt = [&](double hertz) {
+            ProcessorSettings other = settings;
+            other.rate = hertz;
+            const auto then = PortBounds::of(other, canvasHeight);
+            return then && then->fits(load);
+        };
+        ASSERT_TRUE(rate ? fitsAt(*rate) && !fitsAt(*rate + 0.002) : !fitsAt(24) && !fitsAt(60)) << "seed " << seed;
+        told += rate ? 1 : 0;
+    }
+    EXPECT_GT(told, 50'000);
+}
