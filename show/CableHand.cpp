@@ -246,6 +246,7 @@ void CableHand::goTo(const Panel &panel, const Keys &keys)
     } else if (isOtherPanel && !held.isBefore) { // what hangs before it in another wall stays before it
         held.ways.push_back({panel.wall, {panel.cell}});
     } else if (isOtherPanel) {
+        m_words = held.words() + "; what comes before its first panel stays in that wall";
         return;
     }
     held.last = panel;

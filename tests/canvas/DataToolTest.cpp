@@ -104,7 +104,7 @@ TEST_F(DataToolOfCanvas, TheEndOfAPieceInTheMiddleOfACableHoldsNothing)
     dragOver({panel(7, 0), panel(7, 1)});
     EXPECT_TRUE(screen.hasRecord(before));
     EXPECT_EQ(runsOf(banner)[0].cells.size(), 1U);
-    dragOver({panel(6, 0), panel(5, 0)}); // before its first panel
+    dragOver({panel(6, 0), panel(5, 0), panel(8, 0)}); // before its first panel, and into the other wall in vain
     EXPECT_EQ(runsOf(screen)[0].cells, row(5, 7, 0));
 }
 

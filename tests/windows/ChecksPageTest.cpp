@@ -249,3 +249,19 @@ TEST_F(ChecksPageTest, PanelsThatAreNotFedAreFedByAClick)
     undo();
     EXPECT_EQ(layer(1)->record()->runs.list().front().cells.size(), 6);
 }
+
+TEST_F(ChecksPageTest, RowsHaveNoHeads)
+{
+    open();
+    for (int wall = 2; wall < 8; ++wall) { // more rows than columns
+        LayerPointer over = this->wall(QString("WALL %1").arg(wall), 2, 3, 100);
+        std::vector<LayerPointer> layers = document.allScreensArray();
+        layers.push_back(over);
+        list().setLayers(layers, {0});
+    }
+    document.finishEdit("walls");
+    rest();
+    ASSERT_GT(checks().model()->rowCount(), 4);
+    EXPECT_FALSE(checks().model()->headerData(4, Qt::Vertical).isValid());
+    EXPECT_EQ(checks().model()->headerData(2, Qt::Horizontal), "What");
+}

@@ -62,6 +62,7 @@ TEST_F(ProcessorDialogTest, SaysWhatAPortCarriesAndWhereThatIsFrom)
 
 TEST_F(ProcessorDialogTest, TakesAnyRateWithinReason)
 {
+    EXPECT_EQ(box("Frame rate").itemText(box("Frame rate").currentIndex()), "60 Hz");
     box("Frame rate").setEditText("47,95");
     EXPECT_EQ(dialog->settings().rate, 47.95);
     for (const char *wrong : {"12", "300", "fast", ""}) {

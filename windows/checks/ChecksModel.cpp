@@ -107,5 +107,5 @@ QVariant ChecksModel::data(const QModelIndex &index, int role) const
 
 QVariant ChecksModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    return checkHeads.at(static_cast<std::size_t>(section)).data(orientation, role, Qt::AlignLeft);
+    return headOf(checkHeads, section, orientation, role, Qt::AlignLeft);
 }

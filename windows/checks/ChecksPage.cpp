@@ -14,6 +14,8 @@
 #include <algorithm>
 
 namespace {
+constexpr int mostFittedRows = 100;
+
 qint64 countOf(const std::vector<Finding> &findings, Finding::Level level)
 {
     return std::ranges::count(findings, level, &Finding::level);
@@ -71,6 +73,7 @@ ChecksPage::ChecksPage(LWAppDelegate &document, RestedChecks &checks, QWidget *p
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     m_table = new RowTable(m_model, "Checks");
+    m_table->setWordWrap(true); // what to do stands at the end of a sentence
     column->addWidget(m_table);
     setFocusProxy(m_table);
     addTools();
@@ -99,6 +102,12 @@ void ChecksPage::showEvent(QShowEvent *event)
     TablePage::showEvent(event);
     m_meant->show();
     m_checks.catchUp();
+}
+
+void ChecksPage::resizeEvent(QResizeEvent *event)
+{
+    TablePage::resizeEvent(event);
+    fitRows();
 }
 
 void ChecksPage::hideEvent(QHideEvent *event)
@@ -134,11 +143,19 @@ void ChecksPage::showFindings()
     m_model.show(m_checks.findings(), m_document.allScreensArray());
     m_table->resizeColumnToContents(ChecksModel::Level);
     m_table->resizeColumnToContents(ChecksModel::Where);
+    fitRows();
     for (int row = 0; before && !chosen() && row < m_model.rowCount(); ++row) {
         if (isSameMatter(m_model.finding(row), *before))
             m_table->selectRow(row);
     }
     showTools();
+}
+
+/// As long as there are few: each is laid out for it.
+void ChecksPage::fitRows()
+{
+    if (m_model.rowCount() <= mostFittedRows)
+        m_table->resizeRowsToContents();
 }
 
 const Finding *ChecksPage::chosen() const

@@ -26,12 +26,14 @@ public:
 protected:
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void addTools();
     void showRested();
     void showState();
     void showFindings();
+    void fitRows();
     void showTools();
     void mean(bool isMeant);
     void feed();

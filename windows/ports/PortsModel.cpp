@@ -131,7 +131,7 @@ QVariant PortsModel::data(const QModelIndex &index, int role) const
 
 QVariant PortsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    return portHeads.at(static_cast<std::size_t>(section)).data(orientation, role, alignmentOf(section));
+    return headOf(portHeads, section, orientation, role, alignmentOf(section));
 }
 
 QString PortsModel::text(const PortRow &row, int column) const

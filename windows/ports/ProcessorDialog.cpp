@@ -127,6 +127,7 @@ void ProcessorDialog::addDepthAndRate(QFormLayout &form)
     m_rate->setToolTip("23.976 to 240 Hz");
     for (const double rate : usualRates)
         m_rate->addItem(rateText(rate));
+    m_rate->setCurrentIndex(m_rate->findText(rateText(m_settings.rate))); // the list opens there
     m_rate->setCurrentText(rateText(m_settings.rate));
     connect(m_rate, &QComboBox::currentTextChanged, this, &ProcessorDialog::takeRate);
     form.addRow("Frame rate", m_rate);

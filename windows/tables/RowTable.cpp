@@ -30,6 +30,7 @@ RowTable::RowTable(QAbstractItemModel &model, const QString &name, QWidget *pare
     setMinimumHeight(leastHeight);
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(heightOfRow);
+    verticalHeader()->setMinimumSectionSize(heightOfRow);
     QHeaderView &columns = *horizontalHeader();
     columns.setFont(Theme::smallFont());
     columns.setHighlightSections(false);
