@@ -86,7 +86,11 @@ std::vector<PortRow> PortRows::of(const std::vector<LayerPointer> &layers, const
         rows.push_back(rowOf(ports, port));
     if (!ports.show.processors.empty())
         return rows;
-    for (const qsizetype layer : ports.rows)
-        addRuns(rows, *layers[static_cast<std::size_t>(layer)], layer);
+    for (std::size_t wall = 0; wall < ports.rows.size(); ++wall) {
+        const bool isWaiting = ports.wiring.walls[wall].state == ShowWiring::State::NoProcessor;
+        const qsizetype layer = ports.rows[wall];
+        if (!isWaiting)
+            addRuns(rows, *layers[static_cast<std::size_t>(layer)], layer);
+    }
     return rows;
 }

@@ -1,6 +1,7 @@
 #include "facts/PortSummary.h"
 
 #include "base/NumberText.h"
+#include "facts/ShowChecks.h"
 #include "facts/WiringChecks.h"
 
 #include <algorithm>
@@ -19,14 +20,21 @@ QString namesOf(const ShowPorts &ports, const std::vector<std::size_t> &walls)
     return names.join(" and ");
 }
 
+/// Those that name the first processor that is missing.
 QString waitingWalls(const ShowPorts &ports)
 {
+    std::vector<std::size_t> waiting;
     for (std::size_t i = 0; i < ports.wiring.walls.size(); ++i) {
-        if (ports.wiring.walls[i].state == ShowWiring::State::NoProcessor)
-            return QString("%1 waits: the show has no processor \"%2\"")
-                .arg(ports.wallName(i), ports.show.walls[i].processor);
+        const bool isWaiting = ports.wiring.walls[i].state == ShowWiring::State::NoProcessor;
+        const auto processorOf = [&](std::size_t wall) { return ports.show.walls[wall].processor; };
+        if (isWaiting && (waiting.empty() || processorOf(waiting.front()) == processorOf(i)))
+            waiting.push_back(i);
     }
-    return {};
+    if (waiting.empty())
+        return {};
+    return QString("%1 %2: the show has no processor \"%3\"")
+        .arg(namesOf(ports, waiting), waiting.size() == 1 ? "waits" : "wait",
+             ports.show.walls[waiting.front()].processor);
 }
 
 qint64 countOf(const std::vector<PortRow> &rows, PortRow::Level level)
@@ -42,11 +50,15 @@ QString fullPorts(const std::vector<PortRow> &rows, PortRow::Level level)
     return counted(countOf(rows, PortRow::Level::NearlyFull), "port") + " nearly full";
 }
 
-/// The first error that is told of a show's ports and cables, with its wall.
-QString firstError(const ShowPorts &ports)
+/// The first error that is told of a show's ports and cables, and that nobody means, with its wall.
+QString firstError(const ShowPorts &ports, const std::vector<LayerPointer> &layers)
 {
     const std::vector<Finding> findings = WiringChecks::of(ports);
-    const auto error = std::ranges::find(findings, Finding::Level::Error, &Finding::level);
+    const auto error = std::ranges::find_if(findings, [&](const Finding &finding) {
+        const bool isMeant =
+            finding.layer && ShowChecks::isMeant(*layers[static_cast<std::size_t>(*finding.layer)], finding.check);
+        return finding.level == Finding::Level::Error && !isMeant;
+    });
     if (error == findings.end())
         return {};
     const QString sentence = error->sentence.chopped(1);
@@ -74,7 +86,8 @@ QString PortSummary::shortage(const ShowPorts &ports, const ShowWiring::Shortage
         .arg(who, shortage.walls.size() == 1 ? "needs" : "need", NumberText::grouped(shortage.processors), model, over);
 }
 
-PortSummary PortSummary::of(const std::vector<PortRow> &rows, const ShowPorts &ports)
+PortSummary PortSummary::of(const std::vector<PortRow> &rows, const ShowPorts &ports,
+                            const std::vector<LayerPointer> &layers)
 {
     PortSummary summary;
     if (const qint64 count = portsOf(rows, ports); count > 0)
@@ -89,7 +102,7 @@ PortSummary PortSummary::of(const std::vector<PortRow> &rows, const ShowPorts &p
     for (const PortRow &row : rows)
         summary.level = std::max(summary.level, row.level());
     if (summary.worst.isEmpty() && summary.level != PortRow::Level::Over)
-        summary.worst = firstError(ports);
+        summary.worst = firstError(ports, layers);
     if (!summary.worst.isEmpty())
         summary.level = PortRow::Level::Over;
     else if (summary.level != PortRow::Level::Fits)

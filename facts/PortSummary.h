@@ -11,7 +11,9 @@ struct PortSummary
     /// Processors that would help, and of which one of the list; none where no number would.
     std::optional<ShowWiring::Shortage> needed = {};
 
-    static PortSummary of(const std::vector<PortRow> &rows, const ShowPorts &ports);
+    /// `layers`: those of the show, topmost first.
+    static PortSummary of(const std::vector<PortRow> &rows, const ShowPorts &ports,
+                          const std::vector<LayerPointer> &layers);
 
     /// "MAIN needs 1 more MX40 Pro (4 ports over)".
     static QString shortage(const ShowPorts &ports, const ShowWiring::Shortage &shortage);

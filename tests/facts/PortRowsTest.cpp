@@ -28,7 +28,7 @@ protected:
     {
         ports = ShowPorts::of(layers, processors, {4096, 2160});
         rows = PortRows::of(layers, ports);
-        summary = PortSummary::of(rows, ports);
+        summary = PortSummary::of(rows, ports, layers);
     }
 
     ShowPorts ports;
@@ -142,6 +142,21 @@ TEST_F(PortRowsTest, AWallWhoseProcessorIsMissingWaits)
     EXPECT_TRUE(rows.empty());
     EXPECT_EQ(summary.worst, "MAIN waits: the show has no processor \"B\"");
     EXPECT_EQ(summary.level, PortRow::Level::Over);
+    take({fed("MAIN", {2, 2, 128, 128}), fed("SIDE", {2, 2, 128, 128}, 256), fed("FREE", {2, 2, 128, 128}, 512, {})},
+         {});
+    ASSERT_EQ(rows.size(), 1);
+    EXPECT_EQ(rows[0].layers, std::vector<qsizetype>{2});
+    EXPECT_EQ(summary.worst, "MAIN and SIDE wait: the show has no processor \"A\"");
+}
+
+TEST_F(PortRowsTest, WhatIsMeantIsNoErrorOfTheLine)
+{
+    const LayerPointer main = fed("MAIN", {2, 2, 128, 128});
+    main->setValue("split", "hand");
+    main->setValue("meant", QVariant::fromValue(std::optional(QStringList("panel-not-fed"))));
+    take({main}, {processor("MX40 Pro")});
+    EXPECT_EQ(summary.worst, QString());
+    EXPECT_EQ(summary.level, PortRow::Level::Fits);
 }
 
 TEST_F(PortRowsTest, TheLineTellsWhatElseIsAnError)

@@ -236,7 +236,7 @@ TEST_F(PortsPageTest, ItsMenuAddsAProcessorAndTakesItAwayAgain)
     chooseProcessor({"Remove A, MX40 Pro"});
     ASSERT_EQ(document.wiring().processors().size(), 1);
     EXPECT_EQ(document.wiring().processors()[0].name, "B");
-    EXPECT_EQ(state().text(), "MAIN waits: the show has no processor \"A\"");
+    EXPECT_EQ(state().text(), "MAIN and SIDE wait: the show has no processor \"A\"");
     undo();
     EXPECT_EQ(document.wiring().processors().size(), 2);
 }

@@ -85,7 +85,7 @@ void PortsPage::refresh()
 {
     const ShowPorts &ports = m_document.wiring().ports();
     std::vector<PortRow> rows = PortRows::of(m_document.allScreensArray(), ports);
-    showSummary(PortSummary::of(rows, ports));
+    showSummary(PortSummary::of(rows, ports, m_document.allScreensArray()));
     if (!isVisible())
         return;
     m_model.show(std::move(rows), m_document.allScreensArray());
