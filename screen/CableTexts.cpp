@@ -63,13 +63,13 @@ void CableTexts::drawPlaces(DrawingSurface &surface) const
     }
 }
 
-void CableTexts::drawNames(DrawingSurface &surface) const
+void CableTexts::drawNames(DrawingSurface &surface, const std::vector<Colour> &colours) const
 {
-    for (const WallCable &cable : m_cables) {
+    for (std::size_t place = 0; place < m_cables.size(); ++place) {
+        const WallCable &cable = m_cables[place];
+        const Colour &colour = colours[place];
         if (cable.cells.empty())
             continue;
-        const Colour colour =
-            m_chart.portColours ? PortColours::of(cable.port.number) : ChartConstants::init2().pathColor;
         const bool hasLoopEnd = cable.ends && cable.backup;
         if (cable.begins && !(hasLoopEnd && cable.cells.size() == 1))
             drawName(surface, cable.cells.front(), nameOf(cable.port), colour);

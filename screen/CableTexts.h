@@ -17,7 +17,8 @@ public:
     /// "A3.12" where the panels' labels stand otherwise, in their colour and size; nothing where no port feeds.
     void drawPlaces(DrawingSurface &surface) const;
     /// The name of its port at each cable's first panel; where the cable is a loop, "A1/A11" at its last one.
-    void drawNames(DrawingSurface &surface) const;
+    /// `colours`: of each cable.
+    void drawNames(DrawingSurface &surface, const std::vector<Colour> &colours) const;
 
     /// As the chart's form has it. A port that no processor has is called "?".
     static QString nameOf(const PortName &port, const QString &form);

@@ -80,17 +80,19 @@ void ScreenChart::drawPart(QImage &raster, const QRect &part) const
 
 void ScreenChart::drawRect2(DrawingSurface &surface) const
 {
-    const WallCables known = portNames || panelPlaces || showsCables() ? knownCables() : WallCables();
+    const bool asksForCables = portNames || panelPlaces || portColours || showsCables();
+    const WallCables known = asksForCables ? knownCables() : WallCables();
+    const std::vector<Colour> colours = coloursOf(known);
     if (drawLabels && labelColor && panelPlaces && !known.empty())
         CableTexts(*this, known).drawPlaces(surface);
     else if (drawLabels && labelColor)
         PanelLabels(*this).draw(surface);
     if (drawFlowPath && showsCables())
-        drawCables(surface, known);
+        drawCables(surface, known, colours);
     else if (drawFlowPath)
-        drawDataPath(surface);
+        drawDataPath(surface, colours);
     if (portNames)
-        CableTexts(*this, known).drawNames(surface);
+        CableTexts(*this, known).drawNames(surface, colours);
 }
 
 WallCables ScreenChart::knownCables() const
@@ -110,23 +112,24 @@ bool ScreenChart::showsCables() const
     return split == CableSplit::Hand || (split == CableSplit::Panels && cables);
 }
 
-Colour ScreenChart::pathColourOf(qint64 port) const
+std::vector<Colour> ScreenChart::coloursOf(const WallCables &known) const
 {
-    return portColours ? PortColours::of(port) : ChartConstants::init2().pathColor;
+    return portColours ? PortColours::of(known) : std::vector(known.size(), ChartConstants::init2().pathColor);
 }
 
 /// Whoever does not say which ports feed the wall counts them from 1.
-qint64 ScreenChart::portOfRun(qint64 place) const
+Colour ScreenChart::colourOfRun(qint64 place, const std::vector<Colour> &colours) const
 {
-    const bool isSaid = cables && place < std::ssize(*cables);
-    return isSaid ? (*cables)[static_cast<std::size_t>(place)].port.number : place + 1;
+    if (!portColours)
+        return ChartConstants::init2().pathColor;
+    return place < std::ssize(colours) ? colours[static_cast<std::size_t>(place)] : PortColours::of(place + 1);
 }
 
-void ScreenChart::drawCables(DrawingSurface &surface, const WallCables &known) const
+void ScreenChart::drawCables(DrawingSurface &surface, const WallCables &known, const std::vector<Colour> &colours) const
 {
     const PanelGrid grid = panelGridOf(*this);
-    for (const WallCable &cable : known)
-        CableDrawing::draw(surface, grid, cable, pathColourOf(cable.port.number));
+    for (std::size_t cable = 0; cable < known.size(); ++cable)
+        CableDrawing::draw(surface, grid, known[cable], colours[cable]);
 }
 
 void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
@@ -155,7 +158,7 @@ void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
         surface.strokePath(path, b);
 }
 
-void ScreenChart::drawDataPath(DrawingSurface &surface) const
+void ScreenChart::drawDataPath(DrawingSurface &surface, const std::vector<Colour> &colours) const
 {
     const auto flow = FlowPattern::ofCode(pattern);
     if (!flow)
@@ -174,7 +177,7 @@ void ScreenChart::drawDataPath(DrawingSurface &surface) const
     for (qint64 index = 0; index < ports->portCount(); ++index) {
         const auto [start, lines] = ports->port(index);
         const auto delimiter = static_cast<float>(lines);
-        const Colour colour = pathColourOf(portOfRun(ports->placeOnPath(index)));
+        const Colour colour = colourOfRun(ports->placeOnPath(index), colours);
         if (alongRows) {
             y = start;
             FlowPath::drawFlowPathRowsFromRight(surface, panelGridOf(*this), flow->fromRight, flow->fromBottom, x, y,

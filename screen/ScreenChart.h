@@ -78,8 +78,9 @@ private:
     WallCables knownCables() const;
     /// The cables are drawn, not the lines of the pattern.
     bool showsCables() const;
-    Colour pathColourOf(qint64 port) const;
-    qint64 portOfRun(qint64 place) const;
-    void drawCables(DrawingSurface &surface, const WallCables &known) const;
-    void drawDataPath(DrawingSurface &surface) const;
+    /// Of each of the cables.
+    std::vector<Colour> coloursOf(const WallCables &known) const;
+    Colour colourOfRun(qint64 place, const std::vector<Colour> &colours) const;
+    void drawCables(DrawingSurface &surface, const WallCables &known, const std::vector<Colour> &colours) const;
+    void drawDataPath(DrawingSurface &surface, const std::vector<Colour> &colours) const;
 };

@@ -105,14 +105,19 @@ std::optional<QRegion> ScreenChart::changedCables(const ScreenChart &before) con
     const WallCables was = before.knownCables();
     const WallCables is = knownCables();
     QRegion changed;
-    const auto addMissing = [&](const WallCables &of, const WallCables &others) {
-        for (const WallCable &cable : of) {
-            if (std::ranges::find(others, cable) == others.end())
-                changed += CableDrawing::reachOf(panelGridOf(*this), cable);
+    const std::vector<Colour> wasColours = before.coloursOf(was);
+    const std::vector<Colour> isColours = coloursOf(is);
+    // A cable that somebody lays beside another may change the colour of that one.
+    const auto addMissing = [&](const WallCables &of, const std::vector<Colour> &colours, const WallCables &others,
+                                const std::vector<Colour> &otherColours) {
+        for (std::size_t i = 0; i < of.size(); ++i) {
+            const auto found = std::ranges::find(others, of[i]);
+            if (found == others.end() || otherColours[static_cast<std::size_t>(found - others.begin())] != colours[i])
+                changed += CableDrawing::reachOf(panelGridOf(*this), of[i]);
         }
     };
-    addMissing(was, is);
-    addMissing(is, was);
+    addMissing(was, wasColours, is, isColours);
+    addMissing(is, isColours, was, wasColours);
     return changed & QRect(0, 0, static_cast<int>(wallWidth()), static_cast<int>(wallHeight()));
 }
 

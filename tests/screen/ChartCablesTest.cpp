@@ -145,6 +145,24 @@ TEST(ChartCables, HaveTheColoursOfTheirPorts)
     EXPECT_EQ(pixelAt(chart.draw({}), 50, 250), green);
 }
 
+TEST(ChartCables, OfPortsThatMeetHaveDifferentColours)
+{
+    WallCable second = cableOn(11, {{0, 1}, {1, 1}});
+    ScreenChart chart = wiredWall({cableOn(1, {{0, 0}, {1, 0}}), second});
+    chart.portColours = true;
+    EXPECT_EQ(pixelAt(chart.draw({}), 130, 250), PortColours::of(1).toQColor());
+    EXPECT_EQ(pixelAt(chart.draw({}), 130, 150), PortColours::of(2).toQColor());
+    second.cells = {{0, 2}, {1, 2}};
+    ScreenChart later = chart;
+    later.cables = std::make_shared<const WallCables>(WallCables{cableOn(1, {{0, 0}, {1, 0}}), second});
+    QImage raster = chart.draw({});
+    const auto changed = later.changeSince(chart);
+    ASSERT_TRUE(changed);
+    for (const QRect &part : *changed)
+        later.drawPart(raster, part);
+    EXPECT_EQ(raster, later.draw({}));
+}
+
 TEST(ChartCables, OfWholeLinesHaveColoursFromWhereThePatternBegins)
 {
     ScreenChart chart = wiredWall({cableOn(4, {}), cableOn(5, {}), cableOn(6, {})});
