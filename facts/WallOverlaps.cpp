@@ -77,7 +77,7 @@ bool hasPanel(const Wall &wall, const PixelBox &part, IsSought isSought)
     return false;
 }
 
-qint64 countOf(const PixelSpan &columns, const PixelSpan &rows)
+qint64 areaOf(const PixelSpan &columns, const PixelSpan &rows)
 {
     if (columns.isEmpty() || rows.isEmpty())
         return 0;
@@ -87,8 +87,8 @@ qint64 countOf(const PixelSpan &columns, const PixelSpan &rows)
 /// Of a part of the output, panels that are off included.
 qint64 panelsIn(const Wall &wall, const PixelBox &part)
 {
-    return countOf(linesOf(wall.grid.columns, wall.box.columns.from, part.columns),
-                   linesOf(wall.grid.rows, wall.box.rows.from, part.rows));
+    return areaOf(linesOf(wall.grid.columns, wall.box.columns.from, part.columns),
+                  linesOf(wall.grid.rows, wall.box.rows.from, part.rows));
 }
 
 /// Where the panels of a wall are, whatever size its layer says.
@@ -103,7 +103,7 @@ qint64 pixelsOff(const Wall &wall, const PixelBox &part)
     qint64 pixels = 0;
     for (const Cell &cell : wall.off.cells()) {
         const PixelBox hole = common(panelOf(wall, cell.column, cell.row), part);
-        Counted::add(pixels, countOf(hole.columns, hole.rows));
+        Counted::add(pixels, areaOf(hole.columns, hole.rows));
     }
     return pixels;
 }
@@ -117,7 +117,7 @@ bool panelsMeet(const Wall &one, const Wall &other, const PixelBox &part)
     const PixelBox inside = common(part, common(extentOf(one), extentOf(other)));
     qint64 holes = pixelsOff(one, inside);
     Counted::add(holes, pixelsOff(other, inside));
-    if (holes < countOf(inside.columns, inside.rows))
+    if (holes < areaOf(inside.columns, inside.rows))
         return true;
     const bool isOneCoarse = panelsIn(one, inside) <= panelsIn(other, inside);
     const Wall &coarse = isOneCoarse ? one : other;

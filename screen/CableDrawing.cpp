@@ -14,7 +14,7 @@ const std::vector<double> dash{12, 8};
 /// Strokes of more corners take long where they lie over themselves.
 constexpr int mostCorners = 256;
 
-PixelBox boxOf(const PanelGrid &grid, const Cell &cell)
+PixelBox panelBox(const PanelGrid &grid, const Cell &cell)
 {
     return {{grid.columns.edge(cell.column), grid.columns.edge(qint64{cell.column} + 1)},
             {grid.rows.edge(cell.row), grid.rows.edge(qint64{cell.row} + 1)}};
@@ -88,7 +88,7 @@ std::vector<Stretch> stretchesOf(const PanelGrid &grid, const std::vector<Cell> 
     std::vector<Stretch> stretches;
     for (std::size_t i = 1; i < cells.size(); ++i) {
         const Stretch hop{centreOf(grid, cells[i - 1]), centreOf(grid, cells[i]),
-                          isCableJump(boxOf(grid, cells[i - 1]), boxOf(grid, cells[i]))};
+                          isCableJump(panelBox(grid, cells[i - 1]), panelBox(grid, cells[i]))};
         const bool goesOn = !stretches.empty() && !hop.isJump && !stretches.back().isJump &&
                             towards(stretches.back().from, stretches.back().to) == towards(hop.from, hop.to);
         if (goesOn)
