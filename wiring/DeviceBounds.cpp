@@ -47,6 +47,17 @@ qint64 DeviceBounds::counted(const PortLoad &total) const
     return isInput ? std::max(sent, total.boxPixels()) : sent;
 }
 
+std::size_t DeviceBounds::runsOf(const WallSplit &wall) const
+{
+    PortLoad total;
+    for (std::size_t run = 0; run < wall.runs.size(); ++run) {
+        total.add(wall.loadOf(wall.runs[run]));
+        if (run > 0 && !takes(total))
+            return run;
+    }
+    return wall.runs.size();
+}
+
 bool DeviceBounds::holds(const PortLoad &total) const
 {
     if (total.panels == 0)

@@ -2,6 +2,7 @@
 
 #include "wiring/PortLoad.h"
 #include "wiring/PortPairs.h"
+#include "wiring/WallSplit.h"
 
 /// What one processor bears as a whole.
 struct DeviceBounds
@@ -23,6 +24,8 @@ struct DeviceBounds
     {
         return cap.kind == DeviceCap::Kind::Unsaid || counted(total) <= cap.pixels;
     }
+    /// How many runs of a wall it takes, from the first on, when nothing else hangs on it; one at least.
+    std::size_t runsOf(const WallSplit &wall) const;
     /// The box around all panels lies within the canvas.
     bool holds(const PortLoad &total) const;
 };

@@ -122,8 +122,8 @@ void PortAllocator::wireByHand(std::size_t index)
     }
 }
 
-/// The ports from the first one on, whoever has them, as far as the processor has so many; what is left takes free ones
-/// with the other walls.
+/// The ports from the first one on, whoever has them, as far as the processor has so many and bears the wall; what is
+/// left takes free ones with the other walls.
 void PortAllocator::keepPorts(std::size_t index)
 {
     const std::size_t processor = processorOf(index);
@@ -133,7 +133,7 @@ void PortAllocator::keepPorts(std::size_t index)
     m_wiring.walls[index].split = splitOf(index, goesOn ? m_wiring.ports[before->second].load : PortLoad());
 
     std::optional<qint64> number = pairs.mainFrom(m_show.walls[index].firstPort);
-    const std::size_t runs = m_wiring.walls[index].split.runs.size();
+    const std::size_t runs = m_wiring.processors[processor].device.runsOf(m_wiring.walls[index].split);
     for (std::size_t run = 0; run < runs && number; ++run) {
         const bool isTaken = m_devices[processor].ports.contains(*number);
         const std::size_t port = portOf(processor, *number);

@@ -101,20 +101,40 @@ std::optional<Place> runAt(const ShowRuns &runs, const WallCell &at)
     }
     return std::nullopt;
 }
-/// The first port of a wall whose ports follow each other on its processor.
+
+/// The first port of a wall, if the wall has the same ones from it on as long as its processor takes it. What is left
+/// then hangs elsewhere and is not kept.
 std::optional<qint64> firstOfRow(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall)
 {
     const std::vector<std::size_t> &ports = wiring.walls[wall].ports;
-    std::optional<qint64> next;
-    for (const std::size_t place : ports) {
-        const ShowWiring::Port &port = wiring.ports[place];
-        const PortPairs &pairs = wiring.processors[port.processor].device.pairs;
-        const bool isNext = !next || port.number == *next;
-        if (port.number == 0 || !isNext || show.processors[port.processor].name != show.walls[wall].processor)
+    const auto isOwn = [&](const ShowWiring::Port &port) {
+        return port.number > 0 && show.processors[port.processor].name == show.walls[wall].processor;
+    };
+    if (ports.empty() || !isOwn(wiring.ports[ports.front()]))
+        return std::nullopt;
+    const DeviceBounds &device = wiring.processors[wiring.ports[ports.front()].processor].device;
+    const std::size_t most = device.runsOf(wiring.walls[wall].split);
+    std::optional<qint64> next = wiring.ports[ports.front()].number;
+    for (std::size_t run = 0; run < ports.size(); ++run) {
+        const ShowWiring::Port &port = wiring.ports[ports[run]];
+        const bool isMeant = run < most && next.has_value();
+        if (isOwn(port) != isMeant || (isMeant && port.number != *next))
             return std::nullopt;
-        next = pairs.mainFrom(port.number + 1).value_or(0);
+        if (next)
+            next = device.pairs.mainFrom(*next + 1);
     }
-    return ports.empty() ? std::nullopt : std::optional(wiring.ports[ports.front()].number);
+    return wiring.ports[ports.front()].number;
+}
+
+/// Whether all that hangs before a wall on its first port stays there.
+bool beginsBehindKept(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall,
+                      const std::map<std::size_t, qint64> &kept)
+{
+    const auto &pieces = wiring.ports[wiring.walls[wall].ports.front()].pieces;
+    const auto own = std::ranges::find(pieces, wall, &ShowWiring::Piece::wall);
+    return std::all_of(pieces.begin(), own, [&](const ShowWiring::Piece &piece) {
+        return show.walls[piece.wall].split == WallToWire::Split::Hand || kept.contains(piece.wall);
+    });
 }
 } // namespace
 
@@ -324,10 +344,11 @@ Result<std::map<std::size_t, qint64>> firstPortsToKeep(const ShowToWire &show, c
     std::map<std::size_t, qint64> kept;
     for (const std::size_t one : sharing(show, wiring, wall)) {
         const auto first = firstOfRow(show, wiring, one);
-        if (!first)
+        if (first && beginsBehindKept(show, wiring, one, kept))
+            kept.emplace(one, *first);
+        else if (one == wall)
             return fail(QString("The ports of %1 do not follow each other; take its cables as yours to keep them.")
                             .arg(show.walls[one].name));
-        kept.emplace(one, *first);
     }
     return kept;
 }

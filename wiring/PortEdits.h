@@ -58,8 +58,9 @@ std::vector<std::size_t> sharing(const ShowToWire &show, const ShowWiring &wirin
 WallRuns asLaidByHand(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall);
 
 /// The first ports to give a wall, and those that it shares a port with, by their place in the list, so that they keep
-/// what they have. Walls that are wired by hand keep it anyway, and are left out.
-/// Error: a wall has no port, or ports that do not follow each other on its processor; those can be kept by hand.
+/// what they have. What a processor cannot take of a wall goes on at others and is not kept. Walls that are wired by
+/// hand keep theirs anyway, and are left out, and so is one of the others that has no such port.
+/// Error: the wall has no port, or ports that do not follow each other on its processor; those can be kept by hand.
 [[nodiscard]] Result<std::map<std::size_t, qint64>> firstPortsToKeep(const ShowToWire &show, const ShowWiring &wiring,
                                                                      std::size_t wall);
 

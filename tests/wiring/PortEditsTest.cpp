@@ -191,6 +191,43 @@ TEST(PortEdits, AWallKeepsItsPortsWithThoseThatShareThem)
     EXPECT_EQ(firstPortsToKeep(three, wired(), 1), (std::map<std::size_t, qint64>()));
 }
 
+TEST(PortEdits, AWallOverTwoProcessorsKeepsItsFirstPort)
+{
+    const auto second = ShowFixture::processor("MX40 Pro", 8, 60, "B");
+    ShowToWire show{{ShowFixture::processor("MX40 Pro"), second}, {ShowFixture::wall(36, 18, 128, 128)}, {8192, 4096}};
+    const ShowWiring before = ShowWiring::of(show);
+    const auto ports = ShowFixture::names(show, before, 0);
+    ASSERT_EQ(ports.size(), 17u);
+    EXPECT_EQ(ports[12], "A13"); // what a processor bears together
+    EXPECT_EQ(ports[13], "B1");
+    const auto kept = firstPortsToKeep(show, before, 0);
+    ASSERT_EQ(kept, (std::map<std::size_t, qint64>{{0, 1}}));
+    show.walls[0].firstPort = 1;
+    EXPECT_EQ(ShowFixture::names(show, ShowWiring::of(show), 0), ports);
+
+    // Behind another wall it has fewer ports on A than it would take from there on by itself.
+    show.walls[0].firstPort = 0;
+    show.walls.insert(show.walls.begin(), ShowFixture::wall(20, 10, 128, 128));
+    show.walls[1].name = "WIDE";
+    EXPECT_EQ(firstPortsToKeep(show, ShowWiring::of(show), 1).error().text,
+              "The ports of WIDE do not follow each other; take its cables as yours to keep them.");
+    EXPECT_EQ(firstPortsToKeep(show, ShowWiring::of(show), 0), (std::map<std::size_t, qint64>{{0, 1}}));
+}
+
+TEST(PortEdits, OneOfThoseThatShareAPortMayNotBeKept)
+{
+    WallToWire first = ShowFixture::wall(30, 1, 128, 128);
+    WallToWire shares = ShowFixture::wall(40, 1, 128, 128);
+    shares.goesOn = true;
+    WallToWire pinned = first;
+    pinned.firstPort = 2;
+    const ShowToWire show{{ShowFixture::processor("MX40 Pro")}, {first, shares, pinned}, {8192, 4096}};
+    const ShowWiring wiring = ShowWiring::of(show);
+    ASSERT_THAT(ShowFixture::names(show, wiring, 1), ElementsAre("A1", "A3"));
+    EXPECT_EQ(firstPortsToKeep(show, wiring, 0), (std::map<std::size_t, qint64>{{0, 1}}));
+    EXPECT_FALSE(firstPortsToKeep(show, wiring, 1));
+}
+
 TEST(PortEdits, WallsThatShareAPortAreTakenByHandTogether)
 {
     WallToWire before = ShowFixture::wall(30, 1, 128, 128);
