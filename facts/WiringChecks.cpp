@@ -44,6 +44,7 @@ constexpr Telling tellings[]{
     {Check::BackupWrong, "backup-processor", Level::Error, &WiringSentence::backupWrong},
     {Check::FirstPortMissing, "first-port-missing", Level::Error, &WiringSentence::firstPortMissing},
     {Check::FirstPortEndsLoop, "first-port-ends-loop", Level::Warning, &WiringSentence::firstPortEndsLoop},
+    {Check::FirstPortFilled, "first-port-filled", Level::Warning, &WiringSentence::firstPortFilled},
     {Check::NoPath, "ports-without-pattern", Level::Error, &WiringSentence::noPath},
     {Check::TooManyPanels, "too-many-panels", Level::Error, &WiringSentence::tooManyPanels},
 };

@@ -218,6 +218,12 @@ QString WiringSentence::firstPortEndsLoop() const
         .arg(wall(), port());
 }
 
+QString WiringSentence::firstPortFilled() const
+{
+    return QString("%1 keeps port %2 behind %3, which has grown, so its panels hang elsewhere; keep the ports anew.")
+        .arg(wall(), port(), m_ports.wallName(*m_finding.otherWall));
+}
+
 QString WiringSentence::noPath() const
 {
     return QString("There is no pattern %1, so none of its panels hangs on a port; choose a pattern.")

@@ -34,6 +34,7 @@ public:
     QString backupWrong() const;
     QString firstPortMissing() const;
     QString firstPortEndsLoop() const;
+    QString firstPortFilled() const;
     QString noPath() const;
     QString tooManyPanels() const;
 

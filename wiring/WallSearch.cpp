@@ -2,6 +2,8 @@
 #include "wiring/Processors.h"
 #include "wiring/WiringSearch.h"
 
+#include <algorithm>
+
 using Check = WiringFinding::Check;
 using State = ShowWiring::State;
 
@@ -38,12 +40,35 @@ void WiringSearch::checkFirstPort(std::size_t index)
     const PortPairs &pairs = m_wiring.processors[processor].device.pairs;
     const auto first = pairs.mainFrom(wall.firstPort);
     if (first == wall.firstPort)
-        return;
+        return checkPlaceOnFirstPort(index);
     add({.check = first ? Check::FirstPortEndsLoop : Check::FirstPortMissing,
          .wall = index,
          .processor = processor,
          .port = PortName{wall.processor, wall.firstPort},
          .limit = pairs.ports()});
+}
+
+/// Who goes on at the last port of a wall keeps that one when the other grows. There is less room on it then, or none.
+void WiringSearch::checkPlaceOnFirstPort(std::size_t index)
+{
+    const ShowWiring::Wall &wall = m_wiring.walls[index];
+    if (!m_show.walls[index].goesOn || wall.ports.empty())
+        return;
+    const ShowWiring::Port &port = m_wiring.ports[wall.ports.front()];
+    const std::size_t before = port.pieces.front().wall;
+    const auto isBeyond = [&](std::size_t place) {
+        return place != ShowWiring::noPort && m_wiring.ports[place].processor == port.processor &&
+               m_wiring.ports[place].number > port.number;
+    };
+    const bool isFilled = wall.split.loadOf(wall.split.runs.front()).panels == 0;
+    if (before == index || !(isFilled || std::ranges::any_of(m_wiring.walls[before].ports, isBeyond)))
+        return;
+    add({.check = Check::FirstPortFilled,
+         .wall = index,
+         .otherWall = before,
+         .processor = port.processor,
+         .port = nameOf(port),
+         .portPlace = wall.ports.front()});
 }
 
 void WiringSearch::checkRuns(std::size_t index)

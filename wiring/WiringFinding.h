@@ -36,6 +36,7 @@ struct WiringFinding
         FirstPortMissing,  ///< a wall keeps `port`, and of the `limit` that its processor has none from there on begins
                            ///< a cable
         FirstPortEndsLoop, ///< a wall keeps `port`, which takes the other end of a loop; it begins at the next one
+        FirstPortFilled,   ///< a wall keeps `port` behind `otherWall`, which has come to fill it or goes on beyond it
         NoPath,            ///< a wall has no pattern, and no panel of it hangs on a port
         TooManyPanels      ///< a wall that comes behind the first `limit` panels of the show hangs on no port
     };

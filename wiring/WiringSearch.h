@@ -36,6 +36,7 @@ private:
 
     void checkWall(std::size_t index);
     void checkFirstPort(std::size_t index);
+    void checkPlaceOnFirstPort(std::size_t index);
     void checkRuns(std::size_t index);
     void checkCells(std::size_t index);
     void checkLines(std::size_t index);

@@ -155,6 +155,17 @@ TEST_F(WiringSentenceTest, APortBeyondAllSaysNoNumberOfPortsWhereNobodyDoes)
                                    "ports; move the cable."});
 }
 
+TEST_F(WiringSentenceTest, AKeptWallBehindOneThatHasGrownNamesBoth)
+{
+    show.outputWidth = 16384;
+    add("MAIN", 80, 1)->setValue("firstPort", 1);
+    const LayerPointer side = add("SIDE", 30, 1);
+    side->setValue("firstPort", 2);
+    side->setValue("goesOn", true);
+    EXPECT_EQ(found(), QStringList{"warning first-port-filled: SIDE keeps port A2 behind MAIN, which has grown, so its "
+                                   "panels hang elsewhere; keep the ports anew."});
+}
+
 TEST_F(WiringSentenceTest, WallsThatHangOnNoPortSayWhy)
 {
     add("MAIN", 2, 2)->setPattern(9);

@@ -119,6 +119,29 @@ TEST(FirstPorts, AWallGoesOnAtNoPortThatThereIsNot)
     EXPECT_THAT(wired.ports(1), ElementsAre("A1"));
 }
 
+TEST(FirstPorts, AWallThatIsKeptBehindOneThatGrowsIsTold)
+{
+    const auto grown = [](int columns, bool isKept = true) {
+        WallToWire first = wall(columns, 1, 128, 128);
+        first.firstPort = isKept ? 1 : 0;
+        WallToWire second = wall(30, 1, 128, 128);
+        second.goesOn = true;
+        second.firstPort = 2;
+        second.shape.left = columns * 128;
+        return WiredShow({processor("MX40 Pro")}, {first, second});
+    };
+    EXPECT_THAT(grown(50).ports(1), ElementsAre("A2"));
+    EXPECT_THAT(checks(grown(50).found), IsEmpty());
+    EXPECT_THAT(grown(80).ports(1), ElementsAre("A2", "A3")); // nothing of it is on the first one
+    const WiredShow filled = grown(80);
+    ASSERT_THAT(checks(filled.found), ElementsAre(Check::FirstPortFilled));
+    EXPECT_EQ(filled.found[0].wall, 1u);
+    EXPECT_EQ(filled.found[0].otherWall, 0u);
+    EXPECT_EQ(filled.found[0].port, (PortName{"A", 2}));
+    EXPECT_THAT(checks(grown(90).found), ElementsAre(Check::PortKeptTwice, Check::FirstPortFilled));
+    EXPECT_THAT(checks(grown(50, false).found), IsEmpty()); // it has the port for itself
+}
+
 TEST(FirstPorts, AWallThatIsNotWiredSaysWhy)
 {
     WallToWire noPath = keptFrom(0);
