@@ -72,6 +72,23 @@ DeviceCap deviceCapOf(JsonFields &fields)
 }
 
 /// One shape, [width, height], or a list of them.
+/// Of all cards together.
+std::map<int, qint64> cardPixelsOf(JsonFields &fields)
+{
+    JsonFields cards(fields.object("cards"), "cards");
+    const qint64 cardCount = cards.whole("slots", 1, 1000, 0);
+    const QJsonObject byBits = cards.object("perCardPixels");
+    JsonFields card(byBits, "perCardPixels");
+    std::map<int, qint64> pixels;
+    for (const QString &bits : byBits.keys())
+        pixels[bits.toInt()] = cardCount * card.wholeGiven(bits.toUtf8(), 1, mostPixels / 1000);
+    for (const auto &error : {cards.error(), card.error()}) {
+        if (error)
+            fields.refuse(error->text);
+    }
+    return pixels;
+}
+
 std::vector<QSize> canvasesOf(JsonFields &fields)
 {
     const QJsonArray given = fields.array("canvas");
@@ -225,6 +242,7 @@ void CatalogueReader::readCards(JsonFields &fields, ProcessorModel &model)
 void CatalogueReader::readShape(JsonFields &fields, ProcessorModel &model)
 {
     model.deviceCap = deviceCapOf(fields);
+    model.cardPixels = cardPixelsOf(fields);
     model.canvases = canvasesOf(fields);
     model.maxWidth = static_cast<int>(fields.whole("maxWidth", 1, mostSide, 0));
     model.maxHeight = static_cast<int>(fields.whole("maxHeight", 1, mostSide, 0));

@@ -30,7 +30,10 @@ DeviceBounds DeviceBounds::of(const ProcessorModel &model, const PortRules &rule
         bounds.canvasPixels = std::max(qint64{canvas.width()} * canvas.height(), model.deviceCap.pixels);
     }
     if (model.deviceCap.kind == DeviceCap::Kind::PixelRate) {
-        bounds.cap.pixels = atRate(model.deviceCap.pixels, settings.rate);
+        const auto cards = model.cardPixels.find(settings.bits);
+        if (cards != model.cardPixels.end())
+            bounds.cap.pixels = std::min(bounds.cap.pixels, cards->second);
+        bounds.cap.pixels = atRate(bounds.cap.pixels, settings.rate);
         bounds.canvasPixels = atRate(bounds.canvasPixels, settings.rate);
     }
     const bool isLow = settings.lowLatency && rules.lowLatencyModels.contains(model.model);

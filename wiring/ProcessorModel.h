@@ -126,8 +126,9 @@ struct ProcessorModel
     std::vector<int> bits;       ///< depths that it has
     std::vector<Figure> perPort; ///< as printed beside the model
     DeviceCap deviceCap;
-    std::vector<QSize> canvases; ///< shapes of its canvas at 60 Hz; empty: none is published
-    int maxWidth = 0;            ///< of all its panels, in pixels; 0: none is published
+    std::map<int, qint64> cardPixels; ///< of all its output cards at 60 Hz, by colour depth; empty: it has none
+    std::vector<QSize> canvases;      ///< shapes of its canvas at 60 Hz; empty: none is published
+    int maxWidth = 0;                 ///< of all its panels, in pixels; 0: none is published
     int maxHeight = 0;
     QString rules;
     std::optional<BackupPair> backupPair; ///< nullopt: that of the rules

@@ -146,6 +146,20 @@ TEST(DeviceBounds, TheCapFallsAboveSixtyHertzWhereItIsARate)
     EXPECT_EQ(cap("VX1000", 120), 6'500'000);
 }
 
+TEST(DeviceBounds, OutputCardsMayBearLessThanTheProcessor)
+{
+    const auto cap = [](const char *model, int bits, double rate = 60) {
+        const ProcessorModel &found = *ProcessorCatalogue::builtIn().model(model);
+        return DeviceBounds::of(found, ProcessorCatalogue::builtIn().rulesOf(found), processor(model, bits, rate))
+            .cap.pixels;
+    };
+    EXPECT_EQ(cap("MX2000 Pro, 4x10G cards", 10), 35'380'000);
+    EXPECT_EQ(cap("MX2000 Pro, 4x10G cards", 12), 2 * 13'194'440);
+    EXPECT_EQ(cap("MX2000 Pro, 5G cards", 12), 2 * 11'804'800);
+    EXPECT_EQ(cap("MX6000 Pro, 5G cards", 12, 120), 8 * 11'804'800 / 2);
+    EXPECT_EQ(cap("MX40 Pro", 12), 9'000'000);
+}
+
 TEST(DeviceBounds, HoldsThePanelsWithinItsCanvas)
 {
     const auto bounds = [](const char *model, bool lowLatency = false) {
