@@ -26,7 +26,7 @@ QColorSpace space(const QString &name)
 }
 
 /// What a gray of a profile is in light, where white is 1.
-float light(const QString &name, double gray)
+float light(const QString &name, float gray)
 {
     const QColorTransform toLight = space(name).transformationToColorSpace(QColorSpace::SRgbLinear);
     return toLight.map(QColor::fromRgbF(gray, gray, gray)).greenF();

@@ -153,7 +153,7 @@ TEST(KXPSDWriter, OpacityWeakensAMergedLayer)
     EXPECT_NEAR(merged(writer, 0, 0).red(), 204, 1);
     writer.addLayerWithCGImage(raster(1, 1, Qt::black), "B", 0);
     EXPECT_NEAR(merged(writer, 0, 0).red(), 204, 1);
-    writer.addLayerWithCGImage(raster(1, 1, Qt::black), "C", qQNaN());
+    writer.addLayerWithCGImage(raster(1, 1, Qt::black), "C", static_cast<float>(qQNaN()));
     EXPECT_NEAR(merged(writer, 0, 0).red(), 204, 1);
     writer.addLayerWithCGImage(raster(1, 1, Qt::black), "D", 17);
     EXPECT_EQ(merged(writer, 0, 0), QColor(Qt::black));

@@ -39,8 +39,8 @@ protected:
     {
         std::vector<LayerState> list = states.list();
         const auto row = [&] { return list.begin() + static_cast<std::ptrdiff_t>(random() % list.size()); };
-        for (unsigned edits = random() % 6; edits > 0; --edits) {
-            const unsigned kind = list.empty() ? 1 : random() % 4;
+        for (auto edits = random() % 6; edits > 0; --edits) {
+            const unsigned kind = list.empty() ? 1 : static_cast<unsigned>(random() % 4);
             if (kind == 0)
                 list.erase(row());
             else if (kind == 1)

@@ -172,7 +172,7 @@ TEST(ProcessorCatalogue, NoFileOfAPersonBringsTheReaderDown)
     int refused = 0;
     for (int round = 0; round < 2'000; ++round) {
         QByteArray text = whole;
-        for (unsigned change = 1 + chance() % 3; change > 0; --change)
+        for (auto change = 1 + chance() % 3; change > 0; --change)
             text[static_cast<qsizetype>(chance() % unsigned(text.size()))] = "{}[]\":,-90.einullx"[chance() % 18];
         if (chance() % 4 == 0)
             text.truncate(static_cast<qsizetype>(chance() % unsigned(text.size())));
