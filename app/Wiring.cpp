@@ -150,19 +150,24 @@ Result<void> Wiring::keepPorts(const std::vector<qsizetype> &rows)
 {
     const ShowPorts &now = ports();
     std::map<std::size_t, qint64> kept;
+    Result<void> done;
     for (std::size_t wall = 0; wall < now.rows.size(); ++wall) {
         const bool isMeant = std::ranges::find(rows, now.rows[wall]) != rows.end();
         if (!isMeant || now.wiring.walls[wall].state != ShowWiring::State::Wired)
             continue;
         auto first = PortEdits::firstPortsToKeep(now.show, now.wiring, wall);
-        if (!first)
-            return tl::unexpected(first.error());
-        kept.merge(*first);
+        if (first)
+            kept.merge(*first);
+        else if (done)
+            done = tl::unexpected(first.error());
     }
+    if (kept.empty())
+        return done;
+    const std::vector<qsizetype> rowsOfWalls = now.rows; // which the edits below have worked out anew
     for (const auto &[wall, port] : kept)
-        m_document.allScreensArray()[static_cast<std::size_t>(now.rows[wall])]->setValue("firstPort", port);
+        m_document.allScreensArray()[static_cast<std::size_t>(rowsOfWalls[wall])]->setValue("firstPort", port);
     m_document.finishEdit("keeping of ports");
-    return {};
+    return done;
 }
 
 const ShowPorts &Wiring::ports() const

@@ -47,7 +47,7 @@ public:
     [[nodiscard]] Result<void> feed(qsizetype row);
 
     /// The walls in these rows of the layer list, and those that they share ports with, keep the ports that they have.
-    /// Those wired by hand keep them anyway. Error: ports of one do not follow each other; nothing is changed then.
+    /// Those wired by hand keep them anyway. Error: why the first that cannot keep them does not; the others do.
     [[nodiscard]] Result<void> keepPorts(const std::vector<qsizetype> &rows);
 
     /// Which panel of the document hangs on which port now. Worked out once for all who ask, and anew where the show is

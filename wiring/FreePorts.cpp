@@ -59,7 +59,7 @@ PortName FreePorts::takeBeside(const QString &processor, const std::set<PortName
 bool FreePorts::isThere(const PortName &port) const
 {
     const auto place = Processors::placeOf(m_processors, port.processor);
-    return place && port.number <= m_pairs[*place].ports();
+    return place && m_pairs[*place].has(port.number);
 }
 
 std::optional<qint64> FreePorts::numberOf(std::size_t place)

@@ -91,6 +91,15 @@ TEST_F(CablesTest, KeptPortsStayWhateverOtherWallsDo)
     EXPECT_EQ(layer(1).record()->firstPort, 0);
 }
 
+TEST_F(CablesTest, AWallThatCannotKeepItsPortsIsToldAndTheOthersKeepTheirs)
+{
+    document.arraycontroller().setSelectionIndex(1);
+    document.setValueOfSelection(32, "arrangedObjects.col"); // 64 panels: more ports than there are
+    EXPECT_FALSE(document.wiring().keepPorts({0, 1}));
+    EXPECT_EQ(layer(0).record()->firstPort, 1);
+    EXPECT_EQ(stack.undoText(), "keeping of ports");
+}
+
 TEST_F(CablesTest, TheAutomaticCablesCanBeTakenAsLaidByHand)
 {
     const WallCablesPointer before = layer(0).shownCables();
