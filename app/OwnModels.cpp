@@ -9,7 +9,7 @@
 #include <algorithm>
 
 namespace {
-constexpr qint64 mostBytes = 1 << 20;
+constexpr qint64 mostModelBytes = 1 << 20;
 
 /// Any name is one of a file there.
 QString fileOf(const QString &model, const QString &folder)
@@ -31,7 +31,7 @@ Found in(const QString &folder)
     for (const QString &name : QDir(folder).entryList({"*.json"}, QDir::Files)) {
         const QString path = folder + '/' + name;
         Result<OwnModel> model =
-            FileBytes::read(path, mostBytes).and_then([](const QByteArray &bytes) { return OwnModel::of(bytes); });
+            FileBytes::read(path, mostModelBytes).and_then([](const QByteArray &bytes) { return OwnModel::of(bytes); });
         if (model)
             found.models.push_back(std::move(*model));
         else
