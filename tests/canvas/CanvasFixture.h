@@ -50,7 +50,7 @@ public:
     std::vector<LayerPointer> selection; ///< of them
     std::vector<ProcessorSettings> processors;
     std::function<PortName(const QString &, const LayerPointer &)> nextPort; ///< what a new cable takes
-    bool rendersOnUpdate = true;                       ///< as update() does when its gate is open
+    bool rendersOnUpdate = true;                                             ///< as update() does when its gate is open
     std::function<void()> onUpdate;
     QStringList calls; ///< "update", "finishEdit move image", "nudge 1,0"; selections are not noted
 };
