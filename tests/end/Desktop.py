@@ -7,6 +7,8 @@ import tempfile
 import time
 from pathlib import Path
 
+AT_TURNS = 0.25  # seconds
+TURN = 60  # square pixels between two ways, more than what rounding makes of a straight one
 PATIENCE = 30.0  # seconds; a busy machine under sanitizers takes some
 
 
@@ -158,11 +160,13 @@ class Desktop:
         self.release()
 
     def stroke(self, places):
-        """With the left button, which stays down, from place to place."""
-        self._xdotool("mousemove", *places[0], "mousedown", 1)
-        for place in places[1:]:
-            self._xdotool("mousemove", *place, "sleep", 0.01)
-        self._xdotool("sleep", 0.1)
+        """With the left button, which stays down, from place to place. A hand rests where it turns: of moves that come
+        faster than a program takes them it is told the last one alone."""
+        self._xdotool("mousemove", *places[0], "mousedown", 1, "sleep", AT_TURNS)
+        for before, place, after in zip(places, places[1:], places[2:] + places[-1:]):
+            way, next_way = ((end[0] - start[0], end[1] - start[1]) for start, end in ((before, place), (place, after)))
+            goes_on = abs(way[0] * next_way[1] - way[1] * next_way[0]) < TURN and after != place
+            self._xdotool("mousemove", *place, "sleep", 0.01 if goes_on else AT_TURNS)
 
     def release(self):
         self._xdotool("mouseup", 1)

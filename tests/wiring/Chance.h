@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ShowFixture.h"
+#include "tests/wiring/ShowFixture.h"
 
 #include <initializer_list>
 #include <random>
