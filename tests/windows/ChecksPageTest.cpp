@@ -7,10 +7,8 @@
 #include "windows/checks/ChecksModel.h"
 #include "windows/checks/RestedChecks.h"
 #include "windows/tables/RowTable.h"
-#include "windows/tables/TablesPane.h"
 
 #include <QApplication>
-#include <QLabel>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
@@ -19,19 +17,9 @@ namespace {
 class ChecksPageTest : public PortsFixture
 {
 protected:
-    TablesPane &pane() { return *window.findChild<TablesPane *>(); }
     ChecksPage &page() { return *window.findChild<ChecksPage *>(); }
     RowTable &checks() { return *page().findChild<RowTable *>(); }
     QString cell(int row, int column) { return checks().model()->index(row, column).data().toString(); }
-    QLabel &state()
-    {
-        for (QLabel *label : pane().findChildren<QLabel *>()) {
-            if (label->accessibleName() == "State of the tables")
-                return *label;
-        }
-        qFatal("the head says nothing");
-    }
-    QColor stateColour() { return state().palette().color(QPalette::WindowText); }
     QToolButton &tool(const QString &text)
     {
         for (QToolButton *button : page().tools()->findChildren<QToolButton *>()) {

@@ -2,8 +2,10 @@
 
 #include "screen/LWScreen.h"
 #include "tests/windows/InspectorFixture.h"
+#include "windows/tables/TablesPane.h"
 
 #include <QApplication>
+#include <QLabel>
 
 /// The window with two walls, of 20 x 10 and 2 x 3 panels of 128 x 128, in an output of 4096 x 2160.
 class PortsFixture : public InspectorFixture
@@ -40,6 +42,17 @@ protected:
         EXPECT_TRUE(document.wiring().add(settings));
         QApplication::processEvents(); // lays out what has come into sight
     }
+    TablesPane &pane() { return *window.findChild<TablesPane *>(); }
+    /// What its head says.
+    QLabel &state()
+    {
+        for (QLabel *label : pane().findChildren<QLabel *>()) {
+            if (label->accessibleName() == "State of the tables")
+                return *label;
+        }
+        qFatal("the head says nothing");
+    }
+    QColor stateColour() { return state().palette().color(QPalette::WindowText); }
     LayerPointer layer(qsizetype row) { return list().layer(row); }
 
     LWAppDelegate &document = window.document();

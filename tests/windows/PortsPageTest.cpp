@@ -5,13 +5,11 @@
 #include "tests/windows/PortsFixture.h"
 #include "windows/Theme.h"
 #include "windows/tables/RowTable.h"
-#include "windows/tables/TablesPane.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
@@ -22,22 +20,12 @@ namespace {
 class PortsPageTest : public PortsFixture
 {
 protected:
-    TablesPane &pane() { return *window.findChild<TablesPane *>(); }
     QTableView &ports() { return *pane().findChild<PortsPage *>()->findChild<RowTable *>(); }
     QString cell(int row, int column)
     {
         EXPECT_FALSE(ports().isColumnHidden(column)) << column;
         return ports().model()->index(row, column).data().toString();
     }
-    QLabel &state()
-    {
-        for (QLabel *label : pane().findChildren<QLabel *>()) {
-            if (label->accessibleName() == "State of the tables")
-                return *label;
-        }
-        qFatal("the head says nothing");
-    }
-    QColor stateColour() { return state().palette().color(QPalette::WindowText); }
     void choosePorts()
     {
         choose({"View", "Ports"});

@@ -75,9 +75,11 @@ TEST_F(ProcessorDialogTest, TakesAnyRateWithinReason)
 
 TEST_F(ProcessorDialogTest, AnotherModelHasItsOwnDepths)
 {
+    EXPECT_NE(box("Receiving card").itemText(0), "Makes no difference");
     QComboBox &models = box("Model");
     choose("Model", models.findData("VX1000"));
     EXPECT_EQ(dialog->settings().model, "VX1000");
+    EXPECT_EQ(box("Receiving card").itemText(0), "Makes no difference");
     EXPECT_EQ(box("Colour depth").count(),
               static_cast<int>(ProcessorCatalogue::builtIn().model("VX1000")->bits.size()));
 }

@@ -16,21 +16,16 @@ ProcessorSettings settingsOf(const QString &model, int bits, double rate, const 
     return settings;
 }
 
-tl::expected<PortCapacity, NoFigure> capacityOf(const ProcessorSettings &settings)
-{
-    return PortCapacity::of(settings);
-}
-
 /// -1: no figure.
 qint64 pixels(const QString &model, int bits, double rate, const QString &card = {})
 {
-    const auto capacity = capacityOf(settingsOf(model, bits, rate, card));
+    const auto capacity = PortCapacity::of(settingsOf(model, bits, rate, card));
     return capacity ? capacity->pixels : -1;
 }
 
 Reason reason(const QString &model, int bits, double rate)
 {
-    const auto capacity = capacityOf(settingsOf(model, bits, rate));
+    const auto capacity = PortCapacity::of(settingsOf(model, bits, rate));
     EXPECT_FALSE(capacity);
     return capacity.error().reason;
 }
@@ -108,7 +103,7 @@ TEST(PortCapacity, TelevisionRatesCountAsTheWholeOnes)
 
 TEST(PortCapacity, ARateThatIsMissingFromATableTakesTheNextHigherOne)
 {
-    const auto capacity = capacityOf(settingsOf("HELIOS 8K", 10, 72));
+    const auto capacity = PortCapacity::of(settingsOf("HELIOS 8K", 10, 72));
     EXPECT_EQ(capacity->pixels, 230000);
     EXPECT_EQ(capacity->origin, Origin::NextHigherRate);
     EXPECT_EQ(pixels("VX10", 8, 61), 320000);
@@ -127,7 +122,7 @@ TEST(PortCapacity, ThereIsNoFigureAboveTheLastRateOrAtAnUnprintedDepth)
     EXPECT_EQ(reason("KU20", 10, 60), Reason::NoSuchDepth); // its link has them, the model has not
     EXPECT_EQ(reason("P10 / P20 / Q8", 8, 60), Reason::NothingPublished);
     EXPECT_EQ(reason("none of them", 8, 60), Reason::NoSuchModel);
-    EXPECT_EQ(capacityOf(settingsOf("HELIOS 8K", 12, 250)).error().sentence,
+    EXPECT_EQ(PortCapacity::of(settingsOf("HELIOS 8K", 12, 250)).error().sentence,
               "No figure is published for HELIOS 8K at 12 bit and 250 Hz; type the pixels per port.");
 }
 
@@ -149,29 +144,29 @@ TEST(PortCapacity, PrintedCellsThatWereRoundedUpAreRoundedDown)
     EXPECT_EQ(pixels("Tessera SX40", 8, 192), 164062);
     EXPECT_EQ(pixels("Tessera SX40", 12, 72), 291666);
     EXPECT_EQ(pixels("Tessera SX40", 12, 180), 116666);
-    EXPECT_EQ(capacityOf(settingsOf("Tessera SX40", 8, 60))->origin, Origin::Published);
-    EXPECT_EQ(capacityOf(settingsOf("Tessera SX40", 8, 90))->origin, Origin::Derived);
+    EXPECT_EQ(PortCapacity::of(settingsOf("Tessera SX40", 8, 60))->origin, Origin::Published);
+    EXPECT_EQ(PortCapacity::of(settingsOf("Tessera SX40", 8, 90))->origin, Origin::Derived);
 }
 
 TEST(PortCapacity, LowLatencyHalvesWhereTheModelHasIt)
 {
     ProcessorSettings settings = settingsOf("Tessera SX40", 12, 192);
-    EXPECT_EQ(capacityOf(settings)->pixels, 109375);
+    EXPECT_EQ(PortCapacity::of(settings)->pixels, 109375);
     settings.lowLatency = true;
-    EXPECT_EQ(capacityOf(settings)->pixels, 54687);
+    EXPECT_EQ(PortCapacity::of(settings)->pixels, 54687);
     settings.model = "Tessera S4";
-    EXPECT_EQ(capacityOf(settings)->pixels, 109375);
+    EXPECT_EQ(PortCapacity::of(settings)->pixels, 109375);
     settings = settingsOf("HELIOS 8K", 12, 60);
     settings.lowLatency = true;
-    EXPECT_EQ(capacityOf(settings)->pixels, 401000);
+    EXPECT_EQ(PortCapacity::of(settings)->pixels, 401000);
 }
 
 TEST(PortCapacity, HeadroomIsTakenOffAndRoundedDown)
 {
     ProcessorSettings settings = settingsOf("MX40 Pro", 8, 60);
     settings.headroom = 10;
-    EXPECT_EQ(capacityOf(settings)->pixels, 659722);
-    EXPECT_EQ(capacityOf(settings)->limit, 593749);
+    EXPECT_EQ(PortCapacity::of(settings)->pixels, 659722);
+    EXPECT_EQ(PortCapacity::of(settings)->limit, 593749);
 }
 
 TEST(PortCapacity, ATypedFigureReplacesTheModelsAndItsLack)
@@ -179,7 +174,7 @@ TEST(PortCapacity, ATypedFigureReplacesTheModelsAndItsLack)
     ProcessorSettings settings = settingsOf("X8m", 10, 60);
     settings.capacity = 325000;
     settings.headroom = 1;
-    const auto capacity = capacityOf(settings);
+    const auto capacity = PortCapacity::of(settings);
     ASSERT_TRUE(capacity);
     EXPECT_EQ(capacity->pixels, 325000);
     EXPECT_EQ(capacity->limit, 321750);
@@ -191,13 +186,13 @@ TEST(PortCapacity, ATypedFigureReplacesTheModelsAndItsLack)
 TEST(PortCapacity, SaysTheHighestRateOfAFigure)
 {
     ProcessorSettings settings = settingsOf("MX40 Pro", 8, 60);
-    EXPECT_NEAR(*capacityOf(settings)->highestRate(settings, 40 * 128 * 128), 60.399, 0.001);
-    EXPECT_EQ(capacityOf(settings)->highestRate(settings, 1), 240);
+    EXPECT_NEAR(*PortCapacity::of(settings)->highestRate(settings, 40 * 128 * 128), 60.399, 0.001);
+    EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 1), 240);
     settings = settingsOf("HELIOS 8K", 12, 50);
-    EXPECT_EQ(capacityOf(settings)->highestRate(settings, 409600), 50);
-    EXPECT_EQ(capacityOf(settings)->highestRate(settings, 485000), 50);
-    EXPECT_EQ(capacityOf(settings)->highestRate(settings, 485001), 48);
-    EXPECT_FALSE(capacityOf(settings)->highestRate(settings, 1'031'001));
+    EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 409600), 50);
+    EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 485000), 50);
+    EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 485001), 48);
+    EXPECT_FALSE(PortCapacity::of(settings)->highestRate(settings, 1'031'001));
     settings = settingsOf("Tessera SX40", 12, 60);
-    EXPECT_EQ(capacityOf(settings)->highestRate(settings, 350'000), 60);
+    EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 350'000), 60);
 }

@@ -214,7 +214,7 @@ void ProcessorDialog::offerOfModel()
     m_settings.bits = m_bits->currentData().toInt();
 
     m_card->clear();
-    m_card->addItem("Not chosen yet", QString());
+    m_card->addItem(chosen && chosen->cards.empty() ? "Makes no difference" : "Not chosen yet", QString());
     for (const auto &[cards, capacity] : chosen ? chosen->cards : std::vector<ProcessorModel::Card>())
         m_card->addItem(cards, cards);
     if (!m_settings.card.isEmpty() && m_card->findData(m_settings.card) < 0)
