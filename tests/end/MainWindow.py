@@ -3,7 +3,7 @@
 from Desktop import wait_for
 
 # Where things are in the window of 1280 x 800. Walls, panels and rows of the lists are found by their colours.
-LAYERS = (0, 90, 258, 510)
+LAYERS = (0, 90, 258, 300)  # ends above the place of the drop: a drag carries the picture of its row along
 PRESETS = (0, 560, 258, 755)
 CANVAS = (262, 40, 978, 755)
 EMPTY_PART_OF_LAYERS = (130, 330)
