@@ -148,26 +148,24 @@ Result<void> Wiring::feed(qsizetype row)
 
 Result<void> Wiring::keepPorts(const std::vector<qsizetype> &rows)
 {
-    const ShowPorts &now = ports();
-    std::map<std::size_t, qint64> kept;
-    Result<void> done;
+    const ShowPorts now = ports();
+    std::vector<std::size_t> walls;
     for (std::size_t wall = 0; wall < now.rows.size(); ++wall) {
-        const bool isMeant = std::ranges::find(rows, now.rows[wall]) != rows.end();
-        if (!isMeant || now.wiring.walls[wall].state != ShowWiring::State::Wired)
-            continue;
-        auto first = PortEdits::firstPortsToKeep(now.show, now.wiring, wall);
-        if (first)
-            kept.merge(*first);
-        else if (done)
-            done = tl::unexpected(first.error());
+        const bool isAutomatic = now.show.walls[wall].split != WallToWire::Split::Hand &&
+                                 now.wiring.walls[wall].state == ShowWiring::State::Wired;
+        if (isAutomatic && std::ranges::find(rows, now.rows[wall]) != rows.end())
+            walls.push_back(wall);
     }
-    if (kept.empty())
-        return done;
-    const std::vector<qsizetype> rowsOfWalls = now.rows; // which the edits below have worked out anew
+    const std::map<std::size_t, qint64> kept = PortEdits::firstPortsToKeep(now.show, now.wiring, walls);
     for (const auto &[wall, port] : kept)
-        m_document.allScreensArray()[static_cast<std::size_t>(rowsOfWalls[wall])]->setValue("firstPort", port);
-    m_document.finishEdit("keeping of ports");
-    return done;
+        m_document.allScreensArray()[static_cast<std::size_t>(now.rows[wall])]->setValue("firstPort", port);
+    if (!kept.empty())
+        m_document.finishEdit("keeping of ports");
+    const auto lost = std::ranges::find_if_not(walls, [&](std::size_t wall) { return kept.contains(wall); });
+    if (lost == walls.end())
+        return {};
+    return fail(QString("The ports of %1 do not follow each other; take its cables as yours to keep them.")
+                    .arg(now.show.walls[*lost].name));
 }
 
 const ShowPorts &Wiring::ports() const

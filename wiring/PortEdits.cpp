@@ -102,39 +102,35 @@ std::optional<Place> runAt(const ShowRuns &runs, const WallCell &at)
     return std::nullopt;
 }
 
-/// The first port of a wall, if the wall has the same ones from it on as long as its processor takes it. What is left
-/// then hangs elsewhere and is not kept.
-std::optional<qint64> firstOfRow(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall)
+/// Where the runs of a wall hang on its own processor: port and number of the piece. What that could not take hangs
+/// elsewhere and is left out.
+std::vector<std::pair<qint64, int>> ownPlaces(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall)
 {
-    const std::vector<std::size_t> &ports = wiring.walls[wall].ports;
-    const auto isOwn = [&](const ShowWiring::Port &port) {
-        return port.number > 0 && show.processors[port.processor].name == show.walls[wall].processor;
-    };
-    if (ports.empty() || !isOwn(wiring.ports[ports.front()]))
-        return std::nullopt;
-    const DeviceBounds &device = wiring.processors[wiring.ports[ports.front()].processor].device;
-    const std::size_t most = device.runsOf(wiring.walls[wall].split);
-    std::optional<qint64> next = wiring.ports[ports.front()].number;
-    for (std::size_t run = 0; run < ports.size(); ++run) {
-        const ShowWiring::Port &port = wiring.ports[ports[run]];
-        const bool isMeant = run < most && next.has_value();
-        if (isOwn(port) != isMeant || (isMeant && port.number != *next))
-            return std::nullopt;
-        if (next)
-            next = device.pairs.mainFrom(*next + 1);
+    std::vector<std::pair<qint64, int>> places;
+    for (const std::size_t place : wiring.walls[wall].ports) {
+        const ShowWiring::Port &port = wiring.ports[place];
+        if (port.number == 0 || show.processors[port.processor].name != show.walls[wall].processor)
+            continue;
+        const auto piece = std::ranges::find(port.pieces, wall, &ShowWiring::Piece::wall);
+        places.emplace_back(port.number, piece->number);
     }
-    return wiring.ports[ports.front()].number;
+    return places;
 }
 
-/// Whether all that hangs before a wall on its first port stays there.
-bool beginsBehindKept(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall,
-                      const std::map<std::size_t, qint64> &kept)
+/// The first wall that would not hang as it does if these kept their first ports. Those behind it in the list may only
+/// move because of it.
+std::optional<std::size_t> firstThatMoves(ShowToWire show, const ShowWiring &before,
+                                          const std::map<std::size_t, qint64> &kept)
 {
-    const auto &pieces = wiring.ports[wiring.walls[wall].ports.front()].pieces;
-    const auto own = std::ranges::find(pieces, wall, &ShowWiring::Piece::wall);
-    return std::all_of(pieces.begin(), own, [&](const ShowWiring::Piece &piece) {
-        return show.walls[piece.wall].split == WallToWire::Split::Hand || kept.contains(piece.wall);
-    });
+    for (const auto &[wall, port] : kept)
+        show.walls[wall].firstPort = port;
+    const ShowWiring after = ShowWiring::of(show);
+    for (const auto &[wall, port] : kept) {
+        if (ownPlaces(show, after, wall) != ownPlaces(show, before, wall) ||
+            after.walls[wall].split.runs != before.walls[wall].split.runs)
+            return wall;
+    }
+    return std::nullopt;
 }
 } // namespace
 
@@ -338,18 +334,18 @@ WallRuns asLaidByHand(const ShowToWire &show, const ShowWiring &wiring, std::siz
     return runs;
 }
 
-Result<std::map<std::size_t, qint64>> firstPortsToKeep(const ShowToWire &show, const ShowWiring &wiring,
-                                                       std::size_t wall)
+std::map<std::size_t, qint64> firstPortsToKeep(const ShowToWire &show, const ShowWiring &wiring,
+                                               const std::vector<std::size_t> &walls)
 {
     std::map<std::size_t, qint64> kept;
-    for (const std::size_t one : sharing(show, wiring, wall)) {
-        const auto first = firstOfRow(show, wiring, one);
-        if (first && beginsBehindKept(show, wiring, one, kept))
-            kept.emplace(one, *first);
-        else if (one == wall)
-            return fail(QString("The ports of %1 do not follow each other; take its cables as yours to keep them.")
-                            .arg(show.walls[one].name));
+    for (const std::size_t wall : walls) {
+        for (const std::size_t one : sharing(show, wiring, wall)) {
+            if (const auto places = ownPlaces(show, wiring, one); !places.empty())
+                kept.emplace(one, places.front().first);
+        }
     }
+    while (const auto moving = firstThatMoves(show, wiring, kept))
+        kept.erase(*moving);
     return kept;
 }
 

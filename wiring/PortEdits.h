@@ -57,11 +57,11 @@ std::vector<std::size_t> sharing(const ShowToWire &show, const ShowWiring &wirin
 /// their panels are not fed. Take all that are sharing() ports by hand together: nothing moves then.
 WallRuns asLaidByHand(const ShowToWire &show, const ShowWiring &wiring, std::size_t wall);
 
-/// The first ports to give a wall, and those that it shares a port with, by their place in the list, so that they keep
+/// The first ports to give walls, and those that they share ports with, by their place in the list, so that they keep
 /// what they have. What a processor cannot take of a wall goes on at others and is not kept. Walls that are wired by
-/// hand keep theirs anyway, and are left out, and so is one of the others that has no such port.
-/// Error: the wall has no port, or ports that do not follow each other on its processor; those can be kept by hand.
-[[nodiscard]] Result<std::map<std::size_t, qint64>> firstPortsToKeep(const ShowToWire &show, const ShowWiring &wiring,
-                                                                     std::size_t wall);
+/// hand keep theirs anyway and are left out; so is a wall that has no port, or ports that do not follow each other on
+/// its processor: those can be kept by hand.
+std::map<std::size_t, qint64> firstPortsToKeep(const ShowToWire &show, const ShowWiring &wiring,
+                                               const std::vector<std::size_t> &walls);
 
 } // namespace PortEdits
