@@ -195,6 +195,7 @@ PortCapacity PortCapacity::withFigure(qint64 other) const
 std::optional<double> PortCapacity::highestRate(const ProcessorSettings &settings, qint64 least) const
 {
     constexpr qint64 mostPixels = qint64{1} << 41;
+    constexpr qint64 leastRate = 1000; // thousandths of a Hz; what is too much for any has none at all
     if (!model || least > mostPixels)
         return std::nullopt;
     const ProcessorCatalogue &catalogue = catalogueOf(settings);
@@ -206,11 +207,12 @@ std::optional<double> PortCapacity::highestRate(const ProcessorSettings &setting
             rates.insert(rateBeforeTelevision(countedRate(static_cast<double>(rate) / 1000)));
         }
     }
+    rates.erase(rates.upper_bound(leastRate), rates.end()); // the highest one is first
     for (const qint64 rate : rates) {
         const double hertz = static_cast<double>(rate) / 1000;
         const FoundFigure found = lowestFigure(models, settings.bits, countedRate(hertz));
         if (found && found->pixels >= least)
-            return hertz >= 1 ? std::optional(hertz) : std::nullopt;
+            return hertz;
     }
     return std::nullopt;
 }

@@ -231,9 +231,9 @@ Result<ShowRuns> takePort(const ShowRuns &runs, const PortName &port, const Port
     return movedToFree(runs, {{port, free}});
 }
 
-ShowRuns exchange(const ShowRuns &runs, const PortName &one, const PortName &other)
+Result<ShowRuns> exchange(const ShowRuns &runs, const PortName &one, const PortName &other)
 {
-    return moved(runs, {{one, other}, {other, one}});
+    return movedToFree(runs, {{one, other}, {other, one}});
 }
 
 Result<ShowRuns> renumberFrom(const ShowRuns &runs, const PortName &port, qint64 first)

@@ -34,7 +34,8 @@ ShowRuns reverse(const ShowRuns &runs, const PortName &port);
 [[nodiscard]] Result<ShowRuns> joinWithNext(const ShowRuns &runs, const PortName &port);
 /// A port takes the number, and the processor, of one that is free. Error: it is taken, or none.
 [[nodiscard]] Result<ShowRuns> takePort(const ShowRuns &runs, const PortName &port, const PortName &free);
-ShowRuns exchange(const ShowRuns &runs, const PortName &one, const PortName &other);
+/// What hangs on one port hangs on the other. Error: one is none.
+[[nodiscard]] Result<ShowRuns> exchange(const ShowRuns &runs, const PortName &one, const PortName &other);
 /// This port, and those behind it on the processor, have the numbers from `first` on, without gaps.
 /// Error: one of them is that of a port before it, or none.
 [[nodiscard]] Result<ShowRuns> renumberFrom(const ShowRuns &runs, const PortName &port, qint64 first);

@@ -188,6 +188,9 @@ TEST(PortCapacity, SaysTheHighestRateOfAFigure)
     ProcessorSettings settings = settingsOf("MX40 Pro", 8, 60);
     EXPECT_NEAR(*PortCapacity::of(settings)->highestRate(settings, 40 * 128 * 128), 60.399, 0.001);
     EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 1), 240);
+    EXPECT_NEAR(*PortCapacity::of(settings)->highestRate(settings, 39'000'000), 1.015, 0.001);
+    EXPECT_FALSE(PortCapacity::of(settings)->highestRate(settings, 40'000'000)); // not once a second
+    EXPECT_FALSE(PortCapacity::of(settings)->highestRate(settings, qint64{1} << 41));
     settings = settingsOf("HELIOS 8K", 12, 50);
     EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 409600), 50);
     EXPECT_EQ(PortCapacity::of(settings)->highestRate(settings, 485000), 50);

@@ -118,11 +118,12 @@ TEST(PortEdits, PortsTakeFreeNumbersAndChangePlaces)
     EXPECT_EQ((*takePort(show, a1, a5))[1][1].port, a5);
     EXPECT_EQ(errorOf(takePort(show, a1, a2)), "Port A2 is taken; choose a free one, or exchange the two.");
     EXPECT_EQ(takePort(show, a1, a1), show);
-    const ShowRuns exchanged = exchange(show, a1, a2);
+    const ShowRuns exchanged = exchange(show, a1, a2).value();
     EXPECT_EQ(exchanged[0][0].port, a2);
     EXPECT_EQ(exchanged[1][0].port, a1);
     EXPECT_EQ(exchanged[1][1].port, a2);
     EXPECT_EQ(exchange(exchanged, a2, a1), show);
+    EXPECT_EQ(errorOf(exchange(show, a1, {"A", 0})), "There is no port 0; the numbers are 1 to 2147483647.");
 }
 
 TEST(PortEdits, RenumberFromHereClosesTheGaps)

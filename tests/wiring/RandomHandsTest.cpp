@@ -10,7 +10,7 @@
 using namespace ShowFixture;
 
 namespace {
-constexpr unsigned shows = 10'000;
+constexpr unsigned shows = 100'000;
 
 /// No run is empty, and no panel is in two.
 testing::AssertionResult isSound(const WallRuns &runs)
@@ -129,7 +129,7 @@ TEST(RandomHands, AutomaticCablesLaidByHandCarryTheSame)
             }
         }
     }
-    EXPECT_GT(compared, 3'000);
+    EXPECT_GT(compared, 30'000);
 }
 
 TEST(RandomHands, WhatIsSplitCanBeJoined)
