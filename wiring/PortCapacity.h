@@ -15,10 +15,13 @@ struct ProcessorSettings
         SecondProcessor ///< another one enters at the last panel, at the port of the same number
     };
 
+    static constexpr double lowestRate = 23.976; ///< Hz
+    static constexpr double highestRate = 240;
+
     QString name;  ///< "A"
     QString model; ///< as the catalogue has it
     int bits = 8;
-    double rate = 60; ///< Hz, 23.976 to 240
+    double rate = 60; ///< Hz, `lowestRate` to `highestRate`
     QString card;     ///< receiving card, where it matters; none of them: the lower figure counts
     bool lowLatency = false;
     Backup backup = Backup::None;

@@ -9,8 +9,6 @@ namespace {
 constexpr int mostBits = 16;
 constexpr int mostHeadroom = 99;
 constexpr int mostStreams = 16;
-constexpr double lowestRate = 1;
-constexpr double highestRate = 1000;
 
 template <auto member>
 using TypeOf = std::remove_cvref_t<decltype(std::declval<ProcessorSettings>().*member)>;
@@ -38,7 +36,8 @@ bool setWithin(ProcessorSettings &settings, const QVariant &value)
 bool setRate(ProcessorSettings &settings, const QVariant &value)
 {
     const double rate = value.toDouble(); // a comparison with what is no number is false
-    return rate >= lowestRate && rate <= highestRate && set<&ProcessorSettings::rate>(settings, value);
+    return rate >= ProcessorSettings::lowestRate && rate <= ProcessorSettings::highestRate &&
+           set<&ProcessorSettings::rate>(settings, value);
 }
 
 bool setName(ProcessorSettings &settings, const QVariant &value)
@@ -101,7 +100,7 @@ std::span<const ProcessorField> processorFields()
         field<&Settings::name>("name", setName, "a name"),
         field<&Settings::model>("model", set<&Settings::model>),
         field<&Settings::bits>("bits", setWithin<&Settings::bits, 1, mostBits>, "1 to 16 bit"),
-        field<&Settings::rate>("rate", setRate, "1 to 1000 Hz"),
+        field<&Settings::rate>("rate", setRate, "23.976 to 240 Hz"),
         field<&Settings::card>("card", set<&Settings::card>),
         field<&Settings::lowLatency>("lowLatency", set<&Settings::lowLatency>),
         {"backup", QMetaType::fromType<QString>(), getBackup, setBackup, "\"none\", \"loop\" or \"processor\""},

@@ -93,7 +93,8 @@ TEST_F(ProcessorListTest, WhatIsOutOfRangeIsNamed)
     EXPECT_EQ(refusal(R"([{"model": "VX1000"}])"), "processor 0: it has no name");
     EXPECT_EQ(refusal(R"([{"name": "A"}, {"name": "B", "bits": 0}])"),
               "processor 1: bits: \"bits\" is 0, expected 1 to 16 bit");
-    EXPECT_EQ(refusal(R"([{"name": "A", "rate": 0.5}])"), "processor 0: rate: \"rate\" is 0.5, expected 1 to 1000 Hz");
+    EXPECT_EQ(refusal(R"([{"name": "A", "rate": 23.9}])"),
+              "processor 0: rate: \"rate\" is 23.9, expected 23.976 to 240 Hz");
     EXPECT_EQ(refusal(R"([{"name": "A", "backup": "twice"}])"),
               "processor 0: backup: \"backup\" is \"twice\", expected \"none\", \"loop\" or \"processor\"");
     EXPECT_EQ(refusal(R"([{"name": "A", "headroom": 100}])"),

@@ -22,8 +22,6 @@ namespace {
 constexpr int formWidth = 460;
 constexpr int mostHeadroom = 99;
 constexpr std::array<double, 11> usualRates{23.976, 24, 25, 29.97, 30, 50, 59.94, 60, 100, 120, 240};
-constexpr double lowestRate = 23.976;
-constexpr double highestRate = 240;
 
 QString rateText(double rate)
 {
@@ -228,7 +226,7 @@ void ProcessorDialog::takeRate(const QString &text)
 {
     bool isNumber = false;
     const double rate = QString(text).remove("Hz").trimmed().replace(',', '.').toDouble(&isNumber);
-    m_isRate = isNumber && rate >= lowestRate && rate <= highestRate;
+    m_isRate = isNumber && rate >= ProcessorSettings::lowestRate && rate <= ProcessorSettings::highestRate;
     if (m_isRate)
         m_settings.rate = rate;
     refresh();
@@ -253,7 +251,9 @@ QString ProcessorDialog::fault() const
     if (m_others.contains(m_settings.name))
         return QString("Another processor is called %1.").arg(m_settings.name);
     if (!m_isRate)
-        return QString("The frame rate is a number from %1 to %2 Hz.").arg(lowestRate).arg(highestRate);
+        return QString("The frame rate is a number from %1 to %2 Hz.")
+            .arg(ProcessorSettings::lowestRate)
+            .arg(ProcessorSettings::highestRate);
     return {};
 }
 
