@@ -49,16 +49,21 @@ public:
     /// hand is from then on. Another panel of a cable is only named. Returns whether a cable is held. Error: there is
     /// no processor to begin at.
     [[nodiscard]] Result<bool> take(const Show &show, const Panel &panel, const Keys &keys);
+    bool isHeld() const { return m_held != nullptr; }
+
+    // While a cable is held:
+
     /// The cable that is held goes on to a panel along the straight way, in another wall with a piece of its own. Where
     /// other keys are held than before, what was laid since take() is laid anew.
     void goTo(const Panel &panel, const Keys &keys);
     /// The same way with other keys.
     void goWith(const Keys &keys);
-    bool isHeld() const { return m_held != nullptr; }
     /// What was laid stays. Returns whether anything was.
     bool finish();
     /// All walls are as before take().
     void cancel();
+
+    // At any time:
 
     /// What stands beside the pointer: "A3, 12 panels, 640,000 of 659,722 px", and who was passed.
     const QString &words() const { return m_words; }

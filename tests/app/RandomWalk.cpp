@@ -2,6 +2,7 @@
 
 #include "archive/KeyedArchive.h"
 #include "formats/PresetLibrary.h"
+#include "formats/ProcessorList.h"
 #include "formats/ProjectFile.h"
 #include "screen/LWScreen.h"
 #include "show/LayerArchive.h"
@@ -56,6 +57,7 @@ QByteArray RandomWalk::archive() const
     const Result<QByteArray> bytes =
         KeyedArchive::write(ArchiveValue::list({{qint64{m_document->OutputHeight()}},
                                                 {qint64{m_document->OutputWidth()}},
+                                                ProcessorList::toArchive(m_document->wiring().processors()),
                                                 LayerArchive::encode(all),
                                                 LayerArchive::encode(m_document->presetScreensArray())}));
     return bytes ? *bytes : archiveText(project()).toUtf8(); // a text may have what no file can hold

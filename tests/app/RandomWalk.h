@@ -4,6 +4,7 @@
 #include "tests/app/RandomValues.h"
 #include "tests/app/ScriptedPerson.h"
 #include "tests/screen/TestHost.h"
+#include "tests/wiring/Chance.h"
 
 #include <QByteArray>
 #include <QCoreApplication>
@@ -83,6 +84,19 @@ private:
     void exportPsd();
     void recover();
 
+    void addProcessor();
+    void changeProcessor();
+    void editWiring();
+    void layCable();
+    void editCables();
+    void takeAutomaticCables();
+    void keepPorts();
+    void feedPanels();
+
+    Wiring &wiring() { return m_document->wiring(); }
+    Chance chance();
+    /// Mostly one that a cable has.
+    PortName randomPort();
     std::vector<qsizetype> randomRows(const LayerList &list);
     /// The document and its presets, byte by byte.
     QByteArray archive() const;

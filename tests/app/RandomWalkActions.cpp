@@ -48,6 +48,14 @@ const std::vector<RandomWalk::Action> RandomWalk::actions{
     {"export PNG", 2, &RandomWalk::exportPng},
     {"export PSD", 1, &RandomWalk::exportPsd},
     {"recover", 3, &RandomWalk::recover},
+    {"add processor", 12, &RandomWalk::addProcessor},
+    {"change processor", 12, &RandomWalk::changeProcessor},
+    {"edit wiring", 60, &RandomWalk::editWiring},
+    {"lay cable", 60, &RandomWalk::layCable},
+    {"edit cables", 40, &RandomWalk::editCables},
+    {"take automatic cables", 20, &RandomWalk::takeAutomaticCables},
+    {"keep ports", 10, &RandomWalk::keepPorts},
+    {"feed panels", 20, &RandomWalk::feedPanels},
 };
 
 void RandomWalk::editProperty()

@@ -8,7 +8,11 @@
 #include <gtest/gtest.h>
 
 namespace {
+#ifdef __SANITIZE_ADDRESS__
 constexpr unsigned shows = 100;
+#else
+constexpr unsigned shows = 1000;
+#endif
 constexpr int wallsOfShow = 100;
 
 CableRun randomRun(Chance &chance)
