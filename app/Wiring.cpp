@@ -231,7 +231,7 @@ void Wiring::followCables()
 {
     const bool wereShown = m_areCablesShown;
     const auto areShown = [](const LayerPointer &layer) { return ShowCables::areShown(*layer); };
-    m_areCablesShown = !m_processors.empty() && std::ranges::any_of(m_document.allScreensArray(), areShown);
+    m_areCablesShown = std::ranges::any_of(m_document.allScreensArray(), areShown);
     if (m_areCablesShown || wereShown)
         ShowCables::show(m_document.allScreensArray(), ports());
 }

@@ -60,6 +60,17 @@ TEST_F(CablesTest, AWallThatIsNotSelectedFollowsWhatAnotherTakesFromIt)
     EXPECT_EQ(portsOf(1), (Ports{4, 5, 6}));
 }
 
+TEST_F(CablesTest, CablesLaidByHandAreShownWhileTheirProcessorIsMissing)
+{
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
+    document.wiring().remove(0);
+    EXPECT_EQ(portsOf(0), (Ports{1, 2, 3}));
+    ASSERT_TRUE(document.wiring().editCables("clearing of a cable", [](const PortEdits::ShowRuns &runs) {
+        return PortEdits::clear(runs, {"A", 2});
+    }));
+    EXPECT_EQ(portsOf(0), (Ports{1, 3}));
+}
+
 TEST_F(CablesTest, AWallThatShowsNoCablesIsGivenNone)
 {
     document.setValueOfSelection(false, "arrangedObjects.drawFlowPath");
