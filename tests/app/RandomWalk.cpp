@@ -1,6 +1,7 @@
 #include "tests/app/RandomWalk.h"
 
 #include "archive/KeyedArchive.h"
+#include "facts/ShowCables.h"
 #include "formats/PresetLibrary.h"
 #include "formats/ProcessorList.h"
 #include "formats/ProjectFile.h"
@@ -133,19 +134,24 @@ void RandomWalk::expectOutputAsComposedAnew()
     m_document->timerupdate();
     m_document->update();
     checkHistory(); // what a rendering writes belongs to the state that is shown
-    const auto drawnAnew = [](const Layer &layer) {
+    const ShowPorts ports = ShowPorts::of(project());
+    const std::vector<WallCablesPointer> cables = ShowCables::of(ports);
+    const auto drawnAnew = [&](const Layer &layer, qsizetype row) {
         const LayerLook look = layer.shownLook();
         if (layer.kind() != LayerKind::Wall || !look.record)
             return layer.thumbnail();
         const auto &[corners, voltage, phases] = look.around;
-        return ScreenChart(*look.record, {static_cast<int>(corners), voltage, phases}).draw({});
+        const auto wall = std::ranges::find(ports.rows, row) - ports.rows.begin();
+        const WallCablesPointer shown = ShowCables::areShown(layer) ? cables[static_cast<std::size_t>(wall)] : nullptr;
+        return ScreenChart(*look.record, {static_cast<int>(corners), voltage, phases, shown}).draw({});
     };
     std::vector<PlacedPicture> pictures;
-    for (const LayerPointer &layer : m_document->allScreensArray()) {
-        if (layer->visible())
-            pictures.push_back({drawnAnew(*layer),
-                                {layer->xpoint(), layer->ypoint()},
-                                {layer->screenSizeWidth(), layer->screenSizeHeight()}});
+    for (qsizetype row = 0; row < std::ssize(layers().layers()); ++row) {
+        const Layer &layer = *layers().layers()[static_cast<std::size_t>(row)];
+        if (layer.visible())
+            pictures.push_back({drawnAnew(layer, row),
+                                {layer.xpoint(), layer.ypoint()},
+                                {layer.screenSizeWidth(), layer.screenSizeHeight()}});
     }
     const OutputStyle style{
         {m_document->OutputWidth(), m_document->OutputHeight()}, m_document->bgColor(), m_document->edgeColor()};

@@ -84,7 +84,7 @@ private:
     void exportPsd();
     void recover();
 
-    void addProcessor();
+    void addOrRemoveProcessor();
     void changeProcessor();
     void editWiring();
     void layCable();

@@ -48,7 +48,7 @@ const std::vector<RandomWalk::Action> RandomWalk::actions{
     {"export PNG", 2, &RandomWalk::exportPng},
     {"export PSD", 1, &RandomWalk::exportPsd},
     {"recover", 3, &RandomWalk::recover},
-    {"add processor", 12, &RandomWalk::addProcessor},
+    {"add or remove processor", 16, &RandomWalk::addOrRemoveProcessor},
     {"change processor", 12, &RandomWalk::changeProcessor},
     {"edit wiring", 60, &RandomWalk::editWiring},
     {"lay cable", 60, &RandomWalk::layCable},

@@ -21,9 +21,9 @@ PortName RandomWalk::randomPort()
     return {m_values.oneOf<QString>({"A", "B", "C", "GONE"}), m_values.number(0, 12)};
 }
 
-void RandomWalk::addProcessor()
+void RandomWalk::addOrRemoveProcessor()
 {
-    if (wiring().processors().size() >= mostProcessors)
+    if (wiring().processors().size() >= mostProcessors || m_values.oneIn(2))
         return wiring().remove(static_cast<std::size_t>(m_values.number(0, mostProcessors)));
     Chance chance = this->chance();
     const bool isAdded = wiring().add(ShowFixture::randomProcessor(chance, {})).has_value();
