@@ -4,6 +4,8 @@
 #include "facts/PortSummary.h"
 #include "show/ShowProcessors.h"
 
+#include <algorithm>
+
 using NumberText::counted;
 using NumberText::grouped;
 
@@ -101,8 +103,17 @@ QString WiringSentence::canvasExceeded() const
 
 QString WiringSentence::processorsMissing() const
 {
-    return PortSummary::shortage(m_ports, m_ports.wiring.shortages[*m_finding.shortage]) +
-           (m_finding.limit == 0 ? "; choose another model." : ".");
+    const ShowWiring::Shortage &shortage = m_ports.wiring.shortages[*m_finding.shortage];
+    const QString sentence = PortSummary::shortage(m_ports, shortage);
+    if (m_finding.limit == 0)
+        return sentence + "; choose another model.";
+    const ProcessorSettings &full = m_ports.show.processors[shortage.processor];
+    const auto other = std::ranges::find_if(m_ports.show.processors, [&](const ProcessorSettings &settings) {
+        return settings.model == full.model && !settings.isLike(full);
+    });
+    if (other == m_ports.show.processors.end())
+        return sentence + '.';
+    return sentence + QString("; %1 takes none of them, as its settings are others.").arg(other->name);
 }
 
 QString WiringSentence::noFigure() const

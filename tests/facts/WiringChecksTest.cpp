@@ -82,6 +82,10 @@ TEST_F(WiringChecksTest, ProcessorsThatAreMissingAreCounted)
     const QStringList told = found();
     ASSERT_EQ(told.size(), 1) << qPrintable(told.join('\n'));
     EXPECT_EQ(told[0], "error processors-missing: MAIN needs 1 more MX40 Pro (11 ports over).");
+    show.processors.push_back(controller("B"));
+    show.processors.back().rate = 50;
+    EXPECT_EQ(found()[0], "error processors-missing: MAIN needs 1 more MX40 Pro (11 ports over); B takes none of them, "
+                          "as its settings are others.");
 }
 
 TEST_F(WiringChecksTest, TwoWallsThatKeepOnePortAreBothNamed)
