@@ -3,6 +3,7 @@
 #include "cli/OrderedJson.h"
 #include "cli/VisibleText.h"
 #include "layer/CableRun.h"
+#include "screen/LWScreen.h"
 #include "show/Project.h"
 
 #include <algorithm>
@@ -57,8 +58,9 @@ QString placeOf(const Finding &finding, const Project &project)
     QString place = QString("layer %1").arg(*finding.layer);
     if (const QString label = labelOf(finding, project); !label.isEmpty())
         place += ' ' + VisibleText::quoted(label);
-    if (finding.cell)
-        place += ", panel " + textOf(*finding.cell);
+    const auto *wall = qobject_cast<const LWScreen *>(project.layers[static_cast<std::size_t>(*finding.layer)].get());
+    if (finding.cell && wall)
+        place += ", panel " + wall->panelLabel(*finding.cell).trimmed();
     if (finding.port)
         place += QString(", port %1").arg(PortName{finding.processor, *finding.port}.text());
     return place + ": ";

@@ -120,7 +120,7 @@ TEST_F(CheckCommandTest, ThePlaceOfAFindingMayBeAPanelOrTheShow)
         {.check = "a", .level = Finding::Level::Note, .layer = 0, .cell = Cell{4, 3}, .sentence = "Of a panel."},
         {.check = "b", .level = Finding::Level::Note, .sentence = "Of the show."},
     };
-    EXPECT_EQ(CheckReport::lines("s.Orv", project, findings), "s.Orv: layer 0, panel 3,4: note: Of a panel. [a]\n"
+    EXPECT_EQ(CheckReport::lines("s.Orv", project, findings), "s.Orv: layer 0, panel E4: note: Of a panel. [a]\n"
                                                               "s.Orv: note: Of the show. [b]\n"
                                                               "0 errors, 0 warnings, 2 notes\n");
     const QJsonDocument json = QJsonDocument::fromJson(CheckReport::json(project, findings).toUtf8());
