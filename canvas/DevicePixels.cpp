@@ -13,10 +13,6 @@ constexpr std::chrono::milliseconds untilNextPaint{16};
 
 void toDevicePixels(QPainter &painter, QWidget &widget)
 {
-    const double scale = painter.deviceTransform().m11();
-    if (!qFuzzyCompare(scale, widget.devicePixelRatioF()))
+    if (!toDevicePixels(painter, widget.devicePixelRatioF()))
         QTimer::singleShot(untilNextPaint, &widget, [&widget] { widget.update(); });
-    painter.scale(1 / scale, 1 / scale);
-    const QPointF origin = painter.deviceTransform().map(QPointF());
-    painter.translate(QPointF(origin.toPoint()) - origin);
 }
