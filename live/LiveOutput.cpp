@@ -1,0 +1,424 @@
+#include "live/LiveOutput.h"
+
+#include "base/NumberText.h"
+#include "live/IdentifyCard.h"
+#include "live/WallPicture.h"
+#include "live/WallWindow.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+namespace {
+constexpr std::chrono::seconds identifyTime{3};
+/// The desktop has put a window where it wants it.
+constexpr std::chrono::milliseconds untilPlaced{500};
+
+bool isWayland()
+{
+    return QGuiApplication::platformName().startsWith("wayland");
+}
+} // namespace
+
+LiveOutput::LiveOutput(const ComposedOutput &output, QWidget &window, Memory memory)
+    : m_output(output), m_window(window), m_memory(std::move(memory))
+{
+    m_identifying.setSingleShot(true);
+    m_identifying.setInterval(identifyTime);
+    connect(&m_identifying, &QTimer::timeout, this, &LiveOutput::endIdentifying);
+    for (const QScreen *screen : QGuiApplication::screens())
+        m_wanted.appear(WallDisplay::of(*screen).key());
+    connect(qApp, &QGuiApplication::screenAdded, this, &LiveOutput::addScreen);
+    connect(qApp, &QGuiApplication::screenRemoved, this, &LiveOutput::removeScreen);
+}
+
+LiveOutput::~LiveOutput() = default;
+
+void LiveOutput::GoAway::operator()(WallWindow *window) const
+{
+    window->hide();
+    window->deleteLater(); // it may be told of a key just now
+}
+
+QScreen *LiveOutput::screenOf(const QString &key)
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    const auto found =
+        std::ranges::find_if(screens, [&](const QScreen *screen) { return WallDisplay::of(*screen).key() == key; });
+    return found == screens.end() ? nullptr : *found;
+}
+
+void LiveOutput::addScreen(QScreen *screen)
+{
+    const QString key = WallDisplay::of(*screen).key();
+    m_wanted.appear(key);
+    if (m_wanted.isShown(key))
+        show(key, *screen);
+    emit changed();
+}
+
+void LiveOutput::removeScreen(QScreen *screen)
+{
+    const QString key = WallDisplay::of(*screen).key();
+    m_wanted.vanish(key);
+    if (const auto wall = m_walls.find(key); wall != m_walls.end())
+        wall->second.window.reset();
+    emit changed();
+}
+
+void LiveOutput::setOn(const QString &key, bool isOn)
+{
+    QScreen *const screen = screenOf(key);
+    if (isOn && screen) {
+        m_wanted.want(key);
+        show(key, *screen);
+    } else if (!isOn) {
+        m_wanted.leave(key);
+        m_walls.erase(key);
+    }
+    emit changed();
+}
+
+void LiveOutput::leaveAll()
+{
+    m_wanted.leaveAll();
+    m_walls.clear();
+    emit changed();
+}
+
+void LiveOutput::show(const QString &key, QScreen &screen)
+{
+    const auto [place, isNew] = m_walls.try_emplace(key);
+    Wall &wall = place->second;
+    wall.display = WallDisplay::of(screen);
+    if (isNew)
+        wall.region = regionFor(key, wall.isRegionKept);
+    if (!wall.window) {
+        wall.window.reset(new WallWindow(
+            [this](const QRect &part) { return WallPicture::draw(m_output.picture, m_look, part); }, &m_window));
+        connect(wall.window.get(), &WallWindow::closed, this, [this, key] { setOn(key, false); });
+        connect(wall.window.get(), &WallWindow::pressed, this, [this, key](QKeyEvent *event) {
+            if (press(*event, key))
+                event->accept();
+            else
+                emit keyPressed(event);
+        });
+        connect(wall.window.get(), &WallWindow::released, this, &LiveOutput::keyReleased);
+        connect(&screen, &QScreen::geometryChanged, wall.window.get(), [this, key, &screen] {
+            m_walls[key].display = WallDisplay::of(screen);
+            emit changed();
+        });
+    }
+    wall.window->setRegion(wall.region);
+    wall.window->fill(screen);
+    QTimer::singleShot(untilPlaced, wall.window.get(), [this, key] { checkPlace(key); });
+}
+
+/// Desktops may put a window on another display than it asked for.
+void LiveOutput::checkPlace(const QString &key)
+{
+    Wall &wall = m_walls[key];
+    const bool wasElsewhere =
+        std::exchange(wall.isElsewhere, wall.window->screen() && WallDisplay::of(*wall.window->screen()).key() != key);
+    if (wasElsewhere != wall.isElsewhere)
+        emit changed();
+}
+
+WallRegion LiveOutput::regionFor(const QString &key, bool &isKept) const
+{
+    const std::optional<WallRegion> kept = WallRegion::of(m_memory.region(key));
+    isKept = kept.has_value();
+    return kept.value_or(WallRegion{rightOfOthers(key)});
+}
+
+/// A display continues the output where those that are on end.
+QPoint LiveOutput::rightOfOthers(const QString &key) const
+{
+    int right = 0;
+    for (const auto &[other, wall] : m_walls) {
+        if (other != key && m_wanted.isWanted(other))
+            right = std::max(right, wall.region.part(wall.display.pixels).right() + 1);
+    }
+    return {right, 0};
+}
+
+void LiveOutput::takeRegions()
+{
+    const std::vector<Row> inOrder = rows();
+    std::map<QString, Wall> before = std::exchange(m_walls, {});
+    for (const Row &row : inOrder) {
+        auto taken = before.extract(row.display.key());
+        if (taken.empty())
+            continue;
+        Wall &wall = taken.mapped();
+        wall.region = regionFor(taken.key(), wall.isRegionKept);
+        if (wall.window)
+            wall.window->setRegion(wall.region);
+        m_walls.insert(std::move(taken));
+    }
+    emit changed();
+}
+
+void LiveOutput::keepRegions()
+{
+    for (auto &[key, wall] : m_walls) {
+        if (wall.isRegionKept)
+            m_memory.keep(key, wall.region.text());
+    }
+}
+
+void LiveOutput::setRegion(const QString &key, const WallRegion &region)
+{
+    const auto wall = m_walls.find(key);
+    if (wall == m_walls.end() || wall->second.region == region)
+        return;
+    wall->second.region = region;
+    wall->second.isRegionKept = true;
+    m_memory.keep(key, region.text());
+    if (wall->second.window) {
+        wall->second.window->setRegion(region);
+        if (isIdentifying())
+            wall->second.window->setCard(cardOf(key));
+    }
+    emit changed();
+}
+
+std::vector<LiveOutput::Row> LiveOutput::rows() const
+{
+    std::vector<Row> rows;
+    const auto add = [&](const QString &key, const WallDisplay &display, bool isConnected) {
+        const auto wall = m_walls.find(key);
+        if (wall == m_walls.end())
+            rows.push_back({display, isConnected, m_wanted.isWanted(key)});
+        else
+            rows.push_back(
+                {display, isConnected, m_wanted.isWanted(key), wall->second.region, wall->second.isRegionKept});
+    };
+    for (const QScreen *screen : QGuiApplication::screens()) {
+        const WallDisplay display = WallDisplay::of(*screen);
+        if (m_wanted.isConnected(display.key()))
+            add(display.key(), display, true);
+    }
+    for (const QString &key : m_wanted.awaited()) {
+        if (const auto wall = m_walls.find(key); wall != m_walls.end())
+            add(key, wall->second.display, false);
+    }
+    return rows;
+}
+
+QRegion LiveOutput::shownParts() const
+{
+    QRegion parts;
+    for (const auto &[key, wall] : m_walls) {
+        if (m_wanted.isShown(key))
+            parts += wall.region.part(wall.display.pixels);
+    }
+    return parts;
+}
+
+bool LiveOutput::isSeen(const QRect &place) const
+{
+    return shownParts().intersects(place);
+}
+
+QString LiveOutput::problemOf(const Wall &wall) const
+{
+    const QString &name = wall.display.connector;
+    if (!m_wanted.isConnected(wall.display.key()))
+        return QString("%1 is gone; the output returns to it when it is back.").arg(name);
+    if (const QString why = wall.display.whyNotExact(isWayland()); !why.isEmpty())
+        return why;
+    if (wall.isElsewhere)
+        return QString("The output for %1 came up on %2; press I on it to see which display is which.")
+            .arg(name, wall.window->screen()->name());
+    const QRect output = m_output.picture.rect();
+    const QRect part = wall.region.part(wall.display.pixels);
+    const bool isAllShown = (QRegion(output) - shownParts()).isEmpty();
+    if (output.isEmpty() || (isAllShown && output.contains(part)))
+        return {};
+    return QString("The display has %1 pixels, the output %2; the rest is cut or black.")
+        .arg(NumberText::size(part.size()), NumberText::size(output.size()));
+}
+
+QString LiveOutput::problem() const
+{
+    QStringList problems;
+    for (const auto &[key, wall] : m_walls) {
+        if (const QString problem = problemOf(wall); !problem.isEmpty() && !problems.contains(problem))
+            problems.append(problem);
+    }
+    return problems.join(' ');
+}
+
+void LiveOutput::showOutput()
+{
+    const qint64 before = std::exchange(m_painted, m_output.picture.cacheKey());
+    const bool isSeen = !m_look.isBlack && !m_look.lights && m_look.frozen.isNull();
+    const std::optional<QRegion> where = m_output.changes.since(before);
+    for (const auto &[key, wall] : m_walls) {
+        if (!isSeen || !wall.window)
+            continue;
+        if (where)
+            wall.window->renew(*where);
+        else
+            wall.window->update();
+    }
+}
+
+void LiveOutput::setLook(WallLook look)
+{
+    const std::optional<QRegion> where = WallPicture::difference(m_look, look, m_output.picture.size());
+    const bool isOther = m_look != look;
+    m_look = std::move(look);
+    for (const auto &[key, wall] : m_walls) {
+        if (!wall.window)
+            continue;
+        if (where)
+            wall.window->renew(*where);
+        else
+            wall.window->update();
+    }
+    if (isOther)
+        emit changed();
+}
+
+void LiveOutput::setBlack(bool isBlack)
+{
+    WallLook look = m_look;
+    look.isBlack = isBlack;
+    setLook(look);
+}
+
+void LiveOutput::setFrozen(bool isFrozen)
+{
+    WallLook look = m_look;
+    look.frozen = isFrozen ? m_output.picture : QImage();
+    setLook(look);
+}
+
+void LiveOutput::setLevel(int level)
+{
+    WallLook look = m_look;
+    look.level = level;
+    setLook(look);
+}
+
+void LiveOutput::setLights(const std::optional<std::vector<WallLight>> &lights)
+{
+    WallLook look = m_look;
+    look.lights = lights;
+    setLook(look);
+}
+
+QStringList LiveOutput::cardOf(const QString &key) const
+{
+    const std::vector<Row> all = rows();
+    const auto row = std::ranges::find_if(all, [&](const Row &one) { return one.display.key() == key; });
+    if (row == all.end())
+        return {};
+    QStringList lines{QString("%1: %2").arg(row - all.begin() + 1).arg(row->display.title()),
+                      NumberText::size(row->display.pixels)};
+    if (row->isOn)
+        lines.last() += QString(" from %1, %2").arg(row->region.offset.x()).arg(row->region.offset.y());
+    else
+        lines.last() += ", no output";
+    return lines;
+}
+
+void LiveOutput::identify()
+{
+    endIdentifying();
+    for (QScreen *screen : QGuiApplication::screens()) {
+        const QString key = WallDisplay::of(*screen).key();
+        const auto wall = m_walls.find(key);
+        if (wall != m_walls.end() && wall->second.window)
+            wall->second.window->setCard(cardOf(key));
+        else
+            m_cards.push_back(std::make_unique<IdentifyCard>(*screen, cardOf(key)));
+    }
+    m_identifying.start();
+    emit changed();
+}
+
+void LiveOutput::endIdentifying()
+{
+    m_identifying.stop();
+    m_cards.clear();
+    for (const auto &[key, wall] : m_walls) {
+        if (wall.window)
+            wall.window->setCard({});
+    }
+    emit changed();
+}
+
+std::vector<LiveOutput::Words> LiveOutput::words() const
+{
+    std::vector<Words> words;
+    if (m_look.isBlack)
+        words.push_back({"BLACKOUT", true});
+    if (isFrozen())
+        words.push_back({"FROZEN: the wall shows an older state"});
+    if (m_look.level != 100)
+        words.push_back({QString("WALL AT %1 %").arg(m_look.level)});
+    if (isIdentifying())
+        words.push_back({"IDENTIFY"});
+    return words;
+}
+
+void LiveOutput::nudge(const QString &key, const QPoint &by)
+{
+    const auto wall = m_walls.find(key);
+    if (wall == m_walls.end())
+        return;
+    WallRegion region = wall->second.region;
+    region.offset = WallRegion::within(region.offset + by);
+    setRegion(key, region);
+}
+
+bool LiveOutput::press(const QKeyEvent &event, const QString &display)
+{
+    const QSize panel = m_panelStep ? m_panelStep() : QSize(1, 1);
+    const bool isPanel = event.modifiers().testFlag(Qt::ControlModifier);
+    const int step = event.modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    const QSize by = isPanel ? panel : QSize(step, step);
+    switch (event.key()) {
+    case Qt::Key_Left:
+        nudge(display, {-by.width(), 0});
+        return true;
+    case Qt::Key_Right:
+        nudge(display, {by.width(), 0});
+        return true;
+    case Qt::Key_Up:
+        nudge(display, {0, -by.height()});
+        return true;
+    case Qt::Key_Down:
+        nudge(display, {0, by.height()});
+        return true;
+    case Qt::Key_Home:
+        setRegion(display, {{}, m_walls.contains(display) ? m_walls[display].region.turn : 0});
+        return true;
+    case Qt::Key_I:
+        identify();
+        return true;
+    case Qt::Key_B:
+        setBlack(!m_look.isBlack);
+        return true;
+    case Qt::Key_F:
+        setFrozen(!isFrozen());
+        return true;
+    case Qt::Key_Escape:
+        event.modifiers().testFlag(Qt::ShiftModifier) ? leaveAll() : setOn(display, false);
+        return true;
+    default:
+        break;
+    }
+    const int level = event.key() - Qt::Key_1;
+    if (level < 0 || level >= std::ssize(levels))
+        return false;
+    setLevel(levels[static_cast<std::size_t>(level)]);
+    return true;
+}
