@@ -6,7 +6,7 @@ namespace ChartEdges {
 
 int at(int total, qint64 part, qint64 whole)
 {
-    return static_cast<int>((2 * total * part + whole) / (2 * whole));
+    return whole == 0 ? 0 : static_cast<int>((2 * total * part + whole) / (2 * whole));
 }
 
 std::vector<int> ofShares(int total, std::initializer_list<int> shares)

@@ -9,7 +9,7 @@
 /// nor a drift.
 namespace ChartEdges {
 
-/// total * part / whole, rounded half up.
+/// total * part / whole, rounded half up; 0 where the whole is 0.
 int at(int total, qint64 part, qint64 whole);
 
 /// 0, the edges between patches of these shares, and `total`.

@@ -6,6 +6,8 @@
 namespace {
 constexpr double smallestReadable = 6;
 constexpr double measuringSize = 64;
+/// Larger letters are drawn in this size, and each of their pixels several times.
+constexpr double largestLetters = 256;
 
 bool isBefore(const QRect &one, const QRect &other)
 {
@@ -37,13 +39,13 @@ QRegion united(const QRect *boxes, std::size_t count)
 }
 
 /// The size at which a text fills a box; 0 for no text.
-double fittingSize(const QString &text, const QRect &box, double largest)
+double fittingSize(const QString &text, const QRect &box)
 {
     const QSize measured = TextLine(text, measuringSize).size();
     if (measured.isEmpty())
         return 0;
-    const double scale = std::min(1.0 * box.width() / measured.width(), 1.0 * box.height() / measured.height());
-    return std::min(largest, std::floor(measuringSize * scale));
+    return std::floor(measuringSize *
+                      std::min(1.0 * box.width() / measured.width(), 1.0 * box.height() / measured.height()));
 }
 } // namespace
 
@@ -96,25 +98,34 @@ void ChartPainter::outline(const QRect &box, QRgb colour, int width)
     fill({hole.right() + 1, hole.top(), width, hole.height()}, colour);
 }
 
-void ChartPainter::text(const QRect &box, const QString &text, QRgb colour, double largest)
+void ChartPainter::text(const QRect &box, const QString &text, QRgb colour)
 {
     if (box.height() < smallestReadable || !isAsked(box))
         return;
-    const double size = fittingSize(text, box, largest);
+    const double size = fittingSize(text, box);
     if (size < smallestReadable)
         return;
-    const TextLine line(text, size);
-    const QPoint corner(box.left() + (box.width() - line.size().width()) / 2,
-                        box.top() + (box.height() - line.size().height()) / 2);
+    const int scale = static_cast<int>(std::ceil(size / largestLetters));
+    const TextLine line(text, std::floor(size / scale));
+    const QSize letters = line.size() * scale;
+    const QPoint corner(box.left() + (box.width() - letters.width()) / 2,
+                        box.top() + (box.height() - letters.height()) / 2);
     for (const CoverageMask &mask : line.masks()) {
-        if (!mask.mask)
-            continue;
-        const QPoint place = corner + mask.topLeft;
-        forEachPart(QRect(place, mask.mask->size()) & box, [&](const QRect &part) {
-            for (int y = part.top(); y <= part.bottom(); ++y)
-                PixelRows::blend(row(part.left(), y),
-                                 mask.mask->constScanLine(y - place.y()) + (part.left() - place.x()), part.width(),
-                                 colour);
-        });
+        if (mask.mask)
+            blend(box, *mask.mask, corner + mask.topLeft * scale, scale, colour);
     }
+}
+
+void ChartPainter::blend(const QRect &box, const QImage &mask, const QPoint &place, int scale, QRgb colour)
+{
+    std::vector<uchar> coverage;
+    forEachPart(QRect(place, mask.size() * scale) & box, [&](const QRect &part) {
+        coverage.resize(static_cast<std::size_t>(part.width()));
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            const uchar *const masked = mask.constScanLine((y - place.y()) / scale);
+            for (int i = 0; i < part.width(); ++i)
+                coverage[static_cast<std::size_t>(i)] = masked[(part.left() + i - place.x()) / scale];
+            PixelRows::blend(row(part.left(), y), coverage.data(), part.width(), colour);
+        }
+    });
 }

@@ -36,13 +36,14 @@ public:
     template <typename ColourAt>
     void pixels(const QRect &box, ColourAt colourAt);
 
-    /// As large as it fits into the box, up to `largest` pixels, in the middle; nothing where it could not be read.
-    /// No pixel beside the box is touched.
-    void text(const QRect &box, const QString &text, QRgb colour, double largest = 256);
+    /// As large as it fits into the box, in the middle; nothing where it could not be read. No pixel beside the box is
+    /// touched.
+    void text(const QRect &box, const QString &text, QRgb colour);
 
 private:
     template <typename Work>
     void forEachPart(const QRect &box, Work work) const;
+    void blend(const QRect &box, const QImage &mask, const QPoint &place, int scale, QRgb colour);
     QRgb *row(int x, int y) const { return reinterpret_cast<QRgb *>(m_bits + y * m_stride) + x; }
 
     QRegion m_parts;
