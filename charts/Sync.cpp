@@ -91,10 +91,10 @@ private:
         int allHalves = 0;
         for (const QChar letter : text)
             allHalves += halves(letter);
-        const int half = std::min(height * 7 / 20, m_size.width() * 9 / 10 / allHalves);
+        const int half = std::min(height * 11 / 40, m_size.width() * 9 / 10 / allHalves);
         int left = (m_size.width() - half * allHalves) / 2;
         for (const QChar letter : text) {
-            m_letters.push_back({letter, {left, top, half * halves(letter), half * 20 / 7}});
+            m_letters.push_back({letter, {left, top, half * halves(letter), half * 40 / 11}});
             left += half * halves(letter);
         }
     }
