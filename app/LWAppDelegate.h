@@ -293,6 +293,8 @@ signals:
     void composed();
     /// The document belongs to another file now; empty: to none.
     void projectPathDidChange(const QString &path);
+    /// The show has been written there, under the name that it had or another.
+    void projectDidSave(const QString &path);
 
 private:
     /// Which table the last drag began in.

@@ -86,6 +86,7 @@ void LWAppDelegate::writeProject(const QString &path)
     else
         *m_file = m_knownFiles.at(path, FileBytes::digestOf(*bytes));
     documentIsInFile();
+    emit projectDidSave(path);
     emit projectPathDidChange(path);
     const QString leftOut = UnknownValues::areOfText(saved) ? "; " + UnknownValues::leftOut("the show") : QString();
     m_person.tellStatus("Saved " + QFileInfo(path).fileName() + leftOut);

@@ -2,6 +2,7 @@
 
 #include "base/FileBytes.h"
 
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -21,10 +22,14 @@ constexpr char stateKey[] = "window/state";
 constexpr char voltsKey[] = "supply/volts";
 constexpr char phasesKey[] = "supply/phases";
 constexpr char otherVoltsKey[] = "supply/otherVolts";
+constexpr char wallRegionsKey[] = "displays/regions";
 constexpr char foldedGroupsKey[] = "inspector/folded";
 
 /// Of most countries that have neither 110 V nor 208 V.
 constexpr int usualOtherVolts = 230;
+
+/// A line of the file each.
+constexpr qsizetype mostWallRegions = 200;
 
 /// A larger file is none of ours; reading one in which values nest many thousand deep would overflow the stack.
 constexpr qint64 mostBytes = 64 << 10;
@@ -134,6 +139,13 @@ QString absolutePath(const QString &path)
 {
     return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
 }
+
+/// What an entry of a region begins with: paths may be long, and the file is not.
+QString wallRegionBegin(const QString &display, const QString &project)
+{
+    const QByteArray names = (display + '\n' + absolutePath(project)).toUtf8();
+    return QCryptographicHash::hash(names, QCryptographicHash::Sha1).toHex() + ' ';
+}
 } // namespace
 
 namespace Settings {
@@ -203,6 +215,27 @@ int otherVolts()
 void setOtherVolts(int volts)
 {
     setValue(otherVoltsKey, volts);
+}
+
+QString wallRegion(const QString &display, const QString &project)
+{
+    const QString begin = wallRegionBegin(display, project);
+    for (const QString &entry : value(wallRegionsKey).toStringList()) {
+        if (entry.startsWith(begin))
+            return entry.mid(begin.size());
+    }
+    return {};
+}
+
+void setWallRegion(const QString &display, const QString &project, const QString &region)
+{
+    const QString begin = wallRegionBegin(display, project);
+    changeValue(wallRegionsKey, [&](const QVariant &old) {
+        QStringList entries = old.toStringList();
+        entries.removeIf([&](const QString &entry) { return entry.startsWith(begin); });
+        entries.prepend(begin + region);
+        return entries.mid(0, mostWallRegions);
+    });
 }
 
 QStringList foldedGroups()

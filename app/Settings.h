@@ -34,6 +34,11 @@ void setSupply(const Supply &supply);
 int otherVolts();
 void setOtherVolts(int volts);
 
+/// The region of the output that a display shows of a project, as it was set; empty where there is none. Of very many
+/// the oldest are forgotten.
+QString wallRegion(const QString &display, const QString &project);
+void setWallRegion(const QString &display, const QString &project, const QString &region);
+
 /// Titles of the inspector's groups that are folded.
 QStringList foldedGroups();
 void setFoldedGroups(const QStringList &titles);

@@ -410,6 +410,9 @@ bool LiveOutput::press(const QKeyEvent &event, const QString &display)
     case Qt::Key_F:
         setFrozen(!isFrozen());
         return true;
+    case Qt::Key_F11:
+        setOn(display, false);
+        return true;
     case Qt::Key_Escape:
         event.modifiers().testFlag(Qt::ShiftModifier) ? leaveAll() : setOn(display, false);
         return true;

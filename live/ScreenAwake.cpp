@@ -29,7 +29,8 @@ ScreenAwake::ScreenAwake(QDBusConnection bus, QObject *parent) : QObject(parent)
 
 void ScreenAwake::keep(bool isAwake)
 {
-    m_isWanted = isAwake;
+    if (std::exchange(m_isWanted, isAwake) == isAwake)
+        return;
     if (isAwake && !m_isAsked && m_end.type() == QDBusMessage::InvalidMessage)
         ask();
     else if (!isAwake && m_end.type() != QDBusMessage::InvalidMessage)

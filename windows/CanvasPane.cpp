@@ -7,7 +7,11 @@
 
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QToolButton>
+
+#include <algorithm>
+#include <iterator>
 
 namespace {
 /// Wider than the icon is, for some room beside the text.
@@ -15,7 +19,7 @@ constexpr QSize toolIconSize{24, 16};
 } // namespace
 
 CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
-    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new ElidedLabel)
+    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new ElidedLabel), m_words(new QLabel)
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -55,7 +59,27 @@ QWidget *CanvasPane::toolSwitch()
     colours.setColor(QPalette::WindowText, Theme::dimText);
     m_hint->setPalette(colours);
     row->addWidget(m_hint, 1);
+    m_words->setObjectName("wallWords");
+    m_words->setAccessibleName("On the wall");
+    m_words->setFont(Theme::titleFont());
+    m_words->setContentsMargins(Theme::gap, 0, Theme::gap, 0);
+    m_words->hide();
+    row->addWidget(m_words);
     return bar;
+}
+
+void CanvasPane::showWords(const std::vector<LiveOutput::Words> &words)
+{
+    QStringList texts;
+    std::ranges::transform(words, std::back_inserter(texts), &LiveOutput::Words::text);
+    m_words->setText(texts.join(" · "));
+    m_words->setVisible(!words.empty());
+    const bool isDanger = std::ranges::any_of(words, &LiveOutput::Words::isDanger);
+    QPalette colours = m_words->palette();
+    colours.setColor(QPalette::Window, isDanger ? Theme::danger : Theme::warning);
+    colours.setColor(QPalette::WindowText, Theme::ground);
+    m_words->setPalette(colours);
+    m_words->setAutoFillBackground(true);
 }
 
 void CanvasPane::showIcons()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "canvas/LWCanvasImageView.h"
+#include "live/LiveOutput.h"
 
 #include <QWidget>
 
@@ -8,6 +9,7 @@
 
 class QHBoxLayout;
 class ElidedLabel;
+class QLabel;
 class QToolButton;
 
 /// The middle of the window: the switch between the canvas' tools, the rulers, and the canvas.
@@ -20,6 +22,8 @@ public:
     explicit CanvasPane(CanvasDocument &document, QWidget *parent = nullptr);
 
     LWCanvasImageView &canvas() { return *m_canvas; }
+    /// What stands on the wall in the output's place; nothing: the output does.
+    void showWords(const std::vector<LiveOutput::Words> &words);
     /// Puts pictures on the switch, which has words alone until then.
     void showIcons();
 
@@ -30,4 +34,5 @@ private:
     LWCanvasImageView *m_canvas;
     std::vector<QToolButton *> m_tools; ///< by rows of canvasTools(); no QButtonGroup, so that Tab reaches each of them
     ElidedLabel *m_hint;
+    QLabel *m_words; ///< of the wall, at the end of the row
 };

@@ -191,7 +191,7 @@ void MainWindow::makeLateParts()
 
 void MainWindow::addTablesPane()
 {
-    m_tablesPane = new TablesPane(m_document, m_checks, m_middle);
+    m_tablesPane = new TablesPane(m_document, m_checks, m_desk, m_middle);
     m_middle->addWidget(m_tablesPane);
     m_middle->setStretchFactor(0, 1);
     m_middle->setStretchFactor(1, 0);
@@ -256,6 +256,7 @@ void MainWindow::connectDocument()
     connect(&m_person, &WindowPerson::statusTold, m_powerBar, &PowerBar::showStatus);
     connect(&m_person, &WindowPerson::fileChangedElsewhere, this, &MainWindow::tellChangedElsewhere);
     connect(&m_document, &LWAppDelegate::projectPathDidChange, this, &MainWindow::showFile);
+    connect(&m_desk.live(), &LiveOutput::changed, this, &MainWindow::showLive);
     connect(&m_document.undoStack(), &QUndoStack::cleanChanged, this,
             [this](bool isClean) { setWindowModified(!isClean); });
     connect(&m_document.undoStack(), &QUndoStack::indexChanged, m_powerBar, &PowerBar::clearStatus);
@@ -291,6 +292,13 @@ void MainWindow::connectViews()
     });
 }
 
+/// What stands on the wall, and what it cannot show: never told on the wall itself.
+void MainWindow::showLive()
+{
+    m_canvasPane->showWords(m_desk.live().words());
+    m_powerBar->showFault(&m_desk, m_desk.live().problem());
+}
+
 /// Where clicks go to the selected wall, its panel is meant whatever lies above it.
 QString MainWindow::panelAt(const QPoint &pixel) const
 {
@@ -313,6 +321,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     if (m_document.applicationShouldTerminate() == LWAppDelegate::TerminateReply::Cancel)
         return event->ignore();
     rememberLayout();
+    m_desk.live().leaveAll();
     event->accept();
 }
 

@@ -5,11 +5,11 @@
 #include "windows/Sheets.h"
 #include "windows/WindowPerson.h"
 #include "windows/checks/RestedChecks.h"
+#include "windows/displays/LiveDesk.h"
 
 #include <QKeySequence>
 #include <QMainWindow>
 #include <QPointer>
-#include <QScreen>
 
 #include <functional>
 #include <utility>
@@ -95,9 +95,8 @@ private:
     void addTools(QMenu &menu);
     void addPreview(QMenu &menu);
     void addTables(QMenu &menu);
-    void listDisplays(QMenu &menu);
     OutputPreview &outputPreview();
-    void showPreviewOnDisplay();
+    void showLive();
     void listRecentFiles(QMenu &menu);
     void listUnsavedWork(QMenu &menu);
     void forget(const std::vector<FoundCopy> &copies);
@@ -137,6 +136,7 @@ private:
     LWAppDelegate m_document{m_person, RecoveryFolder::standardPath(), PresetStore::standardPath()};
     CanvasLink m_canvasLink{m_document};
     RestedChecks m_checks{m_document, this};
+    LiveDesk m_desk{m_document, *this};
     QVBoxLayout *m_column; ///< notices, regions and power line
     QPointer<NoticeBar> m_unsavedWork;
     QPointer<NoticeBar> m_changedElsewhere;
@@ -167,5 +167,4 @@ private:
     PowerBar *m_powerBar;
     Sheets m_sheets{m_document, *this};
     OutputPreview *m_preview = nullptr; ///< made when it is first shown
-    QPointer<QScreen> m_display;        ///< that the preview was last on
 };

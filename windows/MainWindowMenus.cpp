@@ -218,9 +218,11 @@ void MainWindow::addTables(QMenu &menu)
         const auto check = [this, action, page] { action->setChecked(m_tablesPane->isOpenAt(page)); };
         connect(m_tablesPane, &TablesPane::didTurn, action, check);
         check();
+        return action;
     };
     add("Por&ts", TablesPane::Ports);
     add("Chec&ks", TablesPane::Checks);
+    add("&Displays", TablesPane::Displays)->setShortcut(Qt::Key_F11);
 }
 
 void MainWindow::addTools(QMenu &menu)
@@ -248,9 +250,9 @@ void MainWindow::addPreview(QMenu &menu)
     preview->setCheckable(true);
     connect(&menu, &QMenu::aboutToShow, preview,
             [this, preview] { preview->setChecked(m_preview && m_preview->isVisible()); });
-    QMenu *displays = menu.addMenu("Preview on &display");
-    connect(displays, &QMenu::aboutToShow, this, [this, displays] { listDisplays(*displays); });
-    addTold(menu, {"Fi&ll the display"}, Qt::Key_F11, [this] { showPreviewOnDisplay(); });
+    QMenu *displays = menu.addMenu("Output on &display");
+    connect(displays, &QMenu::aboutToShow, this, [this, displays] { m_desk.listIn(*displays); });
+    addTold(menu, {"Fi&ll the display"}, Qt::SHIFT | Qt::Key_F11, [this] { m_desk.toggleLast(); });
 }
 
 void MainWindow::fillHelpMenu(QMenu &menu)
@@ -264,50 +266,13 @@ void MainWindow::fillHelpMenu(QMenu &menu)
     addTold(menu, {"&About Wallwright"}, {}, [this] { m_document.openAbout(); });
 }
 
-void MainWindow::listDisplays(QMenu &menu)
-{
-    menu.clear();
-    int number = 0;
-    for (QScreen *display : QGuiApplication::screens()) {
-        const QSize size = (QSizeF(display->size()) * display->devicePixelRatio()).toSize();
-        const QString name =
-            QString("&%1: %2, %3").arg(++number).arg(menuText(display->name()), NumberText::size(size));
-        QAction *action = menu.addAction(name, this, [this, display = QPointer(display)] {
-            if (!display)
-                return; // it has gone while the menu was open
-            m_display = display;
-            if (display != outputPreview().display())
-                outputPreview().showOn(*display);
-            else
-                showPreviewOnDisplay();
-        });
-        action->setCheckable(true);
-        action->setChecked(m_preview && m_preview->display() == display);
-    }
-}
-
 OutputPreview &MainWindow::outputPreview()
 {
     if (m_preview)
         return *m_preview;
     m_preview = new OutputPreview(m_document.composedOutput(), this);
     connect(&m_document, &LWAppDelegate::composed, m_preview, &OutputPreview::showOutput);
-    connect(m_preview, &OutputPreview::displayDidChange, m_powerBar,
-            [this](const QString &problem) { m_powerBar->showFault(m_preview, problem); });
     return *m_preview;
-}
-
-/// On the display that was chosen last, else on the first that does not show this window; and back again.
-void MainWindow::showPreviewOnDisplay()
-{
-    if (m_preview && (m_preview->display() || m_preview->isWaiting()))
-        return m_preview->leaveDisplay();
-    QScreen *display = m_display;
-    for (QScreen *other : QGuiApplication::screens()) {
-        if (!display && other != screen())
-            display = other;
-    }
-    outputPreview().showOn(display ? *display : *screen());
 }
 
 QAction *MainWindow::addTold(QMenu &menu, const Entry &entry, const QKeySequence &keys,

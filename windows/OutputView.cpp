@@ -7,10 +7,6 @@
 
 #include <QPainter>
 
-namespace {
-constexpr char wholeTip[] = "The composed output, as it is exported";
-} // namespace
-
 OutputView::OutputView(QWidget *parent) : QWidget(parent)
 {
     static const ComposedOutput noOutput;
@@ -19,7 +15,7 @@ OutputView::OutputView(QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName("Output");
-    setToolTip(wholeTip);
+    setToolTip("The composed output, as it is exported");
 }
 
 void OutputView::setOutput(const ComposedOutput &output)
@@ -40,35 +36,10 @@ void OutputView::showOutput()
         update();
 }
 
-void OutputView::setFit(Fit fit)
-{
-    m_fit = fit;
-    setToolTip(fit == Fit::Whole ? QString(wholeTip) : QString()); // on the wall itself nothing is ever said
-    update();
-}
-
 void OutputView::paintEvent(QPaintEvent *)
 {
     m_painted = place();
     QPainter painter(this);
-    if (m_fit == Fit::Whole)
-        paintWhole(painter);
-    else
-        paintPixelForPixel(painter);
-}
-
-QRect OutputView::place() const
-{
-    if (m_fit == Fit::PixelForPixel)
-        return m_output->picture.rect();
-    CanvasFrame frame;
-    frame.setRoom(room(), qRound(Theme::edge * devicePixelRatioF()));
-    frame.setOutput(m_output->picture.size());
-    return frame.place();
-}
-
-void OutputView::paintWhole(QPainter &painter)
-{
     painter.fillRect(rect(), Theme::ground);
     if (m_painted.isEmpty()) {
         painter.setPen(Theme::dimText);
@@ -79,9 +50,10 @@ void OutputView::paintWhole(QPainter &painter)
     m_picture.paintFramed(painter, *m_output, m_painted, {QPoint(0, 0), room()}, Theme::line, Theme::ground);
 }
 
-void OutputView::paintPixelForPixel(QPainter &painter)
+QRect OutputView::place() const
 {
-    painter.fillRect(rect(), Qt::black);
-    toDevicePixels(painter, *this);
-    m_picture.paint(painter, *m_output, m_painted, m_painted);
+    CanvasFrame frame;
+    frame.setRoom(room(), qRound(Theme::edge * devicePixelRatioF()));
+    frame.setOutput(m_output->picture.size());
+    return frame.place();
 }

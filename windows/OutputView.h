@@ -4,8 +4,7 @@
 
 #include <QWidget>
 
-/// Shows the composed output as the canvas does, fitted and framed, on the theme's ground, or pixel for pixel. Keeps no
-/// copy of it.
+/// Shows the composed output as the canvas does, fitted and framed, on the theme's ground. Keeps no copy of it.
 class OutputView final : public QWidget
 {
     Q_OBJECT
@@ -13,12 +12,6 @@ class OutputView final : public QWidget
 public:
     explicit OutputView(QWidget *parent = nullptr);
 
-    enum class Fit
-    {
-        Whole,        ///< the whole output, framed
-        PixelForPixel ///< one output pixel to one device pixel from the top left on black, for displays that feed walls
-    };
-    void setFit(Fit fit);
     /// Where the output is, to be read whenever it is painted; it outlives this. Until then nothing is shown.
     void setOutput(const ComposedOutput &output);
     /// It was composed anew.
@@ -33,10 +26,7 @@ private:
     /// Where the output is, in device pixels; empty where there is none.
     QRect place() const;
     QSize room() const { return (QSizeF(size()) * devicePixelRatioF()).toSize(); }
-    void paintWhole(QPainter &painter);
-    void paintPixelForPixel(QPainter &painter);
 
-    Fit m_fit = Fit::Whole;
     const ComposedOutput *m_output;
     CanvasPicture m_picture;
     QRect m_painted; ///< its place when it was painted last

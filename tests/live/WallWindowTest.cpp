@@ -20,6 +20,17 @@ QImage placesIn(const QRect &part)
     return picture;
 }
 
+class PaintCount final : public QObject
+{
+public:
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
 QImage grabbed(WallWindow &window)
 {
     return window.grab().toImage();
@@ -86,6 +97,27 @@ TEST(WallWindow, ACardFramesTheDisplayAndGoes)
     EXPECT_EQ(with.pixel(61, 50), qRgb(0, 0, 0)); // the card is 80 x 20, in the middle
     window.setCard({});
     EXPECT_EQ(grabbed(window), without);
+}
+
+TEST(WallWindow, OnASurfaceOfAnotherScaleItIsExactAndPaintedAgain)
+{
+    WallWindow window(placesIn);
+    window.resize(40, 30);
+    window.setRegion({{7, 3}});
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    QTest::qWait(50);
+    QImage surface(QSize(40, 30) * 2, QImage::Format_RGB32);
+    surface.setDevicePixelRatio(2);
+    PaintCount paints;
+    window.installEventFilter(&paints);
+    window.render(&surface);
+    surface.setDevicePixelRatio(1);
+    EXPECT_EQ(surface.copy(QRect(0, 0, 40, 30)), placesIn({7, 3, 40, 30}));
+    EXPECT_EQ(paints.count, 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }, 1000));
+    QTest::qWait(50);
+    EXPECT_EQ(paints.count, 2); // its own surface has the right scale
 }
 
 TEST(DevicePixels, APainterOfAnyScaleDrawsPixelForPixel)

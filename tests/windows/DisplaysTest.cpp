@@ -1,22 +1,60 @@
+#include "live/WallWindow.h"
 #include "tests/windows/WindowFixture.h"
-#include "windows/OutputPreview.h"
-#include "windows/OutputView.h"
+#include "windows/displays/DisplaysPage.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QTest>
+#include <QToolButton>
 
 /// The program where three displays are connected, see three-displays.json: the window's, one of 1280 x 1024, and one
 /// as large as the output.
 class DisplaysTest : public WindowFixture
 {
 protected:
+    DisplaysTest() { window.makeLateParts(); }
+
     static QScreen &display(qsizetype number) { return *QGuiApplication::screens().at(number); }
-    void previewOn(const QString &title) { choose({"View", "Preview on display", title}); }
-    OutputPreview &preview() { return *window.findChild<OutputPreview *>(); }
+    void toggle(const QString &title) { choose({"View", "Output on display", title}); }
+    /// The window on a display; null: it shows no output.
+    WallWindow *on(qsizetype number)
+    {
+        for (WallWindow *shown : window.findChildren<WallWindow *>()) {
+            if (shown->isVisible() && shown->screen() == &display(number))
+                return shown;
+        }
+        return nullptr;
+    }
+    QPoint offsetOn(qsizetype number) { return row(number).region.offset; }
+    LiveOutput::Row row(qsizetype number)
+    {
+        return window.findChild<DisplaysModel *>() ? window.findChild<DisplaysModel *>()->row(static_cast<int>(number))
+                                                   : LiveOutput::Row();
+    }
+    QToolButton &tool(const QString &text)
+    {
+        for (QToolButton *button : window.findChildren<QToolButton *>()) {
+            if (button->text() == text)
+                return *button;
+        }
+        ADD_FAILURE() << qPrintable(text);
+        return *window.findChild<QToolButton *>();
+    }
+    /// What stands on the wall, in the main window.
+    QString words()
+    {
+        const QLabel &label = *window.findChild<QLabel *>("wallWords");
+        return label.isVisible() ? label.text() : QString();
+    }
+    static void press(QWidget &there, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&there, key, modifiers);
+    }
+    using WindowFixture::press;
+    static QImage picture(QWidget &there) { return there.grab().toImage(); }
 
     const QString stage = "2: Stage, 1,280 × 1,024";
     const QString wall = "3: Wall, 1,920 × 1,080";
@@ -24,53 +62,68 @@ protected:
 
 TEST_F(DisplaysTest, TheChosenDisplayIsFilled)
 {
-    previewOn(stage);
-    EXPECT_EQ(preview().display(), &display(1));
-    EXPECT_TRUE(preview().isFullScreen());
-    EXPECT_EQ(preview().screen(), &display(1));
-    EXPECT_EQ(preview().geometry(), QRect(1920, 0, 1280, 1024));
+    toggle(stage);
+    ASSERT_TRUE(on(1));
+    EXPECT_TRUE(on(1)->isFullScreen());
+    EXPECT_EQ(on(1)->geometry(), QRect(1920, 0, 1280, 1024));
     EXPECT_TRUE(shows("The display has 1,280 × 1,024 pixels, the output 1,920 × 1,080; the rest is cut or black."));
+    EXPECT_EQ(picture(*on(1)), window.document().img().copy(0, 0, 1280, 1024).convertToFormat(QImage::Format_RGB32));
 }
 
-TEST_F(DisplaysTest, AnotherDisplayTakesItOverTheSameBringsItBack)
+TEST_F(DisplaysTest, OneThatTheDesktopClosesIsOff)
 {
-    previewOn(stage);
-    previewOn(wall);
-    EXPECT_EQ(preview().display(), &display(2));
-    EXPECT_TRUE(preview().isFullScreen());
-    EXPECT_EQ(preview().geometry(), QRect(3200, 0, 1920, 1080));
-    EXPECT_FALSE(shows("The display has 1,280 × 1,024 pixels, the output 1,920 × 1,080; the rest is cut or black."));
-    previewOn(wall);
-    EXPECT_EQ(preview().display(), nullptr);
-    EXPECT_FALSE(preview().isVisible());
+    toggle(wall);
+    EXPECT_EQ(on(2)->cursor().shape(), Qt::BlankCursor);
+    on(2)->close();
+    EXPECT_FALSE(on(2));
+    toggle(wall);
+    EXPECT_TRUE(on(2));
 }
 
-TEST_F(DisplaysTest, FromTheSecondDisplayItGoesBackToItsWindow)
+TEST_F(DisplaysTest, SeveralShowTheOutputSideBySide)
 {
-    choose({"View", "Output preview"});
-    const QRect place = preview().geometry();
-    previewOn(stage);
-    previewOn(wall);
-    QTest::keyClick(&preview(), Qt::Key_Escape);
-    EXPECT_EQ(preview().geometry(), place);
-    EXPECT_TRUE(preview().isVisible());
+    toggle(stage);
+    toggle(wall);
+    ASSERT_TRUE(on(1));
+    ASSERT_TRUE(on(2));
+    EXPECT_EQ(on(2)->geometry(), QRect(3200, 0, 1920, 1080));
+    EXPECT_EQ(offsetOn(1), QPoint(0, 0));
+    EXPECT_EQ(offsetOn(2), QPoint(1280, 0));
+    toggle(stage);
+    EXPECT_FALSE(on(1));
+    EXPECT_TRUE(on(2));
 }
 
-TEST_F(DisplaysTest, F11FillsTheDisplayThatWasChosenLast)
+TEST_F(DisplaysTest, OneThatShowsAllOfItHasNothingToTell)
 {
-    previewOn(wall);
-    press(Qt::Key_F11, Qt::NoModifier, {});
-    EXPECT_EQ(preview().display(), nullptr);
-    press(Qt::Key_F11, Qt::NoModifier, {});
-    EXPECT_EQ(preview().display(), &display(2));
+    toggle(wall);
+    EXPECT_FALSE(shows("The display has 1,920 × 1,080 pixels, the output 1,920 × 1,080; the rest is cut or black."));
+    press(*on(2), Qt::Key_Right);
+    EXPECT_TRUE(shows("The display has 1,920 × 1,080 pixels, the output 1,920 × 1,080; the rest is cut or black."));
 }
 
-TEST_F(DisplaysTest, TheMenuMarksTheDisplayThatIsFilled)
+TEST_F(DisplaysTest, ShiftF11FillsTheDisplayThatWasChosenLast)
 {
-    previewOn(wall);
+    toggle(wall);
+    press(Qt::Key_F11, Qt::ShiftModifier, {});
+    EXPECT_FALSE(on(2));
+    press(Qt::Key_F11, Qt::ShiftModifier, {});
+    EXPECT_TRUE(on(2));
+    EXPECT_FALSE(on(1));
+}
+
+TEST_F(DisplaysTest, ShiftF11FillsOneThatDoesNotShowTheWindowAtFirst)
+{
+    press(Qt::Key_F11, Qt::ShiftModifier, {});
+    EXPECT_TRUE(on(1));
+}
+
+TEST_F(DisplaysTest, TheMenuMarksTheDisplaysThatAreFilled)
+{
+    toggle(wall);
     QStringList marked;
     for (QMenu *menu : window.menuBar()->findChildren<QMenu *>()) {
-        if (menu->title().remove('&') != "Preview on display")
+        if (menu->title().remove('&') != "Output on display")
             continue;
         emit menu->aboutToShow();
         for (const QAction *action : menu->actions()) {
@@ -81,99 +134,184 @@ TEST_F(DisplaysTest, TheMenuMarksTheDisplayThatIsFilled)
     EXPECT_EQ(marked, QStringList(wall));
 }
 
-TEST_F(DisplaysTest, ADisplayThatGoesTakesThePreviewBackAndOnlyThat)
+TEST_F(DisplaysTest, EscapeLeavesADisplayAndShiftEscapeAll)
 {
-    previewOn(stage);
-    previewOn(stage);
-    previewOn(wall);
-    emit qApp->screenRemoved(&display(1));
-    EXPECT_EQ(preview().display(), &display(2));
-    emit qApp->screenRemoved(&display(2));
-    EXPECT_EQ(preview().display(), nullptr);
-    EXPECT_FALSE(preview().isFullScreen());
-}
-
-TEST_F(DisplaysTest, ThePreviewFollowsTheDisplaysResolution)
-{
-    previewOn(wall);
-    previewOn(stage);
-    const QSignalSpy told(&preview(), &OutputPreview::displayDidChange);
-    preview().setGeometry(1920, 0, 640, 480); // as it was before the display changed
-    emit display(1).geometryChanged(display(1).geometry());
-    EXPECT_EQ(preview().geometry(), QRect(1920, 0, 1280, 1024));
-    EXPECT_EQ(told.size(), 1);
-    emit display(2).geometryChanged(display(2).geometry()); // no longer of interest
-    EXPECT_EQ(preview().geometry(), QRect(1920, 0, 1280, 1024));
-    EXPECT_EQ(told.size(), 1);
-}
-
-TEST_F(DisplaysTest, AnotherResolutionLeavesItOnTheWholeDisplay)
-{
-    previewOn(stage);
-    preview().showNormal();
-    emit display(1).geometryChanged(display(1).geometry());
-    EXPECT_TRUE(preview().isFullScreen());
-    EXPECT_EQ(preview().geometry(), QRect(1920, 0, 1280, 1024));
+    toggle(stage);
+    toggle(wall);
+    press(*on(1), Qt::Key_Escape);
+    EXPECT_FALSE(on(1));
+    ASSERT_TRUE(on(2));
+    toggle(stage);
+    press(*on(1), Qt::Key_Escape, Qt::ShiftModifier);
+    EXPECT_FALSE(on(1));
+    EXPECT_FALSE(on(2));
 }
 
 TEST_F(DisplaysTest, ADisplayThatComesBackIsFilledAgain)
 {
-    previewOn(wall);
+    toggle(wall);
     emit qApp->screenRemoved(&display(2));
-    EXPECT_TRUE(preview().isWaiting());
+    EXPECT_FALSE(on(2));
     EXPECT_TRUE(shows("Wall is gone; the output returns to it when it is back."));
     emit qApp->screenAdded(&display(1)); // another one
-    EXPECT_EQ(preview().display(), nullptr);
+    EXPECT_FALSE(on(1));
+    EXPECT_FALSE(on(2));
     emit qApp->screenAdded(&display(2));
-    EXPECT_EQ(preview().display(), &display(2));
-    EXPECT_FALSE(preview().isWaiting());
+    EXPECT_TRUE(on(2));
+    EXPECT_FALSE(shows("Wall is gone; the output returns to it when it is back."));
 }
 
-TEST_F(DisplaysTest, F11OrAnotherDisplayEndsTheWaiting)
+TEST_F(DisplaysTest, SwitchingItOffEndsTheWaiting)
 {
-    previewOn(wall);
+    toggle(wall);
     emit qApp->screenRemoved(&display(2));
-    press(Qt::Key_F11, Qt::NoModifier, {});
+    toggle("3: Wall, 1,920 × 1,080");
     emit qApp->screenAdded(&display(2));
-    EXPECT_EQ(preview().display(), nullptr);
-    previewOn(wall);
-    emit qApp->screenRemoved(&display(2));
-    previewOn(stage);
-    emit qApp->screenAdded(&display(2));
-    EXPECT_EQ(preview().display(), &display(1));
+    EXPECT_FALSE(on(2));
 }
 
-TEST_F(DisplaysTest, InThePreviewF11EndsItAndNoOtherShortcutIsTheWindows)
+TEST_F(DisplaysTest, AnotherResolutionLeavesItOnTheWholeDisplay)
 {
-    previewOn(wall);
-    QTest::keyClick(&preview(), Qt::Key_F11);
-    EXPECT_EQ(preview().display(), nullptr);
-    previewOn(wall);
-    preview().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&preview()));
-    QTest::keyClick(&preview(), Qt::Key_D, Qt::ControlModifier);
+    toggle(stage);
+    on(1)->showNormal();
+    on(1)->setGeometry(1920, 0, 640, 480); // as it was before the display changed
+    emit display(1).geometryChanged(display(1).geometry());
+    EXPECT_TRUE(on(1)->isFullScreen());
+    EXPECT_EQ(on(1)->geometry(), QRect(1920, 0, 1280, 1024));
+}
+
+TEST_F(DisplaysTest, NoOtherShortcutIsTheWindows)
+{
+    toggle(wall);
+    on(2)->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(on(2)));
+    press(*on(2), Qt::Key_D, Qt::ControlModifier);
     EXPECT_EQ(window.document().allScreensArray().size(), 1U);
-    EXPECT_EQ(preview().display(), &display(2));
+    press(*on(2), Qt::Key_F11);
+    EXPECT_FALSE(on(2));
 }
 
-TEST_F(DisplaysTest, ThePreviewOpensBesideTheWindow)
+TEST_F(DisplaysTest, ClosingTheWindowClosesTheDisplays)
 {
-    window.setGeometry(40, 60, 700, 600);
-    choose({"View", "Output preview"});
-    EXPECT_FALSE(preview().geometry().intersects(window.frameGeometry()));
-    preview().move(5, 5);
-    preview().close();
-    choose({"View", "Output preview"});
-    EXPECT_EQ(preview().pos(), QPoint(5, 5)); // where the person has put it
+    toggle(wall);
+    window.document().undoStack().setClean();
+    window.close();
+    EXPECT_FALSE(on(2));
 }
 
-TEST_F(DisplaysTest, AScaledDisplayIsToldInsteadOfAWrongSize)
+TEST_F(DisplaysTest, ArrowsNudgeTheRegion)
 {
-    EXPECT_EQ(OutputPreview::misfit({1920, 1080}, 1, false, {1920, 1080}), QString());
-    EXPECT_EQ(OutputPreview::misfit({1745, 982}, 1.1, false, {1920, 1080}), QString());
-    EXPECT_EQ(OutputPreview::misfit({1536, 864}, 1, true, {1920, 1080}),
-              "The display has 1,536 × 864 pixels, the output 1,920 × 1,080; the rest is cut or black.");
-    const QString scaled = OutputPreview::misfit({1280, 720}, 2, true, {1920, 1080});
-    EXPECT_TRUE(scaled.startsWith("The desktop scales this display"));
-    EXPECT_FALSE(scaled.contains("2,560"));
+    toggle(wall);
+    WallWindow &there = *on(2);
+    there.activateWindow(); // Ctrl with an arrow is a shortcut of the main window
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&there));
+    press(there, Qt::Key_Right);
+    press(there, Qt::Key_Down, Qt::ShiftModifier);
+    EXPECT_EQ(offsetOn(2), QPoint(1, 10));
+    EXPECT_EQ(picture(there).copy(0, 0, 1800, 1000),
+              window.document().img().copy(1, 10, 1800, 1000).convertToFormat(QImage::Format_RGB32));
+    const LayerPointer selected = window.document().arraycontroller().selectedLayer();
+    press(there, Qt::Key_Left, Qt::ControlModifier);
+    EXPECT_EQ(offsetOn(2), QPoint(1 - selected->panelWidth(), 10));
+    press(there, Qt::Key_Up, Qt::ControlModifier);
+    EXPECT_EQ(offsetOn(2), QPoint(1 - selected->panelWidth(), 10 - selected->panelHeight()));
+    press(there, Qt::Key_Home);
+    EXPECT_EQ(offsetOn(2), QPoint(0, 0));
+    EXPECT_FALSE(window.document().undoStack().canUndo());
+}
+
+TEST_F(DisplaysTest, BlackoutFreezeAndLevelStandInWordsInTheMainWindowAlone)
+{
+    toggle(wall);
+    WallWindow &there = *on(2);
+    const QImage before = picture(there);
+    press(there, Qt::Key_B);
+    EXPECT_EQ(words(), "BLACKOUT");
+    EXPECT_TRUE(tool("Blackout").isChecked());
+    QImage black = before;
+    black.fill(Qt::black);
+    EXPECT_EQ(picture(there), black);
+    press(there, Qt::Key_B);
+    EXPECT_EQ(words(), QString());
+    EXPECT_EQ(picture(there), before);
+
+    press(there, Qt::Key_F);
+    EXPECT_EQ(words(), "FROZEN: the wall shows an older state");
+    window.document().setValue(7, "arrangedObjects.col");
+    QTest::qWait(100);
+    EXPECT_EQ(picture(there), before);
+    press(there, Qt::Key_F);
+    EXPECT_NE(picture(there), before);
+
+    press(there, Qt::Key_5);
+    EXPECT_EQ(words(), "WALL AT 10 %");
+    press(there, Qt::Key_B);
+    EXPECT_EQ(words(), "BLACKOUT · WALL AT 10 %");
+    press(there, Qt::Key_B);
+    press(there, Qt::Key_1);
+    EXPECT_EQ(words(), QString());
+}
+
+TEST_F(DisplaysTest, IdentifyingShowsACardOnEachDisplayForThreeSeconds)
+{
+    toggle(wall);
+    const QImage before = picture(*on(2));
+    press(*on(2), Qt::Key_I);
+    EXPECT_EQ(words(), "IDENTIFY");
+    EXPECT_EQ(picture(*on(2)).pixel(0, 0), qRgb(255, 255, 255));
+    EXPECT_NE(picture(*on(2)), before);
+    qsizetype cards = 0;
+    for (const QWidget *widget : QApplication::topLevelWidgets())
+        cards += widget->inherits("IdentifyCard") && widget->isVisible() ? 1 : 0;
+    EXPECT_EQ(cards, 2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words().isEmpty(); }, 4000));
+    EXPECT_EQ(picture(*on(2)), before);
+}
+
+TEST_F(DisplaysTest, RegionsBelongToDisplayAndShow)
+{
+    window.document().openProjectPre(greenProject("one.Orv"));
+    toggle(wall);
+    EXPECT_FALSE(row(2).isRegionKept);
+    press(*on(2), Qt::Key_Right);
+    EXPECT_TRUE(row(2).isRegionKept);
+    window.document().openProjectPre(greenProject("two.Orv"));
+    EXPECT_EQ(offsetOn(2), QPoint(0, 0));
+    EXPECT_FALSE(row(2).isRegionKept);
+    window.document().openProjectPre(path("one.Orv"));
+    EXPECT_EQ(offsetOn(2), QPoint(1, 0));
+    EXPECT_TRUE(row(2).isRegionKept);
+}
+
+TEST_F(DisplaysTest, F11OpensThePaneWhichSaysWhatIsWhere)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    auto &model = *window.findChild<DisplaysModel *>();
+    const auto text = [&](int row, int column) { return model.index(row, column).data().toString(); };
+    EXPECT_TRUE(window.findChild<DisplaysPage *>()->isVisible());
+    EXPECT_EQ(text(1, DisplaysModel::Display), "2: Stage");
+    EXPECT_EQ(text(1, DisplaysModel::Place), "1920, 0");
+    EXPECT_EQ(text(1, DisplaysModel::Pixels), "1,280 × 1,024");
+    EXPECT_EQ(text(1, DisplaysModel::Shows), "off");
+    EXPECT_TRUE(model.setData(model.index(1, DisplaysModel::Display), Qt::Checked, Qt::CheckStateRole));
+    EXPECT_TRUE(on(1));
+    EXPECT_EQ(text(1, DisplaysModel::Shows), "on, the usual region");
+    EXPECT_TRUE(model.setData(model.index(1, DisplaysModel::Offset), "64 -8"));
+    EXPECT_EQ(offsetOn(1), QPoint(64, -8));
+    EXPECT_EQ(text(1, DisplaysModel::Shows), "on, this show's region");
+    EXPECT_FALSE(model.setData(model.index(1, DisplaysModel::Offset), "left"));
+    EXPECT_TRUE(shows("\"left\" is no place: type x and y of the output, \"1920, 0\"."));
+}
+
+TEST_F(DisplaysTest, ThePanesButtonsDoWhatTheKeysDo)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    toggle(wall);
+    tool("Blackout").click();
+    EXPECT_EQ(words(), "BLACKOUT");
+    tool("Blackout").click();
+    tool("Freeze").click();
+    EXPECT_EQ(words(), "FROZEN: the wall shows an older state");
+    tool("Freeze").click();
+    EXPECT_EQ(words(), QString());
 }

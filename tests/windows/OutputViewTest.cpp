@@ -34,17 +34,6 @@ QImage picturedNoise(const QSize &size)
     }
     return picture;
 }
-
-class PaintCount final : public QObject
-{
-public:
-    int count = 0;
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-};
 } // namespace
 
 class OutputViewTest : public ::testing::Test
@@ -89,19 +78,6 @@ TEST_F(OutputViewTest, TheOutputStandsInTheMiddleWithTheEdgeFree)
     EXPECT_EQ(place.width(), picture.width() - 2 * edge);
     EXPECT_NE(picture.pixelColor(place.bottomRight()), Theme::line);
     EXPECT_EQ(picture.pixelColor(place.bottomRight() + QPoint(1, 1)), Theme::line);
-}
-
-TEST_F(OutputViewTest, PixelForPixelItBeginsAtTheTopLeftOnBlack)
-{
-    const QImage output = picturedNoise({401, 301});
-    showOutput(output);
-    view.setFit(OutputView::Fit::PixelForPixel);
-    const QImage picture = seen();
-    EXPECT_EQ(picture.copy(output.rect()), output);
-    EXPECT_EQ(picture.pixelColor(401, 300), QColor(Qt::black));
-    EXPECT_EQ(picture.pixelColor(400, 301), QColor(Qt::black));
-    showOutput(picturedNoise({4000, 3000}));
-    EXPECT_EQ(seen(), picturedNoise({4000, 3000}).copy(picture.rect()));
 }
 
 TEST_F(OutputViewTest, NoOnePixelLineVanishesWhenReduced)
@@ -179,43 +155,16 @@ TEST_F(OutputViewTest, NoOutputIsSaidInWords)
 
 TEST_F(OutputViewTest, TheOutputsPixelsAreNotHeld)
 {
-    for (const auto fit : {OutputView::Fit::Whole, OutputView::Fit::PixelForPixel}) {
-        showOutput(picturedNoise({1641, 481}));
-        view.setFit(fit);
-        seen();
-        EXPECT_TRUE(shown.picture.isDetached());
-    }
+    showOutput(picturedNoise({1641, 481}));
+    seen();
+    EXPECT_TRUE(shown.picture.isDetached());
 }
 
 TEST_F(OutputViewTest, WhatIsThereWhenItIsPaintedIsShown)
 {
-    view.setFit(OutputView::Fit::PixelForPixel);
     seen();
     shown.picture.fill(Qt::green);
-    EXPECT_EQ(seen().pixelColor(7, 5), QColor(Qt::green));
-    view.setFit(OutputView::Fit::Whole);
     EXPECT_EQ(seen().pixelColor(seen().rect().center()), QColor(Qt::green));
     shown.picture.fill(Qt::blue);
     EXPECT_EQ(seen().pixelColor(seen().rect().center()), QColor(Qt::blue));
-}
-
-TEST_F(OutputViewTest, OnASurfaceOfAnotherScaleItIsExactAndPaintedAgain)
-{
-    const QImage output = picturedNoise({401, 301});
-    showOutput(output);
-    view.setFit(OutputView::Fit::PixelForPixel);
-    view.show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-    QTest::qWait(50);
-    QImage surface(seen().size(), QImage::Format_ARGB32_Premultiplied);
-    surface.setDevicePixelRatio(2 * view.devicePixelRatioF());
-    PaintCount paints;
-    view.installEventFilter(&paints);
-    view.render(&surface);
-    surface.setDevicePixelRatio(1);
-    EXPECT_EQ(surface.copy(QRect(0, 0, 300, 250)), output.copy(0, 0, 300, 250));
-    EXPECT_EQ(paints.count, 1);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count == 2; }, 1000));
-    QTest::qWait(50);
-    EXPECT_EQ(paints.count, 2); // its own surface has the right scale
 }

@@ -4,6 +4,8 @@
 #include "windows/ElidedLabel.h"
 #include "windows/Theme.h"
 #include "windows/checks/ChecksPage.h"
+#include "windows/displays/DisplaysPage.h"
+#include "windows/displays/LiveDesk.h"
 #include "windows/ports/PortsPage.h"
 
 #include <QHBoxLayout>
@@ -13,8 +15,8 @@
 
 #include <array>
 
-TablesPane::TablesPane(LWAppDelegate &document, RestedChecks &checks, QWidget *parent)
-    : QWidget(parent), m_document(document)
+TablesPane::TablesPane(LWAppDelegate &document, RestedChecks &checks, LiveDesk &desk, QWidget *parent)
+    : QWidget(parent), m_document(document), m_desk(desk)
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -27,8 +29,10 @@ TablesPane::TablesPane(LWAppDelegate &document, RestedChecks &checks, QWidget *p
     addHead();
     addPage(new PortsPage(document));
     addPage(new ChecksPage(document, checks));
+    addPage(new DisplaysPage(desk));
     setOpen(false);
     connect(&document, &LWAppDelegate::changed, this, &TablesPane::follow);
+    connect(&desk.live(), &LiveOutput::changed, this, &TablesPane::follow);
 }
 
 void TablesPane::addHead()
@@ -98,10 +102,10 @@ void TablesPane::turnTo(Page page)
     setOpen(shallOpen);
 }
 
-/// In sight from the first processor on, and as long as it is open.
+/// In sight from the first processor or display on, and as long as it is open.
 void TablesPane::follow()
 {
-    setVisible(m_isOpen || !m_document.wiring().processors().empty());
+    setVisible(m_isOpen || !m_document.wiring().processors().empty() || m_desk.live().isAnyOn());
     if (!isVisible())
         return;
     for (TablePage *page : m_pages)

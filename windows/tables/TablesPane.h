@@ -3,6 +3,7 @@
 #include "windows/tables/TablePage.h"
 
 class ElidedLabel;
+class LiveDesk;
 class LWAppDelegate;
 class QHBoxLayout;
 class QStackedWidget;
@@ -10,7 +11,7 @@ class QToolButton;
 class RestedChecks;
 
 /// The tables below the canvas, each behind a tab. They fold to their head, which says the worst that any has to say;
-/// folded in a show without processors they take no room. Main thread only.
+/// folded in a show without processors and displays they take no room. Main thread only.
 class TablesPane final : public QWidget
 {
     Q_OBJECT
@@ -21,11 +22,12 @@ public:
     {
         Ports,
         Checks,
+        Displays,
         PageCount
     };
 
-    /// Both outlive the last event of this.
-    TablesPane(LWAppDelegate &document, RestedChecks &checks, QWidget *parent = nullptr);
+    /// All outlive the last event of this.
+    TablesPane(LWAppDelegate &document, RestedChecks &checks, LiveDesk &desk, QWidget *parent = nullptr);
 
     bool isOpen() const { return m_isOpen; }
     void setOpen(bool isOpen);
@@ -52,6 +54,7 @@ private:
     void showState();
 
     LWAppDelegate &m_document;
+    LiveDesk &m_desk;
     QHBoxLayout *m_head = nullptr;
     ElidedLabel *m_state = nullptr;
     QStackedWidget *m_stack = nullptr;

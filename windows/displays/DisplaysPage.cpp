@@ -1,0 +1,98 @@
+#include "windows/displays/DisplaysPage.h"
+
+#include "base/NumberText.h"
+#include "windows/Theme.h"
+#include "windows/displays/LiveDesk.h"
+#include "windows/tables/RowTable.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
+    : TablePage(parent), m_live(desk.live()), m_model(desk.live(), this)
+{
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    m_table = new RowTable(m_model, "Displays");
+    m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    column->addWidget(m_table);
+    setFocusProxy(m_table);
+    addTools();
+    connect(m_table, &QTableView::doubleClicked, this, &DisplaysPage::turn);
+    connect(&m_model, &DisplaysModel::toggled, &desk, &LiveDesk::toggle);
+    connect(&m_model, &DisplaysModel::failureTold, this, &DisplaysPage::failureTold);
+    connect(&m_live, &LiveOutput::changed, this, &DisplaysPage::showLive);
+    showLive();
+}
+
+QToolButton *DisplaysPage::addTool(const QString &text, const QString &tip)
+{
+    auto *button = new QToolButton;
+    button->setText(text);
+    button->setToolTip(tip);
+    button->setCheckable(true);
+    m_tools->layout()->addWidget(button);
+    return button;
+}
+
+void DisplaysPage::addTools()
+{
+    m_tools = new QWidget(this);
+    auto *row = new QHBoxLayout(m_tools);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(Theme::gap / 2);
+    m_identify = addTool("Identify", "Every display tells for three seconds which it is (I)");
+    m_black = addTool("Blackout", "The wall is black until this is pressed again (B)");
+    m_freeze = addTool("Freeze", "The wall keeps the picture that it has, whatever is edited (F)");
+    m_level = new QComboBox;
+    m_level->setAccessibleName("Level");
+    m_level->setToolTip("How bright the wall is: 100 to 10 per cent of each value (1 to 5)");
+    for (const int level : LiveOutput::levels)
+        m_level->addItem(QString("%1 %").arg(level), level);
+    row->addWidget(m_level);
+    connect(m_identify, &QToolButton::clicked, &m_live, &LiveOutput::identify);
+    connect(m_black, &QToolButton::clicked, &m_live, &LiveOutput::setBlack);
+    connect(m_freeze, &QToolButton::clicked, &m_live, &LiveOutput::setFrozen);
+    connect(m_level, &QComboBox::activated, this,
+            [this](int place) { m_live.setLevel(m_level->itemData(place).toInt()); });
+}
+
+TablePage::State DisplaysPage::state() const
+{
+    const std::vector<LiveOutput::Row> rows = m_live.rows();
+    const auto on = std::ranges::count_if(rows, &LiveOutput::Row::isOn);
+    const bool isAnyGone = std::ranges::any_of(rows, [](const auto &row) { return row.isOn && !row.isConnected; });
+    const QString text = NumberText::counted(std::ssize(rows), "display") + QString(", %1 on").arg(on);
+    return {text, isAnyGone ? Level::Doubtful : Level::Fine};
+}
+
+void DisplaysPage::showLive()
+{
+    m_identify->setChecked(m_live.isIdentifying());
+    m_black->setChecked(m_live.look().isBlack);
+    m_freeze->setChecked(m_live.isFrozen());
+    m_level->setCurrentIndex(m_level->findData(m_live.look().level));
+    m_table->resizeColumnsToContents();
+    emit stateDidChange();
+}
+
+/// A quarter further.
+void DisplaysPage::turn(const QModelIndex &index)
+{
+    const LiveOutput::Row row = m_model.row(index.row());
+    if (index.column() == DisplaysModel::Turned && row.isOn)
+        m_live.setRegion(row.display.key(), {row.region.offset, (row.region.turn + 90) % 360});
+}
+
+void DisplaysPage::keyPressEvent(QKeyEvent *event)
+{
+    const bool isNudge = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_Down;
+    const bool isPlain = event->modifiers() == Qt::NoModifier;
+    if (!isPlain || isNudge || event->key() == Qt::Key_Escape || !m_live.press(*event, {}))
+        TablePage::keyPressEvent(event);
+}
