@@ -4,6 +4,7 @@
 #include "base/Memory.h"
 #include "drawing/Raster.h"
 #include "still/DrawingCheck.h"
+#include "still/IconCheck.h"
 
 #include <QBuffer>
 #include <QDateTime>
@@ -43,7 +44,7 @@ QHash<QString, LoadedPicture> &loadedPictures()
 /// A null image where there is none.
 QImage pictureOf(QByteArray bytes)
 {
-    if (!DrawingCheck::isHarmless(bytes))
+    if (!DrawingCheck::isHarmless(bytes) || !IconCheck::isHarmless(bytes))
         return {};
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMemory);
