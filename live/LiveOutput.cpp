@@ -307,11 +307,15 @@ void LiveOutput::setLevel(int level)
     setLook(look);
 }
 
-void LiveOutput::setLights(const std::optional<std::vector<WallLight>> &lights)
+void LiveOutput::setLights(const std::optional<std::vector<WallLight>> &lights, const QString &words)
 {
+    const bool areOthers = std::exchange(m_lightWords, lights ? words : QString()) != m_lightWords;
     WallLook look = m_look;
     look.lights = lights;
-    setLook(look);
+    if (m_look != look)
+        setLook(look);
+    else if (areOthers)
+        emit changed();
 }
 
 QStringList LiveOutput::cardOf(const QString &key) const
@@ -360,6 +364,8 @@ std::vector<LiveOutput::Words> LiveOutput::words() const
     std::vector<Words> words;
     if (m_look.isBlack)
         words.push_back({"BLACKOUT", true});
+    if (!m_lightWords.isEmpty())
+        words.push_back({m_lightWords});
     if (isFrozen())
         words.push_back({"FROZEN: the wall shows an older state"});
     if (m_look.level != 100)

@@ -83,8 +83,8 @@ public:
     bool isFrozen() const { return !m_look.frozen.isNull(); }
     /// One of `levels`.
     void setLevel(int level);
-    /// Lit places on black; nullopt: the picture is there again.
-    void setLights(const std::optional<std::vector<WallLight>> &lights);
+    /// Lit places on black, and what words() says of them; nullopt: the picture is there again.
+    void setLights(const std::optional<std::vector<WallLight>> &lights, const QString &words = {});
     /// Whether any display shows some of a place of the output.
     bool isSeen(const QRect &place) const;
     /// All displays tell for three seconds which they are.
@@ -136,6 +136,7 @@ private:
     QWidget &m_window;
     Memory m_memory;
     WallLook m_look;
+    QString m_lightWords;
     WantedDisplays m_wanted;
     std::map<QString, Wall> m_walls; ///< by their keys
     QTimer m_identifying;
