@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 
+#include "cli/ChartCommand.h"
 #include "cli/CheckCommand.h"
 #include "cli/ConvertCommand.h"
 #include "cli/Help.h"
@@ -67,10 +68,28 @@ ExitStatus runCheck(const QStringList &arguments, QTextStream &out, QTextStream 
     return report->hasErrors ? ExitStatus::Failed : ExitStatus::Done;
 }
 
+ExitStatus runChart(const QStringList &arguments, QTextStream &out, QTextStream &err)
+{
+    const Result<ChartCommand> command = ChartCommand::parse(arguments);
+    if (!command)
+        return misused(err, "wallwright chart", command.error().text);
+    if (!command->chart) {
+        out << ChartCommand::list();
+        return ExitStatus::Done;
+    }
+    const auto notice = [&](const QString &sentence) { err << VisibleText::asOneLine(sentence) << '\n'; };
+    const Result<void> done = command->run(notice);
+    if (!done)
+        return failed(err, done.error());
+    out << command->output << '\n';
+    return ExitStatus::Done;
+}
+
 constexpr std::array verbs{
     Verb{"convert", &Help::convert, &runConvert},
     Verb{"info", &Help::info, &runInfo},
     Verb{"check", &Help::check, &runCheck},
+    Verb{"chart", &Help::chart, &runChart},
 };
 
 const Verb *verbNamed(const QString &name)

@@ -28,6 +28,7 @@ QString general()
   wallwright convert INPUT OUTPUT...  turns a project into other files, without a window
   wallwright info INPUT               tells what a project holds: walls, ports, current
   wallwright check INPUT              tells what is wrong in a project, and what to do
+  wallwright chart NAME OUTPUT.png    draws a standard chart to judge a wall by
   wallwright --help                   prints this; "wallwright convert --help" tells more
   wallwright --version                prints the version
 
@@ -88,6 +89,33 @@ Options:
   --      all that follows is file names
 
 Exit status: 0 no error, 1 an error among the findings or a file that cannot be read, 2 the arguments make no sense.
+)";
+}
+
+QString chart()
+{
+    return R"(Usage: wallwright chart NAME OUTPUT.png [options]
+       wallwright chart --list
+
+Draws a still of a standard chart: bars, ramps, checkers, panels, one frame of a moving one. The list tells the name of
+each, what it finds, and which of the options below concern it.
+
+Options:
+  --list               prints the charts, by what they are for
+  --size WxH           in pixels (the show's output, else 1920x1080)
+  --show FILE          the project whose panels the chart has, with their ports
+  --range full|narrow  black and white are the codes 0 and 255, or 16 and 235 (full)
+  --caption            names the range in the lower right corner, where it matters
+  --frame N            of a moving chart, from 0 (0)
+  --rate R             frames a second (60)
+  --colour COLOUR      of a field: white, red, green, blue, cyan, magenta, yellow or black (white)
+  --level L            of a field in percent, 0 to 100 (100; of "uniformity" 50)
+  --steps N            patches, 2 to 256 (11)
+  --speed S            of a sweep, whole pixels a frame (8)
+  --hold F             frames for which a panel is lit (a quarter of a second)
+  --start HH:MM:SS     what the clock tells at frame 0 (00:00:00)
+  --help               prints this
+  --                   all that follows is names
 )";
 }
 

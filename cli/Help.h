@@ -9,5 +9,6 @@ QString general();
 QString convert();
 QString info();
 QString check();
+QString chart();
 
 } // namespace Help
