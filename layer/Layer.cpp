@@ -1,7 +1,5 @@
 #include "layer/Layer.h"
 
-#include <QMutexLocker>
-
 Layer::Layer(LayerHost &host) : m_host(host) {}
 
 Layer::~Layer() = default;
@@ -68,13 +66,13 @@ LayerRecord &Layer::edit()
 
 QSizeF Layer::aspectValue() const
 {
-    const QMutexLocker lock(&m_aspectValueLock);
+    const std::lock_guard lock(m_aspectValueLock);
     return m_aspectValue;
 }
 
 void Layer::setAspectValue(const QSizeF &ratio)
 {
-    const QMutexLocker lock(&m_aspectValueLock);
+    const std::lock_guard lock(m_aspectValueLock);
     m_aspectValue = ratio;
     m_isAspectValueGiven = true;
 }

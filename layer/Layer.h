@@ -8,7 +8,6 @@
 
 #include <QByteArrayList>
 #include <QImage>
-#include <QMutex>
 #include <QObject>
 #include <QSizeF>
 #include <QString>
@@ -16,6 +15,7 @@
 #include <array>
 #include <atomic>
 #include <memory>
+#include <mutex>
 #include <span>
 
 class LayerHost;
@@ -215,7 +215,7 @@ private:
     QByteArrayList m_unknownNames;
     std::shared_ptr<LayerRecord> m_record =
         std::make_shared<LayerRecord>(); ///< written only where nobody else holds it
-    mutable QMutex m_aspectValueLock;
+    mutable std::mutex m_aspectValueLock;
     QSizeF m_aspectValue{0, 0};
     mutable std::atomic<bool> m_isAspectValueGiven = false; ///< since the record took it over
 };

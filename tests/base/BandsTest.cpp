@@ -2,14 +2,13 @@
 
 #include "tests/base/Threads.h"
 
-#include <QMutex>
-#include <QMutexLocker>
 #include <QSemaphore>
 #include <QThread>
 
 #include <algorithm>
 #include <atomic>
 #include <gtest/gtest.h>
+#include <mutex>
 #include <new>
 #include <stdexcept>
 #include <vector>
@@ -26,10 +25,10 @@ struct Band
 /// From top to bottom.
 std::vector<Band> bandsOf(int rows, int leastRows)
 {
-    QMutex mutex;
+    std::mutex mutex;
     std::vector<Band> bands;
     Bands::forEach(rows, leastRows, [&](int first, int count) {
-        const QMutexLocker lock(&mutex);
+        const std::lock_guard lock(mutex);
         bands.push_back({first, count});
     });
     std::sort(bands.begin(), bands.end());
