@@ -1,3 +1,4 @@
+#include "app/OwnModels.h"
 #include "app/Settings.h"
 #include "base/FileBytes.h"
 #include "cli/CommandLine.h"
@@ -69,6 +70,53 @@ private:
     TestHost m_host;
     PresetStore m_store;
     std::vector<LayerPointer> m_loaded;
+};
+
+OwnModel ownModel(const QString &name)
+{
+    return OwnModel::of({.name = name, .ports = 4, .pixels = 300'000}).value();
+}
+
+/// A model of processor that a person has described.
+class KeepingModel final : public Operation
+{
+public:
+    explicit KeepingModel(const QString &folder) : m_folder(folder + "/data/processors") {}
+    void start() override { m_isThere = OwnModels::in(m_folder).models.size() == 2; }
+    Outcome run() override
+    {
+        if (m_isThere) // kept once, it is there for all shows
+            return {true, false, {}};
+        const Result<void> kept = OwnModels::keep(ownModel("Crate"), m_folder);
+        m_isThere = kept.has_value();
+        return {m_isThere, false, kept ? QStringList() : QStringList(kept.error().text)};
+    }
+
+private:
+    QString m_folder;
+    bool m_isThere = false;
+};
+
+class LoadingModels final : public Operation
+{
+public:
+    explicit LoadingModels(const QString &folder) : m_folder(folder + "/data/processors") {}
+    Outcome run() override
+    {
+        m_found = OwnModels::in(m_folder);
+        return {m_found.faults.empty(), !m_found.faults.empty(), m_found.faults};
+    }
+    QString memory() override
+    {
+        QByteArray text;
+        for (const OwnModel &model : m_found.models)
+            text += model.text();
+        return QString::fromUtf8(text);
+    }
+
+private:
+    QString m_folder;
+    OwnModels::Found m_found;
 };
 
 /// A document whose unsaved work is kept.
@@ -184,7 +232,7 @@ struct Filler
     void showAndOutputs() const
     {
         show();
-        for (const char *name : {"/out.png", "/out.png.psd", "/out.psd", "/out.Orv", "/out.json"})
+        for (const char *name : {"/out.png", "/out.png.psd", "/out.psd", "/out.Orv", "/out.json", "/out.csv"})
             require(FileBytes::write(folder + name, "what stood there before"));
     }
     void presets() const
@@ -193,6 +241,7 @@ struct Filler
         QDir().mkpath(folder + "/data");
         require(PresetLibrary::write(folder + "/data/presets", samplePresets(host, large)));
     }
+    void models() const { require(OwnModels::keep(ownModel("Box"), folder + "/data/processors")); }
     void copy() const { require(Keeping(folder, large).run().isDone ? Result<void>() : fail("no copy")); }
     static void settings() { Settings::noteRecentFile("/shows/old.Orv"); }
 };
@@ -217,6 +266,7 @@ std::vector<OperationKind> operationsIn(const QString &folder, bool large)
     const auto show = [=] { filler.show(); };
     const auto outputs = [=] { filler.showAndOutputs(); };
     const auto presets = [=] { filler.presets(); };
+    const auto models = [=] { filler.models(); };
     const auto recovery = [=] { QDir().mkpath(folder + "/recovery"); };
     const auto copy = [=] { filler.copy(); };
     return {
@@ -228,6 +278,8 @@ std::vector<OperationKind> operationsIn(const QString &folder, bool large)
         {"edit", "", show, maker<Editing>(folder)},
         {"load presets", "presets", presets, maker<LoadingPresets>(folder)},
         {"save presets", "presets", presets, maker<SavingPresets>(folder, large)},
+        {"load models", "processors", models, maker<LoadingModels>(folder)},
+        {"keep a model", "processors", models, maker<KeepingModel>(folder)},
         {"keep a copy", "recovery", recovery, maker<Keeping>(folder, large)},
         {"keep it again", "project.Orv", [] {}, maker<KeepingAgain>(folder, large)},
         {"keep none any more", "project.Orv", [] {}, maker<NotKeepingAnyMore>(folder, large)},
@@ -237,5 +289,6 @@ std::vector<OperationKind> operationsIn(const QString &folder, bool large)
         converting(filler, "convert to PSD", "out.psd"),
         converting(filler, "convert to Orv", "out.Orv"),
         converting(filler, "convert to JSON", "out.json"),
+        converting(filler, "convert to CSV", "out.csv"),
     };
 }

@@ -4,6 +4,7 @@
 #include "still/LWStill.h"
 
 #include <QImage>
+#include <QVariant>
 
 namespace {
 LayerPointer wall(LayerHost &host, const QString &label, int row, int columns, int side)
@@ -19,6 +20,24 @@ LayerPointer wall(LayerHost &host, const QString &label, int row, int columns, i
     const auto made = LWScreen::initWithrow(host, arguments);
     made->setLabel(label);
     return made;
+}
+
+/// One by hand and one by itself, on a model that comes with the program and one of a person's own.
+void layCables(Project &show)
+{
+    ProcessorSettings known;
+    known.name = "A";
+    known.model = "MX40 Pro";
+    ProcessorSettings own;
+    own.name = "B";
+    own.own = OwnModel::of({.name = "Crate", .ports = 4, .pixels = 300'000}).value();
+    own.model = "Crate";
+    show.processors = {known, own};
+    show.layers[0]->setValue("processor", "B");
+    show.layers[0]->setValue("split", "panels");
+    show.layers[1]->setValue("processor", "A");
+    show.layers[1]->setValue("split", "hand");
+    show.layers[1]->setValue("runs", QVariant::fromValue(CableRuns({{{"A", 3}, 1, {{0, 0}, {1, 0}, {1, 1}}}})));
 }
 
 QImage plate(const QSize &size)
@@ -48,6 +67,7 @@ Project sampleShow(LayerHost &host, const QString &folder, bool large)
     Project show{large ? 900 : 120, large ? 1500 : 200, {}};
     show.layers = {wall(host, "LEFT", 2, 3, 16), wall(host, "MAIN", large ? 7 : 2, large ? 9 : 2, large ? 96 : 12),
                    wall(host, "RIGHT", 1, 2, 16), still};
+    layCables(show);
     if (large) {
         UnknownContent unknown;
         unknown.ofRoot.push_back({QByteArray(3 << 20, 'u')});
