@@ -3,6 +3,7 @@
 #include "bench/ChartSubjects.h"
 #include "bench/CompositionSubjects.h"
 #include "bench/HandSubjects.h"
+#include "bench/MovingChartSubjects.h"
 #include "bench/PngSubjects.h"
 #include "bench/PsdSubjects.h"
 #include "bench/ShowSubjects.h"
@@ -70,6 +71,18 @@ std::vector<Operation> operationsOfSize(const std::string &size, const QSize &ou
     };
 }
 
+/// A frame of each chart that moves.
+std::vector<Operation> movingCharts(double goal)
+{
+    std::vector<Operation> operations;
+    for (const Chart &chart : Chart::all()) {
+        if (chart.moves())
+            operations.push_back({std::string("moving chart, 8K, ") + chart.name, "memset", goal,
+                                  [&chart] { return MovingChartSubjects::timeOfFrame(chart); }});
+    }
+    return operations;
+}
+
 Operation startOfTheWindow(double goal)
 {
     const auto spent = std::make_shared<std::string>();
@@ -97,7 +110,7 @@ std::vector<Operation> plainOperations()
 
 std::vector<Operation> operationsWithGoals()
 {
-    return {
+    std::vector<Operation> operations{
         againstMemset("screen, everything on, 30 x 17 panels of 128 (4K)", 3,
                       [] { return ChartSubjects::wall(30, 17, 128); }),
         againstMemset("screen, everything on, 60 x 34 panels of 128 (8K)", 3,
@@ -149,4 +162,7 @@ std::vector<Operation> operationsWithGoals()
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},
     };
+    for (Operation &operation : movingCharts(2))
+        operations.push_back(std::move(operation));
+    return operations;
 }
