@@ -4,6 +4,9 @@
 #include "drawing/TextLine.h"
 
 namespace {
+/// Pixels of a row from which on it is faster not to read what is written over.
+constexpr int leastPastCache = 2048;
+constexpr int fewPixels = 4;
 constexpr double smallestReadable = 6;
 constexpr double measuringSize = 64;
 /// Larger letters are drawn in this size, and each of their pixels several times.
@@ -14,21 +17,33 @@ bool isBefore(const QRect &one, const QRect &other)
     return one.top() != other.top() ? one.top() < other.top() : one.left() < other.left();
 }
 
-/// Appends a box behind others in the order of a region; false where it does not belong there.
-bool append(std::vector<QRect> &banded, const QRect &box)
+/// Adds a box behind the first `count` ones, which are in the order of a region; false where it does not belong there.
+bool addBanded(std::vector<QRect> &boxes, std::size_t &count, const QRect &box)
 {
-    if (banded.empty() || box.top() > banded.back().bottom()) {
-        banded.push_back(box);
+    if (count == 0 || box.top() > boxes[count - 1].bottom()) {
+        boxes[count++] = box;
         return true;
     }
-    QRect &last = banded.back();
+    QRect &last = boxes[count - 1];
     if (box.top() != last.top() || box.bottom() != last.bottom() || box.left() <= last.right())
         return false;
     if (box.left() == last.right() + 1)
         last.setRight(box.right());
     else
-        banded.push_back(box);
+        boxes[count++] = box;
     return true;
+}
+
+/// Joins what lies side by side and leaves out what is empty, in place. Whether all are in the order of a region.
+bool putInBands(std::vector<QRect> &boxes)
+{
+    std::size_t count = 0;
+    std::size_t next = 0;
+    while (next < boxes.size() && (boxes[next].isEmpty() || addBanded(boxes, count, boxes[next])))
+        ++next;
+    const bool areBanded = next == boxes.size();
+    boxes.erase(boxes.begin() + static_cast<std::ptrdiff_t>(count), boxes.begin() + static_cast<std::ptrdiff_t>(next));
+    return areBanded;
 }
 
 QRegion united(const QRect *boxes, std::size_t count)
@@ -51,26 +66,24 @@ double fittingSize(const QString &text, const QRect &box)
 
 QRegion regionOf(std::vector<QRect> boxes)
 {
-    std::erase_if(boxes, [](const QRect &box) { return box.isEmpty(); });
-    if (boxes.empty())
-        return {};
-    if (!std::is_sorted(boxes.begin(), boxes.end(), &isBefore))
+    if (!putInBands(boxes)) {
+        std::erase_if(boxes, [](const QRect &box) { return box.isEmpty(); });
         std::sort(boxes.begin(), boxes.end(), &isBefore);
-    std::vector<QRect> banded;
-    banded.reserve(boxes.size());
-    if (!std::all_of(boxes.begin(), boxes.end(), [&](const QRect &box) { return append(banded, box); }))
-        return united(boxes.data(), boxes.size());
+        if (!putInBands(boxes))
+            return united(boxes.data(), boxes.size());
+    }
     QRegion region;
-    region.setRects(banded.data(), static_cast<int>(banded.size()));
+    if (!boxes.empty())
+        region.setRects(boxes.data(), static_cast<int>(boxes.size()));
     return region;
 }
 
 ChartPainter::ChartPainter(QImage &raster, const QRegion &parts, LevelRange range)
-    : m_parts(parts & raster.rect()), m_whole(raster.rect()), m_bits(raster.bits()),
+    : m_parts(parts & raster.rect()), m_near(m_parts.begin()), m_whole(raster.rect()), m_bits(raster.bits()),
       m_stride(raster.bytesPerLine()), m_levels{range}
 {}
 
-bool ChartPainter::isAsked(const QRect &box) const
+bool ChartPainter::isAsked(const QRect &box)
 {
     bool isAny = false;
     forEachPart(box, [&](const QRect &) { isAny = true; });
@@ -80,9 +93,33 @@ bool ChartPainter::isAsked(const QRect &box) const
 void ChartPainter::fill(const QRect &box, QRgb colour)
 {
     forEachPart(box, [&](const QRect &part) {
+        if (part.width() > fewPixels || part.height() > 1)
+            fillRows(part, colour);
+        else
+            for (QRgb *pixel = row(part.left(), part.top()), *end = pixel + part.width(); pixel != end; ++pixel)
+                *pixel = colour; // thousands of those walk at once
+    });
+}
+
+void ChartPainter::fillApart(const QRegion &region, QRgb inside, QRgb outside)
+{
+    for (const QRect &part : m_parts - region)
+        fillRows(part, outside);
+    for (const QRect &part : m_parts &region)
+        fillRows(part, inside);
+}
+
+void ChartPainter::fillRows(const QRect &part, QRgb colour)
+{
+    if (part.width() < leastPastCache) {
         for (int y = part.top(); y <= part.bottom(); ++y)
             std::fill_n(row(part.left(), y), part.width(), colour);
-    });
+        return;
+    }
+    m_line.assign(static_cast<std::size_t>(part.width()), colour);
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        PixelRows::copyPastCache(row(part.left(), y), m_line.data(), part.width());
+    PixelRows::finishCopies();
 }
 
 void ChartPainter::outline(const QRect &box, QRgb colour, int width)

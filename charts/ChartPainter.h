@@ -20,9 +20,11 @@ public:
 
     const ChartLevels &levels() const { return m_levels; }
     QRect whole() const { return m_whole; }
-    bool isAsked(const QRect &box) const;
+    bool isAsked(const QRect &box);
 
     void fill(const QRect &box, QRgb colour);
+    /// `inside` within a region, `outside` beside it: each pixel is written once.
+    void fillApart(const QRegion &region, QRgb inside, QRgb outside);
     /// Fills the outermost `width` pixels within a box.
     void outline(const QRect &box, QRgb colour, int width = 1);
 
@@ -42,25 +44,49 @@ public:
 
 private:
     template <typename Work>
-    void forEachPart(const QRect &box, Work work) const;
+    void forEachPart(const QRect &box, Work work);
     void blend(const QRect &box, const QImage &mask, const QPoint &place, int scale, QRgb colour);
+    // As QRect does it, but a call into Qt for each panel costs more than drawing its pixel.
+    static bool holds(const QRect &part, const QRect &box)
+    {
+        return box.left() >= part.left() && box.right() <= part.right() && box.top() >= part.top() &&
+               box.bottom() <= part.bottom();
+    }
+    static QRect common(const QRect &one, const QRect &other)
+    {
+        return QRect(QPoint(std::max(one.left(), other.left()), std::max(one.top(), other.top())),
+                     QPoint(std::min(one.right(), other.right()), std::min(one.bottom(), other.bottom())));
+    }
+    void fillRows(const QRect &part, QRgb colour);
     QRgb *row(int x, int y) const { return reinterpret_cast<QRgb *>(m_bits + y * m_stride) + x; }
 
     QRegion m_parts;
+    const QRect *m_near; ///< the last part that was drawn in
     QRect m_whole;
     uchar *m_bits;
     qsizetype m_stride;
     ChartLevels m_levels;
+    std::vector<QRgb> m_line; ///< pixels of one colour to copy from
 };
 
 /// The region of some boxes; fast where they come row by row, as panels do.
 QRegion regionOf(std::vector<QRect> boxes);
 
 template <typename Work>
-void ChartPainter::forEachPart(const QRect &box, Work work) const
+void ChartPainter::forEachPart(const QRect &box, Work work)
 {
-    // A region's rectangles stand in bands of one height, which a chart of thousands of panels need not search.
+    if (box.isEmpty())
+        return;
     const QRect *const end = m_parts.end();
+    // What is drawn panel by panel mostly lies within one part, and the next one in the part behind.
+    for (const QRect *near = m_near; near != end && near < m_near + 2; ++near) {
+        if (holds(*near, box)) {
+            m_near = near;
+            work(box);
+            return;
+        }
+    }
+    // A region's rectangles stand in bands of one height.
     const QRect *band = std::lower_bound(m_parts.begin(), end, box.top(),
                                          [](const QRect &part, int top) { return part.bottom() < top; });
     while (band != end && band->top() <= box.bottom()) {
@@ -68,8 +94,10 @@ void ChartPainter::forEachPart(const QRect &box, Work work) const
             std::upper_bound(band, end, band->top(), [](int top, const QRect &part) { return top < part.top(); });
         const QRect *part =
             std::lower_bound(band, next, box.left(), [](const QRect &known, int left) { return known.right() < left; });
-        for (; part != next && part->left() <= box.right(); ++part)
-            work(*part & box);
+        for (; part != next && part->left() <= box.right(); ++part) {
+            m_near = part;
+            work(common(*part, box));
+        }
         band = next;
     }
 }

@@ -7,38 +7,48 @@
 #include <iterator>
 
 namespace {
-/// How many places each port has, and how many come on the ports before it.
+struct PortLength
+{
+    qint64 length = 0; ///< how many places it has
+    qint64 before = 0; ///< how many come on the ports before it
+};
+
+/// The ports of panels, in the order in which they come.
 class PortLengths
 {
 public:
     explicit PortLengths(const std::vector<ChartPanel> &panels)
     {
-        std::vector<QString> order;
+        QHash<QString, std::size_t> numbers;
+        const QString *last = nullptr; // most panels are on the port of the panel before
+        m_portOf.reserve(panels.size());
         for (const ChartPanel &panel : panels) {
-            if (panel.number < 1)
-                continue;
-            Port &port = m_ports[panel.port];
-            if (port.length == 0)
-                order.push_back(panel.port);
+            if (!last || *last != panel.port) {
+                last = &panel.port;
+                const auto known = numbers.constFind(panel.port);
+                m_portOf.push_back(known == numbers.constEnd() ? m_ports.size() : *known);
+                if (known == numbers.constEnd()) {
+                    numbers.insert(panel.port, m_ports.size());
+                    m_ports.emplace_back();
+                }
+            } else {
+                m_portOf.push_back(m_portOf.back());
+            }
+            PortLength &port = m_ports[m_portOf.back()];
             port.length = std::max<qint64>(port.length, panel.number);
         }
-        for (const QString &name : order) {
-            m_ports[name].before = m_total;
-            m_total += m_ports[name].length;
+        for (PortLength &port : m_ports) {
+            port.before = m_total;
+            m_total += port.length;
         }
     }
 
-    qint64 lengthOf(const QString &port) const { return m_ports.value(port).length; }
-    qint64 before(const QString &port) const { return m_ports.value(port).before; }
+    const PortLength &portOf(std::size_t panel) const { return m_ports[m_portOf[panel]]; }
     qint64 total() const { return m_total; }
 
 private:
-    struct Port
-    {
-        qint64 length = 0;
-        qint64 before = 0;
-    };
-    QHash<QString, Port> m_ports;
+    std::vector<PortLength> m_ports;
+    std::vector<std::size_t> m_portOf; ///< of each panel
     qint64 m_total = 0;
 };
 
@@ -50,19 +60,18 @@ enum class Ports
 
 using Lit = std::vector<std::size_t>; ///< places in the shape's panels, ascending
 
-Lit litPanels(const ChartShape &shape, Ports ports, qint64 frame)
+Lit litPanels(const ChartShape &shape, const PortLengths &lengths, Ports ports, qint64 frame)
 {
-    const PortLengths lengths(shape.panels);
     const qint64 step = FrameCount::step(frame, FrameCount::hold(shape));
+    const qint64 inTurn = lengths.total() == 0 ? 0 : FrameCount::within(step, lengths.total());
     Lit lit;
     for (std::size_t i = 0; i < shape.panels.size(); ++i) {
         const ChartPanel &panel = shape.panels[i];
         if (panel.number < 1)
             continue;
-        const bool isLit =
-            ports == Ports::Together
-                ? FrameCount::within(step, lengths.lengthOf(panel.port)) == panel.number - 1
-                : FrameCount::within(step, lengths.total()) == lengths.before(panel.port) + panel.number - 1;
+        const PortLength &port = lengths.portOf(i);
+        const bool isLit = ports == Ports::Together ? FrameCount::within(step, port.length) == panel.number - 1
+                                                    : inTurn == port.before + panel.number - 1;
         if (isLit)
             lit.push_back(i);
     }
@@ -73,7 +82,7 @@ void drawChase(ChartPainter &painter, const ChartShape &shape, Ports ports, qint
 {
     const ChartLevels &levels = painter.levels();
     painter.fill(painter.whole(), levels.black());
-    for (const std::size_t i : litPanels(shape, ports, frame)) {
+    for (const std::size_t i : litPanels(shape, PortLengths(shape.panels), ports, frame)) {
         const ChartPanel &panel = shape.panels[i];
         painter.fill(panel.box, levels.white());
         drawPanelWords(painter, panel.box, panel.name, placeOnPort(panel), levels.black());
@@ -85,8 +94,9 @@ QRegion movedOfChase(const ChartShape &shape, Ports ports, qint64 from, qint64 t
     const qint64 hold = FrameCount::hold(shape);
     if (FrameCount::step(from, hold) == FrameCount::step(to, hold))
         return {};
-    const Lit before = litPanels(shape, ports, from);
-    const Lit after = litPanels(shape, ports, to);
+    const PortLengths lengths(shape.panels);
+    const Lit before = litPanels(shape, lengths, ports, from);
+    const Lit after = litPanels(shape, lengths, ports, to);
     Lit differ;
     std::set_symmetric_difference(before.begin(), before.end(), after.begin(), after.end(), std::back_inserter(differ));
     std::vector<QRect> boxes;

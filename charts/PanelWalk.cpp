@@ -60,30 +60,60 @@ private:
 void drawWalk(ChartPainter &painter, const ChartShape &shape, Walker walker, qint64 frame)
 {
     WalkingPlace place(shape, walker, frame);
-    painter.fill(painter.whole(), painter.levels().black());
-    for (const ChartPanel &panel : shape.panels) {
-        if (!panel.box.isEmpty())
-            painter.fill(place.in(panel.box), painter.levels().white());
-    }
-}
-
-QRegion movedOfWalk(const ChartShape &shape, Walker walker, qint64 from, qint64 to)
-{
-    WalkingPlace before(shape, walker, from);
-    WalkingPlace after(shape, walker, to);
-    std::vector<QRect> boxes;
-    boxes.reserve(2 * shape.panels.size());
+    const QRgb white = painter.levels().white();
+    const QRgb black = painter.levels().black();
+    std::vector<QRect> rows; // of panels beside each other they are one, and long
+    if (walker != Walker::Row)
+        painter.fill(painter.whole(), black);
     for (const ChartPanel &panel : shape.panels) {
         if (panel.box.isEmpty())
             continue;
-        const QRect left = before.in(panel.box);
-        const QRect entered = after.in(panel.box);
-        if (left == entered)
-            continue;
-        boxes.push_back(left);
-        boxes.push_back(entered);
+        if (walker == Walker::Row)
+            rows.push_back(place.in(panel.box));
+        else
+            painter.fill(place.in(panel.box), white);
     }
-    return regionOf(std::move(boxes));
+    if (walker == Walker::Row)
+        painter.fillApart(regionOf(std::move(rows)), white, black);
+}
+
+/// Whether two places touch side to side, so that nothing else lies in the box around both.
+bool areBeside(const QRect &one, const QRect &other)
+{
+    const QRect both = one | other;
+    return qint64{both.width()} * both.height() ==
+           qint64{one.width()} * one.height() + qint64{other.width()} * other.height();
+}
+
+/// From one place in each panel to another: where that is left and entered, in one box where it is a single step.
+QRegion movedOfWalk(const ChartShape &shape, Walker walker, qint64 from, qint64 to)
+{
+    QSize size;
+    QRect left;
+    QRect entered;
+    std::vector<QRect> boxes;
+    std::vector<QRect> others;
+    boxes.reserve(shape.panels.size());
+    for (const ChartPanel &panel : shape.panels) {
+        if (panel.box.isEmpty())
+            continue;
+        if (panel.box.size() != size) { // most are of one
+            size = panel.box.size();
+            left = placeInPanel(shape, walker, size, from);
+            entered = placeInPanel(shape, walker, size, to);
+            if (left == entered) {
+                left = entered = {};
+            } else if (areBeside(left, entered)) {
+                left |= entered;
+                entered = {};
+            }
+        }
+        if (left.width() > 0)
+            boxes.push_back(left.translated(panel.box.topLeft()));
+        if (entered.width() > 0)
+            others.push_back(entered.translated(panel.box.topLeft()));
+    }
+    return others.empty() ? regionOf(std::move(boxes)) : regionOf(std::move(boxes)) + regionOf(std::move(others));
 }
 } // namespace
 

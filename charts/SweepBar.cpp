@@ -36,42 +36,39 @@ std::vector<QRect> barDiagonal(const ChartShape &shape, qint64 frame)
     return rows;
 }
 
-QRegion either(const QRect &one, const QRect &other)
+/// Where one bar is and the other is not.
+QRegion between(const QRect &one, const QRect &other)
 {
-    return QRegion(one) + other;
+    return QRegion(one).xored(other);
 }
 } // namespace
 
 void Painters::sweepRight(ChartPainter &painter, const Shape &shape, qint64 frame)
 {
-    painter.fill(painter.whole(), painter.levels().black());
-    painter.fill(barRight(shape, frame), painter.levels().white());
+    painter.fillApart(barRight(shape, frame), painter.levels().white(), painter.levels().black());
 }
 
 QRegion Painters::sweepRightMoved(const Shape &shape, qint64 from, qint64 to)
 {
-    return either(barRight(shape, from), barRight(shape, to));
+    return between(barRight(shape, from), barRight(shape, to));
 }
 
 void Painters::sweepDown(ChartPainter &painter, const Shape &shape, qint64 frame)
 {
-    painter.fill(painter.whole(), painter.levels().black());
-    painter.fill(barDown(shape, frame), painter.levels().white());
+    painter.fillApart(barDown(shape, frame), painter.levels().white(), painter.levels().black());
 }
 
 QRegion Painters::sweepDownMoved(const Shape &shape, qint64 from, qint64 to)
 {
-    return either(barDown(shape, from), barDown(shape, to));
+    return between(barDown(shape, from), barDown(shape, to));
 }
 
 void Painters::sweepDiagonal(ChartPainter &painter, const Shape &shape, qint64 frame)
 {
-    painter.fill(painter.whole(), painter.levels().black());
-    for (const QRect &row : barDiagonal(shape, frame))
-        painter.fill(row, painter.levels().white());
+    painter.fillApart(regionOf(barDiagonal(shape, frame)), painter.levels().white(), painter.levels().black());
 }
 
 QRegion Painters::sweepDiagonalMoved(const Shape &shape, qint64 from, qint64 to)
 {
-    return regionOf(barDiagonal(shape, from)) + regionOf(barDiagonal(shape, to));
+    return regionOf(barDiagonal(shape, from)).xored(regionOf(barDiagonal(shape, to)));
 }
