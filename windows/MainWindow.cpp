@@ -287,16 +287,13 @@ void MainWindow::connectViews()
     connect(m_canvas, &LWCanvasImageView::toolDidPress, m_inspector,
             [this](bool isOnLayer) { m_inspector->showOutputFirst(!isOnLayer); });
     connect(m_layerTable, &LayerTable::pressed, m_inspector, [this] { m_inspector->showOutputFirst(false); });
+    connect(m_layerTable, &LayerTable::clicked, &m_desk, [this](const QModelIndex &row) { m_desk.blink(row.row()); });
+    connect(&m_desk, &LiveDesk::told, m_powerBar, &PowerBar::showStatus);
+    m_desk.listenTo(*m_canvas);
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
         m_powerBar->showReadOut(readOut, readOut.pixel ? panelAt(*readOut.pixel) : QString());
+        m_desk.pointAt(readOut.pixel);
     });
-}
-
-/// What stands on the wall, and what it cannot show: never told on the wall itself.
-void MainWindow::showLive()
-{
-    m_canvasPane->showWords(m_desk.live().words());
-    m_powerBar->showFault(&m_desk, m_desk.live().problem());
 }
 
 /// Where clicks go to the selected wall, its panel is meant whatever lies above it.

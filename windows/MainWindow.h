@@ -137,6 +137,7 @@ private:
     CanvasLink m_canvasLink{m_document};
     RestedChecks m_checks{m_document, this};
     LiveDesk m_desk{m_document, *this};
+    QString m_wallProblem; ///< that was told last
     QVBoxLayout *m_column; ///< notices, regions and power line
     QPointer<NoticeBar> m_unsavedWork;
     QPointer<NoticeBar> m_changedElsewhere;

@@ -1,11 +1,15 @@
+#include "windows/CanvasPane.h"
 #include "windows/MainWindow.h"
 #include "windows/NoticeBar.h"
+#include "windows/PowerBar.h"
 
 #include <QFileInfo>
 #include <QLocale>
 #include <QMenu>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 /// In the place of the one of the same kind that may still be there.
 void MainWindow::showNotice(NoticeBar *notice, QPointer<NoticeBar> &place)
@@ -62,4 +66,12 @@ QString MainWindow::titleOf(const FoundCopy &copy)
     const QString name =
         copy.projectPath.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(copy.projectPath).fileName();
     return name + ", " + QLocale().toString(copy.time.toLocalTime(), QLocale::ShortFormat);
+}
+
+/// What stands on the wall, and what it cannot show: never told on the wall itself.
+void MainWindow::showLive()
+{
+    m_canvasPane->showWords(m_desk.live().words());
+    if (const QString problem = m_desk.live().problem(); std::exchange(m_wallProblem, problem) != problem)
+        m_powerBar->showFault(&m_desk, problem); // once: what was told since then stays
 }

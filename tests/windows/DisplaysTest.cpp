@@ -1,5 +1,7 @@
+#include "canvas/LWCanvasImageView.h"
 #include "live/WallWindow.h"
 #include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
 #include "windows/displays/DisplaysPage.h"
 
 #include <QApplication>
@@ -54,6 +56,13 @@ protected:
         QTest::keyClick(&there, key, modifiers);
     }
     using WindowFixture::press;
+    /// The pointer is there on the canvas, in pixels of the output.
+    void pointTo(const std::optional<QPoint> &pixel)
+    {
+        CanvasReadOut readOut;
+        readOut.pixel = pixel;
+        emit canvas().readOutDidChange(readOut);
+    }
     static QImage picture(QWidget &there) { return there.grab().toImage(); }
 
     const QString stage = "2: Stage, 1,280 × 1,024";
@@ -314,4 +323,83 @@ TEST_F(DisplaysTest, ThePanesButtonsDoWhatTheKeysDo)
     EXPECT_EQ(words(), "FROZEN: the wall shows an older state");
     tool("Freeze").click();
     EXPECT_EQ(words(), QString());
+}
+
+TEST_F(DisplaysTest, PointingLightsThePanelUnderThePointerOnTheWall)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const LayerPointer layer = window.document().allScreensArray().front();
+    const QSize panel(layer->panelWidth(), layer->panelHeight());
+    const QImage before = picture(*on(2));
+    tool("Point").click();
+    pointTo(QPoint(panel.width() + 3, 5));
+    EXPECT_EQ(words(), "POINT");
+    const QImage lit = picture(*on(2));
+    EXPECT_EQ(lit.pixel(panel.width() + 2, 1), qRgb(255, 255, 255));
+    EXPECT_EQ(lit.pixel(1, 1), qRgb(0, 0, 0));
+    EXPECT_EQ(lit.pixel(panel.width() + (panel.width() - 1) / 2, 1000), qRgb(255, 255, 255)); // the cross
+    pointTo(QPoint(1900, 1070));
+    EXPECT_EQ(picture(*on(2)).pixel(panel.width() + 2, 1), qRgb(0, 0, 0));
+    pointTo(std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words().isEmpty(); }, 1000));
+    EXPECT_EQ(picture(*on(2)), before);
+}
+
+TEST_F(DisplaysTest, APanelThatNoDisplayShowsIsTold)
+{
+    toggle(wall);
+    press(*on(2), Qt::Key_Right);
+    window.findChild<DisplaysModel *>()->setData(window.findChild<DisplaysModel *>()->index(2, DisplaysModel::Offset),
+                                                 "1900, 0");
+    tool("Point").click();
+    pointTo(QPoint(5, 5));
+    EXPECT_TRUE(shows("No display shows A1, Layer 0 1.1."));
+}
+
+TEST_F(DisplaysTest, QHeldOnTheCanvasPointsAsLongAsItIs)
+{
+    toggle(wall);
+    pointTo(QPoint(5, 5));
+    canvas().setFocus();
+    QTest::keyPress(&canvas(), Qt::Key_Q);
+    EXPECT_EQ(words(), "POINT");
+    QTest::keyRelease(&canvas(), Qt::Key_Q);
+    EXPECT_EQ(words(), QString());
+}
+
+TEST_F(DisplaysTest, ARowsClickBlinksItsWallWhilePointingIsOn)
+{
+    toggle(wall);
+    const QModelIndex row = table().model()->index(0, 0);
+    emit table().clicked(row);
+    EXPECT_EQ(words(), QString());
+    tool("Point").click();
+    emit table().clicked(row);
+    EXPECT_EQ(picture(*on(2)).pixel(1, 1), qRgb(255, 255, 255));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words().isEmpty(); }, 3000));
+}
+
+TEST_F(DisplaysTest, AWalkGoesAlongTheCableByTheKeysOfARemote)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const LayerPointer layer = window.document().allScreensArray().front();
+    tool("Walk").click();
+    EXPECT_TRUE(words().startsWith("WALK ")) << qPrintable(words());
+    const QString first = words();
+    const QImage before = picture(*on(2));
+    EXPECT_NE(before.pixel(1, layer->panelHeight() * int(layer->row()) - 2) == qRgb(255, 255, 255),
+              before.pixel(1, 1) == qRgb(255, 255, 255)); // in one of the corners
+    QTest::keyClick(&window, Qt::Key_PageDown);
+    EXPECT_NE(words(), first);
+    EXPECT_NE(picture(*on(2)), before);
+    press(*on(2), Qt::Key_PageUp);
+    EXPECT_EQ(words(), first);
+    press(*on(2), Qt::Key_X);
+    EXPECT_TRUE(tool("Wrong").isChecked());
+    EXPECT_TRUE(tool("1 wrong").isVisible());
+    tool("Walk").click();
+    EXPECT_EQ(words(), QString());
+    EXPECT_TRUE(tool("1 wrong").isVisible());
 }

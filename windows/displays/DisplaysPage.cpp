@@ -3,6 +3,7 @@
 #include "base/NumberText.h"
 #include "windows/Theme.h"
 #include "windows/displays/LiveDesk.h"
+#include "windows/displays/WalkStrip.h"
 #include "windows/tables/RowTable.h"
 
 #include <QComboBox>
@@ -14,15 +15,17 @@
 #include <algorithm>
 
 DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
-    : TablePage(parent), m_live(desk.live()), m_model(desk.live(), this)
+    : TablePage(parent), m_live(desk.live()), m_pointing(desk.pointing()), m_model(desk.live(), this)
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     m_table = new RowTable(m_model, "Displays");
     m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
+    column->setSpacing(0);
     column->addWidget(m_table);
+    column->addWidget(new WalkStrip(desk.walk()));
     setFocusProxy(m_table);
-    addTools();
+    addTools(desk);
     connect(m_table, &QTableView::doubleClicked, this, &DisplaysPage::turn);
     connect(&m_model, &DisplaysModel::toggled, &desk, &LiveDesk::toggle);
     connect(&m_model, &DisplaysModel::failureTold, this, &DisplaysPage::failureTold);
@@ -40,7 +43,7 @@ QToolButton *DisplaysPage::addTool(const QString &text, const QString &tip)
     return button;
 }
 
-void DisplaysPage::addTools()
+void DisplaysPage::addTools(LiveDesk &desk)
 {
     m_tools = new QWidget(this);
     auto *row = new QHBoxLayout(m_tools);
@@ -49,6 +52,7 @@ void DisplaysPage::addTools()
     m_identify = addTool("Identify", "Every display tells for three seconds which it is (I)");
     m_black = addTool("Blackout", "The wall is black until this is pressed again (B)");
     m_freeze = addTool("Freeze", "The wall keeps the picture that it has, whatever is edited (F)");
+    m_point = addTool("Point", "Lights the panel under the pointer on the wall; Q held on the canvas does it as long");
     m_level = new QComboBox;
     m_level->setAccessibleName("Level");
     m_level->setToolTip("How bright the wall is: 100 to 10 per cent of each value (1 to 5)");
@@ -56,6 +60,8 @@ void DisplaysPage::addTools()
         m_level->addItem(QString("%1 %").arg(level), level);
     row->addWidget(m_level);
     connect(m_identify, &QToolButton::clicked, &m_live, &LiveOutput::identify);
+    connect(m_point, &QToolButton::clicked, &desk.pointing(), &Pointing::setOn);
+    connect(&desk.pointing(), &Pointing::changed, this, &DisplaysPage::showLive);
     connect(m_black, &QToolButton::clicked, &m_live, &LiveOutput::setBlack);
     connect(m_freeze, &QToolButton::clicked, &m_live, &LiveOutput::setFrozen);
     connect(m_level, &QComboBox::activated, this,
@@ -76,6 +82,7 @@ void DisplaysPage::showLive()
     m_identify->setChecked(m_live.isIdentifying());
     m_black->setChecked(m_live.look().isBlack);
     m_freeze->setChecked(m_live.isFrozen());
+    m_point->setChecked(m_pointing.isActive());
     m_level->setCurrentIndex(m_level->findData(m_live.look().level));
     m_table->resizeColumnsToContents();
     emit stateDidChange();

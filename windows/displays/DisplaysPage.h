@@ -3,9 +3,8 @@
 #include "windows/displays/DisplaysModel.h"
 #include "windows/tables/TablePage.h"
 
-#include <vector>
-
 class LiveDesk;
+class Pointing;
 class QComboBox;
 class QToolButton;
 class RowTable;
@@ -30,17 +29,19 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
-    void addTools();
+    void addTools(LiveDesk &desk);
     QToolButton *addTool(const QString &text, const QString &tip);
     void showLive();
     void turn(const QModelIndex &index);
 
     LiveOutput &m_live;
+    Pointing &m_pointing;
     DisplaysModel m_model;
     QWidget *m_tools = nullptr;
     QToolButton *m_identify = nullptr;
     QToolButton *m_black = nullptr;
     QToolButton *m_freeze = nullptr;
+    QToolButton *m_point = nullptr;
     QComboBox *m_level = nullptr;
     RowTable *m_table = nullptr;
 };

@@ -5,10 +5,12 @@
 #include "base/NumberText.h"
 #include "windows/MenuText.h"
 
+#include <QKeyEvent>
 #include <QMenu>
 #include <QWidget>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 /// A show that is in no file keeps nothing.
@@ -26,13 +28,94 @@ LiveOutput::Memory memoryOf(LWAppDelegate &document)
 } // namespace
 
 LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
-    : m_document(document), m_window(window), m_live(document.composedOutput(), window, memoryOf(document))
+    : m_document(document), m_window(window), m_live(document.composedOutput(), window, memoryOf(document)),
+      m_pointing([this](const QPoint &pixel) { return panelAt(pixel); })
 {
     m_live.setPanelStep([this] { return panelOfSelected(); });
     connect(&document, &LWAppDelegate::composed, &m_live, &LiveOutput::showOutput);
     connect(&document, &LWAppDelegate::projectDidSave, &m_live, &LiveOutput::keepRegions);
     connect(&document, &LWAppDelegate::projectPathDidChange, &m_live, &LiveOutput::takeRegions);
     connect(&m_live, &LiveOutput::changed, this, &LiveDesk::followState);
+    connect(&document, &LWAppDelegate::changed, this, &LiveDesk::followShow);
+    connect(&m_pointing, &Pointing::changed, this, &LiveDesk::showLights);
+    connect(&m_walk, &WallWalk::changed, this, &LiveDesk::showLights);
+}
+
+void LiveDesk::listenTo(QWidget &canvas)
+{
+    canvas.installEventFilter(this);
+}
+
+/// Q on the canvas points as long as it is held.
+bool LiveDesk::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isPress = event->type() == QEvent::KeyPress;
+    if (event->type() == QEvent::FocusOut)
+        m_pointing.setHeld(false);
+    if (!isPress && event->type() != QEvent::KeyRelease)
+        return QObject::eventFilter(watched, event);
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    if (key.key() != Qt::Key_Q || key.modifiers() != Qt::NoModifier)
+        return QObject::eventFilter(watched, event);
+    if (!key.isAutoRepeat())
+        m_pointing.setHeld(isPress);
+    return true;
+}
+
+void LiveDesk::followShow()
+{
+    m_panels.reset();
+    if (m_walk.isOn())
+        m_walk.setPanels(panels().panels());
+}
+
+const ChartPanels &LiveDesk::panels()
+{
+    if (!m_panels)
+        m_panels = ChartPanels::of(m_document.allScreensArray(), m_document.wiring().ports());
+    return *m_panels;
+}
+
+std::optional<WallLight> LiveDesk::panelAt(const QPoint &pixel)
+{
+    for (const ChartPanels::Wall &wall : panels().walls) {
+        const auto panel =
+            std::ranges::find_if(wall.panels, [&](const ChartPanel &one) { return one.box.contains(pixel); });
+        if (panel == wall.panels.end())
+            continue;
+        QStringList words{panel->name.trimmed()};
+        if (panel->number > 0)
+            words.append(panel->port + '.' + QString::number(panel->number));
+        words.removeAll(QString());
+        return WallLight{panel->box, words, true};
+    }
+    return std::nullopt;
+}
+
+void LiveDesk::blink(int row)
+{
+    const auto &walls = panels().walls;
+    const auto wall = std::ranges::find(walls, qsizetype{row}, &ChartPanels::Wall::row);
+    if (wall != walls.end())
+        m_pointing.blink(wall->box);
+}
+
+/// Who points comes before who walks.
+void LiveDesk::showLights()
+{
+    if (!std::exchange(m_wasWalking, m_walk.isOn()) && m_walk.isOn())
+        m_walk.setPanels(panels().panels());
+    if (const auto &pointed = m_pointing.lights()) {
+        m_live.setLights(pointed, "POINT");
+        const bool isUnseen = !pointed->empty() && !m_live.isSeen(pointed->front().place);
+        const QStringList words = isUnseen ? pointed->front().words : QStringList();
+        if (std::exchange(m_unseen, words) != words && isUnseen)
+            emit told(QString("No display shows %1.").arg(words.isEmpty() ? QString("it") : words.join(", ")));
+        return;
+    }
+    if (const std::optional<WallLight> light = m_walk.light())
+        return m_live.setLights(std::vector{*light}, "WALK " + m_walk.walk().words());
+    m_live.setLights(std::nullopt);
 }
 
 void LiveDesk::followState()

@@ -1,12 +1,16 @@
 #pragma once
 
+#include "facts/ChartPanels.h"
 #include "live/LiveOutput.h"
+#include "live/Pointing.h"
 #include "live/ScreenAwake.h"
+#include "windows/displays/WallWalk.h"
 
 #include <QObject>
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 class LWAppDelegate;
 class QMenu;
@@ -22,6 +26,14 @@ public:
     LiveDesk(LWAppDelegate &document, QWidget &window);
 
     LiveOutput &live() { return m_live; }
+    Pointing &pointing() { return m_pointing; }
+    WallWalk &walk() { return m_walk; }
+    /// Where Q is held to point: the canvas, which outlives the last event of this.
+    void listenTo(QWidget &canvas);
+    /// Where the pointer is on the canvas, in pixels of the output; nullopt: it has left it.
+    void pointAt(const std::optional<QPoint> &pixel) { m_pointing.move(pixel); }
+    /// A layer's row was clicked: its wall blinks while pointing is active.
+    void blink(int row);
     /// A display is switched on, or off; it is the one that toggleLast() is about then.
     void toggle(const QString &key);
     /// The display that was chosen last, else the first that does not show the window.
@@ -29,13 +41,29 @@ public:
     /// Fills a menu with the displays; choosing one switches it on or off.
     void listIn(QMenu &menu);
 
+signals:
+    /// Something to tell the person who points.
+    void told(const QString &sentence);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void followState();
+    void followShow();
+    void showLights();
     QSize panelOfSelected() const;
+    const ChartPanels &panels();
+    std::optional<WallLight> panelAt(const QPoint &pixel);
 
     LWAppDelegate &m_document;
     QWidget &m_window;
     LiveOutput m_live;
     std::unique_ptr<ScreenAwake> m_awake; ///< null until the first display is on
     QString m_last;                       ///< key of the display that was chosen last
+    Pointing m_pointing;
+    WallWalk m_walk;
+    bool m_wasWalking = false;
+    std::optional<ChartPanels> m_panels; ///< of the show as it is; nullopt: nobody has asked since it changed
+    QStringList m_unseen;                ///< words of the panel that was told to be on no display
 };
