@@ -18,7 +18,7 @@ inline qint64 within(qint64 frame, qint64 round)
 /// The step of a frame where each lasts `hold` frames.
 inline qint64 step(qint64 frame, qint64 hold)
 {
-    return (frame - within(frame, hold)) / hold;
+    return frame / hold - (frame % hold < 0 ? 1 : 0);
 }
 
 inline double rate(const ChartShape &shape)

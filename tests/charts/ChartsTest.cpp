@@ -15,6 +15,20 @@ QImage canvasOf(const QSize &size)
     return raster;
 }
 
+/// Panels of all sizes that lie anywhere, over each other and beyond the edges, in no order.
+ChartShape shapeOfAnyPanels()
+{
+    QRandomGenerator random(3);
+    ChartShape shape{.size = {211, 173}};
+    for (int i = 0; i < 60; ++i) {
+        const QRect box(random.bounded(-40, 200), random.bounded(-40, 170), random.bounded(0, 70),
+                        random.bounded(0, 50));
+        shape.panels.push_back({box, QString::number(i), QString("P%1").arg(random.bounded(4)), random.bounded(0, 9)});
+        shape.walls.push_back(box);
+    }
+    return shape;
+}
+
 /// Sizes of outputs, of strips and of what only a mistake asks for.
 std::vector<ChartShape> shapes()
 {
@@ -26,6 +40,7 @@ std::vector<ChartShape> shapes()
             all.push_back(shape);
         }
     }
+    all.push_back(shapeOfAnyPanels());
     return all;
 }
 
