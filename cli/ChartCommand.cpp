@@ -1,5 +1,6 @@
 #include "cli/ChartCommand.h"
 
+#include "charts/ChartText.h"
 #include "cli/CommandLineHost.h"
 #include "cli/Options.h"
 #include "drawing/Raster.h"
@@ -8,37 +9,11 @@
 #include "formats/PngFile.h"
 #include "show/Project.h"
 
-#include <QTime>
-
 #include <algorithm>
-#include <array>
 #include <limits>
 
 namespace {
 constexpr Options::Range anyFromNought{0, std::numeric_limits<int>::max()};
-
-struct ColourName
-{
-    const char *name;
-    FieldColour colour;
-};
-constexpr std::array colourNames{
-    ColourName{"white", FieldColour::White},   ColourName{"red", FieldColour::Red},
-    ColourName{"green", FieldColour::Green},   ColourName{"blue", FieldColour::Blue},
-    ColourName{"cyan", FieldColour::Cyan},     ColourName{"magenta", FieldColour::Magenta},
-    ColourName{"yellow", FieldColour::Yellow}, ColourName{"black", FieldColour::Black},
-};
-
-/// An option of some charts.
-struct ChoiceName
-{
-    const char *name;
-    Chart::Choice choice;
-};
-constexpr std::array choiceNames{
-    ChoiceName{"colour", Chart::Colour}, ChoiceName{"level", Chart::Level}, ChoiceName{"steps", Chart::Steps},
-    ChoiceName{"speed", Chart::Speed},   ChoiceName{"hold", Chart::Hold},   ChoiceName{"start", Chart::Start},
-};
 
 /// The options of one command, taken one by one; the first that makes no sense is told.
 class ChartArguments
@@ -52,8 +27,7 @@ public:
             .and_then([&] { return takeSize(); })
             .and_then([&] { return takeTime(); })
             .and_then([&] { return takeRange(); })
-            .and_then([&] { return takeColour(); })
-            .and_then([&] { return takeNumbers(); })
+            .and_then([&] { return takeOptions(); })
             .and_then([&] { return checkPanels(); })
             .map([&] { return m_command; });
     }
@@ -70,10 +44,6 @@ private:
         if (!names[1].endsWith(".png", Qt::CaseInsensitive))
             return fail(names[1] + ": the name must end in .png");
         m_command.output = names[1];
-        for (const ChoiceName &option : choiceNames) {
-            if (m_parser.isSet(option.name) && !(m_command.chart->choices & option.choice))
-                return fail(QString("the chart \"%1\" has no --%2").arg(names[0], option.name));
-        }
         return {};
     }
 
@@ -101,59 +71,34 @@ private:
                 return fail(
                     QString("--rate expects frames a second from 1 to 1000, found \"%1\"").arg(m_parser.value("rate")));
         }
-        if (m_parser.isSet("start")) {
-            const QTime start = QTime::fromString(m_parser.value("start"), "HH:mm:ss");
-            if (!start.isValid())
-                return fail(QString("--start expects a time like 20:15:00, found \"%1\"").arg(m_parser.value("start")));
-            m_command.shape.options.start = start.msecsSinceStartOfDay() / 1000;
-        }
         return Options::number(m_parser, "frame", anyFromNought, 0).map([&](int frame) { m_command.frame = frame; });
     }
 
     Result<void> takeRange()
     {
-        const QString range = m_parser.isSet("range") ? m_parser.value("range") : QString("full");
-        if (range != "full" && range != "narrow")
-            return fail(QString("--range expects full or narrow, found \"%1\"").arg(range));
-        m_command.shape.range = range == "full" ? LevelRange::Full : LevelRange::Narrow;
         m_command.shape.caption = m_parser.isSet("caption");
+        if (!m_parser.isSet("range"))
+            return {};
+        return ChartText::rangeNamed(m_parser.value("range"))
+            .map([&](LevelRange range) { m_command.shape.range = range; })
+            .map_error(&asOption);
+    }
+
+    Result<void> takeOptions()
+    {
+        for (const auto &[name, choice] : ChartText::optionNames()) {
+            if (!m_parser.isSet(name))
+                continue;
+            if (!(m_command.chart->choices & choice))
+                return fail(QString("the chart \"%1\" has no --%2").arg(m_command.chart->name, name));
+            const Result<void> taken = ChartText::setOption(m_command.shape.options, choice, m_parser.value(name));
+            if (!taken)
+                return tl::unexpected(asOption(taken.error()));
+        }
         return {};
     }
-
-    Result<void> takeColour()
-    {
-        if (!m_parser.isSet("colour"))
-            return {};
-        QStringList names;
-        for (const ColourName &known : colourNames) {
-            if (m_parser.value("colour") == known.name) {
-                m_command.shape.options.colour = known.colour;
-                return {};
-            }
-            names.append(known.name);
-        }
-        return fail(
-            QString("--colour expects one of %1, found \"%2\"").arg(names.join(", "), m_parser.value("colour")));
-    }
-
-    Result<void> takeNumbers()
-    {
-        ChartOptions &options = m_command.shape.options;
-        const auto take = [&](const char *name, Options::Range range, int otherwise, auto &target) {
-            return Options::number(m_parser, name, range, otherwise).map([&, name](int given) {
-                if (m_parser.isSet(name))
-                    target = given;
-            });
-        };
-        return take("level", {0, 100}, 0, options.level)
-            .and_then([&] {
-                return take("steps", {2, 256}, 0, options.steps);
-            })
-            .and_then([&] {
-                return take("speed", {1, 4096}, 0, options.speed);
-            })
-            .and_then([&] { return take("hold", Options::anyFromOne, 0, options.hold); });
-    }
+    /// A sentence that begins with the name of an option.
+    static Error asOption(const Error &error) { return {"--" + error.text}; }
 
     Result<void> checkPanels()
     {
@@ -179,7 +124,7 @@ QString lineOf(const Chart &chart)
         marks.append("--show");
     if (chart.rangeMatters)
         marks.append("--range");
-    for (const ChoiceName &option : choiceNames) {
+    for (const ChartText::OptionName &option : ChartText::optionNames()) {
         if (chart.choices & option.choice)
             marks.append(QString("--%1").arg(option.name));
     }
@@ -206,7 +151,7 @@ Result<ChartCommand> ChartCommand::parse(const QStringList &arguments)
                                       Options::withValue("size"), Options::withValue("frame"),
                                       Options::withValue("rate"), Options::withValue("range"),
                                       Options::withValue("show")};
-    for (const ChoiceName &option : choiceNames)
+    for (const ChartText::OptionName &option : ChartText::optionNames())
         options.append(Options::withValue(option.name));
     return Options::parse(parser, options, arguments).and_then([&]() -> Result<ChartCommand> {
         if (!parser.isSet("list"))
