@@ -98,8 +98,7 @@ void LiveOutput::show(const QString &key, QScreen &screen)
     if (isNew)
         wall.region = regionFor(key, wall.isRegionKept);
     if (!wall.window) {
-        wall.window.reset(new WallWindow(
-            [this](const QRect &part) { return WallPicture::draw(m_output.picture, m_look, part); }, &m_window));
+        wall.window.reset(new WallWindow([this](const QRect &part) { return draw(part); }, &m_window));
         connect(wall.window.get(), &WallWindow::closed, this, [this, key] { setOn(key, false); });
         connect(wall.window.get(), &WallWindow::pressed, this, [this, key](QKeyEvent *event) {
             if (press(*event, key))
@@ -225,6 +224,16 @@ bool LiveOutput::isSeen(const QRect &place) const
     return shownParts().intersects(place);
 }
 
+double LiveOutput::frameRate() const
+{
+    for (const auto &[key, wall] : m_walls) {
+        const QScreen *const screen = wall.window ? wall.window->screen() : nullptr;
+        if (screen && screen->refreshRate() >= 1)
+            return screen->refreshRate();
+    }
+    return 60;
+}
+
 QString LiveOutput::problemOf(const Wall &wall) const
 {
     const QString &name = wall.display.connector;
@@ -258,22 +267,19 @@ void LiveOutput::showOutput()
 {
     const qint64 before = std::exchange(m_painted, m_output.picture.cacheKey());
     const bool isSeen = !m_look.isBlack && !m_look.lights && m_look.frozen.isNull();
-    const std::optional<QRegion> where = m_output.changes.since(before);
-    for (const auto &[key, wall] : m_walls) {
-        if (!isSeen || !wall.window)
-            continue;
-        if (where)
-            wall.window->renew(*where);
-        else
-            wall.window->update();
-    }
+    if (isSeen)
+        renew(m_output.changes.since(before));
 }
 
-void LiveOutput::setLook(WallLook look)
+QImage LiveOutput::draw(const QRect &part) const
 {
-    const std::optional<QRegion> where = WallPicture::difference(m_look, look, m_output.picture.size());
-    const bool isOther = m_look != look;
-    m_look = std::move(look);
+    static const std::vector<LiveChart::Picture> none;
+    return WallPicture::draw(m_output.picture, m_chart ? m_chart->pictures() : none, m_look, part);
+}
+
+/// Pixels of the output look otherwise; nullopt: any may.
+void LiveOutput::renew(const std::optional<QRegion> &where)
+{
     for (const auto &[key, wall] : m_walls) {
         if (!wall.window)
             continue;
@@ -282,6 +288,24 @@ void LiveOutput::setLook(WallLook look)
         else
             wall.window->update();
     }
+}
+
+void LiveOutput::setChart(LiveChart &chart)
+{
+    m_chart = &chart;
+    connect(&chart, &LiveChart::moved, this, [this](const QRegion &output) { renew(output); });
+    connect(&chart, &LiveChart::changed, this, [this] {
+        renew(std::nullopt);
+        emit changed();
+    });
+}
+
+void LiveOutput::setLook(WallLook look)
+{
+    const std::optional<QRegion> where = WallPicture::difference(m_look, look, m_output.picture.size());
+    const bool isOther = m_look != look;
+    m_look = std::move(look);
+    renew(where);
     if (isOther)
         emit changed();
 }
@@ -296,7 +320,13 @@ void LiveOutput::setBlack(bool isBlack)
 void LiveOutput::setFrozen(bool isFrozen)
 {
     WallLook look = m_look;
-    look.frozen = isFrozen ? m_output.picture : QImage();
+    const bool hasChart = m_chart && !m_chart->pictures().empty();
+    if (!isFrozen)
+        look.frozen = {};
+    else if (hasChart)
+        look.frozen = WallPicture::draw(m_output.picture, m_chart->pictures(), {}, m_output.picture.rect());
+    else
+        look.frozen = m_output.picture;
     setLook(look);
 }
 
@@ -368,6 +398,8 @@ std::vector<LiveOutput::Words> LiveOutput::words() const
         words.push_back({m_lightWords});
     if (isFrozen())
         words.push_back({"FROZEN: the wall shows an older state"});
+    if (m_chart && m_chart->chart())
+        words.push_back({QString("CHART: %1").arg(m_chart->chart()->title)});
     if (m_look.level != 100)
         words.push_back({QString("WALL AT %1 %").arg(m_look.level)});
     if (isIdentifying())

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "live/LiveChart.h"
 #include "live/WallDisplay.h"
 #include "live/WallLook.h"
 #include "live/WallRegion.h"
@@ -87,6 +88,10 @@ public:
     void setLights(const std::optional<std::vector<WallLight>> &lights, const QString &words = {});
     /// Whether any display shows some of a place of the output.
     bool isSeen(const QRect &place) const;
+    /// What lies over the picture; outlives this.
+    void setChart(LiveChart &chart);
+    /// Of the first display that is on, in Hz; 60 where none is, or none says.
+    double frameRate() const;
     /// All displays tell for three seconds which they are.
     void identify();
     bool isIdentifying() const { return m_identifying.isActive(); }
@@ -124,6 +129,8 @@ private:
     void show(const QString &key, QScreen &screen);
     void checkPlace(const QString &key);
     void setLook(WallLook look);
+    QImage draw(const QRect &part) const;
+    void renew(const std::optional<QRegion> &where);
     WallRegion regionFor(const QString &key, bool &isKept) const;
     QPoint rightOfOthers(const QString &key) const;
     void nudge(const QString &key, const QPoint &by);
@@ -137,6 +144,7 @@ private:
     Memory m_memory;
     WallLook m_look;
     QString m_lightWords;
+    LiveChart *m_chart = nullptr;
     WantedDisplays m_wanted;
     std::map<QString, Wall> m_walls; ///< by their keys
     QTimer m_identifying;

@@ -51,6 +51,22 @@ void drawLights(QPainter &painter, const std::vector<WallLight> &lights, const Q
     }
 }
 
+/// What of a picture at a place lies in a part.
+void drawPart(QPainter &painter, const QImage &picture, const QPoint &place, const QRect &part)
+{
+    const QRect seen = part & picture.rect().translated(place);
+    if (!seen.isEmpty())
+        painter.drawImage(seen.topLeft(), picture, seen.translated(-place));
+}
+
+void drawWithCharts(QPainter &painter, const QImage &output, const std::vector<LiveChart::Picture> &charts,
+                    const QRect &part)
+{
+    drawPart(painter, output, {}, part);
+    for (const LiveChart::Picture &chart : charts)
+        drawPart(painter, chart.image, chart.box.topLeft(), part & output.rect());
+}
+
 /// What a lit place and its cross cover.
 QRegion extentOf(const std::vector<WallLight> &lights, const QSize &output)
 {
@@ -68,19 +84,21 @@ QRegion extentOf(const std::vector<WallLight> &lights, const QSize &output)
 
 namespace WallPicture {
 
-QImage draw(const QImage &output, const WallLook &look, const QRect &part)
+QImage draw(const QImage &output, const std::vector<LiveChart::Picture> &charts, const WallLook &look,
+            const QRect &part)
 {
     QImage picture(part.size(), QImage::Format_RGB32);
     picture.fill(Qt::black);
     if (look.isBlack || picture.isNull())
         return picture;
-    const QImage &shown = look.frozen.isNull() ? output : look.frozen;
     QPainter painter(&picture);
     painter.translate(-part.topLeft());
     if (look.lights)
         drawLights(painter, *look.lights, output.size());
-    else if (const QRect seen = part & shown.rect(); !seen.isEmpty())
-        painter.drawImage(seen.topLeft(), shown, seen);
+    else if (!look.frozen.isNull())
+        drawPart(painter, look.frozen, {}, part);
+    else
+        drawWithCharts(painter, output, charts, part);
     painter.end();
     dim(picture, look.level);
     return picture;

@@ -1,10 +1,12 @@
 #include "canvas/LWCanvasImageView.h"
+#include "charts/Chart.h"
 #include "live/WallWindow.h"
 #include "tests/windows/WindowFixture.h"
 #include "windows/LayerTable.h"
 #include "windows/displays/DisplaysPage.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
@@ -62,6 +64,23 @@ protected:
         CanvasReadOut readOut;
         readOut.pixel = pixel;
         emit canvas().readOutDidChange(readOut);
+    }
+    /// In the menu of the pane, which has small pictures.
+    void chooseChart(const QString &group, const QString &title)
+    {
+        for (QMenu *menu : window.findChildren<QMenu *>()) {
+            if (!qobject_cast<QToolButton *>(menu->parent()) || menu->parent()->parent() == nullptr)
+                continue;
+            if (menu->parent()->parent()->inherits("ChartStrip"))
+                emit menu->aboutToShow();
+        }
+        for (QMenu *menu : window.findChildren<QMenu *>()) {
+            for (QAction *action : menu->title() == group ? menu->actions() : QList<QAction *>()) {
+                if (action->text() == title)
+                    return action->trigger();
+            }
+        }
+        ADD_FAILURE() << qPrintable(title);
     }
     static QImage picture(QWidget &there) { return there.grab().toImage(); }
 
@@ -402,4 +421,78 @@ TEST_F(DisplaysTest, AWalkGoesAlongTheCableByTheKeysOfARemote)
     tool("Walk").click();
     EXPECT_EQ(words(), QString());
     EXPECT_TRUE(tool("1 wrong").isVisible());
+}
+
+TEST_F(DisplaysTest, AChartLiesOverThePictureUntilItIsTakenAway)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const QImage before = picture(*on(2));
+    chooseChart("Processor", "Checker, 1 px");
+    tool("Show").click();
+    EXPECT_EQ(words(), "CHART: Checker, 1 px");
+    const QImage checker = picture(*on(2));
+    EXPECT_EQ(checker.pixel(0, 0), qRgb(0, 0, 0));
+    EXPECT_EQ(checker.pixel(1, 0), qRgb(255, 255, 255));
+    EXPECT_EQ(checker.pixel(1919, 1078), qRgb(255, 255, 255));
+    chooseChart("Processor", "Checker, 8 px"); // at once, as one stands
+    EXPECT_EQ(picture(*on(2)).pixel(1, 0), qRgb(0, 0, 0));
+    tool("Show").click();
+    EXPECT_EQ(words(), QString());
+    EXPECT_EQ(picture(*on(2)), before);
+}
+
+TEST_F(DisplaysTest, AChartOverTheWallsLeavesTheRest)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const QRect box(0, 0, window.document().allScreensArray().front()->screenSizeWidth(),
+                    window.document().allScreensArray().front()->screenSizeHeight());
+    const QImage before = picture(*on(2));
+    chooseChart("Processor", "Checker, 1 px");
+    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
+        if (combo->accessibleName() == "Over")
+            combo->setCurrentText("Each wall");
+    }
+    tool("Show").click();
+    const QImage picture = this->picture(*on(2));
+    EXPECT_EQ(picture.pixel(1, 0), qRgb(255, 255, 255));
+    for (int y = 0; y < picture.height(); y += 7) {
+        for (int x = 0; x < picture.width(); x += 5) {
+            if (!box.contains(x, y)) {
+                ASSERT_EQ(picture.pixel(x, y), before.pixel(x, y)) << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST_F(DisplaysTest, FullWhiteOverWallsWithWattsAsksOnce)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    window.document().setValue(200, "arrangedObjects.watt");
+    chooseChart("Rigging", "Field");
+    tool("Show").click();
+    EXPECT_EQ(words(), QString());
+    bool isAsked = false;
+    for (const QLabel *label : window.findChildren<QLabel *>())
+        isAsked |= label->text().startsWith("Full white draws ") && label->text().endsWith(". Press Show once more.");
+    EXPECT_TRUE(isAsked);
+    tool("Show").click();
+    EXPECT_EQ(words(), "CHART: Field");
+    tool("Show").click();
+    tool("Show").click();
+    EXPECT_EQ(words(), "CHART: Field");
+}
+
+TEST_F(DisplaysTest, AStrobeIsBegunByHandEachTime)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    chooseChart("Processor", "Checker, 1 px");
+    tool("Show").click();
+    const auto all = Chart::all();
+    const auto strobe = std::ranges::find_if(all, &Chart::flashes);
+    chooseChart(Chart::groupName(strobe->group), strobe->title);
+    EXPECT_EQ(words(), QString());
+    tool("Start strobe (flashing)").click();
+    EXPECT_EQ(words(), QString("CHART: ") + strobe->title);
 }

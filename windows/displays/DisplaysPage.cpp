@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "windows/Theme.h"
+#include "windows/displays/ChartStrip.h"
 #include "windows/displays/LiveDesk.h"
 #include "windows/displays/WalkStrip.h"
 #include "windows/tables/RowTable.h"
@@ -23,6 +24,7 @@ DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
     m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     column->setSpacing(0);
     column->addWidget(m_table);
+    column->addWidget(new ChartStrip(desk));
     column->addWidget(new WalkStrip(desk.walk()));
     setFocusProxy(m_table);
     addTools(desk);

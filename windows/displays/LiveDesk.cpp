@@ -3,6 +3,8 @@
 #include "app/LWAppDelegate.h"
 #include "app/Settings.h"
 #include "base/NumberText.h"
+#include "facts/Load.h"
+#include "windows/LayerText.h"
 #include "windows/MenuText.h"
 
 #include <QKeyEvent>
@@ -10,6 +12,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace {
@@ -25,12 +28,19 @@ LiveOutput::Memory memoryOf(LWAppDelegate &document)
                     Settings::setWallRegion(display, path, region);
             }};
 }
+
+qint64 steadyClock()
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
 } // namespace
 
 LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
     : m_document(document), m_window(window), m_live(document.composedOutput(), window, memoryOf(document)),
-      m_pointing([this](const QPoint &pixel) { return panelAt(pixel); })
+      m_pointing([this](const QPoint &pixel) { return panelAt(pixel); }), m_chart(steadyClock)
 {
+    m_live.setChart(m_chart);
     m_live.setPanelStep([this] { return panelOfSelected(); });
     connect(&document, &LWAppDelegate::composed, &m_live, &LiveOutput::showOutput);
     connect(&document, &LWAppDelegate::projectDidSave, &m_live, &LiveOutput::keepRegions);
@@ -67,6 +77,37 @@ void LiveDesk::followShow()
     m_panels.reset();
     if (m_walk.isOn())
         m_walk.setPanels(panels().panels());
+    if (m_chart.chart())
+        m_chart.setPlaces(placesOfChart());
+}
+
+void LiveDesk::showChart(const Chart &chart, LiveChart::Style style, ChartArea area)
+{
+    style.rate = m_live.frameRate();
+    m_chartArea = area;
+    m_chart.show(chart, style, placesOfChart());
+}
+
+std::vector<LiveChart::Place> LiveDesk::placesOfChart()
+{
+    const ChartPanels &show = panels();
+    if (m_chartArea == ChartArea::Output)
+        return {{QRect(0, 0, m_document.OutputWidth(), m_document.OutputHeight()), show.panels(), show.boxes()}};
+    const std::vector<qsizetype> &selected = m_document.arraycontroller().selectionIndexes();
+    std::vector<LiveChart::Place> places;
+    for (const ChartPanels::Wall &wall : show.walls) {
+        if (m_chartArea == ChartArea::EachWall || std::ranges::find(selected, wall.row) != selected.end())
+            places.push_back({wall.box, wall.panels, {wall.box}});
+    }
+    return places;
+}
+
+QString LiveDesk::power() const
+{
+    const std::vector<LayerPointer> &layers = m_document.allScreensArray();
+    const Load load = Load::of(layers);
+    return load.watts > 0 || !load.isCounted ? LayerText::load(layers, m_document.voltageCalc(), m_document.phaseCalc())
+                                             : QString();
 }
 
 const ChartPanels &LiveDesk::panels()

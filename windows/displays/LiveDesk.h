@@ -28,6 +28,18 @@ public:
     LiveOutput &live() { return m_live; }
     Pointing &pointing() { return m_pointing; }
     WallWalk &walk() { return m_walk; }
+    LiveChart &chart() { return m_chart; }
+    /// What a chart is laid over.
+    enum class ChartArea
+    {
+        Output,
+        EachWall,
+        SelectedWalls
+    };
+    /// At the frame rate of the displays.
+    void showChart(const Chart &chart, LiveChart::Style style, ChartArea area);
+    /// "63.88 A at 230 V, 3 phases, 44.08 kW" at full white; empty: nobody says what the walls draw.
+    QString power() const;
     /// Where Q is held to point: the canvas, which outlives the last event of this.
     void listenTo(QWidget &canvas);
     /// Where the pointer is on the canvas, in pixels of the output; nullopt: it has left it.
@@ -52,6 +64,7 @@ private:
     void followState();
     void followShow();
     void showLights();
+    std::vector<LiveChart::Place> placesOfChart();
     QSize panelOfSelected() const;
     const ChartPanels &panels();
     std::optional<WallLight> panelAt(const QPoint &pixel);
@@ -64,6 +77,8 @@ private:
     Pointing m_pointing;
     WallWalk m_walk;
     bool m_wasWalking = false;
+    LiveChart m_chart;
+    ChartArea m_chartArea = ChartArea::Output;
     std::optional<ChartPanels> m_panels; ///< of the show as it is; nullopt: nobody has asked since it changed
     QStringList m_unseen;                ///< words of the panel that was told to be on no display
 };
