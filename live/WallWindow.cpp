@@ -34,20 +34,24 @@ void WallWindow::fill(QScreen &display)
         showNormal(); // what fills a display is not moved to another one
     }
     m_display = &display;
-    // The keyboard stays with the main window where that is still seen.
-    setAttribute(Qt::WA_ShowWithoutActivating, parentWidget() && parentWidget()->screen() != &display);
+    // The keyboard stays with the main window where that is still seen; showFullScreen() would take it.
+    const bool hidesOwner = !parentWidget() || parentWidget()->screen() == &display;
+    setAttribute(Qt::WA_ShowWithoutActivating, !hidesOwner); // before there is a window handle
     m_geometry = connect(&display, &QScreen::geometryChanged, this, &WallWindow::followDisplay);
     winId(); // there is a window handle to be told its display
     windowHandle()->setScreen(&display);
     setGeometry(display.geometry());
-    showFullScreen();
+    setWindowState(Qt::WindowFullScreen);
+    show();
+    if (hidesOwner)
+        activateWindow();
 }
 
 void WallWindow::followDisplay()
 {
     setGeometry(m_display->geometry());
     if (isVisible() && !isFullScreen())
-        showFullScreen(); // another resolution ends that
+        setWindowState(Qt::WindowFullScreen); // another resolution ends that
 }
 
 void WallWindow::setRegion(const WallRegion &region)

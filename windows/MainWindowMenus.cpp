@@ -250,7 +250,7 @@ void MainWindow::addPreview(QMenu &menu)
     preview->setCheckable(true);
     connect(&menu, &QMenu::aboutToShow, preview,
             [this, preview] { preview->setChecked(m_preview && m_preview->isVisible()); });
-    QMenu *displays = menu.addMenu("Output on &display");
+    QMenu *displays = menu.addMenu("Output o&n display");
     connect(displays, &QMenu::aboutToShow, this, [this, displays] { m_desk.listIn(*displays); });
     addTold(menu, {"Fi&ll the display"}, Qt::SHIFT | Qt::Key_F11, [this] { m_desk.toggleLast(); });
 }

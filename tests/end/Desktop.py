@@ -139,6 +139,9 @@ class Desktop:
     def type(self, text):
         self._xdotool("type", "--delay", 15, text)
 
+    def move(self, x, y):
+        self._xdotool("mousemove", x, y)
+
     def click(self, x, y):
         self._xdotool("mousemove", x, y, "click", 1)
 
