@@ -3,6 +3,18 @@
 #include <QHash>
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+/// "A", 10 of "A10": A2 comes before it.
+std::pair<QString, qint64> nameAndNumber(const QString &port)
+{
+    qsizetype digits = 0;
+    while (digits < port.size() && port[port.size() - 1 - digits].isDigit())
+        ++digits;
+    return {port.chopped(digits), port.last(digits).toLongLong()};
+}
+} // namespace
 
 void PanelWalk::setPanels(const std::vector<ChartPanel> &panels)
 {
@@ -22,6 +34,7 @@ void PanelWalk::setPanels(const std::vector<ChartPanel> &panels)
     }
     for (Run &run : m_runs)
         std::ranges::stable_sort(run.panels, {}, &ChartPanel::number);
+    std::ranges::stable_sort(m_runs, {}, [](const Run &run) { return nameAndNumber(run.port); });
 
     const auto same = std::ranges::find(m_runs, port, &Run::port);
     if (same == m_runs.end()) {

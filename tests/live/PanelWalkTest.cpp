@@ -37,6 +37,16 @@ TEST(PanelWalk, GoesAlongTheCablesAndRound)
     EXPECT_EQ(walk.words(), "D1, A2.1 of 1");
 }
 
+TEST(PanelWalk, PortsComeInTheirOrder)
+{
+    PanelWalk walk;
+    walk.setPanels({panelOn("", "B1", 1), panelOn("", "A10", 1), panelOn("", "A2", 1), panelOn("", "MAIN 1", 1)});
+    QStringList ports;
+    for (const PanelWalk::Run &run : walk.runs())
+        ports.append(run.port);
+    EXPECT_EQ(ports, (QStringList{"A2", "A10", "B1", "MAIN 1"}));
+}
+
 TEST(PanelWalk, StaysAtItsPlaceWhenTheShowChanges)
 {
     PanelWalk walk;

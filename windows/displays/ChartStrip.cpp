@@ -167,7 +167,7 @@ void ChartStrip::show()
 void ChartStrip::showState()
 {
     const LiveChart &live = m_desk.chart();
-    m_charts->setText(m_chosen->title);
+    m_charts->setText(QString("Chart: ") + m_chosen->title);
     m_charts->setToolTip(QString("The chart that is chosen: finds ") + m_chosen->finds);
     m_range->setVisible(m_chosen->rangeMatters);
     m_colour->setVisible((m_chosen->choices & Chart::Colour) != 0);

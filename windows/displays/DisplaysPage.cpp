@@ -21,6 +21,7 @@ DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     m_table = new RowTable(m_model, "Displays");
+    m_table->setObjectName("ticked");
     m_table->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed);
     column->setSpacing(0);
     column->addWidget(m_table);
