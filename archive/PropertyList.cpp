@@ -72,6 +72,60 @@ qsizetype sizeOf(plist_t archive)
     }
     return size;
 }
+
+/// Nodes of data in a list; not by recursion, as it may be deep.
+qint64 dataCount(plist_t root)
+{
+    qint64 count = 0;
+    std::vector<plist_t> open{root};
+    while (!open.empty()) {
+        plist_t node = open.back();
+        open.pop_back();
+        count += isOfType(node, PLIST_DATA) ? 1 : 0;
+        if (isOfType(node, PLIST_DICT)) {
+            for (const auto &[key, value] : PropertyList::members(node))
+                open.push_back(value);
+        } else if (isOfType(node, PLIST_ARRAY)) {
+            for (plist_t entry : PropertyList::entries(node))
+                open.push_back(entry);
+        }
+    }
+    return count;
+}
+
+/// The same of a binary list that libplist has written: its trailer holds, big-endian, the size of an offset in the
+/// sixth byte, then that of a reference, the count of objects, the top one and where the offsets are.
+qint64 dataCount(const QByteArray &binary)
+{
+    constexpr int dataMarker = 4;
+    const auto number = [&binary](qsizetype at, int size) {
+        quint64 value = 0;
+        for (const char byte : binary.mid(at, size))
+            value = value << 8 | static_cast<uchar>(byte);
+        return static_cast<qsizetype>(value);
+    };
+    const qsizetype trailer = binary.size() - 32;
+    const int offsetSize = static_cast<uchar>(binary[trailer + 6]);
+    const qsizetype objects = number(trailer + 8, 8);
+    const qsizetype offsets = number(trailer + 24, 8);
+    qint64 count = 0;
+    for (qsizetype object = 0; object < objects; ++object) {
+        const qsizetype place = number(offsets + object * offsetSize, offsetSize);
+        count += static_cast<uchar>(binary[place]) >> 4 == dataMarker ? 1 : 0;
+    }
+    return count;
+}
+
+Result<QByteArray> write(plist_t root)
+{
+    char *bytes = nullptr;
+    uint32_t size = 0;
+    plist_to_bin(root, &bytes, &size);
+    const Allocated<char> owner(bytes);
+    if (!bytes)
+        return fail("There is not enough memory to write the archive.");
+    return QByteArray(bytes, size);
+}
 } // namespace
 
 plist_t PropertyList::newText(const QByteArray &utf8)
@@ -108,16 +162,21 @@ Result<PropertyList::Pointer> PropertyList::parse(const QByteArray &bytes)
 
 Result<QByteArray> PropertyList::toBinary(plist_t root)
 {
-    char *bytes = nullptr;
-    uint32_t size = 0;
+    constexpr int mostTries = 20;
     Memory::require(2 * sizeOf(root)); // what is there stays while more is asked for
-    plist_to_bin(root, &bytes, &size);
-    const Allocated<char> owner(bytes);
-    if (!bytes)
-        return fail("There is not enough memory to write the archive.");
-    QByteArray result(bytes, size);
+    Result<QByteArray> result = write(root);
+    // libplist writes equal data once where their addresses happen to fall into one bucket of its table. The same list
+    // shall give the same bytes: it is written from other addresses then.
+    std::vector<Pointer> copies;
+    const qint64 count = dataCount(root);
+    while (result && dataCount(*result) < count && std::ssize(copies) < mostTries) {
+        copies.emplace_back(plist_copy(root));
+        result = write(copies.back().get());
+    }
+    if (!result)
+        return result;
     // What is too large to be read again must not replace a file.
-    return PropertyListGuard::checkBinary(result).map([&result] { return result; });
+    return PropertyListGuard::checkBinary(*result).map([&result] { return *result; });
 }
 
 std::optional<QString> PropertyList::text(plist_t node)

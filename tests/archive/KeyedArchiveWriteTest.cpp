@@ -266,3 +266,20 @@ TEST(KeyedArchiveWrite, WhatCouldNotBeReadAgainIsRefused)
               "The archive cannot be written: The text \"ab\" has a NUL in it; type it anew.");
     EXPECT_EQ(errorOf({ArchiveFault{"a pattern image"}}), "The archive cannot be written: It holds a pattern image.");
 }
+
+TEST(KeyedArchiveWrite, TheSameValuesGiveTheSameBytesWhereverTheyLieInMemory)
+{
+    std::vector<ArchiveValue> values;
+    for (int i = 0; i < 20; ++i) {
+        ArchiveObject object("LWRuler");
+        object.encode("bytes", {QByteArray("1 0 0")});
+        values.push_back({std::make_shared<const ArchiveObject>(object)});
+    }
+    const ArchiveValue list = ArchiveValue::list(values);
+    const QByteArray first = KeyedArchive::write(list).value();
+    std::vector<QByteArray> others; // which keep the memory that the next one might have
+    for (int i = 0; i < 200; ++i) {
+        others.push_back(QByteArray(i * 7, 'x'));
+        ASSERT_EQ(KeyedArchive::write(list).value() == first, true) << i;
+    }
+}
