@@ -23,7 +23,7 @@ constexpr int roomInCell = 6;
 constexpr int pictureDelay = 150; ///< milliseconds; a drag of the window's edge tells many sizes
 constexpr QLatin1StringView folder{"qrc:/docs/"};
 
-/// As links name a heading: "On a second display" is "on-a-second-display".
+/// As links name a heading: "At the wall" is "at-the-wall".
 QString slugOf(const QString &heading)
 {
     static const QRegularExpression signs("[^a-z0-9 -]");

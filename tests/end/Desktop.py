@@ -187,7 +187,8 @@ class Desktop:
             return self.picture().pixels == before
         wait_for("the screen to come to rest", rests)
 
-    def save_picture(self, path):
-        """As PNG, the same bytes for the same screen."""
-        subprocess.run(["import", "-silent", "-window", "root", "-strip", "-define", "png:exclude-chunks=date,time",
+    def save_picture(self, path, part=None):
+        """As PNG, the same bytes for the same screen; of a part of it, "1280x800+0+0", where that is given."""
+        crop = ["-crop", part, "+repage"] if part else []
+        subprocess.run(["import", "-silent", "-window", "root", *crop, "-strip", "-define", "png:exclude-chunks=date,time",
                         "-define", "png:compression-level=9", str(path)], check=True, env=self.environment)

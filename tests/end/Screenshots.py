@@ -5,6 +5,7 @@ import subprocess
 import sys
 from pathlib import Path
 
+import Displays
 import MainWindow
 import WiringTest
 from Desktop import Desktop
@@ -15,6 +16,7 @@ PANEL_WIDTH_FIELD, PANEL_HEIGHT_FIELD = (1180, 326), (1180, 356)
 INSPECTOR_MARGIN = (986, 420)
 SIGNAL_HEAD = (1020, 156)  # when the inspector is scrolled to its end
 PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 282), (1117, 176)  # when that group is folded
+WALK_SWITCH = (296, 745)  # in the pane of displays
 BOOTH = (600, 588)  # the wall at the bottom of the festival, on the canvas
 BOOTH_MOVED = (452, 600)  # so far to the left that it meets the main wall's edge
 
@@ -24,9 +26,9 @@ class Pictures:
         self.program, self.folder = program, folder
         folder.mkdir(parents=True, exist_ok=True)
 
-    def take(self, desktop, name):
+    def take(self, desktop, name, part=None):
         desktop.wait_for_rest()
-        desktop.save_picture(self.folder / name)
+        desktop.save_picture(self.folder / name, part)
         print(self.folder / name)
 
     def open_example(self, desktop, name):
@@ -98,9 +100,24 @@ class Pictures:
             desktop.key("alt+v", "k")
             self.take(desktop, "checks.png")
 
+    def displays(self):
+        with Displays.Displays("1920x1080", "1280x720") as desktop:
+            self.open_example(desktop, "touring")
+            desktop.key("shift+F11")
+            desktop.wait_for_rest()
+            desktop.key("alt+v", "n", "3")
+            desktop.wait_for_rest()
+            desktop.key("F11")
+            desktop.wait_for_rest()
+            desktop.click(*WALK_SWITCH)
+            desktop.wait_for_rest()
+            desktop.key("Next", "Next")
+            self.take(desktop, "displays.png", "1280x800+0+0")
+
 
 pictures = Pictures(Path(sys.argv[1]).resolve(), Path(sys.argv[2]))
 pictures.first_wall()
 pictures.festival()
 pictures.preview()
 pictures.wiring()
+pictures.displays()
