@@ -10,11 +10,8 @@
 #include "show/Project.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
-constexpr Options::Range anyFromNought{0, std::numeric_limits<int>::max()};
-
 /// The options of one command, taken one by one; the first that makes no sense is told.
 class ChartArguments
 {
@@ -71,7 +68,9 @@ private:
                 return fail(
                     QString("--rate expects frames a second from 1 to 1000, found \"%1\"").arg(m_parser.value("rate")));
         }
-        return Options::number(m_parser, "frame", anyFromNought, 0).map([&](int frame) { m_command.frame = frame; });
+        return Options::number(m_parser, "frame", Options::anyFromNought, 0).map([&](int frame) {
+            m_command.frame = frame;
+        });
     }
 
     Result<void> takeRange()

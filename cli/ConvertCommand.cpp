@@ -10,11 +10,8 @@
 #include "still/LWStill.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace {
-constexpr Options::Range anyFromNought{0, std::numeric_limits<int>::max()};
-
 bool usesSettings(const QString &output)
 {
     const Result<FileFormat> format = FileFormat::toWrite(output);
@@ -60,7 +57,7 @@ Result<void> takeColour(Colour &target, const QCommandLineParser &parser, const 
 Result<void> takeSettings(ConvertCommand &command, const QCommandLineParser &parser)
 {
     int layer = 0;
-    Result<void> taken = takeNumber(layer, parser, "layer", anyFromNought);
+    Result<void> taken = takeNumber(layer, parser, "layer", Options::anyFromNought);
     if (parser.isSet("layer"))
         command.picture.layer = layer;
     return taken.and_then([&] {

@@ -30,6 +30,7 @@ struct Range
     int lowest;
     int highest;
 };
+inline constexpr Range anyFromNought{0, std::numeric_limits<int>::max()};
 inline constexpr Range anyFromOne{1, std::numeric_limits<int>::max()};
 
 /// A whole number within `range`; `otherwise` where the option is not given. Error: anything else.
