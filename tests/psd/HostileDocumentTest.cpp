@@ -4,6 +4,7 @@
 
 #include <QtNumeric>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -204,6 +205,7 @@ TEST(HostileDocument, FlagsThatCannotBeAppliedAreNotLeftOutInSilence)
     // Of the pixels of the layer, 20,000 x 13,501, there can be no block to turn; the document shows one row of them.
     QImage tall(20'000, 14'000, Raster::format);
     ASSERT_FALSE(tall.isNull());
+    std::fill_n(tall.scanLine(13'500), tall.bytesPerLine(), uchar{0}); // that row alone, of 1 GiB
     KXPSDWriter writer(QSizeF(20'000, 1));
     const auto layer = writer.addLayerWithCGImage(tall, "tall", 1, {0, -13'500});
     EXPECT_FALSE(writer.createPSDData().isEmpty());
