@@ -1,6 +1,7 @@
 #include "windows/displays/ChartStrip.h"
 
 #include "base/NumberText.h"
+#include "charts/Chart.h"
 #include "windows/Theme.h"
 
 #include <QComboBox>

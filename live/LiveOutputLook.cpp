@@ -1,0 +1,175 @@
+#include "base/NumberText.h"
+#include "live/IdentifyCard.h"
+#include "live/LiveOutput.h"
+#include "live/WallPicture.h"
+#include "live/WallWindow.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <utility>
+
+void LiveOutput::setLook(WallLook look)
+{
+    const std::optional<QRegion> where = WallPicture::difference(m_look, look, m_output.picture.size());
+    const bool isOther = m_look != look;
+    m_look = std::move(look);
+    renew(where);
+    if (isOther)
+        emit changed();
+}
+
+void LiveOutput::setBlack(bool isBlack)
+{
+    WallLook look = m_look;
+    look.isBlack = isBlack;
+    setLook(look);
+}
+
+void LiveOutput::setFrozen(bool isFrozen)
+{
+    WallLook look = m_look;
+    const bool hasChart = m_chart && !m_chart->pictures().empty();
+    if (!isFrozen)
+        look.frozen = {};
+    else if (hasChart)
+        look.frozen = WallPicture::draw(m_output.picture, m_chart->pictures(), {}, m_output.picture.rect());
+    else
+        look.frozen = m_output.picture;
+    setLook(look);
+}
+
+void LiveOutput::setLevel(int level)
+{
+    WallLook look = m_look;
+    look.level = level;
+    setLook(look);
+}
+
+void LiveOutput::setLights(const std::optional<std::vector<WallLight>> &lights, const QString &words)
+{
+    const bool areOthers = std::exchange(m_lightWords, lights ? words : QString()) != m_lightWords;
+    WallLook look = m_look;
+    look.lights = lights;
+    if (m_look != look)
+        setLook(look);
+    else if (areOthers)
+        emit changed();
+}
+
+QStringList LiveOutput::cardOf(const QString &key) const
+{
+    const std::vector<Row> all = rows();
+    const auto row = std::ranges::find_if(all, [&](const Row &one) { return one.display.key() == key; });
+    if (row == all.end())
+        return {};
+    QStringList lines{QString("%1: %2").arg(row - all.begin() + 1).arg(row->display.title()),
+                      NumberText::size(row->display.pixels)};
+    if (row->isOn)
+        lines.last() += QString(" from %1, %2").arg(row->region.offset.x()).arg(row->region.offset.y());
+    else
+        lines.last() += ", no output";
+    return lines;
+}
+
+void LiveOutput::identify()
+{
+    endIdentifying();
+    for (QScreen *screen : QGuiApplication::screens()) {
+        const QString key = WallDisplay::of(*screen).key();
+        const auto wall = m_walls.find(key);
+        if (wall != m_walls.end() && wall->second.window)
+            wall->second.window->setCard(cardOf(key));
+        else
+            m_cards.push_back(std::make_unique<IdentifyCard>(*screen, cardOf(key)));
+    }
+    m_identifying.start();
+    emit changed();
+}
+
+void LiveOutput::endIdentifying()
+{
+    m_identifying.stop();
+    m_cards.clear();
+    for (const auto &[key, wall] : m_walls) {
+        if (wall.window)
+            wall.window->setCard({});
+    }
+    emit changed();
+}
+
+std::vector<LiveOutput::Words> LiveOutput::words() const
+{
+    std::vector<Words> words;
+    if (m_look.isBlack)
+        words.push_back({"BLACKOUT", true});
+    if (!m_lightWords.isEmpty())
+        words.push_back({m_lightWords});
+    if (isFrozen())
+        words.push_back({"FROZEN: the wall shows an older state"});
+    if (m_chart && m_chart->chart())
+        words.push_back({QString("CHART: %1").arg(m_chart->chart()->title)});
+    if (m_look.level != 100)
+        words.push_back({QString("WALL AT %1 %").arg(m_look.level)});
+    if (isIdentifying())
+        words.push_back({"IDENTIFY"});
+    return words;
+}
+
+void LiveOutput::nudge(const QString &key, const QPoint &by)
+{
+    const auto wall = m_walls.find(key);
+    if (wall == m_walls.end())
+        return;
+    WallRegion region = wall->second.region;
+    region.offset = WallRegion::within(region.offset + by);
+    setRegion(key, region);
+}
+
+bool LiveOutput::press(const QKeyEvent &event, const QString &display)
+{
+    const QSize panel = m_panelStep ? m_panelStep() : QSize(1, 1);
+    const bool isPanel = event.modifiers().testFlag(Qt::ControlModifier);
+    const int step = event.modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;
+    const QSize by = isPanel ? panel : QSize(step, step);
+    switch (event.key()) {
+    case Qt::Key_Left:
+        nudge(display, {-by.width(), 0});
+        return true;
+    case Qt::Key_Right:
+        nudge(display, {by.width(), 0});
+        return true;
+    case Qt::Key_Up:
+        nudge(display, {0, -by.height()});
+        return true;
+    case Qt::Key_Down:
+        nudge(display, {0, by.height()});
+        return true;
+    case Qt::Key_Home:
+        setRegion(display, {{}, m_walls.contains(display) ? m_walls[display].region.turn : 0});
+        return true;
+    case Qt::Key_I:
+        identify();
+        return true;
+    case Qt::Key_B:
+        setBlack(!m_look.isBlack);
+        return true;
+    case Qt::Key_F:
+        setFrozen(!isFrozen());
+        return true;
+    case Qt::Key_F11:
+        setOn(display, false);
+        return true;
+    case Qt::Key_Escape:
+        event.modifiers().testFlag(Qt::ShiftModifier) ? leaveAll() : setOn(display, false);
+        return true;
+    default:
+        break;
+    }
+    const int level = event.key() - Qt::Key_1;
+    if (level < 0 || level >= std::ssize(levels))
+        return false;
+    setLevel(levels[static_cast<std::size_t>(level)]);
+    return true;
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "canvas/LWCanvasImageView.h"
+#include "charts/Chart.h"
+#include "live/WallWindow.h"
+#include "tests/windows/WindowFixture.h"
+#include "windows/LayerTable.h"
+#include "windows/displays/DisplaysPage.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTest>
+#include <QToolButton>
+
+/// The program where three displays are connected, see three-displays.json: the window's, one of 1280 x 1024, and one
+/// as large as the output.
+class DisplaysTest : public WindowFixture
+{
+protected:
+    DisplaysTest() { window.makeLateParts(); }
+
+    static QScreen &display(qsizetype number) { return *QGuiApplication::screens().at(number); }
+    void toggle(const QString &title) { choose({"View", "Output on display", title}); }
+    /// The window on a display; null: it shows no output.
+    WallWindow *on(qsizetype number)
+    {
+        for (WallWindow *shown : window.findChildren<WallWindow *>()) {
+            if (shown->isVisible() && shown->screen() == &display(number))
+                return shown;
+        }
+        return nullptr;
+    }
+    QPoint offsetOn(qsizetype number) { return row(number).region.offset; }
+    LiveOutput::Row row(qsizetype number)
+    {
+        return window.findChild<DisplaysModel *>() ? window.findChild<DisplaysModel *>()->row(static_cast<int>(number))
+                                                   : LiveOutput::Row();
+    }
+    QToolButton &tool(const QString &text)
+    {
+        for (QToolButton *button : window.findChildren<QToolButton *>()) {
+            if (button->text() == text)
+                return *button;
+        }
+        ADD_FAILURE() << qPrintable(text);
+        return *window.findChild<QToolButton *>();
+    }
+    /// What stands on the wall, in the main window.
+    QString words()
+    {
+        const QLabel &label = *window.findChild<QLabel *>("wallWords");
+        return label.isVisible() ? label.text() : QString();
+    }
+    static void press(QWidget &there, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(&there, key, modifiers);
+    }
+    using WindowFixture::press;
+    /// The pointer is there on the canvas, in pixels of the output.
+    void pointTo(const std::optional<QPoint> &pixel)
+    {
+        CanvasReadOut readOut;
+        readOut.pixel = pixel;
+        emit canvas().readOutDidChange(readOut);
+    }
+    /// In the menu of the pane, which has small pictures.
+    void chooseChart(const QString &group, const QString &title)
+    {
+        for (QMenu *menu : window.findChildren<QMenu *>()) {
+            if (!qobject_cast<QToolButton *>(menu->parent()) || menu->parent()->parent() == nullptr)
+                continue;
+            if (menu->parent()->parent()->inherits("ChartStrip"))
+                emit menu->aboutToShow();
+        }
+        for (QMenu *menu : window.findChildren<QMenu *>()) {
+            for (QAction *action : menu->title() == group ? menu->actions() : QList<QAction *>()) {
+                if (action->text() == title)
+                    return action->trigger();
+            }
+        }
+        ADD_FAILURE() << qPrintable(title);
+    }
+    static QImage picture(QWidget &there) { return there.grab().toImage(); }
+
+    const QString stage = "2: Stage, 1,280 × 1,024";
+    const QString wall = "3: Wall, 1,920 × 1,080";
+};

@@ -1,0 +1,154 @@
+#include "tests/windows/DisplaysFixture.h"
+
+TEST_F(DisplaysTest, PointingLightsThePanelUnderThePointerOnTheWall)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const LayerPointer layer = window.document().allScreensArray().front();
+    const QSize panel(layer->panelWidth(), layer->panelHeight());
+    const QImage before = picture(*on(2));
+    tool("Point").click();
+    pointTo(QPoint(panel.width() + 3, 5));
+    EXPECT_EQ(words(), "POINT");
+    const QImage lit = picture(*on(2));
+    EXPECT_EQ(lit.pixel(panel.width() + 2, 1), qRgb(255, 255, 255));
+    EXPECT_EQ(lit.pixel(1, 1), qRgb(0, 0, 0));
+    EXPECT_EQ(lit.pixel(panel.width() + (panel.width() - 1) / 2, 1000), qRgb(255, 255, 255)); // the cross
+    pointTo(QPoint(1900, 1070));
+    EXPECT_EQ(picture(*on(2)).pixel(panel.width() + 2, 1), qRgb(0, 0, 0));
+    pointTo(std::nullopt);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words().isEmpty(); }, 1000));
+    EXPECT_EQ(picture(*on(2)), before);
+}
+
+TEST_F(DisplaysTest, APanelThatNoDisplayShowsIsTold)
+{
+    toggle(wall);
+    press(*on(2), Qt::Key_Right);
+    window.findChild<DisplaysModel *>()->setData(window.findChild<DisplaysModel *>()->index(2, DisplaysModel::Offset),
+                                                 "1900, 0");
+    tool("Point").click();
+    pointTo(QPoint(5, 5));
+    EXPECT_TRUE(shows("No display shows A1, Layer 0 1.1."));
+}
+
+TEST_F(DisplaysTest, QHeldOnTheCanvasPointsAsLongAsItIs)
+{
+    toggle(wall);
+    pointTo(QPoint(5, 5));
+    canvas().setFocus();
+    QTest::keyPress(&canvas(), Qt::Key_Q);
+    EXPECT_EQ(words(), "POINT");
+    QTest::keyRelease(&canvas(), Qt::Key_Q);
+    EXPECT_EQ(words(), QString());
+}
+
+TEST_F(DisplaysTest, ARowsClickBlinksItsWallWhilePointingIsOn)
+{
+    toggle(wall);
+    const QModelIndex row = table().model()->index(0, 0);
+    emit table().clicked(row);
+    EXPECT_EQ(words(), QString());
+    tool("Point").click();
+    emit table().clicked(row);
+    EXPECT_EQ(picture(*on(2)).pixel(1, 1), qRgb(255, 255, 255));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words().isEmpty(); }, 3000));
+}
+
+TEST_F(DisplaysTest, AWalkGoesAlongTheCableByTheKeysOfARemote)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const LayerPointer layer = window.document().allScreensArray().front();
+    tool("Walk").click();
+    EXPECT_TRUE(words().startsWith("WALK ")) << qPrintable(words());
+    const QString first = words();
+    const QImage before = picture(*on(2));
+    EXPECT_NE(before.pixel(1, layer->panelHeight() * int(layer->row()) - 2) == qRgb(255, 255, 255),
+              before.pixel(1, 1) == qRgb(255, 255, 255)); // in one of the corners
+    QTest::keyClick(&window, Qt::Key_PageDown);
+    EXPECT_NE(words(), first);
+    EXPECT_NE(picture(*on(2)), before);
+    press(*on(2), Qt::Key_PageUp);
+    EXPECT_EQ(words(), first);
+    press(*on(2), Qt::Key_X);
+    EXPECT_TRUE(tool("Wrong").isChecked());
+    EXPECT_TRUE(tool("1 wrong").isVisible());
+    tool("Walk").click();
+    EXPECT_EQ(words(), QString());
+    EXPECT_TRUE(tool("1 wrong").isVisible());
+}
+
+TEST_F(DisplaysTest, AChartLiesOverThePictureUntilItIsTakenAway)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const QImage before = picture(*on(2));
+    chooseChart("Processor", "Checker, 1 px");
+    tool("Show").click();
+    EXPECT_EQ(words(), "CHART: Checker, 1 px");
+    const QImage checker = picture(*on(2));
+    EXPECT_EQ(checker.pixel(0, 0), qRgb(0, 0, 0));
+    EXPECT_EQ(checker.pixel(1, 0), qRgb(255, 255, 255));
+    EXPECT_EQ(checker.pixel(1919, 1078), qRgb(255, 255, 255));
+    chooseChart("Processor", "Checker, 8 px"); // at once, as one stands
+    EXPECT_EQ(picture(*on(2)).pixel(1, 0), qRgb(0, 0, 0));
+    tool("Show").click();
+    EXPECT_EQ(words(), QString());
+    EXPECT_EQ(picture(*on(2)), before);
+}
+
+TEST_F(DisplaysTest, AChartOverTheWallsLeavesTheRest)
+{
+    toggle(wall);
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const QRect box(0, 0, window.document().allScreensArray().front()->screenSizeWidth(),
+                    window.document().allScreensArray().front()->screenSizeHeight());
+    const QImage before = picture(*on(2));
+    chooseChart("Processor", "Checker, 1 px");
+    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
+        if (combo->accessibleName() == "Over")
+            combo->setCurrentText("Each wall");
+    }
+    tool("Show").click();
+    const QImage picture = this->picture(*on(2));
+    EXPECT_EQ(picture.pixel(1, 0), qRgb(255, 255, 255));
+    for (int y = 0; y < picture.height(); y += 7) {
+        for (int x = 0; x < picture.width(); x += 5) {
+            if (!box.contains(x, y)) {
+                ASSERT_EQ(picture.pixel(x, y), before.pixel(x, y)) << x << "," << y;
+            }
+        }
+    }
+}
+
+TEST_F(DisplaysTest, FullWhiteOverWallsWithWattsAsksOnce)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    window.document().setValue(200, "arrangedObjects.watt");
+    chooseChart("Rigging", "Field");
+    tool("Show").click();
+    EXPECT_EQ(words(), QString());
+    bool isAsked = false;
+    for (const QLabel *label : window.findChildren<QLabel *>())
+        isAsked |= label->text().startsWith("Full white draws ") && label->text().endsWith(". Press Show once more.");
+    EXPECT_TRUE(isAsked);
+    tool("Show").click();
+    EXPECT_EQ(words(), "CHART: Field");
+    tool("Show").click();
+    tool("Show").click();
+    EXPECT_EQ(words(), "CHART: Field");
+}
+
+TEST_F(DisplaysTest, AStrobeIsBegunByHandEachTime)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    chooseChart("Processor", "Checker, 1 px");
+    tool("Show").click();
+    const auto all = Chart::all();
+    const auto strobe = std::ranges::find_if(all, &Chart::flashes);
+    chooseChart(Chart::groupName(strobe->group), strobe->title);
+    EXPECT_EQ(words(), QString());
+    tool("Start strobe (flashing)").click();
+    EXPECT_EQ(words(), QString("CHART: ") + strobe->title);
+}
