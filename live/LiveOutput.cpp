@@ -108,7 +108,8 @@ void LiveOutput::show(const QString &key, QScreen &screen)
         });
         connect(wall.window.get(), &WallWindow::released, this, &LiveOutput::keyReleased);
         connect(&screen, &QScreen::geometryChanged, wall.window.get(), [this, key, &screen] {
-            m_walls[key].display = WallDisplay::of(screen);
+            if (const auto shown = m_walls.find(key); shown != m_walls.end())
+                shown->second.display = WallDisplay::of(screen);
             emit changed();
         });
     }
@@ -120,7 +121,10 @@ void LiveOutput::show(const QString &key, QScreen &screen)
 /// Desktops may put a window on another display than it asked for.
 void LiveOutput::checkPlace(const QString &key)
 {
-    Wall &wall = m_walls[key];
+    const auto found = m_walls.find(key);
+    if (found == m_walls.end() || !found->second.window)
+        return;
+    Wall &wall = found->second;
     const bool wasElsewhere =
         std::exchange(wall.isElsewhere, wall.window->screen() && WallDisplay::of(*wall.window->screen()).key() != key);
     if (wasElsewhere != wall.isElsewhere)
@@ -266,9 +270,16 @@ QString LiveOutput::problem() const
 void LiveOutput::showOutput()
 {
     const qint64 before = std::exchange(m_painted, m_output.picture.cacheKey());
-    const bool isSeen = !m_look.isBlack && !m_look.lights && m_look.frozen.isNull();
-    if (isSeen)
+    if (!isCovered())
         renew(m_output.changes.since(before));
+    if (std::exchange(m_outputSize, m_output.picture.size()) != m_output.picture.size())
+        emit changed(); // what does not fit is another now
+}
+
+/// Neither the picture nor a chart is seen.
+bool LiveOutput::isCovered() const
+{
+    return m_look.isBlack || m_look.lights || isFrozen();
 }
 
 QImage LiveOutput::draw(const QRect &part) const
@@ -293,7 +304,10 @@ void LiveOutput::renew(const std::optional<QRegion> &where)
 void LiveOutput::setChart(LiveChart &chart)
 {
     m_chart = &chart;
-    connect(&chart, &LiveChart::moved, this, [this](const QRegion &output) { renew(output); });
+    connect(&chart, &LiveChart::moved, this, [this](const QRegion &output) {
+        if (!isCovered())
+            renew(output);
+    });
     connect(&chart, &LiveChart::changed, this, [this] {
         renew(std::nullopt);
         emit changed();

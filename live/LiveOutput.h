@@ -129,6 +129,7 @@ private:
     void show(const QString &key, QScreen &screen);
     void checkPlace(const QString &key);
     void setLook(WallLook look);
+    bool isCovered() const;
     QImage draw(const QRect &part) const;
     void renew(const std::optional<QRegion> &where);
     WallRegion regionFor(const QString &key, bool &isKept) const;
@@ -151,4 +152,5 @@ private:
     std::vector<std::unique_ptr<IdentifyCard>> m_cards; ///< on displays that show no output
     std::function<QSize()> m_panelStep;
     qint64 m_painted = 0; ///< the cache key of the output that was shown last
+    QSize m_outputSize;   ///< and its size
 };

@@ -24,6 +24,8 @@ void LiveOutput::setBlack(bool isBlack)
 {
     WallLook look = m_look;
     look.isBlack = isBlack;
+    if (isBlack)
+        endIdentifying(); // nothing is over black
     setLook(look);
 }
 
@@ -79,9 +81,10 @@ void LiveOutput::identify()
     for (QScreen *screen : QGuiApplication::screens()) {
         const QString key = WallDisplay::of(*screen).key();
         const auto wall = m_walls.find(key);
-        if (wall != m_walls.end() && wall->second.window)
+        const bool isOn = wall != m_walls.end() && wall->second.window;
+        if (isOn && !m_look.isBlack)
             wall->second.window->setCard(cardOf(key));
-        else
+        else if (!isOn)
             m_cards.push_back(std::make_unique<IdentifyCard>(*screen, cardOf(key)));
     }
     m_identifying.start();
@@ -129,6 +132,12 @@ void LiveOutput::nudge(const QString &key, const QPoint &by)
 
 bool LiveOutput::press(const QKeyEvent &event, const QString &display)
 {
+    const bool isArrow = event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down;
+    const bool isChord = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
+    if (isChord && !isArrow)
+        return false;
+    if (event.isAutoRepeat() && !isArrow)
+        return true; // a key that is held shall not flash the wall
     const QSize panel = m_panelStep ? m_panelStep() : QSize(1, 1);
     const bool isPanel = event.modifiers().testFlag(Qt::ControlModifier);
     const int step = event.modifiers().testFlag(Qt::ShiftModifier) ? 10 : 1;

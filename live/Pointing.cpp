@@ -40,9 +40,9 @@ void Pointing::move(const std::optional<QPoint> &pixel)
     m_pixel = pixel;
     if (!isActive() || m_blink.isActive())
         return;
-    if (!pixel && m_lights)
+    if (!pixel && m_lights && !m_away.isActive())
         m_away.start();
-    else if (pixel)
+    if (pixel)
         follow();
 }
 

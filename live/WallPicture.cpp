@@ -42,10 +42,10 @@ void drawLights(QPainter &painter, const std::vector<WallLight> &lights, const Q
             drawCross(painter, light, output);
     }
     for (const WallLight &light : lights) {
-        painter.fillRect(light.place, Qt::white);
+        painter.fillRect(light.place & QRect(QPoint(), output), Qt::white);
         painter.setFont(fontFor(light.place, light.words));
         painter.setPen(Qt::black);
-        painter.setClipRect(light.place);
+        painter.setClipRect(light.place & QRect(QPoint(), output));
         painter.drawText(light.place, Qt::AlignCenter, light.words.join('\n'));
         painter.setClipping(false);
     }

@@ -60,6 +60,7 @@ QWidget *CanvasPane::toolSwitch()
     m_hint->setPalette(colours);
     row->addWidget(m_hint, 1);
     m_words->setObjectName("wallWords");
+    m_words->setTextFormat(Qt::PlainText);
     m_words->setAccessibleName("On the wall");
     m_words->setFont(Theme::titleFont());
     m_words->setContentsMargins(Theme::gap, 0, Theme::gap, 0);

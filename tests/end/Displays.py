@@ -3,6 +3,7 @@
 import os
 import shutil
 import subprocess
+from pathlib import Path
 
 from Desktop import Desktop, wait_for
 
@@ -36,7 +37,9 @@ EndSection
 
 def are_to_be_had():
     """Whether this machine can start such a server, which only its owner may."""
-    return os.geteuid() == 0 and all(shutil.which(program) for program in ("Xorg", "xrandr"))
+    programs = ("Xorg", "xrandr", "openbox", "xdotool", "import")
+    driver = Path("/usr/lib/xorg/modules/drivers/dummy_drv.so")
+    return os.geteuid() == 0 and driver.exists() and all(shutil.which(program) for program in programs)
 
 
 class Displays(Desktop):

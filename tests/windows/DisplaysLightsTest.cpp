@@ -41,6 +41,9 @@ TEST_F(DisplaysTest, QHeldOnTheCanvasPointsAsLongAsItIs)
     EXPECT_EQ(words(), "POINT");
     QTest::keyRelease(&canvas(), Qt::Key_Q);
     EXPECT_EQ(words(), QString());
+    QTest::keyPress(&canvas(), Qt::Key_Q);
+    QTest::keyRelease(&canvas(), Qt::Key_Q, Qt::ShiftModifier);
+    EXPECT_EQ(words(), QString());
 }
 
 TEST_F(DisplaysTest, ARowsClickBlinksItsWallWhilePointingIsOn)

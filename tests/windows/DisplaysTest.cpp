@@ -255,3 +255,53 @@ TEST_F(DisplaysTest, ThePanesButtonsDoWhatTheKeysDo)
     tool("Freeze").click();
     EXPECT_EQ(words(), QString());
 }
+
+TEST_F(DisplaysTest, SavingMovesNothingOnTheWall)
+{
+    window.document().openProjectPre(greenProject("one.Orv"));
+    toggle(wall);
+    toggle(stage); // right of it
+    EXPECT_EQ(offsetOn(1), QPoint(1920, 0));
+    window.document().save();
+    EXPECT_EQ(offsetOn(1), QPoint(1920, 0));
+    EXPECT_EQ(offsetOn(2), QPoint(0, 0));
+}
+
+TEST_F(DisplaysTest, NothingIsOverBlack)
+{
+    toggle(wall);
+    QImage black = picture(*on(2));
+    black.fill(Qt::black);
+    press(*on(2), Qt::Key_I);
+    press(*on(2), Qt::Key_B);
+    EXPECT_EQ(picture(*on(2)), black);
+    press(*on(2), Qt::Key_I);
+    EXPECT_EQ(picture(*on(2)), black);
+}
+
+TEST_F(DisplaysTest, AKeyThatIsHeldFlashesNothing)
+{
+    toggle(wall);
+    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_B, Qt::NoModifier, "b", true);
+    QApplication::sendEvent(on(2), &repeated);
+    EXPECT_EQ(words(), QString());
+    press(*on(2), Qt::Key_B, Qt::ControlModifier);
+    EXPECT_EQ(words(), QString());
+}
+
+TEST_F(DisplaysTest, AnotherSizeOfTheOutputIsTold)
+{
+    toggle(wall);
+    window.document().setValue(2000, "OutputWidth");
+    QTest::qWait(150);
+    EXPECT_TRUE(shows("The display has 1,920 × 1,080 pixels, the output 2,000 × 1,080; the rest is cut or black."));
+}
+
+TEST_F(DisplaysTest, ThePanesTableTakesTheKeysOfTheDisplays)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    QWidget *const table = QApplication::focusWidget();
+    ASSERT_TRUE(table);
+    QTest::keyClick(table, Qt::Key_B);
+    EXPECT_EQ(words(), "BLACKOUT");
+}

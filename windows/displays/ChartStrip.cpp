@@ -119,10 +119,7 @@ QComboBox *ChartStrip::addChoice(const QString &name, const QString &tip, const 
 void ChartStrip::choose(const Chart &chart)
 {
     m_chosen = &chart;
-    if (chart.flashes || isFullWhite())
-        m_desk.chart().end(); // each time, somebody says that it shall be
-    else
-        show();
+    show();
     showState();
 }
 
@@ -136,10 +133,20 @@ LiveChart::Style ChartStrip::style() const
     return style;
 }
 
-bool ChartStrip::isFullWhite() const
+/// Whether nobody has heard yet what a full white wall draws.
+bool ChartStrip::mustAsk() const
 {
     const bool isField = (m_chosen->choices & Chart::Colour) != 0;
-    return isField && m_colour->currentIndex() == 0 && m_level->value() == 100;
+    const bool isFullWhite = isField && m_colour->currentIndex() == 0 && m_level->value() == 100;
+    return isFullWhite && !m_wasAsked && !m_desk.power().isEmpty();
+}
+
+void ChartStrip::ask()
+{
+    m_wasAsked = true;
+    m_desk.chart().end();
+    m_show->setChecked(false);
+    m_told->setText(QString("Full white draws %1. Press Show once more.").arg(m_desk.power()));
 }
 
 void ChartStrip::toggle(bool isOn)
@@ -149,19 +156,21 @@ void ChartStrip::toggle(bool isOn)
         m_desk.chart().end();
         return;
     }
-    if (const QString power = m_desk.power(); isFullWhite() && !power.isEmpty() && !m_wasAsked) {
-        m_wasAsked = true;
-        m_show->setChecked(false);
-        m_told->setText(QString("Full white draws %1. Press Show once more.").arg(power));
-        return;
-    }
+    if (mustAsk())
+        return ask();
     m_desk.showChart(*m_chosen, style(), static_cast<LiveDesk::ChartArea>(m_area->currentIndex()));
 }
 
-/// As it is chosen now, where one stands.
+/// As it is chosen now, where one stands; what flashes begins by hand alone, each time.
 void ChartStrip::show()
 {
-    if (m_desk.chart().chart() && !(isFullWhite() && !m_wasAsked))
+    if (!m_desk.chart().chart())
+        return;
+    if (m_chosen->flashes)
+        m_desk.chart().end();
+    else if (mustAsk())
+        ask();
+    else
         m_desk.showChart(*m_chosen, style(), static_cast<LiveDesk::ChartArea>(m_area->currentIndex()));
 }
 

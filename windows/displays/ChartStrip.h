@@ -26,7 +26,8 @@ private:
     void choose(const Chart &chart);
     void toggle(bool isOn);
     void show();
-    bool isFullWhite() const;
+    bool mustAsk() const;
+    void ask();
     LiveChart::Style style() const;
     void showState();
 

@@ -28,6 +28,7 @@ DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
     column->addWidget(new ChartStrip(desk));
     column->addWidget(new WalkStrip(desk.walk()));
     setFocusProxy(m_table);
+    m_table->installEventFilter(this);
     addTools(desk);
     connect(m_table, &QTableView::doubleClicked, this, &DisplaysPage::turn);
     connect(&m_model, &DisplaysModel::toggled, &desk, &LiveDesk::toggle);
@@ -99,10 +100,23 @@ void DisplaysPage::turn(const QModelIndex &index)
         m_live.setRegion(row.display.key(), {row.region.offset, (row.region.turn + 90) % 360});
 }
 
+/// A table would look for rows that begin with the letter.
+bool DisplaysPage::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress && press(static_cast<const QKeyEvent &>(*event)))
+        return true;
+    return TablePage::eventFilter(watched, event);
+}
+
 void DisplaysPage::keyPressEvent(QKeyEvent *event)
 {
-    const bool isNudge = event->key() >= Qt::Key_Home && event->key() <= Qt::Key_Down;
-    const bool isPlain = event->modifiers() == Qt::NoModifier;
-    if (!isPlain || isNudge || event->key() == Qt::Key_Escape || !m_live.press(*event, {}))
+    if (!press(*event))
         TablePage::keyPressEvent(event);
+}
+
+bool DisplaysPage::press(const QKeyEvent &event)
+{
+    const bool isLetter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+    const bool isFigure = event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9;
+    return event.modifiers() == Qt::NoModifier && (isLetter || isFigure) && m_live.press(event, {});
 }

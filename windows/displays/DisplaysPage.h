@@ -27,10 +27,12 @@ public:
 protected:
     /// The keys of the displays, but for those that the table takes.
     void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void addTools(LiveDesk &desk);
     QToolButton *addTool(const QString &text, const QString &tip);
+    bool press(const QKeyEvent &event);
     void showLive();
     void turn(const QModelIndex &index);
 

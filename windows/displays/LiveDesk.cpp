@@ -37,14 +37,22 @@ qint64 steadyClock()
 } // namespace
 
 LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
-    : m_document(document), m_window(window), m_live(document.composedOutput(), window, memoryOf(document)),
-      m_pointing([this](const QPoint &pixel) { return panelAt(pixel); }), m_chart(steadyClock)
+    : m_document(document), m_window(window), m_chart(steadyClock),
+      m_live(document.composedOutput(), window, memoryOf(document)),
+      m_pointing([this](const QPoint &pixel) { return panelAt(pixel); })
 {
     m_live.setChart(m_chart);
     m_live.setPanelStep([this] { return panelOfSelected(); });
     connect(&document, &LWAppDelegate::composed, &m_live, &LiveOutput::showOutput);
-    connect(&document, &LWAppDelegate::projectDidSave, &m_live, &LiveOutput::keepRegions);
-    connect(&document, &LWAppDelegate::projectPathDidChange, &m_live, &LiveOutput::takeRegions);
+    connect(&document, &LWAppDelegate::projectDidSave, this, [this](const QString &path) {
+        m_saved = path;
+        m_live.keepRegions();
+    });
+    // The path that has just been saved is that of the same show.
+    connect(&document, &LWAppDelegate::projectPathDidChange, this, [this](const QString &path) {
+        if (std::exchange(m_saved, {}) != path || path.isEmpty())
+            m_live.takeRegions();
+    });
     connect(&m_live, &LiveOutput::changed, this, &LiveDesk::followState);
     connect(&document, &LWAppDelegate::changed, this, &LiveDesk::followShow);
     connect(&m_pointing, &Pointing::changed, this, &LiveDesk::showLights);
@@ -65,7 +73,8 @@ bool LiveDesk::eventFilter(QObject *watched, QEvent *event)
     if (!isPress && event->type() != QEvent::KeyRelease)
         return QObject::eventFilter(watched, event);
     const auto &key = static_cast<const QKeyEvent &>(*event);
-    if (key.key() != Qt::Key_Q || key.modifiers() != Qt::NoModifier)
+    // Another key may have been pressed before Q is let go.
+    if (key.key() != Qt::Key_Q || (isPress && key.modifiers() != Qt::NoModifier))
         return QObject::eventFilter(watched, event);
     if (!key.isAutoRepeat())
         m_pointing.setHeld(isPress);

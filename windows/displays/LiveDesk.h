@@ -71,13 +71,14 @@ private:
 
     LWAppDelegate &m_document;
     QWidget &m_window;
+    LiveChart m_chart; ///< which the next one looks at
     LiveOutput m_live;
+    QString m_saved;                      ///< the path that was saved just now
     std::unique_ptr<ScreenAwake> m_awake; ///< null until the first display is on
     QString m_last;                       ///< key of the display that was chosen last
     Pointing m_pointing;
     WallWalk m_walk;
     bool m_wasWalking = false;
-    LiveChart m_chart;
     ChartArea m_chartArea = ChartArea::Output;
     std::optional<ChartPanels> m_panels; ///< of the show as it is; nullopt: nobody has asked since it changed
     QStringList m_unseen;                ///< words of the panel that was told to be on no display

@@ -117,7 +117,7 @@ bool WallWalk::eventFilter(QObject *watched, QEvent *event)
     if (!act || (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier)
         return QObject::eventFilter(watched, event);
     event->accept();
-    if (isPress)
+    if (isPress && !(key.isAutoRepeat() && act == &WallWalk::toggleMark))
         (this->*act)();
     return true;
 }
