@@ -35,6 +35,10 @@ EndSection
 """
 
 
+class NotToBeHad(Exception):
+    """The server does not start on this machine."""
+
+
 def are_to_be_had():
     """Whether this machine can start such a server, which only its owner may."""
     programs = ("Xorg", "xrandr", "openbox", "xdotool", "import")
@@ -60,7 +64,8 @@ class Displays(Desktop):
         os.close(writing)
         with os.fdopen(reading) as display:
             number = display.readline().strip()
-        assert number, "Xorg did not start"
+        if not number:
+            raise NotToBeHad
         self.environment = self._environment(f":{number}")
         self.randr("--output", "DUMMY0", "--mode", "1280x800")
         for number, mode in enumerate(self.others, 1):

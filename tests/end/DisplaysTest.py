@@ -107,9 +107,16 @@ class Trial:
 
 
 def main():
-    if not Displays.are_to_be_had():
+    try:
+        if not Displays.are_to_be_had():
+            raise Displays.NotToBeHad
+        try_displays()
+    except Displays.NotToBeHad:
         print("Skipped: no X server with several displays can be started here.")
         sys.exit(SKIPPED)
+
+
+def try_displays():
     program, show = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
     with Displays.Displays(WIDE, SMALL) as desktop:
         try:
