@@ -243,7 +243,7 @@ QString LiveOutput::problemOf(const Wall &wall) const
     const QString &name = wall.display.connector;
     if (!m_wanted.isConnected(wall.display.key()))
         return QString("%1 is gone; the output returns to it when it is back.").arg(name);
-    if (const QString why = wall.display.whyNotExact(isWayland()); !why.isEmpty())
+    if (QString why = wall.display.whyNotExact(isWayland()); !why.isEmpty())
         return why;
     if (wall.isElsewhere)
         return QString("The output for %1 came up on %2; press I on it to see which display is which.")
