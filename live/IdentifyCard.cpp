@@ -54,9 +54,9 @@ void IdentifyCard::paintOnDisplay(QPainter &painter, const QSize &size, int turn
     painter.drawRect(0, 0, size.width() - 1, size.height() - 1);
     const QSize upright = turn % 180 == 0 ? size : size.transposed();
     painter.save();
-    painter.translate(size.width() / 2, size.height() / 2);
+    painter.translate(QPoint(size.width() / 2, size.height() / 2));
     painter.rotate(turn);
-    painter.translate(-upright.width() / 2, -upright.height() / 2);
+    painter.translate(-QPoint(upright.width() / 2, upright.height() / 2));
     paintCard(painter, cardOf(upright), lines);
     painter.restore();
 }

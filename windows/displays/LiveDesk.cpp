@@ -20,11 +20,11 @@ namespace {
 LiveOutput::Memory memoryOf(LWAppDelegate &document)
 {
     return {[&document](const QString &display) {
-                const QString path = document.projectPath();
+                const QString &path = document.projectPath();
                 return path.isEmpty() ? QString() : Settings::wallRegion(display, path);
             },
             [&document](const QString &display, const QString &region) {
-                if (const QString path = document.projectPath(); !path.isEmpty())
+                if (const QString &path = document.projectPath(); !path.isEmpty())
                     Settings::setWallRegion(display, path, region);
             }};
 }
