@@ -34,6 +34,8 @@ struct ChartPanel
     QString name;   ///< its label; may be empty
     QString port;   ///< "A1"; empty: on none
     int number = 0; ///< its place on the port, from 1; 0: on none
+
+    bool operator==(const ChartPanel &) const = default;
 };
 
 /// What a person can choose of a chart; each concerns the charts that say so (Chart::choices).

@@ -41,16 +41,23 @@ void LiveChart::show(const Chart &chart, const Style &style, const std::vector<P
         m_timer.start(static_cast<int>(std::floor(1000 / m_style.rate)));
     else
         m_timer.stop();
-    setPlaces(places);
+    m_places = places;
+    drawPlaces();
 }
 
 void LiveChart::setPlaces(const std::vector<Place> &places)
 {
-    if (!m_chart)
+    if (!m_chart || m_places == places)
         return;
+    m_places = places;
+    drawPlaces();
+}
+
+void LiveChart::drawPlaces()
+{
     m_shapes.clear();
     m_pictures.clear();
-    for (const Place &place : places) {
+    for (const Place &place : m_places) {
         if (place.box.isEmpty())
             continue;
         ChartShape shape = shapeOf(place, m_style);

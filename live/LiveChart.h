@@ -24,6 +24,8 @@ public:
         QRect box;                           ///< pixels of the output
         std::vector<ChartPanel> panels = {}; ///< in pixels of the output
         std::vector<QRect> walls = {};       ///< likewise
+
+        bool operator==(const Place &) const = default;
     };
     /// How a chart is shown.
     struct Style
@@ -49,7 +51,7 @@ public:
     /// Begins a chart of the table at its first frame. Places without pixels, and those for which there is no memory,
     /// are left out.
     void show(const Chart &chart, const Style &style, const std::vector<Place> &places);
-    /// The show has changed: it goes on at the same frame.
+    /// The show has changed: it goes on at the same frame, drawn anew where places are others.
     void setPlaces(const std::vector<Place> &places);
     void end();
     /// Null: there is none.
@@ -70,6 +72,8 @@ signals:
     void moved(const QRegion &output);
 
 private:
+    void drawPlaces();
+
     Clock m_clock;
     QTimer m_timer; ///< only begins frames: which one it is, the clock says
     const Chart *m_chart = nullptr;
@@ -77,6 +81,7 @@ private:
     qint64 m_begin = 0;
     qint64 m_frame = 0;
     qint64 m_late = 0;
+    std::vector<Place> m_places;
     std::vector<ChartShape> m_shapes; ///< of the pictures
     std::vector<Picture> m_pictures;
 };

@@ -103,10 +103,7 @@ void LiveOutput::show(const QString &key, QScreen &screen)
         connect(wall.window.get(), &WallWindow::pressed, this, [this, key](QKeyEvent *event) {
             if (press(*event, key))
                 event->accept();
-            else
-                emit keyPressed(event);
         });
-        connect(wall.window.get(), &WallWindow::released, this, &LiveOutput::keyReleased);
         connect(&screen, &QScreen::geometryChanged, wall.window.get(), [this, key, &screen] {
             if (const auto shown = m_walls.find(key); shown != m_walls.end())
                 shown->second.display = WallDisplay::of(screen);

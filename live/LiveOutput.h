@@ -105,9 +105,6 @@ public:
 signals:
     /// rows(), look(), words() or problem() is another now.
     void changed();
-    /// A key was pressed on a display that this knows nothing of.
-    void keyPressed(QKeyEvent *event);
-    void keyReleased(QKeyEvent *event);
 
 private:
     struct GoAway

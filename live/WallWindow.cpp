@@ -119,14 +119,6 @@ void WallWindow::keyPressEvent(QKeyEvent *event)
         QWidget::keyPressEvent(event);
 }
 
-void WallWindow::keyReleaseEvent(QKeyEvent *event)
-{
-    event->ignore();
-    emit released(event);
-    if (!event->isAccepted())
-        QWidget::keyReleaseEvent(event);
-}
-
 void WallWindow::closeEvent(QCloseEvent *event)
 {
     emit closed();

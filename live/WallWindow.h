@@ -35,12 +35,10 @@ signals:
     void closed();
     /// A key was pressed here; whoever takes it accepts it.
     void pressed(QKeyEvent *event);
-    void released(QKeyEvent *event);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void keyReleaseEvent(QKeyEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:

@@ -79,6 +79,20 @@ TEST_F(LiveChartTest, WhatFlashesEndsAfterThirtySeconds)
     EXPECT_EQ(live.chart(), nullptr);
 }
 
+TEST_F(LiveChartTest, ThePictureStaysWhileThePlacesAreTheSame)
+{
+    show("ramp");
+    const qint64 before = live.pictures()[0].image.cacheKey();
+    int told = 0;
+    QObject::connect(&live, &LiveChart::changed, &live, [&told] { ++told; });
+    live.setPlaces({{QRect(10, 20, 160, 90)}});
+    EXPECT_EQ(live.pictures()[0].image.cacheKey(), before);
+    EXPECT_EQ(told, 0);
+    live.setPlaces({{QRect(11, 20, 160, 90)}});
+    EXPECT_EQ(live.pictures()[0].box, QRect(11, 20, 160, 90));
+    EXPECT_EQ(told, 1);
+}
+
 TEST_F(LiveChartTest, EachPlaceHasItsOwnPixels)
 {
     const ChartPanel panel{QRect(30, 40, 8, 8), "A1", "A1", 1};

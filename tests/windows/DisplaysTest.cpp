@@ -232,13 +232,13 @@ TEST_F(DisplaysTest, F11OpensThePaneWhichSaysWhatIsWhere)
     EXPECT_EQ(text(1, DisplaysModel::Display), "2: Stage");
     EXPECT_EQ(text(1, DisplaysModel::Place), "1920, 0");
     EXPECT_EQ(text(1, DisplaysModel::Pixels), "1,280 × 1,024");
-    EXPECT_EQ(text(1, DisplaysModel::Shows), "off");
+    EXPECT_EQ(text(1, DisplaysModel::State), "off");
     EXPECT_TRUE(model.setData(model.index(1, DisplaysModel::Display), Qt::Checked, Qt::CheckStateRole));
     EXPECT_TRUE(on(1));
-    EXPECT_EQ(text(1, DisplaysModel::Shows), "on, the usual region");
+    EXPECT_EQ(text(1, DisplaysModel::State), "on, the usual region");
     EXPECT_TRUE(model.setData(model.index(1, DisplaysModel::Offset), "64 -8"));
     EXPECT_EQ(offsetOn(1), QPoint(64, -8));
-    EXPECT_EQ(text(1, DisplaysModel::Shows), "on, this show's region");
+    EXPECT_EQ(text(1, DisplaysModel::State), "on, this show's region");
     EXPECT_FALSE(model.setData(model.index(1, DisplaysModel::Offset), "left"));
     EXPECT_TRUE(shows("\"left\" is no place: type x and y of the output, \"1920, 0\"."));
 }

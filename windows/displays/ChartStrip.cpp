@@ -59,7 +59,7 @@ ChartStrip::ChartStrip(LiveDesk &desk, QWidget *parent) : QWidget(parent), m_des
     row->addWidget(m_told, 1);
     connect(m_show, &QToolButton::clicked, this, &ChartStrip::toggle);
     connect(&desk.chart(), &LiveChart::changed, this, &ChartStrip::showState);
-    connect(&desk.chart(), &LiveChart::moved, this, &ChartStrip::showState);
+    connect(&desk.chart(), &LiveChart::moved, this, &ChartStrip::showLate);
     showState();
 }
 
@@ -187,5 +187,11 @@ void ChartStrip::showState()
     m_show->setToolTip("Lays the chart over the picture on the wall");
     m_show->setChecked(live.chart() != nullptr);
     if (live.chart())
-        m_told->setText(live.lateFrames() > 0 ? NumberText::counted(live.lateFrames(), "frame") + " late" : QString());
+        showLate();
+}
+
+void ChartStrip::showLate()
+{
+    const qint64 late = m_desk.chart().lateFrames();
+    m_told->setText(late > 0 ? NumberText::counted(late, "frame") + " late" : QString());
 }

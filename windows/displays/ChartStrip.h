@@ -30,6 +30,7 @@ private:
     void ask();
     LiveChart::Style style() const;
     void showState();
+    void showLate();
 
     LiveDesk &m_desk;
     const Chart *m_chosen;

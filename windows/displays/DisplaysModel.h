@@ -19,7 +19,7 @@ public:
         Pixels,
         Offset, ///< can be typed: "1920, 0"
         Turned,
-        Shows,
+        State,
         ColumnCount
     };
 

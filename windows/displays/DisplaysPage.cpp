@@ -1,6 +1,5 @@
 #include "windows/displays/DisplaysPage.h"
 
-#include "base/NumberText.h"
 #include "windows/Theme.h"
 #include "windows/displays/ChartStrip.h"
 #include "windows/displays/LiveDesk.h"
@@ -34,6 +33,9 @@ DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
     connect(&m_model, &DisplaysModel::toggled, &desk, &LiveDesk::toggle);
     connect(&m_model, &DisplaysModel::failureTold, this, &DisplaysPage::failureTold);
     connect(&m_live, &LiveOutput::changed, this, &DisplaysPage::showLive);
+    connect(&m_model, &DisplaysModel::modelReset, m_table, &RowTable::resizeColumnsToContents);
+    connect(&m_model, &DisplaysModel::dataChanged, m_table, &RowTable::resizeColumnsToContents);
+    m_table->resizeColumnsToContents();
     showLive();
 }
 
@@ -77,8 +79,7 @@ TablePage::State DisplaysPage::state() const
     const std::vector<LiveOutput::Row> rows = m_live.rows();
     const auto on = std::ranges::count_if(rows, &LiveOutput::Row::isOn);
     const bool isAnyGone = std::ranges::any_of(rows, [](const auto &row) { return row.isOn && !row.isConnected; });
-    const QString text = NumberText::counted(std::ssize(rows), "display") + QString(", %1 on").arg(on);
-    return {text, isAnyGone ? Level::Doubtful : Level::Fine};
+    return {QString("%1 of %2 on").arg(on).arg(rows.size()), isAnyGone ? Level::Doubtful : Level::Fine};
 }
 
 void DisplaysPage::showLive()
@@ -88,7 +89,6 @@ void DisplaysPage::showLive()
     m_freeze->setChecked(m_live.isFrozen());
     m_point->setChecked(m_pointing.isActive());
     m_level->setCurrentIndex(m_level->findData(m_live.look().level));
-    m_table->resizeColumnsToContents();
     emit stateDidChange();
 }
 

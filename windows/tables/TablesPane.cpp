@@ -32,7 +32,7 @@ TablesPane::TablesPane(LWAppDelegate &document, RestedChecks &checks, LiveDesk &
     addPage(new DisplaysPage(desk));
     setOpen(false);
     connect(&document, &LWAppDelegate::changed, this, &TablesPane::follow);
-    connect(&desk.live(), &LiveOutput::changed, this, &TablesPane::follow);
+    connect(&desk.live(), &LiveOutput::changed, this, &TablesPane::showOrHide);
 }
 
 void TablesPane::addHead()
@@ -103,9 +103,14 @@ void TablesPane::turnTo(Page page)
 }
 
 /// In sight from the first processor or display on, and as long as it is open.
-void TablesPane::follow()
+void TablesPane::showOrHide()
 {
     setVisible(m_isOpen || !m_document.wiring().processors().empty() || m_desk.live().isAnyOn());
+}
+
+void TablesPane::follow()
+{
+    showOrHide();
     if (!isVisible())
         return;
     for (TablePage *page : m_pages)

@@ -49,6 +49,7 @@ private:
     void addHead();
     void addPage(TablePage *page);
     void turnTo(Page page);
+    void showOrHide();
     void follow();
     void showTabs();
     void showState();
