@@ -24,14 +24,16 @@ bool isWayland()
 }
 } // namespace
 
-LiveOutput::LiveOutput(const ComposedOutput &output, QWidget &window, Memory memory)
-    : m_output(output), m_window(window), m_memory(std::move(memory))
+LiveOutput::LiveOutput(const ShownOutput &shown, QWidget &window, Memory memory)
+    : m_shown(shown), m_window(window), m_memory(std::move(memory))
 {
     m_identifying.setSingleShot(true);
     m_identifying.setInterval(identifyTime);
     connect(&m_identifying, &QTimer::timeout, this, &LiveOutput::endIdentifying);
     for (const QScreen *screen : QGuiApplication::screens())
         m_wanted.appear(WallDisplay::of(*screen).key());
+    connect(&shown, &ShownOutput::changed, this, &LiveOutput::showOutput);
+    connect(&shown.chart(), &LiveChart::changed, this, &LiveOutput::changed);
     connect(qApp, &QGuiApplication::screenAdded, this, &LiveOutput::addScreen);
     connect(qApp, &QGuiApplication::screenRemoved, this, &LiveOutput::removeScreen);
 }
@@ -98,7 +100,8 @@ void LiveOutput::show(const QString &key, QScreen &screen)
     if (isNew)
         wall.region = regionFor(key, wall.isRegionKept);
     if (!wall.window) {
-        wall.window.reset(new WallWindow([this](const QRect &part) { return draw(part); }, &m_window));
+        wall.window.reset(new WallWindow(
+            [this](const QRect &part) { return WallPicture::draw(picture(), m_look, part); }, &m_window));
         connect(wall.window.get(), &WallWindow::closed, this, [this, key] { setOn(key, false); });
         connect(wall.window.get(), &WallWindow::pressed, this, [this, key](QKeyEvent *event) {
             if (press(*event, key))
@@ -245,7 +248,7 @@ QString LiveOutput::problemOf(const Wall &wall) const
     if (wall.isElsewhere)
         return QString("The output for %1 came up on %2; press I on it to see which display is which.")
             .arg(name, wall.window->screen()->name());
-    const QRect output = m_output.picture.rect();
+    const QRect output = picture().rect();
     const QRect part = wall.region.part(wall.display.pixels);
     const bool isAllShown = (QRegion(output) - shownParts()).isEmpty();
     if (output.isEmpty() || (isAllShown && output.contains(part)))
@@ -266,10 +269,10 @@ QString LiveOutput::problem() const
 
 void LiveOutput::showOutput()
 {
-    const qint64 before = std::exchange(m_painted, m_output.picture.cacheKey());
+    const qint64 before = std::exchange(m_painted, picture().cacheKey());
     if (!isCovered())
-        renew(m_output.changes.since(before));
-    if (std::exchange(m_outputSize, m_output.picture.size()) != m_output.picture.size())
+        renew(m_shown.output().changes.since(before));
+    if (std::exchange(m_outputSize, picture().size()) != picture().size())
         emit changed(); // what does not fit is another now
 }
 
@@ -277,12 +280,6 @@ void LiveOutput::showOutput()
 bool LiveOutput::isCovered() const
 {
     return m_look.isBlack || m_look.lights || isFrozen();
-}
-
-QImage LiveOutput::draw(const QRect &part) const
-{
-    static const std::vector<LiveChart::Picture> none;
-    return WallPicture::draw(m_output.picture, m_chart ? m_chart->pictures() : none, m_look, part);
 }
 
 /// Pixels of the output look otherwise; nullopt: any may.
@@ -296,17 +293,4 @@ void LiveOutput::renew(const std::optional<QRegion> &where)
         else
             wall.window->update();
     }
-}
-
-void LiveOutput::setChart(LiveChart &chart)
-{
-    m_chart = &chart;
-    connect(&chart, &LiveChart::moved, this, [this](const QRegion &output) {
-        if (!isCovered())
-            renew(output);
-    });
-    connect(&chart, &LiveChart::changed, this, [this] {
-        renew(std::nullopt);
-        emit changed();
-    });
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include "live/LiveChart.h"
+#include "live/ShownOutput.h"
 #include "live/WallDisplay.h"
 #include "live/WallLook.h"
 #include "live/WallRegion.h"
 #include "live/WantedDisplays.h"
-#include "output/ComposedOutput.h"
 
 #include <QKeyEvent>
 #include <QObject>
@@ -57,12 +56,10 @@ public:
 
     static constexpr std::array levels{100, 75, 50, 25, 10};
 
-    /// `output` is read whenever a display is painted; both outlive this.
-    LiveOutput(const ComposedOutput &output, QWidget &window, Memory memory);
+    /// `shown` is read whenever a display is painted; both outlive this.
+    LiveOutput(const ShownOutput &shown, QWidget &window, Memory memory);
     ~LiveOutput() override;
 
-    /// The output was composed anew.
-    void showOutput();
     /// The show is another one: displays that are on take its regions.
     void takeRegions();
     /// The show has been saved under a name: that has its regions from now on.
@@ -88,8 +85,6 @@ public:
     void setLights(const std::optional<std::vector<WallLight>> &lights, const QString &words = {});
     /// Whether any display shows some of a place of the output.
     bool isSeen(const QRect &place) const;
-    /// What lies over the picture; outlives this.
-    void setChart(LiveChart &chart);
     /// Of the first display that is on, in Hz; 60 where none is, or none says.
     double frameRate() const;
     /// All displays tell for three seconds which they are.
@@ -126,8 +121,9 @@ private:
     void show(const QString &key, QScreen &screen);
     void checkPlace(const QString &key);
     void setLook(WallLook look);
+    void showOutput();
     bool isCovered() const;
-    QImage draw(const QRect &part) const;
+    const QImage &picture() const { return m_shown.output().picture; }
     void renew(const std::optional<QRegion> &where);
     WallRegion regionFor(const QString &key, bool &isKept) const;
     QPoint rightOfOthers(const QString &key) const;
@@ -137,12 +133,11 @@ private:
     QStringList cardOf(const QString &key) const;
     void endIdentifying();
 
-    const ComposedOutput &m_output;
+    const ShownOutput &m_shown;
     QWidget &m_window;
     Memory m_memory;
     WallLook m_look;
     QString m_lightWords;
-    LiveChart *m_chart = nullptr;
     WantedDisplays m_wanted;
     std::map<QString, Wall> m_walls; ///< by their keys
     QTimer m_identifying;

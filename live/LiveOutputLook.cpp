@@ -12,7 +12,7 @@
 
 void LiveOutput::setLook(WallLook look)
 {
-    const std::optional<QRegion> where = WallPicture::difference(m_look, look, m_output.picture.size());
+    const std::optional<QRegion> where = WallPicture::difference(m_look, look, picture().size());
     const bool isOther = m_look != look;
     m_look = std::move(look);
     renew(where);
@@ -32,13 +32,7 @@ void LiveOutput::setBlack(bool isBlack)
 void LiveOutput::setFrozen(bool isFrozen)
 {
     WallLook look = m_look;
-    const bool hasChart = m_chart && !m_chart->pictures().empty();
-    if (!isFrozen)
-        look.frozen = {};
-    else if (hasChart)
-        look.frozen = WallPicture::draw(m_output.picture, m_chart->pictures(), {}, m_output.picture.rect());
-    else
-        look.frozen = m_output.picture;
+    look.frozen = isFrozen ? picture() : QImage();
     setLook(look);
 }
 
@@ -111,8 +105,8 @@ std::vector<LiveOutput::Words> LiveOutput::words() const
         words.push_back({m_lightWords});
     if (isFrozen())
         words.push_back({"FROZEN: the wall shows an older state"});
-    if (m_chart && m_chart->chart())
-        words.push_back({QString("CHART: %1").arg(m_chart->chart()->title)});
+    if (const Chart *const chart = m_shown.chart().chart())
+        words.push_back({QString("CHART: %1").arg(chart->title)});
     if (m_look.level != 100)
         words.push_back({QString("WALL AT %1 %").arg(m_look.level)});
     if (isIdentifying())

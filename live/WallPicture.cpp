@@ -51,20 +51,11 @@ void drawLights(QPainter &painter, const std::vector<WallLight> &lights, const Q
     }
 }
 
-/// What of a picture at a place lies in a part.
-void drawPart(QPainter &painter, const QImage &picture, const QPoint &place, const QRect &part)
+void drawPart(QPainter &painter, const QImage &picture, const QRect &part)
 {
-    const QRect seen = part & picture.rect().translated(place);
+    const QRect seen = part & picture.rect();
     if (!seen.isEmpty())
-        painter.drawImage(seen.topLeft(), picture, seen.translated(-place));
-}
-
-void drawWithCharts(QPainter &painter, const QImage &output, const std::vector<LiveChart::Picture> &charts,
-                    const QRect &part)
-{
-    drawPart(painter, output, {}, part);
-    for (const LiveChart::Picture &chart : charts)
-        drawPart(painter, chart.image, chart.box.topLeft(), part & output.rect());
+        painter.drawImage(seen.topLeft(), picture, seen);
 }
 
 /// What a lit place and its cross cover.
@@ -84,8 +75,7 @@ QRegion extentOf(const std::vector<WallLight> &lights, const QSize &output)
 
 namespace WallPicture {
 
-QImage draw(const QImage &output, const std::vector<LiveChart::Picture> &charts, const WallLook &look,
-            const QRect &part)
+QImage draw(const QImage &output, const WallLook &look, const QRect &part)
 {
     QImage picture(part.size(), QImage::Format_RGB32);
     picture.fill(Qt::black);
@@ -95,10 +85,8 @@ QImage draw(const QImage &output, const std::vector<LiveChart::Picture> &charts,
     painter.translate(-part.topLeft());
     if (look.lights)
         drawLights(painter, *look.lights, output.size());
-    else if (!look.frozen.isNull())
-        drawPart(painter, look.frozen, {}, part);
     else
-        drawWithCharts(painter, output, charts, part);
+        drawPart(painter, look.frozen.isNull() ? output : look.frozen, part);
     painter.end();
     dim(picture, look.level);
     return picture;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "live/LiveChart.h"
 #include "live/WallLook.h"
 
 #include <QImage>
@@ -12,9 +11,8 @@
 namespace WallPicture {
 
 /// A part of the plane in which the output lies with its top left at 0,0: what is beyond it is black. `output`: in
-/// raster format, or null; `charts` lie over it. Returns RGB32 of the part's size.
-QImage draw(const QImage &output, const std::vector<LiveChart::Picture> &charts, const WallLook &look,
-            const QRect &part);
+/// raster format, or null. Returns RGB32 of the part's size.
+QImage draw(const QImage &output, const WallLook &look, const QRect &part);
 
 /// Where two looks may differ, in pixels of an output of that size. Nullopt: anywhere.
 std::optional<QRegion> difference(const WallLook &before, const WallLook &after, const QSize &output);

@@ -2,17 +2,18 @@
 
 #include "app/LWAppDelegate.h"
 #include "canvas/CanvasDocument.h"
+#include "live/ShownOutput.h"
 
 /// The document as the canvas sees it.
 class CanvasLink final : public CanvasDocument
 {
 public:
-    /// `document` outlives this.
-    explicit CanvasLink(LWAppDelegate &document) : m_document(document) {}
+    /// Both outlive this. `shown`: the output as the canvas shows it.
+    CanvasLink(LWAppDelegate &document, const ShownOutput &shown) : m_document(document), m_shown(shown) {}
 
     int OutputWidth() const override { return m_document.OutputWidth(); }
     int OutputHeight() const override { return m_document.OutputHeight(); }
-    const ComposedOutput &output() const override { return m_document.composedOutput(); }
+    const ComposedOutput &output() const override { return m_shown.output(); }
     LayerPointer selectedLayer() const override { return m_document.arraycontroller().selectedLayer(); }
     std::vector<LayerPointer> layers() const override { return m_document.allScreensArray(); }
     std::vector<LayerPointer> selectedLayers() const override { return m_document.selectedLayers(); }
@@ -24,4 +25,5 @@ public:
 
 private:
     LWAppDelegate &m_document;
+    const ShownOutput &m_shown;
 };

@@ -247,7 +247,7 @@ void MainWindow::connectDocument()
     connect(&m_document, &LWAppDelegate::changed, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_document, &LWAppDelegate::changed, this, &MainWindow::showPower);
     connect(&m_checks, &RestedChecks::rested, m_layerTable->viewport(), qOverload<>(&QWidget::update));
-    connect(&m_document, &LWAppDelegate::composed, m_canvas, &LWCanvasImageView::showOutput);
+    connect(&m_desk.shown(), &ShownOutput::changed, m_canvas, &LWCanvasImageView::showOutput);
     connect(&m_document, &LWAppDelegate::composed, m_layerTable->viewport(), qOverload<>(&QWidget::update));
     connect(&m_person, &WindowPerson::sheetAsked, &m_sheets, &Sheets::begin);
     connect(&m_person, &WindowPerson::sheetDone, &m_sheets, &Sheets::end);

@@ -134,9 +134,9 @@ private:
 
     WindowPerson m_person{*this};
     LWAppDelegate m_document{m_person, RecoveryFolder::standardPath(), PresetStore::standardPath()};
-    CanvasLink m_canvasLink{m_document};
     RestedChecks m_checks{m_document, this};
     LiveDesk m_desk{m_document, *this};
+    CanvasLink m_canvasLink{m_document, m_desk.shown()};
     QString m_wallProblem; ///< that was told last
     QVBoxLayout *m_column; ///< notices, regions and power line
     QPointer<NoticeBar> m_unsavedWork;

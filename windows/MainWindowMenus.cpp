@@ -270,8 +270,7 @@ OutputPreview &MainWindow::outputPreview()
 {
     if (m_preview)
         return *m_preview;
-    m_preview = new OutputPreview(m_document.composedOutput(), this);
-    connect(&m_document, &LWAppDelegate::composed, m_preview, &OutputPreview::showOutput);
+    m_preview = new OutputPreview(m_desk.shown(), this);
     return *m_preview;
 }
 

@@ -21,19 +21,14 @@ QPoint besideWindow(const QRect &window, const QSize &size, const QRect &room)
 }
 } // namespace
 
-OutputPreview::OutputPreview(const ComposedOutput &output, QWidget *parent)
+OutputPreview::OutputPreview(const ShownOutput &shown, QWidget *parent)
     : QWidget(parent, Qt::Window), m_form(std::make_unique<Ui::OutputPreview>())
 {
     m_form->setupUi(this);
-    m_form->pvwImageWell->setOutput(output);
+    m_form->pvwImageWell->setOutput(shown);
 }
 
 OutputPreview::~OutputPreview() = default;
-
-void OutputPreview::showOutput()
-{
-    m_form->pvwImageWell->showOutput();
-}
 
 void OutputPreview::showInWindow()
 {

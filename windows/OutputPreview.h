@@ -1,10 +1,10 @@
 #pragma once
 
-#include "output/ComposedOutput.h"
-
 #include <QWidget>
 
 #include <memory>
+
+class ShownOutput;
 
 namespace Ui {
 class OutputPreview;
@@ -16,12 +16,10 @@ class OutputPreview final : public QWidget
     Q_OBJECT
 
 public:
-    /// `output` is read whenever it is painted, and outlives this.
-    explicit OutputPreview(const ComposedOutput &output, QWidget *parent = nullptr);
+    /// `shown` is read whenever it is painted, and outlives this.
+    explicit OutputPreview(const ShownOutput &shown, QWidget *parent = nullptr);
     ~OutputPreview() override;
 
-    /// The output was composed anew.
-    void showOutput();
     /// At first beside the window that it belongs to, then where the person has put it.
     void showInWindow();
 

@@ -2,6 +2,7 @@
 
 #include "base/NumberText.h"
 #include "canvas/DevicePixels.h"
+#include "live/ShownOutput.h"
 #include "output/CanvasFrame.h"
 #include "windows/Theme.h"
 
@@ -9,8 +10,6 @@
 
 OutputView::OutputView(QWidget *parent) : QWidget(parent)
 {
-    static const ComposedOutput noOutput;
-    m_output = &noOutput;
     // The whole area is painted, ground included: Qt need not clear it first.
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
@@ -18,17 +17,24 @@ OutputView::OutputView(QWidget *parent) : QWidget(parent)
     setToolTip("The composed output, as it is exported");
 }
 
-void OutputView::setOutput(const ComposedOutput &output)
+void OutputView::setOutput(const ShownOutput &shown)
 {
-    m_output = &output;
+    m_shown = &shown;
+    connect(&shown, &ShownOutput::changed, this, &OutputView::showOutput);
     showOutput();
+}
+
+const ComposedOutput &OutputView::output() const
+{
+    static const ComposedOutput none;
+    return m_shown ? m_shown->output() : none;
 }
 
 void OutputView::showOutput()
 {
-    setAccessibleDescription(m_output->picture.isNull() ? QString()
-                                                        : NumberText::size(m_output->picture.size()) + " pixels");
-    for (const QRect &part : m_picture.stale(*m_output, place())) {
+    setAccessibleDescription(output().picture.isNull() ? QString()
+                                                       : NumberText::size(output().picture.size()) + " pixels");
+    for (const QRect &part : m_picture.stale(output(), place())) {
         const QRectF logical(QPointF(part.topLeft()) / devicePixelRatioF(), QSizeF(part.size()) / devicePixelRatioF());
         update(logical.toAlignedRect().adjusted(-1, -1, 1, 1));
     }
@@ -43,17 +49,17 @@ void OutputView::paintEvent(QPaintEvent *)
     painter.fillRect(rect(), Theme::ground);
     if (m_painted.isEmpty()) {
         painter.setPen(Theme::dimText);
-        painter.drawText(rect(), Qt::AlignCenter, m_output->picture.isNull() ? "The output has no picture" : QString());
+        painter.drawText(rect(), Qt::AlignCenter, output().picture.isNull() ? "The output has no picture" : QString());
         return;
     }
     toDevicePixels(painter, *this);
-    m_picture.paintFramed(painter, *m_output, m_painted, {QPoint(0, 0), room()}, Theme::line, Theme::ground);
+    m_picture.paintFramed(painter, output(), m_painted, {QPoint(0, 0), room()}, Theme::line, Theme::ground);
 }
 
 QRect OutputView::place() const
 {
     CanvasFrame frame;
     frame.setRoom(room(), qRound(Theme::edge * devicePixelRatioF()));
-    frame.setOutput(m_output->picture.size());
+    frame.setOutput(output().picture.size());
     return frame.place();
 }

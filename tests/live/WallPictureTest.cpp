@@ -36,20 +36,20 @@ WallLook lit(std::vector<WallLight> lights)
 
 TEST(WallPicture, APartIsThatOfTheOutputAndBlackBeyondIt)
 {
-    const QImage picture = WallPicture::draw(placesOf(20, 10), {}, {}, QRect(-2, 5, 30, 9));
+    const QImage picture = WallPicture::draw(placesOf(20, 10), {}, QRect(-2, 5, 30, 9));
     ASSERT_EQ(picture.size(), QSize(30, 9));
     EXPECT_EQ(picture.pixel(2, 0), qRgb(0, 5, 77));
     EXPECT_EQ(picture.pixel(21, 4), qRgb(19, 9, 77));
     for (const QPoint &beyond : {QPoint(1, 0), QPoint(22, 0), QPoint(2, 5)})
         EXPECT_EQ(picture.pixel(beyond), qRgb(0, 0, 0));
-    EXPECT_EQ(WallPicture::draw({}, {}, {}, QRect(0, 0, 3, 2)).pixel(1, 1), qRgb(0, 0, 0));
+    EXPECT_EQ(WallPicture::draw({}, {}, QRect(0, 0, 3, 2)).pixel(1, 1), qRgb(0, 0, 0));
 }
 
 TEST(WallPicture, WhatIsTransparentIsBlack)
 {
     QImage output = Raster::make(2, 1);
     output.setPixelColor(0, 0, QColor(255, 0, 0, 128));
-    const QImage picture = WallPicture::draw(output, {}, {}, QRect(0, 0, 2, 1));
+    const QImage picture = WallPicture::draw(output, {}, QRect(0, 0, 2, 1));
     EXPECT_EQ(picture.pixel(0, 0), qRgb(128, 0, 0));
     EXPECT_EQ(picture.pixel(1, 0), qRgb(0, 0, 0));
 }
@@ -60,26 +60,26 @@ TEST(WallPicture, BlackoutWinsOverAllAndLightsOverWhatIsFrozen)
     WallLook look = lit({{QRect(4, 4, 2, 2)}});
     look.frozen = placesOf(20, 10);
     look.frozen.fill(Qt::red);
-    EXPECT_EQ(whitePixels(WallPicture::draw(output, {}, look, output.rect())), 4);
+    EXPECT_EQ(whitePixels(WallPicture::draw(output, look, output.rect())), 4);
     look.isBlack = true;
-    EXPECT_EQ(WallPicture::draw(output, {}, look, output.rect()).pixel(4, 4), qRgb(0, 0, 0));
+    EXPECT_EQ(WallPicture::draw(output, look, output.rect()).pixel(4, 4), qRgb(0, 0, 0));
     look.isBlack = false;
     look.lights.reset();
-    EXPECT_EQ(WallPicture::draw(output, {}, look, output.rect()).pixel(4, 4), qRgb(255, 0, 0));
+    EXPECT_EQ(WallPicture::draw(output, look, output.rect()).pixel(4, 4), qRgb(255, 0, 0));
     look.frozen = {};
-    EXPECT_EQ(WallPicture::draw(output, {}, look, output.rect()).pixel(4, 4), qRgb(4, 4, 77));
+    EXPECT_EQ(WallPicture::draw(output, look, output.rect()).pixel(4, 4), qRgb(4, 4, 77));
 }
 
 TEST(WallPicture, NothingLitIsBlack)
 {
     const QImage output = placesOf(20, 10);
-    EXPECT_EQ(WallPicture::draw(output, {}, lit({}), output.rect()).pixel(4, 4), qRgb(0, 0, 0));
+    EXPECT_EQ(WallPicture::draw(output, lit({}), output.rect()).pixel(4, 4), qRgb(0, 0, 0));
 }
 
 TEST(WallPicture, ACrossGoesThroughTheWholeOutput)
 {
     const QImage output = placesOf(21, 11);
-    const QImage picture = WallPicture::draw(output, {}, lit({{QRect(4, 4, 3, 3), {}, true}}), output.rect());
+    const QImage picture = WallPicture::draw(output, lit({{QRect(4, 4, 3, 3), {}, true}}), output.rect());
     EXPECT_EQ(whitePixels(picture), 9 + 21 + 11 - 6);
     EXPECT_EQ(picture.pixel(5, 0), qRgb(255, 255, 255));
     EXPECT_EQ(picture.pixel(20, 5), qRgb(255, 255, 255));
@@ -90,8 +90,8 @@ TEST(WallPicture, WordsStandInThePanelAndNowhereElse)
 {
     const QImage output = placesOf(200, 100);
     const QRect panel(20, 20, 64, 32);
-    const QImage plain = WallPicture::draw(output, {}, lit({{panel}}), output.rect());
-    const QImage named = WallPicture::draw(output, {}, lit({{panel, {"C7", "A3.12"}}}), output.rect());
+    const QImage plain = WallPicture::draw(output, lit({{panel}}), output.rect());
+    const QImage named = WallPicture::draw(output, lit({{panel, {"C7", "A3.12"}}}), output.rect());
     EXPECT_NE(named, plain);
     QImage outside = named;
     for (int y = panel.top(); y <= panel.bottom(); ++y) {
@@ -99,7 +99,7 @@ TEST(WallPicture, WordsStandInThePanelAndNowhereElse)
             outside.setPixelColor(x, y, Qt::white);
     }
     EXPECT_EQ(outside, plain);
-    const QImage tiny = WallPicture::draw(output, {}, lit({{QRect(20, 20, 2, 1), {"C7", "A3.12"}}}), output.rect());
+    const QImage tiny = WallPicture::draw(output, lit({{QRect(20, 20, 2, 1), {"C7", "A3.12"}}}), output.rect());
     EXPECT_LE(whitePixels(tiny), 2);
 }
 
@@ -111,7 +111,7 @@ TEST(WallPicture, ALevelIsRoundedHalfUp)
     for (const int level : {100, 75, 50, 25, 10}) {
         WallLook look;
         look.level = level;
-        const QImage picture = WallPicture::draw(output, {}, look, output.rect());
+        const QImage picture = WallPicture::draw(output, look, output.rect());
         for (int x = 0; x < 256; ++x) {
             const auto dimmed = [&](int value) { return (value * level + 50) / 100; };
             ASSERT_EQ(picture.pixel(x, 0), qRgb(dimmed(x), dimmed(255 - x), dimmed(5))) << level << " at " << x;
@@ -119,7 +119,7 @@ TEST(WallPicture, ALevelIsRoundedHalfUp)
     }
     WallLook half;
     half.level = 50;
-    EXPECT_EQ(WallPicture::draw(output, {}, half, output.rect()).pixel(255, 0), qRgb(128, 0, 3));
+    EXPECT_EQ(WallPicture::draw(output, half, output.rect()).pixel(255, 0), qRgb(128, 0, 3));
 }
 
 TEST(WallPicture, OnlyWhatDiffersIsToBePaintedAnew)
@@ -130,8 +130,8 @@ TEST(WallPicture, OnlyWhatDiffersIsToBePaintedAnew)
     const WallLook after = lit({{QRect(60, 30, 8, 8), {"B2"}, true}});
     const std::optional<QRegion> where = WallPicture::difference(before, after, size);
     ASSERT_TRUE(where);
-    const QImage old = WallPicture::draw(output, {}, before, output.rect());
-    const QImage now = WallPicture::draw(output, {}, after, output.rect());
+    const QImage old = WallPicture::draw(output, before, output.rect());
+    const QImage now = WallPicture::draw(output, after, output.rect());
     for (int y = 0; y < 50; ++y) {
         for (int x = 0; x < 100; ++x) {
             if (!where->contains(QPoint(x, y))) {
@@ -152,28 +152,9 @@ TEST(WallPicture, AnyPartIsTheSameAsInTheWhole)
     const QImage output = placesOf(90, 60);
     WallLook look = lit({{QRect(30, 20, 20, 16), {"C7", "A3.12"}, true}});
     look.level = 50;
-    const QImage whole = WallPicture::draw(output, {}, look, output.rect());
+    const QImage whole = WallPicture::draw(output, look, output.rect());
     for (int x = 0; x < 80; x += 7) {
         const QRect part(x, x / 2, 9, 11);
-        ASSERT_EQ(WallPicture::draw(output, {}, look, part), whole.copy(part)) << x;
+        ASSERT_EQ(WallPicture::draw(output, look, part), whole.copy(part)) << x;
     }
-}
-
-TEST(WallPicture, AChartLiesOverThePictureAndUnderWhatIsFrozen)
-{
-    const QImage output = placesOf(20, 10);
-    QImage chart(6, 4, QImage::Format_RGB32);
-    chart.fill(Qt::yellow);
-    const std::vector<LiveChart::Picture> charts{{QRect(16, 2, 6, 4), chart}};
-    WallLook look;
-    const QImage picture = WallPicture::draw(output, charts, look, QRect(0, 0, 24, 10));
-    EXPECT_EQ(picture.pixel(16, 2), qRgb(255, 255, 0));
-    EXPECT_EQ(picture.pixel(19, 5), qRgb(255, 255, 0));
-    EXPECT_EQ(picture.pixel(20, 2), qRgb(0, 0, 0)); // beyond the output
-    EXPECT_EQ(picture.pixel(15, 2), qRgb(15, 2, 77));
-    look.level = 50;
-    EXPECT_EQ(WallPicture::draw(output, charts, look, output.rect()).pixel(16, 2), qRgb(128, 128, 0));
-    look = {};
-    look.frozen = output;
-    EXPECT_EQ(WallPicture::draw(output, charts, look, output.rect()).pixel(16, 2), qRgb(16, 2, 77));
 }

@@ -5,6 +5,7 @@
 #include "live/WallWindow.h"
 #include "tests/windows/WindowFixture.h"
 #include "windows/LayerTable.h"
+#include "windows/OutputView.h"
 #include "windows/displays/DisplaysPage.h"
 
 #include <QApplication>

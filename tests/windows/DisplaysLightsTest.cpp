@@ -101,6 +101,26 @@ TEST_F(DisplaysTest, AChartLiesOverThePictureUntilItIsTakenAway)
     EXPECT_EQ(picture(*on(2)), before);
 }
 
+TEST_F(DisplaysTest, CanvasAndPreviewShowTheChartToo)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    choose({"View", "Output preview"});
+    auto &preview = *window.findChild<OutputView *>();
+    const auto middleOf = [](QWidget &view) { return view.grab().toImage().pixelColor(view.rect().center()); };
+    ASSERT_NE(middleOf(preview), QColor(Qt::yellow));
+    chooseChart("Rigging", "Field");
+    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
+        if (combo->accessibleName() == "Colour")
+            combo->setCurrentText("Yellow");
+    }
+    tool("Show").click();
+    EXPECT_EQ(middleOf(preview), QColor(Qt::yellow));
+    EXPECT_EQ(middleOf(canvas()), QColor(Qt::yellow));
+    tool("Show").click();
+    EXPECT_NE(middleOf(preview), QColor(Qt::yellow));
+    EXPECT_NE(middleOf(canvas()), QColor(Qt::yellow));
+}
+
 TEST_F(DisplaysTest, AChartOverTheWallsLeavesTheRest)
 {
     toggle(wall);

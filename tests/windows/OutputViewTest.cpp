@@ -1,5 +1,6 @@
 #include "windows/OutputView.h"
 
+#include "live/ShownOutput.h"
 #include "output/CanvasFrame.h"
 #include "windows/Theme.h"
 
@@ -43,7 +44,7 @@ protected:
     {
         Theme::apply();
         resizeTo({800, 600});
-        view.setOutput(shown);
+        view.setOutput(source);
         showOutput(picturedNoise({1920, 1080}));
     }
 
@@ -59,13 +60,15 @@ protected:
     }
 
     /// As if it had just been composed.
-    void showOutput(const QImage &output)
+    void showOutput(const QImage &picture)
     {
-        shown.picture = output;
-        view.showOutput();
+        shown.picture = picture;
+        source.takeComposed();
     }
 
     ComposedOutput shown;
+    LiveChart chart{[] { return qint64{0}; }};
+    ShownOutput source{shown, chart};
     OutputView view;
 };
 

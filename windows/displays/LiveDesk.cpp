@@ -37,13 +37,11 @@ qint64 steadyClock()
 } // namespace
 
 LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
-    : m_document(document), m_window(window), m_chart(steadyClock),
-      m_live(document.composedOutput(), window, memoryOf(document)),
-      m_pointing([this](const QPoint &pixel) { return panelAt(pixel); })
+    : m_document(document), m_window(window), m_chart(steadyClock), m_shown(document.composedOutput(), m_chart),
+      m_live(m_shown, window, memoryOf(document)), m_pointing([this](const QPoint &pixel) { return panelAt(pixel); })
 {
-    m_live.setChart(m_chart);
     m_live.setPanelStep([this] { return panelOfSelected(); });
-    connect(&document, &LWAppDelegate::composed, &m_live, &LiveOutput::showOutput);
+    connect(&document, &LWAppDelegate::composed, &m_shown, &ShownOutput::takeComposed);
     connect(&document, &LWAppDelegate::projectDidSave, this, [this](const QString &path) {
         m_saved = path;
         m_live.keepRegions();

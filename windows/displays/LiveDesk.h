@@ -29,6 +29,8 @@ public:
     Pointing &pointing() { return m_pointing; }
     WallWalk &walk() { return m_walk; }
     LiveChart &chart() { return m_chart; }
+    /// What canvas, preview and displays show.
+    const ShownOutput &shown() const { return m_shown; }
     /// What a chart is laid over.
     enum class ChartArea
     {
@@ -71,7 +73,8 @@ private:
 
     LWAppDelegate &m_document;
     QWidget &m_window;
-    LiveChart m_chart; ///< which the next one looks at
+    LiveChart m_chart;
+    ShownOutput m_shown; ///< which the next one looks at
     LiveOutput m_live;
     QString m_saved;                      ///< the path that was saved just now
     std::unique_ptr<ScreenAwake> m_awake; ///< null until the first display is on
