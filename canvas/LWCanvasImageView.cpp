@@ -167,8 +167,9 @@ void LWCanvasImageView::takeFrame(const CanvasFrame &frame)
 
 void LWCanvasImageView::tellReadOut()
 {
-    m_readOut = {deviceFrame().output(), deviceFrame().zoom() * 100, deviceFrame().isFitted(), {}, {}};
+    m_readOut = {deviceFrame().output(), deviceFrame().zoom() * 100, deviceFrame().isFitted(), {}, {}, {}};
     const std::optional<QPoint> pixel = pixelToTell();
+    m_readOut.place = pixel ? pixel : m_pointer ? pixelAt(*m_pointer) : std::nullopt;
     if (pixel && m_document.output().picture.valid(*pixel)) {
         m_readOut.pixel = pixel;
         m_readOut.colour = m_document.output().picture.pixelColor(*pixel);

@@ -33,6 +33,8 @@ struct CanvasReadOut
     /// None while the pointer is elsewhere.
     std::optional<QPoint> pixel;
     QColor colour; ///< of that pixel; invalid without one
+    /// The same beside the output too, where a pixel would be; none while the pointer is not on the canvas.
+    std::optional<QPoint> place;
 };
 Q_DECLARE_METATYPE(CanvasReadOut)
 

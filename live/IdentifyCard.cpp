@@ -44,7 +44,8 @@ IdentifyCard::IdentifyCard(QScreen &display, const QStringList &lines)
 {
     setAttribute(Qt::WA_ShowWithoutActivating);
     setScreen(&display);
-    setGeometry(cardOf(display.size()).translated(display.geometry().topLeft()));
+    setGeometry(display.geometry());
+    setMask(QRegion(rect()) - rect().adjusted(1, 1, -1, -1) + cardOf(size()));
     show();
 }
 
@@ -64,5 +65,6 @@ void IdentifyCard::paintOnDisplay(QPainter &painter, const QSize &size, int turn
 void IdentifyCard::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    paintCard(painter, rect(), m_lines);
+    painter.fillRect(rect(), Qt::white);
+    paintCard(painter, cardOf(size()), m_lines);
 }

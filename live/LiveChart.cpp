@@ -5,6 +5,9 @@
 #include <utility>
 
 namespace {
+constexpr double leastRate = 1;
+constexpr double mostRate = 1000;
+
 /// In pixels of a place.
 ChartShape shapeOf(const LiveChart::Place &place, const LiveChart::Style &style)
 {
@@ -34,14 +37,31 @@ void LiveChart::show(const Chart &chart, const Style &style, const std::vector<P
 {
     m_chart = &chart;
     m_style = style;
-    m_style.rate = std::clamp(style.rate, 1.0, 1000.0);
-    m_begin = m_clock();
-    m_frame = m_late = 0;
-    if (chart.moves())
+    m_style.rate = std::clamp(style.rate, leastRate, mostRate);
+    m_begin = m_beginOfRate = m_clock();
+    m_frame = m_frameOfRate = m_late = 0;
+    startTimer();
+    m_places = places;
+    drawPlaces();
+}
+
+void LiveChart::startTimer()
+{
+    if (m_chart->moves())
         m_timer.start(static_cast<int>(std::floor(1000 / m_style.rate)));
     else
         m_timer.stop();
-    m_places = places;
+}
+
+void LiveChart::setRate(double rate)
+{
+    const double taken = std::clamp(rate, leastRate, mostRate);
+    if (!m_chart || taken == m_style.rate)
+        return;
+    m_style.rate = taken;
+    m_beginOfRate = m_clock();
+    m_frameOfRate = m_frame;
+    startTimer();
     drawPlaces();
 }
 
@@ -87,7 +107,8 @@ void LiveChart::tick()
     const qint64 gone = m_clock() - m_begin;
     if (m_chart->flashes && gone >= longestFlash)
         return end();
-    const auto due = static_cast<qint64>(std::floor(static_cast<double>(gone) / 1e9 * m_style.rate));
+    const double seconds = static_cast<double>(m_clock() - m_beginOfRate) / 1e9;
+    const auto due = m_frameOfRate + static_cast<qint64>(std::floor(seconds * m_style.rate));
     if (due <= m_frame)
         return;
     QRegion region;

@@ -53,10 +53,13 @@ public:
     void show(const Chart &chart, const Style &style, const std::vector<Place> &places);
     /// The show has changed: it goes on at the same frame, drawn anew where places are others.
     void setPlaces(const std::vector<Place> &places);
+    /// Frames a second from now on; the frame that stands is followed by the next one.
+    void setRate(double rate);
     void end();
     /// Null: there is none.
     const Chart *chart() const { return m_chart; }
     const std::vector<Picture> &pictures() const { return m_pictures; }
+    const Style &style() const { return m_style; }
     qint64 frame() const { return m_frame; }
     /// Frames that were not shown, as the computer was too slow for them.
     qint64 lateFrames() const { return m_late; }
@@ -72,13 +75,16 @@ signals:
     void moved(const QRegion &output);
 
 private:
+    void startTimer();
     void drawPlaces();
 
     Clock m_clock;
     QTimer m_timer; ///< only begins frames: which one it is, the clock says
     const Chart *m_chart = nullptr;
     Style m_style;
-    qint64 m_begin = 0;
+    qint64 m_begin = 0;       ///< when it was shown
+    qint64 m_beginOfRate = 0; ///< since when it has this rate
+    qint64 m_frameOfRate = 0; ///< the frame that stood then
     qint64 m_frame = 0;
     qint64 m_late = 0;
     std::vector<Place> m_places;

@@ -15,6 +15,7 @@
 
 namespace {
 constexpr std::chrono::seconds identifyTime{3};
+constexpr std::chrono::seconds readOutTime{3};
 /// The desktop has put a window where it wants it.
 constexpr std::chrono::milliseconds untilPlaced{500};
 
@@ -30,8 +31,11 @@ LiveOutput::LiveOutput(const ShownOutput &shown, QWidget &window, Memory memory)
     m_identifying.setSingleShot(true);
     m_identifying.setInterval(identifyTime);
     connect(&m_identifying, &QTimer::timeout, this, &LiveOutput::endIdentifying);
+    m_nudged.setSingleShot(true);
+    m_nudged.setInterval(readOutTime);
+    connect(&m_nudged, &QTimer::timeout, this, &LiveOutput::changed);
     for (const QScreen *screen : QGuiApplication::screens())
-        m_wanted.appear(WallDisplay::of(*screen).key());
+        follow(*screen);
     connect(&shown, &ShownOutput::changed, this, &LiveOutput::showOutput);
     connect(&shown.chart(), &LiveChart::changed, this, &LiveOutput::changed);
     connect(qApp, &QGuiApplication::screenAdded, this, &LiveOutput::addScreen);
@@ -54,10 +58,20 @@ QScreen *LiveOutput::screenOf(const QString &key)
     return found == screens.end() ? nullptr : *found;
 }
 
+void LiveOutput::follow(const QScreen &screen)
+{
+    m_wanted.appear(WallDisplay::of(screen).key());
+    connect(&screen, &QScreen::geometryChanged, this, [this, &screen] {
+        if (const auto wall = m_walls.find(WallDisplay::of(screen).key()); wall != m_walls.end())
+            wall->second.display = WallDisplay::of(screen);
+        emit changed();
+    });
+}
+
 void LiveOutput::addScreen(QScreen *screen)
 {
     const QString key = WallDisplay::of(*screen).key();
-    m_wanted.appear(key);
+    follow(*screen);
     if (m_wanted.isShown(key))
         show(key, *screen);
     emit changed();
@@ -80,7 +94,7 @@ void LiveOutput::setOn(const QString &key, bool isOn)
         show(key, *screen);
     } else if (!isOn) {
         m_wanted.leave(key);
-        m_walls.erase(key);
+        switchOff(key);
     }
     emit changed();
 }
@@ -88,8 +102,20 @@ void LiveOutput::setOn(const QString &key, bool isOn)
 void LiveOutput::leaveAll()
 {
     m_wanted.leaveAll();
-    m_walls.clear();
+    for (const Row &row : rows())
+        switchOff(row.display.key());
     emit changed();
+}
+
+/// A region that somebody chose is there again when the display is on again, in a show without a file too.
+void LiveOutput::switchOff(const QString &key)
+{
+    const auto wall = m_walls.find(key);
+    if (wall == m_walls.end())
+        return;
+    wall->second.window.reset();
+    if (!wall->second.isRegionKept)
+        m_walls.erase(wall);
 }
 
 void LiveOutput::show(const QString &key, QScreen &screen)
@@ -102,15 +128,11 @@ void LiveOutput::show(const QString &key, QScreen &screen)
     if (!wall.window) {
         wall.window.reset(new WallWindow(
             [this](const QRect &part) { return WallPicture::draw(picture(), m_look, part); }, &m_window));
+        connect(wall.window.get(), &WallWindow::displayDidChange, this, [this, key] { checkPlace(key); });
         connect(wall.window.get(), &WallWindow::closed, this, [this, key] { setOn(key, false); });
         connect(wall.window.get(), &WallWindow::pressed, this, [this, key](QKeyEvent *event) {
             if (press(*event, key))
                 event->accept();
-        });
-        connect(&screen, &QScreen::geometryChanged, wall.window.get(), [this, key, &screen] {
-            if (const auto shown = m_walls.find(key); shown != m_walls.end())
-                shown->second.display = WallDisplay::of(screen);
-            emit changed();
         });
     }
     wall.window->setRegion(wall.region);
@@ -159,6 +181,8 @@ void LiveOutput::takeRegions()
             continue;
         Wall &wall = taken.mapped();
         wall.region = regionFor(taken.key(), wall.isRegionKept);
+        if (!wall.isRegionKept && !m_wanted.isWanted(taken.key()))
+            continue;
         if (wall.window)
             wall.window->setRegion(wall.region);
         m_walls.insert(std::move(taken));
@@ -248,20 +272,27 @@ QString LiveOutput::problemOf(const Wall &wall) const
     if (wall.isElsewhere)
         return QString("The output for %1 came up on %2; press I on it to see which display is which.")
             .arg(name, wall.window->screen()->name());
-    const QRect output = picture().rect();
-    const QRect part = wall.region.part(wall.display.pixels);
-    const bool isAllShown = (QRegion(output) - shownParts()).isEmpty();
-    if (output.isEmpty() || (isAllShown && output.contains(part)))
+    if (isWhole(wall))
         return {};
-    return QString("The display has %1 pixels, the output %2; the rest is cut or black.")
-        .arg(NumberText::size(part.size()), NumberText::size(output.size()));
+    return QString("%1 has %2 pixels, the output %3; the rest is cut or black.")
+        .arg(name, NumberText::size(wall.region.part(wall.display.pixels).size()), NumberText::size(picture().size()));
+}
+
+/// The displays show all of the output, and this one nothing else.
+bool LiveOutput::isWhole(const Wall &wall) const
+{
+    const QRect output = picture().rect();
+    const int slack = wall.display.slack();
+    const QRect part = wall.region.part(wall.display.pixels).adjusted(0, 0, -slack, -slack);
+    return output.isEmpty() || (output.contains(part) && (QRegion(output) - shownParts()).isEmpty());
 }
 
 QString LiveOutput::problem() const
 {
     QStringList problems;
     for (const auto &[key, wall] : m_walls) {
-        if (const QString problem = problemOf(wall); !problem.isEmpty() && !problems.contains(problem))
+        const QString problem = m_wanted.isWanted(key) ? problemOf(wall) : QString();
+        if (!problem.isEmpty() && !problems.contains(problem))
             problems.append(problem);
     }
     return problems.join(' ');

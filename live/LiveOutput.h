@@ -111,14 +111,16 @@ private:
         WallDisplay display;
         WallRegion region = {};
         bool isRegionKept = false;
-        std::unique_ptr<WallWindow, GoAway> window = {}; ///< null: it shows nothing
+        std::unique_ptr<WallWindow, GoAway> window = {}; ///< null: it shows nothing, or is off
         bool isElsewhere = false;                        ///< the desktop has put it on another display
     };
 
     static QScreen *screenOf(const QString &key);
+    void follow(const QScreen &screen);
     void addScreen(QScreen *screen);
     void removeScreen(QScreen *screen);
     void show(const QString &key, QScreen &screen);
+    void switchOff(const QString &key);
     void checkPlace(const QString &key);
     void setLook(WallLook look);
     void showOutput();
@@ -128,7 +130,9 @@ private:
     WallRegion regionFor(const QString &key, bool &isKept) const;
     QPoint rightOfOthers(const QString &key) const;
     void nudge(const QString &key, const QPoint &by);
+    void goHome(const QString &key);
     QString problemOf(const Wall &wall) const;
+    bool isWhole(const Wall &wall) const;
     QRegion shownParts() const;
     QStringList cardOf(const QString &key) const;
     void endIdentifying();
@@ -141,6 +145,8 @@ private:
     WantedDisplays m_wanted;
     std::map<QString, Wall> m_walls; ///< by their keys
     QTimer m_identifying;
+    QTimer m_nudged; ///< runs while words() says where a display was nudged to
+    QString m_nudgedTo;
     std::vector<std::unique_ptr<IdentifyCard>> m_cards; ///< on displays that show no output
     std::function<QSize()> m_panelStep;
     qint64 m_painted = 0; ///< the cache key of the output that was shown last

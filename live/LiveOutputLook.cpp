@@ -105,12 +105,14 @@ std::vector<LiveOutput::Words> LiveOutput::words() const
         words.push_back({m_lightWords});
     if (isFrozen())
         words.push_back({"FROZEN: the wall shows an older state"});
-    if (const Chart *const chart = m_shown.chart().chart())
-        words.push_back({QString("CHART: %1").arg(chart->title)});
+    if (const LiveChart &chart = m_shown.chart(); !chart.pictures().empty())
+        words.push_back({QString("CHART: %1").arg(chart.chart()->title)});
     if (m_look.level != 100)
         words.push_back({QString("WALL AT %1 %").arg(m_look.level)});
     if (isIdentifying())
         words.push_back({"IDENTIFY"});
+    if (m_nudged.isActive())
+        words.push_back({m_nudgedTo});
     return words;
 }
 
@@ -121,7 +123,16 @@ void LiveOutput::nudge(const QString &key, const QPoint &by)
         return;
     WallRegion region = wall->second.region;
     region.offset = WallRegion::within(region.offset + by);
+    m_nudgedTo =
+        QString("%1 FROM %2, %3").arg(wall->second.display.connector).arg(region.offset.x()).arg(region.offset.y());
+    m_nudged.start();
     setRegion(key, region);
+}
+
+void LiveOutput::goHome(const QString &key)
+{
+    if (const auto wall = m_walls.find(key); wall != m_walls.end())
+        nudge(key, -wall->second.region.offset);
 }
 
 bool LiveOutput::press(const QKeyEvent &event, const QString &display)
@@ -150,7 +161,7 @@ bool LiveOutput::press(const QKeyEvent &event, const QString &display)
         nudge(display, {0, by.height()});
         return true;
     case Qt::Key_Home:
-        setRegion(display, {{}, m_walls.contains(display) ? m_walls[display].region.turn : 0});
+        goHome(display);
         return true;
     case Qt::Key_I:
         identify();

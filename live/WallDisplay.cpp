@@ -3,6 +3,8 @@
 #include <QScreen>
 #include <QStringList>
 
+#include <cmath>
+
 WallDisplay WallDisplay::of(const QScreen &screen)
 {
     const double ratio = screen.devicePixelRatio();
@@ -24,6 +26,11 @@ QString WallDisplay::title() const
 {
     const QString kind = QString(maker + ' ' + model).trimmed();
     return kind.isEmpty() ? connector : connector + ", " + kind;
+}
+
+int WallDisplay::slack() const
+{
+    return ratio == std::floor(ratio) ? 0 : static_cast<int>(std::ceil(ratio / 2));
 }
 
 QString WallDisplay::whyNotExact(bool isWayland) const

@@ -24,6 +24,9 @@ struct WallDisplay
     /// "DP-2, DELL U2720Q"; maker and model only where somebody says them.
     QString title() const;
 
+    /// Pixels by which `pixels` may be too many: the platform rounds the size of a display that it scales.
+    int slack() const;
+
     /// Why it cannot show an output pixel for pixel; empty: it can.
     QString whyNotExact(bool isWayland) const;
 

@@ -39,6 +39,7 @@ void WallWindow::fill(QScreen &display)
     setAttribute(Qt::WA_ShowWithoutActivating, !hidesOwner); // before there is a window handle
     m_geometry = connect(&display, &QScreen::geometryChanged, this, &WallWindow::followDisplay);
     winId(); // there is a window handle to be told its display
+    connect(windowHandle(), &QWindow::screenChanged, this, &WallWindow::displayDidChange, Qt::UniqueConnection);
     windowHandle()->setScreen(&display);
     setGeometry(display.geometry());
     setWindowState(Qt::WindowFullScreen);

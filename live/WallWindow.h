@@ -31,6 +31,8 @@ public:
     void setCard(const QStringList &lines);
 
 signals:
+    /// The desktop has put it on another display.
+    void displayDidChange();
     /// The desktop has closed it.
     void closed();
     /// A key was pressed here; whoever takes it accepts it.

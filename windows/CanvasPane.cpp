@@ -19,7 +19,7 @@ constexpr QSize toolIconSize{24, 16};
 } // namespace
 
 CanvasPane::CanvasPane(CanvasDocument &document, QWidget *parent)
-    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new ElidedLabel), m_words(new QLabel)
+    : QWidget(parent), m_canvas(new LWCanvasImageView(document)), m_hint(new ElidedLabel), m_words(new QHBoxLayout)
 {
     auto *grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
@@ -59,28 +59,42 @@ QWidget *CanvasPane::toolSwitch()
     colours.setColor(QPalette::WindowText, Theme::dimText);
     m_hint->setPalette(colours);
     row->addWidget(m_hint, 1);
-    m_words->setObjectName("wallWords");
-    m_words->setTextFormat(Qt::PlainText);
-    m_words->setAccessibleName("On the wall");
-    m_words->setFont(Theme::titleFont());
-    m_words->setContentsMargins(Theme::gap, 0, Theme::gap, 0);
-    m_words->hide();
-    row->addWidget(m_words);
+    row->addLayout(m_words);
+    m_words->setSpacing(Theme::gap / 2);
     return bar;
 }
 
 void CanvasPane::showWords(const std::vector<LiveOutput::Words> &words)
 {
-    QStringList texts;
-    std::ranges::transform(words, std::back_inserter(texts), &LiveOutput::Words::text);
-    m_words->setText(texts.join(" · "));
-    m_words->setVisible(!words.empty());
-    const bool isDanger = std::ranges::any_of(words, &LiveOutput::Words::isDanger);
-    QPalette colours = m_words->palette();
-    colours.setColor(QPalette::Window, isDanger ? Theme::danger : Theme::warning);
+    while (m_words->count() < static_cast<int>(words.size()))
+        m_words->addWidget(wordsLabel());
+    for (int i = 0; i < m_words->count(); ++i) {
+        auto &label = static_cast<QLabel &>(*m_words->itemAt(i)->widget());
+        const bool isUsed = i < static_cast<int>(words.size());
+        label.setVisible(isUsed);
+        if (!isUsed)
+            continue;
+        const LiveOutput::Words &shown = words[static_cast<std::size_t>(i)];
+        label.setText(shown.text);
+        QPalette colours = label.palette();
+        colours.setColor(QPalette::Window, shown.isDanger ? Theme::danger : Theme::warning);
+        label.setPalette(colours);
+    }
+}
+
+QLabel *CanvasPane::wordsLabel()
+{
+    auto *label = new QLabel(this);
+    label->setObjectName("wallWords");
+    label->setTextFormat(Qt::PlainText);
+    label->setAccessibleName("On the wall");
+    label->setFont(Theme::titleFont());
+    label->setContentsMargins(Theme::gap, 0, Theme::gap, 0);
+    label->setAutoFillBackground(true);
+    QPalette colours = label->palette();
     colours.setColor(QPalette::WindowText, Theme::ground);
-    m_words->setPalette(colours);
-    m_words->setAutoFillBackground(true);
+    label->setPalette(colours);
+    return label;
 }
 
 void CanvasPane::showIcons()

@@ -29,10 +29,11 @@ public:
 
 private:
     QWidget *toolSwitch();
+    QLabel *wordsLabel();
     void showTool(CanvasToolName tool);
 
     LWCanvasImageView *m_canvas;
     std::vector<QToolButton *> m_tools; ///< by rows of canvasTools(); no QButtonGroup, so that Tab reaches each of them
     ElidedLabel *m_hint;
-    QLabel *m_words; ///< of the wall, at the end of the row
+    QHBoxLayout *m_words; ///< labels of what stands on the wall, at the end of the row
 };

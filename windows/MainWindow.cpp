@@ -292,7 +292,7 @@ void MainWindow::connectViews()
     m_desk.listenTo(*m_canvas);
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
         m_powerBar->showReadOut(readOut, readOut.pixel ? panelAt(*readOut.pixel) : QString());
-        m_desk.pointAt(readOut.pixel);
+        m_desk.pointAt(readOut.place);
     });
 }
 

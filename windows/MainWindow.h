@@ -49,6 +49,8 @@ public:
     void start();
 
     LWAppDelegate &document() { return m_document; }
+    /// What it does with the displays of the wall.
+    LiveDesk &desk() { return m_desk; }
     /// Gives the window its icons, and makes what is in the menus, the presets' table and the inspector's controls, if
     /// they are not there. Otherwise that is done after the first painting, so that nobody waits for them before there
     /// is a window.

@@ -103,3 +103,18 @@ TEST_F(LiveChartTest, EachPlaceHasItsOwnPixels)
     shape.panels = {{QRect(0, 0, 8, 8), "A1", "A1", 1}};
     EXPECT_EQ(live.pictures()[0].image, chartOf("walk").picture(shape, 0));
 }
+
+TEST_F(LiveChartTest, AnotherRateGoesOnAtTheNextFrame)
+{
+    show("sweep", 50);
+    goTo(now + second);
+    EXPECT_EQ(live.frame(), 50);
+    live.setRate(25);
+    EXPECT_EQ(live.frame(), 50);
+    EXPECT_EQ(live.pictures()[0].image, expected("sweep", 50, 25));
+    goTo(now + 40'000'000);
+    EXPECT_EQ(live.frame(), 51);
+    goTo(now + second);
+    EXPECT_EQ(live.frame(), 76);
+    EXPECT_EQ(live.lateFrames(), 49 + 24);
+}

@@ -6,15 +6,22 @@
 #include "tests/windows/WindowFixture.h"
 #include "windows/LayerTable.h"
 #include "windows/OutputView.h"
+#include "windows/Theme.h"
 #include "windows/displays/DisplaysPage.h"
 
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QScreen>
+#include <QSignalSpy>
+#include <QSpinBox>
+#include <QTableView>
 #include <QTest>
+#include <QTime>
 #include <QToolButton>
 
 /// The program where three displays are connected, see three-displays.json: the window's, one of 1280 x 1024, and one
@@ -53,8 +60,12 @@ protected:
     /// What stands on the wall, in the main window.
     QString words()
     {
-        const QLabel &label = *window.findChild<QLabel *>("wallWords");
-        return label.isVisible() ? label.text() : QString();
+        QStringList words;
+        for (const QLabel *label : window.findChildren<QLabel *>("wallWords")) {
+            if (label->isVisible())
+                words.append(label->text());
+        }
+        return words.join(" · ");
     }
     static void press(QWidget &there, Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
@@ -65,7 +76,7 @@ protected:
     void pointTo(const std::optional<QPoint> &pixel)
     {
         CanvasReadOut readOut;
-        readOut.pixel = pixel;
+        readOut.pixel = readOut.place = pixel;
         emit canvas().readOutDidChange(readOut);
     }
     /// In the menu of the pane, which has small pictures.
@@ -74,7 +85,7 @@ protected:
         for (QMenu *menu : window.findChildren<QMenu *>()) {
             if (!qobject_cast<QToolButton *>(menu->parent()) || menu->parent()->parent() == nullptr)
                 continue;
-            if (menu->parent()->parent()->inherits("ChartStrip"))
+            if (menu->parent()->parent()->inherits("ChartChoice"))
                 emit menu->aboutToShow();
         }
         for (QMenu *menu : window.findChildren<QMenu *>()) {

@@ -175,3 +175,85 @@ TEST_F(DisplaysTest, AStrobeIsBegunByHandEachTime)
     tool("Start strobe (flashing)").click();
     EXPECT_EQ(words(), QString("CHART: ") + strobe->title);
 }
+
+TEST_F(DisplaysTest, ThePointerBesideTheOutputLightsNothingAndGoesOnPointing)
+{
+    toggle(wall);
+    tool("Point").click();
+    pointTo(QPoint(5, 5));
+    ASSERT_EQ(picture(*on(2)).pixel(2, 2), qRgb(255, 255, 255));
+    QTest::mouseMove(&canvas(), QPoint(2, 2));
+    EXPECT_EQ(picture(*on(2)).pixel(2, 2), qRgb(0, 0, 0));
+    QTest::qWait(700);
+    EXPECT_EQ(words(), "POINT");
+}
+
+TEST_F(DisplaysTest, ThePlaceOfThePointerBesideTheOutputIsReadOut)
+{
+    QTest::mouseMove(&canvas(), canvas().rect().center());
+    QSignalSpy readOuts(&canvas(), &LWCanvasImageView::readOutDidChange);
+    QTest::mouseMove(&canvas(), QPoint(2, 2));
+    ASSERT_FALSE(readOuts.isEmpty());
+    const auto readOut = readOuts.last().first().value<CanvasReadOut>();
+    EXPECT_FALSE(readOut.pixel);
+    ASSERT_TRUE(readOut.place);
+    EXPECT_LT(readOut.place->x(), 0);
+}
+
+TEST_F(DisplaysTest, AWalkTellsOfAPanelThatNoDisplayShows)
+{
+    toggle(wall);
+    window.findChild<DisplaysModel *>()->setData(window.findChild<DisplaysModel *>()->index(2, DisplaysModel::Offset),
+                                                 "1900, 0");
+    tool("Walk").click();
+    EXPECT_TRUE(shows("No display shows A1, Layer 0 1.1."));
+}
+
+TEST_F(DisplaysTest, AChartOverSelectedWallsNeedsOne)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    window.document().toggleVisibility();
+    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
+        if (combo->accessibleName() == "Over")
+            combo->setCurrentText("Selected walls");
+    }
+    tool("Show").click();
+    EXPECT_EQ(words(), QString());
+    EXPECT_FALSE(tool("Show").isChecked());
+    EXPECT_TRUE(shows("There is no wall to lay it over: select one, or choose the output."));
+}
+
+TEST_F(DisplaysTest, SpeedAndHoldAreChosenForTheChartsThatHaveThem)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    const auto box = [this](const QString &name) -> QSpinBox & {
+        for (QSpinBox *found : window.findChildren<QSpinBox *>()) {
+            if (found->accessibleName() == name)
+                return *found;
+        }
+        ADD_FAILURE() << qPrintable(name);
+        return *window.findChild<QSpinBox *>();
+    };
+    chooseChart("Processor", "Sweep to the right");
+    EXPECT_TRUE(box("Speed").isVisible());
+    EXPECT_FALSE(box("Frames that a panel is lit").isVisible());
+    box("Speed").setValue(200);
+    tool("Show").click();
+    LiveChart &chart = window.desk().chart();
+    EXPECT_EQ(chart.style().options.speed, 200);
+    chooseChart("Rigging", "Chase along each port");
+    EXPECT_EQ(box("Frames that a panel is lit").text(), "A quarter of a second");
+    box("Frames that a panel is lit").setValue(3);
+    EXPECT_EQ(chart.style().options.hold, 3);
+    EXPECT_EQ(words(), "CHART: Chase along each port");
+}
+
+TEST_F(DisplaysTest, AClockBeginsAtTheTimeOfDay)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    chooseChart("Camera", "Clock and counter");
+    const int before = QTime::currentTime().msecsSinceStartOfDay() / 1000;
+    tool("Show").click();
+    const int begun = window.desk().chart().style().options.start;
+    EXPECT_TRUE((begun >= before && begun <= before + 2) || before > 86'390) << begun;
+}

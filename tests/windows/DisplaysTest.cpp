@@ -6,7 +6,7 @@ TEST_F(DisplaysTest, TheChosenDisplayIsFilled)
     ASSERT_TRUE(on(1));
     EXPECT_TRUE(on(1)->isFullScreen());
     EXPECT_EQ(on(1)->geometry(), QRect(1920, 0, 1280, 1024));
-    EXPECT_TRUE(shows("The display has 1,280 × 1,024 pixels, the output 1,920 × 1,080; the rest is cut or black."));
+    EXPECT_TRUE(shows("Stage has 1,280 × 1,024 pixels, the output 1,920 × 1,080; the rest is cut or black."));
     EXPECT_EQ(picture(*on(1)), window.document().img().copy(0, 0, 1280, 1024).convertToFormat(QImage::Format_RGB32));
 }
 
@@ -37,9 +37,9 @@ TEST_F(DisplaysTest, SeveralShowTheOutputSideBySide)
 TEST_F(DisplaysTest, OneThatShowsAllOfItHasNothingToTell)
 {
     toggle(wall);
-    EXPECT_FALSE(shows("The display has 1,920 × 1,080 pixels, the output 1,920 × 1,080; the rest is cut or black."));
+    EXPECT_FALSE(shows("Wall has 1,920 × 1,080 pixels, the output 1,920 × 1,080; the rest is cut or black."));
     press(*on(2), Qt::Key_Right);
-    EXPECT_TRUE(shows("The display has 1,920 × 1,080 pixels, the output 1,920 × 1,080; the rest is cut or black."));
+    EXPECT_TRUE(shows("Wall has 1,920 × 1,080 pixels, the output 1,920 × 1,080; the rest is cut or black."));
 }
 
 TEST_F(DisplaysTest, ShiftF11FillsTheDisplayThatWasChosenLast)
@@ -294,7 +294,7 @@ TEST_F(DisplaysTest, AnotherSizeOfTheOutputIsTold)
     toggle(wall);
     window.document().setValue(2000, "OutputWidth");
     QTest::qWait(150);
-    EXPECT_TRUE(shows("The display has 1,920 × 1,080 pixels, the output 2,000 × 1,080; the rest is cut or black."));
+    EXPECT_TRUE(shows("Wall has 1,920 × 1,080 pixels, the output 2,000 × 1,080; the rest is cut or black."));
 }
 
 TEST_F(DisplaysTest, ThePanesTableTakesTheKeysOfTheDisplays)

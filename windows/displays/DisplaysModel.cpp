@@ -6,7 +6,9 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 constexpr std::array<ColumnHead, DisplaysModel::ColumnCount> displayHeads{{
@@ -40,20 +42,41 @@ DisplaysModel::DisplaysModel(LiveOutput &live, QObject *parent)
     connect(&live, &LiveOutput::changed, this, &DisplaysModel::follow);
 }
 
-/// A cell that is being typed in stays as long as the displays are the same.
 void DisplaysModel::follow()
 {
     std::vector<LiveOutput::Row> rows = m_live.rows();
     if (rows == m_rows)
         return;
-    const bool isAsLong = rows.size() == m_rows.size();
-    if (!isAsLong)
-        beginResetModel();
-    m_rows = std::move(rows);
-    if (!isAsLong)
-        endResetModel();
-    else
-        emit dataChanged(index(0, 0), index(rowCount() - 1, ColumnCount - 1));
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        bringTo(i, rows[i]);
+    if (m_rows.size() > rows.size()) {
+        beginRemoveRows({}, static_cast<int>(rows.size()), rowCount() - 1);
+        m_rows.resize(rows.size());
+        endRemoveRows();
+    }
+    for (int i = 0; i < rowCount(); ++i) {
+        if (std::exchange(m_rows[static_cast<std::size_t>(i)], rows[static_cast<std::size_t>(i)]) != row(i))
+            emit dataChanged(index(i, 0), index(i, ColumnCount - 1));
+    }
+}
+
+/// The row of that display stands at `place` then: moved, so that a cell that is being typed in stays as it is.
+void DisplaysModel::bringTo(std::size_t place, const LiveOutput::Row &row)
+{
+    const auto target = m_rows.begin() + static_cast<std::ptrdiff_t>(place);
+    const auto found = std::find_if(
+        target, m_rows.end(), [&](const LiveOutput::Row &known) { return known.display.key() == row.display.key(); });
+    const int to = static_cast<int>(place);
+    if (found == m_rows.end()) {
+        beginInsertRows({}, to, to);
+        m_rows.insert(target, row);
+        endInsertRows();
+    } else if (found != target) {
+        const int from = static_cast<int>(found - m_rows.begin());
+        beginMoveRows({}, from, from, {}, to);
+        std::rotate(target, found, found + 1);
+        endMoveRows();
+    }
 }
 
 int DisplaysModel::rowCount(const QModelIndex &parent) const

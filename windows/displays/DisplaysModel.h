@@ -46,6 +46,7 @@ signals:
 
 private:
     void follow();
+    void bringTo(std::size_t place, const LiveOutput::Row &row);
     QString text(const LiveOutput::Row &row, int number, int column) const;
 
     LiveOutput &m_live;

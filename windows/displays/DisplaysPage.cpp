@@ -33,7 +33,6 @@ DisplaysPage::DisplaysPage(LiveDesk &desk, QWidget *parent)
     connect(&m_model, &DisplaysModel::toggled, &desk, &LiveDesk::toggle);
     connect(&m_model, &DisplaysModel::failureTold, this, &DisplaysPage::failureTold);
     connect(&m_live, &LiveOutput::changed, this, &DisplaysPage::showLive);
-    connect(&m_model, &DisplaysModel::modelReset, m_table, &RowTable::resizeColumnsToContents);
     connect(&m_model, &DisplaysModel::dataChanged, m_table, &RowTable::resizeColumnsToContents);
     m_table->resizeColumnsToContents();
     showLive();
@@ -100,11 +99,17 @@ void DisplaysPage::turn(const QModelIndex &index)
         m_live.setRegion(row.display.key(), {row.region.offset, (row.region.turn + 90) % 360});
 }
 
-/// A table would look for rows that begin with the letter.
+/// A table would look for rows that begin with the letter, and tick the first column alone.
 bool DisplaysPage::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress && press(static_cast<const QKeyEvent &>(*event)))
         return true;
+    const bool isSpace =
+        event->type() == QEvent::KeyPress && static_cast<const QKeyEvent &>(*event).key() == Qt::Key_Space;
+    if (const QModelIndex row = m_table->currentIndex(); isSpace && row.isValid()) {
+        emit m_model.toggled(m_model.row(row.row()).display.key());
+        return true;
+    }
     return TablePage::eventFilter(watched, event);
 }
 

@@ -38,9 +38,9 @@ qint64 steadyClock()
 
 LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
     : m_document(document), m_window(window), m_chart(steadyClock), m_shown(document.composedOutput(), m_chart),
-      m_live(m_shown, window, memoryOf(document)), m_pointing([this](const QPoint &pixel) { return panelAt(pixel); })
+      m_live(m_shown, window, memoryOf(document)), m_pointing([this](const QPoint &pixel) { return lightAt(pixel); })
 {
-    m_live.setPanelStep([this] { return panelOfSelected(); });
+    m_live.setPanelStep([this] { return panelStep(); });
     connect(&document, &LWAppDelegate::composed, &m_shown, &ShownOutput::takeComposed);
     connect(&document, &LWAppDelegate::projectDidSave, this, [this](const QString &path) {
         m_saved = path;
@@ -88,11 +88,14 @@ void LiveDesk::followShow()
         m_chart.setPlaces(placesOfChart());
 }
 
-void LiveDesk::showChart(const Chart &chart, LiveChart::Style style, ChartArea area)
+bool LiveDesk::showChart(const ChartText &chosen, ChartArea area)
 {
-    style.rate = m_live.frameRate();
     m_chartArea = area;
-    m_chart.show(chart, style, placesOfChart());
+    const std::vector<LiveChart::Place> places = placesOfChart();
+    if (places.empty())
+        return false;
+    m_chart.show(*chosen.chart, {chosen.range, m_live.frameRate(), chosen.options}, places);
+    return true;
 }
 
 std::vector<LiveChart::Place> LiveDesk::placesOfChart()
@@ -124,20 +127,36 @@ const ChartPanels &LiveDesk::panels()
     return *m_panels;
 }
 
-std::optional<WallLight> LiveDesk::panelAt(const QPoint &pixel)
+void LiveDesk::pointAt(const std::optional<QPoint> &pixel)
 {
+    m_pointer = pixel;
+    m_pointing.move(pixel);
+}
+
+/// The topmost; null where there is none.
+const ChartPanel *LiveDesk::panelAt(const QPoint &pixel)
+{
+    if (!m_shown.output().picture.valid(pixel))
+        return nullptr;
     for (const ChartPanels::Wall &wall : panels().walls) {
         const auto panel =
             std::ranges::find_if(wall.panels, [&](const ChartPanel &one) { return one.box.contains(pixel); });
-        if (panel == wall.panels.end())
-            continue;
-        QStringList words{panel->name.trimmed()};
-        if (panel->number > 0)
-            words.append(panel->port + '.' + QString::number(panel->number));
-        words.removeAll(QString());
-        return WallLight{panel->box, words, true};
+        if (panel != wall.panels.end())
+            return &*panel;
     }
-    return std::nullopt;
+    return nullptr;
+}
+
+std::optional<WallLight> LiveDesk::lightAt(const QPoint &pixel)
+{
+    const ChartPanel *const panel = panelAt(pixel);
+    if (!panel)
+        return std::nullopt;
+    QStringList words{panel->name.trimmed()};
+    if (panel->number > 0)
+        words.append(panel->port + '.' + QString::number(panel->number));
+    words.removeAll(QString());
+    return WallLight{panel->box, words, true};
 }
 
 void LiveDesk::blink(int row)
@@ -155,15 +174,23 @@ void LiveDesk::showLights()
         m_walk.setPanels(panels().panels());
     if (const auto &pointed = m_pointing.lights()) {
         m_live.setLights(pointed, "POINT");
-        const bool isUnseen = !pointed->empty() && !m_live.isSeen(pointed->front().place);
-        const QStringList words = isUnseen ? pointed->front().words : QStringList();
-        if (std::exchange(m_unseen, words) != words && isUnseen)
-            emit told(QString("No display shows %1.").arg(words.isEmpty() ? QString("it") : words.join(", ")));
-        return;
+        tellUnseen(pointed->empty() ? nullptr : &pointed->front());
+    } else if (const std::optional<WallLight> light = m_walk.light()) {
+        m_live.setLights(std::vector{*light}, "WALK " + m_walk.walk().words());
+        tellUnseen(&*light);
+    } else {
+        m_live.setLights(std::nullopt);
+        tellUnseen(nullptr);
     }
-    if (const std::optional<WallLight> light = m_walk.light())
-        return m_live.setLights(std::vector{*light}, "WALK " + m_walk.walk().words());
-    m_live.setLights(std::nullopt);
+}
+
+/// Once for each place.
+void LiveDesk::tellUnseen(const WallLight *light)
+{
+    const QRect place = light && !m_live.isSeen(light->place) ? light->place : QRect();
+    if (std::exchange(m_unseen, place) != place && !place.isNull())
+        emit told(
+            QString("No display shows %1.").arg(light->words.isEmpty() ? QString("it") : light->words.join(", ")));
 }
 
 void LiveDesk::followState()
@@ -172,10 +199,14 @@ void LiveDesk::followState()
         m_awake = std::make_unique<ScreenAwake>(QDBusConnection::sessionBus());
     if (m_awake)
         m_awake->keep(m_live.isAnyOn());
+    m_chart.setRate(m_live.frameRate());
 }
 
-QSize LiveDesk::panelOfSelected() const
+/// Of the wall under the pointer, else of the selected one.
+QSize LiveDesk::panelStep()
 {
+    if (const ChartPanel *const panel = m_pointer ? panelAt(*m_pointer) : nullptr)
+        return panel->box.size();
     const LayerPointer selected = m_document.arraycontroller().selectedLayer();
     if (!selected || selected->kind() != LayerKind::Wall)
         return {1, 1};

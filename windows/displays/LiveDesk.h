@@ -1,5 +1,6 @@
 #pragma once
 
+#include "charts/ChartText.h"
 #include "facts/ChartPanels.h"
 #include "live/LiveOutput.h"
 #include "live/Pointing.h"
@@ -38,14 +39,14 @@ public:
         EachWall,
         SelectedWalls
     };
-    /// At the frame rate of the displays.
-    void showChart(const Chart &chart, LiveChart::Style style, ChartArea area);
+    /// At the frame rate of the displays. Returns false, and shows nothing, where the area is empty.
+    bool showChart(const ChartText &chosen, ChartArea area);
     /// "63.88 A at 230 V, 3 phases, 44.08 kW" at full white; empty: nobody says what the walls draw.
     QString power() const;
     /// Where Q is held to point: the canvas, which outlives the last event of this.
     void listenTo(QWidget &canvas);
-    /// Where the pointer is on the canvas, in pixels of the output; nullopt: it has left it.
-    void pointAt(const std::optional<QPoint> &pixel) { m_pointing.move(pixel); }
+    /// Where the pointer is on the canvas, in pixels of the output, beside it too; nullopt: it has left the canvas.
+    void pointAt(const std::optional<QPoint> &pixel);
     /// A layer's row was clicked: its wall blinks while pointing is active.
     void blink(int row);
     /// A display is switched on, or off; it is the one that toggleLast() is about then.
@@ -67,9 +68,11 @@ private:
     void followShow();
     void showLights();
     std::vector<LiveChart::Place> placesOfChart();
-    QSize panelOfSelected() const;
+    QSize panelStep();
     const ChartPanels &panels();
-    std::optional<WallLight> panelAt(const QPoint &pixel);
+    const ChartPanel *panelAt(const QPoint &pixel);
+    std::optional<WallLight> lightAt(const QPoint &pixel);
+    void tellUnseen(const WallLight *light);
 
     LWAppDelegate &m_document;
     QWidget &m_window;
@@ -83,6 +86,7 @@ private:
     WallWalk m_walk;
     bool m_wasWalking = false;
     ChartArea m_chartArea = ChartArea::Output;
+    std::optional<QPoint> m_pointer;     ///< see pointAt()
     std::optional<ChartPanels> m_panels; ///< of the show as it is; nullopt: nobody has asked since it changed
-    QStringList m_unseen;                ///< words of the panel that was told to be on no display
+    QRect m_unseen;                      ///< the panel that was told to be on no display
 };
