@@ -1,3 +1,4 @@
+#include "base/System.h"
 #include "cli/CommandLine.h"
 #include "windows/MainWindow.h"
 #include "windows/Theme.h"
@@ -8,7 +9,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <unistd.h>
 
 namespace {
 int runWithoutWindow(int programNameAlone, char *argv[], const QStringList &arguments)
@@ -21,19 +21,6 @@ int runWithoutWindow(int programNameAlone, char *argv[], const QStringList &argu
     QTextStream out(stdout);
     QTextStream err(stderr);
     return static_cast<int>(runCommandLine(arguments, out, err));
-}
-
-bool hasDisplay()
-{
-    return !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
-           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
-}
-
-/// From a terminal or a desktop, not from a script, which wants a reason and a status.
-bool isStartedByPerson()
-{
-    return isatty(STDERR_FILENO) != 0 || !qEnvironmentVariableIsEmpty("DESKTOP_STARTUP_ID") ||
-           !qEnvironmentVariableIsEmpty("XDG_ACTIVATION_TOKEN");
 }
 
 int failNoDisplay()
@@ -71,15 +58,16 @@ int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 
 int main(int argc, char *argv[])
 {
-    const Result<QStringList> arguments = argumentsOf(argc, argv);
+    System::prepareTerminal();
+    const Result<QStringList> arguments = argumentsOf(System::arguments(argc, argv));
     if (!arguments) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(arguments.error().text));
         return static_cast<int>(ExitStatus::Misused);
     }
 
     // Qt sees the program's name alone, since it would take some options for its own.
-    const bool opensMissing = namesMissingFile(*arguments) && hasDisplay() && isStartedByPerson();
+    const bool opensMissing = namesMissingFile(*arguments) && System::hasDisplay() && System::isStartedByPerson();
     if (!asksForWindow(*arguments) && !opensMissing)
         return runWithoutWindow(1, argv, *arguments);
-    return hasDisplay() ? runWindow(1, argv, *arguments) : failNoDisplay();
+    return System::hasDisplay() ? runWindow(1, argv, *arguments) : failNoDisplay();
 }

@@ -1,6 +1,7 @@
 #include "app/Settings.h"
 
 #include "base/FileBytes.h"
+#include "base/System.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -41,7 +42,10 @@ constexpr std::chrono::milliseconds longestWait{1000};
 class SettingsFile : public QSettings
 {
 public:
-    SettingsFile() : QSettings(QSettings::UserScope, "wallwright", "wallwright") { setFallbacksEnabled(false); }
+    SettingsFile() : QSettings(System::settingsFormat(), QSettings::UserScope, "wallwright", "wallwright")
+    {
+        setFallbacksEnabled(false);
+    }
 
     bool isReadable() const { return QFileInfo(fileName()).size() <= mostBytes; }
 };

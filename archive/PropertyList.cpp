@@ -2,12 +2,12 @@
 
 #include "archive/PropertyListGuard.h"
 #include "base/Memory.h"
+#include "base/System.h"
 
 #include <QStringDecoder>
 
 #include <cstdlib>
 #include <limits>
-#include <locale.h>
 
 namespace {
 struct Free
@@ -17,24 +17,6 @@ struct Free
 /// Memory that libplist hands out for the C library's free().
 template <typename T>
 using Allocated = std::unique_ptr<T, Free>;
-
-/// libplist reads reals with the C library, which would expect a comma in half of Europe.
-class PointLocale
-{
-public:
-    PointLocale() : m_locale(newlocale(LC_NUMERIC_MASK, "C", nullptr)), m_former(uselocale(m_locale)) {}
-    ~PointLocale()
-    {
-        uselocale(m_former);
-        if (m_locale)
-            freelocale(m_locale);
-    }
-    Q_DISABLE_COPY_MOVE(PointLocale)
-
-private:
-    locale_t m_locale;
-    locale_t m_former;
-};
 
 /// Letter by letter: at the beginning of a file U+FEFF is a mark and no letter, in a text it is one.
 QString fromUtf8(const char *letters, qsizetype size)
@@ -152,7 +134,7 @@ Result<PropertyList::Pointer> PropertyList::parse(const QByteArray &bytes)
         const Result<QByteArray> plain = PropertyListGuard::rewriteXml(bytes);
         if (!plain)
             return tl::unexpected(plain.error());
-        const PointLocale locale;
+        const System::PointNumbers point; // libplist reads reals with the C library
         plist_from_xml(plain->constData(), static_cast<uint32_t>(plain->size()), &root);
     }
     if (!root)

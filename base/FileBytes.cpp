@@ -1,6 +1,7 @@
 #include "base/FileBytes.h"
 
 #include "base/Memory.h"
+#include "base/System.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -10,10 +11,6 @@
 #include <QUuid>
 
 #include <cerrno>
-#include <cstdio>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 constexpr qsizetype pieceLength = qsizetype{8} << 20;
@@ -28,12 +25,6 @@ bool append(QSaveFile &file, QByteArrayView bytes)
 {
     errno = 0;
     return file.write(bytes.data(), bytes.size()) == bytes.size() && file.flush();
-}
-
-/// QSaveFile asks for this too before it puts the file into its place, and goes on whatever the answer is.
-bool reachesDisk(const QSaveFile &file)
-{
-    return fdatasync(file.handle()) == 0 || errno == EINVAL; // that one: there is no disk behind
 }
 
 /// QSaveFile puts seven letters behind the name, more than a name of nearly 255 bytes bears: such a file is completed
@@ -56,7 +47,7 @@ bool moveTo(const QString &path, const QString &from)
     if (existing.exists())
         QFile::setPermissions(from, existing.permissions());
     const QString place = existing.isSymLink() ? existing.symLinkTarget() : path;
-    if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(place).constData()) == 0)
+    if (System::replace(place, from))
         return true;
     const int reason = errno;
     QFile::remove(from);
@@ -70,18 +61,16 @@ namespace FileBytes {
 Result<void> openToRead(QFile &file)
 {
     const QString path = file.fileName();
-    // What a name stands for is known of the open file alone: to look first and to open then may end at a pipe.
-    const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0 && (errno == ENOENT || errno == ENOTDIR))
+    switch (System::openToRead(file)) {
+    case System::Opened::File:
+        break;
+    case System::Opened::Missing:
         return fail(QString("%1: there is no such file").arg(path));
-    if (descriptor < 0 && errno != ENXIO)
-        return fail(QString("%1: cannot be read: %2").arg(path, qt_error_string(errno)));
-    struct stat status = {};
-    if (descriptor < 0 || fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) {
-        ::close(descriptor);
+    case System::Opened::Other:
         return fail(QString("%1: this is a folder or a device, not a file").arg(path));
+    case System::Opened::Refused:
+        return fail(QString("%1: cannot be read: %2").arg(path, qt_error_string()));
     }
-    file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
     return {};
 }
 
@@ -135,10 +124,11 @@ Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progre
         if (progress && !progress(static_cast<double>(done) / static_cast<double>(bytes.size())))
             return Outcome::Cancelled;
         const QByteArrayView piece = QByteArrayView(bytes).sliced(done, qMin(length, bytes.size() - done));
-        if (!append(file, piece) || (progress && !reachesDisk(file)))
+        if (!append(file, piece) || (progress && !System::reachesDisk(file.handle())))
             return failedWrite(path);
     }
-    if (!reachesDisk(file))
+    // QSaveFile asks for this too before it puts the file into its place, and goes on whatever the answer is.
+    if (!System::reachesDisk(file.handle()))
         return failedWrite(path);
     errno = 0;
     if (!file.commit() || !moveTo(path, file.fileName()))

@@ -151,14 +151,14 @@ bool namesMissingFile(const QStringList &arguments)
     return arguments.size() == 1 && looksLikeFile && !name.startsWith(u'-') && !QFileInfo::exists(name);
 }
 
-Result<QStringList> argumentsOf(int count, const char *const *values)
+Result<QStringList> argumentsOf(const QByteArrayList &values)
 {
     QStringList arguments;
-    for (int i = 1; i < count; ++i) {
-        const QString argument = QString::fromLocal8Bit(values[i]);
-        if (argument.toLocal8Bit() != values[i])
+    for (const QByteArray &value : values) {
+        const QString argument = QString::fromUtf8(value);
+        if (argument.toUtf8() != value)
             return fail(QString("wallwright: argument %1, \"%2\", is not written in UTF-8; rename the file")
-                            .arg(QString::number(i), VisibleText::asOneLine(argument)));
+                            .arg(QString::number(arguments.size() + 1), VisibleText::asOneLine(argument)));
         arguments.append(argument);
     }
     return arguments;

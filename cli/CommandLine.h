@@ -19,9 +19,8 @@ bool asksForWindow(const QStringList &arguments);
 /// Whether these arguments are one file's name, and there is no such file.
 bool namesMissingFile(const QStringList &arguments);
 
-/// The arguments of main() without the program's name. Error: one that is not written in UTF-8 and would name another
-/// file.
-[[nodiscard]] Result<QStringList> argumentsOf(int count, const char *const *values);
+/// The program's arguments as texts. Error: one that is not written in UTF-8 and would name another file.
+[[nodiscard]] Result<QStringList> argumentsOf(const QByteArrayList &values);
 
 /// Runs the command that `arguments` (without the program's name) ask for. Results go to `out`, reasons to `err`; both
 /// are flushed. Needs a QGuiApplication, of any platform.

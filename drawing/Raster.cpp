@@ -1,6 +1,6 @@
 #include "drawing/Raster.h"
 
-#include "drawing/HugePages.h"
+#include "base/System.h"
 
 #include <cstdlib>
 #include <utility>
@@ -9,18 +9,18 @@ namespace {
 /// Vector loops split rows by the alignment of their memory; the same alignment everywhere, the same pixels everywhere.
 constexpr std::size_t vectorAlignment = 64;
 
-/// A large raster stands on huge pages, so that what is drawn across its rows does not wait for the address of each.
+/// A large raster stands on large pages, so that what is drawn across its rows does not wait for the address of each.
 QImage allocated(const QSize &size)
 {
     const qsizetype rowBytes = qsizetype{size.width()} * qsizetype{sizeof(QRgb)};
     const auto bytes = static_cast<std::size_t>(rowBytes * size.height());
-    const std::size_t alignment = bytes < HugePages::size ? vectorAlignment : HugePages::size;
+    const std::size_t alignment = bytes < System::largePage ? vectorAlignment : System::largePage;
     const std::size_t whole = (bytes + alignment - 1) / alignment * alignment;
-    auto *memory = static_cast<uchar *>(std::aligned_alloc(alignment, whole));
+    auto *memory = static_cast<uchar *>(System::alignedMemory(alignment, whole));
     if (!memory)
         return {};
-    HugePages::adviseFor(memory, whole);
-    return QImage(memory, size.width(), size.height(), rowBytes, Raster::format, std::free, memory);
+    System::adviseLargePages(memory, whole);
+    return QImage(memory, size.width(), size.height(), rowBytes, Raster::format, System::freeAligned, memory);
 }
 } // namespace
 

@@ -1,6 +1,6 @@
 #include "psd/ByteBuffer.h"
 
-#include "drawing/HugePages.h"
+#include "base/System.h"
 
 #include <algorithm>
 #include <array>
@@ -52,7 +52,7 @@ void ByteBuffer::reserve(qsizetype count)
     } catch (const std::bad_alloc &) {
         return;
     }
-    HugePages::adviseFor(m_bytes.data(), static_cast<std::size_t>(m_bytes.capacity()));
+    System::adviseLargePages(m_bytes.data(), static_cast<std::size_t>(m_bytes.capacity()));
 }
 
 QByteArray ByteBuffer::takeBytes()

@@ -8,10 +8,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
-#include <fcntl.h>
-#include <sys/file.h>
 #include <tuple>
-#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -32,19 +29,6 @@ QString lockPath(const QString &folder)
     return folder + "/lock";
 }
 
-/// The locked file; null where another program has it. The system unlocks it when its program ends, in whatever way: it
-/// cannot go stale, and no process number is mistaken for another's.
-std::unique_ptr<QFile> lockedFile(const QString &path)
-{
-    auto file = std::make_unique<QFile>(path);
-    const bool isOpen = file->open(QIODevice::ReadWrite) || file->open(QIODevice::ReadOnly); // of a read-only disk
-    if (!isOpen || flock(file->handle(), LOCK_EX | LOCK_NB) != 0)
-        return nullptr;
-    if (!file->exists()) // whoever had it has just removed it
-        return nullptr;
-    return file;
-}
-
 bool isCopyIn(const QString &folder)
 {
     const QFileInfo copy(copyPath(folder));
@@ -54,7 +38,7 @@ bool isCopyIn(const QString &folder)
 /// Removes what a copy consists of, and nothing that somebody else has put beside it. The copy goes first: if the
 /// program is killed meanwhile, or the system refuses, none is found whose project is not known any more. The lock goes
 /// last.
-void removeFiles(const QString &folder)
+void removeFiles(const QString &folder, System::FileLock &lock)
 {
     QDir directory(folder);
     directory.remove("project.Orv");
@@ -63,7 +47,7 @@ void removeFiles(const QString &folder)
     const QStringList ours{"project.Orv.*", "project-path", "project-path.*"};
     for (const QString &name : directory.entryList(ours, QDir::Files | QDir::System | QDir::Hidden))
         directory.remove(name);
-    directory.remove("lock");
+    lock.remove();
     QDir().rmdir(folder);
 }
 
@@ -83,8 +67,8 @@ void sweep(const QString &folder)
             continue;
         if (!QFileInfo::exists(lockPath(path)))
             QDir().rmdir(path); // only if it is empty
-        else if (const auto lock = lockedFile(lockPath(path)))
-            removeFiles(path);
+        else if (const auto lock = System::FileLock::take(lockPath(path)))
+            removeFiles(path, *lock);
     }
 }
 
@@ -109,17 +93,6 @@ Result<void> makePrivate(const QString &folder)
     return {};
 }
 
-/// Without this a power cut may take back what was put into the folder last. Not every file system can; then it stays
-/// at that.
-void syncFolder(const QString &folder)
-{
-    const int descriptor = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor < 0)
-        return;
-    fsync(descriptor);
-    ::close(descriptor);
-}
-
 /// Empty where there is none, or none that could be one.
 QString projectPathIn(const QString &folder)
 {
@@ -139,7 +112,7 @@ std::vector<FoundCopy> found(const QString &folder)
 {
     std::vector<FoundCopy> copies;
     for (const QString &path : foldersIn(folder)) {
-        if (!isCopyIn(path) || !lockedFile(lockPath(path)))
+        if (!isCopyIn(path) || !System::FileLock::take(lockPath(path)))
             continue;
         const QFileInfo copy(copyPath(path));
         copies.push_back({copy.filePath(), copy.lastModified(), projectPathIn(path)});
@@ -152,7 +125,8 @@ std::vector<FoundCopy> found(const QString &folder)
 
 } // namespace RecoveryFolder
 
-KeptCopy::KeptCopy(QString folder, std::unique_ptr<QFile> lock) : m_folder(std::move(folder)), m_lock(std::move(lock))
+KeptCopy::KeptCopy(QString folder, std::unique_ptr<System::FileLock> lock)
+    : m_folder(std::move(folder)), m_lock(std::move(lock))
 {}
 
 Result<KeptCopy> KeptCopy::makeEmpty(const QString &folder)
@@ -163,7 +137,7 @@ Result<KeptCopy> KeptCopy::makeEmpty(const QString &folder)
         made.setAutoRemove(false);
         if (!made.isValid())
             return fail(QString("%1: no folder can be made in it: %2").arg(folder, made.errorString()));
-        if (auto lock = lockedFile(lockPath(made.path())))
+        if (auto lock = System::FileLock::take(lockPath(made.path())))
             return KeptCopy(made.path(), std::move(lock));
         QDir().rmdir(made.path());
     }
@@ -185,10 +159,10 @@ Result<KeptCopy> KeptCopy::make(const QString &folder, const QString &projectPat
     if (isWritten)
         isWritten = copy->write(bytes);
     if (!isWritten) {
-        removeFiles(copy->m_folder);
+        removeFiles(copy->m_folder, *copy->m_lock);
         return tl::unexpected(isWritten.error());
     }
-    syncFolder(folder);
+    System::folderReachesDisk(folder);
     return copy;
 }
 
@@ -197,7 +171,7 @@ Result<KeptCopy> KeptCopy::claim(const FoundCopy &copy)
     const QString folder = QFileInfo(copy.path).path();
     if (!isCopyIn(folder))
         return fail(QString("%1: there is no such copy any more").arg(copy.path));
-    auto lock = lockedFile(lockPath(folder));
+    auto lock = System::FileLock::take(lockPath(folder));
     if (!lock)
         return fail(QString("%1: another program has taken this copy; look for it there").arg(copy.path));
     return KeptCopy(folder, std::move(lock));
@@ -207,13 +181,13 @@ Result<void> KeptCopy::write(const QByteArray &bytes)
 {
     const Result<void> isWritten = FileBytes::write(copyPath(m_folder), bytes);
     if (isWritten)
-        syncFolder(m_folder);
+        System::folderReachesDisk(m_folder);
     return isWritten;
 }
 
 Result<void> KeptCopy::remove()
 {
-    removeFiles(m_folder);
+    removeFiles(m_folder, *m_lock);
     if (isCopyIn(m_folder))
         return fail(QString("%1: cannot be removed; see that its folder can be written to").arg(copyPath(m_folder)));
     return {};

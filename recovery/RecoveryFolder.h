@@ -1,10 +1,10 @@
 #pragma once
 
 #include "base/Result.h"
+#include "base/System.h"
 
 #include <QByteArray>
 #include <QDateTime>
-#include <QFile>
 #include <QString>
 
 #include <memory>
@@ -51,12 +51,12 @@ public:
     [[nodiscard]] Result<void> remove();
 
     /// Whether nobody has cleared the copy away.
-    bool isThere() const { return m_lock->exists(); }
+    bool isThere() const { return m_lock->isThere(); }
 
 private:
-    KeptCopy(QString folder, std::unique_ptr<QFile> lock);
+    KeptCopy(QString folder, std::unique_ptr<System::FileLock> lock);
     static Result<KeptCopy> makeEmpty(const QString &folder);
 
     QString m_folder;
-    std::unique_ptr<QFile> m_lock; ///< open and locked; never null, except after a move
+    std::unique_ptr<System::FileLock> m_lock; ///< never null, except after a move
 };

@@ -101,11 +101,11 @@ TEST_F(CommandLineTest, AMissingFileIsKnownByItsName)
 
 TEST_F(CommandLineTest, AnArgumentThatIsNotUtf8IsRefused)
 {
-    const char *const good[] = {"wallwright", "Gr\xc3\xb6\xc3\x9f"
-                                              "e.png"};
-    EXPECT_EQ(argumentsOf(2, good).value(), QStringList{"Größe.png"});
-    const char *const bad[] = {"wallwright", "convert", "a.Orv", "caf\xe9.png"};
-    const Result<QStringList> refused = argumentsOf(4, bad);
+    EXPECT_EQ(argumentsOf({"Gr\xc3\xb6\xc3\x9f"
+                           "e.png"})
+                  .value(),
+              QStringList{"Größe.png"});
+    const Result<QStringList> refused = argumentsOf({"convert", "a.Orv", "caf\xe9.png"});
     ASSERT_FALSE(refused);
     EXPECT_EQ(refused.error().text,
               "wallwright: argument 3, \"caf\uFFFD.png\", is not written in UTF-8; rename the file");
