@@ -37,6 +37,10 @@ void folderReachesDisk(const QString &folder);
 /// qt_error_string() and both are as they were.
 bool replace(const QString &place, const QString &file);
 
+/// Whether a file or folder, or what a link leads to, belongs to the person whom the program runs for; false where
+/// there is none. True of all where there are no owners.
+bool isOwn(const QString &path);
+
 /// Whether a program has the file open in a way that lets nobody replace it.
 bool isHeld(const QString &path);
 

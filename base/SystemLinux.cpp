@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <cstdint>
@@ -50,6 +51,11 @@ void folderReachesDisk(const QString &folder)
 bool replace(const QString &place, const QString &file)
 {
     return std::rename(QFile::encodeName(file).constData(), QFile::encodeName(place).constData()) == 0;
+}
+
+bool isOwn(const QString &path)
+{
+    return QFileInfo(path).ownerId() == geteuid();
 }
 
 bool isHeld(const QString & /*path*/)

@@ -88,7 +88,8 @@ Result<void> makePrivate(const QString &folder)
         return fail(QString("%1: the folder cannot be made; see that no file stands in its way and that the folder "
                             "around it can be written to")
                         .arg(folder));
-    if (!QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
+    if (!System::isOwn(folder) ||
+        !QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner))
         return fail(QString("%1: the folder belongs to somebody else; see that it belongs to you").arg(folder));
     return {};
 }
@@ -111,6 +112,8 @@ QString standardPath()
 std::vector<FoundCopy> found(const QString &folder)
 {
     std::vector<FoundCopy> copies;
+    if (!System::isOwn(folder))
+        return copies;
     for (const QString &path : foldersIn(folder)) {
         if (!isCopyIn(path) || !System::FileLock::take(lockPath(path)))
             continue;
@@ -179,6 +182,8 @@ Result<KeptCopy> KeptCopy::claim(const FoundCopy &copy)
 
 Result<void> KeptCopy::write(const QByteArray &bytes)
 {
+    if (QFileInfo(copyPath(m_folder)).isSymLink()) // somebody has put it there, and it would be written through
+        QFile::remove(copyPath(m_folder));
     const Result<void> isWritten = FileBytes::write(copyPath(m_folder), bytes);
     if (isWritten)
         System::folderReachesDisk(m_folder);

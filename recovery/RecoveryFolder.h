@@ -27,7 +27,8 @@ namespace RecoveryFolder {
 /// The state folder of the person ($XDG_STATE_HOME, else ~/.local/state), and "wallwright/recovery" in it.
 QString standardPath();
 
-/// The copies that no running program holds, newest first. None is opened: a damaged one is among them.
+/// The copies that no running program holds, newest first; none in a folder that is somebody else's. None is opened: a
+/// damaged one is among them.
 std::vector<FoundCopy> found(const QString &folder);
 
 } // namespace RecoveryFolder
