@@ -1,15 +1,19 @@
 #include "app/Settings.h"
 
+#include "tests/base/AsNobody.h"
 #include "tests/base/FullDisk.h"
 
 #include <QColor>
 #include <QDataStream>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QSettings>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 /// Begins and ends without a settings file.
@@ -213,6 +217,54 @@ TEST_F(SettingsTest, EachOfManyWritesInARowIsSeen)
         Settings::setOtherVolts(volts);
         EXPECT_EQ(Settings::otherVolts(), volts);
     }
+}
+
+TEST_F(SettingsTest, AClockThatWasSetBackHidesNoChange)
+{
+    Settings::setOtherVolts(230);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(1), QFileDevice::FileModificationTime));
+    file.close();
+    EXPECT_EQ(Settings::otherVolts(), 230);
+
+    for (const int volts : {240, 250}) { // of one length
+        Settings::setOtherVolts(volts);
+        EXPECT_EQ(Settings::otherVolts(), volts);
+    }
+}
+
+TEST_F(SettingsTest, BehindALinkTheyAreWrittenWhereTheyAre)
+{
+    const QTemporaryDir folder;
+    const QString elsewhere = folder.filePath("settings.conf");
+    write("[supply]\notherVolts=240\n");
+    ASSERT_TRUE(QFile::rename(path, elsewhere) && QFile::link(elsewhere, path));
+    EXPECT_EQ(Settings::otherVolts(), 240);
+
+    Settings::setOtherVolts(220);
+
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
+    EXPECT_EQ(QSettings(elsewhere, QSettings::IniFormat).value("supply/otherVolts").toInt(), 220);
+}
+
+TEST_F(SettingsTest, InAFolderThatTurnedReadOnlyTheOldOnesStay)
+{
+    Settings::setOtherVolts(240);
+    const QDir folder = QFileInfo(path).dir();
+    const QByteArray home = QFile::encodeName(folder.filePath(".."));
+    ASSERT_EQ(chmod(home.constData(), 0755), 0); // for nobody
+    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0555), 0);
+
+    const QString volts = toldToNobody([] {
+        Settings::setOtherVolts(220);
+        return QString::number(Settings::otherVolts());
+    });
+
+    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
+    ASSERT_EQ(chmod(home.constData(), 0700), 0);
+    EXPECT_EQ(volts, "240");
+    EXPECT_EQ(folder.entryList(QDir::Files | QDir::Hidden), QStringList("wallwright.conf"));
 }
 
 TEST_F(SettingsTest, AFolderInTheirPlaceIsAsGoodAsNone)

@@ -3,7 +3,9 @@
 #include "drawing/Raster.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -180,6 +182,42 @@ TEST_F(PictureFileTest, AFileThatWasReplacedIsReadAgain)
     EXPECT_EQ(first->pixel(0, 0), 0xffff0000U);
 }
 
+TEST_F(PictureFileTest, WhateverTakesItsPlaceWhileItIsShownIsLookedAtAnew)
+{
+    const QString path = saved("plate.png", {31, 17}, Qt::red);
+    const auto first = PictureFile::load(path);
+    ASSERT_NE(first, nullptr);
+
+    // An older one, as a clock that was set back or a copy from a stick leaves it.
+    saved("plate.png", {31, 17}, Qt::blue);
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    file.close();
+    const auto older = PictureFile::load(path);
+    ASSERT_NE(older, nullptr);
+    EXPECT_EQ(older->pixel(0, 0), 0xff0000ffU);
+
+    // Half of it, nothing of it, a folder, a pipe, and nothing at all.
+    ASSERT_TRUE(QFile::resize(path, QFileInfo(path).size() / 2));
+    const auto half = PictureFile::load(path);
+    EXPECT_TRUE(!half || half->size() == QSize(31, 17));
+    ASSERT_TRUE(QFile::resize(path, 0));
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+    ASSERT_TRUE(QFile::remove(path) && QDir().mkdir(path));
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+    ASSERT_TRUE(QDir().rmdir(path));
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+    ASSERT_TRUE(QFile::remove(path));
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+
+    EXPECT_EQ(first->pixel(30, 16), 0xffff0000U);
+    saved("plate.png", {9, 7}, Qt::green);
+    ASSERT_NE(PictureFile::load(path), nullptr);
+    EXPECT_EQ(PictureFile::load(path)->size(), QSize(9, 7));
+}
+
 TEST_F(PictureFileTest, InSmallItKeepsItsRatioAndIsNeverMadeLarger)
 {
     const PictureFile::Small wide = PictureFile::small(saved("wide.png", {640, 320}, Qt::green), {200, 200}, 1 << 20);
@@ -206,4 +244,10 @@ TEST_F(PictureFileTest, InSmallNothingIsShownThatIsRefusedInFull)
     EXPECT_TRUE(PictureFile::small(pipe, {200, 200}, 1 << 20).size.isEmpty());
     EXPECT_TRUE(PictureFile::small(drawn, {200, 200}, 1 << 20).size.isEmpty());
     EXPECT_EQ(PictureFile::small(plain, {200, 200}, 1 << 20).picture.size(), QSize(20, 20));
+
+    // A part that claims 2^32 - 1 bytes, for which Qt would ask the system.
+    const QString icons = written("icons.icns", QByteArray::fromHex("69636e73 00000010 69637034 ffffffff"));
+    const PictureFile::Small none = PictureFile::small(icons, {200, 200}, 1 << 20);
+    EXPECT_TRUE(none.size.isEmpty());
+    EXPECT_TRUE(none.picture.isNull());
 }
