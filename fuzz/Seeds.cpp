@@ -3,6 +3,7 @@
 #include "formats/ProcessorList.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
+#include "fuzz/OtherArchives.h"
 #include "fuzz/Targets.h"
 #include "layer/CableRunArchive.h"
 #include "screen/LWScreen.h"
@@ -14,8 +15,10 @@
 
 #include <QBuffer>
 #include <QDir>
-#include <QImageReader>
 #include <QImageWriter>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include <utility>
 #include <vector>
@@ -33,54 +36,13 @@ QByteArrayList filesOf(const QString &folder, const QStringList &patterns)
     return files;
 }
 
-QByteArray uid(qsizetype index)
+/// The bytes with each of them, one by one, as large as it can be.
+QByteArrayList withAWrongByte(const QByteArray &bytes)
 {
-    return "<dict><key>CF$UID</key><integer>" + QByteArray::number(index) + "</integer></dict>";
-}
-
-QByteArray classTable(const QByteArray &name)
-{
-    return "<dict><key>$classname</key><string>" + name + "</string><key>$classes</key><array><string>" + name +
-           "</string></array></dict>";
-}
-
-QByteArray colour(int space, const QByteArray &key, const QByteArray &components)
-{
-    return "<key>NSColorSpace</key><integer>" + QByteArray::number(space) + "</integer><key>" + key + "</key><data>" +
-           components.toBase64() + "</data>";
-}
-
-/// An archive in XML whose root is a list of records as other writers have them, each with the class behind it.
-QByteArray otherRecords()
-{
-    const std::vector<std::pair<QByteArray, QByteArray>> records{
-        {colour(1, "NSRGB", "0.5 0.25 1 0.5"), "NSColor"},
-        {colour(2, "NSRGB", QByteArray("0.5 0.25 1\0", 11)), "NSColor"},
-        {colour(3, "NSWhite", "0.25"), "NSColor"},
-        {colour(4, "NSWhite", "0.25 0.5"), "NSColor"},
-        {colour(5, "NSCMYK", "0 0.5 1 0.5 0.75"), "NSColor"},
-        {"<key>NSColorSpace</key><integer>6</integer><key>NSColorName</key>" + uid(0), "NSColor"},
-        {"<key>NS.data</key><data>aGVsbG8=</data>", "NSMutableData"},
-        {"<key>NS.string</key><string>stage</string>", "NSString"},
-        {"<key>NS.relative</key><string>a.png</string><key>NS.base</key>" + uid(0), "NSURL"},
-        {"<key>NSRangeCount</key><integer>2</integer><key>NSRangeData</key><data>AQMFAg==</data>", "NSIndexSet"},
-        {"<key>NSRangeCount</key><integer>1</integer><key>NSLocation</key><integer>3</integer><key>NSLength</key>"
-         "<integer>4</integer>",
-         "NSMutableIndexSet"},
-        {"<key>label</key><string>STAGE</string>", "LWScreen"},
-    };
-    QByteArray references;
-    QByteArray table;
-    for (qsizetype i = 0; i < std::ssize(records); ++i) {
-        const auto &[keys, name] = records[static_cast<std::size_t>(i)];
-        references += uid(3 + 2 * i);
-        table += "<dict>" + keys + "<key>$class</key>" + uid(4 + 2 * i) + "</dict>" + classTable(name);
-    }
-    return "<plist version=\"1.0\"><dict><key>$archiver</key><string>NSKeyedArchiver</string><key>$version</key>"
-           "<integer>100000</integer><key>$top</key><dict><key>root</key>" +
-           uid(1) + "</dict><key>$objects</key><array><string>$null</string><dict><key>NS.objects</key><array>" +
-           references + "</array><key>$class</key>" + uid(2) + "</dict>" + classTable("NSArray") + table +
-           "</array></dict></plist>";
+    QByteArrayList variants;
+    for (qsizetype i = 0; i < bytes.size(); ++i)
+        variants.append(QByteArray(bytes).replace(i, 1, "\xff"));
+    return variants;
 }
 
 /// What no example uses, and what another version may have written.
@@ -96,22 +58,91 @@ QByteArrayList otherTexts()
             {"class": "LWStill", "ImageURL": {"relative": "a.png", "bases": ["file:///b/"]}, "a\u0041": "x"}]})"};
 }
 
-/// A small picture in each format that can be written.
+/// The value with one of its parts replaced by another kind of value, each by each.
+QList<QJsonValue> withAnotherPart(const QJsonValue &value)
+{
+    QList<QJsonValue> variants{QJsonValue::Null, true, -1.5, 7, "x", QJsonArray(), QJsonArray{0, ""}, QJsonObject()};
+    const QJsonArray list = value.toArray();
+    for (qsizetype i = 0; i < list.size(); ++i) {
+        for (const QJsonValue &entry : withAnotherPart(list[i])) {
+            QJsonArray variant = list;
+            variant[i] = entry;
+            variants.append(variant);
+        }
+    }
+    const QJsonObject object = value.toObject();
+    for (const QString &name : object.keys()) {
+        for (const QJsonValue &entry : withAnotherPart(object[name])) {
+            QJsonObject variant = object;
+            variant[name] = entry;
+            variants.append(variant);
+        }
+    }
+    return variants;
+}
+
+/// What people write who take it for something else than JSON, and what has a wrong kind of value somewhere.
+QByteArrayList damagedTexts()
+{
+    QByteArrayList texts{"[]",
+                         "{'format': 1}",
+                         "{\"format\": 1, // so\n}",
+                         "{\"a\": 1, \"a\": 2}",
+                         "{\"a\": 1,}",
+                         "{\"a\": [1 2]}",
+                         "{\"a\": [1, 2}",
+                         "{\"a",
+                         "{\"a\" 1}",
+                         "{a: 1}",
+                         "{\"a\": 1 \"b\": 2}",
+                         "{\"a\": 01}",
+                         "{\"a\": \"\\x\"}",
+                         QByteArray(1100, '['),
+                         QByteArray("{\"a\":").repeated(1100),
+                         "{\"format\": 1, \"OutputWidth\": 0, \"layers\": []}"};
+    for (const QByteArray &text : otherTexts()) {
+        for (const QJsonValue &variant : withAnotherPart(QJsonDocument::fromJson(text).object())) {
+            if (variant.isObject())
+                texts.append(QJsonDocument(variant.toObject()).toJson(QJsonDocument::Compact));
+        }
+    }
+    return texts;
+}
+
+QByteArray drawing(const QByteArray &content)
+{
+    return "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' width='9' height='7'>" +
+           content + "</svg>";
+}
+
+QByteArray drawingWith(const QByteArray &embedded)
+{
+    return drawing("<image width='9' height='7' xlink:href='data:image/png;base64," + embedded.toBase64() + "'/>");
+}
+
+/// A small picture in each format that can be written, by itself and in a drawing.
 QByteArrayList pictures()
 {
-    QImage picture(7, 5, QImage::Format_ARGB32);
+    QImage picture(16, 16, QImage::Format_ARGB32);
     picture.fill(0x80123456U);
     picture.setPixel(3, 2, 0xffff0000U);
-    QByteArrayList files{
-        "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='7'><g fill='red'><path d='M0 0L9 7z'/>"
-        "<use href='#a'/><circle id='a' r='3'/></g></svg>"};
+    QByteArrayList files{drawing("<g fill='red'><path d='M0 0L9 7z'/><use href='#a'/><circle id='a' r='3'/></g>"),
+                         drawing("<g id='a'><g id='b'><use href='#c'/></g><use xlink:href='#b'/></g>"),
+                         drawing("<use href='#a'/><g id='a'><use href='#a'/></g>"),
+                         drawing("<image width='9' height='7' href='other.png'/>"),
+                         drawing(QByteArray("<g>").repeated(1100)),
+                         "<?xml-stylesheet href='other.css'?>" + drawing("<rect width='9' height='7'/>"),
+                         "<svg xmlns='http://www.w3.org/2000/svg' width='99999' height='99999'/>",
+                         "\x1f\x8b\x08 compressed",
+                         "P5 99999 99999 255\n",
+                         "P5 2000 2000 255\n" + QByteArray(60'000, 'a')};
     for (const QByteArray &format : QImageWriter::supportedImageFormats()) {
         QBuffer file;
         file.open(QIODevice::WriteOnly);
         if (picture.save(&file, format.constData()))
-            files.append(file.data());
+            files.append({file.data(), drawingWith(file.data())});
     }
-    return files;
+    return files + QByteArrayList{drawingWith(files.first())};
 }
 
 QByteArrayList sums()
@@ -137,22 +168,27 @@ QMap<QString, QByteArrayList> seeds()
     Project sample = sampleProject(host);
     sample.supply = Supply::of(208, 3);
     QByteArrayList projects{*ProjectFile::encode(sample)};
+    QByteArrayList libraries{*PresetLibrary::encode(sample.layers)};
     for (const QByteArray &text : texts + otherTexts()) {
-        if (const Result<Project> project = ProjectText::decode(text, EXAMPLES, host))
-            projects.append(ProjectFile::encode(*project).value_or(QByteArray()));
+        const Result<Project> project = ProjectText::decode(text, EXAMPLES, host);
+        if (!project)
+            continue;
+        projects.append(ProjectFile::encode(*project).value_or(QByteArray()));
+        libraries.append(PresetLibrary::encode(project->layers).value_or(QByteArray()));
     }
-    const QByteArray library = *PresetLibrary::encode(sample.layers);
+    const QByteArray copied = *KeyedArchive::write(LayerArchive::encode(sample.layers));
     const QByteArray rows = *RowPasteboard::encode({1, 2, 3, 9, 11});
-    const QByteArrayList others = filesOf(FIXTURES "/archive", {"*.xml"}) + QByteArrayList{otherRecords()};
-    QByteArrayList copies;
+    const QByteArrayList others = filesOf(FIXTURES "/archive", {"*.xml"}) + QByteArrayList{OtherArchives::list()} +
+                                  OtherArchives::damaged() + withAWrongByte(rows);
+    QByteArrayList copies{{}, QByteArray("stage.Orv\0damaged", 17)};
     for (const QByteArray &project : projects)
         copies.append(QByteArray("/shows/stage.Orv") + '\0' + project);
-    return {{"plist", projects + others + QByteArrayList{library, rows}},
-            {"archive", projects + others + QByteArrayList{library, rows}},
-            {"project", projects + others},
-            {"presets", others + QByteArrayList{library}},
-            {"json", texts + otherTexts() + QByteArrayList{ProjectText::encode(sample)}},
-            {"pasteboard", others + QByteArrayList{library, rows}},
+    return {{"plist", projects + others + libraries + QByteArrayList{rows}},
+            {"archive", projects + others + libraries + QByteArrayList{rows}},
+            {"project", projects + others + OtherArchives::projects()},
+            {"presets", others + OtherArchives::walls() + libraries},
+            {"json", texts + otherTexts() + damagedTexts() + QByteArrayList{ProjectText::encode(sample)}},
+            {"pasteboard", others + OtherArchives::walls() + libraries + QByteArrayList{copied, rows}},
             {"picture", pictures()},
             {"recovery", copies},
             {"sum", sums()},

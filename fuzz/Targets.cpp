@@ -12,12 +12,18 @@
 #include "show/LayerArchive.h"
 #include "show/LayerPasteboard.h"
 #include "show/RowPasteboard.h"
+#include "still/LWStill.h"
 #include "still/PictureFile.h"
+#include "tests/base/FullDisk.h"
 #include "tests/psd/PlainPackBits.h"
 #include "tests/screen/TestHost.h"
 #include "windows/inspector/SumText.h"
 
+#include <QClipboard>
 #include <QDir>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QStringListModel>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -39,6 +45,23 @@ template <typename Value>
 void requireSentence(const Result<Value> &result)
 {
     require(result || !result.error().text.isEmpty(), "an error has a sentence");
+}
+
+/// A file that holds the bytes, until the next one is asked for.
+QString fileOf(const QByteArray &bytes)
+{
+    static const QTemporaryDir folder;
+    QFile file(folder.filePath("it"));
+    require(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size(), "there is a disk");
+    return file.fileName();
+}
+
+template <typename Value>
+void requireRead(const Result<Value> &read, const char *promise)
+{
+    if (!read)
+        qCritical("%s", qUtf8Printable(read.error().text));
+    require(read.has_value(), promise);
 }
 
 void runPropertyList(const QByteArray &bytes)
@@ -104,72 +127,182 @@ void runThereAndBack(const QByteArray &bytes, const Encode &encode, const Decode
     require(encode(*atLast) == settled, "what comes back is the same");
 }
 
+/// What the program does with whatever it has read.
+void lookAt(const std::vector<LayerPointer> &layers, LayerHost &host)
+{
+    requireSentence(LayerArchive::copies(layers, host));
+    for (const LayerPointer &layer : layers) {
+        if (layer->kind() == LayerKind::Still)
+            static_cast<const LWStill &>(*layer).ImageURL().toLocalFile();
+    }
+}
+
+Result<QByteArray> textOf(const Project &project)
+{
+    return ProjectFile::check(project).map([&] { return ProjectText::encode(project); });
+}
+
 void runProject(const QByteArray &bytes)
 {
     TestHost host;
-    runThereAndBack(bytes, &ProjectFile::encode,
-                    [&](const QByteArray &file) { return ProjectFile::decode(file, host); });
+    const auto decode = [&](const QByteArray &file) { return ProjectFile::read(fileOf(file), host); };
+    runThereAndBack(bytes, &ProjectFile::encode, decode);
+    const Result<Project> project = decode(bytes);
+    if (!project)
+        return;
+    lookAt(project->layers, host);
+    if (const Result<QByteArray> text = textOf(*project))
+        requireRead(ProjectText::read(fileOf(*text), host), "as a text it can be read");
 }
 
 void runPresets(const QByteArray &bytes)
 {
     TestHost host;
-    runThereAndBack(bytes, &PresetLibrary::encode,
-                    [&](const QByteArray &file) { return PresetLibrary::decode(file, host); });
+    const auto decode = [&](const QByteArray &file) { return PresetLibrary::read(fileOf(file), host); };
+    runThereAndBack(bytes, &PresetLibrary::encode, decode);
+    if (const Result<std::vector<LayerPointer>> presets = decode(bytes))
+        lookAt(*presets, host);
 }
 
 void runText(const QByteArray &bytes)
 {
     TestHost host;
-    const auto encode = [](const Project &project) {
-        return ProjectFile::check(project).map([&] { return ProjectText::encode(project); });
-    };
-    runThereAndBack(bytes, encode, [&](const QByteArray &file) { return ProjectText::decode(file, "/nowhere", host); });
+    const auto decode = [&](const QByteArray &file) { return ProjectText::read(fileOf(file), host); };
+    runThereAndBack(bytes, &textOf, decode);
+    const Result<QByteArray> archive = decode(bytes).and_then(&ProjectFile::encode);
+    if (archive)
+        requireRead(ProjectFile::decode(*archive, host), "as an archive it can be read");
+}
+
+void runLayers(const QByteArray &bytes)
+{
+    TestHost host;
+    auto *pasteboard = new QMimeData; // the clipboard owns it
+    pasteboard->setData(LayerPasteboard::type, bytes);
+    QGuiApplication::clipboard()->setMimeData(pasteboard);
+    require(LayerPasteboard::hasLayers(), "the clipboard has what it was given");
+    const Result<std::vector<LayerPointer>> layers = LayerPasteboard::read(host);
+    requireSentence(layers);
+    if (!layers)
+        return;
+    require(!layers->empty(), "there is a layer");
+    lookAt(*layers, host);
+    const Result<void> written = LayerPasteboard::write(*layers);
+    requireSentence(written);
+    if (written)
+        requireRead(LayerPasteboard::read(host), "what was copied can be pasted");
+}
+
+void runRows(const QByteArray &bytes)
+{
+    QMimeData drag;
+    drag.setData(RowPasteboard::type, bytes);
+    const Result<std::vector<qsizetype>> rows = RowPasteboard::read(drag);
+    requireSentence(rows);
+    if (!rows)
+        return;
+    require(std::ranges::is_sorted(*rows) && RowPasteboard::decode(*RowPasteboard::encode(*rows)) == rows,
+            "rows come back");
+    static const QStringListModel table(QStringList(100));
+    QModelIndexList indexes;
+    for (const qsizetype row : *rows) {
+        if (row < table.rowCount())
+            indexes.append(table.index(static_cast<int>(row)));
+    }
+    const std::unique_ptr<QMimeData> again(RowPasteboard::write(indexes));
+    require(!again == indexes.isEmpty() && (!again || std::ssize(*RowPasteboard::read(*again)) == indexes.size()),
+            "rows of a table come back");
 }
 
 void runPasteboard(const QByteArray &bytes)
 {
-    TestHost host;
-    const Result<std::vector<LayerPointer>> layers = LayerPasteboard::decode(bytes, host);
-    requireSentence(layers);
-    require(!layers || !layers->empty(), "there is a layer");
-    const Result<std::vector<qsizetype>> rows = RowPasteboard::decode(bytes);
-    requireSentence(rows);
-    if (rows)
-        require(std::ranges::is_sorted(*rows) && RowPasteboard::decode(*RowPasteboard::encode(*rows)) == rows,
-                "rows come back");
+    runLayers(bytes);
+    runRows(bytes);
 }
 
 void runPicture(const QByteArray &bytes)
 {
-    static const QTemporaryDir folder;
-    const QString path = folder.filePath("picture");
-    require(FileBytes::write(path, bytes).has_value(), "there is a disk");
+    const QString path = fileOf(bytes);
     PictureFile::isPicture(path);
+    const PictureFile::Small small = PictureFile::small(path, {64, 64}, 1 << 20);
+    require(small.picture.width() <= 64 && small.picture.height() <= 64, "a small picture is small");
     if (const std::shared_ptr<const QImage> picture = PictureFile::load(path))
         require(Raster::canHold(picture->width(), picture->height()) && picture->format() == Raster::format,
                 "a picture is a raster");
 }
 
-/// The bytes up to the first nought are the project's path, the rest is the copy.
-void runRecovery(const QByteArray &bytes)
+/// The bytes up to the first nought are the project's path, the rest is the copy. Beside it lies what killed programs
+/// leave.
+QString recoveryFolder(const QByteArray &bytes)
 {
     static const QTemporaryDir home;
     const QString folder = home.filePath("recovery");
     QDir(folder).removeRecursively();
-    QDir().mkpath(folder + "/left");
+    for (const char *name : {"/left", "/empty", "/killed"})
+        QDir().mkpath(folder + name);
     const qsizetype end = bytes.indexOf('\0');
-    require(FileBytes::write(folder + "/left/project-path", bytes.left(std::max<qsizetype>(end, 0))).has_value() &&
-                FileBytes::write(folder + "/left/project.Orv", bytes.mid(end + 1)).has_value(),
-            "there is a disk");
+    const std::pair<QString, QByteArray> files[] = {{"/left/project-path", bytes.left(std::max<qsizetype>(end, 0))},
+                                                    {"/left/project.Orv", bytes.mid(end + 1)},
+                                                    {"/killed/project-path", bytes},
+                                                    {"/killed/lock", {}}};
+    for (const auto &[name, content] : files)
+        require(FileBytes::write(folder + name, content).has_value(), "there is a disk");
+    return folder;
+}
+
+/// A program goes on from a copy; another one looks on.
+void goOn(RecoveryCopy &copy, RecoveryCopy &other, const QString &projectPath, LayerHost &host)
+{
+    copy.contentDidChange();
+    copy.flush(); // over the one that was taken, or as a new one
+    require(copy.found().empty(), "it is held");
+    copy.leave();
+    const std::vector<FoundCopy> left = other.found();
+    require(left.size() == 1 && left[0].projectPath == projectPath, "it is left for the next");
+    requireRead(copy.take(left[0], host), "what was kept can be read");
+    require(!other.take(left[0], host) && !other.discard(left[0]), "it is taken");
+    copy.documentWasSaved("/shows/next.Orv");
+    require(other.found().empty() && !other.take(left[0], host), "it goes");
+}
+
+/// What cannot be kept is told, once.
+void failToKeep(const QString &folder, const RecoveryCopy::Contents &contents)
+{
+    int told = 0;
+    RecoveryCopy copy(contents, folder);
+    QObject::connect(&copy, &RecoveryCopy::couldNotKeep, [&](const QString &sentence) { told += !sentence.isEmpty(); });
+    copy.contentDidChange();
+    copy.flush();
+    copy.flush();
+    require(told == 1, "it is told");
+}
+
+void runRecovery(const QByteArray &bytes)
+{
+    const QString folder = recoveryFolder(bytes);
     TestHost host;
-    RecoveryCopy copy([] { return Project{9, 9, {}}; }, folder);
+    const auto contents = [] { return Project{9, 9, {}}; };
+    RecoveryCopy copy(contents, folder);
+    RecoveryCopy other(contents, folder);
+    QObject::connect(&copy, &RecoveryCopy::couldNotKeep, [] { require(false, "there is a disk"); });
     const std::vector<FoundCopy> found = copy.found();
     require(found.size() == 1, "a copy is found");
     require(found[0].projectPath.isEmpty() || QDir::isAbsolutePath(found[0].projectPath), "its project's path is one");
     const Result<Project> taken = copy.take(found[0], host);
     requireSentence(taken);
     require(QFile::exists(found[0].path), "it stays");
+    if (!taken)
+        require(copy.discard(found[0]).has_value(), "it can be discarded");
+
+    failToKeep(folder + "/killed/lock/below a file", contents);
+    failToKeep(folder, [] { return Project{0, 9, {}}; }); // that no file can hold
+    {
+        const FullDisk disk(0);
+        failToKeep(folder, contents);
+    }
+    goOn(copy, other, taken ? found[0].projectPath : QString(), host);
+    goOn(copy, other, "/shows/next.Orv", host);
+    require(QDir(folder).isEmpty(), "what was left is cleared away");
 }
 
 void runSum(const QByteArray &bytes)
