@@ -2,12 +2,36 @@
 #include "charts/Painters.h"
 
 #include <numbers>
+#include <vector>
 
 namespace {
 /// Light that swings between black and white; the codes are those of the angle in double precision.
 QRgb greyOfAngle(double angle)
 {
     return ChartLevels::greyOfCode(static_cast<int>(std::floor(255 * (0.5 + 0.5 * std::cos(angle)) + 0.5)));
+}
+
+/// Of pixels to the middle of a line of so many, in half pixels. Whole rounds are left out in whole numbers: a cosine
+/// of large angles is slow and less exact.
+std::vector<int> squaresOfDistances(int pixels, int round)
+{
+    std::vector<int> squares;
+    squares.reserve(static_cast<std::size_t>(pixels));
+    for (qint64 pixel = 0; pixel < pixels; ++pixel) {
+        const qint64 distance = 2 * pixel - (pixels - 1);
+        squares.push_back(static_cast<int>(distance * distance % round));
+    }
+    return squares;
+}
+
+/// For each part of a round.
+std::vector<QRgb> greysOfRound(int round)
+{
+    std::vector<QRgb> greys;
+    greys.reserve(static_cast<std::size_t>(round));
+    for (int part = 0; part < round; ++part)
+        greys.push_back(greyOfAngle(2 * std::numbers::pi * std::min(part, round - part) / round));
+    return greys;
 }
 } // namespace
 
@@ -22,13 +46,12 @@ void Painters::frequencySweep(ChartPainter &painter, const Shape & /*shape*/, qi
 void Painters::zonePlate(ChartPainter &painter, const Shape & /*shape*/, qint64 /*frame*/)
 {
     const QSize size = painter.whole().size();
-    const qint64 round = 8 * qint64{std::min(size.width(), size.height())}; // of squares of half pixels
+    const int round = 8 * std::min(size.width(), size.height()); // of squares of half pixels
+    const std::vector<int> right = squaresOfDistances(size.width(), round);
+    const std::vector<int> down = squaresOfDistances(size.height(), round);
+    const std::vector<QRgb> greys = greysOfRound(round);
     painter.pixels(painter.whole(), [&](int x, int y) {
-        const qint64 right = 2 * x - (size.width() - 1);
-        const qint64 down = 2 * y - (size.height() - 1);
-        // Whole rounds are left out in whole numbers: a cosine of large angles is slow and less exact.
-        const qint64 rest = (right * right + down * down) % round;
-        return greyOfAngle(2 * std::numbers::pi * static_cast<double>(std::min(rest, round - rest)) /
-                           static_cast<double>(round));
+        const int square = right[static_cast<std::size_t>(x)] + down[static_cast<std::size_t>(y)];
+        return greys[static_cast<std::size_t>(square < round ? square : square - round)];
     });
 }
