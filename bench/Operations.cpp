@@ -3,6 +3,7 @@
 #include "bench/ChartSubjects.h"
 #include "bench/CompositionSubjects.h"
 #include "bench/HandSubjects.h"
+#include "bench/LiveSubjects.h"
 #include "bench/MovingChartSubjects.h"
 #include "bench/PngSubjects.h"
 #include "bench/PsdSubjects.h"
@@ -158,6 +159,8 @@ std::vector<Operation> operationsWithGoals()
         {"checks of 500 walls", "pass", 3, [] { return WiringSubjects::timeOfChecks(); }},
         againstMemset("screen, wired by hand, 60 x 34 panels of 128 (8K)", 3,
                       [] { return WiringSubjects::handWiredWall(); }),
+        againstMemset("pointer to painted display window, 8K", 0.2, [] { return LiveSubjects::pointing(); }),
+        againstMemset("frame of a sweep to painted display window, 8K", 0.5, [] { return LiveSubjects::frame(); }),
         startOfTheWindow(1.5),
         {"size of the PNG, 1080p", "QImage", 1.35, [] { return PngSubjects::sizeRatio(fullHd); }},
         {"size of the PNG, 8K", "QImage", 1.35, [] { return PngSubjects::sizeRatio(eightK); }},
