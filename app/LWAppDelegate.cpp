@@ -167,22 +167,30 @@ bool LWAppDelegate::setValue(const QVariant &value, const QString &keyPath)
 
 bool LWAppDelegate::setValueOfSelection(const QVariant &value, const QString &keyPath)
 {
-    setValueOfOthers(value, keyPath);
-    return m_arraycontroller.setValue(value, keyPath);
+    const bool haveOthers = setValueOfOthers(value, keyPath);
+    if (m_arraycontroller.setValue(value, keyPath))
+        return true;
+    if (haveOthers)
+        observeValueForKeyPath(keyPath); // nobody else tells of an edit that the first one has no part in
+    return haveOthers;
 }
 
-/// Of the selected layers but the one before the inspector, whose edit is still to come and to be told.
-void LWAppDelegate::setValueOfOthers(const QVariant &value, const QString &keyPath)
+/// Of the selected layers but the one before the inspector, whose edit is still to come and to be told. Returns whether
+/// there was such a value.
+bool LWAppDelegate::setValueOfOthers(const QVariant &value, const QString &keyPath)
 {
     noteEditedSide(keyPath);
+    bool isAny = false;
     for (const qsizetype index : m_arraycontroller.selectionIndexes()) {
         if (index == m_arraycontroller.selectionIndex() || !m_arraycontroller.setPlainValue(index, value, keyPath))
             continue;
+        isAny = true;
         Layer &layer = *m_arraycontroller.layer(index);
         if (m_hwchange)
             applyAspectLock(layer);
         layer.drawInRect();
     }
+    return isAny;
 }
 
 void LWAppDelegate::noteEditedSide(const QString &keyPath)

@@ -148,6 +148,8 @@ public:
     /// Asks for a picture and adds it as a still, in the middle of the view and with its ratio kept; one that cannot be
     /// read becomes a still without a picture.
     void AddImage();
+    /// Adds a still as large as the output that shows a standard chart, see LayerRecord::chart.
+    void addChart(const QString &chart, const QString &name);
     /// Asks for another picture of the selected still, whose place and size stay.
     void choosePicture();
     /// There are no masks: a line in the log is all.
@@ -180,7 +182,7 @@ public:
     void fitToOutputCorner(Qt::Corner corner);
     /// Hides the selected layers where the one before the inspector is visible, or shows them.
     void toggleVisibility();
-    /// Hides or shows the layer of one row; the selection stays. Nothing where there is no such row.
+    /// The same with the layer of one row, if there is such a row; the selection stays.
     void toggleVisibilityOf(qsizetype row);
     /// Moves the selected rows of one of the two lists up by one (-1) or down (1), as one step; those at the end stay.
     void moveSelectedRows(LayerList &table, int distance);
@@ -244,8 +246,7 @@ public:
     void openProject();
     /// Opens the project at `path`; where its name ends in ".json", its JSON form.
     void openProjectPre(const QString &path);
-    /// The platform's request to open a file: kept for the launch, and only for it. An alert where `path` is empty.
-    /// Always true.
+    /// The platform's request to open a file, kept for the launch; an alert where `path` is empty. Always true.
     bool applicationOpenFile(const QString &path);
     /// The file to open at launch; null: none.
     const QString &preOpenFile() const { return m_preOpenFile; }
@@ -331,7 +332,7 @@ private:
     /// Whether the last edited value was a side that an aspect lock follows.
     void noteEditedSide(const QString &keyPath);
     void applyAspectLock(Layer &layer) const;
-    void setValueOfOthers(const QVariant &value, const QString &keyPath);
+    bool setValueOfOthers(const QVariant &value, const QString &keyPath);
     void editSelectedWalls(const QString &name, const std::function<void(LWScreen &wall)> &edit);
     /// `chosen`: of the show; nullopt: the one remembered counts.
     void takeSupply(const std::optional<Supply> &chosen);

@@ -42,6 +42,18 @@ void LWAppDelegate::AddImage()
     finishEdit("add image");
 }
 
+void LWAppDelegate::addChart(const QString &chart, const QString &name)
+{
+    const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, {});
+    still->setValue("chart", chart);
+    still->setLabel(name);
+    still->setPanelWidth(m_OutputWidth);
+    still->setPanelHeight(m_OutputHeight);
+    still->drawInRect();
+    insertAboveSelection({still});
+    finishEdit("add chart");
+}
+
 void LWAppDelegate::choosePicture()
 {
     const LayerPointer selected = m_arraycontroller.selectedLayer();
@@ -51,6 +63,7 @@ void LWAppDelegate::choosePicture()
     if (!path)
         return;
     still->setImageURL(Address::fromLocalFile(*path));
+    still->setValue("chart", {});
     still->loadThumbnail();
     m_news.expectChange(); // the file may be the same, with another picture
     if (still->thumbnail().isNull())

@@ -74,11 +74,23 @@ std::optional<Finding> portOverLimit(const Layer &layer, const QSize & /*output*
 std::optional<Finding> pictureNotChosen(const Layer &layer, const QSize & /*output*/)
 {
     const auto *still = qobject_cast<const LWStill *>(&layer);
-    if (!still || !still->ImageURL().relative.isEmpty() || !still->thumbnail().isNull())
+    const bool isNamed = still && (still->chart() || !still->ImageURL().relative.isEmpty());
+    if (!still || isNamed || !still->thumbnail().isNull())
         return std::nullopt;
     return Finding{.check = "picture-not-chosen",
                    .level = Level::Warning,
                    .sentence = "It names no file; choose a picture or remove the layer."};
+}
+
+std::optional<Finding> chartUnknown(const Layer &layer, const QSize & /*output*/)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    const std::optional<Result<ChartText>> chart = still ? still->chart() : std::nullopt;
+    if (!chart || *chart)
+        return std::nullopt;
+    return Finding{.check = "chart-unknown",
+                   .level = Level::Warning,
+                   .sentence = QString("Nothing is drawn: %1; choose another chart.").arg(chart->error().text)};
 }
 
 std::optional<Finding> wallWithoutPixels(const Layer &layer, const QSize & /*output*/)
@@ -104,7 +116,8 @@ std::optional<Finding> patternUnknown(const Layer &layer, const QSize & /*output
             QString("There is no pattern %1, so no data path is drawn; choose a pattern.").arg(layer.pattern())};
 }
 
-constexpr std::array<LayerCheck, 4> editing{&pictureMissing, &wallTooLarge, &outsideOutput, &portOverLimit};
+constexpr std::array<LayerCheck, 5> editing{&pictureMissing, &chartUnknown, &wallTooLarge, &outsideOutput,
+                                            &portOverLimit};
 constexpr std::array<LayerCheck, 3> claimed{&pictureNotChosen, &wallWithoutPixels, &patternUnknown};
 
 void run(std::span<const LayerCheck> checks, const Layer &layer, const QSize &output, std::vector<Finding> &findings)

@@ -167,6 +167,7 @@ QMap<QString, QByteArrayList> seeds()
     const QByteArrayList texts = filesOf(EXAMPLES, {"*.json"});
     Project sample = sampleProject(host);
     sample.supply = Supply::of(208, 3);
+    sample.layers[1]->setValue("chart", "field colour=red range=narrow");
     QByteArrayList projects{*ProjectFile::encode(sample)};
     QByteArrayList libraries{*PresetLibrary::encode(sample.layers)};
     for (const QByteArray &text : texts + otherTexts()) {

@@ -148,6 +148,9 @@ struct LayerRecord
     // Additions: without a property; by their names through LayerValues.
     /// What others name the layer by, 128 bits as text; nullopt while nothing refers to it.
     std::optional<QString> id;
+    /// The standard chart that a still shows in place of a file's picture, drawn at the still's size, with what was
+    /// chosen of it: "field colour=red"; nullopt: none.
+    std::optional<QString> chart;
     /// The name of the show's processor that feeds the wall; nullopt: none, and the wall is left out of ports.
     std::optional<QString> processor;
     /// The port that its first run keeps, whatever the other walls do; 0: the next free one.

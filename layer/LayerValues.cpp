@@ -214,6 +214,7 @@ const std::vector<LayerValue> &rows()
         ROW(ImageURL, "picture").of(LayerKind::Still),
 
         ROW(id).added({"id", StoredAs::Text, LayerKind::Any, false}),
+        ROW(chart, "chart").watched().of(LayerKind::Still).added({"chart", StoredAs::Text, LayerKind::Still, true}),
         ROW(processor, "processor")
             .watched()
             .of(LayerKind::Wall)

@@ -26,8 +26,10 @@ void LayerState::apply() const
     if (!still) {
         layer->drawInRect();
         layer->setRecord(record); // rendering fills in what is missing
-    } else if (still->ImageURL() != shownAddress) {
-        still->loadThumbnail();
+    } else {
+        if (still->ImageURL() != shownAddress)
+            still->loadThumbnail();
+        still->followChart();
     }
 }
 

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstring>
 #include <iterator>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -166,6 +167,7 @@ std::shared_ptr<LWStill> LWStill::of(LayerHost &host, const LayerRecordPointer &
 {
     auto still = std::make_shared<LWStill>(host);
     still->setRecord(record);
+    still->m_drawn = still->wantedChart();
     still->loadThumbnail();
     return still;
 }
@@ -186,37 +188,73 @@ Result<std::shared_ptr<LWStill>> LWStill::initWithCoder(LayerHost &host, const A
 
 QImage LWStill::thumbnail() const
 {
-    if (m_pictureWaitsInFile) {
-        m_pictureWaitsInFile = false;
-        m_picture = PictureFile::load(ImageURL().toLocalFile());
+    if (m_pictureWaits) {
+        m_pictureWaits = false;
+        m_picture = values().chart ? drawChart() : PictureFile::load(ImageURL().toLocalFile());
     }
     return m_picture ? *m_picture : QImage();
 }
 
 LayerLook LWStill::shownLook() const
 {
-    if (m_pictureWaitsInFile)
+    if (m_pictureWaits)
         return {record(), {}};
     return {nullptr, {m_picture ? m_picture->cacheKey() : 0}}; // whatever else is edited
 }
 
 void LWStill::setThumbnail(const QImage &picture)
 {
-    m_pictureWaitsInFile = false;
+    m_pictureWaits = false;
     m_picture = std::make_shared<const QImage>(picture.convertToFormat(Raster::format));
 }
 
 void LWStill::loadThumbnail()
 {
     m_picture.reset();
-    m_pictureWaitsInFile = true;
+    m_pictureWaits = true;
+}
+
+std::optional<Result<ChartText>> LWStill::chart() const
+{
+    if (!values().chart)
+        return std::nullopt;
+    Result<ChartText> parsed = ChartText::parse(*values().chart);
+    if (parsed && !takesChart(*parsed->chart))
+        return fail(QString("the chart \"%1\" needs panels").arg(QString(parsed->chart->name)));
+    return parsed;
+}
+
+auto LWStill::wantedChart() const -> std::optional<DrawnChart>
+{
+    if (!values().chart)
+        return std::nullopt;
+    return DrawnChart{*values().chart, {panelWidth(), panelHeight()}};
+}
+
+void LWStill::followChart()
+{
+    if (std::exchange(m_drawn, wantedChart()) != m_drawn)
+        loadThumbnail();
+}
+
+/// Null where there is no such chart, no such raster, or no memory for it.
+std::shared_ptr<const QImage> LWStill::drawChart() const
+{
+    const std::optional<Result<ChartText>> chosen = chart();
+    const QSize size = m_drawn ? m_drawn->size : QSize();
+    const bool isRaster =
+        !size.isEmpty() && size.width() <= Raster::longestSide && size.height() <= Raster::longestSide;
+    if (!chosen || !*chosen || !isRaster)
+        return nullptr;
+    QImage picture = (*chosen)->chart->picture((*chosen)->shape(size), 0);
+    return std::make_shared<const QImage>(std::move(picture).convertToFormat(Raster::format));
 }
 
 bool LWStill::isPictureMissing() const
 {
-    if (ImageURL().isNil())
+    if (values().chart || ImageURL().isNil())
         return false;
-    if (m_pictureWaitsInFile)
+    if (m_pictureWaits)
         return !PictureFile::isPicture(ImageURL().toLocalFile());
     return !m_picture || m_picture->isNull();
 }
@@ -228,8 +266,9 @@ LayerPointer LWStill::copyWithZone() const
     auto copy = std::make_shared<LWStill>(host());
     copy->takeOver(*this, copiedProperties);
     copy->takeOver(*this, LayerValues::copiedAdditions(LayerKind::Still));
-    copy->m_pictureWaitsInFile = m_pictureWaitsInFile;
+    copy->m_pictureWaits = m_pictureWaits;
     copy->m_picture = m_picture;
+    copy->m_drawn = m_drawn;
     return copy;
 }
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "archive/Address.h"
+#include "base/Result.h"
+#include "charts/ChartText.h"
 #include "layer/Layer.h"
 
 #include <QImage>
@@ -8,7 +10,8 @@
 
 #include <memory>
 
-/// A picture on the output. It draws nothing itself: its picture is its thumbnail, composed at the still's size.
+/// A picture on the output: that of a file, or a standard chart. It draws nothing itself: its picture is its thumbnail,
+/// composed at the still's size.
 class LWStill final : public Layer
 {
     Q_OBJECT
@@ -31,13 +34,21 @@ public:
     /// Both in one.
     [[nodiscard]] static Result<std::shared_ptr<LWStill>> initWithCoder(LayerHost &host, const ArchiveObject &coder);
 
-    /// The picture in its own size, whatever size the still has; null where the file is missing or no picture.
+    /// The picture in its own size, whatever size the still has; null where the file is missing or no picture. A chart
+    /// is drawn at the size that the still had when it was rendered last.
     QImage thumbnail() const override;
     void setThumbnail(const QImage &picture) override;
     LayerLook shownLook() const override;
     /// Has the picture loaded from the address when it is next asked for. After a new address this is how a missing
     /// picture is found again; place and size stay.
     void loadThumbnail();
+    /// The standard chart that it shows; nullopt: none is named. Error: it names one that cannot be drawn here, or that
+    /// needs panels, which a still has not; the message is a part of a sentence.
+    std::optional<Result<ChartText>> chart() const;
+    /// Whether a chart can be a still's.
+    static bool takesChart(const Chart &chart) { return !chart.needsPanels; }
+    /// Draws the chart anew where that, or its size, is another one than of the picture.
+    void followChart();
     /// Whether there is an address and no picture. A picture that nobody asked for yet is not loaded to know: a file
     /// that begins like a picture is taken for one until then.
     bool isPictureMissing() const;
@@ -81,10 +92,21 @@ public:
     void setImageURL(const Address &address) { set(&LayerRecord::ImageURL, address); }
 
 private:
+    /// What a picture was drawn from.
+    struct DrawnChart
+    {
+        QString text;
+        QSize size;
+
+        bool operator==(const DrawnChart &) const = default;
+    };
+    std::optional<DrawnChart> wantedChart() const;
+    std::shared_ptr<const QImage> drawChart() const;
     static Marker markerOf(const LayerRecord &still, const PreviewScale &scale);
 
     LayerRecordPointer m_rendered; ///< null before the first rendering
     Marker m_marker;
-    mutable bool m_pictureWaitsInFile = false;
+    mutable bool m_pictureWaits = false; ///< in its file, or to be drawn
+    std::optional<DrawnChart> m_drawn;   ///< the chart that is the picture, or shall be; nullopt: it is a file's
     mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file
 };

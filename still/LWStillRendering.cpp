@@ -48,6 +48,7 @@ void LWStill::drawInRect()
     // The picture keeps its pixels: whoever composes it scales it to this size.
     setScreenSizeWidth(panelWidth());
     setScreenSizeHeight(panelHeight());
+    followChart();
     m_rendered = record();
     placeMarker();
 }

@@ -56,6 +56,9 @@ QString portsOfAll(const LayerFigures &figures)
 
 QString pictureOf(const LWStill &still)
 {
+    if (const auto chart = still.chart())
+        return *chart ? QString("A chart, drawn pixel for pixel")
+                      : QString("Nothing is drawn: %1.").arg(chart->error().text);
     const QSize size = still.thumbnail().size();
     if (size.isEmpty())
         return "The picture is missing. Choose it again.";

@@ -78,6 +78,7 @@ private:
     void fillFileMenu(QMenu &menu);
     void fillEditMenu(QMenu &menu);
     void fillLayerMenu(QMenu &menu);
+    void fillCharts(QMenu &menu);
     void fillViewMenu(QMenu &menu);
     void fillHelpMenu(QMenu &menu);
     void addPlaces(QMenu &menu);

@@ -2,6 +2,7 @@
 #include "base/NumberText.h"
 #include "canvas/LWCanvasImageView.h"
 #include "show/LayerPasteboard.h"
+#include "still/LWStill.h"
 #include "windows/FoldingSide.h"
 #include "windows/Icons.h"
 #include "windows/LayerTable.h"
@@ -11,6 +12,7 @@
 #include "windows/OutputPreview.h"
 #include "windows/PowerBar.h"
 #include "windows/PresetPanel.h"
+#include "windows/charts/ChartChoice.h"
 #include "windows/ports/CableMenu.h"
 #include "windows/tables/TablesPane.h"
 
@@ -140,14 +142,26 @@ void MainWindow::addImage()
     addLayer([this] { m_document.AddImage(); });
 }
 
+/// The pictures in it take a while to draw.
+void MainWindow::fillCharts(QMenu &menu)
+{
+    if (!menu.isEmpty())
+        return;
+    ChartChoice::fillMenu(menu, LWStill::takesChart, [this](const Chart &chart) {
+        addLayer([&] { m_document.addChart(chart.name, chart.title); });
+    });
+}
+
 void MainWindow::fillLayerMenu(QMenu &menu)
 {
     QAction *screen = addTold(menu, {"Add &screen", "grid"}, Qt::CTRL | Qt::SHIFT | Qt::Key_N,
                               [this] { addLayer([this] { m_document.AddScreen(); }); });
     QAction *image =
         addTold(menu, {"Add &image...", "image"}, Qt::CTRL | Qt::SHIFT | Qt::Key_I, [this] { addImage(); });
+    QMenu *charts = menu.addMenu("Add &chart");
+    connect(charts, &QMenu::aboutToShow, this, [this, charts] { fillCharts(*charts); });
     auto *atButton = new QMenu(m_addButton);
-    atButton->addActions({screen, image});
+    atButton->addActions({screen, image, charts->menuAction()});
     m_addButton->setMenu(atButton);
     menu.addSeparator();
     m_layerTable->addAction(

@@ -112,6 +112,7 @@ constexpr Property properties[]{
     {"height", OfWall},
     {"ImageURL", StillFile | StillCopy | OfStill},
     {"id", Files},
+    {"chart", StillFile | StillCopy | Watched | OfStill},
     {"processor", WallFile | WallCopy | Watched | OfWall},
     {"firstPort", WallFile | Watched | OfWall},
     {"goesOn", WallFile | WallCopy | Watched | OfWall},

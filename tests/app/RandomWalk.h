@@ -62,6 +62,8 @@ private:
     void editOutputSize();
     void addScreen();
     void addImage();
+    void addChart();
+    void chooseChart();
     void remove() { m_document->remove(); }
     void removePreset() { m_document->removePreset(); }
     void duplicate();

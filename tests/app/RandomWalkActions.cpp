@@ -27,6 +27,8 @@ const std::vector<RandomWalk::Action> RandomWalk::actions{
     {"edit output size", 20, &RandomWalk::editOutputSize},
     {"add screen", 40, &RandomWalk::addScreen},
     {"add image", 20, &RandomWalk::addImage},
+    {"add chart", 20, &RandomWalk::addChart},
+    {"choose chart", 30, &RandomWalk::chooseChart},
     {"remove", 30, &RandomWalk::remove},
     {"remove preset", 10, &RandomWalk::removePreset},
     {"duplicate", 30, &RandomWalk::duplicate},
@@ -142,6 +144,18 @@ void RandomWalk::addImage()
         {std::nullopt, pathOf("plate.png"), pathOf("missing.png"), pathOf("a.Orv")});
     if (layers().rowCount() < mostRows)
         m_document->AddImage();
+}
+
+void RandomWalk::addChart()
+{
+    if (layers().rowCount() < mostRows)
+        m_document->addChart(m_values.oneOf<QString>({"rp219 range=narrow", "field colour=red", "nonsense"}), "Chart");
+}
+
+void RandomWalk::chooseChart()
+{
+    m_document->setValueOfSelection(m_values.oneOf<QString>({{}, "steps steps=7", "grid", "walk"}),
+                                    "arrangedObjects.chart");
 }
 
 void RandomWalk::duplicate()

@@ -42,6 +42,48 @@ TEST_F(UndoLists, AddedImagesGoAndComeAgain)
     expectUndone("add image", [&] { document.AddImage(); });
 }
 
+TEST_F(UndoLists, AddedChartsGoAndComeAgain)
+{
+    expectUndone("add chart", [&] { document.addChart("grid", "Cross-hatch"); });
+    stack.redo();
+    EXPECT_EQ(labels(), "Cross-hatch, Layer 0");
+}
+
+TEST_F(UndoLists, AChartIsDrawnAtTheSizeThatComesBack)
+{
+    document.addChart("grid", "Cross-hatch");
+    const LayerPointer chart = layers.selectedLayer();
+    const QImage before = chart->thumbnail();
+    ASSERT_EQ(before.size(), QSize(document.OutputWidth(), document.OutputHeight()));
+    expectUndone("panel width", [&] { document.setValue(300, "arrangedObjects.panelWidth"); });
+    EXPECT_EQ(chart->thumbnail(), before);
+    expectUndone("chart", [&] { document.setValue("ramp", "arrangedObjects.chart"); });
+    EXPECT_EQ(chart->thumbnail(), before);
+    stack.redo();
+    EXPECT_NE(chart->thumbnail(), before);
+}
+
+TEST_F(UndoLists, AnEditThatTheFirstOfTheSelectedHasNoPartInIsAStep)
+{
+    document.addChart("grid", "Cross-hatch");
+    layers.setSelectionIndexes({0, 1}, 1); // a wall, which has no chart, is before the inspector
+    expectUndone("chart", [&] { EXPECT_TRUE(document.setValueOfSelection("ramp", "arrangedObjects.chart")); });
+    EXPECT_EQ(layers.layer(0)->value("chart").toString(), "grid");
+    EXPECT_FALSE(document.setValueOfSelection(1, "arrangedObjects.nothing"));
+}
+
+TEST_F(UndoLists, APictureThatIsChosenTakesThePlaceOfAChart)
+{
+    document.addChart("grid", "Cross-hatch");
+    person.openPanelAnswer = pictureFile("plate.png", {31, 17}, Qt::blue);
+    document.choosePicture();
+    const LayerPointer still = layers.selectedLayer();
+    EXPECT_EQ(still->thumbnail().size(), QSize(31, 17));
+    stack.undo();
+    EXPECT_EQ(still->thumbnail().size(), QSize(document.OutputWidth(), document.OutputHeight()));
+    EXPECT_EQ(still->value("chart").toString(), "grid");
+}
+
 TEST_F(UndoLists, RemovedLayersComeBackInTheirPlacesAndSelected)
 {
     showLists();

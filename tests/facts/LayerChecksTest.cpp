@@ -91,6 +91,20 @@ TEST_F(LayerChecksTest, APictureThatIsMissingOrNotChosenIsAWarning)
               "The picture /gone/logo.png is missing or cannot be read; choose it again.");
 }
 
+TEST_F(LayerChecksTest, AChartNeedsNoFileAndOneThatCannotBeDrawnIsAWarning)
+{
+    const auto still = LWStill::initWithimage(host, {});
+    still->setValue("chart", "rp219");
+    still->setPanelWidth(64);
+    still->setPanelHeight(36);
+    still->drawInRect();
+    EXPECT_TRUE(LayerChecks::all(*still, output).empty());
+    still->setValue("chart", "nonsense");
+    expectOne(LayerChecks::all(*still, output), "chart-unknown", Level::Warning,
+              "Nothing is drawn: there is no chart \"nonsense\"; choose another chart.");
+    EXPECT_EQ(LayerChecks::whileEditing(*still, output).size(), 1U);
+}
+
 TEST_F(LayerChecksTest, WhatOnlyAFileCanClaimIsNotToldWhileEditing)
 {
     const auto empty = wall({-3, 2, 10, 0});

@@ -90,7 +90,10 @@ TEST_F(ShowChecksTest, ThePageOfTheCommandLineNamesEachCheck)
     empty->setDrawFlowPath(true);
     const auto gone = LWStill::initWithimage(host, {});
     gone->setImageURL(Address::fromLocalFile("/gone/logo.png"));
-    Project show{2, 30'001, {outside, outside, empty, wall({257, 1, 128, 1}), gone, LWStill::initWithimage(host, {})}};
+    const auto unknown = LWStill::initWithimage(host, {});
+    unknown->setValue("chart", "nonsense");
+    Project show{
+        2, 30'001, {outside, outside, empty, wall({257, 1, 128, 1}), gone, LWStill::initWithimage(host, {}), unknown}};
     UnknownContent content;
     content.ofTop.emplace_back("build", ArchiveValue{qint64{4711}});
     show.unknown = std::make_shared<const UnknownContent>(content);
@@ -98,7 +101,7 @@ TEST_F(ShowChecksTest, ThePageOfTheCommandLineNamesEachCheck)
     std::set<QString> found;
     for (const Finding &finding : ShowChecks::of(show))
         found.insert(finding.check);
-    EXPECT_EQ(found.size(), 12); // with two of the walls beside each other
+    EXPECT_EQ(found.size(), 13); // with two of the walls beside each other
     for (const auto &names : {PlaceChecks::names(), WiringChecks::names()})
         found.insert(names.begin(), names.end());
 

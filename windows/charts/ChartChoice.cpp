@@ -52,7 +52,7 @@ ChartChoice::ChartChoice(Qt::Orientation orientation, IsOffered isOffered, QWidg
     m_speed = addNumber("Speed", 1, 4096, " px a frame");
     m_hold = addNumber("Frames that a panel is lit", ownHold, 10'000, " frames");
     m_hold->setSpecialValueText("A quarter of a second");
-    setValue({m_chart});
+    setValue(ChartText{m_chart});
 }
 
 void ChartChoice::addChart(IsOffered isOffered)
@@ -129,8 +129,11 @@ ChartText ChartChoice::value() const
     return text;
 }
 
-void ChartChoice::setValue(const ChartText &text)
+void ChartChoice::setValue(const std::optional<ChartText> &chosen)
 {
+    if (!chosen)
+        return showChart(false);
+    const ChartText &text = *chosen;
     m_chart = text.chart;
     const QSignalBlocker silent(this);
     m_range->setCurrentIndex(text.range == LevelRange::Narrow ? 1 : 0);
@@ -142,16 +145,16 @@ void ChartChoice::setValue(const ChartText &text)
     showChart();
 }
 
-void ChartChoice::showChart()
+void ChartChoice::showChart(bool isAny)
 {
-    m_charts->setText(QString("Chart: ") + m_chart->title);
-    m_charts->setToolTip(QString("The chart that is chosen: finds ") + m_chart->finds);
-    m_range->setVisible(m_chart->rangeMatters);
+    m_charts->setText(isAny ? QString("Chart: ") + m_chart->title : QString("Choose a chart"));
+    m_charts->setToolTip(isAny ? QString("The chart that is chosen: finds ") + m_chart->finds : QString());
+    m_range->setVisible(isAny && m_chart->rangeMatters);
     const std::initializer_list<std::pair<QWidget *, Chart::Choice>> choices{{m_colour, Chart::Colour},
                                                                              {m_level, Chart::Level},
                                                                              {m_steps, Chart::Steps},
                                                                              {m_speed, Chart::Speed},
                                                                              {m_hold, Chart::Hold}};
     for (const auto &[control, choice] : choices)
-        control->setVisible((m_chart->choices & choice) != 0);
+        control->setVisible(isAny && (m_chart->choices & choice) != 0);
 }

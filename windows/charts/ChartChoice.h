@@ -5,6 +5,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QBoxLayout;
 class QComboBox;
@@ -25,8 +26,8 @@ public:
 
     /// What is chosen now.
     ChartText value() const;
-    /// Shows a choice, and tells nobody.
-    void setValue(const ChartText &text);
+    /// Shows a choice, and tells nobody; nullopt: that none is.
+    void setValue(const std::optional<ChartText> &text);
 
     /// "Finds ..." and a picture for each chart that is offered, in groups; calls `choose` with the one that is chosen.
     static void fillMenu(QMenu &menu, IsOffered isOffered, const std::function<void(const Chart &)> &choose);
@@ -40,7 +41,7 @@ private:
     QComboBox *addChoice(const QString &name, const QString &tip, const QStringList &texts);
     QSpinBox *addNumber(const QString &name, int least, int most, const QString &suffix);
     void choose(const Chart &chart);
-    void showChart();
+    void showChart(bool isAny = true);
 
     const Chart *m_chart;
     QBoxLayout *m_row;

@@ -233,6 +233,7 @@ void Inspector::addStillGroup()
     m_form->addSwitch("aspectRatio", {.tip = "Width and height keep their ratio"});
     addPlace();
     m_form->addSummary("Picture", LayerText::picture);
+    addChartChoice();
     QPushButton *choose = textButton("Choose picture...", "Shows another picture, or finds a missing one again");
     connect(choose, &QPushButton::clicked, &m_document, &LWAppDelegate::choosePicture);
     QPushButton *folder = textButton("Show in folder", "Shows the picture's file among the others");

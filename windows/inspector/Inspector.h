@@ -58,6 +58,7 @@ private:
     void keepPorts();
     void addPowerGroup();
     void addStillGroup();
+    void addChartChoice();
     void addOutputGroup();
     static QToolButton *menuButton(const QString &name, const QString &tip);
     QWidget *cornerChoice();
