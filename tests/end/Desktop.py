@@ -145,6 +145,9 @@ class Desktop:
     def click(self, x, y):
         self._xdotool("mousemove", x, y, "click", 1)
 
+    def double_click(self, x, y):
+        self._xdotool("mousemove", x, y, "click", "--repeat", 2, "--delay", 60, 1)
+
     def wheel_down(self, x, y, steps):
         self._xdotool("mousemove", x, y, "click", "--delay", 30, "--repeat", steps, 5)
 

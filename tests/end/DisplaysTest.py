@@ -13,6 +13,22 @@ from Desktop import wait_for
 SKIPPED = 77
 WIDE, SMALL, OTHER = "1920x1080", "1280x720", "1024x768"
 BLACK, WHITE = b"\0\0\0", b"\xff\xff\xff"
+# In the pane of displays.
+TURNED_OF_FIRST, SHOW_CHART, WALK = (577, 661), (544, 715), (296, 745)
+
+
+def pixels_of(picture):
+    """Width, height and eight bits each of red, green and blue."""
+    size = subprocess.run(["identify", "-format", "%w %h", picture], check=True, stdout=subprocess.PIPE, text=True)
+    width, height = map(int, size.stdout.split())
+    return width, height, subprocess.run(["convert", picture, "-depth", "8", "rgb:-"], check=True,
+                                         stdout=subprocess.PIPE).stdout
+
+
+def turned(rows):
+    """By a quarter, clockwise."""
+    pixels = [[row[x:x + 3] for x in range(0, len(row), 3)] for row in reversed(rows)]
+    return [b"".join(column) for column in zip(*pixels)]
 
 
 class Trial:
@@ -20,15 +36,16 @@ class Trial:
         self.desktop = desktop
         picture = desktop.home / "output.png"
         subprocess.run([program, "convert", show, picture], check=True, stdout=subprocess.DEVNULL)
-        size = subprocess.run(["identify", "-format", "%w %h", picture], check=True, stdout=subprocess.PIPE, text=True)
-        self.width, self.height = map(int, size.stdout.split())
-        self.pixels = subprocess.run(["convert", picture, "-depth", "8", "rgb:-"], check=True,
-                                     stdout=subprocess.PIPE).stdout
+        self.width, self.height, self.pixels = pixels_of(picture)
+        subprocess.run([program, "chart", "panels", "--size", f"{self.width}x{self.height}", "--show", show, picture],
+                       check=True, stdout=subprocess.DEVNULL)
+        _, _, self.chart = pixels_of(picture)
 
-    def part(self, x, y, width, height):
-        """Of the output, as Displays.seen() has it."""
+    def part(self, x, y, width, height, pixels=None):
+        """Of the output, or of another picture of its size, as Displays.seen() has it."""
+        whole = pixels or self.pixels
         rows = range(y, y + height)
-        return [self.pixels[(row * self.width + x) * 3:(row * self.width + x + width) * 3] for row in rows]
+        return [whole[(row * self.width + x) * 3:(row * self.width + x + width) * 3] for row in rows]
 
     def wait_for_part(self, what, number, x, y, width, height):
         expected = self.part(x, y, width, height)
@@ -101,6 +118,40 @@ class Trial:
         desktop.key("f")
         self.wait_for_part("the picture again", 1, 0, 0, 1920, 1080)
 
+    def a_walk_goes_along_a_cable(self):
+        desktop = self.desktop
+        desktop.click(130, 115)
+        desktop.key("F11")
+        desktop.wait_for_rest()
+        desktop.click(*WALK)
+        wait_for("the dark around the first panel", lambda: self.pixel(1, 1500, 700) == BLACK)
+        first = desktop.seen(1, 1920, 1080)
+        assert any(WHITE * 8 in row for row in first), "no panel is lit"
+        desktop.key("Next")
+        wait_for("the second panel", lambda: desktop.seen(1, 1920, 1080) != first)
+        desktop.key("x", "Prior")
+        wait_for("the first panel again", lambda: desktop.seen(1, 1920, 1080) == first)
+        desktop.click(*WALK)
+        self.wait_for_part("the picture after the walk", 1, 0, 0, 1920, 1080)
+
+    def a_chart_lies_over_the_picture(self):
+        self.desktop.click(*SHOW_CHART)
+        expected = self.part(0, 0, 1920, 1080, self.chart)
+        wait_for("the chart", lambda: self.desktop.seen(1, 1920, 1080) == expected)
+        beside = self.part(1920, 0, 1280, 720, self.chart)
+        wait_for("the chart on the other display", lambda: self.desktop.seen(2, 1280, 720) == beside)
+        self.desktop.click(*SHOW_CHART)
+        self.wait_for_part("the picture after the chart", 1, 0, 0, 1920, 1080)
+
+    def a_display_that_hangs_on_its_side_is_turned(self):
+        expected = turned(self.part(0, 0, 1080, 1920))
+        self.desktop.double_click(*TURNED_OF_FIRST)
+        wait_for("the turned picture", lambda: self.desktop.seen(1, 1920, 1080) == expected)
+        for _ in range(3):
+            self.desktop.wait_for_rest()
+            self.desktop.double_click(*TURNED_OF_FIRST)
+        self.wait_for_part("the upright picture", 1, 0, 0, 1920, 1080)
+
     def escape_leaves(self):
         self.desktop.key("shift+Escape")
         wait_for("nothing on the displays", lambda: self.desktop.seen(1, 1920, 1080) != self.part(0, 0, 1920, 1080))
@@ -118,6 +169,7 @@ def main():
 
 def try_displays():
     program, show = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
+    try_one_display(program, show)
     with Displays.Displays(WIDE, SMALL) as desktop:
         try:
             trial = Trial(desktop, program, show)
@@ -130,6 +182,10 @@ def try_displays():
             trial.keys_act_there()
             trial.pointing_lights_a_panel()
             trial.freezing_keeps_the_picture()
+            trial.a_walk_goes_along_a_cable()
+            trial.a_chart_lies_over_the_picture()
+            trial.a_display_that_hangs_on_its_side_is_turned()
+            desktop.click(desktop.left_of(1) + 900, 500)
             trial.escape_leaves()
             desktop.click(130, 115)
             desktop.key("ctrl+q")
@@ -138,6 +194,21 @@ def try_displays():
         except Exception:
             desktop.save_picture("Displays.png")
             raise
+
+
+def try_one_display(program, show):
+    """Beside the one with the main window."""
+    with Displays.Displays(WIDE) as desktop:
+        trial = Trial(desktop, program, show)
+        desktop.start(program, show)
+        desktop.wait_for_window(show.name + " — Wallwright")
+        desktop.wait_for_rest()
+        desktop.key("shift+F11")
+        trial.wait_for_part("the only other display", 1, 0, 0, 1920, 1080)
+        desktop.switch_off(1)
+        desktop.wait_for_rest()
+        desktop.switch_on(1, WIDE)
+        trial.wait_for_part("the only other display, which came back", 1, 0, 0, 1920, 1080)
 
 
 main()
