@@ -64,6 +64,8 @@ QByteArray layerJson(const LayerFacts &layer, std::size_t index)
         members.insert(members.end(), wall.begin(), wall.end());
     } else {
         members.emplace_back("ImageURL", text(layer.picture));
+        if (!layer.chart.isNull())
+            members.emplace_back("chart", text(layer.chart));
     }
     return object(members, 4);
 }

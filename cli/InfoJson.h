@@ -28,7 +28,8 @@ namespace InfoJson {
 ///           "ypoint": 0,
 ///           "screenSizeWidth": 400,
 ///           "screenSizeHeight": 300,
-///           "ImageURL": "logo.png",     or null; only "LWStill", whose members end here
+///           "ImageURL": "logo.png",     or null; only "LWStill", whose members end here or with
+///           "chart": "rp219",           which is there only where it shows one
 ///           "tooLargeToDraw": false,
 ///           "col": 4,
 ///           "row": 3,

@@ -146,6 +146,8 @@ QString layerText(const LayerFacts &layer, std::size_t index, const ShowPorts &p
     text += line("Position", QString("x %1, y %2").arg(grouped(layer.x), grouped(layer.y)));
     text += line("Size", layer.wall && layer.wall->size.isTooLargeToDraw ? LostWall::reason(layer.width, layer.height)
                                                                          : size(layer.width, layer.height) + " pixels");
+    if (!layer.chart.isNull())
+        return text + line("Chart", VisibleText::quoted(layer.chart));
     if (!layer.wall)
         return text + line("Picture", layer.picture.isNull() ? QString("none") : VisibleText::quoted(layer.picture));
     return text + wallText(*layer.wall, WiredPorts::of(ports, {static_cast<qsizetype>(index)}));

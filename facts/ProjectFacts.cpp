@@ -38,8 +38,10 @@ LayerFacts factsOfLayer(const Layer &layer, qint64 volts, qint64 phases)
         facts.width = facts.wall->size.width;
         facts.height = facts.wall->size.height;
     }
-    if (const auto *still = qobject_cast<const LWStill *>(&layer))
+    if (const auto *still = qobject_cast<const LWStill *>(&layer)) {
         facts.picture = still->ImageURL().relative;
+        facts.chart = still->value("chart").toString();
+    }
     return facts;
 }
 } // namespace

@@ -42,6 +42,7 @@ struct LayerFacts
     qint64 width = 0; ///< pixels on the output
     qint64 height = 0;
     QString picture; ///< where a still's picture stands; null for a wall
+    QString chart;   ///< the standard chart that a still shows in its place; null: none
     std::optional<WallFacts> wall;
 };
 

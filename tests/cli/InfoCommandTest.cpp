@@ -133,6 +133,16 @@ Total Power: 0.00Amp (0 W at 110 V, 1 phase)
     EXPECT_FALSE(layer.contains("ports"));
 }
 
+TEST_F(InfoCommandTest, TellsAChartByItsName)
+{
+    const QString show = file("chart.json", R"({"format": 2, "OutputWidth": 40, "OutputHeight": 30, "layers": [
+        {"class": "LWStill", "panelWidth": 30, "panelHeight": 20, "chart": "ramp range=narrow"}]})");
+    EXPECT_TRUE(
+        runCommand({"info", show}).out.contains("\n  Size       30 x 20 pixels\n  Chart      \"ramp range=narrow\"\n"));
+    const QJsonObject layer = parsed(runCommand({"info", show, "--json"}).out)["layers"][0].toObject();
+    EXPECT_EQ(layer["chart"], "ramp range=narrow");
+}
+
 TEST_F(InfoCommandTest, AProjectWithoutLayersDrawsNoCurrent)
 {
     EXPECT_EQ(infoOf(""), "Output: 40 x 30 pixels\nLayers: 0\n\nTotal Power: 0.00Amp (0 W at 110 V, 1 phase)\n");
