@@ -84,6 +84,30 @@ TEST(WallWindow, OnlyWhatIsRenewedIsDrawn)
     }
 }
 
+/// Run at other scales too.
+TEST(WallWindowOnScreen, WhatIsRenewedIsDrawnAndLittleElse)
+{
+    for (const int turn : {0, 90, 180, 270}) {
+        QRegion drawn;
+        WallWindow window([&](const QRect &part) {
+            drawn += part;
+            return placesIn(part);
+        });
+        window.resize(41, 31);
+        window.setRegion({{50, 40}, turn});
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+        QTest::qWait(50);
+        for (const QRect &part : {QRect(53, 44, 1, 1), QRect(61, 47, 7, 5), QRect(55, 41, 1, 20)}) {
+            drawn = {};
+            window.renew(part);
+            QTest::qWait(20);
+            EXPECT_TRUE((QRegion(part) - drawn).isEmpty()) << turn << ": " << part.x();
+            EXPECT_TRUE((drawn - part.adjusted(-5, -5, 5, 5)).isEmpty()) << turn << ": " << part.x();
+        }
+    }
+}
+
 TEST(WallWindow, ACardFramesTheDisplayAndGoes)
 {
     WallWindow window(placesIn);

@@ -7,10 +7,13 @@
 #include "windows/LayerTable.h"
 #include "windows/OutputView.h"
 #include "windows/Theme.h"
+#include "windows/charts/ChartChoice.h"
 #include "windows/displays/DisplaysPage.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -23,6 +26,7 @@
 #include <QTest>
 #include <QTime>
 #include <QToolButton>
+#include <QWindow>
 
 /// The program where three displays are connected, see three-displays.json: the window's, one of 1280 x 1024, and one
 /// as large as the output.
@@ -79,17 +83,22 @@ protected:
         readOut.pixel = readOut.place = pixel;
         emit canvas().readOutDidChange(readOut);
     }
+    DisplaysPage &pane() { return *window.findChild<DisplaysPage *>(); }
+    /// A choice of the pane.
+    void chooseIn(const QString &name, const QString &text)
+    {
+        for (QComboBox *combo : pane().findChildren<QComboBox *>()) {
+            if (combo->accessibleName() == name)
+                combo->setCurrentText(text);
+        }
+    }
     /// In the menu of the pane, which has small pictures.
     void chooseChart(const QString &group, const QString &title)
     {
-        for (QMenu *menu : window.findChildren<QMenu *>()) {
-            if (!qobject_cast<QToolButton *>(menu->parent()) || menu->parent()->parent() == nullptr)
-                continue;
-            if (menu->parent()->parent()->inherits("ChartChoice"))
-                emit menu->aboutToShow();
-        }
-        for (QMenu *menu : window.findChildren<QMenu *>()) {
-            for (QAction *action : menu->title() == group ? menu->actions() : QList<QAction *>()) {
+        QToolButton &button = *pane().findChild<ChartChoice *>()->findChild<QToolButton *>();
+        emit button.menu()->aboutToShow();
+        for (QAction *groups : button.menu()->actions()) {
+            for (QAction *action : groups->text() == group ? groups->menu()->actions() : QList<QAction *>()) {
                 if (action->text() == title)
                     return action->trigger();
             }

@@ -109,10 +109,7 @@ TEST_F(DisplaysTest, CanvasAndPreviewShowTheChartToo)
     const auto middleOf = [](QWidget &view) { return view.grab().toImage().pixelColor(view.rect().center()); };
     ASSERT_NE(middleOf(preview), QColor(Qt::yellow));
     chooseChart("Rigging", "Field");
-    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
-        if (combo->accessibleName() == "Colour")
-            combo->setCurrentText("Yellow");
-    }
+    chooseIn("Colour", "Yellow");
     tool("Show").click();
     EXPECT_EQ(middleOf(preview), QColor(Qt::yellow));
     EXPECT_EQ(middleOf(canvas()), QColor(Qt::yellow));
@@ -129,10 +126,7 @@ TEST_F(DisplaysTest, AChartOverTheWallsLeavesTheRest)
                     window.document().allScreensArray().front()->screenSizeHeight());
     const QImage before = picture(*on(2));
     chooseChart("Processor", "Checker, 1 px");
-    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
-        if (combo->accessibleName() == "Over")
-            combo->setCurrentText("Each wall");
-    }
+    chooseIn("Over", "Each wall");
     tool("Show").click();
     const QImage picture = this->picture(*on(2));
     EXPECT_EQ(picture.pixel(1, 0), qRgb(255, 255, 255));
@@ -213,10 +207,7 @@ TEST_F(DisplaysTest, AChartOverSelectedWallsNeedsOne)
 {
     press(Qt::Key_F11, Qt::NoModifier, {});
     window.document().toggleVisibility();
-    for (QComboBox *combo : window.findChildren<QComboBox *>()) {
-        if (combo->accessibleName() == "Over")
-            combo->setCurrentText("Selected walls");
-    }
+    chooseIn("Over", "Selected walls");
     tool("Show").click();
     EXPECT_EQ(words(), QString());
     EXPECT_FALSE(tool("Show").isChecked());
@@ -227,7 +218,7 @@ TEST_F(DisplaysTest, SpeedAndHoldAreChosenForTheChartsThatHaveThem)
 {
     press(Qt::Key_F11, Qt::NoModifier, {});
     const auto box = [this](const QString &name) -> QSpinBox & {
-        for (QSpinBox *found : window.findChildren<QSpinBox *>()) {
+        for (QSpinBox *found : pane().findChildren<QSpinBox *>()) {
             if (found->accessibleName() == name)
                 return *found;
         }
@@ -256,4 +247,36 @@ TEST_F(DisplaysTest, AClockBeginsAtTheTimeOfDay)
     tool("Show").click();
     const int begun = window.desk().chart().style().options.start;
     EXPECT_TRUE((begun >= before && begun <= before + 2) || before > 86'390) << begun;
+}
+
+TEST_F(DisplaysTest, AWalkGoesOnByItself)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    toggle(wall);
+    tool("Walk").click();
+    pane().findChild<QDoubleSpinBox *>()->setValue(0.2);
+    const QString first = words();
+    tool("Auto").click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return words() != first; }, 1000));
+    tool("Auto").click();
+    const QString there = words();
+    QTest::qWait(500);
+    EXPECT_EQ(words(), there);
+}
+
+TEST_F(DisplaysTest, TheListOfWrongPanelsIsCopiedAndCleared)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    tool("Walk").click();
+    tool("Wrong").click();
+    QTest::keyClick(&window, Qt::Key_PageDown);
+    QTest::keyClick(&window, Qt::Key_X);
+    QMenu &marks = *tool("2 wrong").menu();
+    emit marks.aboutToShow();
+    marks.actions().at(0)->trigger();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), window.desk().walk().walk().marks().join('\n'));
+    EXPECT_EQ(window.desk().walk().walk().marks().size(), 2);
+    marks.actions().at(1)->trigger();
+    EXPECT_TRUE(window.desk().walk().walk().marks().isEmpty());
+    EXPECT_FALSE(tool("0 wrong").isVisible());
 }

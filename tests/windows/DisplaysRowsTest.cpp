@@ -60,7 +60,7 @@ TEST_F(DisplaysTest, CtrlNudgesByAPanelOfTheWallUnderThePointer)
 TEST_F(DisplaysTest, SpaceSwitchesTheChosenRowOnAndOff)
 {
     press(Qt::Key_F11, Qt::NoModifier, {});
-    auto &table = *window.findChild<DisplaysPage *>()->findChild<QTableView *>();
+    auto &table = *pane().findChild<QTableView *>();
     table.setCurrentIndex(table.model()->index(2, DisplaysModel::State));
     press(table, Qt::Key_Space);
     EXPECT_TRUE(on(2));
@@ -73,7 +73,7 @@ TEST_F(DisplaysTest, ACellThatIsTypedInStaysOpenWhenAnotherDisplayGoes)
     press(Qt::Key_F11, Qt::NoModifier, {});
     toggle(stage);
     toggle(wall);
-    auto &table = *window.findChild<DisplaysPage *>()->findChild<QTableView *>();
+    auto &table = *pane().findChild<QTableView *>();
     table.edit(table.model()->index(2, DisplaysModel::Offset));
     QPointer<QLineEdit> field = table.findChild<QLineEdit *>();
     ASSERT_TRUE(field);
@@ -119,4 +119,63 @@ TEST_F(DisplaysTest, AnotherModeOfADisplayThatIsOffIsSeenInThePane)
     QObject::connect(&window.desk().live(), &LiveOutput::changed, &window, [&told] { ++told; });
     emit display(1).geometryChanged(display(1).geometry());
     EXPECT_EQ(told, 1);
+}
+
+TEST_F(DisplaysTest, AnOutputThatComesUpElsewhereIsTold)
+{
+    toggle(wall);
+    on(2)->windowHandle()->setScreen(&display(1));
+    EXPECT_TRUE(shows("The output for Wall came up on Stage; press I on it to see which display is which."));
+}
+
+TEST_F(DisplaysTest, ADoubleClickTurnsByAQuarter)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    toggle(wall);
+    auto &table = *pane().findChild<QTableView *>();
+    const QRect cell = table.visualRect(table.model()->index(2, DisplaysModel::Turned));
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+    for (const int turn : {90, 180, 270, 0}) {
+        QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, cell.center());
+        EXPECT_EQ(row(2).region.turn, turn);
+    }
+}
+
+TEST_F(DisplaysTest, ADisplayMayGoInTheMidstOfAnything)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    toggle(wall);
+    chooseChart("Processor", "Sweep to the right");
+    tool("Show").click();
+    press(*on(2), Qt::Key_F);
+    press(*on(2), Qt::Key_I);
+    tool("Walk").click();
+    tool("Point").click();
+    pointTo(QPoint(5, 5));
+    emit qApp->screenRemoved(&display(2));
+    EXPECT_EQ(words(), "POINT · FROZEN: the wall shows an older state · CHART: Sweep to the right · IDENTIFY");
+    emit qApp->screenAdded(&display(2));
+    tool("Point").click();
+    tool("Walk").click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !words().contains("IDENTIFY"); }, 4000));
+    ASSERT_TRUE(on(2));
+    EXPECT_EQ(words(), "FROZEN: the wall shows an older state · CHART: Sweep to the right");
+}
+
+TEST_F(DisplaysTest, AnotherShowTakesTheChartOnAndLeavesWhatIsFrozen)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    toggle(wall);
+    const QImage before = picture(*on(2));
+    press(*on(2), Qt::Key_F);
+    chooseChart("Processor", "Checker, 1 px");
+    chooseIn("Over", "Each wall");
+    tool("Show").click();
+    window.document().openProjectPre(greenProject("one.Orv"));
+    EXPECT_EQ(picture(*on(2)), before);
+    press(*on(2), Qt::Key_F);
+    const LayerPointer layer = window.document().allScreensArray().front();
+    const QImage checker = picture(*on(2));
+    EXPECT_EQ(checker.pixel(layer->xpoint() + 1, layer->ypoint()), qRgb(255, 255, 255));
+    EXPECT_EQ(checker.pixel(layer->xpoint(), layer->ypoint()), qRgb(0, 0, 0));
 }
