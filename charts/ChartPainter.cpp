@@ -4,8 +4,10 @@
 #include "drawing/TextLine.h"
 
 namespace {
-/// Pixels of a row from which on it is faster not to read what is written over.
-constexpr int leastPastCache = 2048;
+/// Pixels of a row from which on copying a line is faster than writing it.
+constexpr int leastCopied = 2048;
+/// Such rows from which on it is faster not to read what is written over.
+constexpr int leastRowsPastCache = 4;
 constexpr int fewPixels = 4;
 constexpr double smallestReadable = 6;
 constexpr double measuringSize = 64;
@@ -111,12 +113,19 @@ void ChartPainter::fillApart(const QRegion &region, QRgb inside, QRgb outside)
 
 void ChartPainter::fillRows(const QRect &part, QRgb colour)
 {
-    if (part.width() < leastPastCache) {
+    if (part.width() < leastCopied) {
         for (int y = part.top(); y <= part.bottom(); ++y)
             std::fill_n(row(part.left(), y), part.width(), colour);
         return;
     }
-    m_line.assign(static_cast<std::size_t>(part.width()), colour);
+    const auto width = static_cast<std::size_t>(part.width());
+    if (m_line.size() < width || m_line.front() != colour)
+        m_line.assign(width, colour);
+    if (part.height() < leastRowsPastCache) {
+        for (int y = part.top(); y <= part.bottom(); ++y)
+            std::memcpy(row(part.left(), y), m_line.data(), width * sizeof(QRgb));
+        return;
+    }
     for (int y = part.top(); y <= part.bottom(); ++y)
         PixelRows::copyPastCache(row(part.left(), y), m_line.data(), part.width());
     PixelRows::finishCopies();
