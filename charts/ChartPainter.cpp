@@ -4,9 +4,10 @@
 #include "drawing/TextLine.h"
 
 namespace {
-/// Pixels of a row from which on copying a line is faster than writing it.
-constexpr int leastCopied = 2048;
-/// Such rows from which on it is faster not to read what is written over.
+/// Pixels of a row from which on finding the right vector code pays.
+constexpr int leastInVectors = 64;
+/// Pixels of a row, and rows, from which on it is faster not to read what is written over.
+constexpr int leastPastCache = 2048;
 constexpr int leastRowsPastCache = 4;
 constexpr int fewPixels = 4;
 constexpr double smallestReadable = 6;
@@ -113,19 +114,17 @@ void ChartPainter::fillApart(const QRegion &region, QRgb inside, QRgb outside)
 
 void ChartPainter::fillRows(const QRect &part, QRgb colour)
 {
-    if (part.width() < leastCopied) {
+    if (part.width() < leastInVectors) {
         for (int y = part.top(); y <= part.bottom(); ++y)
             std::fill_n(row(part.left(), y), part.width(), colour);
         return;
     }
-    const auto width = static_cast<std::size_t>(part.width());
-    if (m_line.size() < width || m_line.front() != colour)
-        m_line.assign(width, colour);
-    if (part.height() < leastRowsPastCache) {
+    if (part.width() < leastPastCache || part.height() < leastRowsPastCache) {
         for (int y = part.top(); y <= part.bottom(); ++y)
-            std::memcpy(row(part.left(), y), m_line.data(), width * sizeof(QRgb));
+            PixelRows::fill(row(part.left(), y), part.width(), colour);
         return;
     }
+    m_line.assign(static_cast<std::size_t>(part.width()), colour);
     for (int y = part.top(); y <= part.bottom(); ++y)
         PixelRows::copyPastCache(row(part.left(), y), m_line.data(), part.width());
     PixelRows::finishCopies();

@@ -46,6 +46,11 @@ void copyRow(QRgb *pixels, const QRgb *source, size_t count)
     std::memcpy(pixels, source, count * sizeof(QRgb));
 }
 
+void fillRow(QRgb *pixels, size_t count, QRgb colour)
+{
+    std::fill_n(pixels, count, colour);
+}
+
 #else
 
 /// a x b / 255 in 16-bit lanes, rounded as Qt's painter rounds.
@@ -136,6 +141,17 @@ void copyRow(QRgb *pixels, const QRgb *source, size_t count)
     std::memcpy(pixels + i, source + i, (count - i) * sizeof(QRgb));
 }
 
+void fillRow(QRgb *pixels, size_t count, QRgb colour)
+{
+    const hn::ScalableTag<uint32_t> d32;
+    const size_t lanes = hn::Lanes(d32);
+    const auto colours = hn::Set(d32, colour);
+    size_t i = 0;
+    for (; i + lanes <= count; i += lanes)
+        hn::StoreU(colours, d32, pixels + i);
+    std::fill_n(pixels + i, count - i, colour);
+}
+
 #endif
 
 } // namespace PixelRows::HWY_NAMESPACE
@@ -147,6 +163,7 @@ namespace PixelRows {
 HWY_EXPORT(blendRow);
 HWY_EXPORT(uniteRow);
 HWY_EXPORT(copyRow);
+HWY_EXPORT(fillRow);
 
 void blend(QRgb *pixels, const uchar *coverage, qsizetype count, QRgb colour)
 {
@@ -156,6 +173,11 @@ void blend(QRgb *pixels, const uchar *coverage, qsizetype count, QRgb colour)
 void unite(uchar *coverage, const uchar *added, qsizetype count)
 {
     HWY_DYNAMIC_DISPATCH(uniteRow)(coverage, added, static_cast<size_t>(count));
+}
+
+void fill(QRgb *pixels, qsizetype count, QRgb colour)
+{
+    HWY_DYNAMIC_DISPATCH(fillRow)(pixels, static_cast<size_t>(count), colour);
 }
 
 void copyPastCache(QRgb *pixels, const QRgb *source, qsizetype count)

@@ -13,6 +13,9 @@ void blend(QRgb *pixels, const uchar *coverage, qsizetype count, QRgb colour);
 /// Coverage of two shapes laid over each other: each byte becomes 1 - (1 - a)(1 - b).
 void unite(uchar *coverage, const uchar *added, qsizetype count);
 
+/// Writes `count` pixels of one colour.
+void fill(QRgb *pixels, qsizetype count, QRgb colour);
+
 /// Copies a row into a raster too large for the cache, without first reading what it replaces. Other threads see the
 /// pixels after finishCopies().
 void copyPastCache(QRgb *pixels, const QRgb *source, qsizetype count);

@@ -102,3 +102,14 @@ TEST(PixelRows, OnePixelThatIsNotOpaqueIsFoundWhereverItStands)
         pixels[i] = 0xffffffff;
     }
 }
+
+TEST(PixelRows, FillingWritesSoManyPixelsAndNoOther)
+{
+    for (qsizetype count = 0; count < 70; ++count) {
+        std::vector<QRgb> row(72, 7U);
+        PixelRows::fill(row.data() + 1, count, 0xff123456U);
+        EXPECT_EQ(std::ranges::count(row, 0xff123456U), count);
+        EXPECT_EQ(row[0], 7U);
+        EXPECT_EQ(row[static_cast<std::size_t>(count) + 1], 7U);
+    }
+}
