@@ -82,15 +82,15 @@ std::optional<Finding> pictureNotChosen(const Layer &layer, const QSize & /*outp
                    .sentence = "It names no file; choose a picture or remove the layer."};
 }
 
-std::optional<Finding> chartUnknown(const Layer &layer, const QSize & /*output*/)
+std::optional<Finding> chartNotDrawn(const Layer &layer, const QSize & /*output*/)
 {
     const auto *still = qobject_cast<const LWStill *>(&layer);
     const std::optional<Result<ChartText>> chart = still ? still->chart() : std::nullopt;
     if (!chart || *chart)
         return std::nullopt;
-    return Finding{.check = "chart-unknown",
+    return Finding{.check = "chart-not-drawn",
                    .level = Level::Warning,
-                   .sentence = QString("Nothing is drawn: %1; choose another chart.").arg(chart->error().text)};
+                   .sentence = QString("Nothing is drawn: %1; choose another chart or size.").arg(chart->error().text)};
 }
 
 std::optional<Finding> wallWithoutPixels(const Layer &layer, const QSize & /*output*/)
@@ -116,7 +116,7 @@ std::optional<Finding> patternUnknown(const Layer &layer, const QSize & /*output
             QString("There is no pattern %1, so no data path is drawn; choose a pattern.").arg(layer.pattern())};
 }
 
-constexpr std::array<LayerCheck, 5> editing{&pictureMissing, &chartUnknown, &wallTooLarge, &outsideOutput,
+constexpr std::array<LayerCheck, 5> editing{&pictureMissing, &chartNotDrawn, &wallTooLarge, &outsideOutput,
                                             &portOverLimit};
 constexpr std::array<LayerCheck, 3> claimed{&pictureNotChosen, &wallWithoutPixels, &patternUnknown};
 

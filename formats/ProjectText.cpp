@@ -144,6 +144,10 @@ Result<LayerPointer> decodeStill(const Given &given, const Surroundings &around)
     if (!isSet)
         return tl::unexpected(isSet.error());
 
+    const bool hasSize = given.object.contains("panelWidth") && given.object.contains("panelHeight");
+    if (still->chart() && !hasSize)
+        return fail("chart: expected panelWidth and panelHeight beside it");
+    still->followChart();
     still->loadThumbnail();
     if (!given.object.contains("panelWidth"))
         still->setPanelWidth(still->thumbnail().width());

@@ -1,5 +1,6 @@
 #include "still/LWStill.h"
 
+#include "base/NumberText.h"
 #include "drawing/Raster.h"
 #include "still/PictureFile.h"
 
@@ -220,7 +221,9 @@ std::optional<Result<ChartText>> LWStill::chart() const
         return std::nullopt;
     Result<ChartText> parsed = ChartText::parse(*values().chart);
     if (parsed && !takesChart(*parsed->chart))
-        return fail(QString("the chart \"%1\" needs panels").arg(QString(parsed->chart->name)));
+        return fail(QString("the chart \"%1\" is none for a layer").arg(QString(parsed->chart->name)));
+    if (parsed && !Raster::canHold(panelWidth(), panelHeight()))
+        return fail(QString("no chart can have %1 px").arg(NumberText::size(panelWidth(), panelHeight())));
     return parsed;
 }
 
@@ -240,13 +243,11 @@ void LWStill::followChart()
 /// Null where there is no such chart, no such raster, or no memory for it.
 std::shared_ptr<const QImage> LWStill::drawChart() const
 {
-    const std::optional<Result<ChartText>> chosen = chart();
+    const Result<ChartText> chosen = m_drawn ? ChartText::parse(m_drawn->text) : fail({});
     const QSize size = m_drawn ? m_drawn->size : QSize();
-    const bool isRaster =
-        !size.isEmpty() && size.width() <= Raster::longestSide && size.height() <= Raster::longestSide;
-    if (!chosen || !*chosen || !isRaster)
+    if (!chosen || !takesChart(*chosen->chart) || !Raster::canHold(size.width(), size.height()))
         return nullptr;
-    QImage picture = (*chosen)->chart->picture((*chosen)->shape(size), 0);
+    QImage picture = chosen->chart->picture(chosen->shape(size), 0);
     return std::make_shared<const QImage>(std::move(picture).convertToFormat(Raster::format));
 }
 

@@ -42,11 +42,11 @@ public:
     /// Has the picture loaded from the address when it is next asked for. After a new address this is how a missing
     /// picture is found again; place and size stay.
     void loadThumbnail();
-    /// The standard chart that it shows; nullopt: none is named. Error: it names one that cannot be drawn here, or that
-    /// needs panels, which a still has not; the message is a part of a sentence.
+    /// The standard chart that it shows; nullopt: none is named. Error: it names one that is not known or none
+    /// for a still, or its size is none that can be drawn; the message is a part of a sentence.
     std::optional<Result<ChartText>> chart() const;
-    /// Whether a chart can be a still's.
-    static bool takesChart(const Chart &chart) { return !chart.needsPanels; }
+    /// Whether a chart can be a still's, which has no panels and does not move.
+    static bool takesChart(const Chart &chart) { return !chart.needsPanels && !chart.flashes; }
     /// Draws the chart anew where that, or its size, is another one than of the picture.
     void followChart();
     /// Whether there is an address and no picture. A picture that nobody asked for yet is not loaded to know: a file

@@ -173,6 +173,26 @@ TEST_F(ConvertPicturesTest, StillsAreFoundBesideTheText)
     EXPECT_EQ(converted(input, {"--layer", "0"}).size(), QSize(4, 3));
 }
 
+TEST_F(ConvertPicturesTest, AChartIsDrawnAtItsSizeByWhateverFileNamesIt)
+{
+    const auto withChart = [this](const QByteArray &size) {
+        return file("chart.json", R"({"format": 2, "OutputWidth": 40, "OutputHeight": 30, "layers": [
+            {"class": "LWStill", "chart": "field colour=red", "xpoint": 5, "ypoint": 6)" +
+                                      size + "}]}");
+    };
+    const QString input = withChart(R"(, "panelWidth": 10, "panelHeight": 8)");
+    ASSERT_EQ(runCommand({"convert", input, path("chart.Orv")}).status, 0);
+    for (const QString &show : {input, path("chart.Orv")}) {
+        const QImage output = converted(show);
+        EXPECT_EQ(output.pixelColor(5, 6), QColor(Qt::red));
+        EXPECT_EQ(output.pixelColor(14, 13), QColor(Qt::red));
+        EXPECT_EQ(output.pixelColor(15, 13), black);
+        EXPECT_EQ(runCommand({"convert", show, path("chart.psd")}).err, QString());
+    }
+    EXPECT_EQ(runCommand({"info", withChart({})}).err,
+              path("chart.json") + ": layers[0].chart: expected panelWidth and panelHeight beside it\n");
+}
+
 TEST_F(ConvertPicturesTest, AVisibleWallThatIsLostFails)
 {
     const auto huge = [](const QByteArray &name, const QByteArray &visible) {

@@ -99,9 +99,12 @@ TEST_F(LayerChecksTest, AChartNeedsNoFileAndOneThatCannotBeDrawnIsAWarning)
     still->setPanelHeight(36);
     still->drawInRect();
     EXPECT_TRUE(LayerChecks::all(*still, output).empty());
+    still->setPanelHeight(40'000);
+    expectOne(LayerChecks::all(*still, output), "chart-not-drawn", Level::Warning,
+              "Nothing is drawn: no chart can have 64 × 40,000 px; choose another chart or size.");
     still->setValue("chart", "nonsense");
-    expectOne(LayerChecks::all(*still, output), "chart-unknown", Level::Warning,
-              "Nothing is drawn: there is no chart \"nonsense\"; choose another chart.");
+    expectOne(LayerChecks::all(*still, output), "chart-not-drawn", Level::Warning,
+              "Nothing is drawn: there is no chart \"nonsense\"; choose another chart or size.");
     EXPECT_EQ(LayerChecks::whileEditing(*still, output).size(), 1U);
 }
 

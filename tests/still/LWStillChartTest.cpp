@@ -79,10 +79,12 @@ TEST(LWStillChart, WhatIsNoChartOrNeedsPanelsIsAnErrorAndDrawsNothing)
 {
     TestHost host;
     EXPECT_EQ(stillOf(host, "nonsense", {20, 10})->chart()->error().text, "there is no chart \"nonsense\"");
-    EXPECT_EQ(stillOf(host, "walk", {20, 10})->chart()->error().text, "the chart \"walk\" needs panels");
+    EXPECT_EQ(stillOf(host, "walk", {20, 10})->chart()->error().text, "the chart \"walk\" is none for a layer");
     EXPECT_EQ(stillOf(host, "field steps=3", {20, 10})->chart()->error().text, "the chart \"field\" has no steps");
     for (const char *text : {"nonsense", "walk", "field steps=3", ""})
         EXPECT_TRUE(stillOf(host, text, {20, 10})->thumbnail().isNull()) << text;
-    for (const QSize &size : {QSize(0, 10), QSize(20, -1), QSize(Raster::longestSide + 1, 1)})
+    EXPECT_EQ(stillOf(host, "field", {0, 10})->chart()->error().text, "no chart can have 0 × 10 px");
+    EXPECT_FALSE(*stillOf(host, "field", {32'768, 8'193})->chart());
+    for (const QSize &size : {QSize(32'768, 8'193), QSize(0, 10), QSize(20, -1), QSize(Raster::longestSide + 1, 1)})
         EXPECT_TRUE(stillOf(host, "field", size)->thumbnail().isNull()) << size.width();
 }
