@@ -149,7 +149,7 @@ public:
     /// read becomes a still without a picture.
     void AddImage();
     /// Adds a still as large as the output that shows a standard chart, see LayerRecord::chart.
-    void addChart(const QString &chart, const QString &name);
+    void addChart(const QString &chart);
     /// Asks for another picture of the selected still, whose place and size stay.
     void choosePicture();
     /// There are no masks: a line in the log is all.

@@ -42,11 +42,10 @@ void LWAppDelegate::AddImage()
     finishEdit("add image");
 }
 
-void LWAppDelegate::addChart(const QString &chart, const QString &name)
+void LWAppDelegate::addChart(const QString &chart)
 {
     const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, {});
     still->setValue("chart", chart);
-    still->setLabel(name);
     still->setPanelWidth(m_OutputWidth);
     still->setPanelHeight(m_OutputHeight);
     still->drawInRect();

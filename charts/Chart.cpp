@@ -46,6 +46,13 @@ QString Chart::rangeName(LevelRange range)
     return range == LevelRange::Full ? "full 0-255" : "narrow 16-235";
 }
 
+bool Chart::isFullWhite(const ChartOptions &options) const
+{
+    const bool isWhite = (choices & Colour) == 0 || options.colour == FieldColour::White;
+    const int level = (choices & Level) == 0 ? field.value_or(0) : options.level.value_or(field.value_or(0));
+    return field && isWhite && level == 100;
+}
+
 void Chart::draw(const ChartShape &shape, qint64 frame, QImage &raster, const QRegion &parts) const
 {
     Q_ASSERT(raster.size() == shape.size && raster.format() == QImage::Format_RGB32);

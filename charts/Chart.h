@@ -6,6 +6,7 @@
 #include <QRegion>
 #include <QString>
 
+#include <optional>
 #include <span>
 
 class ChartPainter;
@@ -46,6 +47,9 @@ struct Chart
     /// Flashes more than three times a second, in a tenth of the chart: who shows it asks each time, and ends it after
     /// 30 s. All others keep below, save for the small squares of the counter beside the clock.
     bool flashes = false;
+    bool heedsWalls = false; ///< others are drawn alike whatever walls the shape has
+    /// A field of this level in per cent, where no other is chosen; none for what is no field, even for a while.
+    std::optional<int> field = std::nullopt;
     void (*paint)(ChartPainter &painter, const ChartShape &shape, qint64 frame);  ///< for draw()
     QRegion (*change)(const ChartShape &shape, qint64 from, qint64 to) = nullptr; ///< for moved(); null: stands still
 
@@ -59,6 +63,8 @@ struct Chart
     static QString rangeName(LevelRange range);
 
     bool moves() const { return change != nullptr; }
+    /// All of it is white, even for a while: panels draw what they can.
+    bool isFullWhite(const ChartOptions &options) const;
 
     /// Draws `frame` (any number; the clock's frames are counted from 0) into the `parts` of a raster that has the
     /// shape's size and `QImage::Format_RGB32`. Pixels beside them stay as they are, those within are as when all is

@@ -159,7 +159,7 @@ QString ChartText::text() const
         if (!value.isEmpty())
             words.append(QString("%1=%2").arg(option.name, value));
     }
-    if (range == LevelRange::Narrow)
+    if (range == LevelRange::Narrow && chart->rangeMatters)
         words.append("range=narrow");
     return words.join(u' ');
 }

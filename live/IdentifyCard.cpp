@@ -65,6 +65,8 @@ void IdentifyCard::paintOnDisplay(QPainter &painter, const QSize &size, int turn
 void IdentifyCard::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), Qt::white);
+    painter.fillRect(rect(), Qt::black); // some platforms do not shape windows
+    painter.setPen(Qt::white);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
     paintCard(painter, cardOf(size()), m_lines);
 }

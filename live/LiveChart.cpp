@@ -1,5 +1,7 @@
 #include "live/LiveChart.h"
 
+#include "drawing/Raster.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -39,7 +41,7 @@ void LiveChart::show(const Chart &chart, const Style &style, const std::vector<P
     m_style = style;
     m_style.rate = std::clamp(style.rate, leastRate, mostRate);
     m_begin = m_beginOfRate = m_clock();
-    m_frame = m_frameOfRate = m_late = 0;
+    m_frame = m_late = 0;
     startTimer();
     m_places = places;
     drawPlaces();
@@ -58,9 +60,12 @@ void LiveChart::setRate(double rate)
     const double taken = std::clamp(rate, leastRate, mostRate);
     if (!m_chart || taken == m_style.rate)
         return;
+    constexpr int secondsOfDay = 24 * 60 * 60;
+    const auto gone = static_cast<qint64>(std::floor(static_cast<double>(m_frame) / m_style.rate));
+    m_style.options.start = static_cast<int>((m_style.options.start + gone) % secondsOfDay);
     m_style.rate = taken;
     m_beginOfRate = m_clock();
-    m_frameOfRate = m_frame;
+    m_frame = 0;
     startTimer();
     drawPlaces();
 }
@@ -78,14 +83,14 @@ void LiveChart::drawPlaces()
     m_shapes.clear();
     m_pictures.clear();
     for (const Place &place : m_places) {
-        if (place.box.isEmpty())
+        if (!Raster::canHold(place.box.width(), place.box.height()))
             continue;
         ChartShape shape = shapeOf(place, m_style);
         QImage image = m_chart->picture(shape, m_frame);
         if (image.isNull())
             continue;
         m_shapes.push_back(std::move(shape));
-        m_pictures.push_back({place.box, std::move(image)});
+        m_pictures.push_back({place.box, std::move(image), m_style.isOver});
     }
     emit changed();
 }
@@ -108,7 +113,7 @@ void LiveChart::tick()
     if (m_chart->flashes && gone >= longestFlash)
         return end();
     const double seconds = static_cast<double>(m_clock() - m_beginOfRate) / 1e9;
-    const auto due = m_frameOfRate + static_cast<qint64>(std::floor(seconds * m_style.rate));
+    const auto due = static_cast<qint64>(std::floor(seconds * m_style.rate));
     if (due <= m_frame)
         return;
     QRegion region;

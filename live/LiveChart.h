@@ -33,12 +33,14 @@ public:
         LevelRange range = LevelRange::Full;
         double rate = 60; ///< frames a second
         ChartOptions options = {};
+        bool isOver = false; ///< the picture is seen where the chart is black
     };
     /// A picture that lies over the output.
     struct Picture
     {
         QRect box;
-        QImage image; ///< RGB32, of its size
+        QImage image;        ///< RGB32, of its size
+        bool isOver = false; ///< see Style
     };
     /// Nanoseconds that have gone by since any moment.
     using Clock = std::function<qint64()>;
@@ -53,7 +55,7 @@ public:
     void show(const Chart &chart, const Style &style, const std::vector<Place> &places);
     /// The show has changed: it goes on at the same frame, drawn anew where places are others.
     void setPlaces(const std::vector<Place> &places);
-    /// Frames a second from now on; the frame that stands is followed by the next one.
+    /// Frames a second from now on. They begin anew, and what tells the time tells it on.
     void setRate(double rate);
     void end();
     /// Null: there is none.
@@ -84,7 +86,6 @@ private:
     Style m_style;
     qint64 m_begin = 0;       ///< when it was shown
     qint64 m_beginOfRate = 0; ///< since when it has this rate
-    qint64 m_frameOfRate = 0; ///< the frame that stood then
     qint64 m_frame = 0;
     qint64 m_late = 0;
     std::vector<Place> m_places;

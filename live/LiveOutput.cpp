@@ -50,6 +50,16 @@ void LiveOutput::GoAway::operator()(WallWindow *window) const
     window->deleteLater(); // it may be told of a key just now
 }
 
+/// The platform puts one that comes back behind all others; whoever counts them counts from the left.
+std::vector<QScreen *> LiveOutput::screensByPlace()
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    std::vector<QScreen *> all(screens.begin(), screens.end());
+    std::ranges::stable_sort(
+        all, {}, [](const QScreen *screen) { return std::pair(screen->geometry().x(), screen->geometry().y()); });
+    return all;
+}
+
 QScreen *LiveOutput::screenOf(const QString &key)
 {
     const QList<QScreen *> screens = QGuiApplication::screens();
@@ -64,8 +74,9 @@ void LiveOutput::follow(const QScreen &screen)
     connect(&screen, &QScreen::geometryChanged, this, [this, &screen] {
         if (const auto wall = m_walls.find(WallDisplay::of(screen).key()); wall != m_walls.end())
             wall->second.display = WallDisplay::of(screen);
-        emit changed();
+        tellDisplays();
     });
+    connect(&screen, &QScreen::refreshRateChanged, this, &LiveOutput::changed);
 }
 
 void LiveOutput::addScreen(QScreen *screen)
@@ -74,7 +85,7 @@ void LiveOutput::addScreen(QScreen *screen)
     follow(*screen);
     if (m_wanted.isShown(key))
         show(key, *screen);
-    emit changed();
+    tellDisplays();
 }
 
 void LiveOutput::removeScreen(QScreen *screen)
@@ -83,7 +94,7 @@ void LiveOutput::removeScreen(QScreen *screen)
     m_wanted.vanish(key);
     if (const auto wall = m_walls.find(key); wall != m_walls.end())
         wall->second.window.reset();
-    emit changed();
+    tellDisplays();
 }
 
 void LiveOutput::setOn(const QString &key, bool isOn)
@@ -96,7 +107,7 @@ void LiveOutput::setOn(const QString &key, bool isOn)
         m_wanted.leave(key);
         switchOff(key);
     }
-    emit changed();
+    tellDisplays();
 }
 
 void LiveOutput::leaveAll()
@@ -104,7 +115,7 @@ void LiveOutput::leaveAll()
     m_wanted.leaveAll();
     for (const Row &row : rows())
         switchOff(row.display.key());
-    emit changed();
+    tellDisplays();
 }
 
 /// A region that somebody chose is there again when the display is on again, in a show without a file too.
@@ -206,26 +217,26 @@ void LiveOutput::setRegion(const QString &key, const WallRegion &region)
     wall->second.region = region;
     wall->second.isRegionKept = true;
     m_memory.keep(key, region.text());
-    if (wall->second.window) {
+    if (wall->second.window)
         wall->second.window->setRegion(region);
-        if (isIdentifying())
-            wall->second.window->setCard(cardOf(key));
-    }
-    emit changed();
+    tellDisplays();
 }
 
 std::vector<LiveOutput::Row> LiveOutput::rows() const
 {
     std::vector<Row> rows;
+    const QString shown = shownInWords();
     const auto add = [&](const QString &key, const WallDisplay &display, bool isConnected) {
-        const auto wall = m_walls.find(key);
-        if (wall == m_walls.end())
-            rows.push_back({display, isConnected, m_wanted.isWanted(key)});
-        else
-            rows.push_back(
-                {display, isConnected, m_wanted.isWanted(key), wall->second.region, wall->second.isRegionKept});
+        Row row{display, isConnected, m_wanted.isWanted(key)};
+        if (const auto wall = m_walls.find(key); wall != m_walls.end()) {
+            row.region = wall->second.region;
+            row.isRegionKept = wall->second.isRegionKept;
+        }
+        if (row.isOn && isConnected)
+            row.shows = shown;
+        rows.push_back(row);
     };
-    for (const QScreen *screen : QGuiApplication::screens()) {
+    for (const QScreen *screen : screensByPlace()) {
         const WallDisplay display = WallDisplay::of(*screen);
         if (m_wanted.isConnected(display.key()))
             add(display.key(), display, true);
@@ -254,8 +265,8 @@ bool LiveOutput::isSeen(const QRect &place) const
 
 double LiveOutput::frameRate() const
 {
-    for (const auto &[key, wall] : m_walls) {
-        const QScreen *const screen = wall.window ? wall.window->screen() : nullptr;
+    for (const QString &key : m_wanted.all()) {
+        const QScreen *const screen = screenOf(key);
         if (screen && screen->refreshRate() >= 1)
             return screen->refreshRate();
     }

@@ -44,6 +44,7 @@ public:
         bool isOn = false;
         WallRegion region = {};
         bool isRegionKept = false; ///< it is the show's own; else the one that a show begins with
+        QString shows = {};        ///< "BLACKOUT", "picture"; empty where it is off or gone
 
         bool operator==(const Row &) const = default;
     };
@@ -65,7 +66,7 @@ public:
     /// The show has been saved under a name: that has its regions from now on.
     void keepRegions();
 
-    /// Those that are there in the order of the machine, then those that are waited for.
+    /// Those that are there from left to right, then those that are waited for.
     std::vector<Row> rows() const;
     bool isOn(const QString &key) const { return m_wanted.isWanted(key); }
     bool isAnyOn() const { return m_wanted.isAnyWanted(); }
@@ -115,6 +116,7 @@ private:
         bool isElsewhere = false;                        ///< the desktop has put it on another display
     };
 
+    static std::vector<QScreen *> screensByPlace();
     static QScreen *screenOf(const QString &key);
     void follow(const QScreen &screen);
     void addScreen(QScreen *screen);
@@ -125,6 +127,7 @@ private:
     void setLook(WallLook look);
     void showOutput();
     bool isCovered() const;
+    QString shownInWords() const;
     const QImage &picture() const { return m_shown.output().picture; }
     void renew(const std::optional<QRegion> &where);
     WallRegion regionFor(const QString &key, bool &isKept) const;
@@ -135,7 +138,9 @@ private:
     bool isWhole(const Wall &wall) const;
     QRegion shownParts() const;
     QStringList cardOf(const QString &key) const;
+    void layCards();
     void endIdentifying();
+    void tellDisplays();
 
     const ShownOutput &m_shown;
     QWidget &m_window;

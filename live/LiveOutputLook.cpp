@@ -34,6 +34,7 @@ void LiveOutput::setFrozen(bool isFrozen)
     WallLook look = m_look;
     look.frozen = isFrozen ? picture() : QImage();
     setLook(look);
+    emit changed(); // without a picture nothing is frozen, and buttons show it
 }
 
 void LiveOutput::setLevel(int level)
@@ -71,7 +72,15 @@ QStringList LiveOutput::cardOf(const QString &key) const
 
 void LiveOutput::identify()
 {
-    endIdentifying();
+    m_identifying.start();
+    layCards();
+    emit changed();
+}
+
+/// Displays may come, go and change while they tell which they are.
+void LiveOutput::layCards()
+{
+    m_cards.clear();
     for (QScreen *screen : QGuiApplication::screens()) {
         const QString key = WallDisplay::of(*screen).key();
         const auto wall = m_walls.find(key);
@@ -81,7 +90,12 @@ void LiveOutput::identify()
         else if (!isOn)
             m_cards.push_back(std::make_unique<IdentifyCard>(*screen, cardOf(key)));
     }
-    m_identifying.start();
+}
+
+void LiveOutput::tellDisplays()
+{
+    if (isIdentifying())
+        layCards();
     emit changed();
 }
 
@@ -94,6 +108,18 @@ void LiveOutput::endIdentifying()
             wall.window->setCard({});
     }
     emit changed();
+}
+
+/// What wins over all else.
+QString LiveOutput::shownInWords() const
+{
+    if (m_look.isBlack)
+        return "BLACKOUT";
+    if (!m_lightWords.isEmpty())
+        return m_lightWords.section(' ', 0, 0);
+    if (isFrozen())
+        return "FROZEN";
+    return m_shown.chart().pictures().empty() ? QString("picture") : QString("chart");
 }
 
 std::vector<LiveOutput::Words> LiveOutput::words() const
@@ -137,7 +163,7 @@ void LiveOutput::goHome(const QString &key)
 
 bool LiveOutput::press(const QKeyEvent &event, const QString &display)
 {
-    const bool isArrow = event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down;
+    const bool isArrow = event.key() == Qt::Key_Home || (event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down);
     const bool isChord = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
     if (isChord && !isArrow)
         return false;

@@ -82,8 +82,8 @@ QString PanelWalk::words() const
     if (!here)
         return {};
     return QString("%1, %2.%3 of %4")
-        .arg(here->name.trimmed(), here->port, QString::number(here->number))
-        .arg(m_runs[m_run].panels.size());
+        .arg(here->name.trimmed(), here->port, QString::number(here->number),
+             QString::number(m_runs[m_run].panels.size()));
 }
 
 QString PanelWalk::markText() const

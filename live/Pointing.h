@@ -26,6 +26,7 @@ public:
     bool isOn() const { return m_isOn; }
     /// The key, which does what the switch does as long as it is held.
     void setHeld(bool isHeld);
+    bool isHeld() const { return m_isHeld; }
     bool isActive() const { return m_isOn || m_isHeld; }
 
     /// Where the pointer is on the canvas; nullopt: it has left it, and in half a second the picture is back.

@@ -4,59 +4,80 @@
 
 #include <QPainter>
 
+#include <algorithm>
 #include <optional>
 
 namespace {
+/// What charts hide.
 QRegion areaOf(const std::vector<LiveChart::Picture> &charts)
 {
     QRegion area;
-    for (const LiveChart::Picture &chart : charts)
-        area += chart.box;
+    for (const LiveChart::Picture &chart : charts) {
+        if (!chart.isOver)
+            area += chart.box;
+    }
     return area;
 }
 
-/// What of a picture at a place lies within `part`.
-void drawPart(QPainter &painter, const QImage &picture, const QPoint &place, const QRect &part)
+/// With nothing where it is black.
+QImage withoutBlack(const QImage &picture)
 {
-    const QRect seen = part & picture.rect().translated(place);
-    if (!seen.isEmpty())
-        painter.drawImage(seen.topLeft(), picture, seen.translated(-place));
+    QImage lit = picture.convertToFormat(Raster::format);
+    for (int y = 0; y < lit.height(); ++y) {
+        auto *const row = reinterpret_cast<QRgb *>(lit.scanLine(y));
+        std::replace(row, row + lit.width(), qRgb(0, 0, 0), QRgb{0});
+    }
+    return lit;
+}
+
+void drawChart(QPainter &painter, const LiveChart::Picture &chart, const QRect &part)
+{
+    const QRect seen = part & chart.box;
+    if (seen.isEmpty())
+        return;
+    const QRect within = seen.translated(-chart.box.topLeft());
+    painter.setCompositionMode(chart.isOver ? QPainter::CompositionMode_SourceOver : QPainter::CompositionMode_Source);
+    if (chart.isOver)
+        painter.drawImage(seen.topLeft(), withoutBlack(chart.image.copy(within)));
+    else
+        painter.drawImage(seen.topLeft(), chart.image, within);
 }
 } // namespace
 
 ShownOutput::ShownOutput(const ComposedOutput &composed, const LiveChart &chart) : m_composed(composed), m_chart(chart)
 {
-    connect(&chart, &LiveChart::changed, this, &ShownOutput::layChart);
+    connect(&chart, &LiveChart::changed, this, [this] {
+        const bool hadChart = !m_withChart.picture.isNull();
+        layChart();
+        if (hadChart || !m_withChart.picture.isNull())
+            emit changed();
+    });
     connect(&chart, &LiveChart::moved, this, &ShownOutput::drawFrame);
 }
 
 void ShownOutput::takeComposed()
 {
-    if (m_withChart.picture.isNull()) {
-        emit changed();
-        return;
-    }
     const std::optional<QRegion> change = m_composed.changes.since(m_drawnFrom);
-    if (!change || m_withChart.picture.size() != m_composed.picture.size())
-        return layChart();
+    const bool isMended =
+        change && !m_withChart.picture.isNull() && m_withChart.picture.size() == m_composed.picture.size();
     m_drawnFrom = m_composed.picture.cacheKey();
-    drawFrame(*change - areaOf(m_chart.pictures()));
+    if (isMended)
+        return drawFrame(*change - areaOf(m_chart.pictures()));
+    layChart();
+    emit changed();
 }
 
-/// Begins anew; also where there is no chart any more.
+/// Begins anew; also where there is no chart any more, or no output.
 void ShownOutput::layChart()
 {
-    const bool hadChart = !m_withChart.picture.isNull();
     m_withChart = {};
-    if (!m_chart.pictures().empty() && !m_composed.picture.isNull()) {
-        m_withChart.picture = QImage(m_composed.picture.size(), Raster::format);
-        m_drawnFrom = m_composed.picture.cacheKey();
-        m_withChart.isOpaque = m_composed.isOpaque;
-        if (!m_withChart.picture.isNull())
-            draw(m_withChart.picture.rect());
-    }
-    if (hadChart || !m_withChart.picture.isNull())
-        emit changed();
+    if (m_chart.pictures().empty() || m_composed.picture.isNull())
+        return;
+    m_withChart.picture = QImage(m_composed.picture.size(), Raster::format);
+    m_withChart.isOpaque = m_composed.isOpaque;
+    m_drawnFrom = m_composed.picture.cacheKey();
+    if (!m_withChart.picture.isNull())
+        draw(m_withChart.picture.rect());
 }
 
 void ShownOutput::drawFrame(const QRegion &where)
@@ -69,15 +90,15 @@ void ShownOutput::drawFrame(const QRegion &where)
     emit changed();
 }
 
-/// Walls may overlap: the last one is seen.
+/// Pictures may overlap: the last one is seen.
 void ShownOutput::draw(const QRegion &where)
 {
     QPainter painter(&m_withChart.picture);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     for (const QRect &part : where - areaOf(m_chart.pictures()))
-        drawPart(painter, m_composed.picture, {}, part);
+        painter.drawImage(part.topLeft(), m_composed.picture, part);
     for (const QRect &part : where) {
         for (const LiveChart::Picture &chart : m_chart.pictures())
-            drawPart(painter, chart.image, chart.box.topLeft(), part);
+            drawChart(painter, chart, part);
     }
 }

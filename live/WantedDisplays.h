@@ -21,6 +21,8 @@ public:
     bool isShown(const QString &key) const { return isWanted(key) && isConnected(key); }
     /// Wanted, and away.
     QStringList awaited() const;
+    /// In the order in which they were chosen.
+    const QStringList &all() const { return m_wanted; }
     bool isAnyWanted() const { return !m_wanted.isEmpty(); }
 
 private:

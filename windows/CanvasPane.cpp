@@ -69,24 +69,26 @@ void CanvasPane::showWords(const std::vector<LiveOutput::Words> &words)
     while (m_words->count() < static_cast<int>(words.size()))
         m_words->addWidget(wordsLabel());
     for (int i = 0; i < m_words->count(); ++i) {
-        auto &label = static_cast<QLabel &>(*m_words->itemAt(i)->widget());
+        auto &label = static_cast<ElidedLabel &>(*m_words->itemAt(i)->widget());
         const bool isUsed = i < static_cast<int>(words.size());
         label.setVisible(isUsed);
         if (!isUsed)
             continue;
         const LiveOutput::Words &shown = words[static_cast<std::size_t>(i)];
         label.setText(shown.text);
+        label.setToolTip(shown.text);
+        label.setMinimumWidth(shown.isDanger ? label.sizeHint().width() : 0); // all of that is read
         QPalette colours = label.palette();
         colours.setColor(QPalette::Window, shown.isDanger ? Theme::danger : Theme::warning);
         label.setPalette(colours);
     }
 }
 
-QLabel *CanvasPane::wordsLabel()
+ElidedLabel *CanvasPane::wordsLabel()
 {
-    auto *label = new QLabel(this);
+    auto *label = new ElidedLabel(this);
     label->setObjectName("wallWords");
-    label->setTextFormat(Qt::PlainText);
+    label->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     label->setAccessibleName("On the wall");
     label->setFont(Theme::titleFont());
     label->setContentsMargins(Theme::gap, 0, Theme::gap, 0);

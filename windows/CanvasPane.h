@@ -29,7 +29,7 @@ public:
 
 private:
     QWidget *toolSwitch();
-    QLabel *wordsLabel();
+    ElidedLabel *wordsLabel();
     void showTool(CanvasToolName tool);
 
     LWCanvasImageView *m_canvas;

@@ -66,6 +66,8 @@ QString LayerDelegate::name(const Layer &layer)
     if (!layer.label().isEmpty())
         return layer.label();
     const auto *still = qobject_cast<const LWStill *>(&layer);
+    if (const auto chart = still ? still->chart() : std::nullopt; chart && *chart)
+        return (*chart)->chart->title;
     const QString file = still ? QFileInfo(still->ImageURL().toLocalFile()).fileName() : QString();
     return file.isEmpty() ? QString("Unnamed") : file;
 }

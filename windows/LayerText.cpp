@@ -54,11 +54,17 @@ QString portsOfAll(const LayerFigures &figures)
                                        : text + ", " + NumberText::grouped(figures.portsOverLimit) + " over the limit";
 }
 
+QString chartOf(const Result<ChartText> &chosen)
+{
+    if (!chosen)
+        return QString("Nothing is drawn: %1.").arg(chosen.error().text);
+    return chosen->chart->moves() ? "The first frame of a chart, pixel for pixel" : "A chart, pixel for pixel";
+}
+
 QString pictureOf(const LWStill &still)
 {
     if (const auto chart = still.chart())
-        return *chart ? QString("A chart, drawn pixel for pixel")
-                      : QString("Nothing is drawn: %1.").arg(chart->error().text);
+        return chartOf(*chart);
     const QSize size = still.thumbnail().size();
     if (size.isEmpty())
         return "The picture is missing. Choose it again.";

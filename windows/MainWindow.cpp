@@ -288,7 +288,9 @@ void MainWindow::connectViews()
             [this](bool isOnLayer) { m_inspector->showOutputFirst(!isOnLayer); });
     connect(m_layerTable, &LayerTable::pressed, m_inspector, [this] { m_inspector->showOutputFirst(false); });
     connect(m_layerTable, &LayerTable::clicked, &m_desk, [this](const QModelIndex &row) { m_desk.blink(row.row()); });
-    connect(&m_desk, &LiveDesk::told, m_powerBar, &PowerBar::showStatus);
+    connect(&m_desk, &LiveDesk::told, m_powerBar, [this](const QString &sentence) {
+        sentence.isEmpty() ? m_powerBar->clearStatus() : m_powerBar->showStatus(sentence);
+    });
     m_desk.listenTo(*m_canvas);
     connect(m_canvas, &LWCanvasImageView::readOutDidChange, this, [this](const CanvasReadOut &readOut) {
         m_powerBar->showReadOut(readOut, readOut.pixel ? panelAt(*readOut.pixel) : QString());

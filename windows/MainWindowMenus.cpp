@@ -147,9 +147,8 @@ void MainWindow::fillCharts(QMenu &menu)
 {
     if (!menu.isEmpty())
         return;
-    ChartChoice::fillMenu(menu, LWStill::takesChart, [this](const Chart &chart) {
-        addLayer([&] { m_document.addChart(chart.name, chart.title); });
-    });
+    ChartChoice::fillMenu(menu, LWStill::takesChart,
+                          [this](const Chart &chart) { addLayer([&] { m_document.addChart(chart.name); }); });
 }
 
 void MainWindow::fillLayerMenu(QMenu &menu)
@@ -161,7 +160,7 @@ void MainWindow::fillLayerMenu(QMenu &menu)
     QMenu *charts = menu.addMenu("Add &chart");
     connect(charts, &QMenu::aboutToShow, this, [this, charts] { fillCharts(*charts); });
     auto *atButton = new QMenu(m_addButton);
-    atButton->addActions({screen, image, charts->menuAction()});
+    atButton->addActions({screen, image});
     m_addButton->setMenu(atButton);
     menu.addSeparator();
     m_layerTable->addAction(

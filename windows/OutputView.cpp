@@ -14,7 +14,7 @@ OutputView::OutputView(QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     setAccessibleName("Output");
-    setToolTip("The composed output, as it is exported");
+    setToolTip("The output as it is shown; a chart that lies over it is not exported");
 }
 
 void OutputView::setOutput(const ShownOutput &shown)

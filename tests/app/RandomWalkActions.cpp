@@ -149,7 +149,7 @@ void RandomWalk::addImage()
 void RandomWalk::addChart()
 {
     if (layers().rowCount() < mostRows)
-        m_document->addChart(m_values.oneOf<QString>({"rp219 range=narrow", "field colour=red", "nonsense"}), "Chart");
+        m_document->addChart(m_values.oneOf<QString>({"rp219 range=narrow", "field colour=red", "nonsense"}));
 }
 
 void RandomWalk::chooseChart()

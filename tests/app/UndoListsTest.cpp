@@ -44,14 +44,14 @@ TEST_F(UndoLists, AddedImagesGoAndComeAgain)
 
 TEST_F(UndoLists, AddedChartsGoAndComeAgain)
 {
-    expectUndone("add chart", [&] { document.addChart("grid", "Cross-hatch"); });
+    expectUndone("add chart", [&] { document.addChart("grid"); });
     stack.redo();
-    EXPECT_EQ(labels(), "Cross-hatch, Layer 0");
+    EXPECT_EQ(labels(), ", Layer 0");
 }
 
 TEST_F(UndoLists, AChartIsDrawnAtTheSizeThatComesBack)
 {
-    document.addChart("grid", "Cross-hatch");
+    document.addChart("grid");
     const LayerPointer chart = layers.selectedLayer();
     const QImage before = chart->thumbnail();
     ASSERT_EQ(before.size(), QSize(document.OutputWidth(), document.OutputHeight()));
@@ -65,7 +65,7 @@ TEST_F(UndoLists, AChartIsDrawnAtTheSizeThatComesBack)
 
 TEST_F(UndoLists, AnEditThatTheFirstOfTheSelectedHasNoPartInIsAStep)
 {
-    document.addChart("grid", "Cross-hatch");
+    document.addChart("grid");
     layers.setSelectionIndexes({0, 1}, 1); // a wall, which has no chart, is before the inspector
     expectUndone("chart", [&] { EXPECT_TRUE(document.setValueOfSelection("ramp", "arrangedObjects.chart")); });
     EXPECT_EQ(layers.layer(0)->value("chart").toString(), "grid");
@@ -74,7 +74,7 @@ TEST_F(UndoLists, AnEditThatTheFirstOfTheSelectedHasNoPartInIsAStep)
 
 TEST_F(UndoLists, APictureThatIsChosenTakesThePlaceOfAChart)
 {
-    document.addChart("grid", "Cross-hatch");
+    document.addChart("grid");
     person.openPanelAnswer = pictureFile("plate.png", {31, 17}, Qt::blue);
     document.choosePicture();
     const LayerPointer still = layers.selectedLayer();

@@ -104,17 +104,27 @@ TEST_F(LiveChartTest, EachPlaceHasItsOwnPixels)
     EXPECT_EQ(live.pictures()[0].image, chartOf("walk").picture(shape, 0));
 }
 
-TEST_F(LiveChartTest, AnotherRateGoesOnAtTheNextFrame)
+TEST_F(LiveChartTest, AnotherRateBeginsFramesAnewAndTellsTheTimeOn)
 {
-    show("sweep", 50);
-    goTo(now + second);
-    EXPECT_EQ(live.frame(), 50);
+    LiveChart::Style style;
+    style.rate = 50;
+    style.options.start = 86'390;
+    live.show(chartOf("sync"), style, {{QRect(10, 20, 160, 90)}});
+    goTo(now + 20 * second);
+    EXPECT_EQ(live.frame(), 1000);
     live.setRate(25);
-    EXPECT_EQ(live.frame(), 50);
-    EXPECT_EQ(live.pictures()[0].image, expected("sweep", 50, 25));
+    EXPECT_EQ(live.frame(), 0);
+    EXPECT_EQ(live.style().options.start, 10); // past midnight
     goTo(now + 40'000'000);
-    EXPECT_EQ(live.frame(), 51);
-    goTo(now + second);
-    EXPECT_EQ(live.frame(), 76);
-    EXPECT_EQ(live.lateFrames(), 49 + 24);
+    EXPECT_EQ(live.frame(), 1);
+    live.setRate(25);
+    EXPECT_EQ(live.frame(), 1);
+}
+
+TEST_F(LiveChartTest, APlaceThatNoRasterCanHoldIsLeftOut)
+{
+    LiveChart::Style style;
+    live.show(chartOf("field"), style, {{QRect(0, 0, 32'768, 8'193)}, {QRect(0, 0, 8, 8)}});
+    ASSERT_EQ(live.pictures().size(), 1U);
+    EXPECT_EQ(live.pictures()[0].box, QRect(0, 0, 8, 8));
 }

@@ -27,10 +27,11 @@ protected:
         composed.changes.add(before, part);
         shown.takeComposed();
     }
-    void show(const char *name, const std::vector<LiveChart::Place> &places)
+    void show(const char *name, const std::vector<LiveChart::Place> &places, bool isOver = false)
     {
         LiveChart::Style style;
         style.rate = 50;
+        style.isOver = isOver;
         chart.show(*Chart::find(name), style, places);
     }
     const QImage &seen() const { return shown.output().picture; }
@@ -39,8 +40,16 @@ protected:
     {
         QImage picture = composed.picture.copy();
         QPainter painter(&picture);
-        for (const LiveChart::Picture &one : chart.pictures())
-            painter.drawImage(one.box.topLeft(), one.image);
+        for (const LiveChart::Picture &one : chart.pictures()) {
+            QImage image = one.image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+            for (int y = 0; y < (one.isOver ? image.height() : 0); ++y) {
+                for (int x = 0; x < image.width(); ++x) {
+                    if (image.pixelColor(x, y) == QColor(Qt::black))
+                        image.setPixelColor(x, y, Qt::transparent);
+                }
+            }
+            painter.drawImage(one.box.topLeft(), image);
+        }
         return picture;
     }
 
@@ -115,6 +124,28 @@ TEST_F(ShownOutputTest, AnotherSizeOfTheOutputIsTaken)
     EXPECT_TRUE(seen().isNull());
 }
 
+TEST_F(ShownOutputTest, AnOutputThatComesBackHasItsChartAgain)
+{
+    show("field", {{QRect(20, 10, 20, 10)}});
+    const QImage before = composed.picture;
+    composed.picture = {};
+    shown.takeComposed();
+    EXPECT_TRUE(seen().isNull());
+    composed.picture = before;
+    shown.takeComposed();
+    EXPECT_EQ(seen().pixelColor(20, 10), QColor(Qt::white));
+}
+
+TEST_F(ShownOutputTest, OverThePictureThatIsSeenWhereTheChartIsBlack)
+{
+    show("sweep", {{QRect(20, 10, 60, 40)}}, true);
+    const QImage &bar = chart.pictures()[0].image;
+    for (int x = 0; x < 60; ++x)
+        ASSERT_EQ(seen().pixelColor(20 + x, 10),
+                  bar.pixelColor(x, 0) == QColor(Qt::black) ? QColor(Qt::darkGreen) : bar.pixelColor(x, 0));
+    EXPECT_EQ(seen(), whole());
+}
+
 TEST_F(ShownOutputTest, MendedItIsAsDrawnAtOnce)
 {
     constexpr int steps = 2000;
@@ -124,7 +155,7 @@ TEST_F(ShownOutputTest, MendedItIsAsDrawnAtOnce)
     for (int step = 0; step < steps; ++step) {
         const int act = upTo(9);
         if (act == 0)
-            show(upTo(1) != 0 ? "sweep" : "sync", {{box()}, {box()}, {box()}});
+            show(upTo(1) != 0 ? "sweep" : "sync", {{box()}, {box()}, {box()}}, upTo(1) != 0);
         else if (act < 5)
             compose(box() & composed.picture.rect(), QColor::fromHsv(upTo(359), 255, 255));
         now += upTo(100'000'000);

@@ -235,10 +235,10 @@ TEST_F(DisplaysTest, F11OpensThePaneWhichSaysWhatIsWhere)
     EXPECT_EQ(text(1, DisplaysModel::State), "off");
     EXPECT_TRUE(model.setData(model.index(1, DisplaysModel::Display), Qt::Checked, Qt::CheckStateRole));
     EXPECT_TRUE(on(1));
-    EXPECT_EQ(text(1, DisplaysModel::State), "on, the usual region");
+    EXPECT_EQ(text(1, DisplaysModel::State), "on: picture, the usual region");
     EXPECT_TRUE(model.setData(model.index(1, DisplaysModel::Offset), "64 -8"));
     EXPECT_EQ(offsetOn(1), QPoint(64, -8));
-    EXPECT_EQ(text(1, DisplaysModel::State), "on, this show's region");
+    EXPECT_EQ(text(1, DisplaysModel::State), "on: picture, this show's region");
     EXPECT_FALSE(model.setData(model.index(1, DisplaysModel::Offset), "left"));
     EXPECT_TRUE(shows("\"left\" is no place: type x and y of the output, \"1920, 0\"."));
 }

@@ -1,4 +1,5 @@
 #include "tests/windows/InspectorFixture.h"
+#include "windows/LayerDelegate.h"
 #include "windows/charts/ChartChoice.h"
 
 #include <QComboBox>
@@ -30,15 +31,17 @@ TEST_F(InspectorChart, IsThereForChartsAlone)
     EXPECT_FALSE(choice().isVisibleTo(&inspector()));
     addStill();
     EXPECT_FALSE(choice().isVisibleTo(&inspector()));
-    window.document().addChart("rp219", "Bars");
+    window.document().addChart("rp219");
     EXPECT_TRUE(choice().isVisibleTo(&inspector()));
     EXPECT_EQ(button().text(), "Chart: SMPTE RP 219");
-    EXPECT_EQ(summary("Picture"), "A chart, drawn pixel for pixel");
+    EXPECT_EQ(summary("Picture"), "A chart, pixel for pixel");
+    window.document().addChart("sync");
+    EXPECT_EQ(summary("Picture"), "The first frame of a chart, pixel for pixel");
 }
 
 TEST_F(InspectorChart, AnotherChartIsAStepAndItsOptionsAreOne)
 {
-    window.document().addChart("rp219", "Bars");
+    window.document().addChart("rp219");
     choose("Video", "Steps of grey");
     EXPECT_EQ(chartOfShown(), "steps");
     control<QSpinBox>("Steps").setValue(12);
@@ -58,7 +61,7 @@ TEST_F(InspectorChart, AnotherChartIsAStepAndItsOptionsAreOne)
 
 TEST_F(InspectorChart, OnlyChartsThatNeedNoPanelsAreOffered)
 {
-    window.document().addChart("rp219", "Bars");
+    window.document().addChart("rp219");
     emit button().menu()->aboutToShow();
     QStringList titles;
     for (QAction *groups : button().menu()->actions()) {
@@ -71,7 +74,7 @@ TEST_F(InspectorChart, OnlyChartsThatNeedNoPanelsAreOffered)
 
 TEST_F(InspectorChart, AChartThatIsNotKnownIsSaidAndAnotherCanBeChosen)
 {
-    window.document().addChart("nonsense", "Old");
+    window.document().addChart("nonsense");
     EXPECT_EQ(button().text(), "Choose a chart");
     EXPECT_EQ(summary("Picture"), "Nothing is drawn: there is no chart \"nonsense\".");
     choose("Processor", "Zone plate");
@@ -87,7 +90,7 @@ TEST_F(InspectorChart, TheMenuOfLayersAddsOneAsLargeAsTheOutput)
     }
     WindowFixture::choose({"Layer", "Add chart", "Processor", "Zone plate"});
     EXPECT_EQ(chartOfShown(), "zone-plate");
-    EXPECT_EQ(shown()->label(), "Zone plate");
+    EXPECT_EQ(LayerDelegate::name(*shown()), "Zone plate");
     EXPECT_EQ(shown()->screenSizeWidth(), 1920);
     EXPECT_EQ(shown()->screenSizeHeight(), 1080);
     EXPECT_TRUE(QTest::qWaitFor(

@@ -15,8 +15,9 @@
 
 namespace {
 constexpr QSize sizeOfPicture{64, 36};
-constexpr int ownLevel = -1; ///< the chart's
-constexpr int ownHold = 0;   ///< likewise
+constexpr int mostWidth = 200; ///< of a title
+constexpr int ownLevel = -1;   ///< the chart's
+constexpr int ownHold = 0;     ///< likewise
 /// In the order of FieldColour.
 const QStringList colourNames{"White", "Red", "Green", "Blue", "Cyan", "Magenta", "Yellow", "Black"};
 
@@ -147,8 +148,10 @@ void ChartChoice::setValue(const std::optional<ChartText> &chosen)
 
 void ChartChoice::showChart(bool isAny)
 {
-    m_charts->setText(isAny ? QString("Chart: ") + m_chart->title : QString("Choose a chart"));
-    m_charts->setToolTip(isAny ? QString("The chart that is chosen: finds ") + m_chart->finds : QString());
+    const QString title = QString("Chart: ") + m_chart->title;
+    m_charts->setText(isAny ? m_charts->fontMetrics().elidedText(title, Qt::ElideRight, mostWidth)
+                            : QString("Choose a chart"));
+    m_charts->setToolTip(isAny ? title + ", finds " + m_chart->finds : QString());
     m_range->setVisible(isAny && m_chart->rangeMatters);
     const std::initializer_list<std::pair<QWidget *, Chart::Choice>> choices{{m_colour, Chart::Colour},
                                                                              {m_level, Chart::Level},

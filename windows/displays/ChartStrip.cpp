@@ -1,70 +1,81 @@
 #include "windows/displays/ChartStrip.h"
 
 #include "base/NumberText.h"
+#include "windows/ElidedLabel.h"
 #include "windows/Theme.h"
 #include "windows/charts/ChartChoice.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QTime>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
 int secondsOfDay()
 {
     return QTime::currentTime().msecsSinceStartOfDay() / 1000;
 }
-
-bool isFullWhite(const ChartText &chosen)
-{
-    return (chosen.chart->choices & Chart::Colour) != 0 && chosen.options.colour == FieldColour::White &&
-           chosen.options.level.value_or(100) == 100;
-}
 } // namespace
 
 ChartStrip::ChartStrip(LiveDesk &desk, QWidget *parent)
     : QWidget(parent), m_desk(desk), m_choice(new ChartChoice(Qt::Horizontal, [](const Chart &) { return true; })),
-      m_area(new QComboBox), m_show(new QToolButton), m_told(new QLabel)
+      m_area(new QComboBox), m_over(new QToolButton), m_show(new QToolButton), m_told(new ElidedLabel)
 {
-    auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(Theme::gap, Theme::gap / 2, Theme::gap, 0);
+    // What is told comes above and goes again: no control moves under the pointer.
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(Theme::gap, Theme::gap / 2, Theme::gap, 0);
+    column->setSpacing(Theme::gap / 2);
+    column->addWidget(m_told);
+    auto *row = new QHBoxLayout;
     row->setSpacing(Theme::gap / 2);
+    column->addLayout(row);
+    m_show->setCheckable(true);
+    row->addWidget(m_show);
     row->addWidget(m_choice);
     m_area->setAccessibleName("Over");
     m_area->setToolTip("What the chart is laid over");
     m_area->addItems({"Output", "Each wall", "Selected walls"});
     row->addWidget(m_area);
-    m_show->setCheckable(true);
-    row->addWidget(m_show);
-    m_told->setTextFormat(Qt::PlainText);
+    m_over->setText("Over the picture");
+    m_over->setToolTip("The picture is seen where the chart is black");
+    m_over->setCheckable(true);
+    row->addWidget(m_over);
+    row->addStretch(1);
     m_told->setAccessibleName("About the chart");
-    row->addWidget(m_told, 1);
     connect(m_choice, &ChartChoice::chosen, this, &ChartStrip::takeChoice);
     connect(m_area, &QComboBox::activated, this, &ChartStrip::takeChoice);
+    connect(m_over, &QToolButton::clicked, this, &ChartStrip::takeChoice);
     connect(m_show, &QToolButton::clicked, this, &ChartStrip::toggle);
+    connect(&desk, &LiveDesk::anotherShow, this, [this] { m_isPowerKnown = false; });
     connect(&desk.chart(), &LiveChart::changed, this, &ChartStrip::showState);
     connect(&desk.chart(), &LiveChart::moved, this, &ChartStrip::showLate);
     showState();
 }
 
+LiveDesk::ChartArea ChartStrip::area() const
+{
+    return static_cast<LiveDesk::ChartArea>(m_area->currentIndex());
+}
+
 /// Whether nobody has heard yet what a full white wall draws.
 bool ChartStrip::mustAsk() const
 {
-    return isFullWhite(m_choice->value()) && !m_wasAsked && !m_desk.power().isEmpty();
+    const ChartText chosen = m_choice->value();
+    return chosen.chart->isFullWhite(chosen.options) && !m_isPowerKnown && !m_desk.power(area()).isEmpty();
 }
 
 void ChartStrip::ask()
 {
-    m_wasAsked = true;
+    m_isPowerKnown = true;
     m_desk.chart().end();
     m_show->setChecked(false);
-    m_told->setText(QString("Full white draws %1. Press Show once more.").arg(m_desk.power()));
+    tell(QString("Full white draws %1. Press Show once more.").arg(m_desk.power(area())));
 }
 
 void ChartStrip::toggle(bool isOn)
 {
-    m_told->clear();
+    tell({});
     if (!isOn)
         m_desk.chart().end();
     else if (mustAsk())
@@ -76,6 +87,7 @@ void ChartStrip::toggle(bool isOn)
 /// As it is chosen now, where one stands; what flashes begins by hand alone, each time.
 void ChartStrip::takeChoice()
 {
+    tell({});
     showState();
     if (!m_desk.chart().chart())
         return;
@@ -91,25 +103,33 @@ void ChartStrip::show()
 {
     ChartText chosen = m_choice->value();
     chosen.options.start = secondsOfDay();
-    if (m_desk.showChart(chosen, static_cast<LiveDesk::ChartArea>(m_area->currentIndex())))
-        return;
-    m_desk.chart().end();
-    m_show->setChecked(false);
-    m_told->setText("There is no wall to lay it over: select one, or choose the output.");
+    m_desk.showChart(chosen, area(), chosen.chart->moves() && m_over->isChecked());
 }
 
 void ChartStrip::showState()
 {
-    const bool flashes = m_choice->value().chart->flashes;
-    m_show->setText(flashes ? "Start strobe (flashing)" : "Show");
+    const LiveChart &live = m_desk.chart();
+    const Chart &chosen = *m_choice->value().chart;
+    const bool isFlashing = live.chart() && live.chart()->flashes;
+    m_show->setText(isFlashing ? "Stop flashing" : chosen.flashes ? "Start strobe (flashing)" : "Show");
     m_show->setToolTip("Lays the chart over the picture on the wall");
-    m_show->setChecked(m_desk.chart().chart() != nullptr);
-    if (m_desk.chart().chart())
+    m_show->setChecked(live.chart() != nullptr);
+    m_over->setVisible(chosen.moves());
+    if (live.chart() && live.pictures().empty())
+        tell("There is no wall to lay it over: select one, or choose the output.");
+    else if (live.chart())
         showLate();
 }
 
 void ChartStrip::showLate()
 {
     const qint64 late = m_desk.chart().lateFrames();
-    m_told->setText(late > 0 ? NumberText::counted(late, "frame") + " late" : QString());
+    tell(late > 0 ? NumberText::counted(late, "frame") + " late" : QString());
+}
+
+void ChartStrip::tell(const QString &sentence)
+{
+    m_told->setText(sentence);
+    m_told->setToolTip(sentence);
+    m_told->setVisible(!sentence.isEmpty());
 }

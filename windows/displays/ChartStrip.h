@@ -5,8 +5,8 @@
 #include <QWidget>
 
 class ChartChoice;
+class ElidedLabel;
 class QComboBox;
-class QLabel;
 class QToolButton;
 
 /// The row of controls of the charts: which one, on what, how, and that it stands on the wall.
@@ -19,6 +19,7 @@ public:
     explicit ChartStrip(LiveDesk &desk, QWidget *parent = nullptr);
 
 private:
+    LiveDesk::ChartArea area() const;
     void toggle(bool isOn);
     void takeChoice();
     void show();
@@ -26,11 +27,13 @@ private:
     void ask();
     void showState();
     void showLate();
+    void tell(const QString &sentence);
 
     LiveDesk &m_desk;
     ChartChoice *m_choice;
     QComboBox *m_area;
+    QToolButton *m_over;
     QToolButton *m_show;
-    QLabel *m_told;
-    bool m_wasAsked = false; ///< whether full white may take its power
+    ElidedLabel *m_told;
+    bool m_isPowerKnown = false; ///< the person has heard what full white draws in this show
 };

@@ -32,7 +32,7 @@ QString stateOf(const LiveOutput::Row &row)
         return "off";
     if (!row.isConnected)
         return "gone: waiting";
-    return row.isRegionKept ? "on, this show's region" : "on, the usual region";
+    return QString("on: %1, %2 region").arg(row.shows, row.isRegionKept ? "this show's" : "the usual");
 }
 } // namespace
 

@@ -76,7 +76,7 @@ void DisplaysPage::addTools(LiveDesk &desk)
 TablePage::State DisplaysPage::state() const
 {
     const std::vector<LiveOutput::Row> rows = m_live.rows();
-    const auto on = std::ranges::count_if(rows, &LiveOutput::Row::isOn);
+    const auto on = std::ranges::count_if(rows, [](const auto &row) { return row.isOn && row.isConnected; });
     const bool isAnyGone = std::ranges::any_of(rows, [](const auto &row) { return row.isOn && !row.isConnected; });
     return {QString("%1 of %2 on").arg(on).arg(rows.size()), isAnyGone ? Level::Doubtful : Level::Fine};
 }
@@ -123,5 +123,10 @@ bool DisplaysPage::press(const QKeyEvent &event)
 {
     const bool isLetter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
     const bool isFigure = event.key() >= Qt::Key_0 && event.key() <= Qt::Key_9;
-    return event.modifiers() == Qt::NoModifier && (isLetter || isFigure) && m_live.press(event, {});
+    if (event.modifiers() == Qt::NoModifier && (isLetter || isFigure))
+        return m_live.press(event, {});
+    const bool isPlace = event.key() == Qt::Key_Home || (event.key() >= Qt::Key_Left && event.key() <= Qt::Key_Down);
+    const QModelIndex row = m_table->currentIndex();
+    return event.modifiers().testFlag(Qt::AltModifier) && isPlace && row.isValid() &&
+           m_live.press(event, m_model.row(row.row()).display.key());
 }

@@ -7,6 +7,7 @@
 #include "windows/LayerText.h"
 #include "windows/MenuText.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QWidget>
@@ -49,7 +50,7 @@ LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
     // The path that has just been saved is that of the same show.
     connect(&document, &LWAppDelegate::projectPathDidChange, this, [this](const QString &path) {
         if (std::exchange(m_saved, {}) != path || path.isEmpty())
-            m_live.takeRegions();
+            takeShow();
     });
     connect(&m_live, &LiveOutput::changed, this, &LiveDesk::followState);
     connect(&document, &LWAppDelegate::changed, this, &LiveDesk::followShow);
@@ -59,21 +60,43 @@ LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
 
 void LiveDesk::listenTo(QWidget &canvas)
 {
-    canvas.installEventFilter(this);
+    m_canvas = &canvas;
+    qApp->installEventFilter(this);
 }
 
-/// Q on the canvas points as long as it is held.
 bool LiveDesk::eventFilter(QObject *watched, QEvent *event)
 {
-    const bool isPress = event->type() == QEvent::KeyPress;
-    if (event->type() == QEvent::FocusOut)
+    switch (event->type()) {
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+        return takeKey(static_cast<const QKeyEvent &>(*event)) || QObject::eventFilter(watched, event);
+    case QEvent::WindowDeactivate:
         m_pointing.setHeld(false);
-    if (!isPress && event->type() != QEvent::KeyRelease)
-        return QObject::eventFilter(watched, event);
-    const auto &key = static_cast<const QKeyEvent &>(*event);
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        // Who points at a panel says "this one", and switches nothing off.
+        if (watched == m_canvas && m_pointing.isActive()) {
+            emit told("Point is on: a click changes nothing.");
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+/// Q points as long as it is held while the pointer or the keyboard is on the canvas, and no text is typed.
+bool LiveDesk::takeKey(const QKeyEvent &key)
+{
+    const bool isPress = key.type() == QEvent::KeyPress;
+    const bool isHere = m_canvas->underMouse() || m_canvas->hasFocus();
+    if (key.key() != Qt::Key_Q || (!isPress && !m_pointing.isHeld()))
+        return false;
     // Another key may have been pressed before Q is let go.
-    if (key.key() != Qt::Key_Q || (isPress && key.modifiers() != Qt::NoModifier))
-        return QObject::eventFilter(watched, event);
+    if (isPress && (key.modifiers() != Qt::NoModifier || !isHere || isTypedIn(QApplication::focusWidget())))
+        return false;
     if (!key.isAutoRepeat())
         m_pointing.setHeld(isPress);
     return true;
@@ -84,39 +107,67 @@ void LiveDesk::followShow()
     m_panels.reset();
     if (m_walk.isOn())
         m_walk.setPanels(panels().panels());
-    if (m_chart.chart())
-        m_chart.setPlaces(placesOfChart());
+    if (const Chart *const chart = m_chart.chart())
+        m_chart.setPlaces(placesOfChart(*chart));
 }
 
-bool LiveDesk::showChart(const ChartText &chosen, ChartArea area)
+/// What flashes, and what draws all that walls can, is begun by hand in each show.
+void LiveDesk::takeShow()
+{
+    m_live.takeRegions();
+    if (const Chart *const chart = m_chart.chart();
+        chart && (chart->flashes || chart->isFullWhite(m_chart.style().options)))
+        m_chart.end();
+    emit anotherShow();
+}
+
+void LiveDesk::showChart(const ChartText &chosen, ChartArea area, bool isOver)
 {
     m_chartArea = area;
-    const std::vector<LiveChart::Place> places = placesOfChart();
-    if (places.empty())
-        return false;
-    m_chart.show(*chosen.chart, {chosen.range, m_live.frameRate(), chosen.options}, places);
-    return true;
+    m_chart.show(*chosen.chart, {chosen.range, m_live.frameRate(), chosen.options, isOver},
+                 placesOfChart(*chosen.chart));
 }
 
-std::vector<LiveChart::Place> LiveDesk::placesOfChart()
+/// Walls that a chart over the output or the walls, all or the selected ones, is about.
+bool LiveDesk::isInArea(qsizetype row, ChartArea area) const
+{
+    const std::vector<qsizetype> &selected = m_document.arraycontroller().selectionIndexes();
+    return area != ChartArea::SelectedWalls || std::ranges::find(selected, row) != selected.end();
+}
+
+/// The topmost wall last. Panels and walls only for a chart that heeds them: others need not be drawn anew when those
+/// change.
+std::vector<LiveChart::Place> LiveDesk::placesOfChart(const Chart &chart)
 {
     const ChartPanels &show = panels();
+    const QRect output(0, 0, m_document.OutputWidth(), m_document.OutputHeight());
+    const auto place = [&](const QRect &box, const std::vector<ChartPanel> &its, const std::vector<QRect> &walls) {
+        LiveChart::Place made{box};
+        if (chart.needsPanels)
+            made.panels = its;
+        if (chart.heedsWalls)
+            made.walls = walls;
+        return made;
+    };
     if (m_chartArea == ChartArea::Output)
-        return {{QRect(0, 0, m_document.OutputWidth(), m_document.OutputHeight()), show.panels(), show.boxes()}};
-    const std::vector<qsizetype> &selected = m_document.arraycontroller().selectionIndexes();
+        return {place(output, show.panels(), show.boxes())};
     std::vector<LiveChart::Place> places;
     for (const ChartPanels::Wall &wall : show.walls) {
-        if (m_chartArea == ChartArea::EachWall || std::ranges::find(selected, wall.row) != selected.end())
-            places.push_back({wall.box, wall.panels, {wall.box}});
+        if (isInArea(wall.row, m_chartArea) && wall.box.intersects(output))
+            places.insert(places.begin(), place(wall.box, wall.panels, {wall.box}));
     }
     return places;
 }
 
-QString LiveDesk::power() const
+QString LiveDesk::power(ChartArea area) const
 {
-    const std::vector<LayerPointer> &layers = m_document.allScreensArray();
-    const Load load = Load::of(layers);
-    return load.watts > 0 || !load.isCounted ? LayerText::load(layers, m_document.voltageCalc(), m_document.phaseCalc())
+    std::vector<LayerPointer> lit;
+    for (qsizetype row = 0; row < std::ssize(m_document.allScreensArray()); ++row) {
+        if (isInArea(row, area))
+            lit.push_back(m_document.arraycontroller().layer(row));
+    }
+    const Load load = Load::of(lit);
+    return load.watts > 0 || !load.isCounted ? LayerText::load(lit, m_document.voltageCalc(), m_document.phaseCalc())
                                              : QString();
 }
 

@@ -14,6 +14,7 @@
 #include <optional>
 
 class LWAppDelegate;
+class QKeyEvent;
 class QMenu;
 
 /// What a main window does with the displays of the wall: which show they belong to, the one that was chosen last, and
@@ -39,11 +40,11 @@ public:
         EachWall,
         SelectedWalls
     };
-    /// At the frame rate of the displays. Returns false, and shows nothing, where the area is empty.
-    bool showChart(const ChartText &chosen, ChartArea area);
-    /// "63.88 A at 230 V, 3 phases, 44.08 kW" at full white; empty: nobody says what the walls draw.
-    QString power() const;
-    /// Where Q is held to point: the canvas, which outlives the last event of this.
+    /// At the frame rate of the displays. `isOver`: the picture is seen where the chart is black.
+    void showChart(const ChartText &chosen, ChartArea area, bool isOver);
+    /// Of those walls at full white, "63.88 A at 230 V, 3 phases, 44.08 kW"; empty: nobody says what they draw.
+    QString power(ChartArea area) const;
+    /// Where the pointer is when Q is held to point; while pointing is active no press there edits. Outlives this.
     void listenTo(QWidget &canvas);
     /// Where the pointer is on the canvas, in pixels of the output, beside it too; nullopt: it has left the canvas.
     void pointAt(const std::optional<QPoint> &pixel);
@@ -57,17 +58,22 @@ public:
     void listIn(QMenu &menu);
 
 signals:
-    /// Something to tell the person who points.
+    /// What was asked of a person for the show before counts no more.
+    void anotherShow();
+    /// Something to tell the person who points or walks; empty: it is so no more.
     void told(const QString &sentence);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool takeKey(const QKeyEvent &key);
     void followState();
     void followShow();
+    void takeShow();
     void showLights();
-    std::vector<LiveChart::Place> placesOfChart();
+    bool isInArea(qsizetype row, ChartArea area) const;
+    std::vector<LiveChart::Place> placesOfChart(const Chart &chart);
     QSize panelStep();
     const ChartPanels &panels();
     const ChartPanel *panelAt(const QPoint &pixel);
@@ -76,6 +82,7 @@ private:
 
     LWAppDelegate &m_document;
     QWidget &m_window;
+    QWidget *m_canvas = nullptr; ///< see listenTo()
     LiveChart m_chart;
     ShownOutput m_shown; ///< which the next one looks at
     LiveOutput m_live;

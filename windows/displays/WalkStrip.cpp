@@ -68,11 +68,12 @@ void WalkStrip::addMarks()
     m_marks->setMenu(menu);
     connect(menu, &QMenu::aboutToShow, this, [this, menu] {
         menu->clear();
-        menu->addAction("Copy the list", &m_walk, &WallWalk::copyMarks);
-        menu->addAction("Clear the list", &m_walk, &WallWalk::clearMarks);
-        menu->addSeparator();
         for (const QString &mark : m_walk.walk().marks())
             menu->addAction(QString(mark).replace('&', "&&"))->setEnabled(false);
+        menu->addSeparator();
+        // Below another entry: what was marked in an hour is not lost by a click beside it.
+        menu->addMenu("Clear the list")->addAction("All of it", &m_walk, &WallWalk::clearMarks);
+        menu->addAction("Copy the list", &m_walk, &WallWalk::copyMarks);
     });
 }
 

@@ -11,14 +11,11 @@
 #include <chrono>
 #include <utility>
 
-namespace {
-/// Whether letters are typed there.
 bool isTypedIn(const QWidget *widget)
 {
     return qobject_cast<const QLineEdit *>(widget) || qobject_cast<const QAbstractSpinBox *>(widget) ||
            qobject_cast<const QTextEdit *>(widget);
 }
-} // namespace
 
 WallWalk::WallWalk(QObject *parent) : QObject(parent)
 {

@@ -8,6 +8,11 @@
 
 #include <optional>
 
+class QWidget;
+
+/// Whether letters are typed there; null: nowhere.
+bool isTypedIn(const QWidget *widget);
+
 /// A walk along the cables of a show, by hand or by itself. While it is on, Page Down, Page Up (what a presenter's
 /// remote sends) and X do what they do for it in every window of the program. Main thread only.
 class WallWalk final : public QObject
