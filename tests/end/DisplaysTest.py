@@ -14,7 +14,7 @@ SKIPPED = 77
 WIDE, SMALL, OTHER = "1920x1080", "1280x720", "1024x768"
 BLACK, WHITE = b"\0\0\0", b"\xff\xff\xff"
 # In the pane of displays.
-TURNED_OF_FIRST, SHOW_CHART, WALK = (577, 661), (544, 715), (296, 745)
+TURNED_OF_FIRST, SHOW_CHART, WALK = (577, 661), (291, 715), (296, 745)
 
 
 def pixels_of(picture):

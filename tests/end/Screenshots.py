@@ -16,7 +16,7 @@ PANEL_WIDTH_FIELD, PANEL_HEIGHT_FIELD = (1180, 326), (1180, 356)
 INSPECTOR_MARGIN = (986, 420)
 SIGNAL_HEAD = (1020, 156)  # when the inspector is scrolled to its end
 PATH_SWITCH, PANEL_LABELS_SWITCH = (1117, 282), (1117, 176)  # when that group is folded
-WALK_SWITCH = (296, 745)  # in the pane of displays
+WALK_SWITCH, SHOW_CHART = (296, 745), (291, 715)  # in the pane of displays
 BOOTH = (600, 588)  # the wall at the bottom of the festival, on the canvas
 BOOTH_MOVED = (452, 600)  # so far to the left that it meets the main wall's edge
 
@@ -113,6 +113,9 @@ class Pictures:
             desktop.wait_for_rest()
             desktop.key("Next", "Next")
             self.take(desktop, "displays.png", "1280x800+0+0")
+            desktop.click(*WALK_SWITCH)
+            desktop.click(*SHOW_CHART)
+            self.take(desktop, "charts.png", "1280x800+0+0")
 
 
 pictures = Pictures(Path(sys.argv[1]).resolve(), Path(sys.argv[2]))

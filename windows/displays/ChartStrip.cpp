@@ -50,6 +50,7 @@ ChartStrip::ChartStrip(LiveDesk &desk, QWidget *parent)
     connect(&desk, &LiveDesk::anotherShow, this, [this] { m_isPowerKnown = false; });
     connect(&desk.chart(), &LiveChart::changed, this, &ChartStrip::showState);
     connect(&desk.chart(), &LiveChart::moved, this, &ChartStrip::showLate);
+    tell({});
     showState();
 }
 
