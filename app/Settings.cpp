@@ -24,6 +24,7 @@ constexpr char voltsKey[] = "supply/volts";
 constexpr char phasesKey[] = "supply/phases";
 constexpr char otherVoltsKey[] = "supply/otherVolts";
 constexpr char wallRegionsKey[] = "displays/regions";
+constexpr char wrongPanelsKey[] = "displays/wrongPanels";
 constexpr char foldedGroupsKey[] = "inspector/folded";
 
 /// Of most countries that have neither 110 V nor 208 V.
@@ -31,6 +32,7 @@ constexpr int usualOtherVolts = 230;
 
 /// A line of the file each.
 constexpr qsizetype mostWallRegions = 200;
+constexpr qsizetype mostWrongPanels = 500;
 
 /// A larger file is none of ours; reading one in which values nest many thousand deep would overflow the stack.
 constexpr qint64 mostBytes = 64 << 10;
@@ -240,6 +242,16 @@ void setWallRegion(const QString &display, const QString &project, const QString
         entries.prepend(begin + region);
         return entries.mid(0, mostWallRegions);
     });
+}
+
+QStringList wrongPanels()
+{
+    return value(wrongPanelsKey).toStringList();
+}
+
+void setWrongPanels(const QStringList &panels)
+{
+    setValue(wrongPanelsKey, panels.mid(0, mostWrongPanels));
 }
 
 QStringList foldedGroups()

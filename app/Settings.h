@@ -39,6 +39,10 @@ void setOtherVolts(int volts);
 QString wallRegion(const QString &display, const QString &project);
 void setWallRegion(const QString &display, const QString &project, const QString &region);
 
+/// The panels that were marked as wrong, as a walk names them. Of very many the first stay.
+QStringList wrongPanels();
+void setWrongPanels(const QStringList &panels);
+
 /// Titles of the inspector's groups that are folded.
 QStringList foldedGroups();
 void setFoldedGroups(const QStringList &titles);

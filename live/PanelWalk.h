@@ -39,7 +39,7 @@ public:
     bool isMarked() const;
     /// "A3.12 C7", in the order in which they were marked. They stay whatever the show becomes.
     const QStringList &marks() const { return m_marks; }
-    void clearMarks() { m_marks.clear(); }
+    void setMarks(const QStringList &marks) { m_marks = marks; }
 
 private:
     QString markText() const;

@@ -77,6 +77,6 @@ TEST(PanelWalk, MarksStayUntilTheyAreCleared)
     walk.toggleMark();
     walk.setPanels({});
     EXPECT_EQ(walk.marks(), QStringList("A1.2 B1"));
-    walk.clearMarks();
+    walk.setMarks({});
     EXPECT_EQ(walk.marks(), QStringList());
 }

@@ -115,3 +115,17 @@ TEST_F(DisplaysTest, AMovingChartMayLieOverThePicture)
     chooseChart("Processor", "Checker, 1 px");
     EXPECT_FALSE(tool("Over the picture").isVisible());
 }
+
+TEST_F(DisplaysTest, TheListOfWrongPanelsOutlivesTheProgram)
+{
+    press(Qt::Key_F11, Qt::NoModifier, {});
+    tool("Walk").click();
+    tool("Wrong").click();
+    const QStringList marks = window.desk().walk().walk().marks();
+    ASSERT_EQ(marks.size(), 1);
+    MainWindow later;
+    EXPECT_EQ(later.desk().walk().walk().marks(), marks);
+    window.desk().walk().clearMarks();
+    MainWindow last;
+    EXPECT_TRUE(last.desk().walk().walk().marks().isEmpty());
+}

@@ -55,6 +55,8 @@ LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
     connect(&m_live, &LiveOutput::changed, this, &LiveDesk::followState);
     connect(&document, &LWAppDelegate::changed, this, &LiveDesk::followShow);
     connect(&m_pointing, &Pointing::changed, this, &LiveDesk::showLights);
+    m_walk.setMarks(Settings::wrongPanels()); // the search may take more than one evening
+    connect(&m_walk, &WallWalk::marksDidChange, this, &Settings::setWrongPanels);
     connect(&m_walk, &WallWalk::changed, this, &LiveDesk::showLights);
 }
 

@@ -81,16 +81,23 @@ void WallWalk::setSeconds(double seconds)
     m_next.setInterval(qRound(1000 * std::clamp(seconds, leastSeconds, mostSeconds)));
 }
 
+void WallWalk::setMarks(const QStringList &marks)
+{
+    m_walk.setMarks(marks);
+    emit marksDidChange(marks);
+    emit changed();
+}
+
 void WallWalk::toggleMark()
 {
     m_walk.toggleMark();
+    emit marksDidChange(m_walk.marks());
     emit changed();
 }
 
 void WallWalk::clearMarks()
 {
-    m_walk.clearMarks();
-    emit changed();
+    setMarks({});
 }
 
 void WallWalk::copyMarks() const

@@ -29,6 +29,8 @@ public:
     bool isOn() const { return m_isOn; }
     bool isByItself() const { return m_next.isActive(); }
 
+    /// The panels that were marked before.
+    void setMarks(const QStringList &marks);
     /// Gives it the panels of the show; only while it is on.
     void setPanels(const std::vector<ChartPanel> &panels);
     /// The panel where it is, lit; nullopt: it is off.
@@ -48,6 +50,8 @@ public slots:
     void copyMarks() const;
 
 signals:
+    /// Panels were marked, or are not any more.
+    void marksDidChange(const QStringList &marks);
     /// Something of it is another now.
     void changed();
 
