@@ -18,6 +18,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QLocale>
 
 #include <algorithm>
 #include <limits>
@@ -361,6 +362,10 @@ Result<void> write(const QString &path, const Project &project)
         [&] { return Memory::orError([&]() -> Result<QByteArray> { return encode(project); }); });
     if (!text)
         return failWithin(path, text.error());
+    if (text->size() > mostBytes) // it could not be read again, and must not replace a file
+        return fail(
+            QString("%1: as JSON this project has %2, and more than %3 is not read; save it as a project file")
+                .arg(path, QLocale::c().formattedDataSize(text->size()), QLocale::c().formattedDataSize(mostBytes)));
     return FileBytes::write(path, *text);
 }
 

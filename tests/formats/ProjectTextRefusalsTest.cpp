@@ -66,6 +66,22 @@ TEST_F(ProjectTextRefusalsTest, WhatWouldBeRefusedIsNotWritten)
     EXPECT_FALSE(QFile::exists(path));
 }
 
+TEST_F(ProjectTextRefusalsTest, WhatIsTooLargeToBeReadAgainReplacesNoFile)
+{
+    const QString path = folder.filePath("show.json");
+    Project project{5, 5, {LWScreen::init(host)}};
+    ASSERT_TRUE(ProjectText::write(path, project).has_value());
+    project.layers[0]->setLabel(QString(ProjectText::mostBytes, 'x'));
+
+    EXPECT_EQ(ProjectText::write(path, project).error().text,
+              path + ": as JSON this project has 64.00 MiB, and more than 64.00 MiB is not read; save it as a project "
+                     "file");
+
+    const Result<Project> before = ProjectText::read(path, host);
+    ASSERT_TRUE(before.has_value()) << qPrintable(before.error().text);
+    EXPECT_NE(before->layers.at(0)->label().size(), ProjectText::mostBytes);
+}
+
 TEST_F(ProjectTextRefusalsTest, TooManyLayersAreRefusedBeforeTheFirstIsRead)
 {
     const QByteArray layers = QByteArray("1,").repeated(100'000) + "1";
