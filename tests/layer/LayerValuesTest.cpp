@@ -59,7 +59,7 @@ TEST(LayerValues, HasARowForEachDeclaredValueOfBothKinds)
     TestHost host;
     expectRowsOf(LWScreen(host));
     expectRowsOf(LWStill(host));
-    EXPECT_EQ(std::ssize(LayerValues::all()), 78);
+    EXPECT_EQ(std::ssize(LayerValues::all()), 79);
 }
 
 TEST(LayerValues, GivesTheSameAsTheProperty)
