@@ -60,6 +60,11 @@ LiveDesk::LiveDesk(LWAppDelegate &document, QWidget &window)
     connect(&m_walk, &WallWalk::changed, this, &LiveDesk::showLights);
 }
 
+LiveDesk::~LiveDesk()
+{
+    qApp->removeEventFilter(this); // windows of displays go later than what the filter asks
+}
+
 void LiveDesk::listenTo(QWidget &canvas)
 {
     m_canvas = &canvas;
@@ -93,7 +98,7 @@ bool LiveDesk::eventFilter(QObject *watched, QEvent *event)
 bool LiveDesk::takeKey(const QKeyEvent &key)
 {
     const bool isPress = key.type() == QEvent::KeyPress;
-    const bool isHere = m_canvas->underMouse() || m_canvas->hasFocus();
+    const bool isHere = m_canvas && (m_canvas->underMouse() || m_canvas->hasFocus());
     if (key.key() != Qt::Key_Q || (!isPress && !m_pointing.isHeld()))
         return false;
     // Another key may have been pressed before Q is let go.

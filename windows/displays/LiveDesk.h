@@ -8,6 +8,7 @@
 #include "windows/displays/WallWalk.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <memory>
@@ -26,6 +27,7 @@ class LiveDesk final : public QObject
 public:
     /// Both outlive this.
     LiveDesk(LWAppDelegate &document, QWidget &window);
+    ~LiveDesk() override;
 
     LiveOutput &live() { return m_live; }
     Pointing &pointing() { return m_pointing; }
@@ -44,7 +46,7 @@ public:
     void showChart(const ChartText &chosen, ChartArea area, bool isOver);
     /// Of those walls at full white, "63.88 A at 230 V, 3 phases, 44.08 kW"; empty: nobody says what they draw.
     QString power(ChartArea area) const;
-    /// Where the pointer is when Q is held to point; while pointing is active no press there edits. Outlives this.
+    /// Where the pointer is when Q is held to point; while pointing is active no press there edits.
     void listenTo(QWidget &canvas);
     /// Where the pointer is on the canvas, in pixels of the output, beside it too; nullopt: it has left the canvas.
     void pointAt(const std::optional<QPoint> &pixel);
@@ -82,7 +84,7 @@ private:
 
     LWAppDelegate &m_document;
     QWidget &m_window;
-    QWidget *m_canvas = nullptr; ///< see listenTo()
+    QPointer<QWidget> m_canvas; ///< see listenTo()
     LiveChart m_chart;
     ShownOutput m_shown; ///< which the next one looks at
     LiveOutput m_live;
