@@ -113,8 +113,9 @@ void LiveOutput::setOn(const QString &key, bool isOn)
 void LiveOutput::leaveAll()
 {
     m_wanted.leaveAll();
-    for (const Row &row : rows())
-        switchOff(row.display.key());
+    for (auto &[key, wall] : m_walls)
+        wall.window.reset();
+    std::erase_if(m_walls, [](const auto &known) { return !known.second.isRegionKept; });
     tellDisplays();
 }
 

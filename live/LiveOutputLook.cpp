@@ -13,11 +13,9 @@
 void LiveOutput::setLook(WallLook look)
 {
     const std::optional<QRegion> where = WallPicture::difference(m_look, look, picture().size());
-    const bool isOther = m_look != look;
     m_look = std::move(look);
     renew(where);
-    if (isOther)
-        emit changed();
+    emit changed(); // also where nothing is frozen for want of a picture: buttons show it
 }
 
 void LiveOutput::setBlack(bool isBlack)
@@ -34,7 +32,6 @@ void LiveOutput::setFrozen(bool isFrozen)
     WallLook look = m_look;
     look.frozen = isFrozen ? picture() : QImage();
     setLook(look);
-    emit changed(); // without a picture nothing is frozen, and buttons show it
 }
 
 void LiveOutput::setLevel(int level)

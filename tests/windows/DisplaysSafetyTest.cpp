@@ -20,8 +20,10 @@ TEST_F(DisplaysTest, UniformityAtFullLevelAsksAndAnotherShowAsksAnew)
     tool("Show").click();
     EXPECT_EQ(words(), "CHART: Uniformity");
     for (QSpinBox *box : pane().findChildren<QSpinBox *>()) {
-        if (box->accessibleName() == "Level of the field")
-            box->setValue(100);
+        if (box->accessibleName() != "Level of the field")
+            continue;
+        EXPECT_EQ(box->text(), "50 %");
+        box->setValue(100);
     }
     EXPECT_EQ(words(), QString());
     tool("Show").click();

@@ -16,8 +16,7 @@
 namespace {
 constexpr QSize sizeOfPicture{64, 36};
 constexpr int mostWidth = 200; ///< of a title
-constexpr int ownLevel = -1;   ///< the chart's
-constexpr int ownHold = 0;     ///< likewise
+constexpr int ownHold = 0;     ///< the chart's
 /// In the order of FieldColour.
 const QStringList colourNames{"White", "Red", "Green", "Blue", "Cyan", "Magenta", "Yellow", "Black"};
 
@@ -47,8 +46,7 @@ ChartChoice::ChartChoice(Qt::Orientation orientation, IsOffered isOffered, QWidg
     m_range = addChoice("Range", "The codes for black and white that the picture chain expects",
                         {Chart::rangeName(LevelRange::Full), Chart::rangeName(LevelRange::Narrow)});
     m_colour = addChoice("Colour", "Of the field", colourNames);
-    m_level = addNumber("Level of the field", ownLevel, 100, " %");
-    m_level->setSpecialValueText("Its own level");
+    m_level = addNumber("Level of the field", 0, 100, " %");
     m_steps = addNumber("Steps", 2, 256, " steps");
     m_speed = addNumber("Speed", 1, 4096, " px a frame");
     m_hold = addNumber("Frames that a panel is lit", ownHold, 10'000, " frames");
@@ -110,8 +108,10 @@ QSpinBox *ChartChoice::addNumber(const QString &name, int least, int most, const
 
 void ChartChoice::choose(const Chart &chart)
 {
-    m_chart = &chart;
-    showChart();
+    ChartText other = value();
+    other.chart = &chart;
+    other.options.level = std::nullopt; // each field has a usual one
+    setValue(other);
     emit chosen();
 }
 
@@ -123,7 +123,7 @@ ChartText ChartChoice::value() const
     text.options.colour = static_cast<FieldColour>(m_colour->currentIndex());
     text.options.steps = m_steps->value();
     text.options.speed = m_speed->value();
-    if (m_level->value() != ownLevel)
+    if (m_level->value() != m_chart->field)
         text.options.level = m_level->value();
     if (m_hold->value() != ownHold)
         text.options.hold = m_hold->value();
@@ -139,7 +139,7 @@ void ChartChoice::setValue(const std::optional<ChartText> &chosen)
     const QSignalBlocker silent(this);
     m_range->setCurrentIndex(text.range == LevelRange::Narrow ? 1 : 0);
     m_colour->setCurrentIndex(static_cast<int>(text.options.colour));
-    m_level->setValue(text.options.level.value_or(ownLevel));
+    m_level->setValue(text.options.level.value_or(m_chart->field.value_or(0)));
     m_steps->setValue(text.options.steps);
     m_speed->setValue(text.options.speed);
     m_hold->setValue(text.options.hold.value_or(ownHold));

@@ -50,7 +50,7 @@ ChartStrip::ChartStrip(LiveDesk &desk, QWidget *parent)
     connect(&desk, &LiveDesk::anotherShow, this, [this] { m_isPowerKnown = false; });
     connect(&desk.chart(), &LiveChart::changed, this, &ChartStrip::showState);
     connect(&desk.chart(), &LiveChart::moved, this, &ChartStrip::showLate);
-    tell({});
+    m_told->hide();
     showState();
 }
 
@@ -130,6 +130,8 @@ void ChartStrip::showLate()
 
 void ChartStrip::tell(const QString &sentence)
 {
+    if (m_told->text() == sentence)
+        return; // each frame of a moving chart comes here
     m_told->setText(sentence);
     m_told->setToolTip(sentence);
     m_told->setVisible(!sentence.isEmpty());
