@@ -25,9 +25,12 @@ PortRow rowOf(const ShowPorts &ports, const ShowWiring::Port &port)
         row.loaded = port.loaded;
     row.counted = port.loaded;
     row.limit = port.limit;
-    row.whyNoLimit = bounds ? QString() : bounds.error().sentence;
-    row.highestRate = port.highestRate;
-    row.costliest = port.costliest;
+    if (bounds) {
+        row.highestRate = bounds->highestRate(ports.show.processors[port.processor], port.load);
+        row.costliest = bounds->costliest(port.load);
+    } else {
+        row.whyNoLimit = bounds.error().sentence;
+    }
     row.isOver = port.excess.has_value();
     return row;
 }

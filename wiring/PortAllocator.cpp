@@ -323,8 +323,6 @@ void PortAllocator::finishPort(ShowWiring::Port &port) const
     port.loaded = processor.ports->loaded(port.load);
     port.limit = processor.ports->limit(port.load);
     port.excess = processor.ports->excess(port.load);
-    port.highestRate = processor.ports->highestRate(settings, port.load);
-    port.costliest = processor.ports->costliest(port.load);
 }
 
 void PortAllocator::sortPorts()

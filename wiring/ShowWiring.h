@@ -75,8 +75,6 @@ struct ShowWiring
         qint64 loaded = 0;                     ///< pixels that count, those of the box where it does
         std::optional<qint64> limit = {};      ///< nullopt: nobody says
         std::optional<PortExcess> excess = {}; ///< by which it is over
-        std::optional<double> highestRate = {};
-        std::optional<RuleCost> costliest = {};
 
         /// Each once, in the order of the cable.
         std::vector<std::size_t> walls() const;

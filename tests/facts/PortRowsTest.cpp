@@ -52,6 +52,7 @@ TEST_F(PortRowsTest, APortOfAProcessorSaysWhatHangsOnItAndWhatIsFree)
     EXPECT_EQ(rows[0].limit, 659'722);
     EXPECT_EQ(rows[0].free(), 4'362);
     EXPECT_EQ(rows[0].level(), PortRow::Level::NearlyFull); // 99.3 %
+    EXPECT_NEAR(rows[0].highestRate.value_or(0), 60.399, 0.001);
     EXPECT_EQ(rows[5].port, "A6");
     EXPECT_EQ(rows[5].layers, std::vector<qsizetype>{1});
     EXPECT_EQ(rows[5].pixels, 98'304);
@@ -113,6 +114,17 @@ TEST_F(PortRowsTest, WithoutProcessorsTheRunsOfTheLimitAreListedWithoutNames)
     ASSERT_EQ(rows.size(), 1);
     EXPECT_EQ(rows[0].level(), PortRow::Level::Over);
     EXPECT_EQ(summary.worst, "1 port over its limit");
+}
+
+TEST_F(PortRowsTest, ARowSaysWhatTakesTheMostOfThePort)
+{
+    ProcessorSettings careful = processor("MX40 Pro");
+    careful.headroom = 10;
+    take({fed("MAIN", {2, 2, 128, 128})}, {careful});
+    ASSERT_EQ(rows.size(), 1);
+    ASSERT_TRUE(rows[0].costliest);
+    EXPECT_EQ(rows[0].costliest->rule, RuleCost::Rule::Headroom);
+    EXPECT_EQ(rows[0].costliest->pixels, 65'973); // a tenth of 659,722
 }
 
 TEST_F(PortRowsTest, RunsThatAreAlikeAreOneRowWhereTheyAreMany)

@@ -254,7 +254,6 @@ TEST(PortAllocator, WithoutAFigureWholeLinesHaveTheirPortsAndNoLimit)
     EXPECT_THAT(wired.ports(0), ElementsAre("A1", "A2", "A3"));
     EXPECT_EQ(wired.wiring.ports[0].loaded, 2 * 8 * 128 * 256);
     EXPECT_FALSE(wired.wiring.ports[0].limit);
-    EXPECT_FALSE(wired.wiring.ports[0].highestRate);
     EXPECT_FALSE(wired.wiring.ports[0].excess);
 }
 
