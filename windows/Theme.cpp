@@ -1,5 +1,6 @@
 #include "windows/Theme.h"
 
+#include "windows/Desktop.h"
 #include "windows/Icons.h"
 
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QProxyStyle>
 #include <QToolTip>
 
-#include <fontconfig/fontconfig.h>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -94,7 +94,7 @@ QString styleSheet()
 void Theme::findFonts()
 {
     try {
-        fontFinder() = std::jthread([] { FcInit(); });
+        fontFinder() = std::jthread(&Desktop::findFonts);
     } catch (const std::system_error &) { // no thread is to be had: they are looked for when they are needed
     }
 }
@@ -103,6 +103,7 @@ void Theme::apply()
 {
     if (fontFinder().joinable())
         fontFinder().join(); // Qt would look for them a second time
+    Desktop::darkenFrames();
     QApplication::setStyle(new WindowStyle);
     QApplication::setPalette(palette());
     QApplication::setFont(fontOfSize(textSize));

@@ -41,6 +41,32 @@ def rooms_on_link_line(room, plan):
     return public, private
 
 
+SYSTEMS = ("Linux", "Windows")
+# What asks which system it is, or names what only some of them have.
+OF_ONE_SYSTEM = re.compile(
+    r"^\s*#\s*(?:el)?if.*\b(?:Q_OS_\w+|_*(?:WIN32|WIN64|linux|unix|APPLE|MINGW\w*)_*|_MSC_VER)\b"
+    r"|^#include <(?:(?:unistd|fcntl|io|windows|grp|pwd|dlfcn|pthread|(?:sys|fontconfig)/\w+)\.h|QDBus\w+)>",
+    re.MULTILINE)
+
+
+def is_of_one_system(path):
+    return path.stem.endswith(SYSTEMS) or path.stem.startswith("Bus")  # that of the Linux desktop
+
+
+class Systems(unittest.TestCase):
+    def test_no_shared_source_asks_which_system_it_is(self):
+        shared = [path for room in Plan().floors for path in files_of(room, ".h", ".cpp") if not is_of_one_system(path)]
+        for path in [*shared, HOUSE / "main.cpp"]:
+            with self.subTest(path=str(path.relative_to(HOUSE))):
+                self.assertEqual(OF_ONE_SYSTEM.findall(path.read_text(encoding="utf-8")), [])
+
+    def test_each_system_has_a_source_of_the_same_subjects(self):
+        for room in Plan().floors:
+            stems = [path.stem for path in files_of(room, ".cpp")]
+            subjects = [{stem.removesuffix(system) for stem in stems if stem.endswith(system)} for system in SYSTEMS]
+            self.assertEqual(*subjects, room)
+
+
 class Rooms(unittest.TestCase):
     plan = Plan()
 

@@ -254,7 +254,7 @@ void LiveDesk::tellUnseen(const WallLight *light)
 void LiveDesk::followState()
 {
     if (!m_awake && m_live.isAnyOn())
-        m_awake = std::make_unique<ScreenAwake>(QDBusConnection::sessionBus());
+        m_awake = ScreenAwake::ofDesktop();
     if (m_awake)
         m_awake->keep(m_live.isAnyOn());
     m_chart.setRate(m_live.frameRate());

@@ -1,4 +1,4 @@
-#include "live/ScreenAwake.h"
+#include "live/BusScreenAwake.h"
 
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
@@ -25,9 +25,9 @@ const QString applicationName("wallwright");
 const QString reason("The output is shown on a display");
 } // namespace
 
-ScreenAwake::ScreenAwake(QDBusConnection bus, QObject *parent) : QObject(parent), m_bus(std::move(bus)) {}
+BusScreenAwake::BusScreenAwake(QDBusConnection bus, QObject *parent) : QObject(parent), m_bus(std::move(bus)) {}
 
-void ScreenAwake::keep(bool isAwake)
+void BusScreenAwake::keep(bool isAwake)
 {
     if (std::exchange(m_isWanted, isAwake) == isAwake)
         return;
@@ -37,7 +37,7 @@ void ScreenAwake::keep(bool isAwake)
         m_bus.send(std::exchange(m_end, {}));
 }
 
-void ScreenAwake::ask()
+void BusScreenAwake::ask()
 {
     if (!m_bus.isConnected()) {
         qCInfo(awakeLog, "There is no session bus: nobody is asked to leave the screen on.");
@@ -58,7 +58,7 @@ void ScreenAwake::ask()
     });
 }
 
-void ScreenAwake::askPortal()
+void BusScreenAwake::askPortal()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(portal, portalPath, inhibit, "Inhibit");
     call << QString() << idleFlag << QVariantMap{{"reason", reason}};
@@ -73,7 +73,7 @@ void ScreenAwake::askPortal()
     });
 }
 
-void ScreenAwake::take(const QDBusMessage &end)
+void BusScreenAwake::take(const QDBusMessage &end)
 {
     m_isAsked = false;
     if (m_isWanted)

@@ -1,4 +1,4 @@
-#include "live/ScreenAwake.h"
+#include "live/BusScreenAwake.h"
 
 #include <QDBusMessage>
 #include <QDBusObjectPath>
@@ -30,7 +30,7 @@ public:
 };
 
 /// A bus of its own, with nobody on it at first.
-class ScreenAwakeTest : public ::testing::Test
+class BusScreenAwakeTest : public ::testing::Test
 {
 protected:
     void SetUp() override
@@ -70,10 +70,10 @@ private:
 };
 } // namespace
 
-TEST_F(ScreenAwakeTest, TheScreenSaverIsHeldOnceAndLetGo)
+TEST_F(BusScreenAwakeTest, TheScreenSaverIsHeldOnceAndLetGo)
 {
     serve("org.freedesktop.ScreenSaver");
-    ScreenAwake awake(program());
+    BusScreenAwake awake(program());
     awake.keep(true);
     awake.keep(true);
     EXPECT_EQ(callsAfterAWhile(1), QStringList("ScreenSaver.Inhibit wallwright"));
@@ -83,28 +83,28 @@ TEST_F(ScreenAwakeTest, TheScreenSaverIsHeldOnceAndLetGo)
     EXPECT_EQ(callsAfterAWhile(2), (QStringList{"ScreenSaver.Inhibit wallwright", "ScreenSaver.UnInhibit 42"}));
 }
 
-TEST_F(ScreenAwakeTest, WhatIsNoLongerWantedWhenTheAnswerComesIsLetGo)
+TEST_F(BusScreenAwakeTest, WhatIsNoLongerWantedWhenTheAnswerComesIsLetGo)
 {
     serve("org.freedesktop.ScreenSaver");
-    ScreenAwake awake(program());
+    BusScreenAwake awake(program());
     awake.keep(true);
     awake.keep(false);
     EXPECT_EQ(callsAfterAWhile(2), (QStringList{"ScreenSaver.Inhibit wallwright", "ScreenSaver.UnInhibit 42"}));
 }
 
-TEST_F(ScreenAwakeTest, WithoutAScreenSaverThePortalIsAsked)
+TEST_F(BusScreenAwakeTest, WithoutAScreenSaverThePortalIsAsked)
 {
     serve("org.freedesktop.portal.Desktop");
-    ScreenAwake awake(program());
+    BusScreenAwake awake(program());
     awake.keep(true);
     EXPECT_EQ(callsAfterAWhile(1), QStringList("Inhibit.Inhibit "));
     awake.keep(false);
     EXPECT_EQ(callsAfterAWhile(2), (QStringList{"Inhibit.Inhibit ", "Request.Close "}));
 }
 
-TEST_F(ScreenAwakeTest, WhereNobodyAnswersItIsAskedAgainNextTime)
+TEST_F(BusScreenAwakeTest, WhereNobodyAnswersItIsAskedAgainNextTime)
 {
-    ScreenAwake awake(program());
+    BusScreenAwake awake(program());
     awake.keep(true);
     QTest::qWait(50);
     awake.keep(false);
@@ -113,9 +113,9 @@ TEST_F(ScreenAwakeTest, WhereNobodyAnswersItIsAskedAgainNextTime)
     EXPECT_EQ(callsAfterAWhile(1), QStringList("ScreenSaver.Inhibit wallwright"));
 }
 
-TEST(ScreenAwake, WithoutABusNothingHappens)
+TEST(BusScreenAwake, WithoutABusNothingHappens)
 {
-    ScreenAwake awake(QDBusConnection("nowhere"));
+    BusScreenAwake awake(QDBusConnection("nowhere"));
     awake.keep(true);
     awake.keep(false);
 }

@@ -1,0 +1,10 @@
+#include "windows/Desktop.h"
+
+#include <fontconfig/fontconfig.h>
+
+void Desktop::findFonts()
+{
+    FcInit();
+}
+
+void Desktop::darkenFrames() {}
