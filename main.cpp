@@ -13,7 +13,7 @@
 namespace {
 int runWithoutWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
-    qputenv("QT_QPA_PLATFORM", "offscreen");
+    System::choosePlatform(false);
     // What Qt misses on a server (a UTF-8 locale, a runtime folder) or finds in a picture does not matter here and
     // would mix with the reasons.
     QLoggingCategory::setFilterRules("*.warning=false\nwallwright.*.warning=true");
@@ -39,6 +39,7 @@ void endWithoutDisplay(QtMsgType type, const QMessageLogContext & /*context*/, c
 
 int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
+    System::choosePlatform(true);
     Theme::findFonts();
     const QtMessageHandler before = qInstallMessageHandler(&endWithoutDisplay);
     const QApplication application(programNameAlone, argv);

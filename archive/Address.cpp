@@ -1,5 +1,8 @@
 #include "archive/Address.h"
 
+#include "base/System.h"
+
+#include <QDir>
 #include <QFileInfo>
 #include <QUrl>
 
@@ -15,8 +18,13 @@ namespace {
 QString localPath(const QUrl &url)
 {
     const bool isFile = url.scheme().isEmpty() || url.scheme() == "file";
-    const bool isHere = url.host().isEmpty() || url.host() == "localhost";
-    return url.isValid() && isFile && isHere ? url.path(QUrl::FullyDecoded) : QString();
+    return url.isValid() && isFile ? System::localFile(url.host(), url.path(QUrl::FullyDecoded)) : QString();
+}
+
+/// Whether a path begins at a root or, where the system has them, at a drive; what is embedded in the program does not.
+bool isWhole(const QString &path)
+{
+    return path.startsWith(u'/') || (!path.startsWith(u':') && QDir::isAbsolutePath(path));
 }
 
 /// The text of a path needs no escapes: '#' and '?' are letters of a name like others.
@@ -29,13 +37,13 @@ QString plainPath(const QString &text)
 QString Address::toLocalFile() const
 {
     QString path;
-    if (bases.isEmpty() && relative.startsWith(u'/') && !relative.startsWith("//")) {
-        path = plainPath(relative);
+    if (bases.isEmpty() && isWhole(relative) && !relative.startsWith("//")) {
+        path = System::localFile({}, plainPath(relative));
     } else {
         QUrl url;
         std::for_each(bases.crbegin(), bases.crend(), [&url](const QString &base) { url = url.resolved(QUrl(base)); });
         path = localPath(url.resolved(QUrl(relative)));
     }
     // Elsewhere a path would depend on the current folder, or name what is embedded in the program.
-    return path.startsWith(u'/') && !path.contains(QChar(u'\0')) ? path : QString();
+    return isWhole(path) && !path.contains(QChar(u'\0')) ? path : QString();
 }

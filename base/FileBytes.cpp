@@ -15,10 +15,18 @@
 namespace {
 constexpr qsizetype pieceLength = qsizetype{8} << 20;
 
-// QSaveFile keeps no reason of a failed write; the system does.
-tl::unexpected<Error> failedWrite(const QString &path)
+tl::unexpected<Error> failedWrite(const QString &path, const QFileDevice &file)
 {
-    return fail(QString("%1: cannot be written: %2").arg(path, qt_error_string(errno)));
+    return fail(QString("%1: cannot be written: %2").arg(path, System::reasonAgainstWriting(file)));
+}
+
+tl::unexpected<Error> failedReplacing(const QString &path, const QFileDevice &file)
+{
+    const tl::unexpected<Error> failed = failedWrite(path, file); // before another question changes the reason
+    if (!System::isHeld(path))
+        return failed;
+    return fail(
+        QString("%1: cannot be written: another program has the file open; close it there and try again").arg(path));
 }
 
 bool append(QSaveFile &file, QByteArrayView bytes)
@@ -39,20 +47,19 @@ QString placeToCollect(const QString &path)
 }
 
 /// Puts the complete file at `from` into the place of `path`, in one step, where it is not there already.
-bool moveTo(const QString &path, const QString &from)
+Result<void> moveTo(const QString &path, const QString &from)
 {
     if (from == path)
-        return true;
+        return {};
     const QFileInfo existing(path);
     if (existing.exists())
         QFile::setPermissions(from, existing.permissions());
     const QString place = existing.isSymLink() ? existing.symLinkTarget() : path;
     if (System::replace(place, from))
-        return true;
-    const int reason = errno;
+        return {};
+    const tl::unexpected<Error> failed = failedReplacing(path, QFile());
     QFile::remove(from);
-    errno = reason;
-    return false;
+    return failed;
 }
 } // namespace
 
@@ -125,15 +132,15 @@ Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progre
             return Outcome::Cancelled;
         const QByteArrayView piece = QByteArrayView(bytes).sliced(done, qMin(length, bytes.size() - done));
         if (!append(file, piece) || (progress && !System::reachesDisk(file.handle())))
-            return failedWrite(path);
+            return failedWrite(path, file);
     }
     // QSaveFile asks for this too before it puts the file into its place, and goes on whatever the answer is.
     if (!System::reachesDisk(file.handle()))
-        return failedWrite(path);
+        return failedWrite(path, file);
     errno = 0;
-    if (!file.commit() || !moveTo(path, file.fileName()))
-        return failedWrite(path);
-    return Outcome::Written;
+    if (!file.commit())
+        return failedReplacing(path, file);
+    return moveTo(path, file.fileName()).map([] { return Outcome::Written; });
 }
 
 QString withExtension(const QString &path, const QString &extension)

@@ -8,6 +8,7 @@
 #include <memory>
 
 class QFile;
+class QFileDevice;
 
 /// What differs from one operating system to the next. Each has one source, which CMake chooses; nothing else asks
 /// which one it is.
@@ -40,6 +41,9 @@ bool replace(const QString &place, const QString &file);
 /// Whether a file or folder, or what a link leads to, belongs to the person whom the program runs for; false where
 /// there is none. True of all where there are no owners.
 bool isOwn(const QString &path);
+
+/// Why a file could not be written that Qt does not say it of; at once, before something else is asked of the system.
+QString reasonAgainstWriting(const QFileDevice &file);
 
 /// Whether a program has the file open in a way that lets nobody replace it.
 bool isHeld(const QString &path);
@@ -101,6 +105,14 @@ QByteArrayList arguments(int count, const char *const *values);
 
 /// Makes a terminal show what is written in UTF-8, where it does not by itself.
 void prepareTerminal();
+
+/// The file that an address names by its host and its path, both without escapes; empty where it is not on this
+/// machine.
+QString localFile(const QString &host, const QString &path);
+
+/// Has Qt work without a window, or with one; before there is an application. Letters are drawn by the same engine
+/// everywhere, so that pictures are the same.
+void choosePlatform(bool hasWindow);
 
 /// Whether a window can be shown.
 bool hasDisplay();

@@ -58,6 +58,11 @@ bool isOwn(const QString &path)
     return QFileInfo(path).ownerId() == geteuid();
 }
 
+QString reasonAgainstWriting(const QFileDevice & /*file*/)
+{
+    return qt_error_string(); // a write that is cut off is no error to Qt
+}
+
 bool isHeld(const QString & /*path*/)
 {
     return false;
@@ -154,6 +159,17 @@ QByteArrayList arguments(int count, const char *const *values)
 }
 
 void prepareTerminal() {}
+
+QString localFile(const QString &host, const QString &path)
+{
+    return host.isEmpty() || host == "localhost" ? path : QString();
+}
+
+void choosePlatform(bool hasWindow)
+{
+    if (!hasWindow)
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
 
 bool hasDisplay()
 {

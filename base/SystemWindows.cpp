@@ -12,7 +12,6 @@
 #include <fcntl.h>
 #include <io.h>
 #include <malloc.h>
-#include <shellapi.h>
 #include <utility>
 #include <windows.h>
 
@@ -75,6 +74,16 @@ bool replace(const QString &place, const QString &file)
 {
     return MoveFileExW(longPath(file).c_str(), longPath(place).c_str(),
                        MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
+QString reasonAgainstWriting(const QFileDevice &file)
+{
+    return file.error() != QFileDevice::NoError ? file.errorString() : qt_error_string();
+}
+
+bool isOwn(const QString &path)
+{
+    return QFileInfo::exists(path);
 }
 
 bool isHeld(const QString &path)
@@ -184,6 +193,23 @@ void prepareTerminal()
     const bool isTerminal = _isatty(_fileno(stdout)) != 0 || _isatty(_fileno(stderr)) != 0;
     if (isTerminal && before != 0 && SetConsoleOutputCP(CP_UTF8))
         std::atexit([] { SetConsoleOutputCP(before); });
+}
+
+QString localFile(const QString &host, const QString &path)
+{
+    // Another machine would be told who asks: a show from elsewhere shall not decide that.
+    const QString plain = QDir::fromNativeSeparators(path);
+    if ((!host.isEmpty() && host != "localhost") || plain.startsWith("//"))
+        return {};
+    const bool hasDrive = plain.size() > 2 && plain[0] == u'/' && plain[1].isLetter() && plain[2] == u':';
+    return hasDrive ? plain.sliced(1) : plain;
+}
+
+void choosePlatform(bool hasWindow)
+{
+    // The platform knows the machine's fonts also where nothing is shown; "offscreen" would not.
+    if (!hasWindow || qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "windows:fontengine=freetype");
 }
 
 bool hasDisplay()

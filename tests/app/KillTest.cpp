@@ -11,7 +11,6 @@
 #include <QTest>
 
 #include <algorithm>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <memory>
@@ -70,10 +69,10 @@ public:
             m_sinceFirstEdit.start();
         return m_sinceFirstEdit.isValid() && m_sinceFirstEdit.elapsed() >= m_life;
     }
-    /// SIGKILL; returns what it had told until then.
+    /// At once; returns what it had told until then.
     Told kill()
     {
-        ::kill(static_cast<pid_t>(m_process.processId()), SIGKILL);
+        m_process.kill();
         EXPECT_TRUE(m_process.waitForFinished());
         EXPECT_EQ(m_process.exitStatus(), QProcess::CrashExit);
         Told told;

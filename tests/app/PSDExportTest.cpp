@@ -355,7 +355,7 @@ TEST_F(PSDExportTest, AFailedWriteLeavesTheOldFileAndNothingElse)
     }
 
     ASSERT_FALSE(outcome.has_value());
-    EXPECT_EQ(outcome.error().text, path + ": cannot be written: File too large");
+    EXPECT_EQ(outcome.error().text, path + ": cannot be written: " + FullDisk::reason());
     EXPECT_EQ(contents("a.psd"), "old");
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{"a.psd"});
 }

@@ -1,6 +1,6 @@
 #include "app/Settings.h"
 
-#include "tests/base/AsNobody.h"
+#include "base/System.h"
 #include "tests/base/FullDisk.h"
 
 #include <QColor>
@@ -13,7 +13,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 namespace {
 /// Begins and ends without a settings file.
@@ -40,7 +39,8 @@ protected:
         EXPECT_TRUE(Settings::windowState().isEmpty());
     }
 
-    const QString path = qEnvironmentVariable("XDG_CONFIG_HOME") + "/wallwright/wallwright.conf";
+    const QString path =
+        QSettings(System::settingsFormat(), QSettings::UserScope, "wallwright", "wallwright").fileName();
 };
 
 /// Lists within lists, as many, as a settings file has them.
@@ -246,25 +246,6 @@ TEST_F(SettingsTest, BehindALinkTheyAreWrittenWhereTheyAre)
 
     EXPECT_TRUE(QFileInfo(path).isSymLink());
     EXPECT_EQ(QSettings(elsewhere, QSettings::IniFormat).value("supply/otherVolts").toInt(), 220);
-}
-
-TEST_F(SettingsTest, InAFolderThatTurnedReadOnlyTheOldOnesStay)
-{
-    Settings::setOtherVolts(240);
-    const QDir folder = QFileInfo(path).dir();
-    const QByteArray home = QFile::encodeName(folder.filePath(".."));
-    ASSERT_EQ(chmod(home.constData(), 0755), 0); // for nobody
-    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0555), 0);
-
-    const QString volts = toldToNobody([] {
-        Settings::setOtherVolts(220);
-        return QString::number(Settings::otherVolts());
-    });
-
-    ASSERT_EQ(chmod(QFile::encodeName(folder.path()).constData(), 0755), 0);
-    ASSERT_EQ(chmod(home.constData(), 0700), 0);
-    EXPECT_EQ(volts, "240");
-    EXPECT_EQ(folder.entryList(QDir::Files | QDir::Hidden), QStringList("wallwright.conf"));
 }
 
 TEST_F(SettingsTest, AFolderInTheirPlaceIsAsGoodAsNone)

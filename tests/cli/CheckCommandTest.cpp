@@ -5,6 +5,7 @@
 #include "tests/cli/CommandRun.h"
 
 #include <QJsonDocument>
+#include <QUrl>
 
 namespace {
 class CheckCommandTest : public CommandTest
@@ -87,9 +88,10 @@ TEST_F(CheckCommandTest, WarningsAloneAreNoFailure)
 
 TEST_F(CheckCommandTest, AFileThatOnlyBeginsLikeAPictureIsFoundOut)
 {
-    const QByteArray address = file("half.png", QByteArray("\x89PNG\r\n\x1a\n", 8)).toUtf8();
+    const QString half = file("half.png", QByteArray("\x89PNG\r\n\x1a\n", 8));
+    const QByteArray address = QUrl::fromLocalFile(half).toEncoded();
     const Outcome outcome =
-        check(R"({"class": "LWStill", "panelWidth": 5, "panelHeight": 5, "ImageURL": "file://)" + address + "\"}");
+        check(R"({"class": "LWStill", "panelWidth": 5, "panelHeight": 5, "ImageURL": ")" + address + "\"}");
     EXPECT_EQ(outcome.status, 0);
     EXPECT_TRUE(outcome.out.contains(": layer 0: warning: The picture " + path("half.png") + " is missing"))
         << qPrintable(outcome.out);

@@ -1,6 +1,7 @@
 #include "formats/PngFile.h"
 
 #include "drawing/Raster.h"
+#include "tests/base/FullDisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -8,10 +9,8 @@
 #include <QTemporaryDir>
 #include <QtEndian>
 
-#include <csignal>
 #include <gtest/gtest.h>
 #include <random>
-#include <sys/resource.h>
 
 namespace {
 QImage noise(const QSize &size, int lowestAlpha)
@@ -82,30 +81,6 @@ quint32 plainCrc(const QByteArray &bytes)
     }
     return ~crc;
 }
-
-/// While it lives no file of this process grows above 64 KiB.
-class SmallDisk
-{
-public:
-    SmallDisk()
-    {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        const rlimit small{64 << 10, m_before.rlim_max};
-        m_handler = std::signal(SIGXFSZ, SIG_IGN); // a refused write shall be an error, not the end
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~SmallDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-    SmallDisk(const SmallDisk &) = delete;
-    SmallDisk &operator=(const SmallDisk &) = delete;
-
-private:
-    rlimit m_before{};
-    void (*m_handler)(int) = SIG_DFL;
-};
 
 void expectSamePixels(const QImage &picture)
 {
@@ -279,7 +254,7 @@ TEST(PngFile, ADiskThatIsFullLeavesTheOldFileWhole)
     ASSERT_TRUE(PngFile::write(path, noise(QSize(9, 9), 0)));
 
     const Result<void> written = [&] {
-        const SmallDisk disk;
+        const FullDisk disk(64 << 10);
         return PngFile::write(path, noise(QSize(501, 501), 0));
     }();
 

@@ -180,7 +180,7 @@ TEST_F(PresetLibraryTest, AFailureBeginsWithThePathAndLeavesTheFile)
     {
         const FullDisk disk(4096);
         EXPECT_EQ(PresetLibrary::write(path, BuiltInPresets::make(host)).error().text,
-                  path + ": cannot be written: File too large");
+                  path + ": cannot be written: " + FullDisk::reason());
     }
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), "no archive");

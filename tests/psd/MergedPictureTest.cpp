@@ -3,13 +3,13 @@
 #include "drawing/Raster.h"
 #include "psd/PackedChannels.h"
 #include "tests/base/Threads.h"
+#include "tests/base/UnreadableMemory.h"
 #include "tests/psd/PsdFixtures.h"
 
 #include <QPainter>
 
 #include <gtest/gtest.h>
 #include <random>
-#include <sys/mman.h>
 #include <vector>
 
 using Background = MergedPicture::Background;
@@ -187,9 +187,9 @@ TEST(MergedPicture, WhatOpaqueImagesHideIsNotRead)
 {
     constexpr int side = 64;
     constexpr std::size_t bytes = side * side * sizeof(QRgb);
-    void *const unreadable = mmap(nullptr, bytes, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-    ASSERT_NE(unreadable, MAP_FAILED);
-    const QImage hidden(static_cast<const uchar *>(unreadable), side, side, side * 4, Raster::format);
+    const UnreadableMemory unreadable(bytes);
+    ASSERT_NE(unreadable.data(), nullptr);
+    const QImage hidden(unreadable.data(), side, side, side * 4, Raster::format);
     const std::vector<Step> steps = {
         {hidden, {10, 0}}, {raster(40, 64, Qt::red), {10, 0}}, {raster(24, 64, Qt::blue), {50, 0}}};
 
@@ -199,5 +199,4 @@ TEST(MergedPicture, WhatOpaqueImagesHideIsNotRead)
     EXPECT_EQ(QColor(pixels.pixel(10, 0)), QColor(Qt::red));
     EXPECT_EQ(QColor(pixels.pixel(73, 63)), QColor(Qt::blue));
     EXPECT_EQ(QColor(pixels.pixel(74, 63)), QColor(Qt::white));
-    munmap(unreadable, bytes);
 }

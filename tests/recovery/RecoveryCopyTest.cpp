@@ -212,7 +212,7 @@ TEST_F(RecoveryCopyTest, AFullDiskIsToldOnceAndSparesTheLastCopy)
     }
 
     EXPECT_EQ(failures, QStringList{"Unsaved changes have no recovery copy; save the project to keep them. " +
-                                    copies.value(0) + ": cannot be written: File too large"});
+                                    copies.value(0) + ": cannot be written: " + FullDisk::reason()});
     EXPECT_EQ(timesAsked, 3);
     EXPECT_EQ(widthsOnDisk(), QList{641});
     EXPECT_EQ(place.entryList(QDir::Files | QDir::Hidden), files);

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QUrl>
 
 #include <gtest/gtest.h>
 
@@ -39,6 +40,8 @@ protected:
     QTemporaryDir folder;
     const QString picturePath = folder.filePath("plate.png");
     const QString lostPath = folder.filePath("lost.png");
+    const QString pathOfAddress = QUrl::fromLocalFile(picturePath).path(); ///< "/C:/..." where there are drives
+    const QString folderOfAddress = QUrl::fromLocalFile(folder.path()).path();
 };
 } // namespace
 
@@ -159,11 +162,11 @@ TEST_F(LWStillPicture, ACopyOfAStillWhosePictureWaitsLoadsItToo)
 
 TEST_F(LWStillPicture, EveryFormOfALocalAddressIsOpened)
 {
-    const Address addresses[] = {{"file://" + picturePath, {}},
-                                 {"file://localhost" + picturePath, {}},
-                                 {"FILE:" + picturePath, {}},
+    const Address addresses[] = {{"file://" + pathOfAddress, {}},
+                                 {"file://localhost" + pathOfAddress, {}},
+                                 {"FILE:" + pathOfAddress, {}},
                                  {picturePath, {}},
-                                 {"plate.png", {"file://" + folder.path() + "/"}}};
+                                 {"plate.png", {"file://" + folderOfAddress + "/"}}};
     for (const Address &address : addresses) {
         choose(address);
         EXPECT_FALSE(still.isPictureMissing()) << qPrintable(address.relative);
@@ -176,13 +179,13 @@ TEST_F(LWStillPicture, NoOtherAddressIsOpenedEvenWhereItsPathIsHere)
     const QString before = QDir::currentPath();
     ASSERT_TRUE(QDir::setCurrent(folder.path()));
     const QString base = "http://localhost" + folder.path() + "/";
-    const Address addresses[] = {{"http://localhost" + picturePath, {}},
-                                 {"https://localhost" + picturePath, {}},
-                                 {"ftp://localhost" + picturePath, {}},
-                                 {"smb://localhost" + picturePath, {}},
-                                 {"file://server" + picturePath, {}},
-                                 {"file://127.0.0.1" + picturePath, {}},
-                                 {"//server" + picturePath, {}},
+    const Address addresses[] = {{"http://localhost" + pathOfAddress, {}},
+                                 {"https://localhost" + pathOfAddress, {}},
+                                 {"ftp://localhost" + pathOfAddress, {}},
+                                 {"smb://localhost" + pathOfAddress, {}},
+                                 {"file://server" + pathOfAddress, {}},
+                                 {"file://127.0.0.1" + pathOfAddress, {}},
+                                 {"//server" + pathOfAddress, {}},
                                  {"file:plate.png", {}},
                                  {"plate.png", {}},
                                  {"./plate.png", {}},
@@ -190,7 +193,7 @@ TEST_F(LWStillPicture, NoOtherAddressIsOpenedEvenWhereItsPathIsHere)
                                  {picturePath, {base}},
                                  {"", {}},
                                  {"file://", {}},
-                                 {"qrc:" + picturePath, {}},
+                                 {"qrc:" + pathOfAddress, {}},
                                  {"file:///proc/kmsg", {}}};
     for (const Address &address : addresses) {
         choose(address);

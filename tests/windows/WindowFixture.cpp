@@ -1,5 +1,6 @@
 #include "tests/windows/WindowFixture.h"
 
+#include "base/System.h"
 #include "canvas/LWCanvasImageView.h"
 #include "formats/ProjectFile.h"
 #include "screen/LWScreen.h"
@@ -29,7 +30,7 @@ WindowFixture::WindowFixture()
 {
     for (const QString &ofTestsBefore : {RecoveryFolder::standardPath(), QFileInfo(PresetStore::standardPath()).path()})
         QDir(ofTestsBefore).removeRecursively();
-    QSettings(QSettings::UserScope, "wallwright", "wallwright").clear();
+    QSettings(System::settingsFormat(), QSettings::UserScope, "wallwright", "wallwright").clear();
     window.start();
     if (!QTest::qWaitForWindowExposed(&window))
         ADD_FAILURE() << "the window does not show";

@@ -1,0 +1,150 @@
+// Pipes, permissions and links as Linux has them.
+
+#include "base/FileBytes.h"
+#include "tests/base/AsNobody.h"
+#include "tests/base/FullDisk.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <atomic>
+#include <cstdio>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <thread>
+
+namespace {
+QByteArray contentsOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+template <typename Value>
+QString toldOf(const Result<Value> &result)
+{
+    return result ? QString("done") : result.error().text;
+}
+} // namespace
+
+TEST(FileBytesLinux, ADeviceIsNotReplacedByAFile)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(qPrintable(path), 0600), 0);
+
+    const Result<void> written = FileBytes::write(path, "show");
+
+    ASSERT_FALSE(written.has_value());
+    EXPECT_EQ(written.error().text, path + ": cannot be written: this is a folder or a device, not a file");
+    struct stat status
+    {};
+    ASSERT_EQ(stat(qPrintable(path), &status), 0);
+    EXPECT_TRUE(S_ISFIFO(status.st_mode));
+}
+
+TEST(FileBytesLinux, WhatThePersonMayNotDoIsToldInOneSentence)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    ASSERT_TRUE(FileBytes::write(path, "the old show"));
+    const auto told = [&](const QString &place) {
+        return toldToNobody([&] { return toldOf(FileBytes::write(place, "new")); });
+    };
+
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0777), 0);
+    ASSERT_EQ(chmod(qPrintable(path), 0444), 0);
+    EXPECT_EQ(told(path), path + ": cannot be written: the file is read-only");
+
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0555), 0);
+    const QString other = folder.filePath("other.Orv");
+    EXPECT_EQ(told(other), other + ": cannot be written: Permission denied");
+
+    ASSERT_EQ(chmod(qPrintable(path), 0), 0);
+    EXPECT_EQ(toldToNobody([&] { return toldOf(FileBytes::read(path, 99)); }),
+              path + ": cannot be read: Permission denied");
+    ASSERT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
+    ASSERT_EQ(chmod(qPrintable(path), 0644), 0);
+    EXPECT_EQ(contentsOf(path), "the old show");
+}
+
+TEST(FileBytesLinux, ANameOf255BytesIsReplacedWhole)
+{
+    for (const qsizetype length : {248, 249, 255}) {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QString(length - 4, u'n') + ".Orv");
+        ASSERT_TRUE(FileBytes::write(path, "the old show"));
+        ASSERT_EQ(chmod(qPrintable(path), 0640), 0);
+        {
+            const FullDisk disk(4096);
+            EXPECT_EQ(toldOf(FileBytes::write(path, QByteArray(1 << 20, 'x'))),
+                      path + ": cannot be written: " + FullDisk::reason());
+        }
+        EXPECT_EQ(contentsOf(path), "the old show");
+
+        ASSERT_TRUE(FileBytes::write(path, "new")) << length;
+
+        EXPECT_EQ(contentsOf(path), "new");
+        struct stat status
+        {};
+        ASSERT_EQ(stat(qPrintable(path), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777U, 0640U);
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+}
+
+TEST(FileBytesLinux, ALinkToALongNameStaysALink)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QString(255, u'n'));
+    ASSERT_TRUE(FileBytes::write(path, "the old show"));
+    ASSERT_TRUE(QFile::link(path, folder.filePath("link")));
+
+    ASSERT_TRUE(FileBytes::write(folder.filePath("link"), "new"));
+
+    EXPECT_EQ(contentsOf(path), "new");
+    EXPECT_TRUE(QFileInfo(folder.filePath("link")).isSymLink());
+}
+
+TEST(FileBytesLinux, AFileThatBecomesAPipeMeanwhileIsNotWaitedFor)
+{
+    const QTemporaryDir folder;
+    const QByteArray place = QFile::encodeName(folder.filePath("show.Orv"));
+    const QByteArray pipe = QFile::encodeName(folder.filePath("pipe"));
+    const QByteArray file = QFile::encodeName(folder.filePath("file"));
+    std::atomic<bool> isOver = false;
+    std::thread others([&] {
+        while (!isOver) {
+            mkfifo(pipe.constData(), 0600);
+            std::rename(pipe.constData(), place.constData());
+            QFile made(QFile::decodeName(file));
+            made.open(QIODevice::WriteOnly);
+            made.write("show");
+            made.close();
+            std::rename(file.constData(), place.constData());
+        }
+    });
+    int opened = 0;
+    QElapsedTimer gone;
+    gone.start();
+    // On a busy machine all readings may be over before the others begin.
+    for (int i = 0; i < 20'000 || (opened == 0 && gone.elapsed() < 10'000); ++i) {
+        const Result<QByteArray> bytes = FileBytes::read(folder.filePath("show.Orv"), 10);
+        opened += bytes ? 1 : 0;
+        EXPECT_EQ(bytes.value_or("show"), "show");
+    }
+    isOver = true;
+    others.join();
+    EXPECT_GT(opened, 0);
+}
+
+TEST(FileBytesLinux, APipeIsNotRead)
+{
+    const QTemporaryDir folder;
+    const QString pipe = folder.filePath("pipe");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+
+    EXPECT_EQ(FileBytes::read(pipe, 10).error().text, pipe + ": this is a folder or a device, not a file");
+}

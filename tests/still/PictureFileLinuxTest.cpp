@@ -1,0 +1,46 @@
+// Pipes are of Linux.
+
+#include "still/PictureFile.h"
+#include "tests/still/PictureFixture.h"
+
+#include <sys/stat.h>
+
+using PictureFileLinuxTest = PictureFixture;
+
+TEST_F(PictureFileLinuxTest, APipeIsNotWaitedFor)
+{
+    const QString path = folder.filePath("pipe.png");
+    ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+}
+
+TEST_F(PictureFileLinuxTest, ADrawingThatShowsAnotherFileGivesNone)
+{
+    const QByteArray pipe = QFile::encodeName(folder.filePath("pipe"));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    const QByteArray nested = drawing("<image width='9' height='9' xlink:href='" + pipe + "'/>").toBase64();
+
+    for (const QByteArray &content :
+         {QByteArray("<image width='9' height='9' xlink:href='pipe'/>"),
+          "<image width='9' height='9' xlink:href='" + pipe + "'/>",
+          "<image width='9' height='9' href='file://" + pipe + "'/>",
+          "<s:image width='9' height='9' x:href='" + pipe + "'/>",
+          "<image width='9' height='9' xlink:href='data:image/png;base64," + nested + "'/>"})
+        EXPECT_EQ(PictureFile::load(written("drawing.svg", drawing(content))), nullptr) << content.constData();
+    EXPECT_EQ(PictureFile::load(written("style.svg", "<?xml version='1.0'?><?xml-stylesheet type=\"text/css\" href=\"" +
+                                                         pipe + "\"?>" + drawing({}))),
+              nullptr);
+}
+
+TEST_F(PictureFileLinuxTest, InSmallNothingIsShownThatIsRefusedInFull)
+{
+    const QString pipe = folder.filePath("pipe.png");
+    ASSERT_EQ(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+    const QString drawn = written("drawing.svg", drawing("<image width='9' height='9' xlink:href='pipe.png'/>"));
+    const QString plain = written("plain.svg", drawing("<rect width='9' height='9'/>"));
+
+    EXPECT_TRUE(PictureFile::small(pipe, {200, 200}, 1 << 20).size.isEmpty());
+    EXPECT_TRUE(PictureFile::small(drawn, {200, 200}, 1 << 20).size.isEmpty());
+    EXPECT_EQ(PictureFile::small(plain, {200, 200}, 1 << 20).picture.size(), QSize(20, 20));
+}
