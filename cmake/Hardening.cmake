@@ -2,6 +2,11 @@
 if(NOT CMAKE_BUILD_TYPE STREQUAL "Release")
     return()
 endif()
+if(WIN32) # whose linker moves programs about and keeps data from being run unless it is told otherwise
+    add_compile_options(-fstack-protector-strong)
+    add_link_options(-fstack-protector-strong)
+    return()
+endif()
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX)

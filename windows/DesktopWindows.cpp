@@ -1,14 +1,16 @@
 #include "windows/Desktop.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPlatformSurfaceEvent>
 #include <QWindow>
 
 #include <dwmapi.h>
 
 namespace {
-/// Darkens the frame of each window before it is seen.
-class DarkFrames final : public QObject
+/// Darkens the frame of each window before it is seen, and keeps fonts as they are: a change of the desktop's looks
+/// brings those of its own menus and alerts.
+class DesktopWatch final : public QObject
 {
 public:
     using QObject::QObject;
@@ -19,6 +21,8 @@ public:
         if (window && window->isTopLevel() && event->type() == QEvent::PlatformSurface &&
             static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() == QPlatformSurfaceEvent::SurfaceCreated)
             darken(reinterpret_cast<HWND>(window->winId()));
+        if (window && event->type() == QEvent::ThemeChange)
+            QApplication::setFont(QApplication::font());
         return false;
     }
 
@@ -34,12 +38,31 @@ private:
 
 void Desktop::findFonts() {}
 
-void Desktop::darkenFrames()
+void Desktop::keepLooks()
 {
-    static const auto *frames = [] {
-        auto *made = new DarkFrames(qApp);
+    static const auto *watch = [] {
+        auto *made = new DesktopWatch(qApp);
         qApp->installEventFilter(made);
         return made;
     }();
-    Q_UNUSED(frames)
+    Q_UNUSED(watch)
+}
+
+QImage Desktop::drawnSign(const QString &name, int side, const QColor &colour)
+{
+    constexpr int largestSide = 128;
+    QImage shape;
+    for (int larger = side; shape.isNull() && larger <= largestSide; ++larger)
+        shape.load(QString(":/icons/%1-%2.png").arg(name).arg(larger));
+    if (shape.isNull() && side > largestSide)
+        shape.load(QString(":/icons/%1-%2.png").arg(name).arg(largestSide));
+    if (shape.isNull())
+        return {};
+    if (shape.width() != side)
+        shape = shape.scaled(side, side, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QImage sign = shape.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&sign);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(sign.rect(), colour);
+    return sign;
 }

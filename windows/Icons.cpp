@@ -1,11 +1,9 @@
 #include "windows/Icons.h"
 
+#include "windows/Desktop.h"
 #include "windows/Theme.h"
 
-#include <QBuffer>
-#include <QFile>
 #include <QIconEngine>
-#include <QImageReader>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QStyle>
@@ -15,16 +13,10 @@
 namespace {
 QPixmap draw(const QString &name, int pixels, const QColor &colour)
 {
-    QFile file(":/icons/" + name + ".svg");
-    if (!file.open(QIODevice::ReadOnly)) {
+    const QImage sign = Desktop::drawnSign(name, pixels, colour);
+    if (sign.isNull())
         qWarning("There is no icon \"%s\".", qUtf8Printable(name));
-        return {};
-    }
-    QByteArray drawing = file.readAll().replace("currentColor", colour.name().toLatin1());
-    QBuffer buffer(&drawing);
-    QImageReader reader(&buffer, "svg");
-    reader.setScaledSize({pixels, pixels});
-    return QPixmap::fromImage(reader.read());
+    return QPixmap::fromImage(sign);
 }
 
 /// Draws the sign at whatever size is asked for, so that no scale shows an enlarged one.

@@ -103,7 +103,7 @@ void Theme::apply()
 {
     if (fontFinder().joinable())
         fontFinder().join(); // Qt would look for them a second time
-    Desktop::darkenFrames();
+    Desktop::keepLooks();
     QApplication::setStyle(new WindowStyle);
     QApplication::setPalette(palette());
     QApplication::setFont(fontOfSize(textSize));

@@ -2,6 +2,8 @@
 // Runs while the program is built.
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QImage>
 #include <QImageReader>
 
@@ -20,6 +22,7 @@ int main(int argumentCount, char **arguments)
     reader.setScaledSize({side, side});
     const QImage picture = reader.read();
     const QString path = QString::fromLocal8Bit(arguments[3]);
+    QDir().mkpath(QFileInfo(path).path());
     if (!picture.isNull() && picture.save(path, "png"))
         return EXIT_SUCCESS;
     std::fprintf(stderr, "%s: the icon cannot be drawn: %s\n", qPrintable(path), qPrintable(reader.errorString()));
