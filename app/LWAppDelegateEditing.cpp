@@ -88,7 +88,7 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
     for (const QString &path : paths) {
         const std::shared_ptr<const QImage> picture = PictureFile::load(path);
         if (!picture) {
-            m_person.tellFailure("Cannot show " + path + ": it is no picture that can be read.");
+            m_person.tellFailure("Cannot show " + path + ": " + PictureFile::whyNone(path) + ".");
             continue;
         }
         const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);

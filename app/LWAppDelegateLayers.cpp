@@ -38,7 +38,7 @@ void LWAppDelegate::AddImage()
     m_person.endSheet(Person::Sheet::AddWindow);
     still->setImageURL(Address::fromLocalFile(*path));
     if (!picture)
-        m_person.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
+        m_person.tellFailure("Cannot show " + *path + ": " + PictureFile::whyNone(*path) + ".");
     finishEdit("add image");
 }
 
@@ -66,7 +66,7 @@ void LWAppDelegate::choosePicture()
     still->loadThumbnail();
     m_news.expectChange(); // the file may be the same, with another picture
     if (still->thumbnail().isNull())
-        m_person.tellFailure("Cannot show " + *path + ": it is no picture that can be read.");
+        m_person.tellFailure("Cannot show " + *path + ": " + PictureFile::whyNone(*path) + ".");
     finishEdit("choose picture");
 }
 

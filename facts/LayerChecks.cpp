@@ -7,6 +7,7 @@
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 #include "still/LWStill.h"
+#include "still/PictureFile.h"
 
 #include <array>
 #include <span>
@@ -26,10 +27,13 @@ std::optional<Finding> pictureMissing(const Layer &layer, const QSize & /*output
     if (!still || still->ImageURL().relative.isEmpty() || !still->isPictureMissing())
         return std::nullopt;
     const QString path = still->ImageURL().toLocalFile();
+    const char *sentence =
+        PictureFile::isDrawingWithoutReader(path)
+            ? "The picture %1 is a drawing (SVG), which this build does not show; it stays in the show."
+            : "The picture %1 is missing or cannot be read; choose it again.";
     return Finding{.check = "picture-missing",
                    .level = Level::Warning,
-                   .sentence = QString("The picture %1 is missing or cannot be read; choose it again.")
-                                   .arg(path.isEmpty() ? still->ImageURL().relative : path)};
+                   .sentence = QString(sentence).arg(path.isEmpty() ? still->ImageURL().relative : path)};
 }
 
 /// Hidden walls are in the way of no picture of the output.

@@ -120,4 +120,16 @@ bool isPicture(const QString &path)
     return mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file) && !QImageReader::imageFormat(&file).isEmpty();
 }
 
+bool isDrawingWithoutReader(const QString &path, const QList<QByteArray> &readable)
+{
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    return (suffix == "svg" || suffix == "svgz") && !readable.contains("svg");
+}
+
+QString whyNone(const QString &path, const QList<QByteArray> &readable)
+{
+    return isDrawingWithoutReader(path, readable) ? "it is a drawing (SVG), which this build does not show"
+                                                  : "it is no picture that can be read";
+}
+
 } // namespace PictureFile

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QImage>
+#include <QImageReader>
+#include <QList>
 #include <QSize>
 #include <QString>
 
@@ -26,5 +28,13 @@ Small small(const QString &path, const QSize &most, qint64 mostPixels);
 
 /// Whether there is a file at `path` that begins like a picture; reads no further.
 bool isPicture(const QString &path);
+
+/// Whether the file has the name of a drawing (SVG) and Qt has no reader of them here: such a picture is not shown, but
+/// it stays in the show. `readable`: the formats that there are readers of.
+bool isDrawingWithoutReader(const QString &path,
+                            const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
+
+/// Why load() gives none of an existing file, as the end of a sentence.
+QString whyNone(const QString &path, const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
 
 } // namespace PictureFile

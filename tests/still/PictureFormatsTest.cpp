@@ -192,3 +192,14 @@ TEST_F(PictureFormats, OnlyWhatBeginsLikeAPictureIsTakenForOne)
     loaded("empty.png", "");
     EXPECT_FALSE(PictureFile::isPicture(folder.filePath("empty.png")));
 }
+
+TEST_F(PictureFormats, ADrawingIsToldFromOtherFilesWhereThereIsNoReaderOfThem)
+{
+    const QList<QByteArray> without{"png", "jpg"};
+    const QString drawing = "it is a drawing (SVG), which this build does not show";
+
+    EXPECT_EQ(PictureFile::whyNone("/show/logo.svg", without), drawing);
+    EXPECT_EQ(PictureFile::whyNone("/show/LOGO.SVGZ", without), drawing);
+    EXPECT_EQ(PictureFile::whyNone("/show/logo.svg", {"png", "svg"}), "it is no picture that can be read");
+    EXPECT_EQ(PictureFile::whyNone("/show/logo.png", without), "it is no picture that can be read");
+}
