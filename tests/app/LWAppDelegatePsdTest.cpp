@@ -1,6 +1,7 @@
 #include "still/LWStill.h"
 #include "tests/app/DocumentFixture.h"
 #include "tests/app/LayeredFile.h"
+#include "tests/base/FullDisk.h"
 #include "tests/base/LogLines.h"
 
 #include <QDir>
@@ -79,7 +80,7 @@ TEST_F(LWAppDelegatePsd, AFailureGoesToTheLogAndTheStatusLine)
 
     document.savePSD();
 
-    const QString reason = folder.filePath("nowhere/wall.psd") + ": cannot be written: No such file or directory";
+    const QString reason = folder.filePath("nowhere/wall.psd") + ": cannot be written: " + reasonOfNoFolder();
     EXPECT_EQ(log.lines(), QStringList{"There was an error writing the PSD: " + reason});
     EXPECT_EQ(person.failures, QStringList{"Cannot export " + reason});
     EXPECT_TRUE(person.statuses.isEmpty());

@@ -369,6 +369,6 @@ TEST_F(PSDExportTest, AFolderInItsPlaceAndAMissingFolderAreTold)
     EXPECT_EQ(PSDExport::write(taken, project({still("A")}), screenNumber).error().text,
               taken + ": cannot be written: this is a folder or a device, not a file");
     EXPECT_EQ(PSDExport::write(nowhere, project({still("A")}), screenNumber).error().text,
-              nowhere + ": cannot be written: No such file or directory");
+              nowhere + ": cannot be written: " + reasonOfNoFolder());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList{"a.psd"});
 }

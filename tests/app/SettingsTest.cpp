@@ -28,6 +28,8 @@ protected:
         QFile file(path);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
     }
+    /// The path as it is remembered: with its drive where there are drives.
+    static QString at(const QString &file) { return QFileInfo(file).absoluteFilePath(); }
     void store(const QString &key, const QVariant &value) const
     {
         QSettings(path, QSettings::IniFormat).setValue(key, value);
@@ -75,7 +77,7 @@ TEST_F(SettingsTest, TheMostRecentFileComesFirstAndNoneTwice)
     for (const char *file : {"/a.Orv", "/b.Orv", "/c.Orv", "/b.Orv", "/x/../b.Orv"})
         Settings::noteRecentFile(file);
 
-    EXPECT_EQ(Settings::recentFiles(), (QStringList{"/b.Orv", "/c.Orv", "/a.Orv"}));
+    EXPECT_EQ(Settings::recentFiles(), (QStringList{at("/b.Orv"), at("/c.Orv"), at("/a.Orv")}));
 }
 
 TEST_F(SettingsTest, TenFilesAreRemembered)
@@ -84,8 +86,8 @@ TEST_F(SettingsTest, TenFilesAreRemembered)
         Settings::noteRecentFile(QString("/%1.Orv").arg(i));
 
     EXPECT_EQ(Settings::recentFiles().size(), 10);
-    EXPECT_EQ(Settings::recentFiles().first(), "/12.Orv");
-    EXPECT_EQ(Settings::recentFiles().last(), "/3.Orv");
+    EXPECT_EQ(Settings::recentFiles().first(), at("/12.Orv"));
+    EXPECT_EQ(Settings::recentFiles().last(), at("/3.Orv"));
 }
 
 TEST_F(SettingsTest, PathsAreAbsoluteWhateverWasGiven)
@@ -105,7 +107,7 @@ TEST_F(SettingsTest, AFileThatIsGoneStaysUntilItIsForgotten)
     Settings::forgetRecentFile("/nowhere/gone.Orv");
     Settings::forgetRecentFile("/nowhere/never.Orv");
 
-    EXPECT_EQ(Settings::recentFiles(), QStringList{"/nowhere/other.Orv"});
+    EXPECT_EQ(Settings::recentFiles(), QStringList{at("/nowhere/other.Orv")});
 }
 
 TEST_F(SettingsTest, TheLastFileCanBeForgotten)
@@ -131,11 +133,11 @@ TEST_F(SettingsTest, TheWindowComesBackByteForByte)
 TEST_F(SettingsTest, AnotherProgramsFilesAreNotForgotten)
 {
     Settings::noteRecentFile("/a.Orv");
-    store("recentFiles", QStringList{"/other.Orv", "/a.Orv"});
+    store("recentFiles", QStringList{at("/other.Orv"), at("/a.Orv")});
 
     Settings::noteRecentFile("/b.Orv");
 
-    EXPECT_EQ(Settings::recentFiles(), (QStringList{"/b.Orv", "/other.Orv", "/a.Orv"}));
+    EXPECT_EQ(Settings::recentFiles(), (QStringList{at("/b.Orv"), at("/other.Orv"), at("/a.Orv")}));
 }
 
 TEST_F(SettingsTest, ADamagedFileIsAsGoodAsNone)
@@ -153,7 +155,7 @@ TEST_F(SettingsTest, ADamagedFileIsAsGoodAsNone)
     }
 
     Settings::noteRecentFile("/b.Orv");
-    EXPECT_EQ(Settings::recentFiles(), QStringList{"/b.Orv"});
+    EXPECT_EQ(Settings::recentFiles(), QStringList{at("/b.Orv")});
 }
 
 TEST_F(SettingsTest, ValuesOfAnotherKindAreAsGoodAsNone)
@@ -168,13 +170,13 @@ TEST_F(SettingsTest, ValuesOfAnotherKindAreAsGoodAsNone)
 
 TEST_F(SettingsTest, AListFromElsewhereIsKeptInOrder)
 {
-    QStringList files{"relative.Orv", "/a/../a.Orv", "/a.Orv", ""};
+    QStringList files{"relative.Orv", at("/") + "a/../a.Orv", at("/a.Orv"), ""};
     for (int i = 0; i < 30; ++i)
-        files.append(QString("/%1.Orv").arg(i));
+        files.append(at(QString("/%1.Orv").arg(i)));
     store("recentFiles", files);
 
     EXPECT_EQ(Settings::recentFiles().size(), 10);
-    EXPECT_EQ(Settings::recentFiles().mid(0, 3), (QStringList{"/a.Orv", "/0.Orv", "/1.Orv"}));
+    EXPECT_EQ(Settings::recentFiles().mid(0, 3), (QStringList{at("/a.Orv"), at("/0.Orv"), at("/1.Orv")}));
 }
 
 TEST_F(SettingsTest, ValuesNestedWithoutEndAreNotRead)
@@ -186,7 +188,7 @@ TEST_F(SettingsTest, ValuesNestedWithoutEndAreNotRead)
 
     Settings::noteRecentFile("/a.Orv");
 
-    EXPECT_EQ(Settings::recentFiles(), QStringList{"/a.Orv"});
+    EXPECT_EQ(Settings::recentFiles(), QStringList{at("/a.Orv")});
     EXPECT_LT(QFileInfo(path).size(), 1000);
 }
 
@@ -207,7 +209,7 @@ TEST_F(SettingsTest, AFullDiskLeavesTheOldOnes)
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), before);
     Settings::noteRecentFile("/b.Orv");
-    EXPECT_EQ(Settings::recentFiles(), (QStringList{"/b.Orv", "/a.Orv"}));
+    EXPECT_EQ(Settings::recentFiles(), (QStringList{at("/b.Orv"), at("/a.Orv")}));
     EXPECT_EQ(Settings::windowState(), "state");
 }
 

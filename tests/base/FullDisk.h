@@ -4,6 +4,9 @@
 
 #include <memory>
 
+/// What the system says where a file is to be made in a folder that is not there.
+QString reasonOfNoFolder();
+
 /// No file of this program may grow beyond `bytes` while this lives: a disk that runs full.
 class FullDisk
 {

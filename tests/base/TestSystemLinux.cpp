@@ -1,6 +1,7 @@
 #include "tests/base/FullDisk.h"
 #include "tests/base/UnreadableMemory.h"
 
+#include <cerrno>
 #include <csignal>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -28,6 +29,11 @@ FullDisk::~FullDisk()
 QString FullDisk::reason()
 {
     return qt_error_string(EFBIG);
+}
+
+QString reasonOfNoFolder()
+{
+    return qt_error_string(ENOENT);
 }
 
 UnreadableMemory::UnreadableMemory(std::size_t bytes)

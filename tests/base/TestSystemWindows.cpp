@@ -74,6 +74,11 @@ QString FullDisk::reason()
     return qt_error_string(ERROR_DISK_FULL);
 }
 
+QString reasonOfNoFolder()
+{
+    return qt_error_string(ERROR_PATH_NOT_FOUND);
+}
+
 UnreadableMemory::UnreadableMemory(std::size_t bytes)
     : m_bytes(bytes), m_memory(VirtualAlloc(nullptr, bytes, MEM_COMMIT | MEM_RESERVE, PAGE_NOACCESS))
 {}
