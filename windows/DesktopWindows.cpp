@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPlatformSurfaceEvent>
+#include <QWidget>
 #include <QWindow>
 
 #include <dwmapi.h>
@@ -22,8 +23,17 @@ public:
             static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() == QPlatformSurfaceEvent::SurfaceCreated)
             darken(reinterpret_cast<HWND>(window->winId()));
         if (window && event->type() == QEvent::ThemeChange)
-            QApplication::setFont(QApplication::font());
+            keepFont();
         return false;
+    }
+
+    /// In the place of the desktop's for menus and alerts, which Qt has taken meanwhile.
+    static void keepFont()
+    {
+        QApplication::setFont(QApplication::font());
+        QEvent change(QEvent::ApplicationFontChange);
+        for (QWidget *widget : QApplication::allWidgets())
+            QApplication::sendEvent(widget, &change); // Qt tells them only once the program runs
     }
 
 private:

@@ -2,7 +2,7 @@
 ; start menu, and .Orv files that open in it. makensis -DVERSION=... -DPROGRAM=folder -DOUTPUT=file
 Unicode true
 SetCompressor /SOLID lzma
-SetCompressorDictSize 64
+SetCompressorDictSize 32
 ManifestDPIAware true
 RequestExecutionLevel user
 
