@@ -1,6 +1,5 @@
 #pragma once
 
-#include "recovery/RecoveryFolder.h"
 #include "show/DocumentState.h"
 
 #include <QByteArray>
@@ -14,10 +13,8 @@
 class KnownFiles
 {
 public:
-    /// The file when it held what has this digest.
+    /// The file when it held what has this digest; empty: what it held is not known.
     DocumentFile at(const QString &path, const QByteArray &digest);
-    /// The file of recovered work as it was when that work began; what it was is not known where it was written since.
-    DocumentFile of(const FoundCopy &copy);
 
 private:
     QHash<QString, std::shared_ptr<QByteArray>> m_digests; ///< as of last time, by path

@@ -294,7 +294,7 @@ void LWAppDelegate::takeState(const DocumentState &state)
 {
     if (m_recovery && state.file != m_file) {
         m_recovery->leave();
-        m_recovery->documentWasSaved(state.file->path);
+        m_recovery->documentWasSaved({state.file->path, *state.file->digest});
     }
     setFile(state.file);
     m_unknown = state.unknown;

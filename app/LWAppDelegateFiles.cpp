@@ -150,7 +150,7 @@ void LWAppDelegate::documentIsInFile()
     m_history.endGesture();
     m_history.stack().setClean();
     if (m_recovery)
-        m_recovery->documentWasSaved(projectPath());
+        m_recovery->documentWasSaved({projectPath(), *m_file->digest});
 }
 
 void LWAppDelegate::tellUnknownContent(const Project &project)
@@ -235,7 +235,7 @@ void LWAppDelegate::connectRecovery()
 {
     connect(&m_history, &DocumentHistory::contentDidChange, this, [this] {
         if (m_history.stack().isClean())
-            m_recovery->documentWasSaved(projectPath());
+            m_recovery->documentWasSaved({projectPath(), *m_file->digest});
         else
             m_recovery->contentDidChange();
     });
@@ -255,7 +255,7 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     const Result<Project> project = m_recovery->take(copy, *this);
     if (!project)
         return m_person.alert("Cannot recover " + project.error().text, "The document is unchanged.");
-    showProject(*project, m_knownFiles.of(copy), "recover project");
+    showProject(*project, m_knownFiles.at(copy.project.path, copy.project.digest), "recover project");
     redrawNow();
     tellLostWalls();
 }

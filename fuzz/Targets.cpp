@@ -258,10 +258,10 @@ void goOn(RecoveryCopy &copy, RecoveryCopy &other, const QString &projectPath, L
     require(copy.found().empty(), "it is held");
     copy.leave();
     const std::vector<FoundCopy> left = other.found();
-    require(left.size() == 1 && left[0].projectPath == projectPath, "it is left for the next");
+    require(left.size() == 1 && left[0].project.path == projectPath, "it is left for the next");
     requireRead(copy.take(left[0], host), "what was kept can be read");
     require(!other.take(left[0], host) && !other.discard(left[0]), "it is taken");
-    copy.documentWasSaved("/shows/next.Orv");
+    copy.documentWasSaved({"/shows/next.Orv", {}});
     require(other.found().empty() && !other.take(left[0], host), "it goes");
 }
 
@@ -287,7 +287,8 @@ void runRecovery(const QByteArray &bytes)
     QObject::connect(&copy, &RecoveryCopy::couldNotKeep, [] { require(false, "there is a disk"); });
     const std::vector<FoundCopy> found = copy.found();
     require(found.size() == 1, "a copy is found");
-    require(found[0].projectPath.isEmpty() || QDir::isAbsolutePath(found[0].projectPath), "its project's path is one");
+    require(found[0].project.path.isEmpty() || QDir::isAbsolutePath(found[0].project.path),
+            "its project's path is one");
     const Result<Project> taken = copy.take(found[0], host);
     requireSentence(taken);
     require(QFile::exists(found[0].path), "it stays");
@@ -300,7 +301,7 @@ void runRecovery(const QByteArray &bytes)
         const FullDisk disk(0);
         failToKeep(folder, contents);
     }
-    goOn(copy, other, taken ? found[0].projectPath : QString(), host);
+    goOn(copy, other, taken ? found[0].project.path : QString(), host);
     goOn(copy, other, "/shows/next.Orv", host);
     require(QDir(folder).isEmpty(), "what was left is cleared away");
 }

@@ -56,17 +56,17 @@ Result<void> RecoveryCopy::write()
     if (m_copy && m_copy->isThere())
         return m_copy->write(*bytes);
 
-    Result<KeptCopy> made = KeptCopy::make(m_folder, m_projectPath, *bytes);
+    Result<KeptCopy> made = KeptCopy::make(m_folder, m_project, *bytes);
     if (!made)
         return tl::unexpected(made.error());
     m_copy = std::move(*made);
     return {};
 }
 
-void RecoveryCopy::documentWasSaved(const QString &projectPath)
+void RecoveryCopy::documentWasSaved(const CopiedProject &project)
 {
     stopClock();
-    m_projectPath = projectPath;
+    m_project = project;
     const Result<void> isRemoved = m_copy ? m_copy->remove() : Result<void>();
     m_copy.reset();
     if (!isRemoved)
@@ -90,7 +90,7 @@ Result<Project> RecoveryCopy::take(const FoundCopy &copy, LayerHost &host)
         return project;
     leave();
     m_copy = std::move(*claimed);
-    m_projectPath = copy.projectPath;
+    m_project = copy.project;
     return project;
 }
 

@@ -36,9 +36,8 @@ public:
     void contentDidChange();
     /// Writes at once what is not written yet.
     void flush();
-    /// The document is now what the file at `projectPath` holds, saved or opened; empty: it is a new one. The copy
-    /// goes.
-    void documentWasSaved(const QString &projectPath = {});
+    /// The document is now what that file holds, saved or opened; without a path: it is a new one. The copy goes.
+    void documentWasSaved(const CopiedProject &project = {});
     /// Another document is about to take this one's place: unsaved changes stay behind as a copy that found() has.
     void leave();
 
@@ -64,7 +63,7 @@ private:
 
     Contents m_contents;
     QString m_folder;
-    QString m_projectPath; ///< that the document belongs to; empty: none
+    CopiedProject m_project; ///< that the document belongs to
     std::optional<KeptCopy> m_copy;
     QElapsedTimer m_unwritten; ///< since the first unwritten change or the last failure; invalid: all is written
     QTimer m_timer;

@@ -13,6 +13,7 @@
 
 namespace {
 constexpr qint64 mostPathBytes = 64 << 10;
+constexpr qint64 mostDigestBytes = 1 << 10;
 
 QString copyPath(const QString &folder)
 {
@@ -22,6 +23,11 @@ QString copyPath(const QString &folder)
 QString projectPathPath(const QString &folder)
 {
     return folder + "/project-path";
+}
+
+QString projectDigestPath(const QString &folder)
+{
+    return folder + "/project-digest";
 }
 
 QString lockPath(const QString &folder)
@@ -44,7 +50,7 @@ void removeFiles(const QString &folder, System::FileLock &lock)
     directory.remove("project.Orv");
     if (isCopyIn(folder))
         return;
-    const QStringList ours{"project.Orv.*", "project-path", "project-path.*"};
+    const QStringList ours{"project.Orv.*", "project-path", "project-path.*", "project-digest", "project-digest.*"};
     for (const QString &name : directory.entryList(ours, QDir::Files | QDir::System | QDir::Hidden))
         directory.remove(name);
     lock.remove();
@@ -95,10 +101,22 @@ Result<void> makePrivate(const QString &folder)
 }
 
 /// Empty where there is none, or none that could be one.
-QString projectPathIn(const QString &folder)
+CopiedProject projectIn(const QString &folder)
 {
     const QString path = QString::fromUtf8(FileBytes::read(projectPathPath(folder), mostPathBytes).value_or(""));
-    return QDir::isAbsolutePath(path) && !path.contains(QChar::Null) ? path : QString();
+    if (!QDir::isAbsolutePath(path) || path.contains(QChar::Null))
+        return {};
+    return {path, QByteArray::fromHex(FileBytes::read(projectDigestPath(folder), mostDigestBytes).value_or(""))};
+}
+
+Result<void> writeProject(const QString &folder, const CopiedProject &project)
+{
+    Result<void> written;
+    if (!project.digest.isEmpty())
+        written = FileBytes::write(projectDigestPath(folder), project.digest.toHex());
+    if (written && !project.path.isEmpty())
+        written = FileBytes::write(projectPathPath(folder), project.path.toUtf8());
+    return written;
 }
 } // namespace
 
@@ -118,7 +136,7 @@ std::vector<FoundCopy> found(const QString &folder)
         if (!isCopyIn(path) || !System::FileLock::take(lockPath(path)))
             continue;
         const QFileInfo copy(copyPath(path));
-        copies.push_back({copy.filePath(), copy.lastModified(), projectPathIn(path)});
+        copies.push_back({copy.filePath(), copy.lastModified(), projectIn(path)});
     }
     std::sort(copies.begin(), copies.end(), [](const FoundCopy &a, const FoundCopy &b) {
         return std::tie(a.time, a.path) > std::tie(b.time, b.path);
@@ -147,7 +165,7 @@ Result<KeptCopy> KeptCopy::makeEmpty(const QString &folder)
     return fail(QString("%1: no file in it can be locked; see that its disk is not full").arg(folder));
 }
 
-Result<KeptCopy> KeptCopy::make(const QString &folder, const QString &projectPath, const QByteArray &bytes)
+Result<KeptCopy> KeptCopy::make(const QString &folder, const CopiedProject &project, const QByteArray &bytes)
 {
     if (const Result<void> isPrivate = makePrivate(folder); !isPrivate)
         return tl::unexpected(isPrivate.error());
@@ -156,9 +174,7 @@ Result<KeptCopy> KeptCopy::make(const QString &folder, const QString &projectPat
     if (!copy)
         return copy;
 
-    Result<void> isWritten;
-    if (!projectPath.isEmpty())
-        isWritten = FileBytes::write(projectPathPath(copy->m_folder), projectPath.toUtf8());
+    Result<void> isWritten = writeProject(copy->m_folder, project);
     if (isWritten)
         isWritten = copy->write(bytes);
     if (!isWritten) {

@@ -10,18 +10,28 @@
 #include <memory>
 #include <vector>
 
+/// The project file whose unsaved changes a copy holds.
+struct CopiedProject
+{
+    QString path;      ///< empty where there was none yet
+    QByteArray digest; ///< FileBytes::digest() of it before the changes; empty where it is not known
+
+    bool operator==(const CopiedProject &) const = default;
+};
+
 /// A recovery copy whose program does not run any more.
 struct FoundCopy
 {
-    QString path;        ///< of the copy, a project file
-    QDateTime time;      ///< when it was written last
-    QString projectPath; ///< the project file whose unsaved changes it holds; empty where there was none yet
+    QString path;   ///< of the copy, a project file
+    QDateTime time; ///< when it was written last
+    CopiedProject project;
 
     bool operator==(const FoundCopy &) const = default;
 };
 
 /// Where recovery copies are kept. Each has a folder of its own in it, of any name, with the copy ("project.Orv"), the
-/// path of the project it belongs to ("project-path", UTF-8, where there is one) and a lock that its program holds.
+/// path of the project it belongs to ("project-path", UTF-8, where there is one), what tells what that one held
+/// ("project-digest", in hexadecimal, where it is known) and a lock that its program holds.
 namespace RecoveryFolder {
 
 /// The state folder of the person ($XDG_STATE_HOME, else ~/.local/state), and "wallwright/recovery" in it.
@@ -41,7 +51,7 @@ public:
     /// Makes a copy of the bytes of a project in `folder`, which is made where it is missing; nobody else can look into
     /// it. Left-overs of programs that were killed before they had a copy are cleared away.
     /// Error: it cannot be made, locked or written; nothing is left. The message begins with the path.
-    [[nodiscard]] static Result<KeptCopy> make(const QString &folder, const QString &projectPath,
+    [[nodiscard]] static Result<KeptCopy> make(const QString &folder, const CopiedProject &project,
                                                const QByteArray &bytes);
     /// Takes over a found copy. Error: it is gone, or another program has taken it; the message begins with the path.
     [[nodiscard]] static Result<KeptCopy> claim(const FoundCopy &copy);

@@ -64,7 +64,7 @@ void MainWindow::tellChangedElsewhere(const QString &path)
 QString MainWindow::titleOf(const FoundCopy &copy)
 {
     const QString name =
-        copy.projectPath.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(copy.projectPath).fileName();
+        copy.project.path.isEmpty() ? QString(nameOfNewDocument) : QFileInfo(copy.project.path).fileName();
     return name + ", " + QLocale().toString(copy.time.toLocalTime(), QLocale::ShortFormat);
 }
 

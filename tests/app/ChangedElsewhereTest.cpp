@@ -2,6 +2,7 @@
 #include "tests/app/UndoFixture.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 
 namespace {
@@ -148,30 +149,46 @@ TEST_F(ChangedElsewhere, AnOpenedFileIsWatchedAlike)
     EXPECT_NE(onDisk(), theirs);
 }
 
-TEST_F(ChangedElsewhere, RecoveredWorkAsksWhereItsFileIsNewerThanItself)
+TEST_F(ChangedElsewhere, RecoveredWorkAsksWhereAnotherHasSavedWhateverTheClockSays)
 {
+    const QByteArray ours = onDisk();
     leaveUnsaved();
-    const auto recoverAndSave = [&] {
+    const auto asksAfter = [&](const QByteArray &bytes, int seconds) {
+        put(bytes, seconds);
+        person.filesChangedElsewhere.clear();
         LWAppDelegate next(person, copies);
         next.applicationDidFinishLaunching();
         next.recover(next.recoverable().at(0));
         next.save();
+        return person.filesChangedElsewhere == QStringList(path);
     };
-    put(onDisk(), 60);
-    recoverAndSave();
-    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+    const QByteArray theirs = saveTheirs(20);
+    EXPECT_TRUE(asksAfter(theirs, 60));
+    EXPECT_TRUE(asksAfter(theirs, -60));
+    EXPECT_EQ(onDisk(), theirs);
 
-    put(onDisk(), -60);
-    recoverAndSave();
-    EXPECT_EQ(person.filesChangedElsewhere.size(), 1);
+    EXPECT_FALSE(asksAfter(ours, 60));
     EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 9);
+}
+
+TEST_F(ChangedElsewhere, RecoveredWorkAsksWhereNothingTellsWhatItsFileHeld)
+{
+    leaveUnsaved();
+    const QString kept = QDir(copies).entryList(QDir::Dirs | QDir::NoDotAndDotDot).value(0);
+    ASSERT_TRUE(QFile::remove(copies + '/' + kept + "/project-digest"));
+    LWAppDelegate next(person, copies);
+    next.applicationDidFinishLaunching();
+    next.recover(next.recoverable().at(0));
+    next.save();
+    EXPECT_EQ(person.filesChangedElsewhere, QStringList(path));
 }
 
 TEST_F(ChangedElsewhere, WhatThisProgramHasSavedAfterARecoveryIsNotAnothers)
 {
-    for (const int fileTime : {-60, 60}) { // seconds from now: older and newer than the recovered work
+    for (const bool hasAnotherSaved : {false, true}) {
         leaveUnsaved();
-        put(onDisk(), fileTime);
+        if (hasAnotherSaved)
+            saveTheirs(20);
         LWAppDelegate next(person, copies);
         next.applicationDidFinishLaunching();
         next.recover(next.recoverable().at(0));
@@ -184,7 +201,7 @@ TEST_F(ChangedElsewhere, WhatThisProgramHasSavedAfterARecoveryIsNotAnothers)
         next.undoStack().undo();
         next.setValue(11, "arrangedObjects.xpoint");
         next.save();
-        EXPECT_TRUE(person.filesChangedElsewhere.isEmpty()) << fileTime;
+        EXPECT_TRUE(person.filesChangedElsewhere.isEmpty()) << hasAnotherSaved;
         EXPECT_EQ(ProjectFile::read(path, document)->layers[0]->xpoint(), 11);
     }
 }

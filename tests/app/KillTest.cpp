@@ -154,8 +154,8 @@ protected:
         EXPECT_LE(edit, told.edits.back().number + 1); // one may not have been told any more
         EXPECT_GT(edit, told.saved);                   // or it would have gone
         const bool mayHaveProject = hadProject || told.saving >= 0;
-        EXPECT_TRUE(found[0].projectPath.isEmpty() || mayHaveProject);
-        EXPECT_TRUE(found[0].projectPath == victim.projectPath() || (!hadProject && told.saved < 0));
+        EXPECT_TRUE(found[0].project.path.isEmpty() || mayHaveProject);
+        EXPECT_TRUE(found[0].project.path == victim.projectPath() || (!hadProject && told.saved < 0));
         return edit;
     }
 

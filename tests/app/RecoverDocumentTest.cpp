@@ -129,7 +129,7 @@ TEST_F(RecoverDocument, QuittingLeavesTheLastEdit)
 
     const std::vector<FoundCopy> found = document->recoverable();
     ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found[0].projectPath, "");
+    EXPECT_EQ(found[0].project.path, "");
     EXPECT_TRUE(document->undoStack().isClean());
     EXPECT_EQ(selected()->xpoint(), 0); // offered, not taken
 }
@@ -144,7 +144,7 @@ TEST_F(RecoverDocument, OpeningAnotherProjectLeavesTheUnsavedWork)
 
     const std::vector<FoundCopy> found = document->recoverable();
     ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found[0].projectPath, path);
+    EXPECT_EQ(found[0].project.path, path);
     EXPECT_EQ(ProjectFile::read(found[0].path, *document)->layers[0]->xpoint(), 7);
 }
 

@@ -129,7 +129,7 @@ public:
     {
         QObject::connect(&m_copy, &RecoveryCopy::couldNotKeep, &m_copy,
                          [this](const QString &sentence) { m_told.append(sentence); });
-        m_copy.documentWasSaved(folder + "/stage.Orv");
+        m_copy.documentWasSaved({folder + "/stage.Orv", {}});
     }
     /// The person wants none of what a program before has left.
     void start() override
@@ -181,7 +181,7 @@ public:
     }
     Outcome run() override
     {
-        m_copy.documentWasSaved(m_folder + "/stage.Orv");
+        m_copy.documentWasSaved({m_folder + "/stage.Orv", {}});
         return takeOutcome();
     }
 };

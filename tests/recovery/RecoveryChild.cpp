@@ -20,7 +20,7 @@ int main(int argc, char **argv)
         project.layers.push_back(LWScreen::init(host));
 
     RecoveryCopy recovery([&] { return project; }, arguments.at(1));
-    recovery.documentWasSaved("/shows/stage.Orv");
+    recovery.documentWasSaved({"/shows/stage.Orv", {}});
     QTimer edits;
     QObject::connect(&edits, &QTimer::timeout, &edits, [&] {
         ++project.outputWidth;

@@ -116,7 +116,7 @@ TEST_F(RecoveryCopyTest, SavingRemovesItAndStopsTheClock)
     recovery->flush();
     edit(*recovery, 642);
 
-    recovery->documentWasSaved("/shows/stage.Orv");
+    recovery->documentWasSaved({"/shows/stage.Orv", {}});
 
     EXPECT_TRUE(isFolderEmpty());
     QTest::qWait(1300);
@@ -129,7 +129,7 @@ TEST_F(RecoveryCopyTest, ChangesAfterSavingAreKeptAnew)
     const auto recovery = program();
     edit(*recovery, 641);
     recovery->flush();
-    recovery->documentWasSaved("/shows/stage.Orv");
+    recovery->documentWasSaved({"/shows/stage.Orv", {}});
     edit(*recovery, 642);
 
     recovery->flush();
@@ -160,7 +160,7 @@ TEST_F(RecoveryCopyTest, QuittingLeavesUnsavedChangesWithTheLastEdit)
 
     ASSERT_EQ(found.size(), 1U);
     EXPECT_EQ(widthIn(found[0].path), 642);
-    EXPECT_EQ(found[0].projectPath, QString());
+    EXPECT_EQ(found[0].project.path, QString());
     EXPECT_LT(std::abs(found[0].time.msecsTo(QDateTime::currentDateTime())), 2000);
 }
 
@@ -184,15 +184,15 @@ TEST_F(RecoveryCopyTest, ProgramsAtTheSameTimeKeepApart)
 TEST_F(RecoveryCopyTest, AnotherDocumentDoesNotTakeTheCopyWithIt)
 {
     const auto recovery = program();
-    recovery->documentWasSaved("/shows/old.Orv");
+    recovery->documentWasSaved({"/shows/old.Orv", {}});
     edit(*recovery, 641);
 
     recovery->leave();
-    recovery->documentWasSaved("/shows/new.Orv");
+    recovery->documentWasSaved({"/shows/new.Orv", {}});
 
     ASSERT_EQ(recovery->found().size(), 1U);
     EXPECT_EQ(widthIn(recovery->found()[0].path), 641);
-    EXPECT_EQ(recovery->found()[0].projectPath, "/shows/old.Orv");
+    EXPECT_EQ(recovery->found()[0].project.path, "/shows/old.Orv");
 }
 
 TEST_F(RecoveryCopyTest, AFullDiskIsToldOnceAndSparesTheLastCopy)
@@ -307,7 +307,7 @@ TEST_F(RecoveryCopyTest, ATakenCopyStaysUntilTheDocumentIsSaved)
     EXPECT_EQ(taken->outputWidth, 641);
     EXPECT_TRUE(recovery->found().empty());
     EXPECT_EQ(copiesOnDisk(), QStringList{copy.path});
-    recovery->documentWasSaved("/shows/stage.Orv");
+    recovery->documentWasSaved({"/shows/stage.Orv", {}});
     EXPECT_TRUE(isFolderEmpty());
 }
 
@@ -323,7 +323,7 @@ TEST_F(RecoveryCopyTest, ATakenCopyIsWrittenOverByTheNextChange)
     const std::vector<FoundCopy> found = program()->found();
     ASSERT_EQ(found.size(), 1U);
     EXPECT_EQ(found[0].path, copy.path);
-    EXPECT_EQ(found[0].projectPath, "/shows/stage.Orv");
+    EXPECT_EQ(found[0].project.path, "/shows/stage.Orv");
     EXPECT_EQ(widthIn(copy.path), 642);
 }
 

@@ -40,7 +40,7 @@ protected:
     FoundCopy leftCopy(int width, const QString &projectPath = {})
     {
         const auto recovery = program();
-        recovery->documentWasSaved(projectPath);
+        recovery->documentWasSaved({projectPath, {}});
         edit(*recovery, width);
         recovery->leave();
         const std::vector<FoundCopy> copies = recovery->found();

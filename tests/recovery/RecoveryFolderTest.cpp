@@ -47,9 +47,28 @@ TEST_F(RecoveryFolderTest, TheNewestCopyComesFirst)
 TEST_F(RecoveryFolderTest, AnyPathOfAProjectComesBack)
 {
     for (const char *path : {"/shows/stage.Orv", "/shows/Bühne 左/a\nb%2F.Orv"})
-        EXPECT_EQ(leftCopy(641, path).projectPath, path);
+        EXPECT_EQ(leftCopy(641, path).project.path, path);
     const QString longPath = "/" + QString(4000, u'ü');
-    EXPECT_EQ(leftCopy(642, longPath).projectPath, longPath);
+    EXPECT_EQ(leftCopy(642, longPath).project.path, longPath);
+}
+
+TEST_F(RecoveryFolderTest, WhatTellsTheProjectsContentsComesBackWithItsPath)
+{
+    const auto recovery = program();
+    recovery->documentWasSaved({"/shows/stage.Orv", QByteArray("\0a\xff", 3)});
+    edit(*recovery, 641);
+    recovery->leave();
+    EXPECT_EQ(recovery->found()[0].project, (CopiedProject{"/shows/stage.Orv", QByteArray("\0a\xff", 3)}));
+
+    const QString place = QFileInfo(recovery->found()[0].path).path();
+    EXPECT_EQ(QDir(place).entryList(QDir::Files),
+              (QStringList{"lock", "project-digest", "project-path", "project.Orv"}));
+    write(place + "/project-digest", QByteArray(1 << 20, 'a'));
+    EXPECT_EQ(recovery->found()[0].project.digest, "");
+    ASSERT_TRUE(QFile::remove(place + "/project-path"));
+    EXPECT_EQ(recovery->found()[0].project, CopiedProject());
+    ASSERT_TRUE(recovery->discard(recovery->found()[0]));
+    EXPECT_FALSE(QDir(place).exists());
 }
 
 TEST_F(RecoveryFolderTest, APathThatIsNoneIsLeftOut)
@@ -60,7 +79,7 @@ TEST_F(RecoveryFolderTest, APathThatIsNoneIsLeftOut)
                                     QByteArray(1 << 20, '/'), QByteArray("\xff\xfe")}) {
         write(file, bytes);
         ASSERT_EQ(RecoveryFolder::found(folder).size(), 1U);
-        EXPECT_EQ(RecoveryFolder::found(folder)[0].projectPath, QString());
+        EXPECT_EQ(RecoveryFolder::found(folder)[0].project.path, QString());
     }
     ASSERT_TRUE(QFile::remove(file));
     EXPECT_EQ(RecoveryFolder::found(folder).size(), 1U);

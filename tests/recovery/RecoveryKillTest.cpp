@@ -63,7 +63,7 @@ TEST_F(RecoveryKillTest, TheLastEditOlderThanTwoSecondsIsThere)
 
     const std::vector<FoundCopy> found = RecoveryFolder::found(folder);
     ASSERT_EQ(found.size(), 1U);
-    EXPECT_EQ(found[0].projectPath, "/shows/stage.Orv");
+    EXPECT_EQ(found[0].project.path, "/shows/stage.Orv");
     const int recovered = widthIn(found[0].path);
     EXPECT_GT(edits.size(), 100U);
     EXPECT_GT(recovered, 0);

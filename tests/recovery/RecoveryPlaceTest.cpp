@@ -112,7 +112,7 @@ TEST_F(RecoveryPlaceTest, MayBeBehindALink)
     const FoundCopy copy = leftCopy(641, "/shows/stage.Orv");
 
     EXPECT_TRUE(failures.isEmpty());
-    EXPECT_EQ(copy.projectPath, "/shows/stage.Orv");
+    EXPECT_EQ(copy.project.path, "/shows/stage.Orv");
     EXPECT_EQ(QDir(elsewhere).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
 }
 
