@@ -115,11 +115,11 @@ void LWAppDelegate::redrawNow()
 
 void LWAppDelegate::compose()
 {
-    m_history.expectRendering();
-    if (const LayerPointer selected = m_arraycontroller.selectedLayer())
-        renderForInspector(*selected);
-    composeOutput();
-    m_history.absorb();
+    m_history.absorb([this] {
+        if (const LayerPointer selected = m_arraycontroller.selectedLayer())
+            renderForInspector(*selected);
+        composeOutput();
+    });
 }
 
 void LWAppDelegate::renderForInspector(Layer &layer)
@@ -240,10 +240,10 @@ void LWAppDelegate::noteSelection()
 
 void LWAppDelegate::endTyping()
 {
-    if (m_wiring.dropLostPanels()) {
-        m_history.absorb();
+    bool isAny = false;
+    m_history.absorb([&] { isAny = m_wiring.dropLostPanels(); });
+    if (isAny)
         update();
-    }
     m_history.endGesture();
 }
 

@@ -100,14 +100,11 @@ void DocumentHistory::clear()
     endGesture();
 }
 
-void DocumentHistory::expectRendering()
+void DocumentHistory::absorb(const std::function<void()> &fillIn)
 {
-    m_isMidEdit = !m_document.state(m_state).hasContentOf(m_state);
-}
-
-void DocumentHistory::absorb()
-{
-    if (m_isMidEdit || m_isShowing)
+    const bool isMidEdit = !m_document.state(m_state).hasContentOf(m_state);
+    fillIn();
+    if (isMidEdit || m_isShowing)
         return;
     const DocumentState was = std::exchange(m_state, m_document.state(m_state));
     if (!m_state.hasContentOf(was))

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QUndoStack>
 
+#include <functional>
 #include <optional>
 
 /// What a history keeps steps of.
@@ -57,12 +58,10 @@ public:
     void keepTrial();
     /// Makes the document what it was when the trial began.
     void dropTrial();
-    /// The document is about to be rendered; absorb() follows.
-    void expectRendering();
-    /// The document was rendered: what that has filled in belongs to the edit that was made last and is not undone. In
-    /// the middle of an edit, when there was something before the rendering that record() has not seen, it belongs to
-    /// that edit, and nothing is done.
-    void absorb();
+    /// Calls what fills in the document, as rendering does: that belongs to the edit that was made last and is not
+    /// undone. In the middle of an edit, when there was something before that record() has not seen, it belongs to that
+    /// edit.
+    void absorb(const std::function<void()> &fillIn);
     /// Something else is selected: where undoing the next edit leads back to. Nothing in the middle of an edit, when
     /// the content is another than after the last one. Returns whether it was noted.
     bool noteSelection();
@@ -87,7 +86,6 @@ private:
     DocumentState m_state; ///< as last seen
     Gesture m_gesture;
     std::optional<QString> m_tried;   ///< the name of the last edit that was only tried; nullopt: no trial
-    bool m_isMidEdit = false;         ///< as expectRendering() found it
     bool m_isShowing = false;         ///< a state is being brought back
     std::optional<bool> m_staysClean; ///< whether the steps under way lead from a saved project to the same
 };

@@ -199,6 +199,22 @@ TEST_F(CablesTest, PanelsThatASmallerWallLosesLeaveTheirCableAndUndoBringsThemBa
     EXPECT_NE(layer(0).record()->runs.list(), before);
 }
 
+TEST_F(CablesTest, PanelsThatLeaveTheirCableAfterAColourWasTriedStayAwayWhenItIsRedone)
+{
+    ASSERT_TRUE(document.wiring().takeAsLaidByHand({0}));
+    document.setValue(2, "arrangedObjects.col");
+    document.beginTrial();
+    document.setValue(QVariant::fromValue(OptionalColour(Colour::fromRgba8(0xff123456U))), "arrangedObjects.rectColor");
+    document.keepTrial(); // nothing is drawn after that
+    document.endTyping();
+    const WallRuns after = layer(0).record()->runs.list();
+    ASSERT_EQ(after.front().cells.size(), 2U); // of 4
+
+    stack.undo();
+    stack.redo();
+    EXPECT_EQ(layer(0).record()->runs.list(), after);
+}
+
 TEST_F(CablesTest, ACopyOfAWallThatShallHaveNoProcessorHasNone)
 {
     document.setValueOfSelection(QString(), "arrangedObjects.processor");

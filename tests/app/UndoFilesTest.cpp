@@ -230,8 +230,7 @@ TEST(UndoHistory, WhatIsAbsorbedBelongsToTheStateThatIsShown)
     history.clear();
     document.width = 1;
     history.record("Width");
-    document.width = 2; // a rendering filled it in
-    history.absorb();
+    history.absorb([&] { document.width = 2; });
     EXPECT_EQ(history.stack().count(), 1);
 
     history.stack().undo();
@@ -248,9 +247,7 @@ TEST(UndoHistory, WhatIsRenderedInTheMiddleOfAnEditBelongsToThatEdit)
     document.width = 1;
     history.record("Width");
     document.width = 20; // the next edit has begun
-    history.expectRendering();
-    document.width = 21;
-    history.absorb();
+    history.absorb([&] { document.width = 21; });
     history.record("Drag");
     EXPECT_EQ(history.stack().undoText(), "Drag");
 
@@ -258,9 +255,7 @@ TEST(UndoHistory, WhatIsRenderedInTheMiddleOfAnEditBelongsToThatEdit)
     EXPECT_EQ(document.width, 1);
     history.stack().redo();
     EXPECT_EQ(document.width, 21);
-    history.expectRendering(); // nothing is under way any more
-    document.width = 22;
-    history.absorb();
+    history.absorb([&] { document.width = 22; }); // nothing is under way any more
     EXPECT_EQ(history.stack().count(), 2);
     history.stack().undo();
     history.stack().redo();
