@@ -86,7 +86,7 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
 {
     std::vector<LayerPointer> stills;
     for (const QString &path : paths) {
-        const std::shared_ptr<const QImage> picture = PictureFile::load(path);
+        const std::shared_ptr<const QImage> picture = PictureFile::load(Address::fromLocalFile(path).toLocalFile());
         if (!picture) {
             m_person.tellFailure("Cannot show " + path + ": " + PictureFile::whyNone(path) + ".");
             continue;

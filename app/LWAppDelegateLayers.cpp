@@ -31,7 +31,7 @@ void LWAppDelegate::AddImage()
     const std::optional<QString> path = m_person.runModalOpenPanel({"Add image", FileFormat::Gives::Layer});
     if (!path)
         return;
-    const std::shared_ptr<const QImage> picture = PictureFile::load(*path);
+    const std::shared_ptr<const QImage> picture = PictureFile::load(Address::fromLocalFile(*path).toLocalFile());
     const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
     placeNew(*still, std::nullopt);
     insertAndSelect(still, m_selectedRow + 1);

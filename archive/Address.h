@@ -23,6 +23,8 @@ struct Address
     /// "localhost" and for plain paths, in which '#' and '?' belong to the name; empty for anything else, which is
     /// never opened, and for an address that is relative to nothing.
     QString toLocalFile() const;
+    /// Whether it names something on another machine, or what is no file: that is never asked for.
+    bool isElsewhere() const;
 };
 
 Q_DECLARE_METATYPE(Address)

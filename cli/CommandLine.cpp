@@ -8,6 +8,7 @@
 #include "cli/VisibleText.h"
 #include "formats/FileFormat.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -147,7 +148,7 @@ bool asksForWindow(const QStringList &arguments)
 bool namesMissingFile(const QStringList &arguments)
 {
     const QString name = arguments.value(0);
-    const bool looksLikeFile = name.contains(u'/') || FileFormat::toRead(name);
+    const bool looksLikeFile = QDir::fromNativeSeparators(name).contains(u'/') || FileFormat::toRead(name);
     return arguments.size() == 1 && looksLikeFile && !name.startsWith(u'-') && !QFileInfo::exists(name);
 }
 

@@ -21,19 +21,27 @@ bool isWall(const Layer &layer)
     return qobject_cast<const LWScreen *>(&layer) != nullptr;
 }
 
+QString sentenceOfMissing(const Address &picture)
+{
+    const QString path = picture.toLocalFile();
+    const QString name = path.isEmpty() ? picture.relative : path;
+    if (picture.isElsewhere())
+        return QString("The picture %1 is not on this machine, and a show asks no other; copy it here and choose it "
+                       "again.")
+            .arg(name);
+    if (const std::optional<QString> format = PictureFile::formatWithoutReader(path))
+        return QString("The picture %1 has the format %2, which this build does not show; it stays in the show.")
+            .arg(name, *format);
+    return QString("The picture %1 is missing or cannot be read; choose it again.").arg(name);
+}
+
 std::optional<Finding> pictureMissing(const Layer &layer, const QSize & /*output*/)
 {
     const auto *still = qobject_cast<const LWStill *>(&layer);
     if (!still || still->ImageURL().relative.isEmpty() || !still->isPictureMissing())
         return std::nullopt;
-    const QString path = still->ImageURL().toLocalFile();
-    const char *sentence =
-        PictureFile::isDrawingWithoutReader(path)
-            ? "The picture %1 is a drawing (SVG), which this build does not show; it stays in the show."
-            : "The picture %1 is missing or cannot be read; choose it again.";
-    return Finding{.check = "picture-missing",
-                   .level = Level::Warning,
-                   .sentence = QString(sentence).arg(path.isEmpty() ? still->ImageURL().relative : path)};
+    return Finding{
+        .check = "picture-missing", .level = Level::Warning, .sentence = sentenceOfMissing(still->ImageURL())};
 }
 
 /// Hidden walls are in the way of no picture of the output.

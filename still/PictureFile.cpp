@@ -1,5 +1,6 @@
 #include "still/PictureFile.h"
 
+#include "archive/Address.h"
 #include "base/FileBytes.h"
 #include "base/Memory.h"
 #include "drawing/Raster.h"
@@ -120,16 +121,33 @@ bool isPicture(const QString &path)
     return mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file) && !QImageReader::imageFormat(&file).isEmpty();
 }
 
-bool isDrawingWithoutReader(const QString &path, const QList<QByteArray> &readable)
+std::optional<QString> formatWithoutReader(const QString &path, const QList<QByteArray> &readable)
 {
-    const QString suffix = QFileInfo(path).suffix().toLower();
-    return (suffix == "svg" || suffix == "svgz") && !readable.contains("svg");
+    struct Format
+    {
+        const char *suffix;
+        const char *reader;
+        const char *name;
+    };
+    // Those that the program shows where Qt's additional readers are installed.
+    static constexpr Format formats[] = {{"svg", "svg", "SVG"},   {"svgz", "svg", "SVG"},   {"webp", "webp", "WebP"},
+                                         {"tif", "tiff", "TIFF"}, {"tiff", "tiff", "TIFF"}, {"tga", "tga", "TGA"}};
+    const QFileInfo file(path);
+    const QString suffix = file.suffix().toLower();
+    for (const Format &format : formats) {
+        if (suffix == format.suffix && !readable.contains(format.reader) && file.isFile())
+            return format.name;
+    }
+    return std::nullopt;
 }
 
 QString whyNone(const QString &path, const QList<QByteArray> &readable)
 {
-    return isDrawingWithoutReader(path, readable) ? "it is a drawing (SVG), which this build does not show"
-                                                  : "it is no picture that can be read";
+    if (Address::fromLocalFile(path).isElsewhere())
+        return "it is not on this machine, and a show asks no other; copy it here";
+    if (const std::optional<QString> format = formatWithoutReader(path, readable))
+        return QString("it is a picture of the format %1, which this build does not show").arg(*format);
+    return "it is no picture that can be read";
 }
 
 } // namespace PictureFile

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 /// Picture files of any format that Qt reads.
 namespace PictureFile {
@@ -29,12 +30,12 @@ Small small(const QString &path, const QSize &most, qint64 mostPixels);
 /// Whether there is a file at `path` that begins like a picture; reads no further.
 bool isPicture(const QString &path);
 
-/// Whether the file has the name of a drawing (SVG) and Qt has no reader of them here: such a picture is not shown, but
-/// it stays in the show. `readable`: the formats that there are readers of.
-bool isDrawingWithoutReader(const QString &path,
-                            const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
+/// "SVG", where there is a file of that name and Qt has no reader of it here, as some builds have none: such a picture
+/// is not shown, but it stays in the show. None where that is not the reason. `readable`: what there are readers of.
+std::optional<QString> formatWithoutReader(const QString &path,
+                                           const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
 
-/// Why load() gives none of an existing file, as the end of a sentence.
+/// Why a picture that was chosen cannot be shown, as the end of a sentence.
 QString whyNone(const QString &path, const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
 
 } // namespace PictureFile

@@ -52,6 +52,18 @@ TEST(Address, AnythingElseIsNeverOpened)
     EXPECT_EQ(Address().toLocalFile(), "");
 }
 
+TEST(Address, WhatIsNeverAskedForIsToldFromWhatIsMissing)
+{
+    for (const char *foreign : {"http://example.com/plate.png", "file://server/plate.png", "//server/plate.png",
+                                "data:image/png;base64,AAAA", "smb://server/plate.png"})
+        EXPECT_TRUE((Address{foreign, {}}.isElsewhere())) << foreign;
+    EXPECT_TRUE((Address{"plate.png", {"http://example.com/"}}.isElsewhere()));
+    for (const char *here :
+         {"file:///show/plate.png", "file://localhost/plate.png", "/show/10:30.png", "plate.png", ""})
+        EXPECT_FALSE((Address{here, {}}.isElsewhere())) << here;
+    EXPECT_FALSE(Address().isElsewhere());
+}
+
 TEST(Address, PlainPathMayHoldAnyLetter)
 {
     EXPECT_EQ((Address{"/show/wall #1?.png", {}}.toLocalFile()), "/show/wall #1?.png");

@@ -21,4 +21,7 @@ TEST(AddressWindows, AnotherMachineIsNotAsked)
           "/\\server\\share\\plate.png", "file:///\\server\\share\\plate.png", "file:///%5Cserver%5Cshare%5Cplate.png",
           "/%5Cserver/share/plate.png"})
         EXPECT_EQ((Address{text, {}}.toLocalFile()), "") << text;
+    EXPECT_TRUE(Address::fromLocalFile("//server/share/plate.png").isElsewhere());
+    EXPECT_TRUE((Address{"file:////server/share/plate.png", {}}.isElsewhere()));
+    EXPECT_FALSE(Address::fromLocalFile("C:/show/plate.png").isElsewhere());
 }

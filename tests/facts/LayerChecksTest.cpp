@@ -89,6 +89,11 @@ TEST_F(LayerChecksTest, APictureThatIsMissingOrNotChosenIsAWarning)
     still->setImageURL(Address::fromLocalFile("/gone/logo.png"));
     expectOne(LayerChecks::all(*still, output), "picture-missing", Level::Warning,
               "The picture /gone/logo.png is missing or cannot be read; choose it again.");
+    still->setImageURL(Address{"file://server/logo.png", {}});
+    still->loadThumbnail();
+    expectOne(LayerChecks::all(*still, output), "picture-missing", Level::Warning,
+              "The picture file://server/logo.png is not on this machine, and a show asks no other; copy it here and "
+              "choose it again.");
 }
 
 TEST_F(LayerChecksTest, AChartNeedsNoFileAndOneThatCannotBeDrawnIsAWarning)

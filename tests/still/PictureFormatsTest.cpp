@@ -193,13 +193,22 @@ TEST_F(PictureFormats, OnlyWhatBeginsLikeAPictureIsTakenForOne)
     EXPECT_FALSE(PictureFile::isPicture(folder.filePath("empty.png")));
 }
 
-TEST_F(PictureFormats, ADrawingIsToldFromOtherFilesWhereThereIsNoReaderOfThem)
+TEST_F(PictureFormats, AFormatThatHasNoReaderHereIsNamed)
 {
     const QList<QByteArray> without{"png", "jpg"};
-    const QString drawing = "it is a drawing (SVG), which this build does not show";
+    const QString isNone = "it is no picture that can be read";
+    const auto why = [&](const QString &name, const QList<QByteArray> &readable) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        return PictureFile::whyNone(file.fileName(), readable);
+    };
+    const QString form = "it is a picture of the format %1, which this build does not show";
 
-    EXPECT_EQ(PictureFile::whyNone("/show/logo.svg", without), drawing);
-    EXPECT_EQ(PictureFile::whyNone("/show/LOGO.SVGZ", without), drawing);
-    EXPECT_EQ(PictureFile::whyNone("/show/logo.svg", {"png", "svg"}), "it is no picture that can be read");
-    EXPECT_EQ(PictureFile::whyNone("/show/logo.png", without), "it is no picture that can be read");
+    EXPECT_EQ(why("logo.svg", without), form.arg("SVG"));
+    EXPECT_EQ(why("LOGO.SVGZ", without), form.arg("SVG"));
+    EXPECT_EQ(why("logo.webp", without), form.arg("WebP"));
+    EXPECT_EQ(why("logo.tif", without), form.arg("TIFF"));
+    EXPECT_EQ(why("logo.svg", {"png", "svg"}), isNone);
+    EXPECT_EQ(why("logo.png", without), isNone);
+    EXPECT_EQ(PictureFile::whyNone(folder.filePath("gone.svg"), without), isNone);
 }
