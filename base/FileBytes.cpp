@@ -61,6 +61,17 @@ Result<void> moveTo(const QString &path, const QString &from)
     QFile::remove(from);
     return failed;
 }
+
+/// Why no file can be put there, whatever is in it; empty where nothing is known against it.
+QString faultOfPlace(const QString &path)
+{
+    const QFileInfo existing(path);
+    if (existing.exists() && !existing.isFile()) // committing would put a file in the place of a device
+        return "this is a folder or a device, not a file";
+    if (existing.exists() && !existing.isWritable())
+        return "the file is read-only";
+    return System::faultOfName(existing.fileName());
+}
 } // namespace
 
 namespace FileBytes {
@@ -117,11 +128,8 @@ Result<void> write(const QString &path, const QByteArray &bytes)
 
 Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progress &progress)
 {
-    const QFileInfo existing(path);
-    if (existing.exists() && !existing.isFile()) // committing would put a file in the place of a device
-        return fail(QString("%1: cannot be written: this is a folder or a device, not a file").arg(path));
-    if (existing.exists() && !existing.isWritable())
-        return fail(QString("%1: cannot be written: the file is read-only").arg(path));
+    if (const QString fault = faultOfPlace(path); !fault.isEmpty())
+        return fail(path + ": cannot be written: " + fault);
     QSaveFile file(placeToCollect(path));
     if (!file.open(QIODevice::WriteOnly))
         return fail(QString("%1: cannot be written: %2").arg(path, file.errorString()));

@@ -42,6 +42,10 @@ bool replace(const QString &place, const QString &file);
 /// there is none. True of all where there are no owners.
 bool isOwn(const QString &path);
 
+/// Why no file of a person's can have that name, which is without its folder, as the end of a sentence; empty where one
+/// can.
+QString faultOfName(const QString &name);
+
 /// Why a file could not be written that Qt does not say it of; at once, before something else is asked of the system.
 QString reasonAgainstWriting(const QFileDevice &file);
 

@@ -53,6 +53,11 @@ bool replace(const QString &place, const QString &file)
     return std::rename(QFile::encodeName(file).constData(), QFile::encodeName(place).constData()) == 0;
 }
 
+QString faultOfName(const QString & /*name*/)
+{
+    return {};
+}
+
 bool isOwn(const QString &path)
 {
     return QFileInfo(path).ownerId() == geteuid();

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QStandardPaths>
 
 #include <cerrno>
@@ -79,6 +80,22 @@ bool replace(const QString &place, const QString &file)
 QString reasonAgainstWriting(const QFileDevice &file)
 {
     return file.error() != QFileDevice::NoError ? file.errorString() : qt_error_string();
+}
+
+QString faultOfName(const QString &name)
+{
+    // What these paths reach the system by lets such names pass, and then neither the desktop nor another program can
+    // open the file; behind a colon it would even be a hidden part of another file.
+    static const QRegularExpression letters(R"([<>:"|?*\x00-\x1f])");
+    static const QRegularExpression devices(R"(^(con|prn|aux|nul|com[0-9]|lpt[0-9])(\.|$))",
+                                            QRegularExpression::CaseInsensitiveOption);
+    if (name.contains(letters))
+        return "a name here has none of < > : \" | ? *; choose another one";
+    if (name.contains(devices))
+        return "a device here has this name; choose another one";
+    if (name.endsWith(u'.') || name.endsWith(u' '))
+        return "a name here does not end with a point or a space; choose another one";
+    return {};
 }
 
 bool isOwn(const QString &path)

@@ -53,6 +53,26 @@ TEST(FileBytesWindows, AFileThatAnotherProgramHoldsIsToldAndStays)
     }
 }
 
+TEST(FileBytesWindows, NamesThatNoOtherProgramCouldOpenAreRefused)
+{
+    const QTemporaryDir folder;
+    const auto told = [&](const QString &name) {
+        const QString path = folder.path() + '/' + name;
+        const Result<void> written = FileBytes::write(path, "show");
+        return written ? "written" : written.error().text.mid(path.size() + 2);
+    };
+    const QString begin = "cannot be written: ";
+    EXPECT_EQ(told("Friday 20:00"), begin + "a name here has none of < > : \" | ? *; choose another one");
+    EXPECT_EQ(told("show?.Orv"), told("Friday 20:00"));
+    for (const char *device : {"con.Orv", "NUL", "Com1.tar.Orv"})
+        EXPECT_EQ(told(device), begin + "a device here has this name; choose another one") << device;
+    for (const char *end : {"show.", "show "})
+        EXPECT_EQ(told(end), begin + "a name here does not end with a point or a space; choose another one") << end;
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+    for (const char *name : {"concert.Orv", "com.Orv", "B\u00FChne links.Orv", ".Orv"})
+        EXPECT_EQ(told(QString::fromUtf8(name)), "written") << name;
+}
+
 TEST(FileBytesWindows, AReadOnlyFileIsToldAndStays)
 {
     const QTemporaryDir folder;
