@@ -201,7 +201,9 @@ TEST_F(KillTest, WhenKilledAtAnyMomentTheProjectOpensAndTwoSecondsOfWorkAreLostA
     };
     std::vector<Running> running;
     QElapsedTimer clock;
+    QElapsedTimer sinceLast;
     clock.start();
+    sinceLast.start();
     for (int killed = 0; killed < kills;) {
         while (running.size() < atATime && started < kills) {
             auto victim = nextVictim();
@@ -216,8 +218,9 @@ TEST_F(KillTest, WhenKilledAtAnyMomentTheProjectOpensAndTwoSecondsOfWorkAreLostA
             check(*next->victim, next->number);
             next = running.erase(next);
             ++killed;
+            sinceLast.start();
         }
-        ASSERT_LT(clock.elapsed(), 300'000);
+        ASSERT_LT(sinceLast.elapsed(), 60'000);
     }
     EXPECT_LE(longestLoss, mayBeLost);
     EXPECT_GT(withCopy, kills / 8); // or nothing was put to the test

@@ -1,4 +1,4 @@
-// Permissions as Linux has them.
+// Permissions and links as Linux has them.
 
 #include "app/Settings.h"
 #include "tests/base/AsNobody.h"
@@ -6,9 +6,27 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+
+TEST(SettingsLinux, BehindALinkTheyAreWrittenWhereTheyAre)
+{
+    const QTemporaryDir folder;
+    const QString elsewhere = folder.filePath("settings.conf");
+    const QString path = qEnvironmentVariable("XDG_CONFIG_HOME") + "/wallwright/wallwright.conf";
+    Settings::setOtherVolts(240);
+    ASSERT_TRUE(QFile::rename(path, elsewhere) && QFile::link(elsewhere, path));
+    EXPECT_EQ(Settings::otherVolts(), 240);
+
+    Settings::setOtherVolts(220);
+
+    EXPECT_TRUE(QFileInfo(path).isSymLink());
+    EXPECT_EQ(QSettings(elsewhere, QSettings::IniFormat).value("supply/otherVolts").toInt(), 220);
+    QFile::remove(path);
+}
 
 TEST(SettingsLinux, InAFolderThatTurnedReadOnlyTheOldOnesStay)
 {

@@ -208,6 +208,7 @@ TEST_F(SettingsTest, AFullDiskLeavesTheOldOnes)
     file.close();
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_EQ(file.readAll(), before);
+    file.close(); // or Windows would replace it for nobody
     Settings::noteRecentFile("/b.Orv");
     EXPECT_EQ(Settings::recentFiles(), (QStringList{at("/b.Orv"), at("/a.Orv")}));
     EXPECT_EQ(Settings::windowState(), "state");
@@ -234,20 +235,6 @@ TEST_F(SettingsTest, AClockThatWasSetBackHidesNoChange)
         Settings::setOtherVolts(volts);
         EXPECT_EQ(Settings::otherVolts(), volts);
     }
-}
-
-TEST_F(SettingsTest, BehindALinkTheyAreWrittenWhereTheyAre)
-{
-    const QTemporaryDir folder;
-    const QString elsewhere = folder.filePath("settings.conf");
-    write("[supply]\notherVolts=240\n");
-    ASSERT_TRUE(QFile::rename(path, elsewhere) && QFile::link(elsewhere, path));
-    EXPECT_EQ(Settings::otherVolts(), 240);
-
-    Settings::setOtherVolts(220);
-
-    EXPECT_TRUE(QFileInfo(path).isSymLink());
-    EXPECT_EQ(QSettings(elsewhere, QSettings::IniFormat).value("supply/otherVolts").toInt(), 220);
 }
 
 TEST_F(SettingsTest, AFolderInTheirPlaceIsAsGoodAsNone)
