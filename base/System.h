@@ -68,8 +68,8 @@ inline constexpr std::size_t largePage = std::size_t{2} << 20;
 /// a page fault for every 4 KiB. Where that cannot be had, ordinary pages serve.
 void adviseLargePages(void *memory, std::size_t bytes);
 
-/// While this lives, the C library reads and writes numbers of this thread with a point, and not with a comma as it
-/// would in half of Europe.
+/// While this lives, the C library reads and writes numbers with a point, and not with a comma as it would in half of
+/// Europe: those of this thread at least, on some systems those of the whole program.
 class PointNumbers
 {
 public:

@@ -58,6 +58,11 @@ Opened openToRead(QFile &file)
         return Opened::Other;
     }
     const int descriptor = _open_osfhandle(reinterpret_cast<intptr_t>(handle), _O_RDONLY | _O_BINARY);
+    if (descriptor < 0) {
+        CloseHandle(handle);
+        SetLastError(ERROR_TOO_MANY_OPEN_FILES);
+        return Opened::Refused;
+    }
     file.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle);
     return Opened::File;
 }
@@ -68,7 +73,8 @@ bool reachesDisk(int file)
     return FlushFileBuffers(handle) || GetLastError() == ERROR_INVALID_FUNCTION; // that one: there is no disk behind
 }
 
-/// The file system here writes names down by itself before it says that a file was put into its place.
+/// Nothing here does that for a folder without an administrator's rights. NTFS keeps a journal of names, so that a
+/// power cut leaves the old file or the new one; what QSaveFile has put there last may be the old one again.
 void folderReachesDisk(const QString & /*folder*/) {}
 
 bool replace(const QString &place, const QString &file)
@@ -136,6 +142,8 @@ void freeAligned(void *memory)
 /// Large pages are for those here to whom an administrator has given the right.
 void adviseLargePages(void * /*memory*/, std::size_t /*bytes*/) {}
 
+/// The C library that programs are linked with here (msvcrt.dll) sets this for the whole program, however it is
+/// asked; nothing else here sets or needs another locale of it.
 struct PointNumbers::Former
 {
     int threads;
