@@ -3,13 +3,15 @@
 #include <windows.h>
 
 namespace {
-/// Holds for the thread that asks, which is the main one.
+/// Holds for the thread that asks, which is the main one. A machine that sleeps shows nothing either, and what keeps
+/// its display on does not keep it awake.
 class ThreadScreenAwake final : public ScreenAwake
 {
 public:
     void keep(bool isAwake) override
     {
-        SetThreadExecutionState(isAwake ? ES_CONTINUOUS | ES_DISPLAY_REQUIRED : ES_CONTINUOUS);
+        constexpr EXECUTION_STATE both = ES_DISPLAY_REQUIRED | ES_SYSTEM_REQUIRED;
+        SetThreadExecutionState(isAwake ? ES_CONTINUOUS | both : ES_CONTINUOUS);
     }
 };
 } // namespace
