@@ -25,7 +25,7 @@ target_sources(wallwright PRIVATE ${WINDOWS_FILES}/wallwright.rc)
 enable_language(RC)
 set_target_properties(wallwright PROPERTIES WIN32_EXECUTABLE ON qt_no_entrypoint ON) # its own main() will do
 target_link_libraries(wallwright PRIVATE dwmapi)
-qt_import_plugins(wallwright INCLUDE Qt6::QOffscreenIntegrationPlugin) # commands run without a window
+qt_import_plugins(wallwright INCLUDE Qt6::QOffscreenIntegrationPlugin) # by QT_QPA_PLATFORM alone; commands have "windows", too
 
 # The same program to be called from a terminal, which finds this one first when somebody types "wallwright".
 add_custom_command(

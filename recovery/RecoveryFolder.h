@@ -34,7 +34,7 @@ struct FoundCopy
 /// ("project-digest", in hexadecimal, where it is known) and a lock that its program holds.
 namespace RecoveryFolder {
 
-/// The state folder of the person ($XDG_STATE_HOME, else ~/.local/state), and "wallwright/recovery" in it.
+/// The state folder of the person, System::stateFolder(), and "wallwright/recovery" in it.
 QString standardPath();
 
 /// The copies that no running program holds, newest first; none in a folder that is somebody else's. None is opened: a
