@@ -1,6 +1,7 @@
 """Holds the includes of every room against its link line, and against the floors of docs/architecture.md."""
 import pathlib
 import re
+import subprocess
 import unittest
 
 HOUSE = pathlib.Path(__file__).resolve().parents[2]
@@ -42,23 +43,55 @@ def rooms_on_link_line(room, plan):
 
 
 SYSTEMS = ("Linux", "Windows")
-# What asks which system it is, or names what only some of them have.
-OF_ONE_SYSTEM = re.compile(
-    r"^\s*#\s*(?:el)?if.*\b(?:Q_OS_\w+|_*(?:WIN32|WIN64|linux|unix|APPLE|MINGW\w*)_*|_MSC_VER)\b"
-    r"|^#include <(?:(?:unistd|fcntl|io|windows|grp|pwd|dlfcn|pthread|(?:sys|fontconfig)/\w+)\.h|QDBus\w+)>",
+# What asks which system, compiler or C library it is; what Qt has of its own may be asked for.
+ASKS = re.compile(
+    r"^\s*#\s*(?:el)?if.*(?:\b(?:Q_OS_\w+|Q_CC_\w+|_*(?:WIN32|WIN64|linux|unix|APPLE|MINGW\w*|CYGWIN|BSD)_*|_MSC_VER"
+    r"|__GLIBC\w*|__GNU_LIBRARY__|_*POSIX\w*)\b|__has_include\(\s*[<\"](?!Q))|\bQOperatingSystemVersion\b"
+    r"|\bQSysInfo::(?:product|kernel|pretty|machine|boot)\w*",
     re.MULTILINE)
+# What only some systems have.
+HEADERS_OF_ONE_SYSTEM = re.compile(
+    r"^\s*#\s*include [<\"](?:(?:aio|dirent|dlfcn|endian|execinfo|fcntl|ftw|glob|grp|malloc|poll|pthread|pwd|sched"
+    r"|semaphore|signal|spawn|strings|syslog|termios|unistd|conio|direct|dwmapi|io|process|psapi|shellapi|shlobj|shlwapi"
+    r"|tlhelp32|versionhelpers|winbase|windows|windowsx|winsock2?|winternl|ws2tcpip|(?:arpa|linux|mach|net|netinet|sys"
+    r"|X11|fontconfig)/[\w/]+)\.h|QDBus\w*|q\w+_(?:x11|win|mac|platform)\.h)[>\"]",
+    re.MULTILINE)
+BUILT_ON_LINUX_ALONE = ("bench", "tests/end", "tests/faults", "tests/soak")
 
 
 def is_of_one_system(path):
-    return path.stem.endswith(SYSTEMS) or path.stem.startswith("Bus")  # that of the Linux desktop
+    stem = path.stem.removesuffix("Test")
+    return stem.endswith(SYSTEMS) or stem.startswith("Bus")  # that of the Linux desktop
+
+
+def of_one_system_in_tests():
+    """Those that the tests' CMakeLists.txt name so."""
+    for page in (HOUSE / "tests").glob("*/CMakeLists.txt"):
+        for names in re.findall(r"(?:LINUX|WINDOWS)_SOURCES\s([^)]*?)(?=[A-Z]+_SOURCES|LIBRARIES)", page.read_text()):
+            yield from ((page.parent / name).resolve() for name in names.split())
 
 
 class Systems(unittest.TestCase):
-    def test_no_shared_source_asks_which_system_it_is(self):
-        shared = [path for room in Plan().floors for path in files_of(room, ".h", ".cpp") if not is_of_one_system(path)]
-        for path in [*shared, HOUSE / "main.cpp"]:
+    def setUp(self):
+        named = subprocess.run(["git", "ls-files", "-z", "*.cpp", "*.h", "*.in"], cwd=HOUSE, check=True,
+                               stdout=subprocess.PIPE, encoding="utf-8").stdout
+        sources = [HOUSE / name for name in named.split("\0") if name]
+        self.shared = [path for path in sources if path.exists() and not is_of_one_system(path)]
+
+    def expect_none(self, pattern, paths):
+        self.assertGreater(len(paths), 500)  # git knows them
+        for path in paths:
             with self.subTest(path=str(path.relative_to(HOUSE))):
-                self.assertEqual(OF_ONE_SYSTEM.findall(path.read_text(encoding="utf-8")), [])
+                self.assertEqual([found[0] for found in pattern.finditer(path.read_text(encoding="utf-8"))], [])
+
+    def test_no_shared_source_asks_which_system_it_is(self):
+        self.expect_none(ASKS, self.shared)
+
+    def test_no_source_that_each_system_builds_includes_what_some_have(self):
+        of_one = set(of_one_system_in_tests())
+        alone = tuple(str(HOUSE / folder) + "/" for folder in BUILT_ON_LINUX_ALONE)
+        self.expect_none(HEADERS_OF_ONE_SYSTEM,
+                         [path for path in self.shared if path not in of_one and not str(path).startswith(alone)])
 
     def test_each_system_has_a_source_of_the_same_subjects(self):
         for room in Plan().floors:
