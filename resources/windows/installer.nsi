@@ -6,6 +6,7 @@ SetCompressorDictSize 32
 ManifestDPIAware true
 RequestExecutionLevel user
 
+!include LogicLib.nsh
 !include MUI2.nsh
 
 !define UNINSTALL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Wallwright"
@@ -32,7 +33,25 @@ BrandingText "Wallwright ${VERSION}"
     System::Call 'shell32::SHChangeNotify(i 0x08000000, i 0, p 0, p 0)'
 !macroend
 
+; A file of a program that runs cannot be written: before anything is changed, the person is asked to close it.
+!macro AskToClose FILE
+    ${If} ${FileExists} "$INSTDIR\${FILE}"
+        ${Do}
+            ClearErrors
+            FileOpen $0 "$INSTDIR\${FILE}" a
+            ${IfNot} ${Errors}
+                FileClose $0
+                ${ExitDo}
+            ${EndIf}
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Wallwright is running; close it." /SD IDCANCEL IDRETRY +2
+            Abort
+        ${Loop}
+    ${EndIf}
+!macroend
+
 Section
+    !insertmacro AskToClose wallwright.exe
+    !insertmacro AskToClose wallwright.com
     SetOutPath "$INSTDIR"
     File "${PROGRAM}/wallwright.exe"
     File "${PROGRAM}/wallwright.com"
@@ -40,6 +59,8 @@ Section
     File "${PROGRAM}/third-party.txt"
     SetOutPath "$INSTDIR\examples"
     File "${PROGRAM}/examples/*.json"
+    SetOutPath "$INSTDIR\licences"
+    File "${PROGRAM}/licences/*.txt"
     SetOutPath "$INSTDIR"
     CreateShortcut "$SMPROGRAMS\Wallwright.lnk" "$INSTDIR\wallwright.exe"
 
@@ -64,9 +85,10 @@ SectionEnd
 
 ; Shows, presets, settings and recovery copies are the person's: they stay.
 Section un.
+    !insertmacro AskToClose wallwright.exe
+    !insertmacro AskToClose wallwright.com
     Delete "$SMPROGRAMS\Wallwright.lnk"
-    Delete "$INSTDIR\examples\*.json"
-    RMDir "$INSTDIR\examples"
+    !include "${PROGRAM}/windows-files/removals.nsh" ; of the folders in it
     Delete "$INSTDIR\wallwright.exe"
     Delete "$INSTDIR\wallwright.com"
     Delete "$INSTDIR\LICENSE.txt"
