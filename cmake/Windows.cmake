@@ -7,8 +7,9 @@ set(CMAKE_CXX_COMPILER ${WINDOWS_TARGET}-g++-posix)
 set(CMAKE_RC_COMPILER ${WINDOWS_TARGET}-windres)
 
 # Everything is in the program: a folder to unpack, and no library of another program's to be taken for one of ours.
-# Stacks are as large as on Linux, where the depth of what is read was measured.
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--stack,8388608")
+# Stacks are as large as on Linux, where the depth of what is read was measured. The same sources give the same bytes:
+# the time of linking is not written down.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--stack,8388608 -Wl,--no-insert-timestamp")
 
 set(WINDOWS_LIBRARIES ${CMAKE_CURRENT_LIST_DIR}/../build/windows/libraries CACHE PATH "Where script/windows puts them")
 get_filename_component(WINDOWS_LIBRARIES ${WINDOWS_LIBRARIES} ABSOLUTE)
