@@ -20,9 +20,10 @@ bool isSavedIn(const QString &path)
     return !path.isEmpty() && FileFormat::toOpen(path).isSaved;
 }
 
+/// A file of which is not known what it held counts as changed.
 bool isChangedElsewhere(const DocumentFile &file)
 {
-    return QFileInfo(file.path).isFile() && FileBytes::digest(file.path) != *file.digest;
+    return QFileInfo(file.path).isFile() && (file.digest->isEmpty() || FileBytes::digest(file.path) != *file.digest);
 }
 
 std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
@@ -186,7 +187,7 @@ bool LWAppDelegate::applicationOpenFile(const QString &path)
     if (path.isEmpty())
         m_person.alert("No File Found", "File Not Found");
     else
-        m_preOpenFile = path;
+        m_preOpenFile = QFileInfo(path).absoluteFilePath(); // a shell may name it from its folder
     return true;
 }
 

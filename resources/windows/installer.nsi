@@ -43,7 +43,7 @@ BrandingText "Wallwright ${VERSION}"
                 FileClose $0
                 ${ExitDo}
             ${EndIf}
-            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "Wallwright is running; close it." /SD IDCANCEL IDRETRY +2
+            MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "${FILE} cannot be replaced: close Wallwright where it runs, and see that the file may be written." /SD IDCANCEL IDRETRY +2
             Abort
         ${Loop}
     ${EndIf}

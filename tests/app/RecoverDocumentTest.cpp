@@ -190,6 +190,20 @@ TEST_F(RecoverDocument, RecoveredWorkIsUnsavedWorkOfItsProject)
     EXPECT_TRUE(document->undoStack().isClean());
 }
 
+TEST_F(RecoverDocument, AProjectThatAShellNamedFromItsFolderIsKnownByItsWholePath)
+{
+    const QString path = saved("show");
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(QFileInfo(path).path()));
+    start(QFileInfo(path).fileName());
+    QDir::setCurrent(before);
+    EXPECT_EQ(document->projectPath(), path);
+    edit(7);
+    start();
+    ASSERT_EQ(document->recoverable().size(), 1U);
+    EXPECT_EQ(document->recoverable()[0].project.path, path);
+}
+
 TEST_F(RecoverDocument, RecoveredWorkThatIsNotSavedIsOfferedAgain)
 {
     edit(7);
