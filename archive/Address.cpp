@@ -52,10 +52,9 @@ QString plainPath(const QString &text)
 bool Address::isElsewhere() const
 {
     if (isPlainPath(*this))
-        return false;
+        return System::localFile({}, plainPath(relative)).isEmpty();
     const QUrl url = wholeUrl(*this);
-    const bool hasOtherHost = !url.host().isEmpty() && url.host() != "localhost";
-    return !isFile(url) || hasOtherHost || (url.path().startsWith("//") && toLocalFile().isEmpty());
+    return !isFile(url) || (url.isValid() && !url.path().isEmpty() && localPath(url).isEmpty());
 }
 
 QString Address::toLocalFile() const

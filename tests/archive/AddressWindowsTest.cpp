@@ -23,5 +23,6 @@ TEST(AddressWindows, AnotherMachineIsNotAsked)
         EXPECT_EQ((Address{text, {}}.toLocalFile()), "") << text;
     EXPECT_TRUE(Address::fromLocalFile("//server/share/plate.png").isElsewhere());
     EXPECT_TRUE((Address{"file:////server/share/plate.png", {}}.isElsewhere()));
+    EXPECT_TRUE((Address{"/\\server\\share\\plate.png", {}}.isElsewhere()));
     EXPECT_FALSE(Address::fromLocalFile("C:/show/plate.png").isElsewhere());
 }
