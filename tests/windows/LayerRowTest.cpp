@@ -32,6 +32,7 @@ protected:
         for (const char *name : {"Banner", "Side"}) {
             const LayerPointer wall = LWScreen::init(window.document()); // 5 x 5 panels of 48 x 48
             wall->setLabel(name);
+            wall->setXpoint(240 * static_cast<int>(list().rowCount())); // over no other, which would be told later
             wall->setVisible(true);
             wall->drawInRect();
             list().insertObjectAtArrangedObjectIndex(wall, list().rowCount());
