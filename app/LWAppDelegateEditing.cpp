@@ -86,13 +86,14 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
 {
     std::vector<LayerPointer> stills;
     for (const QString &path : paths) {
-        const std::shared_ptr<const QImage> picture = PictureFile::load(Address::fromLocalFile(path).toLocalFile());
+        const Address address = Address::fromLocalFile(path);
+        const std::shared_ptr<const QImage> picture = PictureFile::load(address.toLocalFile());
         if (!picture) {
-            m_person.tellFailure("Cannot show " + path + ": " + PictureFile::whyNone(path) + ".");
+            m_person.tellFailure(PictureFile::cannotShow(path));
             continue;
         }
         const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);
-        still->setImageURL(Address::fromLocalFile(path));
+        still->setImageURL(address);
         placeNew(*still, middle);
         stills.push_back(still);
     }

@@ -31,14 +31,15 @@ void LWAppDelegate::AddImage()
     const std::optional<QString> path = m_person.runModalOpenPanel({"Add image", FileFormat::Gives::Layer});
     if (!path)
         return;
-    const std::shared_ptr<const QImage> picture = PictureFile::load(Address::fromLocalFile(*path).toLocalFile());
+    const Address address = Address::fromLocalFile(*path);
+    const std::shared_ptr<const QImage> picture = PictureFile::load(address.toLocalFile());
     const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
     placeNew(*still, std::nullopt);
     insertAndSelect(still, m_selectedRow + 1);
     m_person.endSheet(Person::Sheet::AddWindow);
-    still->setImageURL(Address::fromLocalFile(*path));
+    still->setImageURL(address);
     if (!picture)
-        m_person.tellFailure("Cannot show " + *path + ": " + PictureFile::whyNone(*path) + ".");
+        m_person.tellFailure(PictureFile::cannotShow(*path));
     finishEdit("add image");
 }
 
@@ -66,7 +67,7 @@ void LWAppDelegate::choosePicture()
     still->loadThumbnail();
     m_news.expectChange(); // the file may be the same, with another picture
     if (still->thumbnail().isNull())
-        m_person.tellFailure("Cannot show " + *path + ": " + PictureFile::whyNone(*path) + ".");
+        m_person.tellFailure(PictureFile::cannotShow(*path));
     finishEdit("choose picture");
 }
 

@@ -25,13 +25,8 @@ QString sentenceOfMissing(const Address &picture)
 {
     const QString path = picture.toLocalFile();
     const QString name = path.isEmpty() ? picture.relative : path;
-    if (picture.isElsewhere())
-        return QString("The picture %1 is not on this machine, and a show asks no other; copy it here and choose it "
-                       "again.")
-            .arg(name);
-    if (const std::optional<QString> format = PictureFile::formatWithoutReader(path))
-        return QString("The picture %1 has the format %2, which this build does not show; it stays in the show.")
-            .arg(name, *format);
+    if (const std::optional<QString> obstacle = PictureFile::obstacle(picture))
+        return QString("The picture %1 %2; it stays in the show.").arg(name, *obstacle);
     return QString("The picture %1 is missing or cannot be read; choose it again.").arg(name);
 }
 

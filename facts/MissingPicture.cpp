@@ -1,6 +1,7 @@
 #include "facts/MissingPicture.h"
 
 #include "still/LWStill.h"
+#include "still/PictureFile.h"
 
 namespace MissingPicture {
 
@@ -10,8 +11,11 @@ std::optional<QString> reason(const LWStill &still)
         return std::nullopt;
     if (const std::optional<Result<ChartText>> chart = still.chart())
         return *chart ? QString("there is no memory for its chart") : chart->error().text;
-    const QString &address = still.ImageURL().relative;
-    return address.isEmpty() ? QString("it names no file") : QString("\"%1\" is missing or no picture").arg(address);
+    const Address &address = still.ImageURL();
+    if (address.relative.isEmpty())
+        return "it names no file";
+    return QString("\"%1\" %2")
+        .arg(address.relative, PictureFile::obstacle(address).value_or("is missing or no picture"));
 }
 
 } // namespace MissingPicture

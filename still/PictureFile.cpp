@@ -1,6 +1,5 @@
 #include "still/PictureFile.h"
 
-#include "archive/Address.h"
 #include "base/FileBytes.h"
 #include "base/Memory.h"
 #include "drawing/Raster.h"
@@ -15,9 +14,29 @@
 #include <QImageReader>
 #include <QRgba64>
 
+#include <algorithm>
+#include <iterator>
+
 namespace {
 /// Larger files are not read.
 constexpr qint64 mostBytesOfFile = qint64{1} << 30;
+
+struct Format
+{
+    const char *suffix;
+    const char *reader;
+    const char *name;
+};
+
+/// Of a format that the program shows where Qt's additional readers are installed; null for others.
+const Format *formatOf(const QFileInfo &file)
+{
+    static constexpr Format formats[] = {{"svg", "svg", "SVG"},   {"svgz", "svg", "SVG"},   {"webp", "webp", "WebP"},
+                                         {"tif", "tiff", "TIFF"}, {"tiff", "tiff", "TIFF"}, {"tga", "tga", "TGA"}};
+    const QString suffix = file.suffix().toLower();
+    const auto *found = std::ranges::find_if(formats, [&](const Format &format) { return suffix == format.suffix; });
+    return found == std::end(formats) ? nullptr : found;
+}
 
 /// A pipe, a device or a file without a size could keep the reader waiting for ever.
 bool mayBeRead(const QFileInfo &file)
@@ -121,33 +140,21 @@ bool isPicture(const QString &path)
     return mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file) && !QImageReader::imageFormat(&file).isEmpty();
 }
 
-std::optional<QString> formatWithoutReader(const QString &path, const QList<QByteArray> &readable)
+std::optional<QString> obstacle(const Address &address, const QList<QByteArray> &readable)
 {
-    struct Format
-    {
-        const char *suffix;
-        const char *reader;
-        const char *name;
-    };
-    // Those that the program shows where Qt's additional readers are installed.
-    static constexpr Format formats[] = {{"svg", "svg", "SVG"},   {"svgz", "svg", "SVG"},   {"webp", "webp", "WebP"},
-                                         {"tif", "tiff", "TIFF"}, {"tiff", "tiff", "TIFF"}, {"tga", "tga", "TGA"}};
-    const QFileInfo file(path);
-    const QString suffix = file.suffix().toLower();
-    for (const Format &format : formats) {
-        if (suffix == format.suffix && !readable.contains(format.reader) && file.isFile())
-            return format.name;
-    }
-    return std::nullopt;
+    if (address.isElsewhere())
+        return "is not on this machine, and a show asks no other";
+    const QFileInfo file(address.toLocalFile());
+    const Format *const format = formatOf(file);
+    if (!format || readable.contains(format->reader) || !file.isFile())
+        return std::nullopt;
+    return QString("has the format %1, which this build does not show").arg(format->name);
 }
 
-QString whyNone(const QString &path, const QList<QByteArray> &readable)
+QString cannotShow(const QString &path)
 {
-    if (Address::fromLocalFile(path).isElsewhere())
-        return "it is not on this machine, and a show asks no other; copy it here";
-    if (const std::optional<QString> format = formatWithoutReader(path, readable))
-        return QString("it is a picture of the format %1, which this build does not show").arg(*format);
-    return "it is no picture that can be read";
+    const QString reason = obstacle(Address::fromLocalFile(path)).value_or("is no picture that can be read");
+    return QString("Cannot show %1: it %2.").arg(path, reason);
 }
 
 } // namespace PictureFile

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "archive/Address.h"
+
 #include <QImage>
 #include <QImageReader>
 #include <QList>
@@ -30,12 +32,13 @@ Small small(const QString &path, const QSize &most, qint64 mostPixels);
 /// Whether there is a file at `path` that begins like a picture; reads no further.
 bool isPicture(const QString &path);
 
-/// "SVG", where there is a file of that name and Qt has no reader of it here, as some builds have none: such a picture
-/// is not shown, but it stays in the show. None where that is not the reason. `readable`: what there are readers of.
-std::optional<QString> formatWithoutReader(const QString &path,
-                                           const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
+/// What keeps a good picture from being shown here, as what is said of it: that it is elsewhere, or that Qt has no
+/// reader of its format, as in some builds. Its address stays in the show. None where it is missing or damaged.
+/// `readable`: the formats that there are readers of.
+std::optional<QString> obstacle(const Address &address,
+                                const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
 
-/// Why a picture that was chosen cannot be shown, as the end of a sentence.
-QString whyNone(const QString &path, const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
+/// The sentence for a person who has chosen a file that gives no picture.
+QString cannotShow(const QString &path);
 
 } // namespace PictureFile

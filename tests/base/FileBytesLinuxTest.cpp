@@ -3,6 +3,7 @@
 #include "base/FileBytes.h"
 #include "tests/base/AsNobody.h"
 #include "tests/base/FullDisk.h"
+#include "tests/base/WrittenFiles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -14,20 +15,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <thread>
-
-namespace {
-QByteArray contentsOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-template <typename Value>
-QString toldOf(const Result<Value> &result)
-{
-    return result ? QString("done") : result.error().text;
-}
-} // namespace
 
 TEST(FileBytesLinux, ADeviceIsNotReplacedByAFile)
 {
@@ -51,7 +38,7 @@ TEST(FileBytesLinux, WhatThePersonMayNotDoIsToldInOneSentence)
     const QString path = folder.filePath("show.Orv");
     ASSERT_TRUE(FileBytes::write(path, "the old show"));
     const auto told = [&](const QString &place) {
-        return toldToNobody([&] { return toldOf(FileBytes::write(place, "new")); });
+        return toldToNobody([&] { return reasonOf(FileBytes::write(place, "new")); });
     };
 
     ASSERT_EQ(chmod(qPrintable(folder.path()), 0777), 0);
@@ -63,11 +50,11 @@ TEST(FileBytesLinux, WhatThePersonMayNotDoIsToldInOneSentence)
     EXPECT_EQ(told(other), other + ": cannot be written: Permission denied");
 
     ASSERT_EQ(chmod(qPrintable(path), 0), 0);
-    EXPECT_EQ(toldToNobody([&] { return toldOf(FileBytes::read(path, 99)); }),
+    EXPECT_EQ(toldToNobody([&] { return reasonOf(FileBytes::read(path, 99)); }),
               path + ": cannot be read: Permission denied");
     ASSERT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
     ASSERT_EQ(chmod(qPrintable(path), 0644), 0);
-    EXPECT_EQ(contentsOf(path), "the old show");
+    EXPECT_EQ(contents(path), "the old show");
 }
 
 TEST(FileBytesLinux, ANameOf255BytesIsReplacedWhole)
@@ -79,14 +66,14 @@ TEST(FileBytesLinux, ANameOf255BytesIsReplacedWhole)
         ASSERT_EQ(chmod(qPrintable(path), 0640), 0);
         {
             const FullDisk disk(4096);
-            EXPECT_EQ(toldOf(FileBytes::write(path, QByteArray(1 << 20, 'x'))),
+            EXPECT_EQ(reasonOf(FileBytes::write(path, QByteArray(1 << 20, 'x'))),
                       path + ": cannot be written: " + FullDisk::reason());
         }
-        EXPECT_EQ(contentsOf(path), "the old show");
+        EXPECT_EQ(contents(path), "the old show");
 
         ASSERT_TRUE(FileBytes::write(path, "new")) << length;
 
-        EXPECT_EQ(contentsOf(path), "new");
+        EXPECT_EQ(contents(path), "new");
         struct stat status
         {};
         ASSERT_EQ(stat(qPrintable(path), &status), 0);
@@ -104,7 +91,7 @@ TEST(FileBytesLinux, ALinkToALongNameStaysALink)
 
     ASSERT_TRUE(FileBytes::write(folder.filePath("link"), "new"));
 
-    EXPECT_EQ(contentsOf(path), "new");
+    EXPECT_EQ(contents(path), "new");
     EXPECT_TRUE(QFileInfo(folder.filePath("link")).isSymLink());
 }
 

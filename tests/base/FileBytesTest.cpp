@@ -1,6 +1,7 @@
 #include "base/FileBytes.h"
 
 #include "tests/base/FullDisk.h"
+#include "tests/base/WrittenFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,20 +12,6 @@
 #include <iostream>
 #include <thread>
 #include <vector>
-
-namespace {
-QByteArray contents(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
-}
-
-template <typename Value>
-QString reasonOf(const Result<Value> &result)
-{
-    return result ? QString("done") : result.error().text;
-}
-} // namespace
 
 TEST(FileBytes, ComeBackAsTheyWereWritten)
 {

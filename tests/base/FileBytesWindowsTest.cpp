@@ -2,6 +2,7 @@
 
 #include "base/FileBytes.h"
 #include "base/System.h"
+#include "tests/base/WrittenFiles.h"
 
 #include <QDir>
 #include <QFile>
@@ -28,11 +29,6 @@ public:
 private:
     HANDLE m_handle;
 };
-
-QByteArray textIn(const QString &path)
-{
-    return FileBytes::read(path, 1 << 20).value_or("unreadable");
-}
 } // namespace
 
 TEST(FileBytesWindows, AFileThatAnotherProgramHoldsIsToldAndStays)
@@ -48,7 +44,7 @@ TEST(FileBytesWindows, AFileThatAnotherProgramHoldsIsToldAndStays)
         ASSERT_FALSE(written);
         EXPECT_EQ(written.error().text, path + ": cannot be written: another program has the file open; close it "
                                                "there and try again");
-        EXPECT_EQ(textIn(path), "the old show");
+        EXPECT_EQ(contents(path), "the old show");
         EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList{name});
     }
 }
@@ -81,7 +77,7 @@ TEST(FileBytesWindows, AReadOnlyFileIsToldAndStays)
     ASSERT_TRUE(SetFileAttributesW(path.toStdWString().c_str(), FILE_ATTRIBUTE_READONLY));
 
     EXPECT_EQ(FileBytes::write(path, "new").error().text, path + ": cannot be written: the file is read-only");
-    EXPECT_EQ(textIn(path), "the old show");
+    EXPECT_EQ(contents(path), "the old show");
     SetFileAttributesW(path.toStdWString().c_str(), FILE_ATTRIBUTE_NORMAL);
 }
 
@@ -97,8 +93,8 @@ TEST(FileBytesWindows, PathsBeyond260LettersInAnyScript)
     ASSERT_TRUE(FileBytes::write(path, "first"));
     ASSERT_TRUE(FileBytes::write(path, "second"));
 
-    EXPECT_EQ(textIn(path), "second");
-    EXPECT_EQ(textIn(QDir::toNativeSeparators(path)), "second");
+    EXPECT_EQ(contents(path), "second");
+    EXPECT_EQ(contents(QDir::toNativeSeparators(path)), "second");
     EXPECT_EQ(FileBytes::read(deep, 10).error().text, deep + ": this is a folder or a device, not a file");
     EXPECT_EQ(FileBytes::read(path + "x", 10).error().text, path + "x: there is no such file");
     EXPECT_EQ(QDir(deep).entryList(QDir::Files), QStringList{"Größe.Orv"});

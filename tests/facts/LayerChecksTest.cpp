@@ -95,8 +95,8 @@ TEST_F(LayerChecksTest, APictureThatIsMissingOrNotChosenIsAWarning)
     still->setImageURL(Address{"file://server/logo.png", {}});
     still->loadThumbnail();
     expectOne(LayerChecks::all(*still, output), "picture-missing", Level::Warning,
-              "The picture file://server/logo.png is not on this machine, and a show asks no other; copy it here and "
-              "choose it again.");
+              "The picture file://server/logo.png is not on this machine, and a show asks no other; it stays in the "
+              "show.");
 }
 
 TEST_F(LayerChecksTest, AChartNeedsNoFileAndOneThatCannotBeDrawnIsAWarning)

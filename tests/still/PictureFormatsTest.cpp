@@ -196,19 +196,20 @@ TEST_F(PictureFormats, OnlyWhatBeginsLikeAPictureIsTakenForOne)
 TEST_F(PictureFormats, AFormatThatHasNoReaderHereIsNamed)
 {
     const QList<QByteArray> without{"png", "jpg"};
-    const QString isNone = "it is no picture that can be read";
-    const auto why = [&](const QString &name, const QList<QByteArray> &readable) {
+    const auto obstacle = [&](const QString &name, const QList<QByteArray> &readable) {
         QFile file(folder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        return PictureFile::whyNone(file.fileName(), readable);
+        return PictureFile::obstacle(Address::fromLocalFile(file.fileName()), readable);
     };
-    const QString form = "it is a picture of the format %1, which this build does not show";
+    const QString form = "has the format %1, which this build does not show";
 
-    EXPECT_EQ(why("logo.svg", without), form.arg("SVG"));
-    EXPECT_EQ(why("LOGO.SVGZ", without), form.arg("SVG"));
-    EXPECT_EQ(why("logo.webp", without), form.arg("WebP"));
-    EXPECT_EQ(why("logo.tif", without), form.arg("TIFF"));
-    EXPECT_EQ(why("logo.svg", {"png", "svg"}), isNone);
-    EXPECT_EQ(why("logo.png", without), isNone);
-    EXPECT_EQ(PictureFile::whyNone(folder.filePath("gone.svg"), without), isNone);
+    EXPECT_EQ(obstacle("logo.svg", without), form.arg("SVG"));
+    EXPECT_EQ(obstacle("LOGO.SVGZ", without), form.arg("SVG"));
+    EXPECT_EQ(obstacle("logo.webp", without), form.arg("WebP"));
+    EXPECT_EQ(obstacle("logo.tif", without), form.arg("TIFF"));
+    EXPECT_EQ(obstacle("logo.svg", {"png", "svg"}), std::nullopt);
+    EXPECT_EQ(obstacle("logo.png", without), std::nullopt);
+    EXPECT_EQ(PictureFile::obstacle(Address::fromLocalFile(folder.filePath("gone.svg")), without), std::nullopt);
+    EXPECT_EQ(PictureFile::obstacle({"file://server/logo.png", {}}),
+              "is not on this machine, and a show asks no other");
 }
