@@ -11,6 +11,7 @@
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
+#include "still/PictureFile.h"
 
 namespace {
 /// The layers of one kind.
@@ -66,8 +67,10 @@ QString pictureOf(const LWStill &still)
     if (const auto chart = still.chart())
         return chartOf(*chart);
     const QSize size = still.thumbnail().size();
-    if (size.isEmpty())
-        return "The picture is missing. Choose it again.";
+    if (size.isEmpty()) {
+        const std::optional<QString> obstacle = PictureFile::obstacle(still.ImageURL());
+        return obstacle ? "The picture " + *obstacle + '.' : "The picture is missing. Choose it again.";
+    }
     const double scale = 100.0 * still.panelWidth() / size.width();
     return QString("%1 px, shown at %2 %").arg(NumberText::size(size)).arg(qRound(scale));
 }

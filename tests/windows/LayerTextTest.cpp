@@ -114,6 +114,15 @@ TEST_F(LayerTextTest, AWallThatIsTooLargeToBeDrawnIsTold)
     EXPECT_EQ(LayerText::warnings(*layer, output).size(), 2);
 }
 
+TEST_F(LayerTextTest, APictureThatIsNotShownSaysWhy)
+{
+    const auto still = LWStill::initWithimage(host, {});
+    still->setImageURL(Address::fromLocalFile("/gone/logo.png"));
+    EXPECT_EQ(LayerText::picture({still}), "The picture is missing. Choose it again.");
+    still->setImageURL({"file://server/logo.png", {}});
+    EXPECT_EQ(LayerText::picture({still}), "The picture is not on this machine, and a show asks no other.");
+}
+
 TEST_F(LayerTextTest, TheMostUrgentComesFirst)
 {
     const auto still = LWStill::initWithimage(host, {});
