@@ -81,7 +81,8 @@ QString PortSummary::shortage(const ShowPorts &ports, const ShowWiring::Shortage
     const QString model = ports.show.processors[shortage.processor].model;
     const QString over = counted(shortage.ports, "port") + " over";
     if (shortage.processors == 0)
-        return QString("%1: %2, and no number of %3 takes them").arg(who, over, model);
+        return QString("%1: %2, and no number of %3 takes %4")
+            .arg(who, over, model, shortage.ports == 1 ? "it" : "them");
     return QString("%1 %2 %3 more %4 (%5)")
         .arg(who, shortage.walls.size() == 1 ? "needs" : "need", NumberText::grouped(shortage.processors), model, over);
 }

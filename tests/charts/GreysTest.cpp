@@ -72,6 +72,9 @@ TEST(Field, IsOneColourAtOneLevel)
     EXPECT_EQ(pixel("field", White, {}, LevelRange::Narrow), qRgb(235, 235, 235));
     EXPECT_EQ(pixel("field", Red, 75, LevelRange::Full), qRgb(191, 0, 0));
     EXPECT_EQ(pixel("field", Cyan, 50, LevelRange::Narrow), qRgb(16, 126, 126));
+    EXPECT_EQ(pixel("field", Green, 100, LevelRange::Narrow), qRgb(16, 235, 16));
+    EXPECT_EQ(pixel("field", Blue, 50, LevelRange::Full), qRgb(0, 0, 128));
+    EXPECT_EQ(pixel("field", Magenta, 25, LevelRange::Full), qRgb(64, 0, 64));
     EXPECT_EQ(pixel("field", Black, 100, LevelRange::Full), qRgb(0, 0, 0));
     EXPECT_EQ(pixel("field", Yellow, 300, LevelRange::Full), qRgb(255, 255, 0));
     EXPECT_EQ(pixel("uniformity", Red, {}, LevelRange::Full), qRgb(128, 128, 128));

@@ -138,3 +138,16 @@ TEST_F(ShowCablesTest, APortOverItsLimitIsCounted)
     EXPECT_EQ(wired->over, 1);
     EXPECT_EQ(wired->text(), "A1 to A2, the fullest with 40,000 of 30,000 px");
 }
+
+TEST_F(ShowCablesTest, AWallWithoutPortsSaysWhy)
+{
+    const auto wall = add("hand");
+    EXPECT_EQ(WiredPorts::of(ports(), {0})->text(), "No panel hangs on a port.");
+    wall->setValue("split", "panels");
+    wall->setPattern(9);
+    EXPECT_EQ(WiredPorts::of(ports(), {0})->text(), "It has no path; choose a pattern.");
+    wall->setPattern(0);
+    wall->setCol(1001);
+    wall->setRow(1000);
+    EXPECT_EQ(WiredPorts::of(ports(), {0})->text(), "It has more panels than can be wired.");
+}

@@ -12,6 +12,13 @@ protected:
             runs[0].cells.push_back({column, 0});
         return runs;
     }
+    /// The show's one wall: a row of panels of that side, all on port A1.
+    void layRow(int columns, int side)
+    {
+        show.layers = {wallOf(host, columns, 1, side)};
+        show.layers[0]->setValue("processor", "A");
+        lay(show.layers[0], row("A", 1, columns - 1));
+    }
     std::vector<Finding> findings() const { return WiringChecks::of(ShowPorts::of(show)); }
 };
 } // namespace
@@ -184,4 +191,61 @@ TEST_F(WiringSentenceTest, CablesOfAMissingProcessorAreCounted)
     EXPECT_EQ(found(),
               QStringList{"error cable-of-unknown-processor: 2 cables hang on processor Z, which the show does "
                           "not have; add it or move the cables."});
+}
+
+TEST_F(WiringSentenceTest, APortWithTooManyPanelsOrTooLongAnOutlineNamesWhatCounts)
+{
+    show.processors[0] = controller("A", "VX1000");
+    layRow(513, 8);
+    EXPECT_EQ(found(), QStringList{"error port-over: Port A1 has 513 panels and carries 512; move panels to another "
+                                   "port."});
+
+    show.processors[0] = controller("A", "S20");
+    layRow(33, 128);
+    EXPECT_EQ(found(), QStringList{"error port-over: Port A1 has 4,224 pixels across and carries 4,096; move panels to "
+                                   "another port."});
+    show.layers.clear();
+    WallRuns column{{{"A", 1}, 1, {}}};
+    for (int line = 0; line < 33; ++line)
+        column[0].cells.push_back({0, line});
+    lay(add("HIGH", 1, 33), column);
+    EXPECT_EQ(found(), QStringList{"error port-over: Port A1 has 4,224 pixels down and carries 4,096; move panels to "
+                                   "another port."});
+}
+
+TEST_F(WiringSentenceTest, PortsThatNoNumberOfProcessorsTakesNeedAnotherModel)
+{
+    show.processors[0] = controller("A", "Tessera T1"); // which has one port, and a loop takes two
+    show.processors[0].backup = ProcessorSettings::Backup::Loop;
+    add("MAIN", 2, 1);
+    EXPECT_EQ(found(), (QStringList{"note port-without-partner: Port A1 has no partner for a loop and stays free.",
+                                    "error processors-missing: MAIN: 1 port over, and no number of Tessera T1 takes "
+                                    "it; choose another model."}));
+}
+
+TEST_F(WiringSentenceTest, LoopsNameTheirPortsAndLengths)
+{
+    show.processors[0] = controller("A", "Tessera S8");
+    show.processors[0].backup = ProcessorSettings::Backup::Loop;
+    const LayerPointer pair = add("PAIR", 2, 1);
+    lay(pair, {{{"A", 1}, 1, {{0, 0}}}, {{"A", 2}, 1, {{1, 0}}}});
+    EXPECT_EQ(found(), QStringList{"error loop-end-taken: The loop of port A1 ends on a port that feeds panels of its "
+                                   "own; free that port."});
+    layRow(51, 50);
+    EXPECT_EQ(found(),
+              QStringList{"warning loop-too-long: The loop of port A1 has 51 panels, and 50 are the most; make "
+                          "it shorter."});
+    show.processors[0].model = "Tessera T1";
+    layRow(4, 50);
+    EXPECT_EQ(found(), QStringList{"note port-without-partner: Port A1 has no partner for a loop and stays free."});
+}
+
+TEST_F(WiringSentenceTest, WhereNobodySaysHowManyPortsThereAreNoLoopIsClosed)
+{
+    show.processors[0] = controller("A", "P10 / P20 / Q8");
+    show.processors[0].backup = ProcessorSettings::Backup::Loop;
+    show.processors[0].capacity = 650'000;
+    lay(add("MAIN", 2, 1), row("A", 1, 1));
+    EXPECT_EQ(found(), QStringList{"warning loops-impossible: Nobody says how many ports a P10 / P20 / Q8 has, so "
+                                   "processor A closes no loops; choose no backup or another model."});
 }

@@ -154,6 +154,13 @@ TEST(ProcessorCatalogue, WhatIsWrongInAFileIsNamed)
               "processor 1: \"x\" is none of the capacity models; name one that is there.");
     EXPECT_EQ(errorOf(ownFile("\"ports\": 3", "\"ports\": 0.5")),
               "processor 1: \"ports\" must be a whole number, 1 to 10000.");
+    EXPECT_EQ(errorOf(ownFile("\"source\": \"mine\", \"canvas\"", "\"source\": [7], \"canvas\"")),
+              "processor 1: \"source\" holds something that is no text.");
+    EXPECT_EQ(errorOf(ownFile("[1920, 1080]", "1920")), "processor 1: \"canvas\" is no list.");
+    EXPECT_EQ(errorOf(ownFile("{\"kind\": \"pixels\", \"pixels\": 1400000}", "1400000")),
+              "processor 1: \"deviceCap\" is no object.");
+    EXPECT_EQ(errorOf(ownFile("\"processors\"", "\"rules\": {\"mine\": {\"rectangle\": 1}}, \"processors\"")),
+              "rules \"mine\": \"rectangle\" is neither true nor false.");
     EXPECT_EQ(errorOf(ownFile("500000", "-1")),
               "capacity model \"mine-1g\": published: \"pixels\" must be a whole number, 1 to 1000000000000.");
     EXPECT_EQ(errorOf(ownFile("[1920, 1080]", "[[1920]]")), "processor 1: \"canvas\" is no list of width and height.");
