@@ -22,6 +22,9 @@ protected:
         document.nextPort = [this](const QString &name, const LayerPointer &) { return PortName{name, ++m_lastPort}; };
         view.setTool(CanvasToolName::Data);
         view.setFocus();
+        QPalette colours = view.palette();
+        colours.setColor(QPalette::BrightText, warning);
+        view.setPalette(colours);
     }
 
     static ProcessorSettings processor(const QString &name)
@@ -51,9 +54,21 @@ protected:
             cells.push_back({x, y});
         return cells;
     }
+    bool shows(const QColor &colour)
+    {
+        const QImage picture = seen();
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                if (picture.pixelColor(x, y) == colour)
+                    return true;
+            }
+        }
+        return false;
+    }
     QStringList edits() const { return document.calls.filter("finishEdit"); }
 
     LWScreen &screen;
+    const QColor warning{250, 120, 10};
 
 private:
     qint64 m_lastPort = 0;
@@ -307,24 +322,37 @@ TEST_F(DataToolOfCanvas, AltKeepsTheTool)
 
 TEST_F(DataToolOfCanvas, ReadsOutTheLimitInTheColourOfWarnings)
 {
-    const QColor warning(250, 120, 10);
-    QPalette colours = view.palette();
-    colours.setColor(QPalette::BrightText, warning);
-    view.setPalette(colours);
-    const auto warns = [&] {
-        const QImage picture = seen();
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x) {
-                if (picture.pixelColor(x, y) == warning)
-                    return true;
-            }
-        }
-        return false;
-    };
     press(panel(0, 0));
     moveTo(panel(3, 0));
-    EXPECT_FALSE(warns());
+    EXPECT_FALSE(shows(warning));
     moveTo(panel(7, 0));
-    EXPECT_TRUE(warns());
+    EXPECT_TRUE(shows(warning));
     release(panel(7, 0));
+    EXPECT_TRUE(shows(warning)); // and goes on saying so where the pointer rests
+    moveTo(panel(7, 4), {});
+    EXPECT_FALSE(shows(warning));
+}
+
+TEST_F(DataToolOfCanvas, OutlinesAndNamesThePanelUnderThePointer)
+{
+    const QImage plain = seen();
+    const auto marks = [&] { return seen() != plain; };
+    moveTo(panel(2, 2), {});
+    EXPECT_TRUE(marks());
+    moveTo(QPointF(600, 300), {}); // no wall is there
+    EXPECT_FALSE(marks());
+}
+
+TEST_F(DataToolOfCanvas, APressOnAnotherWallSelectsIt)
+{
+    LWScreen &other = addWall({1200, 0, 128, 128});
+    press(QPointF(1264, 64) / 3);
+    EXPECT_EQ(document.selectedLayer().get(), &other);
+    release(QPointF(1264, 64) / 3);
+}
+
+TEST_F(DataToolOfCanvas, ADragBesideTheWallEndsAtItsLastPanel)
+{
+    dragOver({panel(6, 4), panel(7, 4), QPointF(600, 340)});
+    EXPECT_EQ(runsOf(screen), (WallRuns{{{"A", 1}, 1, row(6, 7, 4)}}));
 }
