@@ -5,6 +5,8 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QRegularExpression>
+#include <QSet>
 
 #include <cmath>
 
@@ -32,15 +34,17 @@ double coverage(const QPixmap &sign, const QColor &colour)
 
 TEST(Icons, EverySignHasPixelsInItsColourAtEverySizeAndScale)
 {
-    const QStringList files = QDir(":/icons").entryList();
-    EXPECT_GE(files.size(), 20);
-    for (const QString &file : files) {
+    QSet<QString> names; // as they are drawn when they are shown, or in pictures of several sizes
+    for (const QString &file : QDir(":/icons").entryList())
+        names.insert(QString(file).remove(QRegularExpression("(-\\d+)?\\.[a-z]+$")));
+    EXPECT_GE(names.size(), 20);
+    for (const QString &name : names) {
         for (const int size : {16, 20}) {
             for (const qreal ratio : {1.0, 1.5, 2.0}) {
-                const QPixmap sign = Icons::pixmap(QString(file).remove(".svg"), size, Theme::warning, ratio);
-                EXPECT_EQ(sign.size(), QSize(1, 1) * int(size * ratio)) << qPrintable(file);
-                EXPECT_EQ(sign.deviceIndependentSize(), QSizeF(size, size)) << qPrintable(file);
-                EXPECT_GT(coverage(sign, Theme::warning), 8) << qPrintable(file) << " at " << size << " x " << ratio;
+                const QPixmap sign = Icons::pixmap(name, size, Theme::warning, ratio);
+                EXPECT_EQ(sign.size(), QSize(1, 1) * int(size * ratio)) << qPrintable(name);
+                EXPECT_EQ(sign.deviceIndependentSize(), QSizeF(size, size)) << qPrintable(name);
+                EXPECT_GT(coverage(sign, Theme::warning), 8) << qPrintable(name) << " at " << size << " x " << ratio;
             }
         }
     }

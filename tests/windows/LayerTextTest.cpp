@@ -4,6 +4,8 @@
 #include "still/LWStill.h"
 #include "tests/screen/TestHost.h"
 
+#include <QDir>
+
 #include <gtest/gtest.h>
 #include <limits>
 
@@ -126,9 +128,10 @@ TEST_F(LayerTextTest, APictureThatIsNotShownSaysWhy)
 TEST_F(LayerTextTest, TheMostUrgentComesFirst)
 {
     const auto still = LWStill::initWithimage(host, {});
-    still->setImageURL(Address::fromLocalFile("/gone/logo.png"));
+    const QString gone = QDir::temp().filePath("gone/logo.png");
+    still->setImageURL(Address::fromLocalFile(gone));
     EXPECT_EQ(LayerText::warnings(*still, output),
-              QStringList("The picture /gone/logo.png is missing or cannot be read; choose it again."));
+              QStringList(QString("The picture %1 is missing or cannot be read; choose it again.").arg(gone)));
     still->setPanelWidth(40);
     still->setPanelHeight(30);
     still->setXpoint(1920);

@@ -81,7 +81,7 @@ TEST_F(MainWindowFilesTest, ACancelledPanelChangesNothing)
 
 TEST_F(MainWindowFilesTest, ADamagedFileIsAnAlertAndChangesNothing)
 {
-    const QString file = greenProject("broken <b>.Orv");
+    const QString file = greenProject("broken.Orv");
     writeFile(file, bytesOf(file).left(200));
     pressControl(Qt::Key_O, {entering(file), readingAndPressing("OK")});
 
@@ -102,10 +102,10 @@ TEST_F(MainWindowFilesTest, AFileHandedOverBeforeTheLaunchIsOpened)
 TEST_F(MainWindowFilesTest, AMissingFileAtTheLaunchIsAnAlertOverTheFirstWall)
 {
     MainWindow second;
-    EXPECT_TRUE(second.applicationOpenFile(path("nowhere.Orv")));
+    EXPECT_TRUE(second.applicationOpenFile(path("nowhere <b>.Orv")));
     answer([&] { second.start(); }, {readingAndPressing("OK")});
 
-    EXPECT_TRUE(said.startsWith("Cannot open " + path("nowhere.Orv") + ": ")) << qPrintable(said);
+    EXPECT_TRUE(said.startsWith("Cannot open " + path("nowhere <b>.Orv") + ": ")) << qPrintable(said);
     EXPECT_TRUE(second.isVisible());
     expectFirstDocument(second);
 }
