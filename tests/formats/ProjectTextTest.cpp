@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -174,8 +173,8 @@ TEST_F(ProjectTextTest, AddressesKeepTheirForm)
 TEST_F(ProjectTextTest, APathBecomesAFileAddressAndABarePathOfAnArchiveStaysOne)
 {
     const LayerPointer still = onlyLayer("LWStill", R"("ImageURL": "/show/50 % plate.png")");
-    // With its drive where there are drives.
-    const QString place = QUrl::fromLocalFile(QFileInfo("/show").absoluteFilePath()).toString();
+    // On the drive of the file where there are drives.
+    const QString place = QUrl::fromLocalFile(QDir(folder.path()).absoluteFilePath("/show")).toString();
     EXPECT_EQ(still->property("ImageURL").value<Address>(), (Address{place + "/50%20%25%20plate.png", {}}));
 
     const auto bare = std::make_shared<LWStill>(host);

@@ -84,13 +84,14 @@ void WindowFixture::resizeTo(const QSize &size)
 
 void WindowFixture::answer(const std::function<void()> &act, const std::vector<Answer> &answers)
 {
+    const QWidget *before = QApplication::activeModalWidget(); // stays behind what comes up
     std::size_t next = 0;
     bool isBusy = false;
     QTimer person;
     QObject::connect(&person, &QTimer::timeout, &person, [&] {
         QWidget *dialog = QApplication::activeModalWidget();
         const auto *progress = qobject_cast<ProgressDialog *>(dialog);
-        if (!dialog || isBusy || (progress && progress->isCancelled())) // that one goes by itself
+        if (!dialog || dialog == before || isBusy || (progress && progress->isCancelled())) // that one goes by itself
             return;
         if (next < answers.size()) {
             const QScopedValueRollback guard(isBusy, true);
