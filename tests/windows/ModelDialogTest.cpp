@@ -62,6 +62,7 @@ protected:
     {
         return *dialog.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
     }
+    QString told() { return window.findChild<QLabel *>(PowerBar::messageName)->accessibleName(); }
     static void describe(ModelDialog &dialog, const QString &name)
     {
         type(dialog, "Name of the model", name);
@@ -96,6 +97,25 @@ TEST_F(ModelDialogTest, AModelThatWasDescribedFeedsTheShowAndIsOfferedFromThenOn
     EXPECT_TRUE(document.wiring().processors().empty());
 }
 
+TEST_F(ModelDialogTest, WhatIsTakenBackInAFieldIsNoDescription)
+{
+    ModelDialog &dialog = opened();
+    describe(dialog, "Box");
+    type(dialog, "Pixels per port", "5x");
+    EXPECT_FALSE(ok(dialog).isEnabled());
+    type(dialog, "Pixels per port", "600000");
+    EXPECT_TRUE(ok(dialog).isEnabled());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); // there was none before
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.description().pixels, 0);
+    EXPECT_FALSE(ok(dialog).isEnabled());
+
+    type(dialog, "Panels per port", "12");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    type(dialog, "Panels per port", "70x");
+    EXPECT_EQ(dialog.description().maxPanelsPerPort, 12);
+}
+
 TEST_F(ModelDialogTest, ANameThatIsThereIsToldAndAddsNothing)
 {
     ModelDialog &dialog = opened();
@@ -103,6 +123,17 @@ TEST_F(ModelDialogTest, ANameThatIsThereIsToldAndAddsNothing)
     QTest::mouseClick(&ok(dialog), Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_TRUE(document.wiring().processors().empty());
-    EXPECT_EQ(window.findChild<QLabel *>(PowerBar::messageName)->accessibleName(),
-              "There is a model \"MX40 Pro\" already; choose another name.");
+    EXPECT_EQ(told(), "There is a model \"MX40 Pro\" already; choose another name.");
+}
+
+TEST_F(ModelDialogTest, AFileThatHoldsNoModelIsToldWhenTheOthersAreListed)
+{
+    const QString file = OwnModels::standardPath() + "/broken.json";
+    ASSERT_TRUE(QDir().mkpath(OwnModels::standardPath()));
+    QFile broken(file);
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("{}");
+    broken.close();
+    EXPECT_EQ(ownEntries().size(), 2);
+    EXPECT_TRUE(told().startsWith(file + " is no model of a processor: ")) << qPrintable(told());
 }

@@ -20,7 +20,7 @@ protected:
         settings.model = "MX40 Pro";
         settings.card = "other";
         dialog = std::make_unique<ProcessorDialog>(settings, QStringList{"B"}, window);
-        dialog->show();
+        dialog->open();
     }
 
     QComboBox &box(const QString &name)
@@ -35,6 +35,14 @@ protected:
     {
         box(name).setCurrentIndex(index);
         emit box(name).activated(index);
+    }
+    NumberField &field(const QString &name)
+    {
+        for (NumberField *found : dialog->findChildren<NumberField *>()) {
+            if (found->accessibleName() == name)
+                return *found;
+        }
+        qFatal("there is no such field");
     }
     QString said(const QString &name)
     {
@@ -82,6 +90,72 @@ TEST_F(ProcessorDialogTest, AnotherModelHasItsOwnDepths)
     EXPECT_EQ(box("Receiving card").itemText(0), "Makes no difference");
     EXPECT_EQ(box("Colour depth").count(),
               static_cast<int>(ProcessorCatalogue::builtIn().model("VX1000")->bits.size()));
+}
+
+TEST_F(ProcessorDialogTest, DepthCardAndLowLatencyChangeWhatAPortCarries)
+{
+    choose("Colour depth", 1);
+    EXPECT_EQ(dialog->settings().bits, 10);
+    EXPECT_EQ(said("Pixels per port"), "329,861 px per port, as printed.");
+    choose("Receiving card", box("Receiving card").findData("A10s Pro, A8s Pro"));
+    EXPECT_EQ(dialog->settings().card, "A10s Pro, A8s Pro");
+    EXPECT_EQ(said("Pixels per port"), "494,791 px per port, as printed.");
+
+    choose("Model", box("Model").findData("Tessera SX40"));
+    choose("Colour depth", 0);
+    QTest::mouseClick(dialog->findChild<QCheckBox *>(), Qt::LeftButton, {}, QPoint(8, 8));
+    EXPECT_TRUE(dialog->settings().lowLatency);
+    EXPECT_EQ(said("Pixels per port"), "525,000 px per port, as printed; 262,500 px are left of them.");
+}
+
+TEST_F(ProcessorDialogTest, HeadroomIsTakenFromThePort)
+{
+    type(field("Headroom"), "5");
+    EXPECT_EQ(dialog->settings().headroom, 5);
+    EXPECT_EQ(said("Pixels per port"), "659,722 px per port, as printed; 626,735 px are left of them.");
+}
+
+TEST_F(ProcessorDialogTest, SaysOfEachFigureWhereItIsFrom)
+{
+    box("Frame rate").setEditText("100");
+    EXPECT_EQ(said("Pixels per port"), "395,833 px per port, from the bandwidth.");
+    type(field("Pixels per port, typed"), "500000");
+    EXPECT_EQ(dialog->settings().capacity, 500'000);
+    EXPECT_EQ(said("Pixels per port"), "500,000 px per port, typed by hand.");
+    EXPECT_EQ(said("Source of the figure"), "");
+    type(field("Pixels per port, typed"), "0");
+    choose("Model", box("Model").findData("HELIOS 8K"));
+    box("Frame rate").setEditText("55");
+    EXPECT_EQ(said("Pixels per port"), "482,000 px per port, as printed for a higher rate.");
+    EXPECT_TRUE(said("Source of the figure").startsWith("Source: ")) << qPrintable(said("Source of the figure"));
+}
+
+TEST_F(ProcessorDialogTest, WhatIsTakenBackInAFieldCountsNoLonger)
+{
+    QApplication::processEvents(); // the main window comes first
+    dialog->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(dialog.get()));
+    NumberField &headroom = field("Headroom");
+    type(headroom, "12");
+    QTest::keyClick(&headroom, Qt::Key_Escape);
+    EXPECT_EQ(headroom.text(), "0 %");
+    EXPECT_EQ(dialog->settings().headroom, 0);
+    EXPECT_EQ(said("Pixels per port"), "659,722 px per port, as printed.");
+
+    type(headroom, "150"); // is 15 on the way there
+    EXPECT_EQ(dialog->settings().headroom, 0);
+    type(headroom, "20");
+    EXPECT_TRUE(headroom.hasFocus());
+    QTest::keyClick(&headroom, Qt::Key_Tab);
+    type(headroom, "30*");
+    QTest::keyClick(&headroom, Qt::Key_Tab);
+    EXPECT_EQ(dialog->settings().headroom, 20);
+
+    NumberField &capacity = field("Pixels per port, typed");
+    type(capacity, "500000");
+    QTest::keyClick(&capacity, Qt::Key_Escape);
+    EXPECT_EQ(dialog->settings().capacity, 0);
+    EXPECT_TRUE(dialog->isVisible());
 }
 
 TEST_F(ProcessorDialogTest, ANameIsNeededAndIsItsOwn)

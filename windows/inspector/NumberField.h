@@ -33,6 +33,9 @@ public:
     /// Shows that there are several values; only what is typed from then on counts.
     void showMixed();
 
+    /// The value that counts: the last that was told, or the one before the entry where that was taken back.
+    int taken() const { return m_value; }
+
     void stepBy(int steps) override;
     /// Room for the numbers of a wall, not for those of the whole range.
     QSize minimumSizeHint() const override { return {leastWidth, QSpinBox::minimumSizeHint().height()}; }

@@ -54,8 +54,10 @@ ModelDialog::ModelDialog(QWidget &window) : QDialog(&window)
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     column->addWidget(buttons);
     connect(m_name, &QLineEdit::textChanged, this, &ModelDialog::refresh);
-    connect(m_ports, &NumberField::edited, this, &ModelDialog::refresh);
-    connect(m_pixels, &NumberField::edited, this, &ModelDialog::refresh);
+    for (const NumberField *field : {m_ports, m_pixels}) {
+        connect(field, &NumberField::edited, this, &ModelDialog::refresh);
+        connect(field, &NumberField::takenBack, this, &ModelDialog::refresh);
+    }
     setMinimumWidth(leastFormWidth);
     refresh();
 }
@@ -63,10 +65,10 @@ ModelDialog::ModelDialog(QWidget &window) : QDialog(&window)
 OwnModel::Description ModelDialog::description() const
 {
     return {.name = m_name->text().trimmed(),
-            .ports = m_ports->value(),
-            .pixels = m_pixels->value(),
+            .ports = m_ports->taken(),
+            .pixels = m_pixels->taken(),
             .isRectangle = m_isRectangle->isChecked(),
-            .maxPanelsPerPort = m_panels->value()};
+            .maxPanelsPerPort = m_panels->taken()};
 }
 
 void ModelDialog::refresh()

@@ -177,20 +177,25 @@ void ProcessorDialog::addFigures(QFormLayout &form)
     m_headroom->setAccessibleName("Headroom");
     m_headroom->setToolTip("What stays free on each port");
     m_headroom->show(m_settings.headroom);
-    connect(m_headroom, &NumberField::edited, this, [this](int value) {
-        m_settings.headroom = value;
-        refresh();
-    });
+    follow(*m_headroom, [this](int value) { m_settings.headroom = value; });
     form.addRow("Headroom", m_headroom);
     m_capacity = new NumberField(0, std::numeric_limits<int>::max(), "px");
     m_capacity->setAccessibleName("Pixels per port, typed");
     m_capacity->setToolTip("Counts instead of the model's figure; 0: none is typed");
     m_capacity->show(static_cast<int>(m_settings.capacity));
-    connect(m_capacity, &NumberField::edited, this, [this](int value) {
-        m_settings.capacity = value;
-        refresh();
-    });
+    follow(*m_capacity, [this](int value) { m_settings.capacity = value; });
     form.addRow("Typed figure", m_capacity);
+}
+
+/// Also to the value before an entry that is taken back.
+void ProcessorDialog::follow(const NumberField &field, const std::function<void(int)> &take)
+{
+    const auto takeAndShow = [this, &field, take] {
+        take(field.taken());
+        refresh();
+    };
+    connect(&field, &NumberField::edited, this, takeAndShow);
+    connect(&field, &NumberField::takenBack, this, takeAndShow);
 }
 
 void ProcessorDialog::takeModel(const QString &name)
@@ -274,9 +279,6 @@ QString ProcessorDialog::sourceText() const
     const auto capacity = PortCapacity::of(m_settings);
     if (!capacity || !capacity->model)
         return {};
-    const auto &sources = catalogueOf(m_settings).sources();
-    const auto source = sources.find(capacity->model->source);
-    if (source == sources.end())
-        return {};
-    return QString("Source: %1 (grade %2).").arg(source->second.title, source->second.grade);
+    const FigureSource &source = catalogueOf(m_settings).sources().at(capacity->model->source);
+    return QString("Source: %1 (grade %2).").arg(source.title, source.grade);
 }

@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+#include <functional>
 #include <vector>
 
 class NumberField;
@@ -34,6 +35,7 @@ private:
     void addCard(QFormLayout &form);
     void addBackup(QFormLayout &form);
     void addFigures(QFormLayout &form);
+    void follow(const NumberField &field, const std::function<void(int)> &take);
 
     void takeModel(const QString &name);
     /// What the model has to choose from.
