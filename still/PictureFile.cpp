@@ -122,6 +122,7 @@ Small small(const QString &path, const QSize &most, qint64 mostPixels)
     if (!DrawingCheck::isHarmless(bytes))
         return {};
     QBuffer buffer(&bytes);
+    QImageReader::setAllocationLimit(mostMemory);
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     const QSize size = reader.size();

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -282,4 +283,27 @@ TEST_F(MainWindowFilesTest, ThePanelForPicturesShowsThemInSmall)
               EXPECT_TRUE(preview->pixmap().isNull());
               panel.close();
           }});
+}
+
+TEST_F(MainWindowFilesTest, APictureThatIsTooLargeForAPreviewSaysHowLargeItIs)
+{
+    PicturePreview preview;
+    QImage picture(8001, 8000, QImage::Format_Mono); // 64 million pixels are shown
+    picture.fill(0);
+    ASSERT_TRUE(picture.save(path("large.png")));
+    preview.showFile(path("large.png"));
+    EXPECT_EQ(preview.text(), "8,001 × 8,000 px, too large for a preview");
+    EXPECT_EQ(preview.toolTip(), "8,001 × 8,000 px");
+}
+
+TEST_F(MainWindowFilesTest, APictureHasItsPreviewBeforeAnyOtherWasRead)
+{
+    QImageReader::setAllocationLimit(128); // MiB, as at the start
+    PicturePreview preview;
+    QImage picture(5900, 5900, QImage::Format_Mono);
+    picture.fill(1);
+    ASSERT_TRUE(picture.save(path("large.png")));
+    preview.showFile(path("large.png"));
+    EXPECT_EQ(preview.text(), "");
+    EXPECT_EQ(preview.pixmap().deviceIndependentSize(), QSizeF(200, 200));
 }
