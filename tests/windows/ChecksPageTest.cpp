@@ -253,3 +253,24 @@ TEST_F(ChecksPageTest, RowsHaveNoHeads)
     EXPECT_FALSE(checks().model()->headerData(4, Qt::Vertical).isValid());
     EXPECT_EQ(checks().model()->headerData(2, Qt::Horizontal), "What");
 }
+
+TEST_F(ChecksPageTest, WhatIsFoundAgainLeavesTheRowsAsTheyAre)
+{
+    open();
+    makeWrong();
+    rest();
+    clickRow(1);
+    const QSignalSpy resets(checks().model(), &QAbstractItemModel::modelReset);
+    document.setValue(17, "arrangedObjects.powerOnCell"); // none of the checks minds
+    rest();
+    ASSERT_EQ(checks().model()->rowCount(), 2);
+    EXPECT_EQ(resets.size(), 0);
+    EXPECT_EQ(checks().currentIndex().row(), 1);
+    layer(1)->setLabel("LEFT"); // a wall by another name is another row
+    document.finishEdit("name");
+    rest();
+    EXPECT_EQ(resets.size(), 1);
+    EXPECT_EQ(cell(0, ChecksModel::Where), "LEFT");
+    EXPECT_EQ(checks().model()->headerData(ChecksModel::Where, Qt::Horizontal, Qt::ToolTipRole),
+              "The layer, its panel and the port");
+}

@@ -3,13 +3,17 @@
 #include "canvas/LWCanvasImageView.h"
 #include "tests/app/RedrawGate.h"
 #include "tests/windows/PortsFixture.h"
+#include "windows/PowerBar.h"
 #include "windows/Theme.h"
+#include "windows/ports/ProcessorDialog.h"
 #include "windows/tables/RowTable.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
 #include <QTableView>
@@ -36,6 +40,40 @@ protected:
         click(pane(), "Ports");
         QApplication::processEvents();
     }
+    /// Clicks through the menu of the button "Processors".
+    void chooseProcessor(const QStringList &titles)
+    {
+        for (QPushButton *button : pane().findChildren<QPushButton *>()) {
+            if (!button->menu())
+                continue;
+            QTimer::singleShot(0, button, [button, titles] {
+                QMenu *menu = button->menu();
+                for (const QString &title : titles)
+                    menu = enter(*menu, title);
+                button->menu()->close();
+            });
+            QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QApplication::processEvents();
+    }
+    /// Returns the menu below the entry, else the same one.
+    static QMenu *enter(QMenu &menu, const QString &title)
+    {
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&menu));
+        for (QAction *action : menu.actions()) {
+            if (action->text() != title)
+                continue;
+            const QPoint place = menu.actionGeometry(action).center();
+            QTest::mouseMove(&menu, place); // opens what is below it
+            if (!action->menu() || !action->menu()->isVisible())
+                QTest::mouseClick(&menu, Qt::LeftButton, {}, place);
+            return action->menu() ? action->menu() : &menu;
+        }
+        ADD_FAILURE() << qPrintable(title);
+        return &menu;
+    }
+    ProcessorDialog &settings() { return *window.findChild<ProcessorDialog *>(); }
+    qint64 firstPort(qsizetype row) { return layer(row)->value("firstPort").toLongLong(); }
     void clickRow(int row)
     {
         const QRect place = ports().visualRect(ports().model()->index(row, PortsModel::Port));
@@ -187,32 +225,6 @@ TEST_F(PortsPageTest, ItsMenuLeavesNothingBehindHoweverOftenItComesUp)
 TEST_F(PortsPageTest, ItsMenuAddsAProcessorAndTakesItAwayAgain)
 {
     choosePorts();
-    const auto chooseProcessor = [this](const QStringList &titles) {
-        for (QPushButton *button : pane().findChildren<QPushButton *>()) {
-            if (!button->menu())
-                continue;
-            QTimer::singleShot(0, button, [button, titles] {
-                QMenu *menu = button->menu();
-                for (const QString &title : titles) {
-                    EXPECT_TRUE(QTest::qWaitForWindowExposed(menu));
-                    for (QAction *action : menu->actions()) {
-                        if (action->text() != title)
-                            continue;
-                        const QPoint place = menu->actionGeometry(action).center();
-                        QTest::mouseMove(menu, place); // opens what is below it
-                        if (!action->menu() || !action->menu()->isVisible())
-                            QTest::mouseClick(menu, Qt::LeftButton, {}, place);
-                        if (action->menu())
-                            menu = action->menu();
-                        break;
-                    }
-                }
-                button->menu()->close();
-            });
-            QTest::mouseClick(button, Qt::LeftButton);
-        }
-        QApplication::processEvents();
-    };
     chooseProcessor({"NovaStar COEX", "MX40 Pro"});
     ASSERT_EQ(document.wiring().processors().size(), 1);
     EXPECT_EQ(document.wiring().processors()[0].name, "A");
@@ -264,4 +276,76 @@ TEST_F(PortsPageTest, ItIsWholeInTheSmallestWindow)
     resizeTo({640, 400});
     EXPECT_GE(ports().viewport()->height(), 20);
     EXPECT_TRUE(window.rect().contains(QRect(pane().mapTo(&window, QPoint()), pane().size())));
+}
+
+TEST_F(PortsPageTest, TheSettingsOfAProcessorAreAskedForAndChangedAsOneStep)
+{
+    addProcessor();
+    addProcessor("VX1000");
+    choosePorts();
+    chooseProcessor({"Settings of A, MX40 Pro..."});
+    EXPECT_EQ(settings().windowTitle(), "Processor A");
+    type(*settings().findChild<NumberField *>(), "10");
+    const int steps = document.undoStack().index();
+    click(settings(), "OK");
+    QApplication::processEvents();
+    EXPECT_EQ(document.wiring().processors()[0].headroom, 10);
+    EXPECT_EQ(document.wiring().processors()[1].headroom, 0);
+    EXPECT_EQ(document.undoStack().index(), steps + 1);
+    EXPECT_EQ(cell(0, PortsModel::Used), "111 %"); // 655,360 of 593,749 px
+    undo();
+    EXPECT_EQ(document.wiring().processors()[0].headroom, 0);
+}
+
+TEST_F(PortsPageTest, SettingsThatAreCancelledOrNamedAsAnotherChangeNothing)
+{
+    addProcessor();
+    addProcessor("VX1000");
+    choosePorts();
+    const int steps = document.undoStack().index();
+    chooseProcessor({"Settings of B, VX1000..."});
+    EXPECT_EQ(settings().windowTitle(), "Processor B");
+    auto &name = *settings().findChild<QLineEdit *>();
+    name.selectAll();
+    QTest::keyClicks(&name, "A"); // the other one is
+    EXPECT_FALSE(settings().findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok)->isEnabled());
+    click(settings(), "Cancel");
+    EXPECT_EQ(document.undoStack().index(), steps);
+    EXPECT_EQ(document.wiring().processors()[1].name, "B");
+}
+
+TEST_F(PortsPageTest, ThePortsOfAllWallsAreKept)
+{
+    addProcessor();
+    choosePorts();
+    chooseProcessor({"Keep the ports of all walls"});
+    EXPECT_EQ(firstPort(0), 1);
+    EXPECT_EQ(firstPort(1), 6);
+    undo();
+    EXPECT_EQ(firstPort(0), 0);
+    EXPECT_EQ(firstPort(1), 0);
+    layer(1)->setValue("firstPort", 3);
+    document.finishEdit("first port");
+    chooseProcessor({"Keep the ports of all walls"});
+    EXPECT_EQ(window.findChild<QLabel *>(PowerBar::messageName)->accessibleName(),
+              "The ports of MAIN do not follow each other; take its cables as yours to keep them.");
+}
+
+TEST_F(PortsPageTest, TheBarOfAPortThatIsOverIsRed)
+{
+    layer(1)->setPixelLimit(30'000); // less than a row of panels has
+    document.finishEdit("limit");
+    choosePorts();
+    const auto barAt = [this](int row) {
+        const QModelIndex used = ports().model()->index(row, PortsModel::Used);
+        ports().scrollTo(used);
+        const QRect place = ports().visualRect(used);
+        return ports().viewport()->grab().toImage().pixelColor(place.left() + 6, place.bottom() - 1);
+    };
+    ASSERT_EQ(cell(5, PortsModel::Used), "328 %");
+    EXPECT_EQ(barAt(5), Theme::danger);
+    EXPECT_EQ(barAt(0), Theme::warning); // full
+    layer(1)->setPixelLimit(100'000);
+    document.finishEdit("limit");
+    EXPECT_EQ(cell(5, PortsModel::Used), "98 %");
 }

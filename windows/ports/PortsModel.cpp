@@ -37,9 +37,9 @@ const char *nameOf(RuleCost::Rule rule)
     case RuleCost::Rule::Headroom:
         return "headroom";
     case RuleCost::Rule::PanelCount:
-        return "panels per port";
+        break;
     }
-    return "";
+    return "panels per port";
 }
 
 QString costOf(const PortRow &row)
