@@ -5,6 +5,7 @@
 #include "windows/CanvasPane.h"
 #include "windows/LayerTable.h"
 #include "windows/ListsPane.h"
+#include "windows/OutputPreview.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -150,6 +151,18 @@ TEST_F(MainWindowMenusTest, RecentProjectsOpenAgain)
     answer([&] { recent.actions().first()->trigger(); }, {readingAndPressing("OK")});
     EXPECT_TRUE(said.startsWith("Cannot open " + path("a&b.Orv"))) << qPrintable(said);
     EXPECT_FALSE(Settings::recentFiles().contains(path("a&b.Orv")));
+}
+
+TEST_F(MainWindowMenusTest, WithoutRecentProjectsTheMenuSaysSo)
+{
+    QMenu &recent = submenu(window, "Open recent");
+    emit recent.aboutToShow();
+    EXPECT_EQ(titles(recent), QStringList("No recent projects"));
+    EXPECT_FALSE(recent.actions().first()->isEnabled());
+    window.document().openProjectPre(greenProject("show.Orv"));
+    emit recent.aboutToShow();
+    EXPECT_EQ(titles(recent), QStringList("show.Orv"));
+    EXPECT_TRUE(recent.actions().first()->isEnabled());
 }
 
 TEST_F(MainWindowMenusTest, TheWindowComesBackInItsSize)
@@ -300,6 +313,9 @@ TEST_F(MainWindowMenusTest, TheViewMenuTicksToolAndPreview)
     EXPECT_EQ(ticked(), "Arrange tool, Output preview");
     choose({"View", "Output preview"});
     EXPECT_EQ(ticked(), "Arrange tool");
+    choose({"View", "Output preview"});
+    EXPECT_EQ(ticked(), "Arrange tool, Output preview");
+    EXPECT_EQ(window.findChildren<OutputPreview *>().size(), 1); // the same one as before
 }
 
 TEST_F(MainWindowMenusTest, TitlesHaveOneCapital)
