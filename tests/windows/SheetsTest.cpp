@@ -116,3 +116,24 @@ TEST_F(SheetsTest, ThePreviewShowsTheOutputAndFollowsIt)
     const QImage picture = previewed();
     EXPECT_EQ(picture.pixelColor(12 + 100 * (picture.width() - 24) / 1920, picture.height() / 2), QColor(0, 0, 255));
 }
+
+TEST_F(SheetsTest, ThePreviewStandsBesideTheWindowWhereThereIsRoom)
+{
+    const auto placeBeside = [this](const QPoint &corner, int width) {
+        QWidget other;
+        other.setGeometry(QRect(corner, QSize(width, 100)));
+        other.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&other));
+        OutputPreview preview(window.desk().shown(), &other);
+        preview.showInWindow();
+        const QRect frame = other.frameGeometry();
+        EXPECT_EQ(preview.width(), 533);
+        return std::pair(preview.pos(), frame);
+    };
+    ASSERT_EQ(window.screen()->availableGeometry(), QRect(0, 0, 800, 800));
+    const auto [right, atLeft] = placeBeside({10, 20}, 200);
+    EXPECT_EQ(right, QPoint(atLeft.right() + 8, atLeft.top()));
+    const auto [left, atRight] = placeBeside({590, 40}, 180);
+    EXPECT_EQ(left, QPoint(atRight.left() - 8 - 533, atRight.top()));
+    EXPECT_EQ(placeBeside({100, 50}, 600).first, QPoint(799 - 533 - 8, 799 - 360 - 32 - 8)); // away from the menus
+}
