@@ -91,6 +91,30 @@ TEST(Icons, AButtonsSignIsDrawnAtTheScaleOfItsScreen)
     }
 }
 
+TEST(Icons, ASignIsPaintedInTheMiddleOfItsPlace)
+{
+    QImage paper(40, 30, QImage::Format_ARGB32_Premultiplied);
+    paper.fill(Qt::transparent);
+    QPainter painter(&paper);
+    Icons::icon("trash").paint(&painter, QRect(4, 5, 32, 16));
+    painter.end();
+    const QImage sign = Icons::pixmap("trash", 16, Theme::text, 1).toImage().convertToFormat(paper.format());
+    EXPECT_EQ(paper.copy(12, 5, 16, 16), sign);
+    EXPECT_EQ(coverage(QPixmap::fromImage(paper), Theme::text), coverage(QPixmap::fromImage(sign), Theme::text));
+}
+
+TEST(Icons, ACopyOfASignIsTheSame)
+{
+    QIcon copy;
+    {
+        const QIcon icon = Icons::icon("trash");
+        copy = icon;
+        copy.detach();
+        ASSERT_NE(copy.cacheKey(), icon.cacheKey());
+    }
+    EXPECT_EQ(copy.pixmap(QSize(20, 20), 1).toImage(), Icons::pixmap("trash", 20, Theme::text, 1).toImage());
+}
+
 TEST(Icons, AnUnknownNameHasNoPicture)
 {
     EXPECT_TRUE(Icons::pixmap("no-such-sign", 16, Theme::text, 1).isNull());

@@ -47,6 +47,16 @@ TEST(Theme, TextIsInterInThirteenPixels)
     EXPECT_EQ(QFontInfo(Theme::titleFont()).weight(), int(QFont::DemiBold));
 }
 
+TEST(Theme, FontsThatAreLookedForBeforehandLeaveTheLookAsItIs)
+{
+    Theme::findFonts();
+    Theme::findFonts(); // goes on where the first has ended
+    Theme::apply();
+    EXPECT_EQ(QFontInfo(QApplication::font()).family(), "Inter");
+    Theme::apply(); // waits for nobody
+    EXPECT_EQ(QFontInfo(QApplication::font()).pixelSize(), 13);
+}
+
 TEST(Theme, TheStyleSheetLeavesNoColourUnnamed)
 {
     Theme::apply();
