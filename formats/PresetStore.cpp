@@ -24,9 +24,9 @@ const QString beginning("Your presets cannot be read, these are the built-in one
 
 /// Equal for presets whose values are the same. Unknown content does not count: it may refer to another preset, whose
 /// values would come along, so that an edit of that one would make this one a stranger.
-QByteArray archiveOf(const ArchiveObjectPointer &preset)
+QByteArray digestOf(const ArchiveObjectPointer &preset)
 {
-    return KeyedArchive::write({preset}).value_or(QByteArray());
+    return FileBytes::digestOf(KeyedArchive::write({preset}).value_or(QByteArray()));
 }
 } // namespace
 
@@ -74,7 +74,7 @@ Result<void> PresetStore::save(const std::vector<LayerPointer> &presets, LayerHo
     const Result<QByteArray> bytes = Memory::orError([&] {
         std::vector<LayerPointer> all = presets;
         std::ranges::copy_if(*there, std::back_inserter(all), [&](const LayerPointer &preset) {
-            return !known().contains(archiveOf(LayerArchive::recordOf(*preset)));
+            return !known().contains(digestOf(LayerArchive::recordOf(*preset)));
         });
         return PresetLibrary::encode(all);
     });
@@ -99,11 +99,11 @@ void PresetStore::know(const std::vector<LayerPointer> &presets)
         m_met.push_back(LayerArchive::recordOf(*preset));
 }
 
-/// Archives of the presets that this program has read or written, one each.
+/// Of the presets that this program has read or written. Each edit adds one.
 const QSet<QByteArray> &PresetStore::known()
 {
     for (const ArchiveObjectPointer &preset : m_met)
-        m_known.insert(archiveOf(preset));
+        m_known.insert(digestOf(preset));
     m_met.clear();
     return m_known;
 }

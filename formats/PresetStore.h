@@ -43,6 +43,6 @@ private:
     Error putAside(const Error &why) const;
 
     QString m_path;
-    QSet<QByteArray> m_known;                ///< see known()
-    std::vector<ArchiveObjectPointer> m_met; ///< those whose archive nobody has asked for yet, which a start spares
+    QSet<QByteArray> m_known;                ///< digests, see known()
+    std::vector<ArchiveObjectPointer> m_met; ///< those whose digest nobody has asked for yet, which a start spares
 };
