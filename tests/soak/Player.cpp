@@ -7,6 +7,7 @@
 #include "screen/LWScreen.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -188,6 +189,9 @@ void Player::closeAll()
 void Player::rest()
 {
     closeAll();
+    m_window.desk().chart().end();
+    m_window.desk().live().setFrozen(false);
+    m_window.desk().live().leaveAll();
     document().endTyping();
     document().timerupdate();
     document().update();
@@ -201,5 +205,6 @@ void Player::rest()
     m_window.resize(1400, 800);
     runEvents();
     QPixmapCache::clear();
+    QGuiApplication::clipboard()->clear();
     fillFolder();
 }
