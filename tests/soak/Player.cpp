@@ -17,6 +17,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
+#include <map>
 
 namespace {
 constexpr std::size_t mostLayers = 12;
@@ -164,15 +165,24 @@ void Player::walkBackAndForth()
     const QString before = path("before.json");
     const QString after = path("after.json");
     const Result<void> isKept = ProjectText::write(before, document().project());
-    const Result<QByteArray> here = ProjectFile::encode(document().project());
-    while (stack.index() > qMax(0, top - longestWalk))
+    std::map<int, QByteArray> passed; // by how many steps are done
+    const auto now = [this] { return ProjectFile::encode(document().project()).value_or(QByteArray()); };
+    passed[top] = now();
+    while (stack.index() > qMax(0, top - longestWalk)) {
         stack.undo();
-    while (stack.index() < top)
+        passed[stack.index()] = now();
+    }
+    QString lost; // the first step that leads elsewhere
+    while (stack.index() < top) {
         stack.redo();
-    if (ProjectFile::encode(document().project()) == here)
+        if (lost.isEmpty() && now() != passed[stack.index()])
+            lost = QString("step %1 of %2, %3").arg(stack.index()).arg(top).arg(stack.text(stack.index() - 1));
+    }
+    if (now() == passed[top])
         return;
     const bool isTold = isKept && ProjectText::write(after, document().project());
-    std::fprintf(stderr, "%s and %s%s\n", qUtf8Printable(before), qUtf8Printable(after), isTold ? "" : " (not whole)");
+    std::fprintf(stderr, "%s: %s and %s%s\n", qUtf8Printable(lost), qUtf8Printable(before), qUtf8Printable(after),
+                 isTold ? "" : " (not whole)");
     require(false, "undo and redo lead back to the same document");
 }
 
