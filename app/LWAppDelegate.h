@@ -348,7 +348,7 @@ private:
     void drawLostWalls(const std::vector<LayerPointer> &layers);
     /// Puts another document in the place of this one. `name` is what undoing that is called after.
     void showProject(const Project &project, const DocumentFile &file, const QString &name);
-    void setFile(std::shared_ptr<DocumentFile> file);
+    void setFile(const std::shared_ptr<DocumentFile> &file);
     void tellUnknownContent(const Project &project);
     void writeProject(const QString &path);
     void documentIsInFile();

@@ -139,7 +139,7 @@ void LWAppDelegate::showProject(const Project &project, const DocumentFile &file
     m_history.record(name);
 }
 
-void LWAppDelegate::setFile(std::shared_ptr<DocumentFile> file)
+void LWAppDelegate::setFile(const std::shared_ptr<DocumentFile> &file)
 {
     if (std::exchange(m_file, file) == file)
         return;

@@ -94,7 +94,7 @@ Result<QByteArray> withValue(const QByteArray &old, const char *key, const Chang
         return fail(written + ": cannot be read");
     set.setValue(key, change(set.value(key)));
     set.sync();
-    const Result<QByteArray> bytes = FileBytes::read(written, mostBytes);
+    Result<QByteArray> bytes = FileBytes::read(written, mostBytes);
     const Result<void> isCopied = bytes ? FileBytes::write(again, *bytes) : tl::unexpected(bytes.error());
     if (!isCopied || !areSame(set, QSettings(again, QSettings::IniFormat)))
         return fail(written + ": cannot be written");

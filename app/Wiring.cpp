@@ -29,7 +29,7 @@ Result<void> Wiring::add(ProcessorSettings settings)
 {
     if (settings.name.isEmpty())
         settings.name = ShowProcessors::freeName(m_processors);
-    const Result<void> isTaken = checkRoom(1).and_then([&] { return check(settings, std::nullopt); });
+    Result<void> isTaken = checkRoom(1).and_then([&] { return check(settings, std::nullopt); });
     if (!isTaken)
         return isTaken;
     m_processors.push_back(settings);
@@ -45,7 +45,7 @@ Result<void> Wiring::change(std::size_t processor, const ProcessorSettings &sett
 {
     if (processor >= m_processors.size())
         return fail("There is no such processor any more.");
-    if (const Result<void> isTaken = check(settings, processor); !isTaken)
+    if (Result<void> isTaken = check(settings, processor); !isTaken)
         return isTaken;
     const QString before = std::exchange(m_processors[processor], settings).name;
     if (before != settings.name && !ShowProcessors::find(m_processors, before)) {
@@ -68,7 +68,7 @@ Result<void> Wiring::addLike(std::size_t processor, qint64 count)
 {
     if (processor >= m_processors.size())
         return fail("There is no such processor any more.");
-    if (const Result<void> hasRoom = checkRoom(count); !hasRoom)
+    if (Result<void> hasRoom = checkRoom(count); !hasRoom)
         return hasRoom;
     auto behind = m_processors.begin() + static_cast<std::ptrdiff_t>(processor) + 1;
     for (qint64 i = 0; i < count; ++i) {

@@ -119,7 +119,7 @@ bool ArchiveTable::hasOwnColourSpace(plist_t record) const
 
 ArchiveValue ArchiveTable::namedColour(plist_t record)
 {
-    const ArchiveValue inside = member(record, "NSColor");
+    ArchiveValue inside = member(record, "NSColor");
     if (std::holds_alternative<Colour>(inside.storage))
         return inside;
     return fault("a named colour that holds " + inside.kind());

@@ -91,7 +91,7 @@ ArchiveValue ArchiveTable::unknown(plist_t node)
 
 ArchiveValue ArchiveTable::shared(plist_t node, const std::function<bool(const ArchiveValue &)> &isTaken)
 {
-    const ArchiveValue value = plain(node);
+    ArchiveValue value = plain(node);
     if (!isTaken(value))
         return unknown(node);
     ++m_cost.values;

@@ -283,7 +283,7 @@ Result<void> BinaryGuard::open(quint64 index)
     if (m_visits.size() > PropertyListGuard::maximumDepth)
         return damaged(QString("it is nested more than %1 deep").arg(PropertyListGuard::maximumDepth));
     const quint8 depth = found->referencesAt == 0 ? 0 : 1;
-    const Result<void> keys = checkKeys(*found);
+    Result<void> keys = checkKeys(*found);
     if (!keys)
         return keys;
     m_costs[index] = {1, static_cast<quint32>(found->copiedBytes), depth, Cost::Open, m_costs[index].isKey};

@@ -19,7 +19,8 @@ Result<KeyedArchive::Contents> KeyedArchive::readContents(const QByteArray &byte
     if (!root)
         return fail("The keyed archive is damaged: it has no root.");
 
-    ArchiveTable table(std::make_shared<const ArchiveSource>(std::move(*list), std::move(objects), *root), vocabulary);
+    ArchiveSource source{std::move(*list), std::move(objects), *root};
+    ArchiveTable table(std::make_shared<const ArchiveSource>(std::move(source)), vocabulary);
     const Result<ArchiveValue> value = table.root();
     if (!value)
         return tl::unexpected(value.error());

@@ -22,7 +22,7 @@ tl::unexpected<Error> failedWrite(const QString &path, const QFileDevice &file)
 
 tl::unexpected<Error> failedReplacing(const QString &path, const QFileDevice &file)
 {
-    const tl::unexpected<Error> failed = failedWrite(path, file); // before another question changes the reason
+    tl::unexpected<Error> failed = failedWrite(path, file); // before another question changes the reason
     if (!System::isHeld(path))
         return failed;
     return fail(
@@ -101,7 +101,7 @@ Result<QByteArray> read(const QString &path, qint64 mostBytes)
     if (size > mostBytes)
         return fail(QString("%1: the file has %2; more than %3 is not read")
                         .arg(path, QLocale::c().formattedDataSize(size), QLocale::c().formattedDataSize(mostBytes)));
-    const Result<QByteArray> bytes = Memory::orError([&]() -> Result<QByteArray> { return file.read(size); });
+    Result<QByteArray> bytes = Memory::orError([&]() -> Result<QByteArray> { return file.read(size); });
     if (!bytes)
         return failWithin(path, bytes.error());
     if (file.error() != QFileDevice::NoError || bytes->size() != size)

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -101,7 +102,7 @@ void adviseLargePages(void *memory, std::size_t bytes)
     const std::uintptr_t first = (start + largePage - 1) / largePage * largePage;
     const std::uintptr_t end = (start + bytes) / largePage * largePage;
     if (first < end)
-        madvise(reinterpret_cast<void *>(first), end - first, MADV_HUGEPAGE);
+        madvise(static_cast<std::byte *>(memory) + (first - start), end - first, MADV_HUGEPAGE);
 }
 
 struct PointNumbers::Former
