@@ -9,7 +9,9 @@
 
 #include <QAbstractItemView>
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QToolTip>
@@ -212,4 +214,20 @@ bool LayerDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view, const 
 bool LayerDelegate::editorEvent(QEvent *, QAbstractItemModel *, const QStyleOptionViewItem &, const QModelIndex &)
 {
     return false;
+}
+
+void LayerDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
+{
+    const auto *field = qobject_cast<QLineEdit *>(editor);
+    if (!field || field->text() != index.data(Qt::EditRole).toString())
+        QStyledItemDelegate::setModelData(editor, model, index);
+}
+
+bool LayerDelegate::eventFilter(QObject *editor, QEvent *event)
+{
+    const bool isLeft = event->type() == QEvent::FocusOut;
+    auto *field = qobject_cast<QLineEdit *>(editor);
+    if (field && isLeft && static_cast<QFocusEvent *>(event)->reason() == Qt::PopupFocusReason)
+        emit commitData(field);
+    return QStyledItemDelegate::eventFilter(editor, event);
 }

@@ -62,7 +62,12 @@ public:
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
 
+    /// A name that nobody changed is none that was given.
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+
 protected:
+    /// A menu that opens leaves the focus where it is: what was typed until then counts for what is chosen there.
+    bool eventFilter(QObject *editor, QEvent *event) override;
     /// Nothing: rows have no check box that could be clicked.
     bool editorEvent(QEvent *event, QAbstractItemModel *model, const QStyleOptionViewItem &option,
                      const QModelIndex &index) override;

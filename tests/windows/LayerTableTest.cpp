@@ -7,6 +7,7 @@
 #include "windows/Theme.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QTest>
 
 #include <utility>
@@ -247,4 +248,68 @@ TEST_F(LayerTableTest, AMissingPictureIsMarkedUntilItIsFoundAgain)
     ASSERT_TRUE(picture.save(path("gone.png")));
     still->loadThumbnail();
     EXPECT_FALSE(seesWarning());
+}
+
+namespace {
+/// Two steps, each in a row of its own, and the name of a third row is being typed.
+class TypedNameTest : public LayerTableTest
+{
+protected:
+    TypedNameTest()
+    {
+        steps.clear();
+        for (const int row : {0, 2}) {
+            list().setSelectionIndex(row);
+            window.document().setValue(QString("name %1").arg(row), "arrangedObjects.label");
+        }
+        list().setSelectionIndex(1);
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        table().setFocus();
+        QTest::keyClick(&table(), Qt::Key_F2);
+        name = table().findChild<QLineEdit *>();
+        EXPECT_EQ(name->text(), "Banner");
+    }
+    QString label(int row) { return list().layer(row)->label(); }
+
+    QUndoStack &steps = window.document().undoStack();
+    QLineEdit *name;
+};
+} // namespace
+
+TEST_F(TypedNameTest, CountsWhereAMenuIsOpened)
+{
+    QTest::keyClicks(name, "typed");
+    choose({"Edit", "Undo name"});
+    EXPECT_EQ(steps.count(), 3);
+    EXPECT_EQ(label(1), "Banner");
+    EXPECT_EQ(label(2), "name 2");
+    steps.redo();
+    EXPECT_EQ(label(1), "typed");
+}
+
+TEST_F(TypedNameTest, ThatIsAsItWasIsNoStep)
+{
+    QTest::keyClick(name, Qt::Key_Return);
+    EXPECT_EQ(steps.count(), 2);
+}
+
+/// Another row comes to be the current one: an entry ends there, in the middle of undoing.
+TEST_F(TypedNameTest, OfALayerWithoutOneStaysNoneWhileStepsAreUndone)
+{
+    QTest::keyClick(name, Qt::Key_Escape);
+    list().layer(1)->setLabel({});
+    window.document().finishEdit("name");
+    list().setSelectionIndex(2);
+    window.document().setValue("name 3", "arrangedObjects.label");
+    list().setSelectionIndex(1);
+    QTest::keyClick(&table(), Qt::Key_F2);
+    steps.undo();
+    EXPECT_EQ(list().selectionIndex(), 2);
+    EXPECT_EQ(steps.count(), 4);
+    EXPECT_EQ(steps.index(), 3);
+    EXPECT_TRUE(label(1).isNull());
+    steps.redo();
+    EXPECT_TRUE(label(1).isNull());
+    EXPECT_EQ(label(2), "name 3");
 }
