@@ -8,6 +8,7 @@ template <typename ValueOf>
 std::vector<int> valuesOf(const std::vector<ChartPanel> &panels, ValueOf valueOf)
 {
     std::vector<int> values;
+    values.reserve(panels.size());
     for (const ChartPanel &panel : panels)
         values.push_back(valueOf(panel.box));
     std::sort(values.begin(), values.end());
@@ -24,8 +25,8 @@ std::vector<QRect> litBar(const ChartShape &shape, qint64 frame)
     std::vector<QRect> lit;
     if (lefts.empty())
         return lit;
-    const auto step = static_cast<std::size_t>(FrameCount::within(FrameCount::step(frame, FrameCount::hold(shape)),
-                                                                  static_cast<qint64>(lefts.size() + tops.size())));
+    const auto step = static_cast<std::size_t>(
+        FrameCount::within(FrameCount::step(frame, FrameCount::hold(shape)), std::ssize(lefts) + std::ssize(tops)));
     for (const ChartPanel &panel : shape.panels) {
         const bool isLit =
             step < lefts.size() ? panel.box.left() == lefts[step] : panel.box.top() == tops[step - lefts.size()];

@@ -179,7 +179,7 @@ Result<void> ChartCommand::run(const Teller &notice) const
     ChartShape drawn = shape;
     drawn.size = {1920, 1080};
     if (!show.isEmpty()) {
-        const Result<void> taken = takePanels(drawn, show);
+        Result<void> taken = takePanels(drawn, show);
         if (!taken)
             return taken;
         if (chart->needsPanels && drawn.panels.empty())

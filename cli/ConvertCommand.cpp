@@ -130,7 +130,7 @@ Result<void> ConvertCommand::run(const Teller &written, const Teller &notice) co
 
     ShowCables::show(project->layers, ShowPorts::of(*project));
     for (const QString &output : outputs) {
-        const Result<void> done = FileFormat::toWrite(output).and_then(
+        Result<void> done = FileFormat::toWrite(output).and_then(
             [&](const FileFormat &format) { return format.write(output, *project, picture); });
         if (!done)
             return done;

@@ -66,7 +66,7 @@ Result<Colour> colour(const QCommandLineParser &parser, const QString &name, con
 {
     if (!parser.isSet(name))
         return otherwise;
-    const Result<Colour> given = ColourText::decodeText(parser.value(name));
+    Result<Colour> given = ColourText::decodeText(parser.value(name));
     if (!given)
         return fail(QString("--%1 %2").arg(name, given.error().text));
     return given;

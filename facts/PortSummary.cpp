@@ -61,7 +61,7 @@ QString firstError(const ShowPorts &ports, const std::vector<LayerPointer> &laye
     });
     if (error == findings.end())
         return {};
-    const QString sentence = error->sentence.chopped(1);
+    QString sentence = error->sentence.chopped(1);
     if (!error->layer)
         return sentence;
     const auto row = std::ranges::lower_bound(ports.rows, *error->layer);

@@ -159,6 +159,7 @@ std::vector<WallOverlap> of(const std::vector<LayerPointer> &layers, const QSize
         open.push_back(&wall);
     }
     std::vector<WallOverlap> result;
+    result.reserve(overlaps.size());
     for (const auto &[upper, overlap] : overlaps)
         result.push_back(overlap);
     return result;

@@ -50,7 +50,7 @@ Result<std::vector<Cell>> decodeCells(const QJsonValue &value)
     if (!value.isArray())
         return failWithin(cellsName, JsonValues::failExpecting("a list of panels", value).value());
     std::vector<Cell> cells;
-    for (const QJsonValue &entry : value.toArray()) {
+    for (const auto &entry : value.toArray()) {
         const std::optional<Cell> cell = entry.isString() ? panelOfKey(entry.toString()) : std::nullopt;
         if (!cell)
             return failWithin(QString("%1: entry %2").arg(cellsName).arg(cells.size()),
@@ -98,7 +98,7 @@ Result<CableRuns> decode(const QJsonValue &value, QByteArrayView newer)
         return JsonValues::failExpecting("a list of runs", value);
     WallRuns runs;
     const std::vector<JsonParts::Part> parts = JsonParts::of(newer);
-    for (const QJsonValue &entry : value.toArray()) {
+    for (const auto &entry : value.toArray()) {
         Result<CableRun> run = decodeRun(entry, JsonParts::valueAt(parts, runs.size()));
         if (!run)
             return failWithin(QString("run %1").arg(runs.size()), run.error());

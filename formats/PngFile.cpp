@@ -46,7 +46,7 @@ QImage prepared(const QImage &picture)
 {
     const bool isPrepared = picture.format() == Raster::format || picture.format() == QImage::Format_ARGB32 ||
                             picture.format() == QImage::Format_RGB32;
-    const QImage prepared = isPrepared ? picture : picture.convertToFormat(QImage::Format_ARGB32);
+    QImage prepared = isPrepared ? picture : picture.convertToFormat(QImage::Format_ARGB32);
     if (prepared.isNull())
         throw std::bad_alloc();
     return prepared;
@@ -191,7 +191,8 @@ void SectionMaker::filter(int top, int bottom)
 QByteArrayView SectionMaker::compress()
 {
     // What cannot be made smaller is stored in blocks of 64 KiB with a few bytes around each.
-    m_compressed.resize(static_cast<qsizetype>(m_filtered.size() + m_filtered.size() / 1024 + 256));
+    const std::size_t most = m_filtered.size() + m_filtered.size() / 1024 + 256;
+    m_compressed.resize(static_cast<qsizetype>(most));
     const Bytes all(m_filtered);
     const Bytes first = all.first(std::min(all.size(), storedBytes));
     const std::span<uchar> out(reinterpret_cast<uchar *>(m_compressed.data()), m_compressed.size());
@@ -200,7 +201,8 @@ QByteArrayView SectionMaker::compress()
         return QByteArrayView(m_compressed).first(static_cast<qsizetype>(begin));
 
     const auto rest = deflate(first, all.subspan(first.size()), out.subspan(begin));
-    return rest ? QByteArrayView(m_compressed).first(static_cast<qsizetype>(begin + *rest)) : QByteArrayView();
+    const std::size_t length = begin + rest.value_or(0);
+    return rest ? QByteArrayView(m_compressed).first(static_cast<qsizetype>(length)) : QByteArrayView();
 }
 
 std::optional<std::size_t> SectionMaker::deflate(Bytes before, Bytes bytes, std::span<uchar> out)

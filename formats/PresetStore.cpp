@@ -53,7 +53,7 @@ Result<std::vector<LayerPointer>> PresetStore::read(LayerHost &host, bool &isDam
     const Result<QByteArray> bytes = FileBytes::read(m_path, LayerArchive::mostBytes);
     if (!bytes)
         return tl::unexpected(bytes.error());
-    const Result<std::vector<LayerPointer>> presets = Memory::orError([&] {
+    Result<std::vector<LayerPointer>> presets = Memory::orError([&] {
         Result<std::vector<LayerPointer>> decoded = PresetLibrary::decode(*bytes, host);
         isDamaged = !decoded;
         return decoded;
@@ -80,7 +80,7 @@ Result<void> PresetStore::save(const std::vector<LayerPointer> &presets, LayerHo
     });
     if (!bytes)
         return failWithin(m_path, bytes.error());
-    const Result<void> written = FileBytes::write(m_path, *bytes);
+    Result<void> written = FileBytes::write(m_path, *bytes);
     if (written)
         know(presets);
     return written;

@@ -195,7 +195,7 @@ Result<int> decodeNumber(const QJsonObject &root, const QString &name, int ofNew
 {
     if (!root.contains(name))
         return ofNewDocument;
-    const Result<int> number = decodeInt(root.value(name));
+    Result<int> number = decodeInt(root.value(name));
     if (!number)
         return failWithin(name, number.error());
     return number;
@@ -203,7 +203,7 @@ Result<int> decodeNumber(const QJsonObject &root, const QString &name, int ofNew
 
 Result<int> decodeFormat(const QJsonObject &root)
 {
-    const Result<int> format = decodeInt(root.value("format"));
+    Result<int> format = decodeInt(root.value("format"));
     if (!format)
         return failWithin("format", format.error());
     if (*format < firstFormat)
@@ -270,7 +270,7 @@ void noteFormat(Project &project, int format)
 Result<void> decodeLayers(Project &project, const QJsonArray &list, const Given &root, const Surroundings &around)
 {
     const std::vector<JsonParts::Part> texts = JsonParts::of(JsonParts::valueOf(root.newer, layersName));
-    for (const QJsonValue &value : list) {
+    for (const auto &value : list) {
         Result<LayerPointer> layer = decodeLayer(value, JsonParts::valueAt(texts, project.layers.size()), around);
         if (!layer)
             return failInLayer(std::ssize(project.layers), value, layer.error());

@@ -68,7 +68,7 @@ Result<TextList> decodeTextList(const QJsonValue &value)
     if (!value.isArray())
         return JsonValues::failExpecting("a list of texts", value);
     QStringList texts;
-    for (const QJsonValue &entry : value.toArray()) {
+    for (const auto &entry : value.toArray()) {
         const Result<QString> text = decodeText(entry);
         if (!text)
             return failWithin(QString("entry %1").arg(texts.size()), text.error());

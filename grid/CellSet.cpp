@@ -32,6 +32,6 @@ CellSet CellSet::difference(const CellSet &other) const
 
 std::span<const Cell> CellSet::inRow(int row) const
 {
-    const auto found = std::ranges::equal_range(m_cells, row, {}, &Cell::row);
-    return {found.begin(), found.end()};
+    return {std::ranges::lower_bound(m_cells, row, {}, &Cell::row),
+            std::ranges::upper_bound(m_cells, row, {}, &Cell::row)};
 }

@@ -45,7 +45,7 @@ ArchiveObjectPointer objectOf(const CableRun &run)
 /// Counted from 1.
 Result<qint32> placeOf(const ArchiveObject &object, const QString &key)
 {
-    const Result<qint32> place = object.decodeInt32(key);
+    Result<qint32> place = object.decodeInt32(key);
     if (place && *place < 1)
         return fail(QString("\"%1\" is %2, expected 1 or more").arg(key).arg(*place));
     return place;

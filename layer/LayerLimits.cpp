@@ -23,7 +23,7 @@ Result<void> check(const std::vector<LayerPointer> &layers)
 
 Result<void> check(const std::vector<LayerRecordPointer> &records)
 {
-    if (const Result<void> isKept = checkCount(std::ssize(records)); !isKept)
+    if (Result<void> isKept = checkCount(std::ssize(records)); !isKept)
         return isKept;
     qint64 pixels = 0;
     for (const LayerRecordPointer &record : records) {

@@ -138,7 +138,7 @@ constexpr int mostPorts = 9'999;
 
 #define ROW(member, ...) row<&LayerRecord::member>(#member __VA_OPT__(, ) __VA_ARGS__)
 
-const std::vector<LayerValue> &rows()
+const std::vector<LayerValue> &rows() // NOLINT(readability-function-size): a table
 {
     static const std::vector<LayerValue> rows{
         ROW(panelWidth, "panel width").in(1, longestPanel, "px").watched(),

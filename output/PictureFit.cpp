@@ -47,7 +47,7 @@ std::optional<PictureFit> PictureFit::of(const PlacedPicture &placed, const QSiz
 
 QImage PictureFit::made(const QImage &picture) const
 {
-    const QImage raster = picture.convertToFormat(Raster::format);
+    QImage raster = picture.convertToFormat(Raster::format);
     if (size == raster.size())
         return raster;
     if (part.size() == size && area(size) <= area(raster.size()))

@@ -130,6 +130,7 @@ private:
     static std::vector<ChannelRows> rowsOf(std::vector<PackedChannel> &channels, qint64 band)
     {
         std::vector<ChannelRows> rows;
+        rows.reserve(channels.size());
         for (PackedChannel &channel : channels)
             rows.emplace_back(channel[static_cast<std::size_t>(band)]);
         return rows;

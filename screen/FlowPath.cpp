@@ -185,7 +185,7 @@ Run rowsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, double &x, c
     Walk walk({grid.columns, up, rows, firstLine(y, fromBottom, up, rows), !fromRight, fromBottom}, true);
 
     const bool isEven = grid.rows.count() % 2 == 0;
-    const Run run = walk.run(andRight ? isEven : !isEven);
+    Run run = walk.run(andRight ? isEven : !isEven);
     if (rows > 0)
         x = walk.lastAlong();
     return run;
@@ -199,7 +199,7 @@ Run columnsRun(const PanelGrid &grid, bool fromRight, bool fromBottom, const dou
     Walk walk({grid.rowsFromBottom(), grid.columns, columns, first, fromBottom, !fromRight}, false);
 
     const bool isEven = grid.columns.count() % 2 == 0;
-    const Run run = walk.run(!(andEnd ? isEven : !isEven));
+    Run run = walk.run(!(andEnd ? isEven : !isEven));
     if (columns > 0)
         y = walk.lastAlong();
     return run;

@@ -139,9 +139,10 @@ void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
     const double wide = static_cast<double>(wallWidth());
     const double high = static_cast<double>(wallHeight());
     const double b = circleBWidth;
-    const double h = circleBWidth / 2;
-    const double halfWidth = static_cast<double>(wallWidth() / 2);
-    const double halfHeight = static_cast<double>(wallHeight() / 2);
+    const auto half = [](qint64 pixels) { return pixels / 2; }; // whole ones
+    const auto h = static_cast<double>(half(circleBWidth));
+    const auto halfWidth = static_cast<double>(half(wallWidth()));
+    const auto halfHeight = static_cast<double>(half(wallHeight()));
 
     QPainterPath diagonalA(QPointF(wide - h + b, high - h + b));
     diagonalA.lineTo(-(wide - h + b), -(high - h + b));

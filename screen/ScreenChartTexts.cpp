@@ -56,13 +56,15 @@ void ScreenChart::addCentreTexts(std::vector<PlacedText> &texts) const
     }
     if (label && !label->isEmpty()) {
         const TextLine name(*label, screenFontSize);
-        add(name, static_cast<double>(halfWidth - name.size().width() / 2),
-            static_cast<double>(halfHeight + 10 + halfFont), {NamedColour::black, nameBackground});
+        const auto left = halfWidth - name.size().width() / 2;
+        add(name, static_cast<double>(left), static_cast<double>(halfHeight + 10 + halfFont),
+            {NamedColour::black, nameBackground});
     }
     if ((showPower || showCurrent) && sfColor) {
         const auto power = QString("%1A| %2V| %3Phase").arg(DecimalText::of(amperes())).arg(voltage).arg(phases);
         const TextLine line(power, screenFontSize);
-        add(line, static_cast<double>(halfWidth - line.size().width() / 2),
+        const auto left = halfWidth - line.size().width() / 2;
+        add(line, static_cast<double>(left),
             static_cast<double>(halfFont + halfHeight) + powerTextDrop * line.size().height(),
             {*sfColor, dimmingBackground});
     }

@@ -178,7 +178,7 @@ void GuideView::scrollToHeading(const QString &slug)
 
 QVariant GuideView::loadResource(int type, const QUrl &name)
 {
-    const QVariant resource = QTextBrowser::loadResource(type, name);
+    QVariant resource = QTextBrowser::loadResource(type, name);
     if (type != QTextDocument::ImageResource)
         return resource;
     QImage picture = QImage::fromData(resource.toByteArray());

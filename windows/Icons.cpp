@@ -39,7 +39,7 @@ public:
     {
         if (size.isEmpty())
             return {};
-        const QPixmap sign = Icons::pixmap(m_name, qMin(size.width(), size.height()), colour(mode), 1);
+        QPixmap sign = Icons::pixmap(m_name, qMin(size.width(), size.height()), colour(mode), 1);
         if (sign.isNull() || sign.size() == size)
             return sign;
         QPixmap whole(size);

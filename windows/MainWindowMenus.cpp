@@ -23,6 +23,7 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QToolButton>
 
 const std::vector<MainWindow::Menu> &MainWindow::menus()
 {

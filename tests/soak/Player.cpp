@@ -199,6 +199,7 @@ void Player::closeAll()
 void Player::rest()
 {
     closeAll();
+    sendMouse(*m_canvas, QEvent::MouseButtonRelease, {}, Qt::LeftButton, Qt::NoButton, {}); // a drag may be held
     m_window.desk().chart().end();
     m_window.desk().live().setFrozen(false);
     m_window.desk().live().leaveAll();
