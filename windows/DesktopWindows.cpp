@@ -19,17 +19,21 @@ public:
     bool eventFilter(QObject *object, QEvent *event) override
     {
         const auto *window = qobject_cast<QWindow *>(object);
-        if (window && window->isTopLevel() && event->type() == QEvent::PlatformSurface &&
-            static_cast<QPlatformSurfaceEvent *>(event)->surfaceEventType() == QPlatformSurfaceEvent::SurfaceCreated)
+        if (!window || !window->isTopLevel())
+            return false;
+        if (isNew(*event))
             darken(reinterpret_cast<HWND>(window->winId()));
-        if (window && event->type() == QEvent::ThemeChange)
+        if (isNew(*event) || event->type() == QEvent::ThemeChange)
             keepFont();
         return false;
     }
 
-    /// In the place of the desktop's for menus and alerts, which Qt has taken meanwhile.
+    /// In the place of the desktop's for menus and alerts, where Qt has taken those meanwhile: also before there is a
+    /// window that could be told.
     static void keepFont()
     {
+        if (QApplication::font("QMenuBar") == QApplication::font())
+            return;
         QApplication::setFont(QApplication::font());
         QEvent change(QEvent::ApplicationFontChange);
         for (QWidget *widget : QApplication::allWidgets())
@@ -37,6 +41,13 @@ public:
     }
 
 private:
+    static bool isNew(const QEvent &event)
+    {
+        return event.type() == QEvent::PlatformSurface &&
+               static_cast<const QPlatformSurfaceEvent &>(event).surfaceEventType() ==
+                   QPlatformSurfaceEvent::SurfaceCreated;
+    }
+
     static void darken(HWND window)
     {
         constexpr DWORD darkFrame = 20; // DWMWA_USE_IMMERSIVE_DARK_MODE; older systems refuse it, and theirs stays
