@@ -166,19 +166,24 @@ void Player::walkBackAndForth()
     const QString after = path("after.json");
     const Result<void> isKept = ProjectText::write(before, document().project());
     std::map<int, QByteArray> passed; // by how many steps are done
-    const auto now = [this] { return ProjectFile::encode(document().project()).value_or(QByteArray()); };
+    const auto now = [this] {
+        const Result<QByteArray> bytes = ProjectFile::encode(document().project());
+        require(bytes.has_value(), "a document can be written");
+        return *bytes;
+    };
     passed[top] = now();
     while (stack.index() > qMax(0, top - longestWalk)) {
         stack.undo();
         passed[stack.index()] = now();
     }
     QString lost; // the first step that leads elsewhere
-    while (stack.index() < top) {
+    while (stack.index() < top && stack.canRedo()) {
         stack.redo();
         if (lost.isEmpty() && now() != passed[stack.index()])
             lost = QString("step %1 of %2, %3").arg(stack.index()).arg(top).arg(stack.text(stack.index() - 1));
     }
-    if (now() == passed[top])
+    require(stack.index() == top, "undo and redo lead back to the same step");
+    if (lost.isEmpty())
         return;
     const bool isTold = isKept && ProjectText::write(after, document().project());
     std::fprintf(stderr, "%s: %s and %s%s\n", qUtf8Printable(lost), qUtf8Printable(before), qUtf8Printable(after),
@@ -200,6 +205,8 @@ void Player::rest()
 {
     closeAll();
     sendMouse(*m_canvas, QEvent::MouseButtonRelease, {}, Qt::LeftButton, Qt::NoButton, {}); // a drag may be held
+    if (QWidget *entry = QApplication::focusWidget())
+        entry->clearFocus();
     m_window.desk().chart().end();
     m_window.desk().live().setFrozen(false);
     m_window.desk().live().leaveAll();
