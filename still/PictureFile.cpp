@@ -61,15 +61,27 @@ QHash<QString, LoadedPicture> &loadedPictures()
     return pictures;
 }
 
+/// Neither asks for more than it holds.
+bool isHarmless(const QByteArray &bytes)
+{
+    return DrawingCheck::isHarmless(bytes) && IconCheck::isHarmless(bytes);
+}
+
+/// Upright, and of as much memory as the largest raster takes: Qt's own limit is lower.
+void prepare(QImageReader &reader)
+{
+    QImageReader::setAllocationLimit(mostMemory);
+    reader.setAutoTransform(true);
+}
+
 /// A null image where there is none.
 QImage pictureOf(QByteArray bytes)
 {
-    if (!DrawingCheck::isHarmless(bytes) || !IconCheck::isHarmless(bytes))
+    if (!isHarmless(bytes))
         return {};
     QBuffer buffer(&bytes);
-    QImageReader::setAllocationLimit(mostMemory);
     QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
+    prepare(reader);
     const QSize announced = reader.size();
     if (announced.isValid() && !Raster::canHold(announced.width(), announced.height()))
         return {};
@@ -93,6 +105,23 @@ std::shared_ptr<const QImage> readPicture(const QString &path)
 {
     const Result<QImage> picture = Memory::orError([&]() -> Result<QImage> { return pictureOf(bytesOf(path)); });
     return picture && !picture->isNull() ? std::make_shared<const QImage>(*picture) : nullptr;
+}
+
+PictureFile::Small smallOf(QByteArray bytes, const QSize &most, qint64 mostPixels)
+{
+    if (!isHarmless(bytes))
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    prepare(reader);
+    const QSize size = reader.size();
+    if (!reader.canRead() || size.isEmpty())
+        return {};
+    if (qint64{size.width()} * size.height() > mostPixels)
+        return {size, {}};
+    if (size.width() > most.width() || size.height() > most.height())
+        reader.setScaledSize(size.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    return {size, reader.read()};
 }
 } // namespace
 
@@ -118,21 +147,8 @@ std::shared_ptr<const QImage> load(const QString &path)
 
 Small small(const QString &path, const QSize &most, qint64 mostPixels)
 {
-    QByteArray bytes = mayBeRead(QFileInfo(path)) ? bytesOf(path) : QByteArray();
-    if (!DrawingCheck::isHarmless(bytes))
-        return {};
-    QBuffer buffer(&bytes);
-    QImageReader::setAllocationLimit(mostMemory);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    const QSize size = reader.size();
-    if (!reader.canRead() || size.isEmpty())
-        return {};
-    if (qint64{size.width()} * size.height() > mostPixels)
-        return {size, {}};
-    if (size.width() > most.width() || size.height() > most.height())
-        reader.setScaledSize(size.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    return {size, reader.read()};
+    const QByteArray bytes = mayBeRead(QFileInfo(path)) ? bytesOf(path) : QByteArray();
+    return Memory::orError([&]() -> Result<Small> { return smallOf(bytes, most, mostPixels); }).value_or(Small());
 }
 
 bool isPicture(const QString &path)
