@@ -99,7 +99,7 @@ void PresetStore::know(const std::vector<LayerPointer> &presets)
         m_met.push_back(LayerArchive::recordOf(*preset));
 }
 
-/// Of the presets that this program has read or written. Each edit adds one.
+/// Digests of the presets that this program has read or written: each edit adds one, so that archives would pile up.
 const QSet<QByteArray> &PresetStore::known()
 {
     for (const ArchiveObjectPointer &preset : m_met)

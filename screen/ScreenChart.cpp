@@ -139,7 +139,7 @@ void ScreenChart::drawCircleAndDiagonals(DrawingSurface &surface) const
     const double wide = static_cast<double>(wallWidth());
     const double high = static_cast<double>(wallHeight());
     const double b = circleBWidth;
-    const auto half = [](qint64 pixels) { return pixels / 2; }; // whole ones
+    const auto half = [](qint64 pixels) { return pixels / 2; }; // an odd one is left out
     const auto h = static_cast<double>(half(circleBWidth));
     const auto halfWidth = static_cast<double>(half(wallWidth()));
     const auto halfHeight = static_cast<double>(half(wallHeight()));

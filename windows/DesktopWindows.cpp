@@ -23,16 +23,19 @@ public:
             return false;
         if (isNew(*event))
             darken(reinterpret_cast<HWND>(window->winId()));
+        // What the desktop told before there was a window, nobody heard.
         if (isNew(*event) || event->type() == QEvent::ThemeChange)
             keepFont();
         return false;
     }
 
-    /// In the place of the desktop's for menus and alerts, where Qt has taken those meanwhile: also before there is a
-    /// window that could be told.
+private:
+    /// In the place of the desktop's for menus and alerts, where Qt has taken those meanwhile.
     static void keepFont()
     {
-        if (QApplication::font("QMenuBar") == QApplication::font())
+        const QFont own = QApplication::font();
+        if (QApplication::font("QMenuBar") == own && QApplication::font("QMenu") == own &&
+            QApplication::font("QMessageBox") == own)
             return;
         QApplication::setFont(QApplication::font());
         QEvent change(QEvent::ApplicationFontChange);
@@ -40,7 +43,6 @@ public:
             QApplication::sendEvent(widget, &change); // Qt tells them only once the program runs
     }
 
-private:
     static bool isNew(const QEvent &event)
     {
         return event.type() == QEvent::PlatformSurface &&

@@ -9,7 +9,6 @@
 
 #include <QAbstractItemView>
 #include <QFileInfo>
-#include <QFocusEvent>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QPainter>
@@ -221,13 +220,4 @@ void LayerDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, con
     const auto *field = qobject_cast<QLineEdit *>(editor);
     if (!field || field->text() != index.data(Qt::EditRole).toString())
         QStyledItemDelegate::setModelData(editor, model, index);
-}
-
-bool LayerDelegate::eventFilter(QObject *editor, QEvent *event)
-{
-    const bool isLeft = event->type() == QEvent::FocusOut;
-    auto *field = qobject_cast<QLineEdit *>(editor);
-    if (field && isLeft && static_cast<QFocusEvent *>(event)->reason() == Qt::PopupFocusReason)
-        emit commitData(field);
-    return QStyledItemDelegate::eventFilter(editor, event);
 }

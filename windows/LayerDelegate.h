@@ -66,8 +66,6 @@ public:
     void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
 
 protected:
-    /// A menu that opens leaves the focus where it is: what was typed until then counts for what is chosen there.
-    bool eventFilter(QObject *editor, QEvent *event) override;
     /// Nothing: rows have no check box that could be clicked.
     bool editorEvent(QEvent *event, QAbstractItemModel *model, const QStyleOptionViewItem &option,
                      const QModelIndex &index) override;

@@ -121,7 +121,7 @@ std::optional<QString> WindowPerson::runModalOpenPanel(const OpenPurpose &purpos
     panel.setNameFilters(filtersFor(purpose.wanted));
     if (purpose.wanted == FileFormat::Gives::Layer)
         addPreview(panel);
-    const std::optional<QString> path = run(panel);
+    std::optional<QString> path = run(panel);
     if (path)
         m_folder = QFileInfo(*path).path();
     return path;

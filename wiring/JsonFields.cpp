@@ -16,7 +16,7 @@ bool JsonFields::has(const char *name) const
 
 QString JsonFields::name(const char *name)
 {
-    const QString found = text(name);
+    QString found = text(name);
     if (found.isEmpty())
         refuse(QString("\"%1\" is missing; write a text.").arg(QLatin1String(name)));
     return found;
@@ -65,7 +65,7 @@ QStringList JsonFields::texts(const char *name)
     if (value.isString())
         return {value.toString()};
     QStringList texts;
-    for (const QJsonValue &element : array(name)) {
+    for (const auto &element : array(name)) {
         if (!element.isString())
             refuse(QString("\"%1\" holds something that is no text.").arg(QLatin1String(name)));
         texts.append(element.toString());
@@ -76,7 +76,7 @@ QStringList JsonFields::texts(const char *name)
 std::vector<qint64> JsonFields::wholes(const char *name, qint64 least, qint64 most)
 {
     std::vector<qint64> numbers;
-    for (const QJsonValue &element : array(name))
+    for (const auto &element : array(name))
         numbers.push_back(number(element, name, least, most));
     return numbers;
 }

@@ -255,55 +255,85 @@ namespace {
 class TypedNameTest : public LayerTableTest
 {
 protected:
-    TypedNameTest()
+    void SetUp() override
     {
         steps.clear();
-        for (const int row : {0, 2}) {
-            list().setSelectionIndex(row);
-            window.document().setValue(QString("name %1").arg(row), "arrangedObjects.label");
-        }
-        list().setSelectionIndex(1);
+        for (const int row : {0, 2})
+            rename(row, QString("name %1").arg(row));
         window.activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        type(1);
+        ASSERT_NE(name(), nullptr);
+        ASSERT_EQ(name()->text(), "Banner");
+    }
+    void rename(int row, const QString &label)
+    {
+        list().setSelectionIndex(row);
+        window.document().setValue(label, "arrangedObjects.label");
+    }
+    void type(int row)
+    {
+        list().setSelectionIndex(row);
         table().setFocus();
         QTest::keyClick(&table(), Qt::Key_F2);
-        name = table().findChild<QLineEdit *>();
-        EXPECT_EQ(name->text(), "Banner");
     }
+    /// Ends the entry; what was typed into goes.
+    void end(Qt::Key key)
+    {
+        QTest::keyClick(name(), key);
+        QApplication::processEvents(); // once the key is through
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(name(), nullptr);
+    }
+    /// What is typed into; null where nothing is.
+    QLineEdit *name() { return table().findChild<QLineEdit *>(); }
     QString label(int row) { return list().layer(row)->label(); }
 
     QUndoStack &steps = window.document().undoStack();
-    QLineEdit *name;
 };
 } // namespace
 
-TEST_F(TypedNameTest, CountsWhereAMenuIsOpened)
+TEST_F(TypedNameTest, IsOneStepAlsoWhereItIsNone)
 {
-    QTest::keyClicks(name, "typed");
-    choose({"Edit", "Undo name"});
+    QTest::keyClick(name(), Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(name(), Qt::Key_Delete);
+    end(Qt::Key_Return);
     EXPECT_EQ(steps.count(), 3);
-    EXPECT_EQ(label(1), "Banner");
-    EXPECT_EQ(label(2), "name 2");
-    steps.redo();
-    EXPECT_EQ(label(1), "typed");
+    EXPECT_EQ(label(1), "");
+    EXPECT_FALSE(label(1).isNull());
 }
 
-TEST_F(TypedNameTest, ThatIsAsItWasIsNoStep)
+TEST_F(TypedNameTest, OfALayerWithoutOneIsNoStepWhereNobodyTyped)
 {
-    QTest::keyClick(name, Qt::Key_Return);
-    EXPECT_EQ(steps.count(), 2);
+    end(Qt::Key_Escape);
+    rename(1, {});
+    ASSERT_EQ(steps.count(), 3);
+    type(1);
+    ASSERT_NE(name(), nullptr);
+    end(Qt::Key_Return);
+    EXPECT_EQ(steps.count(), 3);
+    EXPECT_TRUE(label(1).isNull());
 }
 
 /// Another row comes to be the current one: an entry ends there, in the middle of undoing.
+TEST_F(TypedNameTest, IsNotWrittenInTheMiddleOfUndoing)
+{
+    QTest::keyClicks(name(), "typed");
+    steps.undo();
+    EXPECT_EQ(list().selectionIndex(), 2);
+    EXPECT_EQ(steps.count(), 2);
+    EXPECT_EQ(steps.index(), 1);
+    EXPECT_EQ(label(1), "Banner");
+    EXPECT_EQ(label(2), "Side");
+}
+
 TEST_F(TypedNameTest, OfALayerWithoutOneStaysNoneWhileStepsAreUndone)
 {
-    QTest::keyClick(name, Qt::Key_Escape);
-    list().layer(1)->setLabel({});
-    window.document().finishEdit("name");
-    list().setSelectionIndex(2);
-    window.document().setValue("name 3", "arrangedObjects.label");
-    list().setSelectionIndex(1);
-    QTest::keyClick(&table(), Qt::Key_F2);
+    end(Qt::Key_Escape);
+    rename(1, {});
+    rename(2, "name 3");
+    type(1);
+    ASSERT_NE(name(), nullptr);
     steps.undo();
     EXPECT_EQ(list().selectionIndex(), 2);
     EXPECT_EQ(steps.count(), 4);

@@ -348,4 +348,5 @@ TEST_F(PortsPageTest, TheBarOfAPortThatIsOverIsRed)
     layer(1)->setPixelLimit(100'000);
     document.finishEdit("limit");
     EXPECT_EQ(cell(5, PortsModel::Used), "98 %");
+    EXPECT_NE(barAt(5), Theme::danger);
 }

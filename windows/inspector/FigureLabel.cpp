@@ -45,7 +45,7 @@ void FigureLabel::paintEvent(QPaintEvent *)
 {
     QFont fitting = font();
     const int wanted = widthOf(text(), fontMetrics());
-    if (wanted > width())
+    if (wanted > 0 && wanted > width())
         fitting.setPixelSize(std::max(1, font().pixelSize() * width() / wanted));
     QPainter painter(this);
     painter.setFont(fitting);

@@ -21,6 +21,7 @@
 #include <QDesktopServices>
 #include <QEvent>
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>

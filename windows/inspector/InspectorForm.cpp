@@ -209,6 +209,7 @@ namespace {
 void offer(QComboBox &box, const std::vector<InspectorChoice> &choices)
 {
     std::vector<InspectorChoice> there;
+    there.reserve(static_cast<std::size_t>(box.count()));
     for (int i = 0; i < box.count(); ++i)
         there.push_back({box.itemText(i), box.itemData(i)});
     if (there == choices)

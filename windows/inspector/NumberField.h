@@ -33,7 +33,7 @@ public:
     /// Shows that there are several values; only what is typed from then on counts.
     void showMixed();
 
-    /// The value that counts: the last that was told, or the one before the entry where that was taken back.
+    /// The value that counts: the last that was shown or told, or the one before the entry where that was taken back.
     int taken() const { return m_value; }
 
     void stepBy(int steps) override;

@@ -177,18 +177,18 @@ void ProcessorDialog::addFigures(QFormLayout &form)
     m_headroom->setAccessibleName("Headroom");
     m_headroom->setToolTip("What stays free on each port");
     m_headroom->show(m_settings.headroom);
-    follow(*m_headroom, [this](int value) { m_settings.headroom = value; });
+    takeFrom(*m_headroom, [this](int value) { m_settings.headroom = value; });
     form.addRow("Headroom", m_headroom);
     m_capacity = new NumberField(0, std::numeric_limits<int>::max(), "px");
     m_capacity->setAccessibleName("Pixels per port, typed");
     m_capacity->setToolTip("Counts instead of the model's figure; 0: none is typed");
     m_capacity->show(static_cast<int>(m_settings.capacity));
-    follow(*m_capacity, [this](int value) { m_settings.capacity = value; });
+    takeFrom(*m_capacity, [this](int value) { m_settings.capacity = value; });
     form.addRow("Typed figure", m_capacity);
 }
 
-/// Also to the value before an entry that is taken back.
-void ProcessorDialog::follow(const NumberField &field, const std::function<void(int)> &take)
+/// Takes what is typed, and the value before it where that is taken back.
+void ProcessorDialog::takeFrom(const NumberField &field, const std::function<void(int)> &take)
 {
     const auto takeAndShow = [this, &field, take] {
         take(field.taken());
@@ -279,6 +279,7 @@ QString ProcessorDialog::sourceText() const
     const auto capacity = PortCapacity::of(m_settings);
     if (!capacity || !capacity->model)
         return {};
+    // No catalogue is read in which a model has a source that is not there.
     const FigureSource &source = catalogueOf(m_settings).sources().at(capacity->model->source);
     return QString("Source: %1 (grade %2).").arg(source.title, source.grade);
 }

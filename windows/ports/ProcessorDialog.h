@@ -35,7 +35,7 @@ private:
     void addCard(QFormLayout &form);
     void addBackup(QFormLayout &form);
     void addFigures(QFormLayout &form);
-    void follow(const NumberField &field, const std::function<void(int)> &take);
+    void takeFrom(const NumberField &field, const std::function<void(int)> &take);
 
     void takeModel(const QString &name);
     /// What the model has to choose from.
