@@ -94,7 +94,7 @@ std::vector<QSize> canvasesOf(JsonFields &fields)
     const QJsonArray given = fields.array("canvas");
     const QJsonArray shapes = given.isEmpty() || given.first().isArray() ? given : QJsonArray{given};
     std::vector<QSize> canvases;
-    for (const QJsonValue &shape : shapes) {
+    for (const auto &shape : shapes) {
         JsonFields sides({{"canvas", shape}}, "canvas");
         const std::vector<qint64> found = sides.wholes("canvas", 1, mostSide);
         if (sides.error() || found.size() != 2)
@@ -126,7 +126,7 @@ Result<ProcessorCatalogue> CatalogueReader::read(const QByteArray &json)
              [this](auto &fields, auto &id) { readCapacityModel(fields, id); });
     readEach(file.object("rules"), "rules", [this](auto &fields, auto &id) { readRules(fields, id); });
     qsizetype number = 0;
-    for (const QJsonValue &processor : file.array("processors")) {
+    for (const auto &processor : file.array("processors")) {
         JsonFields fields(processor.toObject(), QString("processor %1").arg(++number));
         readProcessor(fields);
         keepFirst(fields.error());
@@ -170,7 +170,7 @@ void CatalogueReader::readCapacityModel(JsonFields &fields, const QString &id)
     requireKnown(fields, m_catalogue.m_sources, "sources", model.source);
     if (model.kind == CapacityModel::Kind::Link)
         readLinks(fields, model);
-    for (const QJsonValue &published : fields.array("published")) {
+    for (const auto &published : fields.array("published")) {
         JsonFields cell(published.toObject(), "published");
         model.published.push_back(cellOf(cell));
         if (cell.error())
@@ -250,7 +250,7 @@ void CatalogueReader::readShape(JsonFields &fields, ProcessorModel &model)
 
 void CatalogueReader::readFigures(JsonFields &fields, ProcessorModel &model)
 {
-    for (const QJsonValue &figure : fields.array("perPort")) {
+    for (const auto &figure : fields.array("perPort")) {
         JsonFields cell(figure.toObject(), "perPort");
         model.perPort.push_back({cellOf(cell), cell.name("kind")});
         if (cell.error())

@@ -49,7 +49,7 @@ PortName FreePorts::takeBeside(const QString &processor, const std::set<PortName
 {
     FreePorts beside = *this;
     beside.m_taken.insert(others.begin(), others.end());
-    const PortName port = beside.take(processor);
+    PortName port = beside.take(processor);
     if (!isThere(port))
         return take(processor);
     m_taken.insert(port);
