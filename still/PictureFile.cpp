@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
 
 namespace {
 /// Larger files are not read.
@@ -61,27 +62,22 @@ QHash<QString, LoadedPicture> &loadedPictures()
     return pictures;
 }
 
-/// Neither asks for more than it holds.
-bool isHarmless(const QByteArray &bytes)
+/// What `read` makes of the picture in them; nothing where they would ask for more than they hold.
+template <typename Read>
+std::invoke_result_t<Read, QImageReader &> readWith(const Read &read, QByteArray bytes)
 {
-    return DrawingCheck::isHarmless(bytes) && IconCheck::isHarmless(bytes);
-}
-
-/// Upright, and of as much memory as the largest raster takes: Qt's own limit is lower.
-void prepare(QImageReader &reader)
-{
-    QImageReader::setAllocationLimit(mostMemory);
+    if (!DrawingCheck::isHarmless(bytes) || !IconCheck::isHarmless(bytes))
+        return {};
+    QBuffer buffer(&bytes);
+    QImageReader::setAllocationLimit(mostMemory); // Qt's own is below the largest raster
+    QImageReader reader(&buffer);
     reader.setAutoTransform(true);
+    return read(reader);
 }
 
 /// A null image where there is none.
-QImage pictureOf(QByteArray bytes)
+QImage pictureOf(QImageReader &reader)
 {
-    if (!isHarmless(bytes))
-        return {};
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    prepare(reader);
     const QSize announced = reader.size();
     if (announced.isValid() && !Raster::canHold(announced.width(), announced.height()))
         return {};
@@ -103,17 +99,13 @@ QByteArray bytesOf(const QString &path)
 /// Null where there is no picture, also for want of memory: the next time there may be one.
 std::shared_ptr<const QImage> readPicture(const QString &path)
 {
-    const Result<QImage> picture = Memory::orError([&]() -> Result<QImage> { return pictureOf(bytesOf(path)); });
+    const Result<QImage> picture =
+        Memory::orError([&]() -> Result<QImage> { return readWith(&pictureOf, bytesOf(path)); });
     return picture && !picture->isNull() ? std::make_shared<const QImage>(*picture) : nullptr;
 }
 
-PictureFile::Small smallOf(QByteArray bytes, const QSize &most, qint64 mostPixels)
+PictureFile::Small smallOf(QImageReader &reader, const QSize &most, qint64 mostPixels)
 {
-    if (!isHarmless(bytes))
-        return {};
-    QBuffer buffer(&bytes);
-    QImageReader reader(&buffer);
-    prepare(reader);
     const QSize size = reader.size();
     if (!reader.canRead() || size.isEmpty())
         return {};
@@ -148,7 +140,8 @@ std::shared_ptr<const QImage> load(const QString &path)
 Small small(const QString &path, const QSize &most, qint64 mostPixels)
 {
     const QByteArray bytes = mayBeRead(QFileInfo(path)) ? bytesOf(path) : QByteArray();
-    return Memory::orError([&]() -> Result<Small> { return smallOf(bytes, most, mostPixels); }).value_or(Small());
+    const auto read = [&](QImageReader &reader) { return smallOf(reader, most, mostPixels); };
+    return Memory::orError([&]() -> Result<Small> { return readWith(read, bytes); }).value_or(Small());
 }
 
 bool isPicture(const QString &path)

@@ -336,11 +336,24 @@ TEST_F(DataToolOfCanvas, ReadsOutTheLimitInTheColourOfWarnings)
 TEST_F(DataToolOfCanvas, OutlinesAndNamesThePanelUnderThePointer)
 {
     const QImage plain = seen();
-    const auto marks = [&] { return seen() != plain; };
+    // Whether something else is seen on the left edge of a panel, away from what is written beside the pointer.
+    const auto isOutlined = [&](int column, int row) {
+        const QImage now = seen();
+        const QPoint edge =
+            placeOfOutput() + QPointF(column * 128 / 3.0 * ratio(), (row * 128 + 20) / 3.0 * ratio()).toPoint();
+        for (int x = -2; x <= 2; ++x) {
+            if (now.pixel(edge + QPoint(x, 0)) != plain.pixel(edge + QPoint(x, 0)))
+                return true;
+        }
+        return false;
+    };
     moveTo(panel(2, 2), {});
-    EXPECT_TRUE(marks());
+    EXPECT_TRUE(isOutlined(2, 2));
+    EXPECT_FALSE(isOutlined(5, 2));
+    EXPECT_NE(seen().copy(QRect(placeOfOutput() + (panel(2, 2) * ratio()).toPoint(), QSize(60, 60))),
+              plain.copy(QRect(placeOfOutput() + (panel(2, 2) * ratio()).toPoint(), QSize(60, 60)))); // its name
     moveTo(QPointF(600, 300), {}); // no wall is there
-    EXPECT_FALSE(marks());
+    EXPECT_EQ(seen(), plain);
 }
 
 TEST_F(DataToolOfCanvas, APressOnAnotherWallSelectsIt)
