@@ -6,6 +6,7 @@
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
 
+#include <QEvent>
 #include <QStringList>
 
 #include <functional>
