@@ -5,6 +5,15 @@
 namespace {
 /// Masks are widened to whole vectors of pixels, so that blending a row of one has no odd end to care for.
 constexpr int vectorPixels = 16;
+
+/// What the painter keeps with a path for the next time is many times the path.
+QPainterPath copyOf(const QPainterPath &path)
+{
+    QPainterPath copy;
+    copy.addPath(path);
+    copy.setFillRule(path.fillRule());
+    return copy;
+}
 } // namespace
 
 CoverageMask CoverageMask::of(const QPainterPath &outline)
@@ -18,7 +27,7 @@ CoverageMask CoverageMask::of(const QPainterPath &outline)
     QPainter painter(&mask);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(-bounds.topLeft());
-    painter.fillPath(outline, Qt::black);
+    painter.fillPath(copyOf(outline), Qt::black);
     painter.end();
-    return {std::make_shared<const QImage>(mask), bounds.topLeft()};
+    return {std::make_shared<const QImage>(mask.copy()), bounds.topLeft()}; // the painter's engine goes with the first
 }
