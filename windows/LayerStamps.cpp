@@ -67,6 +67,14 @@ void LayerStamps::want(const QModelIndex &row, const LayerPointer &layer, qreal 
         m_idle.start(delay);
 }
 
+void LayerStamps::forgetGoneLayers()
+{
+    for (const Layer *const layer : m_stamps.keys()) {
+        if (m_stamps.object(layer)->layer.expired())
+            m_stamps.remove(layer);
+    }
+}
+
 void LayerStamps::makeNext()
 {
     bool isMade = false;

@@ -30,6 +30,9 @@ public:
     /// layer had before, or null. Null as well where the layer has no picture.
     QImage of(const QModelIndex &row, const LayerPointer &layer, qreal devicePixelRatio);
 
+    /// Lets go of the stamps of layers that nothing holds any longer, and of what they were made of.
+    void forgetGoneLayers();
+
     /// Whether any are still to be made.
     bool isBehind() const { return !m_wanted.empty(); }
 

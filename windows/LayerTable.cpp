@@ -107,6 +107,8 @@ LayerTable::LayerTable(LayerList &list, const QString &name, LayerDelegate::Kind
     connect(&list, &LayerList::rowsAboutToBeRemoved, this, [this] { m_rowsGo = true; });
     setModel(&list);
     connect(&list, &LayerList::rowsRemoved, this, [this] { m_rowsGo = false; });
+    connect(&list, &LayerList::rowsRemoved, &m_stamps, &LayerStamps::forgetGoneLayers);
+    connect(&list, &LayerList::modelReset, &m_stamps, &LayerStamps::forgetGoneLayers);
     connect(&m_stamps, &LayerStamps::ready, this, [this](const QModelIndex &row) { update(row); });
     connect(&list, &LayerList::selectionIndexDidChange, this, &LayerTable::followSelection);
     connect(&list, &LayerList::selectionIndexesDidChange, this, &LayerTable::followSelection);

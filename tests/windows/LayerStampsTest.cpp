@@ -151,6 +151,22 @@ TEST_F(LayerStampsTest, OnlyTheLastLookOfALayerIsHeld)
     EXPECT_TRUE(first.expired());
 }
 
+TEST_F(LayerStampsTest, OfALayerThatIsGoneNothingIsHeld)
+{
+    settle();
+    const std::weak_ptr<const LayerRecord> removed = wall(3).record();
+    list.removeObjectAtArrangedObjectIndex(3);
+    EXPECT_TRUE(removed.expired());
+
+    LayerPointer undone = list.layer(4);
+    const std::weak_ptr<const LayerRecord> held = undone->record();
+    list.removeObjectAtArrangedObjectIndex(4);
+    undone.reset(); // a history keeps layers longer than the list
+    EXPECT_FALSE(held.expired());
+    list.setLayers({LWScreen::init(host)}, {0});
+    EXPECT_TRUE(held.expired());
+}
+
 TEST_F(LayerStampsTest, RowsThatHaveGoneOutOfSightArePassedOver)
 {
     settle();
