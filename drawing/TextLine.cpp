@@ -1,5 +1,6 @@
 #include "drawing/TextLine.h"
 
+#include <QCache>
 #include <QFont>
 #include <QFontDatabase>
 #include <QFontMetricsF>
@@ -10,8 +11,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <map>
-#include <tuple>
 
 namespace {
 /// Texts are shaped at this size and scaled from there: unhinted outlines scale exactly, and Qt's fonts know
@@ -121,57 +120,57 @@ ShapedText shape(const QString &text)
     return shaped;
 }
 
-/// The glyphs that have been drawn so far, by font and size.
-class GlyphCache
+struct Glyph
 {
-public:
-    struct Glyph
-    {
-        QPainterPath outline;
-        CoverageMask mask; ///< relative to the glyph's origin; null for blanks and large sizes
-    };
+    QPainterPath outline;
+    CoverageMask mask; ///< relative to the glyph's origin; null for blanks and large sizes
 
-    static GlyphCache &instance()
+    /// What keeping it costs.
+    qsizetype bytes() const
     {
-        static GlyphCache cache;
-        return cache;
+        constexpr qsizetype ofObjects = 750; // that hold these two, as measured
+        const qsizetype ofMask = mask.mask ? mask.mask->sizeInBytes() : 0;
+        return ofObjects + ofMask + outline.capacity() * qsizetype{sizeof(QPainterPath::Element)};
     }
-
-    const Glyph &glyph(const ShapedGlyph &shaped, double pointSize, bool withMask)
-    {
-        const Key key{shaped.font.familyName() + shaped.font.styleName(), pointSize, shaped.index};
-        const auto known = m_glyphs.find(key);
-        if (known != m_glyphs.end())
-            return known->second;
-        if (m_maskBytes >= mostMaskBytes || m_glyphs.size() >= mostGlyphs) {
-            m_glyphs.clear();
-            m_maskBytes = 0;
-        }
-        const Glyph &glyph = m_glyphs.emplace(key, made(shaped, pointSize, withMask)).first->second;
-        m_maskBytes += glyph.mask.mask ? glyph.mask.mask->sizeInBytes() : 0;
-        return glyph;
-    }
-
-private:
-    using Key = std::tuple<QString, double, quint32>;
-    /// A chart uses a few dozen glyphs in three sizes, a few hundred kilobytes.
-    static constexpr std::size_t mostGlyphs = 4096;
-    static constexpr qsizetype mostMaskBytes = 16 << 20;
-
-    static Glyph made(const ShapedGlyph &shaped, double pointSize, bool withMask)
-    {
-        const double scale = pointSize / shapingSize;
-        Glyph glyph;
-        glyph.outline = QTransform::fromScale(scale, scale).map(shaped.font.pathForGlyph(shaped.index));
-        glyph.outline.setFillRule(Qt::WindingFill);
-        if (withMask)
-            glyph.mask = CoverageMask::of(glyph.outline);
-        return glyph;
-    }
-
-    std::map<Key, Glyph> m_glyphs;
-    qsizetype m_maskBytes = 0;
 };
+
+Glyph makeGlyph(const ShapedGlyph &shaped, double pointSize, bool withMask)
+{
+    const double scale = pointSize / shapingSize;
+    Glyph glyph;
+    glyph.outline = QTransform::fromScale(scale, scale).map(shaped.font.pathForGlyph(shaped.index));
+    glyph.outline.setFillRule(Qt::WindingFill);
+    if (withMask)
+        glyph.mask = CoverageMask::of(glyph.outline);
+    return glyph;
+}
+
+struct GlyphKey
+{
+    QString font;
+    double pointSize;
+    quint32 index;
+
+    bool operator==(const GlyphKey &) const = default;
+    friend size_t qHash(const GlyphKey &key, size_t seed)
+    {
+        return qHashMulti(seed, key.font, key.pointSize, key.index);
+    }
+};
+
+/// A glyph that has been drawn before is not made again, as long as others have not taken its place.
+Glyph glyphOf(const ShapedGlyph &shaped, double pointSize, bool withMask)
+{
+    // A chart uses a few dozen in three sizes, a few hundred kilobytes.
+    constexpr qsizetype mostBytes = 16 << 20;
+    static QCache<GlyphKey, Glyph> made(mostBytes);
+    const GlyphKey key{shaped.font.familyName() + shaped.font.styleName(), pointSize, shaped.index};
+    if (const Glyph *const known = made.object(key))
+        return *known;
+    Glyph glyph = makeGlyph(shaped, pointSize, withMask);
+    made.insert(key, new Glyph(glyph), glyph.bytes());
+    return glyph;
+}
 } // namespace
 
 TextLine::TextLine(const QString &text, double pointSize) : m_pointSize(pointSize)
@@ -189,7 +188,7 @@ TextLine::TextLine(const QString &text, double pointSize) : m_pointSize(pointSiz
     for (std::size_t i = 0; i < shaped.glyphs.size(); ++i) {
         const ShapedGlyph &glyph = shaped.glyphs[i];
         const QPoint origin(pen, ascent + qRound(glyph.position.y() * scale));
-        const auto &[outline, mask] = GlyphCache::instance().glyph(glyph, pointSize, hasMasks());
+        const auto [outline, mask] = glyphOf(glyph, pointSize, hasMasks());
         if (!outline.isEmpty())
             m_outlines.push_back({outline, origin});
         if (mask.mask)
