@@ -33,17 +33,17 @@ using MakeSubject = std::function<Subject()>;
 
 Operation againstMemset(std::string name, double goal, MakeSubject make)
 {
-    return {std::move(name), "memset", goal, [make] { return timeOfMemset(make()); }};
+    return {std::move(name), "memset", goal, [make = std::move(make)] { return timeOfMemset(make()); }};
 }
 
 Operation againstMemcpy(std::string name, double goal, MakeSubject make)
 {
-    return {std::move(name), "memcpy", goal, [make] { return timeOfMemcpy(make()); }};
+    return {std::move(name), "memcpy", goal, [make = std::move(make)] { return timeOfMemcpy(make()); }};
 }
 
 Operation againstReading(std::string name, double goal, MakeSubject make)
 {
-    return {std::move(name), "read", goal, [make] { return timeOfReading(make()); }};
+    return {std::move(name), "read", goal, [make = std::move(make)] { return timeOfReading(make()); }};
 }
 
 /// What a wall and an output of one size cost.

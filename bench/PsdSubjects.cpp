@@ -62,6 +62,7 @@ Subject PsdSubjects::tiledLayers(const QSize &output)
 {
     const QSize tile(output.width() / 4, output.height() / 3);
     std::vector<PlacedChart> charts;
+    charts.reserve(12);
     for (int i = 0; i < 12; ++i)
         charts.push_back({Charts::picture(tile, i), QPoint(i % 4 * tile.width(), i / 4 * tile.height())});
     return documentOf(output, std::move(charts));

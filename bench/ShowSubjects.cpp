@@ -24,6 +24,7 @@ public:
         window.makeLateParts();
         window.start();
         std::vector<LayerPointer> walls;
+        walls.reserve(static_cast<std::size_t>(layers));
         for (int wall = 0; wall < layers; ++wall)
             walls.push_back(makeWall(wall));
         document().arraycontroller().setLayers(walls, {0});
@@ -71,7 +72,7 @@ private:
 
     LayerPointer makeWall(int number)
     {
-        const LayerPointer wall = LWScreen::init(document());
+        LayerPointer wall = LWScreen::init(document());
         wall->setPanelWidth(panelSide);
         wall->setPanelHeight(panelSide);
         wall->setCol(columns);

@@ -86,7 +86,7 @@ double timeOfChecks()
 Subject handWiredWall()
 {
     TestHost host;
-    const LayerPointer wall = wallAt(host, 60, 34, 128, 0, 0);
+    LayerPointer wall = wallAt(host, 60, 34, 128, 0, 0);
     const Project project = show(1, 1, [&](int, int) { return wall; }, {7680, 4352});
     const ShowPorts automatic = ShowPorts::of(project);
     wall->setValue("runs",

@@ -236,7 +236,7 @@ void runPicture(const QByteArray &bytes)
 QString recoveryFolder(const QByteArray &bytes)
 {
     static const QTemporaryDir home;
-    const QString folder = home.filePath("recovery");
+    QString folder = home.filePath("recovery");
     QDir(folder).removeRecursively();
     for (const char *name : {"/left", "/empty", "/killed"})
         QDir().mkpath(folder + name);
