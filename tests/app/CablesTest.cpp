@@ -16,7 +16,7 @@ protected:
 
     LayerPointer wall(const QString &name)
     {
-        const LayerPointer made = LWScreen::init(document);
+        LayerPointer made = LWScreen::init(document);
         made->setLabel(name);
         made->setCol(4);
         made->setRow(2);

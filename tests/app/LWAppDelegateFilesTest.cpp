@@ -20,7 +20,7 @@ protected:
     }
     QString sample()
     {
-        const QString path = folder.filePath("sample.Orv");
+        QString path = folder.filePath("sample.Orv");
         EXPECT_TRUE(ProjectFile::write(path, sampleProject(document)).has_value());
         return path;
     }

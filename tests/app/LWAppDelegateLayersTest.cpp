@@ -18,7 +18,7 @@ protected:
     {
         QImage picture(31, 17, QImage::Format_RGB32);
         picture.fill(Qt::green);
-        const QString path = folder.filePath("plate.png");
+        QString path = folder.filePath("plate.png");
         EXPECT_TRUE(picture.save(path));
         return path;
     }

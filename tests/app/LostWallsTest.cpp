@@ -23,7 +23,7 @@ protected:
     /// So many panels that the log tells of the path that is left out, each time that the wall is drawn.
     LayerPointer tellingWall(bool isVisible)
     {
-        const LayerPointer screen = wall(2000, 2000, isVisible);
+        LayerPointer screen = wall(2000, 2000, isVisible);
         screen->setDrawFlowPath(true);
         return screen;
     }

@@ -49,7 +49,7 @@ protected:
     }
     QString sample()
     {
-        const QString path = state.filePath("sample.Orv");
+        QString path = state.filePath("sample.Orv");
         EXPECT_TRUE(ProjectFile::write(path, sampleProject(*document)).has_value());
         return path;
     }

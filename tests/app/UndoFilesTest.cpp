@@ -13,7 +13,7 @@ class UndoFiles : public UndoFixture
 protected:
     QString sample()
     {
-        const QString path = folder.filePath("sample.Orv");
+        QString path = folder.filePath("sample.Orv");
         EXPECT_TRUE(ProjectFile::write(path, sampleProject(document)).has_value());
         return path;
     }

@@ -79,7 +79,7 @@ protected:
     {
         QImage picture(size, QImage::Format_RGB32);
         picture.fill(colour);
-        const QString path = folder.filePath(name);
+        QString path = folder.filePath(name);
         EXPECT_TRUE(picture.save(path));
         return path;
     }

@@ -90,7 +90,7 @@ protected:
 
     QByteArray write(const ArchiveNodes &archive)
     {
-        const QByteArray written = archiveBytes(archive);
+        QByteArray written = archiveBytes(archive);
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(written) == written.size());
         return written;

@@ -16,7 +16,7 @@ protected:
 
     LayerPointer wall(const QString &name, int columns, int rows)
     {
-        const LayerPointer made = wallOf(document, columns, rows, 120);
+        LayerPointer made = wallOf(document, columns, rows, 120);
         made->setLabel(name);
         return made;
     }

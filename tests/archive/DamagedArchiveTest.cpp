@@ -37,7 +37,7 @@ QByteArray textOf(const QByteArray &archive)
     char *text = nullptr;
     uint32_t length = 0;
     plist_to_xml(list, &text, &length);
-    const QByteArray copy(text, length);
+    QByteArray copy(text, length);
     plist_to_xml_free(text);
     plist_free(list);
     return copy;

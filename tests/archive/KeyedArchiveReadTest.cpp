@@ -12,7 +12,7 @@ const QStringList ownClasses{"LWScreen", "LWStill"};
 Result<ArchiveValue> readBoth(const QByteArray &xml)
 {
     const Result<ArchiveValue> fromXml = KeyedArchive::read(xml, ownClasses);
-    const Result<ArchiveValue> fromBinary = KeyedArchive::read(binary(xml), ownClasses);
+    Result<ArchiveValue> fromBinary = KeyedArchive::read(binary(xml), ownClasses);
     EXPECT_EQ(fromXml.has_value(), fromBinary.has_value());
     if (fromXml && fromBinary)
         EXPECT_EQ(fromXml->kind(), fromBinary->kind());

@@ -6,7 +6,6 @@
 
 using TestArchive::binary;
 using TestArchive::classTable;
-using TestArchive::record;
 using TestArchive::uid;
 using TestArchive::xml;
 

@@ -19,7 +19,7 @@ struct Band
     int first;
     int count;
 
-    auto operator<=>(const Band &) const = default;
+    bool operator==(const Band &) const = default;
 };
 
 /// From top to bottom.
@@ -31,7 +31,7 @@ std::vector<Band> bandsOf(int rows, int leastRows)
         const std::lock_guard lock(mutex);
         bands.push_back({first, count});
     });
-    std::sort(bands.begin(), bands.end());
+    std::ranges::sort(bands, {}, &Band::first);
     return bands;
 }
 
@@ -81,7 +81,9 @@ TEST_P(BandsByThreads, ABandMayHaveBandsOfItsOwn)
 {
     std::vector<std::atomic<int>> times(64);
     Bands::forEach(8, 1, [&](int outer, int) {
-        Bands::forEach(8, 1, [&](int inner, int) { ++times[static_cast<std::size_t>(8 * outer + inner)]; });
+        Bands::forEach(8, 1, [&](int inner, int) {
+            ++times[8 * static_cast<std::size_t>(outer) + static_cast<std::size_t>(inner)];
+        });
     });
     for (const std::atomic<int> &time : times)
         EXPECT_EQ(time, 1);

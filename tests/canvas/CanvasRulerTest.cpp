@@ -7,6 +7,8 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <cmath>
+
 namespace {
 /// Rulers along the canvas of the fixture; an output pixel is a third of a logical pixel.
 class CanvasRulerTest : public CanvasFixture
@@ -83,7 +85,8 @@ TEST(RulerSteps, FarInTheyAreSinglePixels)
 
 TEST(RulerSteps, NumbersAreNeverNearerThanAskedFor)
 {
-    for (double length = 64; length > 1e-15; length *= 0.77) {
+    for (int power = 0; power < 150; ++power) { // to 6e-16
+        const double length = 64 * std::pow(0.77, power);
         const RulerSteps steps = RulerSteps::of(length, 60);
         EXPECT_GE(double(steps.numbered) * length, 60) << length;
         EXPECT_LT(steps.numbered == 1 ? 0 : double(steps.numbered) * length, 151) << length;

@@ -43,7 +43,7 @@ struct Flashes
 Flashes flashesOf(const Chart &chart, const ChartShape &shape)
 {
     const auto second = static_cast<int>(std::ceil(shape.rate));
-    const auto count = static_cast<std::size_t>(shape.size.width() * shape.size.height());
+    const auto count = static_cast<std::size_t>(shape.size.width()) * static_cast<std::size_t>(shape.size.height());
     std::vector<std::vector<int>> onsets(count); // frames
     std::vector<bool> wasBright(count, true);
     for (int frame = 0; frame < 3 * second; ++frame) {

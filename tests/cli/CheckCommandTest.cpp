@@ -13,7 +13,7 @@ class CheckCommandTest : public CommandTest
 protected:
     Outcome check(const QByteArray &layers, const QStringList &options = {}) const
     {
-        const Outcome outcome = runCommand(QStringList{"check", show(layers)} + options);
+        Outcome outcome = runCommand(QStringList{"check", show(layers)} + options);
         EXPECT_EQ(outcome.err, QString());
         return outcome;
     }

@@ -29,7 +29,7 @@ bool isImageMagick(const QString &program)
 QString firstOf(const QStringList &names)
 {
     for (const QString &name : names) {
-        const QString program = QStandardPaths::findExecutable(name);
+        QString program = QStandardPaths::findExecutable(name);
         if (!program.isEmpty() && isImageMagick(program))
             return program;
     }

@@ -30,8 +30,8 @@ QJsonObject festival(const QStringList &options = {})
 
 QJsonObject layerNamed(const QJsonObject &document, const QString &label)
 {
-    for (const QJsonValue &layer : document["layers"].toArray()) {
-        if (layer["label"] == label)
+    for (const auto &layer : document["layers"].toArray()) {
+        if (layer.toObject()["label"] == label)
             return layer.toObject();
     }
     return {};

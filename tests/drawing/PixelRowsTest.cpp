@@ -37,9 +37,8 @@ TEST(PixelRows, BlendingIsThePlainArithmeticAtEveryLengthAndPlace)
             byte = static_cast<uchar>(random());
         const QRgb colour = qPremultiply(static_cast<QRgb>(random()));
         std::vector<QRgb> expected = pixels;
-        for (int i = 0; i < count; ++i)
-            expected[static_cast<std::size_t>(i + 3)] =
-                plainBlend(pixels[static_cast<std::size_t>(i + 3)], coverage[static_cast<std::size_t>(i)], colour);
+        for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i)
+            expected[i + 3] = plainBlend(pixels[i + 3], coverage[i], colour);
 
         PixelRows::blend(pixels.data() + 3, coverage.data(), count, colour);
 
@@ -79,7 +78,7 @@ TEST(PixelRows, CopiesReachEveryPixelAndNoOther)
     for (std::size_t i = 0; i < source.size(); ++i)
         source[i] = static_cast<QRgb>(i + 1);
     for (std::size_t start = 0; start < 20; ++start) {
-        for (const std::size_t count : {0, 1, 15, 16, 17, 150}) {
+        for (const std::size_t count : {0U, 1U, 15U, 16U, 17U, 150U}) {
             std::vector<QRgb> target(200, 0);
             PixelRows::copyPastCache(target.data() + start, source.data(), static_cast<qsizetype>(count));
             for (std::size_t i = 0; i < target.size(); ++i) {
@@ -96,10 +95,11 @@ TEST(PixelRows, OnePixelThatIsNotOpaqueIsFoundWhereverItStands)
     EXPECT_TRUE(PixelRows::areOpaque(pixels.data(), 0));
     EXPECT_TRUE(PixelRows::areOpaque(pixels.data(), 70));
     for (qsizetype i = 0; i < 70; ++i) {
-        pixels[i] = 0xfeffffff;
+        QRgb &pixel = pixels[static_cast<std::size_t>(i)];
+        pixel = 0xfeffffff;
         EXPECT_FALSE(PixelRows::areOpaque(pixels.data(), 70)) << i;
         EXPECT_TRUE(PixelRows::areOpaque(pixels.data(), i)) << i;
-        pixels[i] = 0xffffffff;
+        pixel = 0xffffffff;
     }
 }
 

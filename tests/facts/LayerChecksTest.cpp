@@ -14,7 +14,7 @@ protected:
     /// 8 x 5 panels of 128 x 64: 65,536 px a row.
     std::shared_ptr<LWScreen> goodWall()
     {
-        const auto made = wall({8, 5, 128, 64});
+        auto made = wall({8, 5, 128, 64});
         made->drawInRect();
         return made;
     }

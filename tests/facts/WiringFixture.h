@@ -13,7 +13,7 @@ class WiringFixture : public ::testing::Test
 protected:
     LayerPointer add(const QString &name, int columns, int rows, const char *split = "panels")
     {
-        const LayerPointer wall = wallOf(host, columns, rows, 128);
+        LayerPointer wall = wallOf(host, columns, rows, 128);
         wall->setLabel(name);
         wall->setValue("processor", "A");
         wall->setValue("split", split);

@@ -160,7 +160,7 @@ public:
         if (found.empty()) // held by this program once it was taken
             return {m_isTaken, false, {path("recovery")}};
         m_document->recover(found.front());
-        const Outcome recovered = outcome();
+        Outcome recovered = outcome();
         m_isTaken = m_document->recoverable().empty();
         return recovered;
     }

@@ -109,7 +109,7 @@ bool isFile(int descriptor)
 }
 } // namespace
 
-#define NEXT(name) static auto *const next_##name = next(&name, #name)
+#define NEXT(name) static auto *const next_##name = next(&(name), #name)
 
 extern "C" {
 int open(const char *path, int flags, ...)
@@ -230,10 +230,12 @@ void *mmap64(void *place, size_t length, int protection, int flags, int descript
                                         : next_mmap64(place, length, protection, flags, descriptor, offset);
 }
 
+// As glibc names its own to those who stand before them. NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl*)
 void *__libc_malloc(size_t bytes);
 void *__libc_calloc(size_t count, size_t bytes);
 void *__libc_realloc(void *old, size_t bytes);
 void *__libc_memalign(size_t alignment, size_t bytes);
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl*)
 
 void *malloc(size_t bytes) noexcept
 {

@@ -36,7 +36,7 @@ inline QByteArray archiveBytes(const ArchiveNodes &archive)
     char *bytes = nullptr;
     uint32_t size = 0;
     plist_to_bin(archive.get(), &bytes, &size);
-    const QByteArray written(bytes, size);
+    QByteArray written(bytes, size);
     plist_to_bin_free(bytes);
     return written;
 }

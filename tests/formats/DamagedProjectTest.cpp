@@ -47,7 +47,7 @@ QByteArray binary(const ArchiveNodes &list)
     char *bytes = nullptr;
     uint32_t length = 0;
     plist_to_bin(list.get(), &bytes, &length);
-    const QByteArray copy(bytes, length);
+    QByteArray copy(bytes, length);
     plist_to_bin_free(bytes);
     return copy;
 }

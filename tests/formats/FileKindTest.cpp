@@ -61,7 +61,7 @@ TEST_F(FileKindTest, APictureIsToldWhereItBelongs)
 
 TEST_F(FileKindTest, APresetLibraryIsToldWhereItIsOpened)
 {
-    for (const std::size_t count : {1, 3, 4}) {
+    for (const std::size_t count : {1U, 3U, 4U}) {
         const std::vector<LayerPointer> presets(count, LWScreen::init(host));
         EXPECT_EQ(refusalOf(PresetLibrary::encode(presets).value(), "presets.Orv"),
                   "this is no project, but a preset library. Open it with Open library in the presets' menu.");

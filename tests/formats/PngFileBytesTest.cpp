@@ -17,8 +17,8 @@ namespace {
 void runOnStackAt(quintptr page, char rest, const std::function<void()> &work)
 {
     constexpr std::size_t bytes = std::size_t{512} << 10;
-    void *const stack =
-        mmap(reinterpret_cast<void *>(page << 12), bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    void *const place = reinterpret_cast<void *>(page << 12); // NOLINT(performance-no-int-to-ptr): nothing is there yet
+    void *const stack = mmap(place, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     ASSERT_NE(stack, MAP_FAILED);
     std::fill_n(static_cast<char *>(stack), bytes, rest);
 

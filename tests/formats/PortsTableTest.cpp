@@ -20,7 +20,7 @@ protected:
 
     LayerPointer add(const QString &name, int columns, int rows)
     {
-        const LayerPointer wall = LWScreen::init(host);
+        LayerPointer wall = LWScreen::init(host);
         wall->setLabel(name);
         wall->setCol(columns);
         wall->setRow(rows);

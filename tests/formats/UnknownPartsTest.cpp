@@ -27,7 +27,7 @@ protected:
         return {1080, 1920, {wall}, {}, {settings}};
     }
     /// As a newer version writes it.
-    QByteArray newer(QByteArray format = "3")
+    QByteArray newer(const QByteArray &format = "3")
     {
         QByteArray text = ProjectText::encode(show(nullptr, nullptr));
         text.replace("\"format\": 2", "\"format\": " + format);

@@ -14,7 +14,7 @@ QByteArray DocumentCursor::take(qsizetype count, const char *what)
         refuse(m_position, QString("the file ends in %1").arg(what));
     if (!isGood())
         return {};
-    const QByteArray taken = m_bytes.sliced(m_position, count).toByteArray();
+    QByteArray taken = m_bytes.sliced(m_position, count).toByteArray();
     m_position += count;
     return taken;
 }
@@ -39,7 +39,7 @@ quint32 DocumentCursor::number(int length, quint32 least, quint32 most, const ch
 QByteArray DocumentCursor::key(std::initializer_list<QByteArray> known, const char *what)
 {
     const qsizetype place = m_position;
-    const QByteArray key = take(4, what);
+    QByteArray key = take(4, what);
     if (std::find(known.begin(), known.end(), key) == known.end())
         refuse(place, QString("%1 is \"%2\"").arg(what, QString::fromLatin1(key)));
     return key;

@@ -85,8 +85,8 @@ void flip(std::vector<QRgb> &pixels, const QSize &document)
 {
     for (int y = 0; y < document.height() / 2; ++y) {
         for (int x = 0; x < document.width(); ++x) {
-            const auto upper = std::size_t(document.width() * y + x);
-            const auto lower = std::size_t(document.width() * (document.height() - y - 1) + x);
+            const auto upper = std::size_t(qsizetype{document.width()} * y + x);
+            const auto lower = std::size_t(qsizetype{document.width()} * (document.height() - y - 1) + x);
             if (lower < pixels.size())
                 std::swap(pixels[upper], pixels[lower]);
         }
@@ -114,7 +114,7 @@ std::vector<Plane> layerPlanes(const PlannedStep &step, const PlannedDocument &p
     for (int y = 0; y < patch.height && patch.place.y() + y < planned.size.height(); ++y) {
         for (int x = 0; x < patch.width; ++x) {
             const qsizetype place = qsizetype{planned.size.width()} * (patch.place.y() + y) + patch.place.x() + x;
-            setSamples(planes, place, patch.pixels[std::size_t(patch.width * y + x)]);
+            setSamples(planes, place, patch.pixels[std::size_t(qsizetype{patch.width} * y + x)]);
         }
     }
     return planes;
@@ -205,7 +205,7 @@ LayeredDocument expectedDocument(const PlannedDocument &planned)
     expected.height = planned.size.height();
     expected.channels = planned.hasTransparentLayers ? 4 : 3;
     const auto perInch = float(planned.resolution * (planned.resolutionUnit == 2 ? 2.54 : 1.0));
-    expected.horizontalResolution = quint32(double(perInch) * 65536 + 0.5);
+    expected.horizontalResolution = quint32(std::llround(double(perInch) * 65536));
     expected.verticalResolution = expected.horizontalResolution;
     expected.resolutionUnit = quint32(planned.resolutionUnit);
     expected.colourProfile = expectedProfile(planned.colorProfile);

@@ -119,8 +119,10 @@ TEST(HostileDocument, OffsetsBeyondAllReasonMakeAWholeDocument)
 TEST(HostileDocument, FractionalOffsetsMakeAWholeDocument)
 {
     KXPSDWriter writer(QSizeF(10, 10));
-    for (double offset = -5.5; offset < 10.5; offset += 0.3)
+    for (int tenths = -55; tenths < 105; tenths += 3) {
+        const double offset = tenths / 10.0;
         writer.addLayerWithCGImage(raster(5, 5, Qt::red), "A", 1, {offset, -offset / 2});
+    }
     EXPECT_GT(documentOf(writer).layers.size(), 40u);
 }
 

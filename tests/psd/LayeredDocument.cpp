@@ -15,7 +15,7 @@ QByteArray unpackedRow(QByteArrayView packets)
 {
     QByteArray row;
     while (!packets.isEmpty()) {
-        const int header = qint8(packets[0]);
+        const auto header = static_cast<qint8>(packets[0]);
         const qsizetype used = header >= 0 ? header + 2 : 2;
         if (header == -128 || packets.size() < used)
             return {};

@@ -55,7 +55,7 @@ QByteArray PlainPackBits::unpack(const QByteArray &stream)
 {
     QByteArray bytes;
     for (qsizetype at = 0; at + 1 < stream.size();) {
-        const int header = static_cast<signed char>(stream[at]);
+        const auto header = static_cast<signed char>(stream[at]);
         if (header >= 0) {
             if (at + header + 2 > stream.size())
                 return {};

@@ -75,7 +75,7 @@ QString Dice::name()
     const int pieces = oneOf({0, from(1, 9), from(1, 9), from(1, 9), 255});
     QString name;
     for (int i = 0; i < pieces; ++i) {
-        const QString piece = alphabet[from(0, int(alphabet.size()) - 1)];
+        const QString &piece = alphabet[from(0, int(alphabet.size()) - 1)];
         if (name.size() + piece.size() <= longestName)
             name += piece;
     }

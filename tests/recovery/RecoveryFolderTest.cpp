@@ -9,7 +9,7 @@ protected:
     /// Makes a folder in that of the copies, with files by name.
     QString place(const QString &name, const QStringList &files)
     {
-        const QString path = folder + "/" + name;
+        QString path = folder + "/" + name;
         EXPECT_TRUE(QDir().mkpath(path));
         for (const QString &file : files)
             write(path + "/" + file, "anything");

@@ -23,6 +23,6 @@ TEST(LayerPasteboard, NoLayersAreNothingToPaste)
 
 TEST(LayerPasteboard, AnArchiveOfAnythingElseIsNoList)
 {
-    EXPECT_EQ(whyNotPasted(KeyedArchive::write(ArchiveValue(QString("layers")))),
+    EXPECT_EQ(whyNotPasted(KeyedArchive::write(ArchiveValue{QString("layers")})),
               "the root is a text, expected a list");
 }

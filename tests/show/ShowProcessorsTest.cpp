@@ -88,7 +88,7 @@ TEST_F(ShowProcessorsTest, WhereThereIsNoFigureTheLimitStays)
 TEST_F(ShowProcessorsTest, CopiedCablesTakeTheNextFreePorts)
 {
     const auto wired = [this](const WallRuns &runs) {
-        const LayerPointer layer = wall(2, 2);
+        LayerPointer layer = wall(2, 2);
         layer->setValue("runs", QVariant::fromValue(CableRuns(runs)));
         return layer;
     };

@@ -13,7 +13,7 @@ protected:
     {
         QImage image(size, QImage::Format_RGB32);
         image.fill(colour);
-        const QString path = folder.filePath(name);
+        QString path = folder.filePath(name);
         EXPECT_TRUE(image.save(path));
         return path;
     }

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QSet>
 

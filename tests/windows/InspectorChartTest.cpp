@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QMenu>
 #include <QSpinBox>
+#include <QTest>
 #include <QToolButton>
 
 class InspectorChart : public InspectorFixture

@@ -36,7 +36,7 @@ protected:
         arguments.label = name;
         arguments.hpos = 1920;
         arguments.vpos = -5;
-        const LayerPointer wall = LWScreen::initWithrow(window.document(), arguments);
+        LayerPointer wall = LWScreen::initWithrow(window.document(), arguments);
         list().insertObjectAtArrangedObjectIndex(wall, row);
         return wall;
     }

@@ -19,7 +19,7 @@ protected:
     /// 8 x 5 panels of 128 x 64: 65,536 px a row, 40,960 px a column.
     LayerPointer wall()
     {
-        const LayerPointer made = LWScreen::init(host);
+        LayerPointer made = LWScreen::init(host);
         made->setCol(8);
         made->setRow(5);
         made->setPanelWidth(128);

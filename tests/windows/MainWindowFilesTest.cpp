@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QScreen>
+#include <QTest>
 #include <QTreeView>
 #include <QUrl>
 #include <QtMath>

@@ -195,22 +195,24 @@ TEST(PortEdits, AWallKeepsItsPortsWithThoseThatShareThem)
 TEST(PortEdits, AWallOverTwoProcessorsKeepsItsFirstPort)
 {
     const auto second = ShowFixture::processor("MX40 Pro", 8, 60, "B");
-    ShowToWire show{{ShowFixture::processor("MX40 Pro"), second}, {ShowFixture::wall(36, 18, 128, 128)}, {8192, 4096}};
-    const ShowWiring before = ShowWiring::of(show);
-    const auto ports = ShowFixture::names(show, before, 0);
+    ShowToWire acrossBoth{
+        {ShowFixture::processor("MX40 Pro"), second}, {ShowFixture::wall(36, 18, 128, 128)}, {8192, 4096}};
+    const ShowWiring before = ShowWiring::of(acrossBoth);
+    const auto ports = ShowFixture::names(acrossBoth, before, 0);
     ASSERT_EQ(ports.size(), 17u);
     EXPECT_EQ(ports[12], "A13"); // what a processor bears together
     EXPECT_EQ(ports[13], "B1");
-    const auto kept = firstPortsToKeep(show, before, {0});
+    const auto kept = firstPortsToKeep(acrossBoth, before, {0});
     ASSERT_EQ(kept, (std::map<std::size_t, qint64>{{0, 1}}));
-    show.walls[0].firstPort = 1;
-    EXPECT_EQ(ShowFixture::names(show, ShowWiring::of(show), 0), ports);
+    acrossBoth.walls[0].firstPort = 1;
+    EXPECT_EQ(ShowFixture::names(acrossBoth, ShowWiring::of(acrossBoth), 0), ports);
 
     // Behind another wall it has fewer ports on A than it would take from there on by itself.
-    show.walls[0].firstPort = 0;
-    show.walls.insert(show.walls.begin(), ShowFixture::wall(20, 10, 128, 128));
-    show.walls[1].name = "WIDE";
-    EXPECT_EQ(firstPortsToKeep(show, ShowWiring::of(show), {0, 1}), (std::map<std::size_t, qint64>{{0, 1}}));
+    acrossBoth.walls[0].firstPort = 0;
+    acrossBoth.walls.insert(acrossBoth.walls.begin(), ShowFixture::wall(20, 10, 128, 128));
+    acrossBoth.walls[1].name = "WIDE";
+    EXPECT_EQ(firstPortsToKeep(acrossBoth, ShowWiring::of(acrossBoth), {0, 1}),
+              (std::map<std::size_t, qint64>{{0, 1}}));
 }
 
 TEST(PortEdits, OneOfThoseThatShareAPortMayNotBeKept)
@@ -220,10 +222,10 @@ TEST(PortEdits, OneOfThoseThatShareAPortMayNotBeKept)
     shares.goesOn = true;
     WallToWire pinned = first;
     pinned.firstPort = 2;
-    const ShowToWire show{{ShowFixture::processor("MX40 Pro")}, {first, shares, pinned}, {8192, 4096}};
-    const ShowWiring wiring = ShowWiring::of(show);
-    ASSERT_THAT(ShowFixture::names(show, wiring, 1), ElementsAre("A1", "A3"));
-    EXPECT_EQ(firstPortsToKeep(show, wiring, {1}), (std::map<std::size_t, qint64>{{0, 1}}));
+    const ShowToWire shared{{ShowFixture::processor("MX40 Pro")}, {first, shares, pinned}, {8192, 4096}};
+    const ShowWiring wiring = ShowWiring::of(shared);
+    ASSERT_THAT(ShowFixture::names(shared, wiring, 1), ElementsAre("A1", "A3"));
+    EXPECT_EQ(firstPortsToKeep(shared, wiring, {1}), (std::map<std::size_t, qint64>{{0, 1}}));
 }
 
 TEST(PortEdits, WallsThatShareAPortAreTakenByHandTogether)
