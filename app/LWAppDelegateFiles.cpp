@@ -1,5 +1,6 @@
 #include "app/LWAppDelegate.h"
 #include "base/FileBytes.h"
+#include "facts/MissingPicture.h"
 #include "facts/PsdLimits.h"
 #include "facts/UnknownValues.h"
 #include "formats/FileFormat.h"
@@ -8,6 +9,7 @@
 #include "formats/ProjectFile.h"
 #include "layer/PowerCalculator.h"
 #include "screen/LostWall.h"
+#include "show/LayerArchive.h"
 
 #include <QFileInfo>
 
@@ -20,10 +22,16 @@ bool isSavedIn(const QString &path)
     return !path.isEmpty() && FileFormat::toOpen(path).isSaved;
 }
 
+/// Of a file that is larger than any show there is none.
+QByteArray digestOf(const QString &path)
+{
+    return FileBytes::digest(path, LayerArchive::mostBytes);
+}
+
 /// A file of which is not known what it held counts as changed.
 bool isChangedElsewhere(const DocumentFile &file)
 {
-    return QFileInfo(file.path).isFile() && (file.digest->isEmpty() || FileBytes::digest(file.path) != *file.digest);
+    return QFileInfo(file.path).isFile() && (file.digest->isEmpty() || digestOf(file.path) != *file.digest);
 }
 
 std::vector<LayerPointer> visibleOf(std::vector<LayerPointer> layers)
@@ -110,7 +118,7 @@ void LWAppDelegate::openProjectPre(const QString &path)
 
 bool LWAppDelegate::load(const QString &path)
 {
-    const QByteArray digest = FileBytes::digest(path); // before it is read: what comes later is another's
+    const QByteArray digest = digestOf(path); // before it is read: what comes later is another's
     const Result<Project> project = FileFormat::toOpen(path).read(path, *this);
     if (!project) {
         m_person.alert("Cannot open " + project.error().text, "The document is unchanged.");
@@ -203,7 +211,12 @@ void LWAppDelegate::saveAction()
         return tellFailedExport(m_person, "PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, img()); !written)
         return tellFailedExport(m_person, "PNG", written.error());
-    m_person.tellStatus("Exported " + QFileInfo(path).fileName());
+    QStringList all("Exported " + QFileInfo(path).fileName());
+    for (const LayerPointer &layer : visibleOf(allScreensArray())) {
+        if (const std::optional<QString> missing = MissingPicture::sentenceOf(*layer))
+            all.append(*missing);
+    }
+    m_person.tellStatus(all.join(". "));
 }
 
 void LWAppDelegate::savePSD()

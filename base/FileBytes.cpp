@@ -109,11 +109,12 @@ Result<QByteArray> read(const QString &path, qint64 mostBytes)
     return bytes;
 }
 
-QByteArray digest(const QString &path)
+QByteArray digest(const QString &path, qint64 mostBytes)
 {
     QFile file(path);
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    return openToRead(file) && hash.addData(&file) ? hash.result() : QByteArray();
+    const bool isRead = openToRead(file) && file.size() <= mostBytes && hash.addData(&file);
+    return isRead ? hash.result() : QByteArray();
 }
 
 QByteArray digestOf(const QByteArray &bytes)

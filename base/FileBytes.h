@@ -20,8 +20,9 @@ namespace FileBytes {
 /// the path.
 [[nodiscard]] Result<QByteArray> read(const QString &path, qint64 mostBytes);
 
-/// What tells the contents of one file from those of another, whatever its size; empty where there is no file to read.
-QByteArray digest(const QString &path);
+/// What tells the contents of one file from those of another; empty where there is no file to read, or where it has
+/// more than `mostBytes`.
+QByteArray digest(const QString &path, qint64 mostBytes);
 /// That of a file which holds these bytes.
 QByteArray digestOf(const QByteArray &bytes);
 

@@ -18,4 +18,16 @@ std::optional<QString> reason(const LWStill &still)
         .arg(address.relative, PictureFile::obstacle(address).value_or("is missing or no picture"));
 }
 
+std::optional<QString> sentenceOf(const Layer &layer)
+{
+    const auto *still = qobject_cast<const LWStill *>(&layer);
+    const std::optional<QString> missing = still ? reason(*still) : std::nullopt;
+    return missing ? std::optional(nameOf(layer) + " is left out: " + *missing) : std::nullopt;
+}
+
+QString nameOf(const Layer &picture)
+{
+    return picture.label().isEmpty() ? QString("A picture without a name") : picture.label();
+}
+
 } // namespace MissingPicture

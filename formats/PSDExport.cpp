@@ -107,18 +107,10 @@ Result<QByteArray> bytesOf(KXPSDWriter &writer)
     return fail(error.message);
 }
 
-QString nameOf(const Layer &layer)
-{
-    return layer.label().isEmpty() ? QString("A picture without a name") : layer.label();
-}
-
 std::optional<QString> whyLeftOut(const Layer &layer)
 {
-    const auto *still = qobject_cast<const LWStill *>(&layer);
-    if (!still)
-        return LostWall::sentenceOf(layer);
-    const std::optional<QString> reason = MissingPicture::reason(*still);
-    return reason ? std::optional(nameOf(layer) + " is left out: " + *reason) : std::nullopt;
+    const std::optional<QString> lost = LostWall::sentenceOf(layer);
+    return lost ? lost : MissingPicture::sentenceOf(layer);
 }
 
 std::optional<QString> howResized(const Layer &layer, const QSize &output)
@@ -131,7 +123,7 @@ std::optional<QString> howResized(const Layer &layer, const QSize &output)
     if (!isStill || own == shown || !place.meets({{0, output.width()}, {0, output.height()}}))
         return std::nullopt;
     return QString("%1 went in at its own size, %2 x %3; on the output it is %4 x %5")
-        .arg(nameOf(layer), QString::number(own.width()), QString::number(own.height()), QString::number(shown.width()),
+        .arg(MissingPicture::nameOf(layer), QString::number(own.width()), QString::number(own.height()), QString::number(shown.width()),
              QString::number(shown.height()));
 }
 } // namespace

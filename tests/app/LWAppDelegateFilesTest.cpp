@@ -246,6 +246,28 @@ TEST_F(LWAppDelegateFiles, TheOutputIsExportedAsItIs)
     EXPECT_EQ(person.statuses, QStringList({"Exported wall.png", "Exported wall.png", "Exported wall.Orv.png"}));
 }
 
+TEST_F(LWAppDelegateFiles, PicturesThatAnExportLeavesOutAreTold)
+{
+    const auto gone = LWStill::initWithimage(document, {});
+    const auto hidden = LWStill::initWithimage(document, {});
+    gone->setLabel("GONE");
+    hidden->setVisible(false);
+    document.arraycontroller().setLayers({gone, hidden}, {0});
+    person.savePanelAnswer = folder.filePath("wall");
+    document.saveAction();
+    EXPECT_EQ(person.statuses, QStringList("Exported wall.png. GONE is left out: it names no file"));
+}
+
+TEST_F(LWAppDelegateFiles, AnEnormousFileIsRefusedUnread)
+{
+    QFile file(folder.filePath("show.Orv"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(qint64{1} << 40)); // hours to read
+    document.openProjectPre(file.fileName());
+    ASSERT_EQ(person.alerts.size(), 1);
+    EXPECT_EQ(person.alerts[0].message,
+              "Cannot open " + file.fileName() + ": the file has 1.00 TiB; more than 512.00 MiB is not read");
+}
+
 TEST_F(LWAppDelegateFiles, AFailedExportIsToldInTheStatusLine)
 {
     person.savePanelAnswer = folder.filePath("nowhere/wall.png");

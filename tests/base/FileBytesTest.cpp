@@ -188,6 +188,19 @@ TEST(FileBytes, ALargerFileIsRefusedUnread)
               path + ": the file has 4.00 GiB; more than 512.00 MiB is not read");
 }
 
+TEST(FileBytes, ALargerFileHasNoDigest)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize(1000));
+    EXPECT_EQ(FileBytes::digest(path, 1000), FileBytes::digestOf(QByteArray(1000, '\0')));
+    EXPECT_EQ(FileBytes::digest(path, 999), "");
+
+    ASSERT_TRUE(file.resize(qint64{1} << 40)); // hours to read
+    EXPECT_EQ(FileBytes::digest(path, 512 << 20), "");
+}
+
 TEST(FileBytes, AnExtensionStandsAtTheEndOnce)
 {
     EXPECT_EQ(FileBytes::withExtension("/a/show", "Orv"), "/a/show.Orv");

@@ -7,7 +7,6 @@ using namespace ShowFixture;
 using Counts = std::vector<qint64>;
 
 namespace {
-constexpr qint64 byRows = 0;
 constexpr qint64 byColumns = 4;
 
 /// `times` ports of `panels` each, then the rest.
