@@ -2,6 +2,7 @@
 
 #include "formats/ProjectFile.h"
 
+#include <algorithm>
 #include <utility>
 
 RecoveryCopy::RecoveryCopy(Contents contents, QString folder)
@@ -22,7 +23,7 @@ void RecoveryCopy::contentDidChange()
     if (!m_unwritten.isValid()) {
         m_unwritten.start();
         m_timer.start();
-    } else if (m_unwritten.elapsed() >= longestWait.count()) {
+    } else if (m_unwritten.elapsed() >= m_timer.interval()) {
         flush();
     }
 }
@@ -31,7 +32,10 @@ void RecoveryCopy::flush()
 {
     if (!m_unwritten.isValid())
         return;
+    QElapsedTimer writing;
+    writing.start();
     const Result<void> isWritten = write();
+    m_timer.setInterval(std::max(longestWait, restAfterWrite * std::chrono::milliseconds(writing.elapsed())));
     if (isWritten)
         return stopClock();
     m_unwritten.start();

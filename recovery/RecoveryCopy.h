@@ -23,8 +23,10 @@ public:
     /// Yields the document as it is; called at every write, the last time in the destructor.
     using Contents = std::function<Project()>;
 
-    /// A change waits no longer for its write.
+    /// A change waits no longer for its write, where a write takes up to a tenth of this.
     static constexpr std::chrono::milliseconds longestWait{1000};
+    /// Where it takes longer, the person has this many times as long between two of them.
+    static constexpr int restAfterWrite = 10;
 
     /// Reads and writes nothing yet. `folder`: where the copies of all programs are.
     explicit RecoveryCopy(Contents contents, QString folder = RecoveryFolder::standardPath());
@@ -32,7 +34,7 @@ public:
     ~RecoveryCopy() override;
 
     /// The document has changed and is whole again. It is written `longestWait` after the first unwritten change at the
-    /// latest: by a timer or, where the event loop does not come round, by this very call.
+    /// latest, where a write is short: by a timer or, where the event loop does not come round, by this very call.
     void contentDidChange();
     /// Writes at once what is not written yet.
     void flush();

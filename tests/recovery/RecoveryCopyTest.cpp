@@ -8,6 +8,8 @@
 #include <QElapsedTimer>
 #include <QTest>
 
+using namespace std::chrono_literals;
+
 namespace {
 class RecoveryCopyTest : public RecoveryFixture
 {
@@ -71,6 +73,24 @@ TEST_F(RecoveryCopyTest, AStreamOfEditsIsNeverTwoSecondsAhead)
     EXPECT_GE(lag, 900);
     EXPECT_GE(timesAsked, 2);
     EXPECT_LE(timesAsked, 4); // not once per edit
+}
+
+TEST_F(RecoveryCopyTest, AfterALongWriteThePersonHasTenTimesAsLong)
+{
+    const auto recovery = program();
+    const auto timeToDisk = [&](int width) {
+        QElapsedTimer clock;
+        clock.start();
+        edit(*recovery, width);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return widthsOnDisk() == QList{width}; }));
+        return clock.elapsed();
+    };
+    timeToTell = 200ms;
+    edit(*recovery, 641);
+    recovery->flush();
+    timeToTell = 0ms;
+    EXPECT_GE(timeToDisk(642), 1900);
+    EXPECT_LE(timeToDisk(643), 1900); // that one took no time
 }
 
 TEST_F(RecoveryCopyTest, ABusyEventLoopHoldsNothingUp)

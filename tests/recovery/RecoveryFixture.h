@@ -11,8 +11,10 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
+#include <thread>
 
 /// A document of one number, its output width, and a folder for its copies that is not there yet.
 class RecoveryFixture : public ::testing::Test
@@ -24,6 +26,7 @@ protected:
         auto recovery = std::make_unique<RecoveryCopy>(
             [this] {
                 ++timesAsked;
+                std::this_thread::sleep_for(timeToTell);
                 return project;
             },
             folder);
@@ -88,6 +91,7 @@ protected:
     TestHost host;
     Project project{1080, 1920, {}};
     int timesAsked = 0;
+    std::chrono::milliseconds timeToTell{0}; ///< that the document takes to say what it is
     QStringList failures;
     QTemporaryDir state;
     QString folder = state.filePath("wallwright/recovery");
