@@ -1,7 +1,6 @@
 #include "tests/soak/Player.h"
 
 #include "canvas/LWCanvasImageView.h"
-#include "drawing/TextLine.h"
 #include "formats/PresetLibrary.h"
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
@@ -13,7 +12,6 @@
 #include <QDir>
 #include <QFile>
 #include <QImage>
-#include <QPixmapCache>
 #include <QTest>
 
 #include <algorithm>
@@ -27,13 +25,6 @@ constexpr std::size_t mostProcessors = 6;
 constexpr qint64 mostPixels = 3'000'000;
 constexpr qint64 mostPanels = 2'000;
 constexpr int longestWalk = 30; ///< steps of the history
-
-/// What is kept of letters is full from the beginning: no growth.
-void drawLettersOfManySizes()
-{
-    for (int i = 0; i < 800; ++i)
-        (void)TextLine("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789", 10 + i / 1000.0);
-}
 
 /// A page of the guide keeps its pictures: the same page whenever memory is compared.
 void turnGuideToItsFirstPage()
@@ -90,8 +81,6 @@ std::span<const Player::Act> Player::acts()
 Player::Player(unsigned seed) : m_values(seed), m_names(fileNames), m_bystander(seed + 1, m_names)
 {
     QDir::setCurrent(m_folder.path());
-    QPixmapCache::setCacheLimit(0); // Qt drops the pixmaps of controls in time, but never their names
-    drawLettersOfManySizes();
     m_window.start();
     fillFolder();
     m_window.makeLateParts();
