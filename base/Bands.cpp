@@ -1,100 +1,172 @@
 #include "base/Bands.h"
 
-#include <QRunnable>
-#include <QThreadPool>
+#include <QThread>
 
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <deque>
 #include <exception>
-#include <memory>
 #include <mutex>
 #include <new>
-#include <utility>
+#include <system_error>
+#include <thread>
+#include <vector>
 
 namespace {
-/// Work that is open to helpers until its caller is through. Helpers share it: one that comes late finds it closed,
-/// when what it was to do is long gone.
-class SharedWork
+/// Work that is shared; the crew's lock guards it.
+struct SharedWork
 {
-public:
-    explicit SharedWork(const std::function<void()> &work) : m_work(work) {}
-
-    void help()
-    {
-        {
-            const std::lock_guard lock(m_mutex);
-            if (!m_isOpen)
-                return;
-            ++m_helpers;
-        }
-        run();
-        const std::lock_guard lock(m_mutex);
-        if (--m_helpers == 0)
-            m_isLeft.notify_all();
-    }
-
-    /// Keeps what the work throws, the first time.
-    void run()
-    {
-        try {
-            m_work();
-        } catch (...) {
-            const std::lock_guard lock(m_mutex);
-            if (!m_thrown)
-                m_thrown = std::current_exception();
-        }
-    }
-
-    /// Waits for the helpers that have begun.
-    void close()
-    {
-        std::unique_lock lock(m_mutex);
-        m_isOpen = false;
-        m_isLeft.wait(lock, [this] { return m_helpers == 0; });
-        if (m_thrown)
-            std::rethrow_exception(m_thrown);
-    }
-
-private:
-    const std::function<void()> &m_work;
-    std::mutex m_mutex;
-    std::condition_variable m_isLeft;
-    bool m_isOpen = true;
-    int m_helpers = 0;
-    std::exception_ptr m_thrown;
+    const std::function<void()> &work;
+    int helpers = 0; ///< that have begun and not ended
+    std::exception_ptr thrown{};
+    std::condition_variable isLeft{};
 };
 
-/// What the pool does on a thread of its own.
-class Helper final : public QRunnable
-{
-public:
-    explicit Helper(std::shared_ptr<SharedWork> shared) : m_shared(std::move(shared)) { ++s_called; }
-
-    void run() override
-    {
-        (void)s_called.load();
-        m_shared->help();
-    }
-
-private:
-    /// Hands over what the caller has done. The pool does so, too, but with locks that the thread sanitizer cannot see.
-    static inline std::atomic<unsigned> s_called = 0;
-    std::shared_ptr<SharedWork> m_shared;
-};
-
-/// Asks for a helper; without the memory to ask there is one less.
-void callHelper(QThreadPool &pool, const std::shared_ptr<SharedWork> &shared)
+std::exception_ptr thrownBy(const std::function<void()> &work)
 {
     try {
-        pool.start(new Helper(shared));
-    } catch (const std::bad_alloc &) {
-        return;
+        work();
+    } catch (...) {
+        return std::current_exception();
     }
+    return nullptr;
+}
+
+/// The threads that help. They are made when first called for and stay until the program ends; one that cannot be made
+/// is asked for again the next time. QThreadPool takes its threads for made without looking: where the system refuses
+/// one, what it was to do never ends.
+class Crew
+{
+public:
+    Crew() = default;
+    ~Crew();
+    Crew(const Crew &) = delete;
+    Crew &operator=(const Crew &) = delete;
+
+    static Crew &instance();
+
+    int most();
+    void setMost(int threads);
+
+    /// Does `work` here as well.
+    void shareOut(int mostHelpers, SharedWork &shared);
+
+private:
+    void call(int mostHelpers, SharedWork &shared);
+    void makeThreads();
+    void serve();
+    void help(SharedWork &shared, std::unique_lock<std::mutex> &lock);
+
+    std::mutex m_mutex;
+    std::condition_variable m_isCalled;
+    std::deque<SharedWork *> m_calls; ///< one for each helper that has not begun
+    std::vector<std::thread> m_threads;
+    int m_most = std::max(1, QThread::idealThreadCount()); ///< with the one that calls
+    int m_busy = 0;
+    bool m_isEnding = false;
+};
+
+Crew::~Crew()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isEnding = true;
+    }
+    m_isCalled.notify_all();
+    for (std::thread &thread : m_threads)
+        thread.join();
+}
+
+Crew &Crew::instance()
+{
+    static Crew crew;
+    return crew;
+}
+
+int Crew::most()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_most;
+}
+
+void Crew::setMost(int threads)
+{
+    const std::lock_guard lock(m_mutex);
+    m_most = std::max(1, threads);
+}
+
+void Crew::shareOut(int mostHelpers, SharedWork &shared)
+{
+    std::unique_lock lock(m_mutex);
+    call(std::min(mostHelpers, m_most - 1), shared);
+    help(shared, lock);
+    std::erase(m_calls, &shared);
+    shared.isLeft.wait(lock, [&shared] { return shared.helpers == 0; });
+}
+
+/// Without the memory to call there are fewer.
+void Crew::call(int mostHelpers, SharedWork &shared)
+{
+    try {
+        for (int i = 0; i < mostHelpers; ++i)
+            m_calls.push_back(&shared);
+        makeThreads();
+    } catch (const std::bad_alloc &) {
+    } catch (const std::system_error &) { // no thread is to be had
+    }
+    m_isCalled.notify_all();
+}
+
+void Crew::makeThreads()
+{
+    const auto wanted =
+        std::min(static_cast<std::size_t>(m_busy) + m_calls.size(), static_cast<std::size_t>(m_most - 1));
+    while (m_threads.size() < wanted)
+        m_threads.emplace_back([this] { serve(); });
+}
+
+void Crew::serve()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_isEnding) {
+        if (m_calls.empty() || m_busy >= m_most - 1) {
+            m_isCalled.wait(lock);
+            continue;
+        }
+        SharedWork &shared = *m_calls.front();
+        m_calls.pop_front();
+        ++m_busy;
+        help(shared, lock);
+        --m_busy;
+    }
+}
+
+/// Keeps what the work throws, the first time.
+void Crew::help(SharedWork &shared, std::unique_lock<std::mutex> &lock)
+{
+    ++shared.helpers;
+    lock.unlock();
+    std::exception_ptr thrown = thrownBy(shared.work);
+    lock.lock();
+    if (!shared.thrown)
+        shared.thrown.swap(thrown);
+    if (--shared.helpers == 0)
+        shared.isLeft.notify_all();
 }
 } // namespace
 
 namespace Bands {
+
+int mostThreads()
+{
+    return Crew::instance().most();
+}
+
+void setMostThreads(int threads)
+{
+    Crew::instance().setMost(threads);
+}
 
 void forEach(int rows, int leastRows, const std::function<void(int first, int count)> &work)
 {
@@ -116,15 +188,13 @@ void forEach(int rows, int leastRows, const std::function<void(int first, int co
 
 void shareOut(int mostHelpers, const std::function<void()> &work)
 {
-    QThreadPool &pool = *QThreadPool::globalInstance();
-    const int helpers = std::min(mostHelpers, pool.maxThreadCount() - 1);
-    if (helpers <= 0)
+    Crew &crew = Crew::instance();
+    if (mostHelpers <= 0 || crew.most() <= 1)
         return work();
-    const auto shared = std::make_shared<SharedWork>(work);
-    for (int i = 0; i < helpers; ++i)
-        callHelper(pool, shared);
-    shared->run();
-    shared->close();
+    SharedWork shared{work};
+    crew.shareOut(mostHelpers, shared);
+    if (shared.thrown)
+        std::rethrow_exception(shared.thrown);
 }
 
 } // namespace Bands

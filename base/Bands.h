@@ -2,16 +2,19 @@
 
 #include <functional>
 
-/// Work on rows of pixels, shared out over the processors: the calling thread takes part, and threads of
-/// QThreadPool::globalInstance() that are free help it, together no more than the pool's maxThreadCount(). Whoever
-/// calls here may be a helper already: where no thread is free the calling one does it all, and nobody waits for work
-/// that has not begun. What is done by several threads at once must not touch the same things, nor objects of the main
-/// thread.
+/// Work on rows of pixels, shared out over the processors: the calling thread takes part, and threads that are free
+/// help it, together no more than mostThreads(). Whoever calls here may be a helper already: where no thread is free,
+/// or the system makes none, the calling one does it all, and nobody waits for work that has not begun. What is done by
+/// several threads at once must not touch the same things, nor objects of the main thread.
 namespace Bands {
+
+/// How many threads work at once, those that call among them; 1 or more, at first one for each processor.
+int mostThreads();
+void setMostThreads(int threads);
 
 /// Does `work` for bands that together cover rows 0 to `rows` - 1, each row once; where `rows` is 0 or less not at all.
 /// Bands have `leastRows` (1 or more) to 2 x `leastRows` - 1 rows, fewer only where there are fewer; they are the same
-/// whatever the number of threads. A single band is done by the calling thread, without the pool. They begin from top
+/// whatever the number of threads. A single band is done by the calling thread alone. They begin from top
 /// to bottom and end in any order; all have ended when this returns. What a band throws is thrown here once those that
 /// had begun have ended, and no other one begins; of several the first to be thrown.
 void forEach(int rows, int leastRows, const std::function<void(int first, int count)> &work);

@@ -8,7 +8,6 @@
 #include "psd/RowPacker.h"
 
 #include <QSysInfo>
-#include <QThreadPool>
 
 #include <algorithm>
 #include <cstring>
@@ -172,8 +171,7 @@ private:
 qint64 bandsFor(qint64 pixels)
 {
     constexpr qint64 leastPixels = qint64{1} << 17;
-    const int threads = QThreadPool::globalInstance()->maxThreadCount();
-    return std::clamp<qint64>(pixels / leastPixels, 1, std::max(1, threads));
+    return std::clamp<qint64>(pixels / leastPixels, 1, Bands::mostThreads());
 }
 
 /// Rows of a picture that is drawn only as they are needed.

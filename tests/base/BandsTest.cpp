@@ -11,6 +11,7 @@
 #include <mutex>
 #include <new>
 #include <stdexcept>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -150,7 +151,7 @@ TEST(Bands, TwoThreadsWorkAtTheSameTime)
     EXPECT_EQ(met, 2);
 }
 
-TEST(Bands, NoMoreThreadsWorkThanThePoolHas)
+TEST(Bands, NoMoreThreadsWorkThanAreSet)
 {
     const Threads threads(3);
     std::atomic<int> inside = 0;
@@ -168,12 +169,18 @@ TEST(Bands, NoMoreThreadsWorkThanThePoolHas)
 TEST(Bands, BusyThreadsAreNotWaitedFor)
 {
     const Threads threads(2);
+    QSemaphore busy;
     QSemaphore go;
-    for (int i = 0; i < 2; ++i)
-        Threads::pool().start([&] { go.acquire(); });
+    std::thread other([&] {
+        Bands::shareOut(1, [&] {
+            busy.release();
+            go.acquire();
+        });
+    });
+    busy.acquire(2); // the other one and the only helper
     expectEachRowOnce(100, 1);
     go.release(2);
-    Threads::pool().waitForDone();
+    other.join();
 }
 
 TEST(Bands, EveryThreadThatTakesPartDoesSharedWorkOnce)

@@ -1,9 +1,9 @@
 #include "tests/faults/Trial.h"
 
+#include "base/Bands.h"
 #include "tests/faults/Snapshot.h"
 
 #include <QFile>
-#include <QThreadPool>
 
 #include <functional>
 #include <sys/wait.h>
@@ -42,7 +42,7 @@ int statusOf(const std::function<int()> &work)
     const pid_t child = fork();
     if (child == 0) {
         alarm(longestTrial);
-        QThreadPool::globalInstance()->setMaxThreadCount(2);
+        Bands::setMostThreads(2);
         _exit(work());
     }
     int status = 0;

@@ -239,7 +239,7 @@ TEST(ChartAgainstPlain, APartOfALargeWallIsTheSameHoweverManyThreadsPaintIt)
     chart.panelHeight = 128;
     const QImage whole = chart.draw({});
     for (const int threads : {1, 2}) {
-        const Threads pool(threads);
+        const Threads available(threads);
         for (const QRect &part : {QRect(3, 5, 1780, 1400), QRect(0, 127, 1792, 770), QRect(640, 0, 1, 1408)}) {
             QImage raster(whole.size(), whole.format());
             raster.fill(0x12345678);

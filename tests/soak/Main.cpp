@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QPixmapCache>
-#include <QThreadPool>
 
 #include <cstdio>
 #include <memory>
