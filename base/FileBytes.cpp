@@ -149,7 +149,10 @@ Result<Outcome> write(const QString &path, const QByteArray &bytes, const Progre
     errno = 0;
     if (!file.commit())
         return failedReplacing(path, file);
-    return moveTo(path, file.fileName()).map([] { return Outcome::Written; });
+    if (const Result<void> isThere = moveTo(path, file.fileName()); !isThere)
+        return tl::unexpected(isThere.error());
+    System::folderReachesDisk(QFileInfo(path).canonicalPath()); // that of the file, where `path` is a link to it
+    return Outcome::Written;
 }
 
 QString withExtension(const QString &path, const QString &extension)

@@ -26,7 +26,8 @@ QByteArray digest(const QString &path, qint64 mostBytes);
 /// That of a file which holds these bytes.
 QByteArray digestOf(const QByteArray &bytes);
 
-/// Puts `bytes` into the file at `path`. Whatever stood there stays whole until its successor is complete on disk.
+/// Puts `bytes` into the file at `path`. Whatever stood there stays whole until its successor is complete on disk; the
+/// name, too, is on the disk when this returns, where the file system does that.
 /// Error: the file cannot be made, filled or put into its place; nothing half-written is left. The message begins with
 /// the path.
 [[nodiscard]] Result<void> write(const QString &path, const QByteArray &bytes);

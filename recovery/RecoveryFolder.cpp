@@ -200,10 +200,7 @@ Result<void> KeptCopy::write(const QByteArray &bytes)
 {
     if (QFileInfo(copyPath(m_folder)).isSymLink()) // somebody has put it there, and it would be written through
         QFile::remove(copyPath(m_folder));
-    Result<void> isWritten = FileBytes::write(copyPath(m_folder), bytes);
-    if (isWritten)
-        System::folderReachesDisk(m_folder);
-    return isWritten;
+    return FileBytes::write(copyPath(m_folder), bytes);
 }
 
 Result<void> KeptCopy::remove()

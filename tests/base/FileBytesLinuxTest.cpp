@@ -11,10 +11,61 @@
 #include <QTemporaryDir>
 
 #include <atomic>
+#include <cerrno>
 #include <cstdio>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <thread>
+#include <unistd.h>
+
+namespace {
+/// The folders whose names were asked to reach the disk.
+QStringList syncedFolders;
+/// What the system says to that; 0: it does it.
+int refusalToSync = 0;
+} // namespace
+
+/// In the place of the C library's.
+extern "C" int fsync(int descriptor)
+{
+    struct stat status
+    {};
+    if (fstat(descriptor, &status) != 0 || !S_ISDIR(status.st_mode))
+        return static_cast<int>(syscall(SYS_fsync, descriptor));
+    syncedFolders += QFile::symLinkTarget(QString("/proc/self/fd/%1").arg(descriptor));
+    errno = refusalToSync;
+    return refusalToSync != 0 ? -1 : static_cast<int>(syscall(SYS_fsync, descriptor));
+}
+
+TEST(FileBytesLinux, ANewNameReachesTheDisk)
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir linked;
+    const QString longName(255, u'n');
+    ASSERT_TRUE(QFile::link(folder.filePath("show.Orv"), linked.filePath("link")));
+    syncedFolders.clear();
+
+    ASSERT_TRUE(FileBytes::write(folder.filePath("show.Orv"), "first"));
+    EXPECT_EQ(syncedFolders, QStringList(folder.path()));
+    ASSERT_TRUE(FileBytes::write(folder.filePath(longName), "long"));
+    EXPECT_EQ(syncedFolders, QStringList({folder.path(), folder.path()}));
+    ASSERT_TRUE(FileBytes::write(linked.filePath("link"), "second"));
+    EXPECT_EQ(syncedFolders, QStringList({folder.path(), folder.path(), folder.path()}));
+
+    EXPECT_EQ(contents(folder.filePath("show.Orv")), "second");
+}
+
+TEST(FileBytesLinux, AFileSystemThatCannotDoThatForFoldersFailsNoSave)
+{
+    const QTemporaryDir folder;
+    refusalToSync = EINVAL;
+    const Result<void> written = FileBytes::write(folder.filePath("show.Orv"), "show");
+    refusalToSync = 0;
+
+    EXPECT_TRUE(written.has_value());
+    EXPECT_EQ(contents(folder.filePath("show.Orv")), "show");
+}
 
 TEST(FileBytesLinux, ADeviceIsNotReplacedByAFile)
 {

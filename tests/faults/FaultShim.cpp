@@ -99,14 +99,6 @@ bool failsToAllocate(std::size_t bytes, const void *caller)
 {
     return bytes >= largeAllocation && isArmed && fault.call == Call::Allocate && !isOfLibplist(caller) && fails();
 }
-
-/// A folder's own entries reach the disk whenever the file system thinks fit.
-bool isFile(int descriptor)
-{
-    struct stat status
-    {};
-    return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-}
 } // namespace
 
 #define NEXT(name) static auto *const next_##name = next(&(name), #name)
@@ -172,13 +164,13 @@ ssize_t writev(int descriptor, const iovec *pieces, int count)
 int fsync(int descriptor)
 {
     NEXT(fsync);
-    return isFile(descriptor) && fails(Call::Sync, descriptor) ? -1 : next_fsync(descriptor);
+    return fails(Call::Sync, descriptor) ? -1 : next_fsync(descriptor);
 }
 
 int fdatasync(int descriptor)
 {
     NEXT(fdatasync);
-    return isFile(descriptor) && fails(Call::Sync, descriptor) ? -1 : next_fdatasync(descriptor);
+    return fails(Call::Sync, descriptor) ? -1 : next_fdatasync(descriptor);
 }
 
 int rename(const char *from, const char *to) noexcept
