@@ -146,9 +146,9 @@ void Theme::frameAsWrong(QWidget &field, bool isWrong)
     field.style()->polish(&field);
 }
 
-QLabel *Theme::title(const QString &text, QWidget *buddy)
+QLabel *Theme::title(const QString &words, QWidget *buddy)
 {
-    auto *label = new QLabel(text);
+    auto *label = new QLabel(words);
     label->setFont(titleFont());
     colourText(*label, dimText);
     label->setBuddy(buddy);

@@ -41,7 +41,7 @@ void colourText(QWidget &widget, const QColor &colour);
 void frameAsWrong(QWidget &field, bool isWrong);
 
 /// The title of a group, which has its words said in capitals; `buddy` is what it names.
-QLabel *title(const QString &text, QWidget *buddy = nullptr);
+QLabel *title(const QString &words, QWidget *buddy = nullptr);
 
 QFont smallFont();
 QFont figureFont();
