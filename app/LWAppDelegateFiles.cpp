@@ -8,6 +8,7 @@
 #include "formats/PngFile.h"
 #include "formats/ProjectFile.h"
 #include "layer/PowerCalculator.h"
+#include "output/LostPicture.h"
 #include "screen/LostWall.h"
 #include "show/LayerArchive.h"
 
@@ -203,11 +204,16 @@ void LWAppDelegate::saveAction()
 {
     m_redraw.catchUp();
     drawLostWalls(visibleOf(allScreensArray()));
+    if (!composedOutput().lost.empty())
+        composeOutput();
     const std::optional<QString> chosen = m_person.runModalSavePanel({"Export PNG", FileFormat::Kind::Png});
     if (!chosen)
         return;
     const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
-    if (const Result<void> isWhole = LostWall::check(allScreensArray()); !isWhole)
+    const Result<void> isWhole = LostWall::check(allScreensArray()).and_then([this] {
+        return LostPicture::check(composedOutput(), allScreensArray());
+    });
+    if (!isWhole)
         return tellFailedExport(m_person, "PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, img()); !written)
         return tellFailedExport(m_person, "PNG", written.error());

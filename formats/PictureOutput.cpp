@@ -4,21 +4,28 @@
 #include "formats/PSDExport.h"
 #include "formats/PngFile.h"
 #include "output/Composition.h"
+#include "output/LostPicture.h"
 #include "screen/LostWall.h"
 #include "still/LWStill.h"
 
 namespace {
-QImage composed(const Project &project, const PictureSettings &settings)
+/// Error: layers could not be drawn, or fitted in.
+Result<QImage> composed(const Project &project, const PictureSettings &settings)
 {
     const QSize size(project.outputWidth, project.outputHeight);
-    return Composition().compose(placedPictures(project.layers), {size, settings.background, settings.edge});
+    return LostWall::check(project.layers).and_then([&]() -> Result<QImage> {
+        Composition composition;
+        composition.compose(placedPictures(project.layers), {size, settings.background, settings.edge});
+        return LostPicture::check(composition.composed(), project.layers).map([&] { return composition.output(); });
+    });
 }
 
 Result<void> writeOutput(const QString &path, const Project &project, const PictureSettings &settings)
 {
-    if (const Result<void> isWhole = LostWall::check(project.layers); !isWhole)
-        return failWithin(path, isWhole.error());
-    return PngFile::write(path, composed(project, settings));
+    const Result<QImage> picture = composed(project, settings);
+    if (!picture)
+        return failWithin(path, picture.error());
+    return PngFile::write(path, *picture);
 }
 
 std::optional<QString> reasonForNoPicture(const Layer &layer)

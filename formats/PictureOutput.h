@@ -19,8 +19,8 @@ struct PictureSettings
 namespace PictureOutput {
 
 /// Writes the composed output, or the raster of the one layer asked for.
-/// Error: visible walls of the output could not be drawn; there is no such layer; it has no picture; or the file cannot
-/// be written; the message begins with the path.
+/// Error: visible layers of the output could not be drawn; there is no such layer; it has no picture; or the file
+/// cannot be written; the message begins with the path.
 [[nodiscard]] Result<void> writePng(const QString &path, const Project &project, const PictureSettings &settings);
 
 /// Writes all layers as a layered file; the project stays as it is.

@@ -14,9 +14,14 @@
 class Composition::PictureMemory
 {
 public:
+    struct Plan
+    {
+        std::vector<PlannedPicture> pictures;
+        std::vector<std::size_t> lost; ///< rows of those that there is no memory for
+    };
+
     /// The pictures as pixels of the output; none for those that do not show in `where`. Valid until forgetUnused().
-    std::vector<PlannedPicture> plan(const std::vector<PlacedPicture> &topmostFirst, const QSize &output,
-                                     const QRect &where);
+    Plan plan(const std::vector<PlacedPicture> &topmostFirst, const QSize &output, const QRect &where);
     /// What is kept may be more than so many pictures need.
     bool isCrowded(std::size_t pictures) const { return m_fitted > 0 || m_known.size() > 2 * pictures + 8; }
     /// Forgets what the last plan had no use for, and what takes more than `bytes` in all.
@@ -33,7 +38,8 @@ private:
         bool used;
     };
 
-    Known &known(const PictureFit &fit, const PlacedPicture &placed);
+    /// Null where there is no memory for it.
+    Known *known(const PictureFit &fit, const PlacedPicture &placed);
     OpaqueSpans opaqueSpans(const PictureFit &fit, const PlacedPicture &placed);
     /// Null where there is none.
     Known *find(const PictureFit &fit);
@@ -49,14 +55,16 @@ auto Composition::PictureMemory::find(const PictureFit &fit) -> Known *
     return found == last ? nullptr : &found->second;
 }
 
-auto Composition::PictureMemory::known(const PictureFit &fit, const PlacedPicture &placed) -> Known &
+auto Composition::PictureMemory::known(const PictureFit &fit, const PlacedPicture &placed) -> Known *
 {
     if (Known *found = find(fit))
-        return *found;
+        return found;
     const QImage fitted = fit.changes ? fit.made(placed.picture) : QImage();
+    if (fit.changes && fitted.isNull()) // the next time there may be memory
+        return nullptr;
     const OpaqueSpans opaque = fit.changes ? OpaqueSpans(fitted) : opaqueSpans(fit, placed);
     m_fitted += fitted.isNull() ? 0 : 1;
-    return m_known.emplace(fit.cacheKey, Known{fit, fitted, opaque, true})->second;
+    return &m_known.emplace(fit.cacheKey, Known{fit, fitted, opaque, true})->second;
 }
 
 /// Of a picture that was drawn into, only what is new in it is looked through.
@@ -71,25 +79,28 @@ OpaqueSpans Composition::PictureMemory::opaqueSpans(const PictureFit &fit, const
     return OpaqueSpans(placed.picture);
 }
 
-std::vector<PlannedPicture> Composition::PictureMemory::plan(const std::vector<PlacedPicture> &topmostFirst,
-                                                             const QSize &output, const QRect &where)
+auto Composition::PictureMemory::plan(const std::vector<PlacedPicture> &topmostFirst, const QSize &output,
+                                      const QRect &where) -> Plan
 {
-    std::vector<PlannedPicture> planned;
-    for (const PlacedPicture &placed : topmostFirst) {
+    Plan plan;
+    for (std::size_t row = 0; row < topmostFirst.size(); ++row) {
+        const PlacedPicture &placed = topmostFirst[row];
         if (!boxOn(output, ComposedPicture::of(placed)).intersects(where))
             continue;
         const std::optional<PictureFit> fit = PictureFit::of(placed, output);
         if (!fit)
             continue;
-        Known &picture = known(*fit, placed);
-        picture.used = true;
-        if (picture.opaque.bands().empty()) // there was no memory to fit it in
+        Known *const picture = known(*fit, placed);
+        if (!picture) {
+            plan.lost.push_back(row);
             continue;
+        }
+        picture->used = true;
         const QPoint part = fit->part.topLeft();
-        planned.push_back({fit->changes ? picture.fitted : placed.picture, &picture.opaque,
-                           qint64{placed.topLeft.x()} + part.x(), qint64{placed.topLeft.y()} + part.y()});
+        plan.pictures.push_back({fit->changes ? picture->fitted : placed.picture, &picture->opaque,
+                                 qint64{placed.topLeft.x()} + part.x(), qint64{placed.topLeft.y()} + part.y()});
     }
-    return planned;
+    return plan;
 }
 
 void Composition::PictureMemory::forgetUnused(qint64 bytes)
@@ -138,14 +149,19 @@ Composition::~Composition() = default;
 const QImage &Composition::compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style)
 {
     const qint64 before = m_output.picture.cacheKey();
-    const bool isMended = !m_output.picture.isNull() && m_output.picture.isDetached() && style == m_style;
+    const bool isMended =
+        !m_output.picture.isNull() && m_output.picture.isDetached() && m_output.lost.empty() && style == m_style;
     m_output.picture = Raster::reuse(std::move(m_output.picture), style.size.width(), style.size.height());
     const PictureRows rows = PictureRows::differing(m_composed, topmostFirst);
     const QRegion change = isMended ? changeBetween(rows, style.size) : QRegion(m_output.picture.rect());
     const bool looksAtAll = !isMended || m_pictures->isCrowded(topmostFirst.size());
     const QRect planned = looksAtAll ? m_output.picture.rect() : change.boundingRect();
-    if (!m_output.picture.isNull())
-        paint(m_pictures->plan(topmostFirst, style.size, planned), style, change);
+    m_output.lost.clear();
+    if (!m_output.picture.isNull()) {
+        PictureMemory::Plan plan = m_pictures->plan(topmostFirst, style.size, planned);
+        paint(plan.pictures, style, change);
+        m_output.lost = std::move(plan.lost);
+    }
     if (looksAtAll)
         m_pictures->forgetUnused(m_output.picture.sizeInBytes());
     else
@@ -171,6 +187,6 @@ void Composition::paint(const std::vector<PlannedPicture> &pictures, const Outpu
 
 bool Composition::isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const
 {
-    return !m_output.picture.isNull() && style == m_style &&
+    return !m_output.picture.isNull() && m_output.lost.empty() && style == m_style &&
            std::ranges::equal(topmostFirst, m_composed, {}, ComposedPicture::of);
 }

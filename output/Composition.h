@@ -66,17 +66,18 @@ public:
     Composition &operator=(const Composition &) = delete;
 
     /// The background, its outline, then the pictures from the last to the first, source-atop: where the background is
-    /// transparent they do not show. Only what can differ from the last composition is drawn. Returns output().
+    /// transparent they do not show. Only what can differ from the last composition is drawn. A picture that there is
+    /// no memory to fit in is left out, and tried again by the next composition. Returns output().
     const QImage &compose(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style);
     /// The output as it was composed last, `Format_ARGB32_Premultiplied`; a null image before, for an output that is
     /// empty or larger than a raster can be, or where the memory cannot be had. There is one, and the next composition
     /// writes into it: who shows it reads it here whenever he does. A copy that is kept has the next one ask for
     /// memory again. After each composition its cache key is another one.
     const QImage &output() const { return m_output.picture; }
-    /// Whether these would give what compose() gave last.
+    /// Whether these would give what compose() gave last; not where a picture was lost for want of memory.
     bool isLast(const std::vector<PlacedPicture> &topmostFirst, const OutputStyle &style) const;
 
-    /// The same, and where it was composed anew.
+    /// The same, where it was composed anew, and what is lost in it.
     const ComposedOutput &composed() const { return m_output; }
 
 private:

@@ -48,7 +48,7 @@ std::optional<PictureFit> PictureFit::of(const PlacedPicture &placed, const QSiz
 QImage PictureFit::made(const QImage &picture) const
 {
     QImage raster = picture.convertToFormat(Raster::format);
-    if (size == raster.size())
+    if (raster.isNull() || size == raster.size())
         return raster;
     if (part.size() == size && area(size) <= area(raster.size()))
         return raster.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);

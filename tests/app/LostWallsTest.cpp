@@ -1,6 +1,8 @@
 #include "formats/ProjectFile.h"
 #include "tests/app/DocumentFixture.h"
 #include "tests/base/LogLines.h"
+#include "tests/output/PictureLayer.h"
+#include "tests/output/SamplePictures.h"
 
 #include <QFile>
 
@@ -110,4 +112,27 @@ TEST_F(LostWalls, AVisibleOneFailsAnExportAndTheOldFileStays)
     selected()->setVisible(false);
     document.saveAction();
     EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
+}
+
+TEST_F(LostWalls, APictureThatThereIsNoMemoryForFailsAnExportUntilThereIs)
+{
+    const auto still = std::make_shared<PictureLayer>(document);
+    still->setLabel("LOGO");
+    still->setThumbnail(unfittable());
+    still->setVisible(true);
+    still->setScreenSizeWidth(31);
+    still->setScreenSizeHeight(17);
+    setLayers({still});
+    compose();
+    person.savePanelAnswer = png;
+    document.saveAction();
+    EXPECT_EQ(person.failures, QStringList("Cannot export " + png +
+                                           ": LOGO: there is not enough memory to show it in 31 x 17 pixels; close "
+                                           "other programs or make it smaller"));
+    EXPECT_FALSE(QFile::exists(png));
+
+    still->setThumbnail(filled({31, 17}, Qt::blue));
+    document.saveAction();
+    EXPECT_EQ(person.statuses, QStringList("Exported wall.png"));
+    EXPECT_EQ(QImage(png).pixelColor(3, 3), QColor(Qt::blue));
 }

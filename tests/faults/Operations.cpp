@@ -196,6 +196,14 @@ public:
     }
 };
 
+/// Reasons without what is told of a layered file that is whole, too.
+QString withoutSizes(const QString &reasons)
+{
+    QStringList lines = reasons.split('\n', Qt::SkipEmptyParts);
+    lines.removeIf([](const QString &line) { return line.contains("went in at its own size"); });
+    return lines.join('\n');
+}
+
 /// The program without a window.
 class Commanding final : public Operation
 {
@@ -208,8 +216,9 @@ public:
         QTextStream out(&said);
         QTextStream err(&reasons);
         const ExitStatus status = runCommandLine(m_arguments, out, err);
+        reasons = withoutSizes(reasons);
         const bool isWhole = status == ExitStatus::Done && reasons.isEmpty();
-        return {isWhole, status == ExitStatus::Done, isWhole ? QStringList() : QStringList(reasons + said)};
+        return {isWhole, status == ExitStatus::Done && !isWhole, isWhole ? QStringList() : QStringList(reasons + said)};
     }
 
 private:

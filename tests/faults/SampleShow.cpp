@@ -52,21 +52,35 @@ QImage plate(const QSize &size)
     }
     return picture;
 }
+
+LayerPointer still(LayerHost &host, const QString &label, const QString &path, const QRect &place)
+{
+    const auto made = LWStill::initWithimage(host, QImage(path));
+    made->setImageURL({"file://" + path, {}});
+    made->setLabel(label);
+    made->setPanelWidth(place.width());
+    made->setPanelHeight(place.height());
+    made->setXpoint(place.x());
+    made->setYpoint(place.y());
+    made->drawInRect();
+    return made;
+}
 } // namespace
 
 Project sampleShow(LayerHost &host, const QString &folder, bool large)
 {
     const QString path = folder + "/plate.png";
-    const QImage picture = plate(large ? QSize(900, 700) : QSize(40, 30));
-    if (!picture.save(path))
+    const QSize own = large ? QSize(900, 700) : QSize(40, 30);
+    if (!plate(own).save(path))
         qFatal("%s: cannot be written", qUtf8Printable(path));
-    const auto still = LWStill::initWithimage(host, picture);
-    still->setImageURL({"file://" + path, {}});
-    still->setLabel("PLATE");
 
     Project show{large ? 900 : 120, large ? 1500 : 200, {}};
-    show.layers = {wall(host, "LEFT", 2, 3, 16), wall(host, "MAIN", large ? 7 : 2, large ? 9 : 2, large ? 96 : 12),
-                   wall(host, "RIGHT", 1, 2, 16), still};
+    show.layers = {wall(host, "LEFT", 2, 3, 16),
+                   wall(host, "MAIN", large ? 7 : 2, large ? 9 : 2, large ? 96 : 12),
+                   wall(host, "RIGHT", 1, 2, 16),
+                   still(host, "PLATE", path, {{0, 0}, own}),
+                   still(host, "LARGER", path, {{0, 0}, own * 1.25}),
+                   still(host, "SMALLER", path, {{large ? 900 : 100, 50}, own * 0.75})};
     layCables(show);
     if (large) {
         UnknownContent unknown;

@@ -19,3 +19,9 @@ inline OutputStyle style(const QSize &size, const Colour &background, const Colo
 {
     return {size, background, edge};
 }
+
+/// A picture that cannot be fitted in, as without memory: its rows in the raster format would be longer than Qt allows.
+inline QImage unfittable()
+{
+    return {70'000'000, 1, QImage::Format_Mono};
+}
