@@ -5,10 +5,12 @@
 #include <QTemporaryDir>
 #include <QThreadPool>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <map>
+#include <string>
 
 namespace {
 using FaultShim::Call;
@@ -73,11 +75,26 @@ public:
     void fill(const OperationKind &kind, const std::vector<NamedCall> &calls)
     {
         Trial::prepare(kind, m_folder, m_notes);
-        for (const NamedCall &call : calls)
-            print(kind, call, tried(kind, call));
+        for (const NamedCall &call : calls) {
+            const Row row = tried(kind, call);
+            m_placesByName[kind.name] += row.places;
+            print(kind, call, row);
+        }
     }
-    bool isAllHeld() const { return m_all.held == m_all.trials; }
-    void printSum() const { std::printf("%d places, %d trials, %d held\n", m_all.places, m_all.trials, m_all.held); }
+    bool isAllHeld() const
+    {
+        const bool isEachTried =
+            std::ranges::all_of(m_placesByName, [](const auto &entry) { return entry.second > 0; });
+        return isEachTried && m_all.held == m_all.trials;
+    }
+    void printSum() const
+    {
+        for (const auto &[name, places] : m_placesByName) {
+            if (places == 0)
+                std::printf("! %s: no call to fail\n", name.c_str());
+        }
+        std::printf("%d places, %d trials, %d held\n", m_all.places, m_all.trials, m_all.held);
+    }
 
 private:
     Row tried(const OperationKind &kind, const NamedCall &call)
@@ -123,6 +140,7 @@ private:
     static constexpr int mostBroken = 200; ///< nobody reads more
 
     int m_broken = 0;
+    std::map<std::string, int> m_placesByName; ///< with small and with large files
     QString m_folder;
     QString m_notes;
     Row m_all;
@@ -138,7 +156,8 @@ void moveInto(const QString &folder)
 } // namespace
 
 /// Arguments: "--quick" leaves out all but the first error of each call; part of an operation's name, none: all. The
-/// table goes to stdout, a line that begins with "!" tells what did not hold.
+/// table goes to stdout, a line that begins with "!" tells what did not hold, or was not tried. Ends with 0, 1 where
+/// there is such a line, or 2 where no operation has that name.
 int main(int argc, char **argv)
 {
     const QTemporaryDir home;
@@ -152,11 +171,18 @@ int main(int argc, char **argv)
         if (type == QtFatalMsg)
             std::fprintf(stderr, "%s\n", qUtf8Printable(text));
     });
+    int operations = 0;
     for (const bool large : {false, true}) {
         for (const OperationKind &kind : operationsIn(table.folder(), large)) {
-            if (QString(kind.name).contains(wanted))
-                table.fill(kind, isQuick ? firstOf(callsFor(large)) : callsFor(large));
+            if (!QString(kind.name).contains(wanted))
+                continue;
+            table.fill(kind, isQuick ? firstOf(callsFor(large)) : callsFor(large));
+            ++operations;
         }
+    }
+    if (operations == 0) {
+        std::fprintf(stderr, "faults: no operation is named \"%s\"\n", qUtf8Printable(wanted));
+        return 2;
     }
     table.printSum();
     return table.isAllHeld() ? 0 : 1;
