@@ -10,8 +10,9 @@ namespace DrawingCheck {
 /// - that shows pictures or style sheets from elsewhere; what it embeds may be a drawing, for which the same holds,
 /// - that is compressed, since it cannot be looked through,
 /// - that has more than 128 MiB, or embeds more pixels than a raster can have,
-/// - that draws more than 2^20 elements, repeated ones counted each time, more than 2^41 elements times pixels, or
-///   elements nested deeper than 1000.
+/// - that draws more than 2^20 elements, repeated ones counted each time, or elements nested deeper than 1000,
+/// - that would take more than 5 s, as DrawingWork counts, with what it embeds,
+/// - whose gradients have more than 2^14 stops, or more than 2^31 elements times stops.
 bool isHarmless(const QByteArray &bytes);
 
 } // namespace DrawingCheck

@@ -65,11 +65,14 @@ TEST(DrawingCheck, PartsThatMultiplyAreCountedAsOftenAsTheyAreDrawn)
     EXPECT_FALSE(DrawingCheck::isHarmless(drawing(groups(60, 1000))));
 }
 
-TEST(DrawingCheck, ElementsTimesPixelsAreBounded)
+TEST(DrawingCheck, PixelsThatElementsCoverAreBounded)
 {
-    const QByteArray content = groups(14, 2); // 81,874 elements
-    EXPECT_TRUE(DrawingCheck::isHarmless(drawing(content, "width='4096' height='4096'")));
-    EXPECT_FALSE(DrawingCheck::isHarmless(drawing(content, "width='16384' height='16384'")));
+    const QByteArray content = groups(14, 2); // 81,874 elements of at most 9 px
+    EXPECT_TRUE(DrawingCheck::isHarmless(drawing(content, "width='16384' height='16384'")));
+    const QByteArray plate = "<rect width='4096' height='4096'/>";
+    EXPECT_TRUE(DrawingCheck::isHarmless(drawing(plate.repeated(100), "width='4096' height='4096'")));
+    EXPECT_FALSE(DrawingCheck::isHarmless(drawing(plate.repeated(200), "width='4096' height='4096'")));
+    EXPECT_TRUE(DrawingCheck::isHarmless(drawing(plate.repeated(200), "width='1000' height='1000'")));
 }
 
 TEST(DrawingCheck, ChainsOfPartsMayNotBeDeep)
