@@ -2,6 +2,8 @@
 
 #include "drawing/Raster.h"
 #include "still/DrawingWork.h"
+#include "still/IconCheck.h"
+#include "still/PictureKind.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -57,7 +59,7 @@ bool isEmbedded(QStringView address, Allowance &allowance)
     if (!address.startsWith(u"data:") || start < 0)
         return false;
     const QByteArray bytes = QByteArray::fromBase64(address.mid(start + encoding.size()).toLatin1());
-    if (!isHarmless(bytes, allowance))
+    if (!PictureKind::isAcceptedContent(bytes) || !isHarmless(bytes, allowance) || !IconCheck::isHarmless(bytes))
         return false;
     const QSize size = announcedSize(bytes);
     if (!Raster::canHold(size.width(), size.height()))

@@ -12,7 +12,8 @@ namespace DrawingCheck {
 /// - that has more than 128 MiB, or embeds more pixels than a raster can have,
 /// - that draws more than 2^20 elements, repeated ones counted each time, or elements nested deeper than 1000,
 /// - that would take more than 5 s, as DrawingWork counts, with what it embeds,
-/// - whose gradients have more than 2^14 stops, or more than 2^31 elements times stops.
+/// - whose gradients have more than 2^14 stops, or more than 2^31 elements times stops,
+/// - that embeds a picture of a format that is not shown.
 bool isHarmless(const QByteArray &bytes);
 
 } // namespace DrawingCheck

@@ -5,6 +5,7 @@
 #include "drawing/Raster.h"
 #include "still/DrawingCheck.h"
 #include "still/IconCheck.h"
+#include "still/PictureKind.h"
 
 #include <QBuffer>
 #include <QDateTime>
@@ -62,11 +63,12 @@ QHash<QString, LoadedPicture> &loadedPictures()
     return pictures;
 }
 
-/// What `read` makes of the picture in them; nothing where they would ask for more than they hold.
+/// What `read` makes of the picture in them; nothing where they are of no kind that is shown, or would ask for more
+/// than they hold.
 template <typename Read>
 std::invoke_result_t<Read, QImageReader &> readWith(const Read &read, QByteArray bytes)
 {
-    if (!DrawingCheck::isHarmless(bytes) || !IconCheck::isHarmless(bytes))
+    if (!PictureKind::isAcceptedContent(bytes) || !DrawingCheck::isHarmless(bytes) || !IconCheck::isHarmless(bytes))
         return {};
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMemory); // Qt's own is below the largest raster
@@ -102,6 +104,17 @@ std::shared_ptr<const QImage> readPicture(const QString &path)
     const Result<QImage> picture =
         Memory::orError([&]() -> Result<QImage> { return readWith(&pictureOf, bytesOf(path)); });
     return picture && !picture->isNull() ? std::make_shared<const QImage>(*picture) : nullptr;
+}
+
+/// Of a picture that Qt reads and the program does not show, as what is said of it.
+std::optional<QString> foreignKind(const QString &path)
+{
+    QFile file(path);
+    const bool isRead = mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file);
+    const QByteArray format = isRead ? PictureKind::of(file) : QByteArray();
+    if (format.isEmpty() || PictureKind::isAccepted(format))
+        return std::nullopt;
+    return QString("has the format %1, which is none of those that are shown").arg(QString(format).toUpper());
 }
 
 PictureFile::Small smallOf(QImageReader &reader, const QSize &most, qint64 mostPixels)
@@ -147,7 +160,7 @@ Small small(const QString &path, const QSize &most, qint64 mostPixels)
 bool isPicture(const QString &path)
 {
     QFile file(path);
-    return mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file) && !QImageReader::imageFormat(&file).isEmpty();
+    return mayBeRead(QFileInfo(path)) && FileBytes::openToRead(file) && PictureKind::isAccepted(PictureKind::of(file));
 }
 
 std::optional<QString> obstacle(const Address &address, const QList<QByteArray> &readable)
@@ -163,8 +176,10 @@ std::optional<QString> obstacle(const Address &address, const QList<QByteArray> 
 
 QString cannotShow(const QString &path)
 {
-    const QString reason = obstacle(Address::fromLocalFile(path)).value_or("is no picture that can be read");
-    return QString("Cannot show %1: it %2.").arg(path, reason);
+    std::optional<QString> reason = obstacle(Address::fromLocalFile(path));
+    if (!reason)
+        reason = foreignKind(path);
+    return QString("Cannot show %1: it %2.").arg(path, reason.value_or("is no picture that can be read"));
 }
 
 } // namespace PictureFile

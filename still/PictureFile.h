@@ -11,7 +11,7 @@
 #include <memory>
 #include <optional>
 
-/// Picture files of any format that Qt reads.
+/// Picture files of the formats in PictureKind that Qt has a reader of here.
 namespace PictureFile {
 
 /// The picture in the file at `path`, turned upright, in the raster format and its own size. Null when there is no such

@@ -91,6 +91,36 @@ TEST_F(PictureFormats, PicturesOfManyFormatsComeUprightAndInColour)
     }
 }
 
+TEST_F(PictureFormats, WhatQtReadsBesidesIsNoPicture)
+{
+    ASSERT_TRUE(QImageReader::supportedImageFormats().contains("xbm"));
+    const QString path = folder.filePath("logo.png");
+    ASSERT_TRUE(quarters({16, 8}).save(path, "xbm"));
+    ASSERT_EQ(QImageReader::imageFormat(path), "xbm");
+
+    EXPECT_EQ(PictureFile::load(path), nullptr);
+    EXPECT_FALSE(PictureFile::isPicture(path));
+    EXPECT_TRUE(PictureFile::small(path, {64, 64}, 1 << 20).size.isEmpty());
+    EXPECT_EQ(PictureFile::cannotShow(path),
+              QString("Cannot show %1: it has the format XBM, which is none of those that are shown.").arg(path));
+}
+
+TEST_F(PictureFormats, ADrawingEmbedsWhatIsShownAlone)
+{
+    const auto embedded = [&](const char *format) {
+        const QString path = folder.filePath("plate");
+        EXPECT_TRUE(quarters({16, 8}).save(path, format));
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return loaded("drawing.svg",
+                      "<svg xmlns='http://www.w3.org/2000/svg' xmlns:xlink='http://www.w3.org/1999/xlink' width='32' "
+                      "height='16'><image width='32' height='16' xlink:href='data:image/png;base64," +
+                          file.readAll().toBase64() + "'/></svg>");
+    };
+    EXPECT_NE(embedded("png"), nullptr);
+    EXPECT_EQ(embedded("xbm"), nullptr);
+}
+
 TEST_F(PictureFormats, TheContentCountsNotTheName)
 {
     ASSERT_TRUE(quarters({16, 8}).save(folder.filePath("photograph.png"), "jpg", 100));
