@@ -3,6 +3,24 @@
 #include "drawing/Raster.h"
 #include "layer/WallGrid.h"
 
+namespace {
+struct Pixels
+{
+    qint64 columns;
+    qint64 rows;
+};
+
+/// What is drawn for the layer; the picture of a still that is no chart is not.
+Pixels drawnSize(const LayerLimits::Listed &layer)
+{
+    const LayerRecord &record = *layer.record;
+    if (layer.kind == LayerKind::Still)
+        return record.chart ? Pixels{record.panelWidth, record.panelHeight} : Pixels{0, 0};
+    const PanelGrid grid = panelGridOf(record);
+    return {grid.columns.size(), grid.rows.size()};
+}
+} // namespace
+
 namespace LayerLimits {
 
 Result<void> checkCount(qint64 count)
@@ -14,26 +32,27 @@ Result<void> checkCount(qint64 count)
 
 Result<void> check(const std::vector<LayerPointer> &layers)
 {
-    std::vector<LayerRecordPointer> records;
-    records.reserve(layers.size());
+    std::vector<Listed> listed;
+    listed.reserve(layers.size());
     for (const LayerPointer &layer : layers)
-        records.push_back(layer->record());
-    return check(records);
+        listed.push_back({layer->kind(), layer->record()});
+    return check(listed);
 }
 
-Result<void> check(const std::vector<LayerRecordPointer> &records)
+Result<void> check(const std::vector<Listed> &layers)
 {
-    if (Result<void> isKept = checkCount(std::ssize(records)); !isKept)
+    if (Result<void> isKept = checkCount(std::ssize(layers)); !isKept)
         return isKept;
     qint64 pixels = 0;
-    for (const LayerRecordPointer &record : records) {
-        const PanelGrid grid = panelGridOf(*record);
-        pixels += Raster::canHold(grid.columns.size(), grid.rows.size()) ? grid.pixels() : 0;
+    for (const Listed &layer : layers) {
+        const auto [columns, rows] = drawnSize(layer);
+        pixels += Raster::canHold(columns, rows) ? columns * rows : 0;
     }
-    if (pixels <= mostWallPixels)
+    if (pixels <= mostDrawnPixels)
         return {};
-    return fail(
-        QString("the walls have %1 pixels together; more than %2 cannot be held").arg(pixels).arg(mostWallPixels));
+    return fail(QString("the walls and charts have %1 pixels together; more than %2 cannot be held")
+                    .arg(pixels)
+                    .arg(mostDrawnPixels));
 }
 
 } // namespace LayerLimits

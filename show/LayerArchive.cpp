@@ -123,12 +123,12 @@ Result<std::vector<ReadLayer>> decode(const std::vector<ArchiveValue> &records, 
     if (const Result<void> isKept = LayerLimits::checkCount(std::ssize(records)); !isKept)
         return tl::unexpected(isKept.error());
     std::vector<ReadLayer> layers;
-    std::vector<LayerRecordPointer> decoded;
+    std::vector<LayerLimits::Listed> decoded;
     for (const ArchiveValue &record : records) {
         Result<ReadLayer> layer = decodeLayer(record, QString("%1 %2").arg(noun).arg(layers.size()));
         if (!layer)
             return tl::unexpected(layer.error());
-        decoded.push_back(layer->record);
+        decoded.push_back({layer->kind, layer->record});
         layers.push_back(std::move(*layer));
     }
     return LayerLimits::check(decoded).map([&] { return std::move(layers); });

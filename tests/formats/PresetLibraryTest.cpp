@@ -4,6 +4,8 @@
 #include "formats/BuiltInPresets.h"
 #include "formats/ProjectFile.h"
 #include "screen/LWScreen.h"
+#include "show/LayerArchive.h"
+#include "still/LWStill.h"
 #include "tests/base/FullDisk.h"
 #include "tests/formats/ArchiveNodes.h"
 #include "tests/formats/SampleProject.h"
@@ -166,7 +168,18 @@ TEST_F(PresetLibraryTest, TheLimitsAreThoseOfProjects)
               "there are 100001 layers; more than 100000 cannot be kept");
     EXPECT_TRUE(PresetLibrary::encode(Presets(4, wallOf256MebiPixels())).has_value());
     EXPECT_EQ(PresetLibrary::encode(Presets(5, wallOf256MebiPixels())).error().text,
-              "the walls have 1342177280 pixels together; more than 1073741824 cannot be held");
+              "the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");
+}
+
+TEST_F(PresetLibraryTest, MoreChartsThanCanBeHeldAreRefused)
+{
+    const auto chart = std::make_shared<LWStill>(host);
+    chart->setValue("chart", "field colour=red");
+    chart->setPanelWidth(16384);
+    chart->setPanelHeight(16384);
+    EXPECT_EQ(refusal(LayerArchive::encode(Presets(4, chart))), "accepted");
+    EXPECT_EQ(refusal(LayerArchive::encode(Presets(5, chart))),
+              "the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");
 }
 
 TEST_F(PresetLibraryTest, AFailureBeginsWithThePathAndLeavesTheFile)

@@ -161,7 +161,7 @@ TEST_F(ProjectFileTest, NothingIsWrittenThatWouldBeRefused)
     wall->setPanelWidth(128);
     wall->setPanelHeight(128);
     EXPECT_EQ(ProjectFile::encode({5, 5, std::vector<LayerPointer>(5, wall)}).error().text,
-              "the walls have 1342177280 pixels together; more than 1073741824 cannot be held");
+              "the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");
 }
 
 TEST_F(ProjectFileTest, FilesKeepWhatBytesKeep)

@@ -90,6 +90,19 @@ TEST_F(ProjectTextRefusalsTest, TooManyLayersAreRefusedBeforeTheFirstIsRead)
               "layers: there are 100001 layers; more than 100000 cannot be kept");
 }
 
+TEST_F(ProjectTextRefusalsTest, MoreChartsThanCanBeHeldAreRefused)
+{
+    const QByteArray chart =
+        R"({"class": "LWStill", "chart": "field colour=red", "panelWidth": 16384, "panelHeight": 16384},)";
+    const auto charts = [&](int count) {
+        return R"({"format": 2, "layers": [)" + chart.repeated(count).chopped(1) + "]}";
+    };
+
+    EXPECT_TRUE(decoded(charts(4)).has_value());
+    EXPECT_EQ(refusal(charts(5)),
+              "layers: the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");
+}
+
 TEST_F(ProjectTextRefusalsTest, WhatWasFoundIsCutInMessages)
 {
     const QByteArray longText(1000, 'x');

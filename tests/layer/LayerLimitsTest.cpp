@@ -17,6 +17,15 @@ LayerPointer wall(LayerHost &host, int panels, int panelSize)
     screen->setPanelHeight(panelSize);
     return screen;
 }
+
+LayerPointer chart(LayerHost &host, int width, int height)
+{
+    const auto still = std::make_shared<LWStill>(host);
+    still->setValue("chart", "field colour=red");
+    still->setPanelWidth(width);
+    still->setPanelHeight(height);
+    return still;
+}
 } // namespace
 
 TEST(LayerLimits, AHundredThousandLayersAreKept)
@@ -36,16 +45,42 @@ TEST(LayerLimits, WallsThatCannotBeHeldTogetherAreRefused)
     layers.push_back(wall(host, 1, 1));
 
     EXPECT_EQ(LayerLimits::check(layers).error().text,
-              "the walls have 1073741825 pixels together; more than 1073741824 cannot be held");
+              "the walls and charts have 1073741825 pixels together; more than 1073741824 cannot be held");
 }
 
-TEST(LayerLimits, WallsThatAreNeverDrawnAndPicturesDoNotCount)
+TEST(LayerLimits, ChartsAreDrawnAsWallsAre)
 {
     TestHost host;
+    std::vector<LayerPointer> layers{wall(host, 128, 128)};
+    layers.resize(4, chart(host, 16384, 16384));
+    EXPECT_TRUE(LayerLimits::check(layers));
+
+    layers.push_back(chart(host, 1, 1));
+    EXPECT_EQ(LayerLimits::check(layers).error().text,
+              "the walls and charts have 1073741825 pixels together; more than 1073741824 cannot be held");
+}
+
+TEST(LayerLimits, ChartsThatAreNeverDrawnDoNotCount)
+{
+    TestHost host;
+    const std::vector<LayerPointer> layers(5, chart(host, 32769, 8192));
+    EXPECT_TRUE(LayerLimits::check(layers));
+    EXPECT_TRUE(LayerLimits::check(std::vector<LayerPointer>(5, chart(host, -16384, -16384))));
+}
+
+TEST(LayerLimits, WallsThatAreNeverDrawnAndPicturesOfFilesDoNotCount)
+{
+    TestHost host;
+    const LayerPointer picture = chart(host, 16384, 16384);
+    picture->setValue("chart", QVariant());
     const std::vector<LayerPointer> layers{
         wall(host, std::numeric_limits<int>::max(), std::numeric_limits<int>::max()),
         wall(host, -128, 128),
-        std::make_shared<LWStill>(host),
+        picture,
+        picture,
+        picture,
+        picture,
+        picture,
     };
 
     EXPECT_TRUE(LayerLimits::check(layers));
