@@ -11,6 +11,25 @@
 #include <cstdlib>
 
 namespace {
+QtMessageHandler handleAsQt = nullptr;
+
+/// Where the system makes no thread, Qt tells so and then waits for ever for what that thread was to paint.
+void endWithoutThread(const QString &message)
+{
+    if (message.startsWith("QThread::start: Thread creation error") ||
+        message.startsWith("QThread::start: Failed to create thread")) {
+        std::fputs("wallwright: the system has no thread left to draw with; close other programs and try again\n",
+                   stderr);
+        std::_Exit(static_cast<int>(ExitStatus::Failed));
+    }
+}
+
+void handleMessage(QtMsgType type, const QMessageLogContext &context, const QString &message)
+{
+    endWithoutThread(message);
+    handleAsQt(type, context, message);
+}
+
 int runWithoutWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 {
     System::choosePlatform(false);
@@ -31,10 +50,11 @@ int failNoDisplay()
 }
 
 /// Qt aborts where the display does not answer, and has told it in several lines.
-void endWithoutDisplay(QtMsgType type, const QMessageLogContext & /*context*/, const QString & /*message*/)
+void endWithoutDisplay(QtMsgType type, const QMessageLogContext & /*context*/, const QString &message)
 {
     if (type == QtFatalMsg)
         std::_Exit(failNoDisplay());
+    endWithoutThread(message);
 }
 
 int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
@@ -60,6 +80,7 @@ int runWindow(int programNameAlone, char *argv[], const QStringList &arguments)
 int main(int argc, char *argv[])
 {
     System::prepareTerminal();
+    handleAsQt = qInstallMessageHandler(&handleMessage);
     const Result<QStringList> arguments = argumentsOf(System::arguments(argc, argv));
     if (!arguments) {
         std::fprintf(stderr, "%s\n", qUtf8Printable(arguments.error().text));

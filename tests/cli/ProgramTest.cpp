@@ -6,6 +6,7 @@
 #include <QProcessEnvironment>
 
 #include <grp.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -29,6 +30,18 @@ protected:
             const bool isRoot = geteuid() == 0;
             if (isRoot && (setgroups(0, nullptr) != 0 || setresgid(nobody, nobody, nobody) != 0 ||
                            setresuid(nobody, nobody, nobody) != 0))
+                _exit(99);
+        });
+        return finished(process, arguments, {});
+    }
+    /// On a machine that has no memory for another thread's stack.
+    static Outcome startWithoutThreads(const QStringList &arguments)
+    {
+        QProcess process;
+        process.setChildProcessModifier([] {
+            constexpr rlim_t beyondAll = rlim_t{1} << 40;
+            const rlimit stack{beyondAll, beyondAll};
+            if (setrlimit(RLIMIT_STACK, &stack) != 0)
                 _exit(99);
         });
         return finished(process, arguments, {});
@@ -132,6 +145,25 @@ TEST_F(ProgramTest, AFullDiskIsOneSentenceForEveryOutput)
         EXPECT_EQ(outcome.err, path(name) + ": cannot be written: File too large\n");
     }
     EXPECT_EQ(names(), QStringList{"show.json"});
+}
+
+TEST_F(ProgramTest, WhereTheSystemMakesNoThreadItEndsWithASentence)
+{
+    const Outcome outcome = startWithoutThreads({"convert", EXAMPLES "touring.json", path("a.png")});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              "wallwright: the system has no thread left to draw with; close other programs and try again\n");
+    EXPECT_EQ(names(), QStringList());
+}
+
+TEST_F(ProgramTest, WithoutThreadsADrawingThatNeedsNoneIsWhole)
+{
+    const QString input = show(plainWall());
+    const Outcome outcome = startWithoutThreads({"convert", input, path("alone.psd")});
+    ASSERT_EQ(outcome.status, 0) << qPrintable(outcome.err);
+    ASSERT_EQ(runCommand({"convert", input, path("crew.psd")}).status, 0);
+    EXPECT_EQ(bytes("alone.psd"), bytes("crew.psd"));
 }
 
 TEST_F(ProgramTest, WhatThePersonMayNotDoIsOneSentence)
