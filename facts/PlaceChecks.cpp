@@ -34,7 +34,8 @@ void forEachWall(const Layers &layers, Use use)
 
 void findOverlaps(const Layers &layers, const QSize &output, std::vector<Finding> &findings)
 {
-    for (const WallOverlap &found : WallOverlaps::of(layers, output)) {
+    const auto [overlaps, isWhole] = WallOverlaps::of(layers, output);
+    for (const WallOverlap &found : overlaps) {
         const PixelBox &box = found.box;
         const QString size = NumberText::size(box.columns.to - box.columns.from, box.rows.to - box.rows.from);
         const QString more =
@@ -46,6 +47,11 @@ void findOverlaps(const Layers &layers, const QSize &output, std::vector<Finding
                             .sentence = QString("It lies over %1 in %2 px%3; move one of them.")
                                             .arg(nameOf(*layers[static_cast<std::size_t>(found.lower)]), size, more)});
     }
+    if (!isWhole)
+        findings.push_back({.check = overlap,
+                            .level = Level::Warning,
+                            .sentence = "Too many walls lie beside and over one another to find all of those; move the "
+                                        "walls that are told, and more will be."});
 }
 
 struct Edge

@@ -8,6 +8,9 @@
 #include <map>
 
 namespace {
+constexpr qint64 mostSteps = qint64{1} << 23; // of 30 ns
+constexpr qint64 stepsOfPair = 2;             // a panel that is off takes one
+
 struct Wall
 {
     qsizetype row; ///< in the list
@@ -127,6 +130,13 @@ bool panelsMeet(const Wall &one, const Wall &other, const PixelBox &part)
     });
 }
 
+/// Of holding two walls against each other.
+qint64 stepsFor(const Wall &one, const Wall &other)
+{
+    const bool mayMeet = !common(one.box, other.box).isEmpty();
+    return stepsOfPair + (mayMeet ? static_cast<qint64>(one.off.size() + other.off.size()) : 0);
+}
+
 void note(std::map<qsizetype, WallOverlap> &overlaps, const Wall &one, const Wall &other)
 {
     const PixelBox part = common(one.box, other.box);
@@ -142,27 +152,37 @@ void note(std::map<qsizetype, WallOverlap> &overlaps, const Wall &one, const Wal
         found->second.box = part;
     }
 }
+
+std::vector<WallOverlap> listOf(const std::map<qsizetype, WallOverlap> &overlaps)
+{
+    std::vector<WallOverlap> list;
+    list.reserve(overlaps.size());
+    for (const auto &[upper, overlap] : overlaps)
+        list.push_back(overlap);
+    return list;
+}
 } // namespace
 
 namespace WallOverlaps {
 
-std::vector<WallOverlap> of(const std::vector<LayerPointer> &layers, const QSize &output)
+Found of(const std::vector<LayerPointer> &layers, const QSize &output)
 {
     std::vector<Wall> walls = wallsOf(layers, output);
     std::ranges::sort(walls, {}, [](const Wall &wall) { return wall.box.columns.from; });
     std::map<qsizetype, WallOverlap> overlaps;
     std::vector<const Wall *> open; // those that may reach the next one
+    qint64 steps = 0;
     for (const Wall &wall : walls) {
         std::erase_if(open, [&](const Wall *other) { return other->box.columns.to <= wall.box.columns.from; });
-        for (const Wall *other : open)
+        for (const Wall *other : open) {
+            steps += stepsFor(wall, *other);
+            if (steps > mostSteps)
+                return {listOf(overlaps), false};
             note(overlaps, wall, *other);
+        }
         open.push_back(&wall);
     }
-    std::vector<WallOverlap> result;
-    result.reserve(overlaps.size());
-    for (const auto &[upper, overlap] : overlaps)
-        result.push_back(overlap);
-    return result;
+    return {listOf(overlaps), true};
 }
 
 } // namespace WallOverlaps

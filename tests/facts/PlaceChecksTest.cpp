@@ -88,9 +88,9 @@ TEST_F(PlaceChecksTest, AHugeWallInAHoleIsFoundAtOnce)
     fine(501);
     QElapsedTimer timer;
     timer.start();
-    const std::vector<WallOverlap> overlaps = WallOverlaps::of({layers[0], layers[1]}, {20'000, 20'000});
-    const std::vector<WallOverlap> beside = WallOverlaps::of({layers[0], layers[2]}, {20'000, 20'000});
-    const std::vector<WallOverlap> over = WallOverlaps::of({layers[0], layers[3]}, {20'000, 20'000});
+    const std::vector<WallOverlap> overlaps = WallOverlaps::of({layers[0], layers[1]}, {20'000, 20'000}).overlaps;
+    const std::vector<WallOverlap> beside = WallOverlaps::of({layers[0], layers[2]}, {20'000, 20'000}).overlaps;
+    const std::vector<WallOverlap> over = WallOverlaps::of({layers[0], layers[3]}, {20'000, 20'000}).overlaps;
     EXPECT_LT(timer.elapsed(), 500);
     EXPECT_EQ(overlaps.size() + beside.size(), 0U);
     EXPECT_EQ(over.size(), 1U);
@@ -169,9 +169,45 @@ TEST_F(PlaceChecksTest, FiveThousandWallsAreHeldAgainstEachOtherAtOnce)
     layers[4'999]->setYpoint(0);
     QElapsedTimer timer;
     timer.start();
-    const std::vector<WallOverlap> overlaps = WallOverlaps::of(layers, raster);
+    const auto [overlaps, isWhole] = WallOverlaps::of(layers, raster);
     EXPECT_LT(timer.elapsed(), 500);
+    EXPECT_TRUE(isWhole);
     ASSERT_EQ(overlaps.size(), 1U);
     EXPECT_EQ(overlaps[0].upper, 199);
     EXPECT_EQ(overlaps[0].lower, 4'999);
+}
+
+TEST_F(PlaceChecksTest, StackedWallsAreHeldAgainstEachOtherUpToAPointThatIsTold)
+{
+    // 2,000 walls lie over one another 1,999,000 times, 3,000 of them 4,498,500 times.
+    const auto one = add("ONE", 0, 0, 1, 1);
+    layers.assign(2'000, one);
+    const auto [overlaps, isWhole] = WallOverlaps::of(layers, raster);
+    EXPECT_TRUE(isWhole);
+    ASSERT_EQ(overlaps.size(), 1'999U);
+    EXPECT_EQ(overlaps[0].more, 1'998);
+
+    layers.assign(3'000, one);
+    EXPECT_FALSE(WallOverlaps::of(layers, raster).isWhole);
+    const std::vector<Finding> findings = PlaceChecks::of(layers, raster);
+    const auto untold = std::ranges::find_if(
+        findings, [](const Finding &finding) { return !finding.layer && finding.check == QString("walls-overlap"); });
+    ASSERT_NE(untold, findings.end());
+    EXPECT_EQ(untold->sentence, "Too many walls lie beside and over one another to find all of those; move the walls "
+                                "that are told, and more will be.");
+}
+
+TEST_F(PlaceChecksTest, PanelsThatAreOffCountAmongWhatIsHeldAgainstEachOther)
+{
+    const auto holed = std::static_pointer_cast<LWScreen>(add("HOLED", 0, 0, 80, 80));
+    QStringList off;
+    for (int column = 0; column < 50; ++column) {
+        for (int row = 0; row < 80; ++row)
+            off.append(QString("%1,%2").arg(column).arg(row));
+    }
+    holed->setHiddenBoxes(off);
+    layers.assign(40, holed); // 780 pairs of 8,000 panels that are off
+    EXPECT_TRUE(WallOverlaps::of(layers, {20'000, 20'000}).isWhole);
+    layers.assign(60, holed); // 1,770 pairs
+    EXPECT_FALSE(WallOverlaps::of(layers, {20'000, 20'000}).isWhole);
 }
