@@ -1,6 +1,7 @@
 #include "canvas/CanvasDocument.h"
 #include "canvas/CanvasPainter.h"
 #include "canvas/LWCanvasImageView.h"
+#include "drawing/TextLine.h"
 #include "still/LWStill.h"
 
 #include <QFileInfo>
@@ -61,8 +62,8 @@ auto LWCanvasImageView::missingPictures() const -> std::vector<PlacedName>
         if (!still.isPictureMissing())
             continue;
         const bool isNamed = !still.label().isEmpty();
-        missing.push_back({isNamed ? still.label() : QFileInfo(still.ImageURL().toLocalFile()).fileName(),
-                           m_geometry.devicePlaceOf(still)});
+        const QString name = isNamed ? still.label() : QFileInfo(still.ImageURL().toLocalFile()).fileName();
+        missing.push_back({TextLine::shown(name), m_geometry.devicePlaceOf(still)});
     }
     return missing;
 }
@@ -93,7 +94,7 @@ auto LWCanvasImageView::nameOfSelected() const -> std::optional<PlacedName>
     if (!layer || layer->label().isEmpty() || !place.intersects({QPoint(0, 0), deviceFrame().room()}))
         return std::nullopt;
     const int most = std::max(leastWidthOfName, qRound(place.width() / m_geometry.pixelRatio())) - 2 * paddingOfText;
-    const QString name = fontMetrics().elidedText(layer->label(), Qt::ElideRight, most);
+    const QString name = fontMetrics().elidedText(TextLine::shown(layer->label()), Qt::ElideRight, most);
     const QSize size = fontMetrics().size(Qt::TextSingleLine, name) + QSize(2 * paddingOfText, 0);
     const QPoint corner = m_geometry.widgetPointOf(place.topLeft()).toPoint() - QPoint(1, size.height() + 1);
     return PlacedName{name, movedIntoSight(*this, {corner, size})};

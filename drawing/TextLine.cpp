@@ -71,7 +71,7 @@ QFont shapingFont(const QString &text)
 
 QString singleLine(const QString &text)
 {
-    QString line = text.left(TextLine::longestText);
+    QString line = TextLine::shown(text);
     for (QChar &c : line) {
         const bool isBreak =
             c == u'\n' || c == u'\r' || c == u'\t' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;

@@ -22,6 +22,9 @@ public:
     static constexpr double largestPointSize = 16384;
     /// Longer texts are cut here, so that a damaged file cannot keep the program busy.
     static constexpr qsizetype longestText = 1024;
+    /// What is shown of a text from a file, here and in the window: shaping takes longer the longer a text is, whatever
+    /// room it has in the end.
+    static QString shown(const QString &text) { return text.left(longestText); }
 
     TextLine() = default;
     TextLine(const QString &text, double pointSize);

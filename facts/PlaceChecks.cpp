@@ -1,6 +1,7 @@
 #include "facts/PlaceChecks.h"
 
 #include "base/NumberText.h"
+#include "drawing/TextLine.h"
 #include "facts/WallOverlaps.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ constexpr char withoutWatts[] = "wall-without-watts";
 
 QString nameOf(const Layer &layer)
 {
-    return layer.label().isEmpty() ? QString("a wall without a name") : layer.label();
+    return layer.label().isEmpty() ? QString("a wall without a name") : TextLine::shown(layer.label());
 }
 
 /// Calls with each wall and its row.
@@ -108,11 +109,11 @@ void findNames(const Layers &layers, const QSize & /*output*/, std::vector<Findi
     forEachWall(layers, [&](const Layer &wall, qsizetype row) {
         if (wall.label().isEmpty() || names.insert(wall.label()).second)
             return;
-        findings.push_back(
-            {.check = nameTwice,
-             .level = Level::Warning,
-             .layer = row,
-             .sentence = QString("Another wall is called %1, too; give one of them another name.").arg(wall.label())});
+        findings.push_back({.check = nameTwice,
+                            .level = Level::Warning,
+                            .layer = row,
+                            .sentence = QString("Another wall is called %1, too; give one of them another name.")
+                                            .arg(TextLine::shown(wall.label()))});
     });
 }
 

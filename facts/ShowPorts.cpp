@@ -1,5 +1,6 @@
 #include "facts/ShowPorts.h"
 
+#include "drawing/TextLine.h"
 #include "show/Project.h"
 #include "show/WallShapes.h"
 
@@ -48,7 +49,7 @@ ShowPorts ShowPorts::of(const Project &project)
 QString ShowPorts::wallName(std::size_t wall) const
 {
     const QString &name = show.walls[wall].name;
-    return name.isEmpty() ? QString("a wall without a name") : name;
+    return name.isEmpty() ? QString("a wall without a name") : TextLine::shown(name);
 }
 
 QString ShowPorts::nameOf(const ShowWiring::Port &port) const

@@ -1,6 +1,7 @@
 #include "screen/LostWall.h"
 
 #include "drawing/Raster.h"
+#include "drawing/TextLine.h"
 #include "layer/WallGrid.h"
 #include "screen/LWScreen.h"
 
@@ -42,7 +43,7 @@ QString reason(qint64 width, qint64 height)
 
 QString sentence(const QString &label, qint64 width, qint64 height)
 {
-    return (label.isEmpty() ? QString("A wall without a name") : label) + ": " + reason(width, height);
+    return (label.isEmpty() ? QString("A wall without a name") : TextLine::shown(label)) + ": " + reason(width, height);
 }
 
 std::optional<QString> sentenceOf(const Layer &layer)

@@ -1,6 +1,7 @@
 #include "windows/LayerDelegate.h"
 
 #include "base/NumberText.h"
+#include "drawing/TextLine.h"
 #include "show/LayerList.h"
 #include "still/LWStill.h"
 #include "windows/Icons.h"
@@ -65,12 +66,12 @@ LayerDelegate::LayerDelegate(const LayerList &list, Kind kind, LayerStamps &stam
 QString LayerDelegate::name(const Layer &layer)
 {
     if (!layer.label().isEmpty())
-        return layer.label();
+        return TextLine::shown(layer.label());
     const auto *still = qobject_cast<const LWStill *>(&layer);
     if (const auto chart = still ? still->chart() : std::nullopt; chart && *chart)
         return (*chart)->chart->title;
     const QString file = still ? QFileInfo(still->ImageURL().toLocalFile()).fileName() : QString();
-    return file.isEmpty() ? QString("Unnamed") : file;
+    return file.isEmpty() ? QString("Unnamed") : TextLine::shown(file);
 }
 
 QString LayerDelegate::placeAndSize(const Layer &layer)
@@ -218,6 +219,7 @@ bool LayerDelegate::editorEvent(QEvent *, QAbstractItemModel *, const QStyleOpti
 void LayerDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     const auto *field = qobject_cast<QLineEdit *>(editor);
-    if (!field || field->text() != index.data(Qt::EditRole).toString())
+    // A name that is longer than a field holds stays whole where nobody has typed.
+    if (!field || field->text() != index.data(Qt::EditRole).toString().left(field->maxLength()))
         QStyledItemDelegate::setModelData(editor, model, index);
 }

@@ -2,6 +2,7 @@
 
 #include "base/DecimalText.h"
 #include "base/NumberText.h"
+#include "drawing/TextLine.h"
 #include "facts/LayerChecks.h"
 #include "facts/LayerFigures.h"
 #include "facts/Load.h"
@@ -113,7 +114,8 @@ QString panelAt(const std::vector<LayerPointer> &layers, const QPoint &pixel)
             continue;
         const auto *screen = qobject_cast<const LWScreen *>(layer.get());
         const std::optional<Cell> panel = screen ? screen->panelAt(pixel.x(), pixel.y()) : std::nullopt;
-        return panel ? QString(screen->label() + ' ' + screen->panelLabel(*panel)).trimmed() : QString();
+        return panel ? QString(TextLine::shown(screen->label()) + ' ' + screen->panelLabel(*panel)).trimmed()
+                     : QString();
     }
     return {};
 }

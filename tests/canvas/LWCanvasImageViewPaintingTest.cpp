@@ -1,3 +1,4 @@
+#include "drawing/TextLine.h"
 #include "tests/canvas/CanvasFixture.h"
 
 #include <QPalette>
@@ -183,6 +184,19 @@ TEST_F(LWCanvasImageViewPainting, ANameOfManyLettersIsCut)
     const QImage picture = seen();
     EXPECT_EQ(picture.pixelColor(qRound(13 * ratio()), 1), label);
     EXPECT_NE(picture.pixelColor(qRound(360 * ratio()), 1), label); // the wall is 341 wide
+}
+
+/// Letters without a width leave room for all that follow.
+TEST_F(LWCanvasImageViewPainting, OfALongNameNoLetterBehindTheLongestTextIsLookedAt)
+{
+    const QString most(TextLine::longestText, QChar(0x200b));
+    LWScreen &wall = selectScreen();
+    wall.setLabel(most);
+    const QImage without = seen();
+    wall.setLabel(most + "MAIN");
+    EXPECT_EQ(seen(), without);
+    wall.setLabel(most.mid(4) + "MAIN");
+    EXPECT_NE(seen(), without);
 }
 
 TEST_F(LWCanvasImageViewPainting, AMissingPictureIsAFramedPlaceWithItsName)

@@ -123,6 +123,15 @@ TEST_F(PlaceChecksTest, AWallBeyondTheOutputSaysHowFar)
                            "px; make the output larger or the wall smaller."}));
 }
 
+TEST_F(PlaceChecksTest, OfALongNameTheFirst1024LettersAreTold)
+{
+    const QString told(1024, 'n');
+    add(told + "MORE", 0, 0, 3, 3);
+    add(told + "MORE", 300, 0, 3, 3);
+    EXPECT_EQ(found(), QStringList{"1 wall-name-twice: Another wall is called " + told +
+                                   ", too; give one of them another name."});
+}
+
 TEST_F(PlaceChecksTest, ANameIsOfOneWall)
 {
     add("MAIN", 0, 0, 3, 3);

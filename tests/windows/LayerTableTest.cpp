@@ -343,3 +343,24 @@ TEST_F(TypedNameTest, OfALayerWithoutOneStaysNoneWhileStepsAreUndone)
     EXPECT_TRUE(label(1).isNull());
     EXPECT_EQ(label(2), "name 3");
 }
+
+TEST_F(TypedNameTest, ThatIsLongerThanItsFieldStaysWholeWhereNobodyTyped)
+{
+    end(Qt::Key_Escape);
+    const QString longest(40'000, 'n');
+    rename(1, longest);
+    const int before = steps.count();
+    type(1);
+    ASSERT_NE(name(), nullptr);
+    ASSERT_LT(name()->text().size(), longest.size());
+    end(Qt::Key_Return);
+    EXPECT_EQ(steps.count(), before);
+    EXPECT_EQ(label(1), longest);
+}
+
+TEST_F(TypedNameTest, IsShownToItsLongestTextInRows)
+{
+    end(Qt::Key_Escape);
+    rename(1, QString(1024, 'n') + "MORE");
+    EXPECT_EQ(LayerDelegate::name(*list().layer(1)), QString(1024, 'n'));
+}

@@ -1,5 +1,6 @@
 #include "windows/checks/ChecksModel.h"
 
+#include "drawing/TextLine.h"
 #include "layer/CableRun.h"
 #include "screen/LWScreen.h"
 #include "windows/Theme.h"
@@ -35,7 +36,7 @@ const LevelLook &lookOf(const Finding &finding)
 
 QString nameOf(const Layer &layer)
 {
-    return layer.label().isEmpty() ? QString("a layer without a name") : layer.label();
+    return layer.label().isEmpty() ? QString("a layer without a name") : TextLine::shown(layer.label());
 }
 
 QString panelOf(const Layer &layer, const Cell &cell)

@@ -198,7 +198,7 @@ void InspectorForm::addText(const QString &property, const Caption &caption, con
         const std::optional<QVariant> value = commonValue(layers, property);
         const QString text = value ? value->toString() : QString();
         field->setPlaceholderText(value ? placeholder : "—");
-        if (field->text() != text)
+        if (field->text() != text.left(field->maxLength()))
             field->setText(text);
     });
     addRow(worded(caption, property), field);

@@ -1,6 +1,7 @@
 #include "windows/ports/PortsModel.h"
 
 #include "base/NumberText.h"
+#include "drawing/TextLine.h"
 #include "windows/tables/ColumnHead.h"
 
 #include <array>
@@ -83,7 +84,7 @@ void PortsModel::show(std::vector<PortRow> rows, const std::vector<LayerPointer>
     m_rows = std::move(rows);
     m_names.clear();
     for (const LayerPointer &layer : layers)
-        m_names.push_back(layer->visible() ? layer->label() : layer->label() + " (hidden)");
+        m_names.push_back(TextLine::shown(layer->label()) + (layer->visible() ? "" : " (hidden)"));
     if (!isAsLong)
         endResetModel();
     else if (!m_rows.empty())
