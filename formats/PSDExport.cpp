@@ -123,8 +123,8 @@ std::optional<QString> howResized(const Layer &layer, const QSize &output)
     if (!isStill || own == shown || !place.meets({{0, output.width()}, {0, output.height()}}))
         return std::nullopt;
     return QString("%1 went in at its own size, %2 x %3; on the output it is %4 x %5")
-        .arg(MissingPicture::nameOf(layer), QString::number(own.width()), QString::number(own.height()), QString::number(shown.width()),
-             QString::number(shown.height()));
+        .arg(MissingPicture::nameOf(layer), QString::number(own.width()), QString::number(own.height()),
+             QString::number(shown.width()), QString::number(shown.height()));
 }
 } // namespace
 
