@@ -26,6 +26,15 @@ LayerPointer chart(LayerHost &host, int width, int height)
     still->setPanelHeight(height);
     return still;
 }
+
+/// Those can be held together, and not `onePixel` more.
+void expectToFill(std::vector<LayerPointer> layers, const LayerPointer &onePixel)
+{
+    EXPECT_TRUE(LayerLimits::check(layers));
+    layers.push_back(onePixel);
+    EXPECT_EQ(LayerLimits::check(layers).error().text,
+              "the walls and charts have 1073741825 pixels together; more than 1073741824 cannot be held");
+}
 } // namespace
 
 TEST(LayerLimits, AHundredThousandLayersAreKept)
@@ -39,13 +48,7 @@ TEST(LayerLimits, AHundredThousandLayersAreKept)
 TEST(LayerLimits, WallsThatCannotBeHeldTogetherAreRefused)
 {
     TestHost host;
-    std::vector<LayerPointer> layers(4, wall(host, 128, 128));
-    EXPECT_TRUE(LayerLimits::check(layers));
-
-    layers.push_back(wall(host, 1, 1));
-
-    EXPECT_EQ(LayerLimits::check(layers).error().text,
-              "the walls and charts have 1073741825 pixels together; more than 1073741824 cannot be held");
+    expectToFill(std::vector<LayerPointer>(4, wall(host, 128, 128)), wall(host, 1, 1));
 }
 
 TEST(LayerLimits, ChartsAreDrawnAsWallsAre)
@@ -53,11 +56,7 @@ TEST(LayerLimits, ChartsAreDrawnAsWallsAre)
     TestHost host;
     std::vector<LayerPointer> layers{wall(host, 128, 128)};
     layers.resize(4, chart(host, 16384, 16384));
-    EXPECT_TRUE(LayerLimits::check(layers));
-
-    layers.push_back(chart(host, 1, 1));
-    EXPECT_EQ(LayerLimits::check(layers).error().text,
-              "the walls and charts have 1073741825 pixels together; more than 1073741824 cannot be held");
+    expectToFill(layers, chart(host, 1, 1));
 }
 
 TEST(LayerLimits, ChartsThatAreNeverDrawnDoNotCount)
