@@ -108,6 +108,15 @@ TEST_F(InspectorTest, EveryColourIsChosenWithItsOpacity)
     }
 }
 
+TEST_F(InspectorTest, OfALongNameTheBeginningIsSeen)
+{
+    QLineEdit &field = control<QLineEdit>("Name");
+    window.document().setValue(QString("MAIN").repeated(100), "arrangedObjects.label");
+    window.document().update();
+    EXPECT_EQ(field.text().size(), 400);
+    EXPECT_EQ(field.cursorPosition(), 0);
+}
+
 TEST_F(InspectorTest, ANameIsTyped)
 {
     QLineEdit &field = control<QLineEdit>("Name");

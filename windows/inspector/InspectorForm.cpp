@@ -198,8 +198,11 @@ void InspectorForm::addText(const QString &property, const Caption &caption, con
         const std::optional<QVariant> value = commonValue(layers, property);
         const QString text = value ? value->toString() : QString();
         field->setPlaceholderText(value ? placeholder : "—");
-        if (field->text() != text.left(field->maxLength()))
-            field->setText(text);
+        if (field->text() == text.left(field->maxLength()))
+            return;
+        field->setText(text);
+        if (!field->hasFocus())
+            field->home(false); // of a long text the beginning is seen
     });
     addRow(worded(caption, property), field);
 }
