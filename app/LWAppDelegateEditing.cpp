@@ -87,9 +87,9 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
     std::vector<LayerPointer> stills;
     for (const QString &path : paths) {
         const Address address = Address::fromLocalFile(path);
-        const std::shared_ptr<const QImage> picture = PictureFile::load(address.toLocalFile());
+        const auto [picture, obstacle] = PictureFile::load(address.toLocalFile());
         if (!picture) {
-            m_person.tellFailure(PictureFile::cannotShow(path));
+            m_person.tellFailure(PictureFile::cannotShow(path, obstacle));
             continue;
         }
         const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);

@@ -32,14 +32,16 @@ void LWAppDelegate::AddImage()
     if (!path)
         return;
     const Address address = Address::fromLocalFile(*path);
-    const std::shared_ptr<const QImage> picture = PictureFile::load(address.toLocalFile());
+    const auto [picture, obstacle] = PictureFile::load(address.toLocalFile());
     const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
     placeNew(*still, std::nullopt);
     insertAndSelect(still, m_selectedRow + 1);
     m_person.endSheet(Person::Sheet::AddWindow);
     still->setImageURL(address);
-    if (!picture)
-        m_person.tellFailure(PictureFile::cannotShow(*path));
+    if (!picture) {
+        still->loadThumbnail(); // so that the layer tells why, too
+        m_person.tellFailure(PictureFile::cannotShow(*path, obstacle));
+    }
     finishEdit("add image");
 }
 
@@ -67,7 +69,7 @@ void LWAppDelegate::choosePicture()
     still->loadThumbnail();
     m_news.expectChange(); // the file may be the same, with another picture
     if (still->thumbnail().isNull())
-        m_person.tellFailure(PictureFile::cannotShow(*path));
+        m_person.tellFailure(PictureFile::cannotShow(*path, still->pictureObstacle()));
     finishEdit("choose picture");
 }
 

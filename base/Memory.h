@@ -10,14 +10,16 @@
 /// or written.
 namespace Memory {
 
-/// The Result that `work` gives. Error: that of `work`, or that there is not enough memory for it.
+/// The Result that `work` gives. Error: that of `work`, or `sentence` where there is not enough memory for it.
 template <typename Work>
-[[nodiscard]] auto orError(const Work &work) -> decltype(work())
+[[nodiscard]] auto orError(const Work &work,
+                           const char *sentence = "there is not enough memory; close other programs and try again")
+    -> decltype(work())
 {
     try {
         return work();
     } catch (const std::bad_alloc &) {
-        return fail("there is not enough memory; close other programs and try again");
+        return fail(sentence);
     }
 }
 

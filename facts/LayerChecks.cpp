@@ -7,7 +7,6 @@
 #include "screen/LWScreen.h"
 #include "screen/LostWall.h"
 #include "still/LWStill.h"
-#include "still/PictureFile.h"
 
 #include <array>
 #include <span>
@@ -21,11 +20,12 @@ bool isWall(const Layer &layer)
     return qobject_cast<const LWScreen *>(&layer) != nullptr;
 }
 
-QString sentenceOfMissing(const Address &picture)
+QString sentenceOfMissing(const LWStill &still)
 {
+    const Address &picture = still.ImageURL();
     const QString path = picture.toLocalFile();
     const QString name = path.isEmpty() ? picture.relative : path;
-    if (const std::optional<QString> obstacle = PictureFile::obstacle(picture))
+    if (const std::optional<QString> obstacle = still.pictureObstacle())
         return QString("The picture %1 %2; it stays in the show.").arg(name, *obstacle);
     return QString("The picture %1 is missing or cannot be read; choose it again.").arg(name);
 }
@@ -35,8 +35,7 @@ std::optional<Finding> pictureMissing(const Layer &layer, const QSize & /*output
     const auto *still = qobject_cast<const LWStill *>(&layer);
     if (!still || still->ImageURL().relative.isEmpty() || !still->isPictureMissing())
         return std::nullopt;
-    return Finding{
-        .check = "picture-missing", .level = Level::Warning, .sentence = sentenceOfMissing(still->ImageURL())};
+    return Finding{.check = "picture-missing", .level = Level::Warning, .sentence = sentenceOfMissing(*still)};
 }
 
 /// Hidden walls are in the way of no picture of the output.

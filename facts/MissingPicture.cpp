@@ -1,7 +1,6 @@
 #include "facts/MissingPicture.h"
 
 #include "still/LWStill.h"
-#include "still/PictureFile.h"
 
 namespace MissingPicture {
 
@@ -14,8 +13,7 @@ std::optional<QString> reason(const LWStill &still)
     const Address &address = still.ImageURL();
     if (address.relative.isEmpty())
         return "it names no file";
-    return QString("\"%1\" %2")
-        .arg(address.relative, PictureFile::obstacle(address).value_or("is missing or no picture"));
+    return QString("\"%1\" %2").arg(address.relative, still.pictureObstacle().value_or("is missing or no picture"));
 }
 
 std::optional<QString> sentenceOf(const Layer &layer)

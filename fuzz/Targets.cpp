@@ -226,7 +226,7 @@ void runPicture(const QByteArray &bytes)
     PictureFile::isPicture(path);
     const PictureFile::Small small = PictureFile::small(path, {64, 64}, 1 << 20);
     require(small.picture.width() <= 64 && small.picture.height() <= 64, "a small picture is small");
-    if (const std::shared_ptr<const QImage> picture = PictureFile::load(path))
+    if (const std::shared_ptr<const QImage> picture = PictureFile::load(path).picture)
         require(Raster::canHold(picture->width(), picture->height()) && picture->format() == Raster::format,
                 "a picture is a raster");
 }

@@ -191,27 +191,27 @@ QImage LWStill::thumbnail() const
 {
     if (m_pictureWaits) {
         m_pictureWaits = false;
-        m_picture = values().chart ? drawChart() : PictureFile::load(ImageURL().toLocalFile());
+        m_loaded = values().chart ? PictureFile::Loaded{drawChart(), {}} : PictureFile::load(ImageURL().toLocalFile());
     }
-    return m_picture ? *m_picture : QImage();
+    return m_loaded.picture ? *m_loaded.picture : QImage();
 }
 
 LayerLook LWStill::shownLook() const
 {
     if (m_pictureWaits)
         return {record(), {}};
-    return {nullptr, {m_picture ? m_picture->cacheKey() : 0}}; // whatever else is edited
+    return {nullptr, {m_loaded.picture ? m_loaded.picture->cacheKey() : 0}}; // whatever else is edited
 }
 
 void LWStill::setThumbnail(const QImage &picture)
 {
     m_pictureWaits = false;
-    m_picture = std::make_shared<const QImage>(picture.convertToFormat(Raster::format));
+    m_loaded = {std::make_shared<const QImage>(picture.convertToFormat(Raster::format)), {}};
 }
 
 void LWStill::loadThumbnail()
 {
-    m_picture.reset();
+    m_loaded = {};
     m_pictureWaits = true;
 }
 
@@ -257,7 +257,12 @@ bool LWStill::isPictureMissing() const
         return false;
     if (m_pictureWaits)
         return !PictureFile::isPicture(ImageURL().toLocalFile());
-    return !m_picture || m_picture->isNull();
+    return !m_loaded.picture || m_loaded.picture->isNull();
+}
+
+std::optional<QString> LWStill::pictureObstacle() const
+{
+    return m_loaded.obstacle ? m_loaded.obstacle : PictureFile::obstacle(ImageURL());
 }
 
 void LWStill::onImageClick(qint64, qint64) {}
@@ -268,7 +273,7 @@ LayerPointer LWStill::copyWithZone() const
     copy->takeOver(*this, copiedProperties);
     copy->takeOver(*this, LayerValues::copiedAdditions(LayerKind::Still));
     copy->m_pictureWaits = m_pictureWaits;
-    copy->m_picture = m_picture;
+    copy->m_loaded = m_loaded;
     copy->m_drawn = m_drawn;
     return copy;
 }

@@ -4,6 +4,7 @@
 #include "base/Result.h"
 #include "charts/ChartText.h"
 #include "layer/Layer.h"
+#include "still/PictureFile.h"
 
 #include <QImage>
 #include <QRectF>
@@ -52,6 +53,8 @@ public:
     /// Whether there is an address and no picture. A picture that nobody asked for yet is not loaded to know: a file
     /// that begins like a picture is taken for one until then.
     bool isPictureMissing() const;
+    /// Why its file shows nothing, as PictureFile tells it, where that is known; more is once it was loaded.
+    std::optional<QString> pictureObstacle() const;
 
     /// How the canvas shows the output: the canvas is the output times `coefficient` with a margin on both sides.
     struct PreviewScale
@@ -106,7 +109,7 @@ private:
 
     LayerRecordPointer m_rendered; ///< null before the first rendering
     Marker m_marker;
-    mutable bool m_pictureWaits = false; ///< in its file, or to be drawn
-    std::optional<DrawnChart> m_drawn;   ///< the chart that is the picture, or shall be; nullopt: it is a file's
-    mutable std::shared_ptr<const QImage> m_picture; ///< shared by stills of one file
+    mutable bool m_pictureWaits = false;  ///< in its file, or to be drawn
+    std::optional<DrawnChart> m_drawn;    ///< the chart that is the picture, or shall be; nullopt: it is a file's
+    mutable PictureFile::Loaded m_loaded; ///< shared by stills of one file
 };

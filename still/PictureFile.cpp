@@ -2,6 +2,7 @@
 
 #include "base/FileBytes.h"
 #include "base/Memory.h"
+#include "base/NumberText.h"
 #include "drawing/Raster.h"
 #include "still/DrawingCheck.h"
 #include "still/IconCheck.h"
@@ -16,8 +17,10 @@
 #include <QRgba64>
 
 #include <algorithm>
+#include <atomic>
 #include <iterator>
 #include <type_traits>
+#include <utility>
 
 namespace {
 /// Larger files are not read.
@@ -63,13 +66,35 @@ QHash<QString, LoadedPicture> &loadedPictures()
     return pictures;
 }
 
-/// What `read` makes of the picture in them; nothing where they are of no kind that is shown, or would ask for more
-/// than they hold.
+constexpr const char *noMemory = "needs more memory than there is; close other programs and choose it again";
+
+/// Pixels of the pictures that are held. Drawing gives them back, too.
+std::atomic<qint64> heldPixels = 0;
+
+/// As one of those that are held, until nobody shares it.
+std::shared_ptr<const QImage> held(QImage picture)
+{
+    const qint64 pixels = qint64{picture.width()} * picture.height();
+    heldPixels += pixels;
+    return {new QImage(std::move(picture)), [pixels](const QImage *gone) {
+                heldPixels -= pixels;
+                delete gone;
+            }};
+}
+
+QString sentence(const char *text, qint64 figure)
+{
+    return QString(text).arg(NumberText::grouped(figure));
+}
+
+/// What `read` makes of the picture in them. Error: an obstacle, or nothing where they are no picture.
 template <typename Read>
 std::invoke_result_t<Read, QImageReader &> readWith(const Read &read, QByteArray bytes)
 {
-    if (!PictureKind::isAcceptedContent(bytes) || !DrawingCheck::isHarmless(bytes) || !IconCheck::isHarmless(bytes))
-        return {};
+    if (!PictureKind::isAcceptedContent(bytes) || !IconCheck::isHarmless(bytes))
+        return fail({});
+    if (!DrawingCheck::isHarmless(bytes))
+        return fail("is a drawing that asks for other files or for too much, and must be converted to PNG");
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMemory); // Qt's own is below the largest raster
     QImageReader reader(&buffer);
@@ -77,33 +102,54 @@ std::invoke_result_t<Read, QImageReader &> readWith(const Read &read, QByteArray
     return read(reader);
 }
 
-/// A null image where there is none.
-QImage pictureOf(QImageReader &reader)
+/// Whether a picture of a size that is not empty can be held beside others. Error: an obstacle.
+Result<void> checkSize(const QSize &size, qint64 mostTogether)
 {
-    const QSize announced = reader.size();
-    if (announced.isValid() && !Raster::canHold(announced.width(), announced.height()))
-        return {};
-    const QImage picture = reader.read();
-    if (!Raster::canHold(picture.width(), picture.height()))
-        return {};
-    return picture.convertToFormat(Raster::format);
+    if (!Raster::canHold(size.width(), size.height()))
+        return fail(sentence("has more than %1 px a side", Raster::longestSide) +
+                    sentence(" or %1 px in all, and must be made smaller", Raster::mostPixels));
+    if (qint64{size.width()} * size.height() > mostTogether - heldPixels)
+        return fail(sentence("would bring the pictures to more than %1 px; make some smaller and choose it again",
+                             mostTogether));
+    return {};
 }
 
-/// Nothing where there is no file to read, also for want of memory.
-QByteArray bytesOf(const QString &path)
+/// Error: an obstacle, or nothing where it is no picture.
+Result<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
+{
+    const QSize announced = reader.size();
+    if (!announced.isEmpty())
+        if (Result<void> fits = checkSize(announced, mostTogether); !fits)
+            return fail(fits.error().text);
+    const QImage picture = reader.read();
+    if (picture.isNull()) // damaged, or no memory: Qt tells both in the same words
+        return announced.isEmpty() || !QImage(announced, Raster::format).isNull() ? fail({}) : fail(noMemory);
+    if (Result<void> fits = checkSize(picture.size(), mostTogether); !fits)
+        return fail(fits.error().text);
+    QImage converted = picture.convertToFormat(Raster::format);
+    return converted.isNull() ? fail(noMemory) : Result<QImage>(std::move(converted));
+}
+
+/// Error: an obstacle, or nothing where there is no file to read.
+Result<QByteArray> bytesOf(const QString &path)
 {
     QFile file(path);
     if (!FileBytes::openToRead(file) || file.size() > mostBytesOfFile)
-        return {};
-    return Memory::orError([&]() -> Result<QByteArray> { return file.read(file.size()); }).value_or(QByteArray());
+        return fail({});
+    return file.read(file.size());
 }
 
-/// Null where there is no picture, also for want of memory: the next time there may be one.
-std::shared_ptr<const QImage> readPicture(const QString &path)
+/// What `decode` makes of the picture in the file at `path`; the next time there may be memory for it. Error: an
+/// obstacle, or nothing where there is no picture.
+template <typename Decode>
+std::invoke_result_t<Decode, QImageReader &> readFile(const QString &path, const Decode &decode)
 {
-    const Result<QImage> picture =
-        Memory::orError([&]() -> Result<QImage> { return readWith(&pictureOf, bytesOf(path)); });
-    return picture && !picture->isNull() ? std::make_shared<const QImage>(*picture) : nullptr;
+    if (!mayBeRead(QFileInfo(path)))
+        return fail({});
+    const auto read = [&] {
+        return bytesOf(path).and_then([&](const QByteArray &bytes) { return readWith(decode, bytes); });
+    };
+    return Memory::orError(read, noMemory);
 }
 
 /// Of a picture that Qt reads and the program does not show, as what is said of it.
@@ -117,44 +163,55 @@ std::optional<QString> foreignKind(const QString &path)
     return QString("has the format %1, which is none of those that are shown").arg(QString(format).toUpper());
 }
 
-PictureFile::Small smallOf(QImageReader &reader, const QSize &most, qint64 mostPixels)
+Result<PictureFile::Small> smallOf(QImageReader &reader, const QSize &most, qint64 mostPixels)
 {
     const QSize size = reader.size();
     if (!reader.canRead() || size.isEmpty())
-        return {};
+        return fail({});
     if (qint64{size.width()} * size.height() > mostPixels)
-        return {size, {}};
+        return PictureFile::Small{size, {}};
     if (size.width() > most.width() || size.height() > most.height())
         reader.setScaledSize(size.scaled(most, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    return {size, reader.read()};
+    return PictureFile::Small{size, reader.read()};
+}
+
+/// What there is to say of a file without a picture that can be shown; none where it is missing or damaged.
+std::optional<QString> obstacleOf(const QString &path)
+{
+    if (QFileInfo(path).isFile() && QFileInfo(path).size() > mostBytesOfFile)
+        return "has more than 1 GiB and must be made smaller";
+    std::optional<QString> obstacle = PictureFile::obstacle(Address::fromLocalFile(path));
+    return obstacle ? obstacle : foreignKind(path);
 }
 } // namespace
 
 namespace PictureFile {
 
-std::shared_ptr<const QImage> load(const QString &path)
+Loaded load(const QString &path, qint64 mostTogether)
 {
     const QFileInfo file(path);
     if (!mayBeRead(file))
-        return nullptr;
+        return {nullptr, obstacleOf(path)};
 
     const LoadedPicture known = loadedPictures().value(path);
     auto picture = known.picture.lock();
     if (picture && known.lastModified == file.lastModified() && known.fileSize == file.size())
-        return picture;
+        return {picture, {}};
 
     loadedPictures().removeIf([](const auto &entry) { return entry.value().picture.expired(); });
-    picture = readPicture(path);
-    if (picture)
-        loadedPictures().insert(path, {picture, file.lastModified(), file.size()});
-    return picture;
+    const auto decode = [&](QImageReader &reader) { return pictureOf(reader, mostTogether); };
+    Result<QImage> read = readFile(path, decode);
+    if (!read)
+        return {nullptr, read.error().text.isEmpty() ? obstacleOf(path) : read.error().text};
+    picture = held(std::move(*read));
+    loadedPictures().insert(path, {picture, file.lastModified(), file.size()});
+    return {picture, {}};
 }
 
 Small small(const QString &path, const QSize &most, qint64 mostPixels)
 {
-    const QByteArray bytes = mayBeRead(QFileInfo(path)) ? bytesOf(path) : QByteArray();
-    const auto read = [&](QImageReader &reader) { return smallOf(reader, most, mostPixels); };
-    return Memory::orError([&]() -> Result<Small> { return readWith(read, bytes); }).value_or(Small());
+    const auto decode = [&](QImageReader &reader) { return smallOf(reader, most, mostPixels); };
+    return readFile(path, decode).value_or(Small());
 }
 
 bool isPicture(const QString &path)
@@ -174,12 +231,9 @@ std::optional<QString> obstacle(const Address &address, const QList<QByteArray> 
     return QString("has the format %1, which this build does not show").arg(format->name);
 }
 
-QString cannotShow(const QString &path)
+QString cannotShow(const QString &path, const std::optional<QString> &obstacle)
 {
-    std::optional<QString> reason = obstacle(Address::fromLocalFile(path));
-    if (!reason)
-        reason = foreignKind(path);
-    return QString("Cannot show %1: it %2.").arg(path, reason.value_or("is no picture that can be read"));
+    return QString("Cannot show %1: it %2.").arg(path, obstacle.value_or("is no picture that can be read"));
 }
 
 } // namespace PictureFile

@@ -14,11 +14,20 @@
 /// Picture files of the formats in PictureKind that Qt has a reader of here.
 namespace PictureFile {
 
-/// The picture in the file at `path`, turned upright, in the raster format and its own size. Null when there is no such
-/// file, when it cannot be read, when it has more than 1 GiB, or when it is larger than a raster can be. No other file
-/// is ever opened: a drawing (SVG) for which Qt would do that gives none, nor does one that would take for ever; see
-/// DrawingCheck. Stills of one unchanged file share one picture for as long as one of them holds it. Main thread only.
-std::shared_ptr<const QImage> load(const QString &path);
+/// Most pixels of all pictures of files that are held at a time: 4 GiB of memory.
+inline constexpr qint64 mostPixelsTogether = qint64{1} << 30;
+
+struct Loaded
+{
+    std::shared_ptr<const QImage> picture; ///< null where there is none
+    std::optional<QString> obstacle;       ///< as that of obstacle(), where there is none and more is known than that
+};
+/// The picture in the file at `path`, turned upright, in the raster format and its own size. None when there is no such
+/// file, when it cannot be read, when it has more than 1 GiB, when it is larger than a raster can be, or when it and
+/// the pictures that are held have more than `mostTogether` pixels. No other file is ever opened: a drawing (SVG) for
+/// which Qt would do that gives none, nor does one that would take for ever; see DrawingCheck. Stills of one unchanged
+/// file share one picture for as long as one of them holds it. Main thread only.
+Loaded load(const QString &path, qint64 mostTogether = mostPixelsTogether);
 
 struct Small
 {
@@ -32,13 +41,14 @@ Small small(const QString &path, const QSize &most, qint64 mostPixels);
 /// Whether there is a file at `path` that begins like a picture; reads no further.
 bool isPicture(const QString &path);
 
-/// What keeps a good picture from being shown here, as what is said of it: that it is elsewhere, or that Qt has no
-/// reader of its format, as in some builds. Its address stays in the show. None where it is missing or damaged.
+/// What keeps a good picture from being shown here, as what is said of it, as far as that is known without reading it:
+/// that it is elsewhere, or that Qt has no reader of its format, as in some builds. Its address stays in the show. None
+/// where it is missing or damaged.
 /// `readable`: the formats that there are readers of.
 std::optional<QString> obstacle(const Address &address,
                                 const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
 
-/// The sentence for a person who has chosen a file that gives no picture.
-QString cannotShow(const QString &path);
+/// The sentence for a person who has chosen a file that gives no picture, for this reason where it is known.
+QString cannotShow(const QString &path, const std::optional<QString> &obstacle);
 
 } // namespace PictureFile

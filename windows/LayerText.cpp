@@ -12,7 +12,6 @@
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "still/LWStill.h"
-#include "still/PictureFile.h"
 
 namespace {
 /// The layers of one kind.
@@ -69,7 +68,7 @@ QString pictureOf(const LWStill &still)
         return chartOf(*chart);
     const QSize size = still.thumbnail().size();
     if (size.isEmpty()) {
-        const std::optional<QString> obstacle = PictureFile::obstacle(still.ImageURL());
+        const std::optional<QString> obstacle = still.pictureObstacle();
         return obstacle ? "The picture " + *obstacle + '.' : "The picture is missing. Choose it again.";
     }
     const double scale = 100.0 * still.panelWidth() / size.width();

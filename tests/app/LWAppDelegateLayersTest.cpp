@@ -160,6 +160,23 @@ TEST_F(LWAppDelegateLayers, AFileThatIsNoPictureComesInAsAnEmptyStillAndIsTold)
     EXPECT_TRUE(person.sheets.empty());
 }
 
+TEST_F(LWAppDelegateLayers, APictureThatIsTooLargeIsToldWithItsReason)
+{
+    const QString path = folder.filePath("wide.png");
+    ASSERT_TRUE(QImage(32769, 1, QImage::Format_RGB32).save(path));
+    person.openPanelAnswer = path;
+    document.add();
+    const QString reason = "has more than 32,768 px a side or 268,435,456 px in all, and must be made smaller";
+
+    document.AddImage();
+    EXPECT_EQ(person.failures, QStringList{QString("Cannot show %1: it %2.").arg(path, reason)});
+    EXPECT_TRUE(still(1)->thumbnail().isNull());
+    EXPECT_EQ(still(1)->pictureObstacle(), reason); // the layer tells it, too
+    document.choosePicture();
+    EXPECT_EQ(person.failures.size(), 2);
+    EXPECT_EQ(person.failures.last(), person.failures.first());
+}
+
 TEST_F(LWAppDelegateLayers, MasksAreOnlyLogged)
 {
     const QByteArray before = archive();

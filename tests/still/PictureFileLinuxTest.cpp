@@ -1,4 +1,4 @@
-// Pipes are of Linux.
+// Pipes are of Linux, and files without contents that take no room.
 
 #include "still/PictureFile.h"
 #include "tests/still/PictureFixture.h"
@@ -12,7 +12,7 @@ TEST_F(PictureFileLinuxTest, APipeIsNotWaitedFor)
     const QString path = folder.filePath("pipe.png");
     ASSERT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
 
-    EXPECT_EQ(PictureFile::load(path), nullptr);
+    EXPECT_EQ(load(path), nullptr);
 }
 
 TEST_F(PictureFileLinuxTest, ADrawingThatShowsAnotherFileGivesNone)
@@ -27,9 +27,9 @@ TEST_F(PictureFileLinuxTest, ADrawingThatShowsAnotherFileGivesNone)
           "<image width='9' height='9' href='file://" + pipe + "'/>",
           "<s:image width='9' height='9' x:href='" + pipe + "'/>",
           "<image width='9' height='9' xlink:href='data:image/png;base64," + nested + "'/>"})
-        EXPECT_EQ(PictureFile::load(written("drawing.svg", drawing(content))), nullptr) << content.constData();
-    EXPECT_EQ(PictureFile::load(written("style.svg", "<?xml version='1.0'?><?xml-stylesheet type=\"text/css\" href=\"" +
-                                                         pipe + "\"?>" + drawing({}))),
+        EXPECT_EQ(load(written("drawing.svg", drawing(content))), nullptr) << content.constData();
+    EXPECT_EQ(load(written("style.svg", "<?xml version='1.0'?><?xml-stylesheet type=\"text/css\" href=\"" + pipe +
+                                            "\"?>" + drawing({}))),
               nullptr);
 }
 
@@ -43,4 +43,13 @@ TEST_F(PictureFileLinuxTest, InSmallNothingIsShownThatIsRefusedInFull)
     EXPECT_TRUE(PictureFile::small(pipe, {200, 200}, 1 << 20).size.isEmpty());
     EXPECT_TRUE(PictureFile::small(drawn, {200, 200}, 1 << 20).size.isEmpty());
     EXPECT_EQ(PictureFile::small(plain, {200, 200}, 1 << 20).picture.size(), QSize(20, 20));
+}
+
+TEST_F(PictureFileLinuxTest, AFileOfMoreThanOneGibibyteTellsSo)
+{
+    const QString path = written("plate.png", "this is no picture");
+    ASSERT_TRUE(QFile::resize(path, (qint64{1} << 30) + 1));
+    EXPECT_EQ(PictureFile::load(path).obstacle, "has more than 1 GiB and must be made smaller");
+    ASSERT_TRUE(QFile::resize(path, qint64{1} << 30));
+    EXPECT_EQ(PictureFile::load(path).obstacle, std::nullopt);
 }

@@ -15,7 +15,7 @@ using PictureFileTest = PictureFixture;
 
 TEST_F(PictureFileTest, ComesInTheRasterFormatAndItsOwnSize)
 {
-    const auto picture = PictureFile::load(saved("plate.png", {31, 17}, Qt::red));
+    const auto picture = load(saved("plate.png", {31, 17}, Qt::red));
 
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->size(), QSize(31, 17));
@@ -32,7 +32,7 @@ TEST_F(PictureFileTest, APhotographIsTurnedUpright)
     bytes.insert(
         2, QByteArray::fromHex("ffe1 0022 457869660000 49492a0008000000 0100 1201 0300 01000000 06000000 00000000"));
 
-    const auto picture = PictureFile::load(written("upright.jpg", bytes));
+    const auto picture = load(written("upright.jpg", bytes));
 
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->size(), QSize(24, 40));
@@ -40,10 +40,10 @@ TEST_F(PictureFileTest, APhotographIsTurnedUpright)
 
 TEST_F(PictureFileTest, WhatIsNoPictureGivesNone)
 {
-    EXPECT_EQ(PictureFile::load(folder.filePath("missing.png")), nullptr);
-    EXPECT_EQ(PictureFile::load(written("text.png", "this is no picture")), nullptr);
-    EXPECT_EQ(PictureFile::load(folder.path()), nullptr);
-    EXPECT_EQ(PictureFile::load(QString()), nullptr);
+    EXPECT_EQ(load(folder.filePath("missing.png")), nullptr);
+    EXPECT_EQ(load(written("text.png", "this is no picture")), nullptr);
+    EXPECT_EQ(load(folder.path()), nullptr);
+    EXPECT_EQ(load(QString()), nullptr);
 }
 
 TEST_F(PictureFileTest, ADrawingMayEmbedPicturesAndReferToItself)
@@ -53,11 +53,11 @@ TEST_F(PictureFileTest, ADrawingMayEmbedPicturesAndReferToItself)
     const QByteArray embedded =
         "<image width='20' height='20' xlink:href='data:image/png;base64," + plate.readAll().toBase64() + "'/>";
 
-    const auto picture = PictureFile::load(written("drawing.svg", drawing(embedded)));
+    const auto picture = load(written("drawing.svg", drawing(embedded)));
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->pixel(10, 10), 0xff0000ffU);
 
-    EXPECT_NE(PictureFile::load(written("use.svg", drawing("<g id='a'/><use xlink:href='#a'/>"))), nullptr);
+    EXPECT_NE(load(written("use.svg", drawing("<g id='a'/><use xlink:href='#a'/>"))), nullptr);
 }
 
 TEST_F(PictureFileTest, ACompressedDrawingGivesNone)
@@ -65,7 +65,7 @@ TEST_F(PictureFileTest, ACompressedDrawingGivesNone)
     const QByteArray compressed = QByteArray::fromHex(
         "1f8b0800000000000203b3292e4b57a8c8cdc92bb655cf282929b0d2d72f2f2fd72b37d6cb2f4ad737323030d007aa505728cf4c29c9b0"
         "55375257c848cd4ccf280131f5ed0008e7f2533e000000");
-    EXPECT_EQ(PictureFile::load(written("drawing.svgz", compressed)), nullptr);
+    EXPECT_EQ(load(written("drawing.svgz", compressed)), nullptr);
 }
 
 TEST_F(PictureFileTest, ADrawingThatWouldNeverEndOrNestsTooDeepGivesNone)
@@ -78,18 +78,18 @@ TEST_F(PictureFileTest, ADrawingThatWouldNeverEndOrNestsTooDeepGivesNone)
         }
         return content;
     };
-    const auto load = [&](const QByteArray &content) {
-        return PictureFile::load(written("drawing.svg", drawing(content).replace("width='20' height='20'>", ">")));
+    const auto sized = [&](const QByteArray &content) {
+        return load(written("drawing.svg", drawing(content).replace("width='20' height='20'>", ">")));
     };
-    EXPECT_EQ(load(groups(40, 2)), nullptr);
-    EXPECT_EQ(load(groups(100'000, 1)), nullptr);
-    EXPECT_NE(load(groups(17, 2)), nullptr);
-    EXPECT_NE(load(groups(400, 1)), nullptr);
+    EXPECT_EQ(sized(groups(40, 2)), nullptr);
+    EXPECT_EQ(sized(groups(100'000, 1)), nullptr);
+    EXPECT_NE(sized(groups(17, 2)), nullptr);
+    EXPECT_NE(sized(groups(400, 1)), nullptr);
 }
 
 TEST_F(PictureFileTest, ALargePhotographIsRead)
 {
-    const auto picture = PictureFile::load(saved("photograph.bmp", {6000, 6000}, Qt::white));
+    const auto picture = load(saved("photograph.bmp", {6000, 6000}, Qt::white));
 
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->size(), QSize(6000, 6000));
@@ -97,30 +97,79 @@ TEST_F(PictureFileTest, ALargePhotographIsRead)
 
 TEST_F(PictureFileTest, APictureLargerThanARasterGivesNone)
 {
-    EXPECT_EQ(PictureFile::load(saved("wide.png", {32769, 1}, Qt::red)), nullptr);
-    EXPECT_NE(PictureFile::load(saved("fits.png", {32768, 1}, Qt::red)), nullptr);
+    EXPECT_EQ(load(saved("wide.png", {32769, 1}, Qt::red)), nullptr);
+    EXPECT_NE(load(saved("fits.png", {32768, 1}, Qt::red)), nullptr);
+}
+
+TEST_F(PictureFileTest, APictureLargerThanARasterTellsSo)
+{
+    const QString sentence = "has more than 32,768 px a side or 268,435,456 px in all, and must be made smaller";
+    EXPECT_EQ(PictureFile::load(saved("wide.png", {32769, 1}, Qt::red)).obstacle, sentence);
+    EXPECT_EQ(PictureFile::load(saved("fits.png", {32768, 1}, Qt::red)).obstacle, std::nullopt);
+
+    QByteArray announced("P5 16385 16384 255\n"); // no more is needed to know
+    EXPECT_EQ(PictureFile::load(written("plate.pgm", announced)).obstacle, sentence);
+    EXPECT_EQ(PictureFile::load(written("plate.pgm", announced.replace("16385", "00085"))).obstacle, std::nullopt);
+}
+
+TEST_F(PictureFileTest, PicturesThatAreHeldLeaveRoomForNoMoreThanTheBound)
+{
+    const auto first = PictureFile::load(saved("first.png", {20, 10}, Qt::red), 400);
+    const QString path = saved("second.png", {20, 10}, Qt::blue);
+    EXPECT_NE(PictureFile::load(path, 400).picture, nullptr); // and is gone again
+    EXPECT_EQ(PictureFile::load(path, 399).picture, nullptr);
+    EXPECT_EQ(PictureFile::load(path, 399).obstacle,
+              "would bring the pictures to more than 399 px; make some smaller and choose it again");
+
+    const auto second = PictureFile::load(path, 400);
+    EXPECT_EQ(PictureFile::load(path, 1).picture, second.picture); // one picture, however many show it
+    EXPECT_EQ(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), 400).picture, nullptr);
+    EXPECT_NE(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), 401).picture, nullptr);
+}
+
+TEST_F(PictureFileTest, ADrawingOfUnknownSizeIsHeldToTheBoundToo)
+{
+    const QByteArray plain = drawing("<rect width='9' height='9'/>");
+    EXPECT_EQ(PictureFile::load(written("plain.svg", plain), 399).picture, nullptr);
+    EXPECT_NE(PictureFile::load(written("plain.svg", plain), 400).picture, nullptr);
+}
+
+TEST_F(PictureFileTest, ADrawingThatAsksForTooMuchTellsSo)
+{
+    const PictureFile::Loaded refused =
+        PictureFile::load(written("drawing.svg", drawing("<image width='9' height='9' xlink:href='plate.png'/>")));
+    EXPECT_EQ(refused.picture, nullptr);
+    EXPECT_EQ(refused.obstacle, "is a drawing that asks for other files or for too much, and must be converted to PNG");
+}
+
+TEST_F(PictureFileTest, OfWhatIsMissingOrDamagedNoMoreIsTold)
+{
+    EXPECT_EQ(PictureFile::load(folder.filePath("missing.png")).obstacle, std::nullopt);
+    EXPECT_EQ(PictureFile::load(written("text.png", "this is no picture")).obstacle, std::nullopt);
+    EXPECT_EQ(PictureFile::cannotShow("logo.png", std::nullopt),
+              "Cannot show logo.png: it is no picture that can be read.");
 }
 
 TEST_F(PictureFileTest, StillsOfOneFileShareItsPixels)
 {
     const QString path = saved("plate.png", {31, 17}, Qt::red);
 
-    EXPECT_EQ(PictureFile::load(path), PictureFile::load(path)); // the first one lives until the line ends
+    EXPECT_EQ(load(path), load(path)); // the first one lives until the line ends
 
-    const auto first = PictureFile::load(path);
-    EXPECT_EQ(PictureFile::load(path), first);
+    const auto first = load(path);
+    EXPECT_EQ(load(path), first);
 }
 
 TEST_F(PictureFileTest, AFileThatWasReplacedIsReadAgain)
 {
     const QString path = saved("plate.png", {31, 17}, Qt::red);
-    const auto first = PictureFile::load(path);
+    const auto first = load(path);
     saved("plate.png", {31, 17}, Qt::blue);
     QFile file(path);
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addSecs(5), QFileDevice::FileModificationTime));
 
-    const auto second = PictureFile::load(path);
+    const auto second = load(path);
 
     ASSERT_NE(second, nullptr);
     EXPECT_EQ(second->pixel(0, 0), 0xff0000ffU);
@@ -130,7 +179,7 @@ TEST_F(PictureFileTest, AFileThatWasReplacedIsReadAgain)
 TEST_F(PictureFileTest, WhateverTakesItsPlaceWhileItIsShownIsLookedAtAnew)
 {
     const QString path = saved("plate.png", {31, 17}, Qt::red);
-    const auto first = PictureFile::load(path);
+    const auto first = load(path);
     ASSERT_NE(first, nullptr);
 
     // An older one, as a clock that was set back or a copy from a stick leaves it.
@@ -139,25 +188,25 @@ TEST_F(PictureFileTest, WhateverTakesItsPlaceWhileItIsShownIsLookedAtAnew)
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     ASSERT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
     file.close();
-    const auto older = PictureFile::load(path);
+    const auto older = load(path);
     ASSERT_NE(older, nullptr);
     EXPECT_EQ(older->pixel(0, 0), 0xff0000ffU);
 
     // Half of it, nothing of it, a folder, and nothing at all.
     ASSERT_TRUE(QFile::resize(path, QFileInfo(path).size() / 2));
-    const auto half = PictureFile::load(path);
+    const auto half = load(path);
     EXPECT_TRUE(!half || half->size() == QSize(31, 17));
     ASSERT_TRUE(QFile::resize(path, 0));
-    EXPECT_EQ(PictureFile::load(path), nullptr);
+    EXPECT_EQ(load(path), nullptr);
     ASSERT_TRUE(QFile::remove(path) && QDir().mkdir(path));
-    EXPECT_EQ(PictureFile::load(path), nullptr);
+    EXPECT_EQ(load(path), nullptr);
     ASSERT_TRUE(QDir().rmdir(path));
-    EXPECT_EQ(PictureFile::load(path), nullptr);
+    EXPECT_EQ(load(path), nullptr);
 
     EXPECT_EQ(first->pixel(30, 16), 0xffff0000U);
     saved("plate.png", {9, 7}, Qt::green);
-    ASSERT_NE(PictureFile::load(path), nullptr);
-    EXPECT_EQ(PictureFile::load(path)->size(), QSize(9, 7));
+    ASSERT_NE(load(path), nullptr);
+    EXPECT_EQ(load(path)->size(), QSize(9, 7));
 }
 
 TEST_F(PictureFileTest, InSmallItKeepsItsRatioAndIsNeverMadeLarger)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "still/PictureFile.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -9,6 +11,8 @@
 class PictureFixture : public ::testing::Test
 {
 protected:
+    static std::shared_ptr<const QImage> load(const QString &path) { return PictureFile::load(path).picture; }
+
     QString saved(const QString &name, const QSize &size, Qt::GlobalColor colour)
     {
         QImage image(size, QImage::Format_RGB32);

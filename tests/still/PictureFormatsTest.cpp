@@ -47,14 +47,14 @@ protected:
     {
         QFile file(folder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush());
-        return PictureFile::load(file.fileName());
+        return PictureFile::load(file.fileName()).picture;
     }
 
     std::shared_ptr<const QImage> savedAndLoaded(const char *format)
     {
         const QString path = folder.filePath(QString("quarters.") + format);
         EXPECT_TRUE(quarters({16, 8}).save(path, format, 100)) << format;
-        return PictureFile::load(path);
+        return PictureFile::load(path).picture;
     }
 
     /// A photograph with an Exif segment of one entry: how the camera was held, 1 to 8.
@@ -98,10 +98,10 @@ TEST_F(PictureFormats, WhatQtReadsBesidesIsNoPicture)
     ASSERT_TRUE(quarters({16, 8}).save(path, "xbm"));
     ASSERT_EQ(QImageReader::imageFormat(path), "xbm");
 
-    EXPECT_EQ(PictureFile::load(path), nullptr);
+    EXPECT_EQ(PictureFile::load(path).picture, nullptr);
     EXPECT_FALSE(PictureFile::isPicture(path));
     EXPECT_TRUE(PictureFile::small(path, {64, 64}, 1 << 20).size.isEmpty());
-    EXPECT_EQ(PictureFile::cannotShow(path),
+    EXPECT_EQ(PictureFile::cannotShow(path, PictureFile::load(path).obstacle),
               QString("Cannot show %1: it has the format XBM, which is none of those that are shown.").arg(path));
 }
 
@@ -124,7 +124,7 @@ TEST_F(PictureFormats, ADrawingEmbedsWhatIsShownAlone)
 TEST_F(PictureFormats, TheContentCountsNotTheName)
 {
     ASSERT_TRUE(quarters({16, 8}).save(folder.filePath("photograph.png"), "jpg", 100));
-    const auto picture = PictureFile::load(folder.filePath("photograph.png"));
+    const auto picture = PictureFile::load(folder.filePath("photograph.png")).picture;
 
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(seen(*picture), "rgbw");
@@ -135,7 +135,7 @@ TEST_F(PictureFormats, ATransparentPictureStaysTransparent)
     QImage image(3, 5, QImage::Format_ARGB32);
     image.fill(QColor(255, 0, 0, 128));
     ASSERT_TRUE(image.save(folder.filePath("glass.png")));
-    const auto picture = PictureFile::load(folder.filePath("glass.png"));
+    const auto picture = PictureFile::load(folder.filePath("glass.png")).picture;
 
     ASSERT_NE(picture, nullptr);
     EXPECT_EQ(picture->pixelColor(1, 1).alpha(), 128);

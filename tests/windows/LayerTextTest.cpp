@@ -5,6 +5,7 @@
 #include "tests/screen/TestHost.h"
 
 #include <QDir>
+#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <limits>
@@ -123,6 +124,27 @@ TEST_F(LayerTextTest, APictureThatIsNotShownSaysWhy)
     EXPECT_EQ(LayerText::picture({still}), "The picture is missing. Choose it again.");
     still->setImageURL({"file://server/logo.png", {}});
     EXPECT_EQ(LayerText::picture({still}), "The picture is not on this machine, and a show asks no other.");
+}
+
+TEST_F(LayerTextTest, APictureThatIsTooLargeSaysSoOnceItWasRead)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("wide.png");
+    ASSERT_TRUE(QImage(32769, 1, QImage::Format_RGB32).save(path));
+    const auto still = LWStill::initWithimage(host, {});
+    still->setImageURL(Address::fromLocalFile(path));
+    still->loadThumbnail();
+    EXPECT_EQ(LayerText::warnings(*still, output), QStringList()); // it begins like a picture
+    const QString reason = "has more than 32,768 px a side or 268,435,456 px in all, and must be made smaller";
+    EXPECT_EQ(LayerText::picture({still}), "The picture " + reason + '.');
+    EXPECT_EQ(LayerText::warnings(*still, output),
+              QStringList(QString("The picture %1 %2; it stays in the show.").arg(path, reason)));
+
+    const LayerPointer copy = still->copyWithZone();
+    EXPECT_EQ(LayerText::picture({copy}), "The picture " + reason + '.');
+    still->setImageURL(Address::fromLocalFile("/gone/logo.png"));
+    still->loadThumbnail();
+    EXPECT_EQ(LayerText::picture({still}), "The picture is missing. Choose it again.");
 }
 
 TEST_F(LayerTextTest, TheMostUrgentComesFirst)
