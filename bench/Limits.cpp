@@ -40,17 +40,22 @@ Project manyLayers(LayerHost &host, int count)
     return project;
 }
 
-Project largePicture(LayerHost &host, const QString &folder)
+/// Of as many files.
+Project largePictures(LayerHost &host, const QString &folder, int count)
 {
     QImage picture(16'384, 16'384, QImage::Format_RGB32);
     picture.fill(0x204080U);
-    const QString path = folder + "/plate.png";
-    picture.save(path);
-    const auto still = LWStill::initWithimage(host, picture);
-    still->setImageURL(Address::fromLocalFile(path));
-    still->setPanelWidth(1920);
-    still->setPanelHeight(1080);
-    return {1080, 1920, {still}};
+    Project project{1080, 1920, {}};
+    for (int i = 0; i < count; ++i) {
+        const QString path = folder + QString("/plate-%1.png").arg(i);
+        picture.save(path);
+        const auto still = LWStill::initWithimage(host, picture);
+        still->setImageURL(Address::fromLocalFile(path));
+        still->setPanelWidth(1920);
+        still->setPanelHeight(1080);
+        project.layers.push_back(still);
+    }
+    return project;
 }
 
 struct Limit
@@ -71,10 +76,14 @@ const std::vector<Limit> &limits()
              return Project{8192, 32768, {wall(host, 9, 5, 128, "MAIN")}};
          }},
         {"10,000 layers", [](LayerHost &host, auto) { return manyLayers(host, 10'000); }},
-        {"100,000 layers", [](LayerHost &host, auto) { return manyLayers(host, 100'000); }},
         {"wall of 16,384 x 16,384 px",
          [](LayerHost &host, auto) {
              return Project{1080, 1920, {wall(host, 128, 128, 128, "MAIN")}};
+         }},
+        {"4 such walls",
+         [](LayerHost &host, auto) {
+             const auto one = [&] { return wall(host, 128, 128, 128, "MAIN"); };
+             return Project{1080, 1920, {one(), one(), one(), one()}};
          }},
         {"wall of 1,000,000 panels",
          [](LayerHost &host, auto) {
@@ -84,7 +93,9 @@ const std::vector<Limit> &limits()
          [](LayerHost &host, auto) {
              return Project{1080, 1920, {wall(host, 9, 5, 128, QString(1'000'000, 'm'))}};
          }},
-        {"picture of 16,384 x 16,384 px", &largePicture},
+        {"picture of 16,384 x 16,384 px",
+         [](LayerHost &host, const QString &folder) { return largePictures(host, folder, 1); }},
+        {"4 such pictures", [](LayerHost &host, const QString &folder) { return largePictures(host, folder, 4); }},
     };
     return all;
 }

@@ -9,7 +9,8 @@
 /// many times; whatever reads or writes a list of layers asks here.
 namespace LayerLimits {
 
-inline constexpr qint64 mostLayers = 100'000;
+/// Saving takes under a second: it grows with the square of their number.
+inline constexpr qint64 mostLayers = 10'000;
 /// Pixels of all walls and charts of a list together: 4 GiB of memory.
 inline constexpr qint64 mostDrawnPixels = qint64{1} << 30;
 

@@ -164,8 +164,8 @@ TEST_F(PresetLibraryTest, APresetIsNamedByItsPlaceAndKey)
 
 TEST_F(PresetLibraryTest, TheLimitsAreThoseOfProjects)
 {
-    EXPECT_EQ(refusal(ArchiveValue::list(std::vector<ArchiveValue>(100'001, record("LWScreen")))),
-              "there are 100001 layers; more than 100000 cannot be kept");
+    EXPECT_EQ(refusal(ArchiveValue::list(std::vector<ArchiveValue>(10'001, record("LWScreen")))),
+              "there are 10001 layers; more than 10000 cannot be kept");
     EXPECT_TRUE(PresetLibrary::encode(Presets(4, wallOf256MebiPixels())).has_value());
     EXPECT_EQ(PresetLibrary::encode(Presets(5, wallOf256MebiPixels())).error().text,
               "the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");

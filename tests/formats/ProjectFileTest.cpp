@@ -144,16 +144,16 @@ TEST_F(ProjectFileTest, AWallOfTwoBillionColumnsOpensAtOnceAndEmpty)
 
 TEST_F(ProjectFileTest, OneLayerNamedVeryManyTimesIsRefused)
 {
-    const std::vector<ArchiveValue> layers(100'001, layer("LWScreen"));
+    const std::vector<ArchiveValue> layers(10'001, layer("LWScreen"));
 
     EXPECT_EQ(refusal({number(5), number(5), ArchiveValue::list(layers)}),
-              "there are 100001 layers; more than 100000 cannot be kept");
+              "there are 10001 layers; more than 10000 cannot be kept");
 }
 
 TEST_F(ProjectFileTest, NothingIsWrittenThatWouldBeRefused)
 {
-    const Project manyLayers{5, 5, std::vector<LayerPointer>(100'001, LWScreen::init(host))};
-    EXPECT_EQ(ProjectFile::encode(manyLayers).error().text, "there are 100001 layers; more than 100000 cannot be kept");
+    const Project manyLayers{5, 5, std::vector<LayerPointer>(10'001, LWScreen::init(host))};
+    EXPECT_EQ(ProjectFile::encode(manyLayers).error().text, "there are 10001 layers; more than 10000 cannot be kept");
 
     const auto wall = std::make_shared<LWScreen>(host);
     wall->setCol(128);

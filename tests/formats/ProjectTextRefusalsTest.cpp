@@ -59,10 +59,10 @@ TEST_F(ProjectTextRefusalsTest, ADocumentOfAnotherShapeIsRefused)
 TEST_F(ProjectTextRefusalsTest, WhatWouldBeRefusedIsNotWritten)
 {
     const QString path = folder.filePath("show.json");
-    const Project project{5, 5, std::vector<LayerPointer>(100'001, LWScreen::init(host))};
+    const Project project{5, 5, std::vector<LayerPointer>(10'001, LWScreen::init(host))};
 
     EXPECT_EQ(ProjectText::write(path, project).error().text,
-              path + ": there are 100001 layers; more than 100000 cannot be kept");
+              path + ": there are 10001 layers; more than 10000 cannot be kept");
     EXPECT_FALSE(QFile::exists(path));
 }
 
@@ -84,10 +84,10 @@ TEST_F(ProjectTextRefusalsTest, WhatIsTooLargeToBeReadAgainReplacesNoFile)
 
 TEST_F(ProjectTextRefusalsTest, TooManyLayersAreRefusedBeforeTheFirstIsRead)
 {
-    const QByteArray layers = QByteArray("1,").repeated(100'000) + "1";
+    const QByteArray layers = QByteArray("1,").repeated(10'000) + "1";
 
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [)" + layers + "]}"),
-              "layers: there are 100001 layers; more than 100000 cannot be kept");
+              "layers: there are 10001 layers; more than 10000 cannot be kept");
 }
 
 TEST_F(ProjectTextRefusalsTest, MoreChartsThanCanBeHeldAreRefused)
