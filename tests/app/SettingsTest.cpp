@@ -158,6 +158,15 @@ TEST_F(SettingsTest, ADamagedFileIsAsGoodAsNone)
     EXPECT_EQ(Settings::recentFiles(), QStringList{at("/b.Orv")});
 }
 
+TEST_F(SettingsTest, AFileOfMoreThan64KibibytesIsAsGoodAsNone)
+{
+    const QByteArray settings = "[General]\nrecentFiles=/a.Orv\n;";
+    write(settings.leftJustified(65'536, 'x'));
+    EXPECT_EQ(Settings::recentFiles(), QStringList{"/a.Orv"});
+    write(settings.leftJustified(65'537, 'x'));
+    expectNothing();
+}
+
 TEST_F(SettingsTest, ValuesOfAnotherKindAreAsGoodAsNone)
 {
     for (const QVariant &value : {QVariant(5), QVariant(2.5), QVariant("a text"), QVariant(QColor(Qt::red)),

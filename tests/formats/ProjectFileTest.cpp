@@ -177,6 +177,18 @@ TEST_F(ProjectFileTest, FilesKeepWhatBytesKeep)
     EXPECT_EQ(archiveText(*loaded), archiveText(project));
 }
 
+TEST_F(ProjectFileTest, AFileOfMoreThan512MebibytesIsNotRead)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("show.Orv");
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.resize((qint64{512} << 20) + 1));
+    EXPECT_EQ(ProjectFile::read(path, host).error().text,
+              path + ": the file has 512.00 MiB; more than 512.00 MiB is not read");
+    ASSERT_TRUE(file.resize(qint64{512} << 20));
+    EXPECT_FALSE(ProjectFile::read(path, host).error().text.contains("512.00 MiB"));
+}
+
 TEST_F(ProjectFileTest, AFailureBeginsWithThePath)
 {
     const QTemporaryDir folder;

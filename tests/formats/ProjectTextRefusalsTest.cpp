@@ -66,6 +66,19 @@ TEST_F(ProjectTextRefusalsTest, WhatWouldBeRefusedIsNotWritten)
     EXPECT_FALSE(QFile::exists(path));
 }
 
+TEST_F(ProjectTextRefusalsTest, MoreThan64MebibytesAreNotRead)
+{
+    const QString path = folder.filePath("show.json");
+    ASSERT_TRUE(ProjectText::write(path, {5, 5, {LWScreen::init(host)}}).has_value());
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::Append));
+    ASSERT_TRUE(file.write(QByteArray(ProjectText::mostBytes - file.size(), ' ')) > 0 && file.flush());
+    EXPECT_TRUE(ProjectText::read(path, host).has_value());
+    ASSERT_TRUE(file.write(" ") == 1 && file.flush());
+    EXPECT_EQ(ProjectText::read(path, host).error().text,
+              path + ": the file has 64.00 MiB; more than 64.00 MiB is not read");
+}
+
 TEST_F(ProjectTextRefusalsTest, WhatIsTooLargeToBeReadAgainReplacesNoFile)
 {
     const QString path = folder.filePath("show.json");
