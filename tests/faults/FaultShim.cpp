@@ -23,6 +23,7 @@ using FaultShim::Kind;
 constexpr std::size_t largeAllocation = std::size_t{1} << 20;
 
 std::atomic<bool> isArmed = false;
+std::atomic<bool> areAllNamed = false;
 std::atomic<int> calls = 0;
 FaultShim::Fault fault;
 std::array<char, PATH_MAX> folder{};
@@ -65,6 +66,14 @@ template <typename Which>
 bool fails(Call call, Which which)
 {
     return concerns(call, which) && fails();
+}
+
+bool isRefused(int openFlags)
+{
+    if (!areAllNamed || (openFlags & O_TMPFILE) != O_TMPFILE)
+        return false;
+    errno = EOPNOTSUPP;
+    return true;
 }
 
 /// Where a disk runs full, what still fits has been written.
@@ -111,7 +120,7 @@ int open(const char *path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
-    return fails(Call::Open, path) ? -1 : next_openat(AT_FDCWD, path, flags, mode);
+    return isRefused(flags) || fails(Call::Open, path) ? -1 : next_openat(AT_FDCWD, path, flags, mode);
 }
 
 int open64(const char *path, int flags, ...)
@@ -121,7 +130,7 @@ int open64(const char *path, int flags, ...)
     va_start(arguments, flags);
     const mode_t mode = modeOf(flags, arguments);
     va_end(arguments);
-    return fails(Call::Open, path) ? -1 : next_openat(AT_FDCWD, path, flags | O_LARGEFILE, mode);
+    return isRefused(flags) || fails(Call::Open, path) ? -1 : next_openat(AT_FDCWD, path, flags | O_LARGEFILE, mode);
 }
 
 int close(int descriptor)
@@ -261,6 +270,11 @@ int posix_memalign(void **memory, size_t alignment, size_t bytes) noexcept
         *memory = got;
     return got ? 0 : ENOMEM;
 }
+}
+
+void FaultShim::nameAllFiles()
+{
+    areAllNamed = true;
 }
 
 void FaultShim::arm(const char *path, const Fault &armed)

@@ -36,6 +36,9 @@ struct Fault
 /// How a program ends that is killed.
 inline constexpr int killed = 77;
 
+/// From now on each file has a name from the start, as on the file systems of sticks.
+void nameAllFiles();
+
 /// From now on calls are counted, on all threads. `folder` is an absolute path without links.
 void arm(const char *folder, const Fault &fault);
 /// No call fails any more. Returns how many were made since arm().

@@ -7,6 +7,7 @@
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
 #include "tests/faults/DocumentOperations.h"
+#include "tests/faults/FaultShim.h"
 #include "tests/faults/SampleShow.h"
 #include "tests/formats/SampleProject.h"
 #include "tests/screen/TestHost.h"
@@ -261,6 +262,15 @@ std::function<std::unique_ptr<Operation>()> maker(Arguments... arguments)
     return [=] { return std::make_unique<Made>(arguments...); };
 }
 
+/// On a file system that has no files without names.
+std::function<std::unique_ptr<Operation>()> onStick(const std::function<std::unique_ptr<Operation>()> &make)
+{
+    return [=] {
+        FaultShim::nameAllFiles();
+        return make();
+    };
+}
+
 OperationKind converting(const Filler &filler, const char *name, const QString &output)
 {
     const QString to = filler.folder + '/' + output;
@@ -282,8 +292,10 @@ std::vector<OperationKind> operationsIn(const QString &folder, bool large)
         {"open a project", "stage.Orv\nplate.png\nMAIN", show, maker<Opening>(folder, QString("stage.Orv"))},
         {"open a text", "stage.json\nplate.png\nMAIN", show, maker<Opening>(folder, QString("stage.json"))},
         {"save a project", "stage.Orv", show, maker<Saving>(folder)},
+        {"save on a stick", "stage.Orv", show, onStick(maker<Saving>(folder))},
         {"export PNG", "out.png", outputs, maker<Exporting>(folder, &LWAppDelegate::saveAction)},
         {"export PSD", "out.png.psd", outputs, maker<Exporting>(folder, &LWAppDelegate::savePSD)},
+        {"export on a stick", "out.png", outputs, onStick(maker<Exporting>(folder, &LWAppDelegate::saveAction))},
         {"edit", "", show, maker<Editing>(folder)},
         {"load presets", "presets", presets, maker<LoadingPresets>(folder)},
         {"save presets", "presets", presets, maker<SavingPresets>(folder, large)},
