@@ -120,22 +120,37 @@ QByteArray drawingWith(const QByteArray &embedded)
     return drawing("<image width='9' height='7' xlink:href='data:image/png;base64," + embedded.toBase64() + "'/>");
 }
 
+/// With each thing that makes one take long.
+QByteArrayList drawings()
+{
+    return {drawing("<g fill='red'><path d='M0 0L9 7z'/><use href='#a'/><circle id='a' r='3'/></g>"),
+            drawing("<g id='a'><g id='b'><use href='#c'/></g><use xlink:href='#b'/></g>"),
+            drawing("<use href='#a'/><g id='a'><use href='#a'/></g>"),
+            drawing("<image width='9' height='7' href='other.png'/>"),
+            drawing(QByteArray("<g>").repeated(1100)),
+            drawing("<path d='m1 1l2 3h4v2H1V2c1 1 2 2 3 1s1 2 2 2q1 1 2 0t1 1a3 2 30 0 1 2 2A3 2 30 1,0 2 2Z'/>"),
+            drawing("<g transform='translate(1,2) scale(2 3) rotate(30)'><polygon points='0,0 9,7 3,1'/>"
+                    "<polyline transform='matrix(1 2 3 4 5 6) skewX(9)' points='1 2 3 4' stroke='red'/></g>"),
+            drawing("<g stroke='red' stroke-width='3' stroke-dasharray='2,1'><line x1='1' y1='2' x2='9' y2='3'/>"
+                    "<rect width='9' height='7' rx='2' stroke-width='.5mm'/><ellipse rx='4' ry='2'/></g>"),
+            drawing("<style>rect { stroke: red; stroke-width: 2; stroke-dasharray: 3 } text { font-size: 9px }</style>"
+                    "<rect width='9' height='7'/><text x='1' font-size='3'>MAIN<tspan>A1</tspan></text>"),
+            drawing("<defs><linearGradient id='g'><stop offset='0'/><stop offset='.5'/><stop offset='1'/>"
+                    "</linearGradient></defs><rect style='fill:url(#g);stroke:blue;font-size:2' width='50%'/>"),
+            "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 90 70'><rect width='90' height='9'/></svg>",
+            "<?xml-stylesheet href='other.css'?>" + drawing("<rect width='9' height='7'/>"),
+            "<svg xmlns='http://www.w3.org/2000/svg' width='99999' height='99999'/>",
+            "\x1f\x8b\x08 compressed"};
+}
+
 /// A small picture in each format that can be written, by itself and in a drawing.
 QByteArrayList pictures()
 {
     QImage picture(16, 16, QImage::Format_ARGB32);
     picture.fill(0x80123456U);
     picture.setPixel(3, 2, 0xffff0000U);
-    QByteArrayList files{drawing("<g fill='red'><path d='M0 0L9 7z'/><use href='#a'/><circle id='a' r='3'/></g>"),
-                         drawing("<g id='a'><g id='b'><use href='#c'/></g><use xlink:href='#b'/></g>"),
-                         drawing("<use href='#a'/><g id='a'><use href='#a'/></g>"),
-                         drawing("<image width='9' height='7' href='other.png'/>"),
-                         drawing(QByteArray("<g>").repeated(1100)),
-                         "<?xml-stylesheet href='other.css'?>" + drawing("<rect width='9' height='7'/>"),
-                         "<svg xmlns='http://www.w3.org/2000/svg' width='99999' height='99999'/>",
-                         "\x1f\x8b\x08 compressed",
-                         "P5 99999 99999 255\n",
-                         "P5 2000 2000 255\n" + QByteArray(60'000, 'a')};
+    QByteArrayList files = drawings();
+    files += QByteArrayList{"P5 99999 99999 255\n", "P5 2000 2000 255\n" + QByteArray(60'000, 'a')};
     for (const QByteArray &format : QImageWriter::supportedImageFormats()) {
         QBuffer file;
         file.open(QIODevice::WriteOnly);
