@@ -7,9 +7,9 @@
 #include "formats/ProjectFile.h"
 #include "formats/ProjectText.h"
 #include "show/ShowProcessors.h"
+#include "still/PictureKind.h"
 
 #include <QFileInfo>
-#include <QImageReader>
 
 #include <algorithm>
 #include <array>
@@ -118,12 +118,12 @@ QString readableExtensions()
     return extensionsWhere([](const FileFormat &format) { return format.read != nullptr; });
 }
 
-/// Pictures are those that Qt's plugins read; names with an extension are listed in lower case too.
+/// Pictures are those that are shown and that Qt's plugins read; names with an extension are listed in lower case too.
 QStringList patternsOf(const FileFormat &format)
 {
     QStringList patterns;
     if (format.gives == Gives::Layer) {
-        for (const QByteArray &suffix : QImageReader::supportedImageFormats())
+        for (const QByteArray &suffix : PictureKind::readable())
             patterns.append("*." + QString::fromLatin1(suffix));
     } else if (*format.extension) {
         patterns = {QString("*.") + format.extension, QString("*.") + QString(format.extension).toLower()};

@@ -13,6 +13,13 @@ constexpr const char *accepted[] = {"png", "jpeg", "jpg", "bmp", "gif", "svg", "
 
 namespace PictureKind {
 
+QList<QByteArray> readable()
+{
+    QList<QByteArray> formats = QImageReader::supportedImageFormats();
+    formats.removeIf([](const QByteArray &format) { return !isAccepted(format); });
+    return formats;
+}
+
 QByteArray of(QIODevice &device)
 {
     return QImageReader::imageFormat(&device);
