@@ -292,8 +292,13 @@ bool isHarmless(const QByteArray &bytes, Allowance &allowance)
 }
 } // namespace
 
-bool DrawingCheck::isHarmless(const QByteArray &bytes)
+std::optional<double> DrawingCheck::nanoseconds(const QByteArray &bytes)
 {
     Allowance allowance;
-    return ::isHarmless(bytes, allowance);
+    return ::isHarmless(bytes, allowance) ? std::optional(mostNanoseconds - allowance.nanoseconds) : std::nullopt;
+}
+
+bool DrawingCheck::isHarmless(const QByteArray &bytes)
+{
+    return nanoseconds(bytes).has_value();
 }

@@ -2,6 +2,8 @@
 
 #include <QByteArray>
 
+#include <optional>
+
 namespace DrawingCheck {
 
 /// Whether these bytes of a picture file can be given to Qt's reader. Always so unless they are a drawing (SVG): Qt
@@ -15,5 +17,8 @@ namespace DrawingCheck {
 /// - whose gradients have more than 2^14 stops, or more than 2^31 elements times stops,
 /// - that embeds a picture of a format that is not shown.
 bool isHarmless(const QByteArray &bytes);
+
+/// What is counted for a drawing; 0 for any other picture, nullopt for one that is refused.
+std::optional<double> nanoseconds(const QByteArray &bytes);
 
 } // namespace DrawingCheck

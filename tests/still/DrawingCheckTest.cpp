@@ -135,6 +135,14 @@ TEST(DrawingCheck, AnEmbeddedDrawingIsLookedThroughToo)
     EXPECT_FALSE(DrawingCheck::isHarmless(embeddedDrawing("<image xlink:href='/dev/zero'/>")));
 }
 
+TEST(DrawingCheck, WhatIsCountedIsTold)
+{
+    EXPECT_EQ(DrawingCheck::nanoseconds("P2 1 1 1 1"), 0);
+    EXPECT_EQ(DrawingCheck::nanoseconds(drawing({})), 3000);
+    EXPECT_EQ(DrawingCheck::nanoseconds(drawing("<g/><g/>")), 9000);
+    EXPECT_EQ(DrawingCheck::nanoseconds(drawing(group(0, use(0)))), std::nullopt);
+}
+
 TEST(DrawingCheck, AHugeDrawingIsRefused)
 {
     const qsizetype most = (qsizetype{1} << 27) - drawing({}).size();
