@@ -204,15 +204,16 @@ void LWAppDelegate::saveAction()
 {
     m_redraw.catchUp();
     drawLostWalls(visibleOf(allScreensArray()));
-    if (!composedOutput().lost.empty())
+    const auto isAllShown = [this] {
+        return LostPicture::check(composedOutput(), {m_OutputWidth, m_OutputHeight}, allScreensArray());
+    };
+    if (!isAllShown()) // there may be memory now
         composeOutput();
     const std::optional<QString> chosen = m_person.runModalSavePanel({"Export PNG", FileFormat::Kind::Png});
     if (!chosen)
         return;
     const QString path = FileFormat::of(FileFormat::Kind::Png).finalPath(*chosen);
-    const Result<void> isWhole = LostWall::check(allScreensArray()).and_then([this] {
-        return LostPicture::check(composedOutput(), allScreensArray());
-    });
+    const Result<void> isWhole = LostWall::check(allScreensArray()).and_then(isAllShown);
     if (!isWhole)
         return tellFailedExport(m_person, "PNG", {path + ": " + isWhole.error().text});
     if (const Result<void> written = PngFile::write(path, img()); !written)

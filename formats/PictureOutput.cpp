@@ -16,7 +16,9 @@ Result<QImage> composed(const Project &project, const PictureSettings &settings)
     return LostWall::check(project.layers).and_then([&]() -> Result<QImage> {
         Composition composition;
         composition.compose(placedPictures(project.layers), {size, settings.background, settings.edge});
-        return LostPicture::check(composition.composed(), project.layers).map([&] { return composition.output(); });
+        return LostPicture::check(composition.composed(), size, project.layers).map([&] {
+            return composition.output();
+        });
     });
 }
 

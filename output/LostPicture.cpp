@@ -1,5 +1,7 @@
 #include "output/LostPicture.h"
 
+#include "drawing/Raster.h"
+
 #include <QLocale>
 #include <QStringList>
 
@@ -7,20 +9,27 @@
 #include <iterator>
 
 namespace {
-QString sentenceOf(const Layer &layer)
+QString sentenceOf(const QString &name, qint64 width, qint64 height)
 {
     const QLocale locale(QLocale::English);
     return QString(
                "%1: there is not enough memory to show it in %2 x %3 pixels; close other programs or make it smaller")
-        .arg(layer.label().isEmpty() ? QString("A layer without a name") : layer.label(),
-             locale.toString(layer.screenSizeWidth()), locale.toString(layer.screenSizeHeight()));
+        .arg(name, locale.toString(width), locale.toString(height));
+}
+
+QString sentenceOf(const Layer &layer)
+{
+    return sentenceOf(layer.label().isEmpty() ? QString("A layer without a name") : layer.label(),
+                      layer.screenSizeWidth(), layer.screenSizeHeight());
 }
 } // namespace
 
 namespace LostPicture {
 
-Result<void> check(const ComposedOutput &output, const std::vector<LayerPointer> &layers)
+Result<void> check(const ComposedOutput &output, const QSize &size, const std::vector<LayerPointer> &layers)
 {
+    if (output.picture.isNull() && Raster::canHold(size.width(), size.height()))
+        return fail(sentenceOf("The output", size.width(), size.height()));
     std::vector<LayerPointer> visible;
     std::ranges::copy_if(layers, std::back_inserter(visible),
                          [](const LayerPointer &layer) { return layer->visible(); });

@@ -24,7 +24,7 @@ protected:
     void compose() { composition.compose(placedPictures(layers), outputStyle); }
     QString told() const
     {
-        const Result<void> isWhole = ::LostPicture::check(composition.composed(), layers);
+        const Result<void> isWhole = ::LostPicture::check(composition.composed(), outputStyle.size, layers);
         return isWhole ? QString() : isWhole.error().text;
     }
 
@@ -50,6 +50,16 @@ TEST_F(LostPicture, IsToldByItsNameAndTheOthersAreShown)
               "smaller");
     EXPECT_EQ(composition.output().pixelColor(1, 1), QColor(Qt::red));
     EXPECT_EQ(composition.output().pixelColor(1, 5), QColor(Qt::black));
+}
+
+TEST_F(LostPicture, MayBeTheOutputItself)
+{
+    const auto told = [&](const QSize &size) { return ::LostPicture::check({}, size, layers); };
+    EXPECT_EQ(told({8192, 4320}).error().text,
+              "The output: there is not enough memory to show it in 8,192 x 4,320 pixels; close other programs or make "
+              "it smaller");
+    EXPECT_TRUE(told({8192, 0}));
+    EXPECT_TRUE(told({32769, 1}));
 }
 
 TEST_F(LostPicture, IsNoneThatIsHiddenOrBesideTheOutput)
