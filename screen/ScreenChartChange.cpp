@@ -71,6 +71,8 @@ QRegion changedPanels(const ScreenChart &before, const ScreenChart &now)
 
 std::optional<QRegion> ScreenChart::changeSince(const ScreenChart &before) const
 {
+    if (wallWidth() != before.wallWidth() || wallHeight() != before.wallHeight())
+        return std::nullopt; // its panels may lie further out than pixels can be counted
     ScreenChart rest = *this;
     takeUnseen(rest, before);
     QRegion changed;

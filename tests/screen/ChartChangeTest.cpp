@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
 /// A raster that follows a chart from edit to edit as a wall's does.
@@ -74,6 +75,15 @@ TEST(ChartChange, ManyPanelsAreOneBoxAroundThem)
             chart.hiddenBoxes->append({column, column % 2});
     });
     EXPECT_EQ(holes, QRegion(50, 0, 170, 200));
+}
+
+TEST(ChartChange, PanelsFurtherOutThanPixelsCanBeCountedAreNotBoxed)
+{
+    const auto change = changeOf(decoratedWall(), [](ScreenChart &chart) {
+        chart.panelWidth = std::numeric_limits<int>::max();
+        chart.hiddenBoxes->toggle(1, 3);
+    });
+    EXPECT_EQ(change, QRegion(wholeWall));
 }
 
 TEST(ChartChange, ATextIsItsOldAndItsNewBox)
