@@ -14,6 +14,8 @@
 class Composition::PictureMemory
 {
 public:
+    explicit PictureMemory(qint64 mostFittedPixels) : m_mostFittedPixels(mostFittedPixels) {}
+
     struct Plan
     {
         std::vector<PlannedPicture> pictures;
@@ -23,7 +25,7 @@ public:
     /// The pictures as pixels of the output; none for those that do not show in `where`. Valid until forgetUnused().
     Plan plan(const std::vector<PlacedPicture> &topmostFirst, const QSize &output, const QRect &where);
     /// What is kept may be more than so many pictures need.
-    bool isCrowded(std::size_t pictures) const { return m_fitted > 0 || m_known.size() > 2 * pictures + 8; }
+    bool isCrowded(std::size_t pictures) const { return m_fittedPixels > 0 || m_known.size() > 2 * pictures + 8; }
     /// Forgets what the last plan had no use for, and what takes more than `bytes` in all.
     void forgetUnused(qint64 bytes);
     /// Forgets pictures that others stand for now; for what is not crowded.
@@ -45,7 +47,8 @@ private:
     Known *find(const PictureFit &fit);
 
     std::unordered_multimap<qint64, Known> m_known; ///< by cache key; plans point into it
-    std::size_t m_fitted = 0;                       ///< those with a picture of their own
+    qint64 m_fittedPixels = 0;                      ///< of those with a picture of their own
+    qint64 m_mostFittedPixels;
 };
 
 auto Composition::PictureMemory::find(const PictureFit &fit) -> Known *
@@ -59,11 +62,14 @@ auto Composition::PictureMemory::known(const PictureFit &fit, const PlacedPictur
 {
     if (Known *found = find(fit))
         return found;
+    const qint64 pixels = fit.changes ? qint64{fit.part.width()} * fit.part.height() : 0;
+    if (m_fittedPixels + pixels > m_mostFittedPixels)
+        return nullptr;
     const QImage fitted = fit.changes ? fit.made(placed.picture) : QImage();
     if (fit.changes && fitted.isNull()) // the next time there may be memory
         return nullptr;
     const OpaqueSpans opaque = fit.changes ? OpaqueSpans(fitted) : opaqueSpans(fit, placed);
-    m_fitted += fitted.isNull() ? 0 : 1;
+    m_fittedPixels += pixels;
     return &m_known.emplace(fit.cacheKey, Known{fit, fitted, opaque, true})->second;
 }
 
@@ -112,7 +118,7 @@ void Composition::PictureMemory::forgetUnused(qint64 bytes)
         if (keep)
             bytes -= size;
         else
-            m_fitted -= picture.fitted.isNull() ? 0 : 1;
+            m_fittedPixels -= qint64{picture.fitted.width()} * picture.fitted.height();
         entry = keep ? std::next(entry) : m_known.erase(entry);
     }
 }
@@ -142,7 +148,7 @@ std::vector<PlacedPicture> placedPictures(const std::vector<LayerPointer> &layer
     return pictures;
 }
 
-Composition::Composition() : m_pictures(std::make_unique<PictureMemory>()) {}
+Composition::Composition(qint64 mostFittedPixels) : m_pictures(std::make_unique<PictureMemory>(mostFittedPixels)) {}
 
 Composition::~Composition() = default;
 

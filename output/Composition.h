@@ -60,7 +60,8 @@ std::vector<PlacedPicture> placedPictures(const std::vector<LayerPointer> &layer
 class Composition
 {
 public:
-    Composition();
+    /// Pictures whose scaled copies would have more pixels together are lost; 4 GiB of memory.
+    explicit Composition(qint64 mostFittedPixels = qint64{1} << 30);
     ~Composition();
     Composition(const Composition &) = delete;
     Composition &operator=(const Composition &) = delete;

@@ -52,6 +52,24 @@ TEST_F(LostPicture, IsToldByItsNameAndTheOthersAreShown)
     EXPECT_EQ(composition.output().pixelColor(1, 5), QColor(Qt::black));
 }
 
+TEST_F(LostPicture, IsOneThatWouldTakeMoreThanAllMayTogether)
+{
+    layers = {layer("FIRST", filled({4, 3}, Qt::red)), layer("SECOND", filled({4, 3}, Qt::green))};
+    layers[1]->setScreenSizeWidth(9);
+    const auto toldWithin = [&](qint64 pixels) {
+        Composition bounded(pixels);
+        bounded.compose(placedPictures(layers), outputStyle);
+        const Result<void> isWhole = ::LostPicture::check(bounded.composed(), outputStyle.size, layers);
+        return isWhole ? QString() : isWhole.error().text;
+    };
+    EXPECT_EQ(toldWithin(2 * 9 * 3), QString());
+    EXPECT_EQ(toldWithin(2 * 9 * 3 - 1), "SECOND: there is not enough memory to show it in 9 x 3 pixels; close other "
+                                         "programs or make it smaller");
+    layers[1]->setThumbnail(layers[0]->thumbnail());
+    layers[1]->setScreenSizeWidth(8000);
+    EXPECT_EQ(toldWithin(9 * 3), QString()); // both are the same copy
+}
+
 TEST_F(LostPicture, MayBeTheOutputItself)
 {
     const auto told = [&](const QSize &size) { return ::LostPicture::check({}, size, layers); };
