@@ -87,12 +87,13 @@ void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoi
     std::vector<LayerPointer> stills;
     for (const QString &path : paths) {
         const Address address = Address::fromLocalFile(path);
-        const auto [picture, obstacle] = PictureFile::load(address.toLocalFile());
-        if (!picture) {
-            m_person.tellFailure(PictureFile::cannotShow(path, obstacle));
+        const PictureFile::Loaded loaded = PictureFile::load(address.toLocalFile());
+        if (!loaded.picture) {
+            m_person.tellFailure(PictureFile::cannotShow(path, loaded.obstacle));
             continue;
         }
-        const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *picture);
+        const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, *loaded.picture);
+        still->takePicture(loaded);
         still->setImageURL(address);
         placeNew(*still, middle);
         stills.push_back(still);

@@ -32,16 +32,15 @@ void LWAppDelegate::AddImage()
     if (!path)
         return;
     const Address address = Address::fromLocalFile(*path);
-    const auto [picture, obstacle] = PictureFile::load(address.toLocalFile());
-    const auto still = LWStill::initWithimage(*this, picture ? *picture : QImage());
+    const PictureFile::Loaded loaded = PictureFile::load(address.toLocalFile());
+    const auto still = LWStill::initWithimage(*this, loaded.picture ? *loaded.picture : QImage());
+    still->takePicture(loaded);
     placeNew(*still, std::nullopt);
     insertAndSelect(still, m_selectedRow + 1);
     m_person.endSheet(Person::Sheet::AddWindow);
     still->setImageURL(address);
-    if (!picture) {
-        still->loadThumbnail(); // so that the layer tells why, too
-        m_person.tellFailure(PictureFile::cannotShow(*path, obstacle));
-    }
+    if (!loaded.picture)
+        m_person.tellFailure(PictureFile::cannotShow(*path, loaded.obstacle));
     finishEdit("add image");
 }
 
@@ -68,7 +67,13 @@ void LWAppDelegate::choosePicture()
     still->setValue("chart", {});
     still->loadThumbnail();
     m_news.expectChange(); // the file may be the same, with another picture
-    if (still->thumbnail().isNull())
+    const QSize size = still->thumbnail().size();
+    if (still->panelWidth() == 0 && still->panelHeight() == 0) { // it has never had a picture
+        still->setPanelWidth(size.width());
+        still->setPanelHeight(size.height());
+        still->drawInRect();
+    }
+    if (size.isEmpty())
         m_person.tellFailure(PictureFile::cannotShow(*path, still->pictureObstacle()));
     finishEdit("choose picture");
 }

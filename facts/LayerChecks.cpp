@@ -26,7 +26,7 @@ QString sentenceOfMissing(const LWStill &still)
     const QString path = picture.toLocalFile();
     const QString name = path.isEmpty() ? picture.relative : path;
     if (const std::optional<QString> obstacle = still.pictureObstacle())
-        return QString("The picture %1 %2; it stays in the show.").arg(name, *obstacle);
+        return QString("The picture %1 %2. It stays in the show.").arg(name, *obstacle);
     return QString("The picture %1 is missing or cannot be read; choose it again.").arg(name);
 }
 

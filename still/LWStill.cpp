@@ -215,6 +215,19 @@ void LWStill::loadThumbnail()
     m_pictureWaits = true;
 }
 
+void LWStill::takePicture(const PictureFile::Loaded &loaded)
+{
+    m_pictureWaits = false;
+    m_loaded = loaded;
+}
+
+void LWStill::releasePicture()
+{
+    const bool isOfFile = !ImageURL().isNil();
+    if (values().chart || (isOfFile && PictureFile::isRoomScarce())) // else it stays: its file may go
+        loadThumbnail();
+}
+
 std::optional<Result<ChartText>> LWStill::chart() const
 {
     if (!values().chart)

@@ -43,6 +43,9 @@ public:
     /// Has the picture loaded from the address when it is next asked for. After a new address this is how a missing
     /// picture is found again; place and size stay.
     void loadThumbnail();
+    /// Shows what was loaded from its address, and shares it.
+    void takePicture(const PictureFile::Loaded &loaded);
+    void releasePicture() override;
     /// The standard chart that it shows; nullopt: none is named. Error: it names one that is not known or none
     /// for a still, or its size is none that can be drawn; the message is a part of a sentence.
     std::optional<Result<ChartText>> chart() const;

@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <atomic>
 #include <iterator>
+#include <memory>
 #include <type_traits>
 #include <utility>
 
@@ -52,49 +53,85 @@ bool mayBeRead(const QFileInfo &file)
 /// What the largest raster takes in the widest format that a reader makes, in MiB.
 constexpr int mostMemory = static_cast<int>(Raster::mostPixels * sizeof(QRgba64) >> 20);
 
-/// A picture that some still may hold, and the state of the file that it came from.
-struct LoadedPicture
+/// What became of a file that was read, and the state in which it was.
+struct KnownFile
 {
-    std::weak_ptr<const QImage> picture;
+    std::weak_ptr<const QImage> picture; ///< that some still may hold
+    std::optional<QString> obstacle;
+    int failures = 0; ///< readings in a row that gave no picture, for what is in the file
     QDateTime lastModified;
-    qint64 fileSize = 0;
+    qint64 size = 0;
+
+    bool isOf(const QFileInfo &file) const { return lastModified == file.lastModified() && size == file.size(); }
 };
 
-QHash<QString, LoadedPicture> &loadedPictures()
+QHash<QString, KnownFile> &knownFiles()
 {
-    static QHash<QString, LoadedPicture> pictures;
-    return pictures;
+    static QHash<QString, KnownFile> files;
+    return files;
+}
+
+/// A file that is damaged, or there was no memory for at a place where Qt does not tell, is read so often, however many
+/// layers show it.
+constexpr int mostFailures = 3;
+/// Files without a picture that are remembered; then all are forgotten.
+constexpr qsizetype mostWithoutPicture = 10'000;
+
+void remember(const QString &path, const KnownFile &known)
+{
+    QHash<QString, KnownFile> &files = knownFiles();
+    files.removeIf([](const auto &entry) { return entry->failures == 0 && entry->picture.expired(); });
+    if (files.size() >= mostWithoutPicture)
+        files.removeIf([](const auto &entry) { return entry->failures > 0; });
+    files.insert(path, known);
+}
+
+/// Why a file shows nothing.
+struct Obstacle
+{
+    QString text;           ///< empty: there is no picture in it
+    bool mayBeGone = false; ///< the next time it is read
+
+    Obstacle() = default;
+    explicit Obstacle(const QString &what, bool onlyNow = false) : text(what), mayBeGone(onlyNow) {}
+    /// For want of memory.
+    Obstacle(const Error &error) : text(error.text), mayBeGone(true) {}
+};
+
+template <typename T>
+using Read = tl::expected<T, Obstacle>;
+
+tl::unexpected<Obstacle> hindered(const Obstacle &obstacle = {})
+{
+    return tl::unexpected<Obstacle>(obstacle);
 }
 
 constexpr const char *noMemory = "needs more memory than there is; close other programs and choose it again";
 
-/// Pixels of the pictures that are held. Drawing gives them back, too.
-std::atomic<qint64> heldPixels = 0;
+/// Pixels of the pictures that stills share. The last still may go on any thread.
+std::atomic<qint64> sharedPixels = 0;
 
-/// As one of those that are held, until nobody shares it.
-std::shared_ptr<const QImage> held(QImage picture)
+std::shared_ptr<const QImage> shared(QImage picture)
 {
     const qint64 pixels = qint64{picture.width()} * picture.height();
-    heldPixels += pixels;
-    return {new QImage(std::move(picture)), [pixels](const QImage *gone) {
-                heldPixels -= pixels;
+    auto own = std::make_unique<QImage>(std::move(picture));
+    sharedPixels += pixels;
+    return {own.release(), [pixels](const QImage *gone) {
+                sharedPixels -= pixels;
                 delete gone;
             }};
 }
 
-QString sentence(const char *text, qint64 figure)
-{
-    return QString(text).arg(NumberText::grouped(figure));
-}
-
-/// What `read` makes of the picture in them. Error: an obstacle, or nothing where they are no picture.
-template <typename Read>
-std::invoke_result_t<Read, QImageReader &> readWith(const Read &read, QByteArray bytes)
+/// What `read` makes of the picture in them.
+template <typename Reading>
+std::invoke_result_t<Reading, QImageReader &> readWith(const Reading &read, QByteArray bytes)
 {
     if (!PictureKind::isAcceptedContent(bytes) || !IconCheck::isHarmless(bytes))
-        return fail({});
+        return hindered();
     if (!DrawingCheck::isHarmless(bytes))
-        return fail("is a drawing that asks for other files or for too much, and must be converted to PNG");
+        return hindered(
+            Obstacle("is a drawing that is damaged, compressed, too large or asks for other files, and must "
+                     "be converted to PNG"));
     QBuffer buffer(&bytes);
     QImageReader::setAllocationLimit(mostMemory); // Qt's own is below the largest raster
     QImageReader reader(&buffer);
@@ -102,50 +139,53 @@ std::invoke_result_t<Read, QImageReader &> readWith(const Read &read, QByteArray
     return read(reader);
 }
 
-/// Whether a picture of a size that is not empty can be held beside others. Error: an obstacle.
-Result<void> checkSize(const QSize &size, qint64 mostTogether)
+/// What keeps a picture of a size that is not empty from being shared beside others.
+std::optional<Obstacle> obstacleOf(const QSize &size, qint64 mostTogether)
 {
     if (!Raster::canHold(size.width(), size.height()))
-        return fail(sentence("has more than %1 px a side", Raster::longestSide) +
-                    sentence(" or %1 px in all, and must be made smaller", Raster::mostPixels));
-    if (qint64{size.width()} * size.height() > mostTogether - heldPixels)
-        return fail(sentence("would bring the pictures to more than %1 px; make some smaller and choose it again",
-                             mostTogether));
-    return {};
+        return Obstacle(QString("has more than %1 px a side or %2 px in all; make it smaller and choose it again")
+                            .arg(NumberText::grouped(Raster::longestSide), NumberText::grouped(Raster::mostPixels)));
+    if (qint64{size.width()} * size.height() > mostTogether - sharedPixels)
+        return Obstacle(QString("would bring the pictures to more than %1 px; make some smaller and choose it again")
+                            .arg(NumberText::grouped(mostTogether)),
+                        true);
+    return std::nullopt;
 }
 
-/// Error: an obstacle, or nothing where it is no picture.
-Result<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
+Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
 {
     const QSize announced = reader.size();
-    if (!announced.isEmpty())
-        if (Result<void> fits = checkSize(announced, mostTogether); !fits)
-            return fail(fits.error().text);
+    const QImage::Format format = reader.imageFormat();
+    if (const auto obstacle = announced.isEmpty() ? std::nullopt : obstacleOf(announced, mostTogether))
+        return hindered(*obstacle);
     const QImage picture = reader.read();
-    if (picture.isNull()) // damaged, or no memory: Qt tells both in the same words
-        return announced.isEmpty() || !QImage(announced, Raster::format).isNull() ? fail({}) : fail(noMemory);
-    if (Result<void> fits = checkSize(picture.size(), mostTogether); !fits)
-        return fail(fits.error().text);
+    if (picture.isNull()) { // damaged, or no memory: Qt tells both in the same words
+        const bool hasMemory =
+            announced.isEmpty() || format == QImage::Format_Invalid || !QImage(announced, format).isNull();
+        return hindered(hasMemory ? Obstacle() : Obstacle(noMemory, true));
+    }
+    if (const auto obstacle = obstacleOf(picture.size(), mostTogether))
+        return hindered(*obstacle);
     QImage converted = picture.convertToFormat(Raster::format);
-    return converted.isNull() ? fail(noMemory) : Result<QImage>(std::move(converted));
+    if (converted.isNull())
+        return hindered(Obstacle(noMemory, true));
+    return converted;
 }
 
-/// Error: an obstacle, or nothing where there is no file to read.
-Result<QByteArray> bytesOf(const QString &path)
+Read<QByteArray> bytesOf(const QString &path)
 {
     QFile file(path);
     if (!FileBytes::openToRead(file) || file.size() > mostBytesOfFile)
-        return fail({});
+        return hindered();
     return file.read(file.size());
 }
 
-/// What `decode` makes of the picture in the file at `path`; the next time there may be memory for it. Error: an
-/// obstacle, or nothing where there is no picture.
+/// What `decode` makes of the picture in the file at `path`; the next time there may be memory for it.
 template <typename Decode>
 std::invoke_result_t<Decode, QImageReader &> readFile(const QString &path, const Decode &decode)
 {
     if (!mayBeRead(QFileInfo(path)))
-        return fail({});
+        return hindered();
     const auto read = [&] {
         return bytesOf(path).and_then([&](const QByteArray &bytes) { return readWith(decode, bytes); });
     };
@@ -163,11 +203,11 @@ std::optional<QString> foreignKind(const QString &path)
     return QString("has the format %1, which is none of those that are shown").arg(QString(format).toUpper());
 }
 
-Result<PictureFile::Small> smallOf(QImageReader &reader, const QSize &most, qint64 mostPixels)
+Read<PictureFile::Small> smallOf(QImageReader &reader, const QSize &most, qint64 mostPixels)
 {
     const QSize size = reader.size();
     if (!reader.canRead() || size.isEmpty())
-        return fail({});
+        return hindered();
     if (qint64{size.width()} * size.height() > mostPixels)
         return PictureFile::Small{size, {}};
     if (size.width() > most.width() || size.height() > most.height())
@@ -179,7 +219,7 @@ Result<PictureFile::Small> smallOf(QImageReader &reader, const QSize &most, qint
 std::optional<QString> obstacleOf(const QString &path)
 {
     if (QFileInfo(path).isFile() && QFileInfo(path).size() > mostBytesOfFile)
-        return "has more than 1 GiB and must be made smaller";
+        return "has more than 1 GiB; make it smaller and choose it again";
     std::optional<QString> obstacle = PictureFile::obstacle(Address::fromLocalFile(path));
     return obstacle ? obstacle : foreignKind(path);
 }
@@ -193,19 +233,34 @@ Loaded load(const QString &path, qint64 mostTogether)
     if (!mayBeRead(file))
         return {nullptr, obstacleOf(path)};
 
-    const LoadedPicture known = loadedPictures().value(path);
-    auto picture = known.picture.lock();
-    if (picture && known.lastModified == file.lastModified() && known.fileSize == file.size())
+    KnownFile known = knownFiles().value(path);
+    if (!known.isOf(file))
+        known = {.picture = {}, .obstacle = {}, .lastModified = file.lastModified(), .size = file.size()};
+    if (auto picture = known.picture.lock())
         return {picture, {}};
+    if (known.failures >= mostFailures)
+        return {nullptr, known.obstacle};
 
-    loadedPictures().removeIf([](const auto &entry) { return entry.value().picture.expired(); });
-    const auto decode = [&](QImageReader &reader) { return pictureOf(reader, mostTogether); };
-    Result<QImage> read = readFile(path, decode);
-    if (!read)
-        return {nullptr, read.error().text.isEmpty() ? obstacleOf(path) : read.error().text};
-    picture = held(std::move(*read));
-    loadedPictures().insert(path, {picture, file.lastModified(), file.size()});
-    return {picture, {}};
+    const auto decode = [&](QImageReader &reader) { return pictureOf(reader, mostTogether).map(&shared); };
+    const Read<std::shared_ptr<const QImage>> read = readFile(path, decode);
+    if (read) {
+        known = {.picture = *read, .obstacle = {}, .lastModified = known.lastModified, .size = known.size};
+        remember(path, known);
+        return {*read, {}};
+    }
+    const std::optional<QString> obstacle =
+        read.error().text.isEmpty() ? obstacleOf(path) : std::optional(read.error().text);
+    if (!read.error().mayBeGone) {
+        known.obstacle = obstacle;
+        ++known.failures;
+        remember(path, known);
+    }
+    return {nullptr, obstacle};
+}
+
+bool isRoomScarce()
+{
+    return sharedPixels > mostPixelsTogether / 8;
 }
 
 Small small(const QString &path, const QSize &most, qint64 mostPixels)

@@ -29,6 +29,9 @@ struct Loaded
 /// file share one picture for as long as one of them holds it. Main thread only.
 Loaded load(const QString &path, qint64 mostTogether = mostPixelsTogether);
 
+/// Whether pictures that nobody shows had better go: more than an eighth of `mostPixelsTogether` is held.
+bool isRoomScarce();
+
 struct Small
 {
     QSize size;     ///< in pixels, before it is turned upright; empty where there is no picture

@@ -1,5 +1,6 @@
 #include "show/Project.h"
 #include "still/LWStill.h"
+#include "still/PictureFile.h"
 #include "tests/app/ListFixture.h"
 #include "tests/base/LogLines.h"
 #include "tests/formats/SampleProject.h"
@@ -166,7 +167,8 @@ TEST_F(LWAppDelegateLayers, APictureThatIsTooLargeIsToldWithItsReason)
     ASSERT_TRUE(QImage(32769, 1, QImage::Format_RGB32).save(path));
     person.openPanelAnswer = path;
     document.add();
-    const QString reason = "has more than 32,768 px a side or 268,435,456 px in all, and must be made smaller";
+    const QString reason =
+        "has more than 32,768 px a side or 268,435,456 px in all; make it smaller and choose it again";
 
     document.AddImage();
     EXPECT_EQ(person.failures, QStringList{QString("Cannot show %1: it %2.").arg(path, reason)});
@@ -175,6 +177,44 @@ TEST_F(LWAppDelegateLayers, APictureThatIsTooLargeIsToldWithItsReason)
     document.choosePicture();
     EXPECT_EQ(person.failures.size(), 2);
     EXPECT_EQ(person.failures.last(), person.failures.first());
+
+    ASSERT_TRUE(QImage(64, 36, QImage::Format_RGB32).save(path));
+    document.choosePicture();
+    EXPECT_EQ(person.failures.size(), 2);
+    EXPECT_EQ(still(1)->panelWidth(), 64); // it had none before
+    EXPECT_EQ(still(1)->screenSizeHeight(), 36);
+}
+
+TEST_F(LWAppDelegateLayers, APictureThatWasAddedIsTheOneOfItsFile)
+{
+    person.openPanelAnswer = pictureFile();
+    document.add();
+    document.AddImage();
+    const PictureFile::Loaded again = PictureFile::load(person.openPanelAnswer.value(), 0); // no room for another
+    ASSERT_NE(again.picture, nullptr);
+    EXPECT_EQ(again.picture->cacheKey(), still(1)->thumbnail().cacheKey());
+    document.addImages({person.openPanelAnswer.value()}, std::nullopt);
+    EXPECT_EQ(still(1)->thumbnail().cacheKey(), again.picture->cacheKey());
+}
+
+TEST_F(LWAppDelegateLayers, ALargePictureThatLeftMakesRoomForOthers)
+{
+    const auto isHeldAfterRemoving = [&](const QSize &size) {
+        const QString path = folder.filePath("large.png");
+        EXPECT_TRUE(QImage(size, QImage::Format_Mono).save(path));
+        person.openPanelAnswer = path;
+        document.add();
+        document.AddImage();
+        EXPECT_NE(PictureFile::load(path, 0).picture, nullptr);
+        document.remove();
+        const bool isHeld = PictureFile::load(path, 0).picture != nullptr;
+        document.undoStack().undo();
+        EXPECT_EQ(still(1)->thumbnail().size(), size); // read again
+        document.undoStack().redo();
+        return isHeld;
+    };
+    EXPECT_TRUE(isHeldAfterRemoving({64, 64}));       // its file may go
+    EXPECT_FALSE(isHeldAfterRemoving({16384, 8193})); // more than 2^27 px
 }
 
 TEST_F(LWAppDelegateLayers, MasksAreOnlyLogged)

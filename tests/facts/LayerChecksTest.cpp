@@ -95,7 +95,7 @@ TEST_F(LayerChecksTest, APictureThatIsMissingOrNotChosenIsAWarning)
     still->setImageURL(Address{"file://server/logo.png", {}});
     still->loadThumbnail();
     expectOne(LayerChecks::all(*still, output), "picture-missing", Level::Warning,
-              "The picture file://server/logo.png is not on this machine, and a show asks no other; it stays in the "
+              "The picture file://server/logo.png is not on this machine, and a show asks no other. It stays in the "
               "show.");
 }
 

@@ -49,7 +49,7 @@ TEST_F(PictureFileLinuxTest, AFileOfMoreThanOneGibibyteTellsSo)
 {
     const QString path = written("plate.png", "this is no picture");
     ASSERT_TRUE(QFile::resize(path, (qint64{1} << 30) + 1));
-    EXPECT_EQ(PictureFile::load(path).obstacle, "has more than 1 GiB and must be made smaller");
+    EXPECT_EQ(PictureFile::load(path).obstacle, "has more than 1 GiB; make it smaller and choose it again");
     ASSERT_TRUE(QFile::resize(path, qint64{1} << 30));
     EXPECT_EQ(PictureFile::load(path).obstacle, std::nullopt);
 }

@@ -103,7 +103,8 @@ TEST_F(PictureFileTest, APictureLargerThanARasterGivesNone)
 
 TEST_F(PictureFileTest, APictureLargerThanARasterTellsSo)
 {
-    const QString sentence = "has more than 32,768 px a side or 268,435,456 px in all, and must be made smaller";
+    const QString sentence =
+        "has more than 32,768 px a side or 268,435,456 px in all; make it smaller and choose it again";
     EXPECT_EQ(PictureFile::load(saved("wide.png", {32769, 1}, Qt::red)).obstacle, sentence);
     EXPECT_EQ(PictureFile::load(saved("fits.png", {32768, 1}, Qt::red)).obstacle, std::nullopt);
 
@@ -127,6 +128,31 @@ TEST_F(PictureFileTest, PicturesThatAreHeldLeaveRoomForNoMoreThanTheBound)
     EXPECT_NE(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), 401).picture, nullptr);
 }
 
+TEST_F(PictureFileTest, WhatGivesNoPictureIsReadThreeTimesHoweverManyLayersShowIt)
+{
+    const QByteArray other = "<image width='9' height='9' xlink:href='plate.png'/>";
+    const QByteArray plain = drawing(QByteArray("<rect width='9' height='9'/>").leftJustified(other.size()));
+    const QString path = written("drawing.svg", drawing(other));
+    const auto replaceUnseen = [&](const QByteArray &content, qint64 seconds) {
+        QFile file(path);
+        const QDateTime time = QFileInfo(path).lastModified();
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite) && file.write(content) == content.size() && file.flush());
+        EXPECT_TRUE(file.setFileTime(time.addSecs(seconds), QFileDevice::FileModificationTime));
+    };
+    const auto refused = PictureFile::load(path);
+    EXPECT_EQ(load(path), nullptr);
+    replaceUnseen(plain, 0);
+    EXPECT_NE(load(path), nullptr); // it was read again
+    replaceUnseen(drawing(other), 1);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(load(path), nullptr);
+    replaceUnseen(plain, 0);
+    EXPECT_EQ(load(path), nullptr);
+    EXPECT_EQ(PictureFile::load(path).obstacle, refused.obstacle);
+    replaceUnseen(plain, 1);
+    EXPECT_NE(load(path), nullptr);
+}
+
 TEST_F(PictureFileTest, ADrawingOfUnknownSizeIsHeldToTheBoundToo)
 {
     const QByteArray plain = drawing("<rect width='9' height='9'/>");
@@ -139,7 +165,9 @@ TEST_F(PictureFileTest, ADrawingThatAsksForTooMuchTellsSo)
     const PictureFile::Loaded refused =
         PictureFile::load(written("drawing.svg", drawing("<image width='9' height='9' xlink:href='plate.png'/>")));
     EXPECT_EQ(refused.picture, nullptr);
-    EXPECT_EQ(refused.obstacle, "is a drawing that asks for other files or for too much, and must be converted to PNG");
+    EXPECT_EQ(
+        refused.obstacle,
+        "is a drawing that is damaged, compressed, too large or asks for other files, and must be converted to PNG");
 }
 
 TEST_F(PictureFileTest, OfWhatIsMissingOrDamagedNoMoreIsTold)

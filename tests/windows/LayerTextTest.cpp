@@ -135,10 +135,11 @@ TEST_F(LayerTextTest, APictureThatIsTooLargeSaysSoOnceItWasRead)
     still->setImageURL(Address::fromLocalFile(path));
     still->loadThumbnail();
     EXPECT_EQ(LayerText::warnings(*still, output), QStringList()); // it begins like a picture
-    const QString reason = "has more than 32,768 px a side or 268,435,456 px in all, and must be made smaller";
+    const QString reason =
+        "has more than 32,768 px a side or 268,435,456 px in all; make it smaller and choose it again";
     EXPECT_EQ(LayerText::picture({still}), "The picture " + reason + '.');
     EXPECT_EQ(LayerText::warnings(*still, output),
-              QStringList(QString("The picture %1 %2; it stays in the show.").arg(path, reason)));
+              QStringList(QString("The picture %1 %2. It stays in the show.").arg(path, reason)));
 
     const LayerPointer copy = still->copyWithZone();
     EXPECT_EQ(LayerText::picture({copy}), "The picture " + reason + '.');
