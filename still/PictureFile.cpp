@@ -172,12 +172,17 @@ Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
     return converted;
 }
 
+/// All of them; who may not read them now may later.
 Read<QByteArray> bytesOf(const QString &path)
 {
     QFile file(path);
     if (!FileBytes::openToRead(file) || file.size() > mostBytesOfFile)
-        return hindered();
-    return file.read(file.size());
+        return hindered(Obstacle({}, true));
+    const qint64 size = file.size();
+    QByteArray bytes = file.read(size);
+    if (bytes.size() != size)
+        return hindered(Obstacle({}, true));
+    return bytes;
 }
 
 /// What `decode` makes of the picture in the file at `path`; the next time there may be memory for it.
