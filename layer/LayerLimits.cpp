@@ -1,7 +1,10 @@
 #include "layer/LayerLimits.h"
 
+#include "base/NumberText.h"
 #include "drawing/Raster.h"
 #include "layer/WallGrid.h"
+
+using NumberText::grouped;
 
 namespace {
 struct Pixels
@@ -27,7 +30,8 @@ Result<void> checkCount(qint64 count)
 {
     if (count <= mostLayers)
         return {};
-    return fail(QString("there are %1 layers; more than %2 cannot be kept").arg(count).arg(mostLayers));
+    return fail(QString("there are %1 layers; more than %2 cannot be kept, so remove some")
+                    .arg(grouped(count), grouped(mostLayers)));
 }
 
 Result<void> check(const std::vector<LayerPointer> &layers)
@@ -50,9 +54,9 @@ Result<void> check(const std::vector<Listed> &layers)
     }
     if (pixels <= mostDrawnPixels)
         return {};
-    return fail(QString("the walls and charts have %1 pixels together; more than %2 cannot be held")
-                    .arg(pixels)
-                    .arg(mostDrawnPixels));
+    return fail(QString("the walls and charts have %1 pixels together; more than %2 cannot be held, so make some "
+                        "smaller or remove them")
+                    .arg(grouped(pixels), grouped(mostDrawnPixels)));
 }
 
 } // namespace LayerLimits

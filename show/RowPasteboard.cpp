@@ -2,6 +2,7 @@
 
 #include "archive/IndexRanges.h"
 #include "archive/KeyedArchive.h"
+#include "base/NumberText.h"
 #include "layer/LayerLimits.h"
 
 #include <QMimeData>
@@ -38,7 +39,8 @@ Result<std::vector<qsizetype>> decode(const QByteArray &bytes)
     for (const IndexSet::Range &range : set->ranges) {
         // A few bytes may claim more rows than there is memory.
         if (range.length > static_cast<quint64>(LayerLimits::mostLayers - std::ssize(rows)))
-            return fail(QString("the pasteboard names more than %1 rows").arg(LayerLimits::mostLayers));
+            return fail(
+                QString("the pasteboard names more than %1 rows").arg(NumberText::grouped(LayerLimits::mostLayers)));
         for (quint64 row = range.location; row < range.location + range.length; ++row)
             rows.push_back(static_cast<qsizetype>(row));
     }

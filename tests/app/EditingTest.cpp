@@ -69,7 +69,8 @@ TEST_F(EditingTest, MoreLayersThanAFileCanHoldAreNotPasted)
     EXPECT_EQ(person.failures, QStringList());
     document.pasteFromPasteboard();
     EXPECT_EQ(list().rowCount(), 10'000);
-    EXPECT_EQ(person.failures, QStringList("Cannot paste: there are 10001 layers; more than 10000 cannot be kept"));
+    EXPECT_EQ(person.failures,
+              QStringList("Cannot paste: there are 10,001 layers; more than 10,000 cannot be kept, so remove some"));
 }
 
 TEST_F(EditingTest, WhatIsNoLayerIsNotPasted)

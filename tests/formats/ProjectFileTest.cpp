@@ -147,21 +147,24 @@ TEST_F(ProjectFileTest, OneLayerNamedVeryManyTimesIsRefused)
     const std::vector<ArchiveValue> layers(10'001, layer("LWScreen"));
 
     EXPECT_EQ(refusal({number(5), number(5), ArchiveValue::list(layers)}),
-              "there are 10001 layers; more than 10000 cannot be kept");
+              "there are 10,001 layers; more than 10,000 cannot be kept, so remove some");
 }
 
 TEST_F(ProjectFileTest, NothingIsWrittenThatWouldBeRefused)
 {
     const Project manyLayers{5, 5, std::vector<LayerPointer>(10'001, LWScreen::init(host))};
-    EXPECT_EQ(ProjectFile::encode(manyLayers).error().text, "there are 10001 layers; more than 10000 cannot be kept");
+    EXPECT_EQ(ProjectFile::encode(manyLayers).error().text,
+              "there are 10,001 layers; more than 10,000 cannot be kept, so remove some");
 
     const auto wall = std::make_shared<LWScreen>(host);
     wall->setCol(128);
     wall->setRow(128);
     wall->setPanelWidth(128);
     wall->setPanelHeight(128);
-    EXPECT_EQ(ProjectFile::encode({5, 5, std::vector<LayerPointer>(5, wall)}).error().text,
-              "the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");
+    EXPECT_EQ(
+        ProjectFile::encode({5, 5, std::vector<LayerPointer>(5, wall)}).error().text,
+        "the walls and charts have 1,342,177,280 pixels together; more than 1,073,741,824 cannot be held, so make some "
+        "smaller or remove them");
 }
 
 TEST_F(ProjectFileTest, FilesKeepWhatBytesKeep)

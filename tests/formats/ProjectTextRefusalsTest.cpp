@@ -62,7 +62,7 @@ TEST_F(ProjectTextRefusalsTest, WhatWouldBeRefusedIsNotWritten)
     const Project project{5, 5, std::vector<LayerPointer>(10'001, LWScreen::init(host))};
 
     EXPECT_EQ(ProjectText::write(path, project).error().text,
-              path + ": there are 10001 layers; more than 10000 cannot be kept");
+              path + ": there are 10,001 layers; more than 10,000 cannot be kept, so remove some");
     EXPECT_FALSE(QFile::exists(path));
 }
 
@@ -100,7 +100,7 @@ TEST_F(ProjectTextRefusalsTest, TooManyLayersAreRefusedBeforeTheFirstIsRead)
     const QByteArray layers = QByteArray("1,").repeated(10'000) + "1";
 
     EXPECT_EQ(refusal(R"({"format": 1, "layers": [)" + layers + "]}"),
-              "layers: there are 10001 layers; more than 10000 cannot be kept");
+              "layers: there are 10,001 layers; more than 10,000 cannot be kept, so remove some");
 }
 
 TEST_F(ProjectTextRefusalsTest, MoreChartsThanCanBeHeldAreRefused)
@@ -112,8 +112,8 @@ TEST_F(ProjectTextRefusalsTest, MoreChartsThanCanBeHeldAreRefused)
     };
 
     EXPECT_TRUE(decoded(charts(4)).has_value());
-    EXPECT_EQ(refusal(charts(5)),
-              "layers: the walls and charts have 1342177280 pixels together; more than 1073741824 cannot be held");
+    EXPECT_EQ(refusal(charts(5)), "layers: the walls and charts have 1,342,177,280 pixels together; more than "
+                                  "1,073,741,824 cannot be held, so make some smaller or remove them");
 }
 
 TEST_F(ProjectTextRefusalsTest, WhatWasFoundIsCutInMessages)

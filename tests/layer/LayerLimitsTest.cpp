@@ -32,8 +32,10 @@ void expectToFill(std::vector<LayerPointer> layers, const LayerPointer &onePixel
 {
     EXPECT_TRUE(LayerLimits::check(layers));
     layers.push_back(onePixel);
-    EXPECT_EQ(LayerLimits::check(layers).error().text,
-              "the walls and charts have 1073741825 pixels together; more than 1073741824 cannot be held");
+    EXPECT_EQ(
+        LayerLimits::check(layers).error().text,
+        "the walls and charts have 1,073,741,825 pixels together; more than 1,073,741,824 cannot be held, so make some "
+        "smaller or remove them");
 }
 } // namespace
 
@@ -42,7 +44,7 @@ TEST(LayerLimits, TenThousandLayersAreKept)
     EXPECT_TRUE(LayerLimits::checkCount(0));
     EXPECT_TRUE(LayerLimits::checkCount(10'000));
     EXPECT_EQ(LayerLimits::checkCount(10'001).error().text,
-              "there are 10001 layers; more than 10000 cannot be kept");
+              "there are 10,001 layers; more than 10,000 cannot be kept, so remove some");
 }
 
 TEST(LayerLimits, WallsThatCannotBeHeldTogetherAreRefused)
