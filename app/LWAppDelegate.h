@@ -160,8 +160,7 @@ public:
     void removeSelectedScreen() {}
     /// Duplicates the selected layer and selects the copy.
     void copyLayer();
-    /// A copy that holds exactly what an archive of the layer holds; null, told in the status line, where it cannot be
-    /// made.
+    /// A copy of exactly what an archive of the layer holds; null, told in the status line, where it cannot be made.
     LayerPointer createCopyOfLayerThroughArch(const LayerPointer &layer);
 
     /// Puts copies of the selected layers on the platform's pasteboard. Returns whether there are any.
@@ -341,8 +340,7 @@ private:
     void renderCurrents();
     /// Returns whether it could be opened.
     bool load(const QString &path);
-    /// Tells of the walls that could not be drawn, after the composition has drawn what is visible; of hidden ones only
-    /// those that are too large.
+    /// Tells of the walls that could not be drawn, once the visible ones are composed; of hidden ones if too large.
     void tellLostWalls();
     /// Draws those of the layers again that are lost walls: memory may have become free since.
     void drawLostWalls(const std::vector<LayerPointer> &layers);
@@ -359,6 +357,8 @@ private:
     void insertAndSelect(const LayerPointer &layer, qsizetype index);
     void insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row);
     void tellListCannotBeEmpty();
+    /// Whether the list can hold so many more layers; tells it where not. Each way to add some asks before all else.
+    bool hasRoomFor(qsizetype more, const LayerList &list);
 
     Person &m_person;
     LayerList m_arraycontroller;

@@ -52,7 +52,7 @@ void LWAppDelegate::pasteFromPasteboard()
     const Result<std::vector<LayerPointer>> layers = LayerPasteboard::read(*this);
     if (!layers)
         return m_person.tellFailure("Cannot paste: " + layers.error().text);
-    // Copies of all that there is, again and again, are the one way of a hand to more than a file can hold.
+    // Their pixels count, too: copies of all that there is, again and again, are soon more than a file can hold.
     std::vector<LayerPointer> all = allScreensArray();
     all.insert(all.end(), layers->begin(), layers->end());
     if (const Result<void> canBeKept = LayerLimits::check(all); !canBeKept)
@@ -84,6 +84,8 @@ void LWAppDelegate::placeNew(Layer &still, std::optional<QPoint> middle) const
 
 void LWAppDelegate::addImages(const QStringList &paths, const std::optional<QPoint> &middle)
 {
+    if (!hasRoomFor(paths.size(), m_arraycontroller))
+        return;
     std::vector<LayerPointer> stills;
     for (const QString &path : paths) {
         const Address address = Address::fromLocalFile(path);

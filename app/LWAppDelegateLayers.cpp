@@ -1,5 +1,6 @@
 #include "app/DocumentLog.h"
 #include "app/LWAppDelegate.h"
+#include "layer/LayerLimits.h"
 #include "screen/LWScreen.h"
 #include "show/LayerArchive.h"
 #include "show/NewScreens.h"
@@ -17,6 +18,8 @@ constexpr QLatin1StringView nameOfPresetTable{"presetTView"};
 
 void LWAppDelegate::AddScreen()
 {
+    if (!hasRoomFor(1, m_arraycontroller))
+        return;
     ++m_screenNumber;
     const QString label = QString::asprintf("Layer %i", m_screenNumber);
     const LayerPointer wall = LWScreen::initWithrow(*this, NewScreens::added(label));
@@ -28,6 +31,8 @@ void LWAppDelegate::AddScreen()
 
 void LWAppDelegate::AddImage()
 {
+    if (!hasRoomFor(1, m_arraycontroller))
+        return;
     const std::optional<QString> path = m_person.runModalOpenPanel({"Add image", FileFormat::Gives::Layer});
     if (!path)
         return;
@@ -46,6 +51,8 @@ void LWAppDelegate::AddImage()
 
 void LWAppDelegate::addChart(const QString &chart)
 {
+    if (!hasRoomFor(1, m_arraycontroller))
+        return;
     const std::shared_ptr<LWStill> still = LWStill::initWithimage(*this, {});
     still->setValue("chart", chart);
     still->setPanelWidth(m_OutputWidth);
@@ -95,6 +102,14 @@ void LWAppDelegate::tellListCannotBeEmpty()
     m_person.alert("List Cannot be empty, Function was cancelled", {});
 }
 
+bool LWAppDelegate::hasRoomFor(qsizetype more, const LayerList &list)
+{
+    const Result<void> canBeKept = LayerLimits::checkCount(std::ssize(list.layers()) + more);
+    if (!canBeKept)
+        m_person.tellFailure("Cannot add: " + canBeKept.error().text);
+    return canBeKept.has_value();
+}
+
 void LWAppDelegate::remove()
 {
     if (allScreensArray().size() < 2)
@@ -107,7 +122,9 @@ void LWAppDelegate::copyLayer()
 {
     qCDebug(lcDocument, "duplicate layer");
     const LayerPointer selected = m_arraycontroller.selectedLayer();
-    const LayerPointer copy = selected ? createCopyOfLayerThroughArch(selected) : nullptr;
+    if (!selected || !hasRoomFor(1, m_arraycontroller))
+        return;
+    const LayerPointer copy = createCopyOfLayerThroughArch(selected);
     if (!copy)
         return;
     m_wiring.welcomeCopies({copy});
@@ -167,6 +184,8 @@ void LWAppDelegate::moveSelectedRows(LayerList &table, int distance)
 
 void LWAppDelegate::insertCopy(const LayerPointer &layer, LayerList &table, qsizetype row)
 {
+    if (!hasRoomFor(1, table))
+        return;
     const LayerPointer copy = createCopyOfLayerThroughArch(layer);
     if (!copy)
         return;

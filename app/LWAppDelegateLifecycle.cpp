@@ -76,7 +76,8 @@ LWAppDelegate::TerminateReply LWAppDelegate::applicationShouldTerminate()
 
 void LWAppDelegate::add()
 {
-    m_person.beginSheet(Sheet::AddWindow);
+    if (hasRoomFor(1, m_arraycontroller))
+        m_person.beginSheet(Sheet::AddWindow);
 }
 
 void LWAppDelegate::CancelAddWindow()

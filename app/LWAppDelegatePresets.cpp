@@ -18,6 +18,8 @@ void LWAppDelegate::insertPreset(qsizetype index)
 
 void LWAppDelegate::keepAsPresets()
 {
+    if (!hasRoomFor(std::ssize(m_arraycontroller.selectionIndexes()), m_presetarraycontroller))
+        return;
     const Result<std::vector<LayerPointer>> copies = LayerArchive::copies(selectedLayers(), *this);
     if (!copies)
         return m_person.tellFailure("Cannot keep " + copies.error().text);
