@@ -8,7 +8,7 @@
 
 namespace {
 /// An output of 9 x 7 of a plate, which is red, over one that cannot be fitted in.
-class LostPicture : public ::testing::Test
+class LostPictureTest : public ::testing::Test
 {
 protected:
     std::shared_ptr<PictureLayer> layer(const QString &label, const QImage &picture)
@@ -24,7 +24,7 @@ protected:
     void compose() { composition.compose(placedPictures(layers), outputStyle); }
     QString told() const
     {
-        const Result<void> isWhole = ::LostPicture::check(composition.composed(), outputStyle.size, layers);
+        const Result<void> isWhole = LostPicture::check(composition.composed(), outputStyle.size, layers);
         return isWhole ? QString() : isWhole.error().text;
     }
 
@@ -43,7 +43,7 @@ protected:
 };
 } // namespace
 
-TEST_F(LostPicture, IsToldByItsNameAndTheOthersAreShown)
+TEST_F(LostPictureTest, IsToldByItsNameAndTheOthersAreShown)
 {
     EXPECT_EQ(told(),
               "LOGO: there is not enough memory to show it in 8,000 x 3 pixels; close other programs or make it "
@@ -52,14 +52,14 @@ TEST_F(LostPicture, IsToldByItsNameAndTheOthersAreShown)
     EXPECT_EQ(composition.output().pixelColor(1, 5), QColor(Qt::black));
 }
 
-TEST_F(LostPicture, IsOneThatWouldTakeMoreThanAllMayTogether)
+TEST_F(LostPictureTest, IsOneThatWouldTakeMoreThanAllMayTogether)
 {
     layers = {layer("FIRST", filled({4, 3}, Qt::red)), layer("SECOND", filled({4, 3}, Qt::green))};
     layers[1]->setScreenSizeWidth(9);
     const auto toldWithin = [&](qint64 pixels) {
         Composition bounded(pixels);
         bounded.compose(placedPictures(layers), outputStyle);
-        const Result<void> isWhole = ::LostPicture::check(bounded.composed(), outputStyle.size, layers);
+        const Result<void> isWhole = LostPicture::check(bounded.composed(), outputStyle.size, layers);
         return isWhole ? QString() : isWhole.error().text;
     };
     EXPECT_EQ(toldWithin(2 * 9 * 3), QString());
@@ -70,9 +70,9 @@ TEST_F(LostPicture, IsOneThatWouldTakeMoreThanAllMayTogether)
     EXPECT_EQ(toldWithin(9 * 3), QString()); // both are the same copy
 }
 
-TEST_F(LostPicture, MayBeTheOutputItself)
+TEST_F(LostPictureTest, MayBeTheOutputItself)
 {
-    const auto told = [&](const QSize &size) { return ::LostPicture::check({}, size, layers); };
+    const auto told = [&](const QSize &size) { return LostPicture::check({}, size, layers); };
     EXPECT_EQ(told({8192, 4320}).error().text,
               "The output: there is not enough memory to show it in 8,192 x 4,320 pixels; close other programs or make "
               "it smaller");
@@ -80,7 +80,7 @@ TEST_F(LostPicture, MayBeTheOutputItself)
     EXPECT_TRUE(told({32769, 1}));
 }
 
-TEST_F(LostPicture, IsNoneThatIsHiddenOrBesideTheOutput)
+TEST_F(LostPictureTest, IsNoneThatIsHiddenOrBesideTheOutput)
 {
     layers[2]->setYpoint(7);
     compose();
@@ -94,7 +94,7 @@ TEST_F(LostPicture, IsNoneThatIsHiddenOrBesideTheOutput)
     EXPECT_EQ(told(), QString());
 }
 
-TEST_F(LostPicture, IsTriedAgainByTheNextComposition)
+TEST_F(LostPictureTest, IsTriedAgainByTheNextComposition)
 {
     EXPECT_FALSE(composition.isLast(placedPictures(layers), outputStyle));
 
@@ -109,7 +109,7 @@ TEST_F(LostPicture, IsTriedAgainByTheNextComposition)
     EXPECT_TRUE(composition.isLast(placedPictures(layers), outputStyle));
 }
 
-TEST_F(LostPicture, WithoutANameIsOneAllTheSame)
+TEST_F(LostPictureTest, WithoutANameIsOneAllTheSame)
 {
     layers[2]->setLabel({});
     EXPECT_TRUE(told().startsWith("A layer without a name: there is not enough memory"));
