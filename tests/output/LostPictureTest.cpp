@@ -13,7 +13,7 @@ class LostPictureTest : public ::testing::Test
 protected:
     std::shared_ptr<PictureLayer> layer(const QString &label, const QImage &picture)
     {
-        const auto made = std::make_shared<PictureLayer>(host);
+        auto made = std::make_shared<PictureLayer>(host);
         made->setLabel(label);
         made->setThumbnail(picture);
         made->setVisible(true);
