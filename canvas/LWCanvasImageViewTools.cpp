@@ -7,8 +7,9 @@ namespace {
 /// How far a span is to be shifted to lie in the room, its start in any case.
 int wayInto(int room, double from, double to)
 {
+    constexpr double furthest = 1 << 30; // a wall of a file may lie where no pixel of a view is counted
     const double beyond = std::max(0.0, to - room);
-    return static_cast<int>(from - beyond < 0 ? -from : -beyond);
+    return static_cast<int>(std::clamp(from - beyond < 0 ? -from : -beyond, -furthest, furthest));
 }
 } // namespace
 

@@ -85,7 +85,11 @@ void CanvasFrame::pan(const QPoint &way)
 {
     if (m_isFitted)
         return;
-    m_place.translate(way);
+    static constexpr qint64 furthest = 1 << 30; // whatever is beyond ends at the same place
+    const auto moved = [](int start, int by) {
+        return static_cast<int>(std::clamp(qint64{start} + by, -furthest, furthest));
+    };
+    m_place.moveTo(moved(m_place.x(), way.x()), moved(m_place.y(), way.y()));
     keepInSight();
 }
 

@@ -136,6 +136,12 @@ TEST_F(CanvasFrameTest, DraggedItKeeps64PixelsInSight)
     EXPECT_EQ(frame.place().topLeft(), QPoint(600, 320));
     frame.pan({-5000, -5000});
     EXPECT_EQ(frame.place().bottomRight(), QPoint(63, 63));
+    constexpr int far = std::numeric_limits<int>::max();
+    frame.pan({far, -far - 1});
+    EXPECT_EQ(frame.place().left(), 600);
+    EXPECT_EQ(frame.place().bottom(), 63);
+    frame.pan({-far - 1, -far - 1});
+    EXPECT_EQ(frame.place().bottomRight(), QPoint(63, 63));
     frame.setOutput({50, 40});
     frame.pan({-5000, 5000});
     EXPECT_EQ(frame.place(), QRect(0, 344, 50, 40)); // all of it
