@@ -140,7 +140,7 @@ std::invoke_result_t<Reading, QImageReader &> readWith(const Reading &read, QByt
 }
 
 /// What keeps a picture of a size that is not empty from being shared beside others.
-std::optional<Obstacle> obstacleOf(const QSize &size, qint64 mostTogether)
+std::optional<Obstacle> obstacleOfSize(const QSize &size, qint64 mostTogether)
 {
     if (!Raster::canHold(size.width(), size.height()))
         return Obstacle(QString("has more than %1 px a side or %2 px in all; make it smaller and choose it again")
@@ -156,7 +156,7 @@ Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
 {
     const QSize announced = reader.size();
     const QImage::Format format = reader.imageFormat();
-    if (const auto obstacle = announced.isEmpty() ? std::nullopt : obstacleOf(announced, mostTogether))
+    if (const auto obstacle = announced.isEmpty() ? std::nullopt : obstacleOfSize(announced, mostTogether))
         return hindered(*obstacle);
     const QImage picture = reader.read();
     if (picture.isNull()) { // damaged, or no memory: Qt tells both in the same words
@@ -164,7 +164,7 @@ Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
             announced.isEmpty() || format == QImage::Format_Invalid || !QImage(announced, format).isNull();
         return hindered(hasMemory ? Obstacle() : Obstacle(noMemory, true));
     }
-    if (const auto obstacle = obstacleOf(picture.size(), mostTogether))
+    if (const auto obstacle = obstacleOfSize(picture.size(), mostTogether))
         return hindered(*obstacle);
     QImage converted = picture.convertToFormat(Raster::format);
     if (converted.isNull())
@@ -221,7 +221,7 @@ Read<PictureFile::Small> smallOf(QImageReader &reader, const QSize &most, qint64
 }
 
 /// What there is to say of a file without a picture that can be shown; none where it is missing or damaged.
-std::optional<QString> obstacleOf(const QString &path)
+std::optional<QString> obstacleOfFile(const QString &path)
 {
     if (QFileInfo(path).isFile() && QFileInfo(path).size() > mostBytesOfFile)
         return "has more than 1 GiB; make it smaller and choose it again";
@@ -236,7 +236,7 @@ Loaded load(const QString &path, qint64 mostTogether)
 {
     const QFileInfo file(path);
     if (!mayBeRead(file))
-        return {nullptr, obstacleOf(path)};
+        return {nullptr, obstacleOfFile(path)};
 
     KnownFile known = knownFiles().value(path);
     if (!known.isOf(file))
@@ -254,7 +254,7 @@ Loaded load(const QString &path, qint64 mostTogether)
         return {*read, {}};
     }
     const std::optional<QString> obstacle =
-        read.error().text.isEmpty() ? obstacleOf(path) : std::optional(read.error().text);
+        read.error().text.isEmpty() ? obstacleOfFile(path) : std::optional(read.error().text);
     if (!read.error().mayBeGone) {
         known.obstacle = obstacle;
         ++known.failures;
