@@ -226,7 +226,7 @@ Gesture LWAppDelegate::gestureOn(const QString &keyPath) const
 /// An edit that nothing is drawn anew for.
 void LWAppDelegate::recordUnwatched(const QString &name)
 {
-    m_history.record(name);
+    tellIfFailed(m_history.record(name));
     tellChanges();
 }
 
@@ -247,11 +247,14 @@ void LWAppDelegate::endTyping()
     m_history.endGesture();
 }
 
-void LWAppDelegate::finishEdit(const QString &name, const Gesture &gesture)
+bool LWAppDelegate::finishEdit(const QString &name, const Gesture &gesture)
 {
     m_wiring.followLimits();
-    m_history.record(name, gesture);
-    update();
+    const Result<void> isKept = m_history.record(name, gesture);
+    tellIfFailed(isKept);
+    if (isKept)
+        update();
+    return isKept.has_value();
 }
 
 void LWAppDelegate::choosePattern(qint64 pattern)

@@ -134,11 +134,11 @@ public:
     void takeBackTyping() { m_history.takeBackGesture(); }
     /// From now on edits are only tried; keepTrial() makes one step of them, dropTrial() takes them back.
     void beginTrial() { m_history.beginTrial(); }
-    void keepTrial() { m_history.keepTrial(); }
+    void keepTrial() { tellIfFailed(m_history.keepTrial()); }
     void dropTrial() { m_history.dropTrial(); }
     /// An edit was made with plain setters: it becomes a step of the history under that name, and is shown. Edits in a
-    /// row with the same gesture are one step.
-    void finishEdit(const QString &name, const Gesture &gesture = {});
+    /// row with the same gesture are one step. One that leads beyond LayerLimits is taken back and told; returns false.
+    bool finishEdit(const QString &name, const Gesture &gesture = {});
 
     /// Shows the sheet that offers what to add, and hides it.
     void add();

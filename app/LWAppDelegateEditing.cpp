@@ -1,6 +1,5 @@
 #include "app/LWAppDelegate.h"
 #include "base/NearestInt.h"
-#include "layer/LayerLimits.h"
 #include "layer/PixelBox.h"
 #include "screen/LWScreen.h"
 #include "show/LayerArchive.h"
@@ -52,11 +51,8 @@ void LWAppDelegate::pasteFromPasteboard()
     const Result<std::vector<LayerPointer>> layers = LayerPasteboard::read(*this);
     if (!layers)
         return m_person.tellFailure("Cannot paste: " + layers.error().text);
-    // Their pixels count, too: copies of all that there is, again and again, are soon more than a file can hold.
-    std::vector<LayerPointer> all = allScreensArray();
-    all.insert(all.end(), layers->begin(), layers->end());
-    if (const Result<void> canBeKept = LayerLimits::check(all); !canBeKept)
-        return m_person.tellFailure("Cannot paste: " + canBeKept.error().text);
+    if (!hasRoomFor(std::ssize(*layers), m_arraycontroller))
+        return;
     m_wiring.welcome(*layers);
     insertAboveSelection(*layers);
     finishEdit("paste layer");

@@ -145,7 +145,7 @@ void LWAppDelegate::showProject(const Project &project, const DocumentFile &file
     PowerCalculator::renderCurrents(project.layers); // they were read under the supply of before
     m_arraycontroller.setLayers(project.layers, {0});
     m_wiring.followLimits();
-    m_history.record(name);
+    tellIfFailed(m_history.record(name));
 }
 
 void LWAppDelegate::setFile(const std::shared_ptr<DocumentFile> &file)

@@ -29,7 +29,8 @@ void LWAppDelegate::keepAsPresets()
     std::vector<qsizetype> rows(copies->size());
     std::iota(rows.begin(), rows.end(), 0);
     m_presetarraycontroller.setSelectionIndexes(std::move(rows), 0);
-    finishEdit("store preset");
+    if (!finishEdit("store preset"))
+        return;
     m_person.tellStatus(copies->size() == 1 ? QString("%1 is kept as a preset").arg(copies->front()->label())
                                             : QString("%1 layers are kept as presets").arg(copies->size()));
 }

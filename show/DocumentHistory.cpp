@@ -1,5 +1,6 @@
 #include "show/DocumentHistory.h"
 
+#include "layer/LayerLimits.h"
 #include "show/StateChange.h"
 
 #include <QScopedValueRollback>
@@ -7,6 +8,7 @@
 
 #include <unordered_set>
 #include <utility>
+#include <vector>
 
 namespace {
 /// Walls that have left the document come back by undoing, and draw themselves again then: their pixels need not stay.
@@ -25,6 +27,24 @@ void releasePicturesOfLeft(const DocumentState &before, const DocumentState &now
                 state.layer->releasePicture();
         }
     }
+}
+
+Result<void> areWithinLimits(const LayerStates &list)
+{
+    std::vector<LayerLimits::Listed> listed;
+    listed.reserve(list.size());
+    for (const LayerState &state : list)
+        listed.push_back({state.layer->kind(), state.record});
+    return LayerLimits::check(listed);
+}
+
+/// Who is beyond the limits already can be edited all the same, or there would be no way back.
+Result<void> staysWithinLimits(const LayerStates &before, const LayerStates &now)
+{
+    if (now == before)
+        return {};
+    Result<void> isWithin = areWithinLimits(now);
+    return isWithin || !areWithinLimits(before) ? Result<void>() : isWithin;
 }
 } // namespace
 
@@ -136,10 +156,10 @@ void DocumentHistory::beginTrial()
     m_tried = QString();
 }
 
-void DocumentHistory::keepTrial()
+Result<void> DocumentHistory::keepTrial()
 {
-    if (const std::optional<QString> tried = std::exchange(m_tried, std::nullopt))
-        record(*tried);
+    const std::optional<QString> tried = std::exchange(m_tried, std::nullopt);
+    return tried ? record(*tried) : Result<void>();
 }
 
 void DocumentHistory::dropTrial()
@@ -149,18 +169,27 @@ void DocumentHistory::dropTrial()
     emit contentDidChange(); // what keeps the content may have seen the trial
 }
 
-void DocumentHistory::record(const QString &name, const Gesture &gesture)
+Result<void> DocumentHistory::record(const QString &name, const Gesture &gesture)
 {
     if (m_tried) {
         m_tried = name;
-        return;
+        return {};
     }
-    const DocumentState before = std::exchange(m_state, m_document.state(m_state));
-    if (m_state.hasContentOf(before)) {
+    DocumentState now = m_document.state(m_state);
+    if (now.hasContentOf(m_state)) {
         if (gesture != m_gesture)
             endGesture(); // what is taken back later must not be what was edited before
-        return;
+        m_state = std::move(now);
+        return {};
     }
+    const Result<void> isWithin = staysWithinLimits(m_state.layers, now.layers).and_then([&] {
+        return staysWithinLimits(m_state.presets, now.presets);
+    });
+    if (!isWithin) {
+        takeBackEdit(gesture);
+        return failWithin("Taken back", isWithin.error());
+    }
+    const DocumentState before = std::exchange(m_state, std::move(now));
     releasePicturesOfLeft(before, m_state);
     const bool goesOn = gesture && gesture == m_gesture;
     m_gesture = gesture;
@@ -169,6 +198,16 @@ void DocumentHistory::record(const QString &name, const Gesture &gesture)
         replaceHere(before);
     else
         m_stack.push(new Step(*this, name, before, m_state)); // the stack owns it
+    return {};
+}
+
+/// One that was not recorded. What was typed on the way to it means nothing alone.
+void DocumentHistory::takeBackEdit(const Gesture &gesture)
+{
+    if (gesture && gesture == m_gesture && lastEditIsOnTop())
+        return takeBackGesture();
+    show(DocumentState(m_state));
+    emit contentDidChange(); // as after a trial
 }
 
 /// The document as it is now takes the place of what it was here: both the way forth and the way back lead to it.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/Result.h"
 #include "show/DocumentState.h"
 #include "show/Gesture.h"
 
@@ -45,7 +46,9 @@ public:
 
     /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
     /// nothing has. `name` follows "Undo": "panel width". Edits in a row with the same gesture are one step.
-    void record(const QString &name, const Gesture &gesture = {});
+    /// Error: the layers or the presets are more than LayerLimits allows now, and were not before; the edit is taken
+    /// back, with those of the same gesture before it.
+    [[nodiscard]] Result<void> record(const QString &name, const Gesture &gesture = {});
     /// The next edit begins a step of its own, whatever gesture it carries.
     void endGesture() { m_gesture = {}; }
     /// Takes back the edits of the gesture, and leaves no step of them. Does nothing where it has ended.
@@ -54,8 +57,8 @@ public:
     /// next two is called.
     void beginTrial();
     /// What was tried stays: one step of the name of the last edit, none where nothing has changed. Nothing without a
-    /// trial.
-    void keepTrial();
+    /// trial. Error: as that of record().
+    [[nodiscard]] Result<void> keepTrial();
     /// Makes the document what it was when the trial began.
     void dropTrial();
     /// Calls what fills in the document, as rendering does: that belongs to the edit that was made last and is not
@@ -75,6 +78,7 @@ signals:
 private:
     class Step;
 
+    void takeBackEdit(const Gesture &gesture);
     void replaceHere(const DocumentState &was);
     void passStep(bool changesProject);
     void indexDidChange();

@@ -70,7 +70,7 @@ TEST_F(EditingTest, MoreLayersThanAFileCanHoldAreNotPasted)
     document.pasteFromPasteboard();
     EXPECT_EQ(list().rowCount(), 10'000);
     EXPECT_EQ(person.failures,
-              QStringList("Cannot paste: there are 10,001 layers; more than 10,000 cannot be kept, so remove some"));
+              QStringList("Cannot add: there are 10,001 layers; more than 10,000 cannot be kept, so remove some"));
 }
 
 TEST_F(EditingTest, WhatIsNoLayerIsNotPasted)

@@ -14,7 +14,7 @@ class LWAppDelegateFullList : public ListFixture
 protected:
     void fill(LayerList &list, std::size_t count)
     {
-        list.setLayers(std::vector<LayerPointer>(count, selected()), {0});
+        list.setLayers(std::vector<LayerPointer>(count, solidScreen(NamedColour::red, {0, 0, 1, 1})), {0});
         document.undoStack().clear();
     }
     /// The first `add` makes the 10,000th of the list, and no more come.

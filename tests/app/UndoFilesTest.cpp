@@ -189,7 +189,7 @@ TEST(UndoHistory, EditsAreToldButNotTheEnd)
     QObject::connect(history.get(), &DocumentHistory::contentDidChange, [&told] { ++told; });
 
     document.width = 5;
-    history->record("Width");
+    EXPECT_TRUE(history->record("Width"));
     EXPECT_EQ(told, 1);
     history->stack().undo();
     EXPECT_EQ(document.width, 0);
@@ -208,7 +208,7 @@ TEST(UndoHistory, TypingEndsWhereTheDocumentWasSavedOrUndone)
     history.clear();
     const auto type = [&](int width) {
         document.width = width;
-        history.record("Width", {"width", nullptr});
+        EXPECT_TRUE(history.record("Width", {"width", nullptr}));
     };
     type(1);
     history.stack().setClean();
@@ -229,7 +229,7 @@ TEST(UndoHistory, WhatIsAbsorbedBelongsToTheStateThatIsShown)
     DocumentHistory history(document);
     history.clear();
     document.width = 1;
-    history.record("Width");
+    EXPECT_TRUE(history.record("Width"));
     history.absorb([&] { document.width = 2; });
     EXPECT_EQ(history.stack().count(), 1);
 
@@ -245,10 +245,10 @@ TEST(UndoHistory, WhatIsRenderedInTheMiddleOfAnEditBelongsToThatEdit)
     DocumentHistory history(document);
     history.clear();
     document.width = 1;
-    history.record("Width");
+    EXPECT_TRUE(history.record("Width"));
     document.width = 20; // the next edit has begun
     history.absorb([&] { document.width = 21; });
-    history.record("Drag");
+    EXPECT_TRUE(history.record("Drag"));
     EXPECT_EQ(history.stack().undoText(), "Drag");
 
     history.stack().undo();
@@ -269,14 +269,14 @@ TEST(UndoHistory, StepsInARowWithTheSameTypingAreOne)
     history.clear();
     for (const int width : {1, 12, 123}) {
         document.width = width;
-        history.record("Width", {"width", nullptr});
+        EXPECT_TRUE(history.record("Width", {"width", nullptr}));
     }
     document.width = 5;
-    history.record("Width", {"other", nullptr});
+    EXPECT_TRUE(history.record("Width", {"other", nullptr}));
     document.width = 6;
-    history.record("Width");
+    EXPECT_TRUE(history.record("Width"));
     document.width = 7;
-    history.record("Width");
+    EXPECT_TRUE(history.record("Width"));
 
     EXPECT_EQ(history.stack().count(), 4);
     history.stack().setIndex(1);

@@ -1,0 +1,142 @@
+#include "layer/LayerLimits.h"
+#include "tests/app/ListFixture.h"
+#include "tests/screen/TestHost.h"
+
+#include <vector>
+
+namespace {
+/// Walls that nobody sees, so that none is drawn, of 2^21 px a column; 512 columns are all that can be held together.
+class EditLimits : public ListFixture
+{
+protected:
+    const QString sentence = "Taken back: the walls and charts have %1 pixels together; more than 1,073,741,824 cannot "
+                             "be held, so make some smaller or remove them";
+
+    LayerPointer wall(int columns)
+    {
+        const LayerPointer wall = solidScreen(NamedColour::red, {0, 0, 128, 128});
+        wall->setVisible(false);
+        wall->setRow(128);
+        wall->setCol(columns);
+        return wall;
+    }
+    void show(const std::vector<int> &columns)
+    {
+        std::vector<LayerPointer> walls;
+        for (const int count : columns)
+            walls.push_back(wall(count));
+        layers.setLayers(walls, {0});
+        document.finishEdit("setting");
+        person.failures.clear();
+    }
+    void type(int columns) { EXPECT_TRUE(document.setValueOfSelection(columns, "arrangedObjects.col")); }
+
+    LayerList &layers = document.arraycontroller();
+    LayerList &presets = document.presetarraycontroller();
+};
+} // namespace
+
+TEST_F(EditLimits, AreReachedAndNoCopyGoesBeyond)
+{
+    show({128, 128, 128});
+    document.copyLayer();
+    EXPECT_EQ(layers.rowCount(), 4);
+    EXPECT_EQ(person.failures, QStringList());
+    const QByteArray before = archive();
+    const int steps = document.undoStack().index();
+    document.copyLayer();
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,342,177,280")));
+    EXPECT_EQ(archive(), before);
+    EXPECT_EQ(layers.selectionIndexes(), std::vector<qsizetype>{1});
+    EXPECT_EQ(document.undoStack().index(), steps);
+    EXPECT_TRUE(LayerLimits::check(document.allScreensArray()));
+}
+
+TEST_F(EditLimits, PastingDoesNotGoBeyond)
+{
+    show({128, 128, 128, 128});
+    EXPECT_TRUE(document.copyToPasteboard());
+    document.pasteFromPasteboard();
+    EXPECT_EQ(layers.rowCount(), 4);
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,342,177,280")));
+}
+
+TEST_F(EditLimits, TypingThatLeadsBeyondIsTakenBackWhole)
+{
+    show({120, 128, 128, 128, 8});
+    type(12);
+    type(119);
+    EXPECT_EQ(person.failures, QStringList());
+    type(121);
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,075,838,976")));
+    EXPECT_EQ(selected()->col(), 120);
+    EXPECT_FALSE(document.undoStack().canRedo());
+    type(16);
+    EXPECT_EQ(person.failures.size(), 1);
+    EXPECT_EQ(selected()->col(), 16);
+    document.undoStack().undo();
+    EXPECT_EQ(selected()->col(), 120);
+}
+
+TEST_F(EditLimits, ATrialThatLeadsBeyondIsTakenBackWhenItIsKept)
+{
+    show({120, 128, 128, 128, 8});
+    document.beginTrial();
+    type(121);
+    EXPECT_EQ(person.failures, QStringList());
+    document.keepTrial();
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,075,838,976")));
+    EXPECT_EQ(selected()->col(), 120);
+}
+
+TEST_F(EditLimits, PresetsHaveTheirOwn)
+{
+    const qint64 before = presets.rowCount();
+    show({128, 128, 128, 128});
+    layers.setSelectionIndexes({0, 1, 2, 3});
+    document.keepAsPresets();
+    EXPECT_EQ(presets.rowCount(), before); // the built-in ones have pixels, too
+    EXPECT_EQ(person.failures.size(), 1);
+    EXPECT_TRUE(person.failures.join('|').startsWith("Taken back: the walls and charts have 1,"));
+    EXPECT_EQ(person.statuses, QStringList());
+    layers.setSelectionIndexes({0, 1, 2});
+    document.keepAsPresets();
+    EXPECT_EQ(presets.rowCount(), before + 3);
+    EXPECT_EQ(person.failures.size(), 1);
+}
+
+TEST(UndoHistory, WhoIsBeyondTheLimitsAlreadyFindsAWayBack)
+{
+    class Walls final : public UndoableDocument
+    {
+    public:
+        DocumentState state(const DocumentState &before) const override
+        {
+            DocumentState now;
+            now.layers = LayerStates::of(layers, before.layers);
+            return now;
+        }
+        void setState(const DocumentState & /*state*/) override { ++brought; }
+
+        std::vector<LayerPointer> layers;
+        int brought = 0;
+    };
+    TestHost host;
+    LWScreen::Arguments arguments;
+    arguments.row = arguments.col = arguments.panelWidth = arguments.panelHeight = 128;
+    const LayerPointer wall = LWScreen::initWithrow(host, arguments);
+    Walls document;
+    DocumentHistory history(document);
+    document.layers.assign(6, wall);
+    history.clear();
+
+    document.layers.resize(5);
+    EXPECT_TRUE(history.record("remove"));
+    document.layers.resize(3);
+    EXPECT_TRUE(history.record("remove"));
+    EXPECT_EQ(document.brought, 0);
+    document.layers.resize(5, wall);
+    EXPECT_FALSE(history.record("add"));
+    EXPECT_EQ(document.brought, 1);
+    EXPECT_EQ(history.stack().count(), 2);
+}
