@@ -1,5 +1,6 @@
 #include "tests/soak/Player.h"
 
+#include "base/FileBytes.h"
 #include "canvas/LWCanvasImageView.h"
 #include "formats/PresetLibrary.h"
 #include "formats/ProjectFile.h"
@@ -171,9 +172,6 @@ void Player::walkBackAndForth()
 {
     QUndoStack &stack = document().undoStack();
     const int top = stack.index();
-    const QString before = path("before.json");
-    const QString after = path("after.json");
-    const Result<void> isKept = ProjectText::write(before, document().project());
     std::map<int, QByteArray> passed; // by how many steps are done
     const auto now = [this] {
         const Result<QByteArray> bytes = ProjectFile::encode(document().project());
@@ -184,17 +182,23 @@ void Player::walkBackAndForth()
         stack.undo();
         passed[stack.index()] = now();
     }
-    QString lost; // the first step that leads elsewhere
     while (stack.index() < top && stack.canRedo()) {
         stack.redo();
-        if (lost.isEmpty() && now() != passed[stack.index()])
-            lost = QString("step %1 of %2, %3").arg(stack.index()).arg(top).arg(stack.text(stack.index() - 1));
+        if (const QByteArray then = passed[stack.index()]; now() != then)
+            endWithLostStep(then, now());
     }
     require(stack.index() == top, "undo and redo lead back to the same step");
-    if (lost.isEmpty())
-        return;
-    const bool isTold = isKept && ProjectText::write(after, document().project());
-    std::fprintf(stderr, "%s: %s and %s%s\n", qUtf8Printable(lost), qUtf8Printable(before), qUtf8Printable(after),
+}
+
+/// The step that is done leads elsewhere than it did.
+void Player::endWithLostStep(const QByteArray &then, const QByteArray &now)
+{
+    const QUndoStack &stack = document().undoStack();
+    const QString before = path("before.Orv");
+    const QString after = path("after.Orv");
+    const bool isTold = FileBytes::write(before, then) && FileBytes::write(after, now);
+    std::fprintf(stderr, "step %d of %d, %s: %s and %s%s\n", stack.index(), stack.count(),
+                 qUtf8Printable(stack.text(stack.index() - 1)), qUtf8Printable(before), qUtf8Printable(after),
                  isTold ? "" : " (not whole)");
     require(false, "undo and redo lead back to the same document");
 }

@@ -50,6 +50,7 @@ private:
     bool isLarge();
     void requireWhole(const LayerList &list);
     void walkBackAndForth();
+    void endWithLostStep(const QByteArray &then, const QByteArray &now);
     void closeAll();
 
     // HandActs.cpp
