@@ -14,7 +14,11 @@ struct Address
     /// What `relative` is relative to, nearest first; empty for an address that stands alone.
     QStringList bases;
 
-    bool operator==(const Address &) const = default;
+    /// An address without letters is not the same as none: files tell them apart.
+    bool operator==(const Address &other) const
+    {
+        return relative == other.relative && bases == other.bases && isNil() == other.isNil();
+    }
 
     bool isNil() const { return relative.isNull(); }
     /// "file:///..." of a local path.

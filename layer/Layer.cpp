@@ -38,8 +38,7 @@ bool Layer::setValue(QByteArrayView name, const QVariant &value)
     LayerRecord changed = *before;
     if (!found || !found->assign(changed, value))
         return false;
-    // An address without letters equals none to Qt, and files tell them apart.
-    if (changed == *before && changed.ImageURL.isNil() == before->ImageURL.isNil())
+    if (changed == *before)
         return true;
     const bool isRatio = changed.aspectValue != before->aspectValue;
     m_record = std::make_shared<LayerRecord>(std::move(changed));

@@ -134,3 +134,10 @@ TEST_F(UndoStills, ALockKeepsTheRatioOfThePictureWhereThereIsOne)
     edit("aspectRatio", true);
     EXPECT_EQ(selected()->aspectValue(), QSizeF(31, 17));
 }
+
+TEST_F(UndoStills, AnAddressWithoutLettersIsAnotherOneThanNone)
+{
+    document.addChart("field colour=red");
+    ASSERT_TRUE(dynamic_cast<LWStill &>(*selected()).ImageURL().isNil());
+    expectUndone("picture", [&] { edit("ImageURL", QVariant::fromValue(Address{"", {}})); });
+}

@@ -83,3 +83,10 @@ TEST(Address, WhatIsEmbeddedInTheProgramIsNoFile)
     EXPECT_EQ((Address{":/windows/wallwright.svg", {}}.toLocalFile()), "");
     EXPECT_EQ((Address{"windows/wallwright.svg", {"file::/"}}.toLocalFile()), "");
 }
+
+TEST(Address, OneWithoutLettersIsNotNone)
+{
+    EXPECT_NE((Address{"", {}}), Address());
+    EXPECT_EQ((Address{"", {}}), (Address{QString::fromLatin1(""), {}}));
+    EXPECT_NE((Address{"a", {"/"}}), (Address{"a", {}}));
+}
