@@ -297,8 +297,3 @@ std::optional<double> DrawingCheck::nanoseconds(const QByteArray &bytes)
     Allowance allowance;
     return ::isHarmless(bytes, allowance) ? std::optional(mostNanoseconds - allowance.nanoseconds) : std::nullopt;
 }
-
-bool DrawingCheck::isHarmless(const QByteArray &bytes)
-{
-    return nanoseconds(bytes).has_value();
-}

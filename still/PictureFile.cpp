@@ -74,15 +74,14 @@ QHash<QString, KnownFile> &knownFiles()
 /// A file that is damaged, or there was no memory for at a place where Qt does not tell, is read so often, however many
 /// layers show it.
 constexpr int mostFailures = 3;
-/// Files without a picture that are remembered; then all are forgotten.
-constexpr qsizetype mostWithoutPicture = 10'000;
+/// Files that are remembered; then all are forgotten but those whose picture is held.
+constexpr qsizetype mostKnownFiles = 10'000;
 
 void remember(const QString &path, const KnownFile &known)
 {
     QHash<QString, KnownFile> &files = knownFiles();
-    files.removeIf([](const auto &entry) { return entry->failures == 0 && entry->picture.expired(); });
-    if (files.size() >= mostWithoutPicture)
-        files.removeIf([](const auto &entry) { return entry->failures > 0; });
+    if (files.size() >= mostKnownFiles)
+        files.removeIf([](const auto &entry) { return entry->picture.expired(); });
     files.insert(path, known);
 }
 
@@ -108,27 +107,31 @@ tl::unexpected<Obstacle> hindered(const Obstacle &obstacle = {})
 
 constexpr const char *noMemory = "needs more memory than there is; close other programs and choose it again";
 
-/// Pixels of the pictures that stills share. The last still may go on any thread.
+/// Of the pictures that stills share. The last still may go on any thread.
 std::atomic<qint64> sharedPixels = 0;
+std::atomic<double> sharedNanoseconds = 0;
 
-std::shared_ptr<const QImage> shared(QImage picture)
+std::shared_ptr<const QImage> shared(QImage picture, double nanoseconds)
 {
     const qint64 pixels = qint64{picture.width()} * picture.height();
     auto own = std::make_unique<QImage>(std::move(picture));
     sharedPixels += pixels;
-    return {own.release(), [pixels](const QImage *gone) {
+    sharedNanoseconds += nanoseconds;
+    return {own.release(), [pixels, nanoseconds](const QImage *gone) {
                 sharedPixels -= pixels;
+                sharedNanoseconds -= nanoseconds;
                 delete gone;
             }};
 }
 
-/// What `read` makes of the picture in them.
+/// What `read` makes of the picture in them, and of the time that a drawing takes.
 template <typename Reading>
-std::invoke_result_t<Reading, QImageReader &> readWith(const Reading &read, QByteArray bytes)
+std::invoke_result_t<Reading, QImageReader &, double> readWith(const Reading &read, QByteArray bytes)
 {
     if (!PictureKind::isAcceptedContent(bytes) || !IconCheck::isHarmless(bytes))
         return hindered();
-    if (!DrawingCheck::isHarmless(bytes))
+    const std::optional<double> nanoseconds = DrawingCheck::nanoseconds(bytes);
+    if (!nanoseconds)
         return hindered(
             Obstacle("is a drawing that is damaged, compressed, too large or asks for other files, and must "
                      "be converted to PNG"));
@@ -136,7 +139,7 @@ std::invoke_result_t<Reading, QImageReader &> readWith(const Reading &read, QByt
     QImageReader::setAllocationLimit(mostMemory); // Qt's own is below the largest raster
     QImageReader reader(&buffer);
     reader.setAutoTransform(true);
-    return read(reader);
+    return read(reader, *nanoseconds);
 }
 
 /// What keeps a picture of a size that is not empty from being shared beside others.
@@ -150,6 +153,17 @@ std::optional<Obstacle> obstacleOfSize(const QSize &size, qint64 mostTogether)
                             .arg(NumberText::grouped(mostTogether)),
                         true);
     return std::nullopt;
+}
+
+/// What keeps a drawing from being shared beside others.
+std::optional<Obstacle> obstacleOfTime(double nanoseconds, double mostTogether)
+{
+    if (nanoseconds == 0 || nanoseconds <= mostTogether - sharedNanoseconds)
+        return std::nullopt;
+    return Obstacle(QString("would make the drawings take more than %1 s together; convert some to PNG and choose it "
+                            "again")
+                        .arg(mostTogether / 1e9),
+                    true);
 }
 
 Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
@@ -187,7 +201,7 @@ Read<QByteArray> bytesOf(const QString &path)
 
 /// What `decode` makes of the picture in the file at `path`; the next time there may be memory for it.
 template <typename Decode>
-std::invoke_result_t<Decode, QImageReader &> readFile(const QString &path, const Decode &decode)
+std::invoke_result_t<Decode, QImageReader &, double> readFile(const QString &path, const Decode &decode)
 {
     if (!mayBeRead(QFileInfo(path)))
         return hindered();
@@ -232,13 +246,14 @@ std::optional<QString> obstacleOfFile(const QString &path)
 
 namespace PictureFile {
 
-Loaded load(const QString &path, qint64 mostTogether)
+Loaded load(const QString &path, const Together &most)
 {
     const QFileInfo file(path);
     if (!mayBeRead(file))
         return {nullptr, obstacleOfFile(path)};
 
-    KnownFile known = knownFiles().value(path);
+    const QString name = file.canonicalFilePath(); // of however many
+    KnownFile known = knownFiles().value(name);
     if (!known.isOf(file))
         known = {.picture = {}, .obstacle = {}, .lastModified = file.lastModified(), .size = file.size()};
     if (auto picture = known.picture.lock())
@@ -246,11 +261,17 @@ Loaded load(const QString &path, qint64 mostTogether)
     if (known.failures >= mostFailures)
         return {nullptr, known.obstacle};
 
-    const auto decode = [&](QImageReader &reader) { return pictureOf(reader, mostTogether).map(&shared); };
+    const auto decode = [&](QImageReader &reader, double nanoseconds) -> Read<std::shared_ptr<const QImage>> {
+        if (const std::optional<Obstacle> obstacle = obstacleOfTime(nanoseconds, most.nanoseconds))
+            return hindered(*obstacle);
+        return pictureOf(reader, most.pixels).map([&](QImage &&picture) {
+            return shared(std::move(picture), nanoseconds);
+        });
+    };
     const Read<std::shared_ptr<const QImage>> read = readFile(path, decode);
     if (read) {
         known = {.picture = *read, .obstacle = {}, .lastModified = known.lastModified, .size = known.size};
-        remember(path, known);
+        remember(name, known);
         return {*read, {}};
     }
     const std::optional<QString> obstacle =
@@ -258,19 +279,20 @@ Loaded load(const QString &path, qint64 mostTogether)
     if (!read.error().mayBeGone) {
         known.obstacle = obstacle;
         ++known.failures;
-        remember(path, known);
+        remember(name, known);
     }
     return {nullptr, obstacle};
 }
 
 bool isRoomScarce()
 {
-    return sharedPixels > mostPixelsTogether / 8;
+    const Together most;
+    return sharedPixels > most.pixels / 8 || sharedNanoseconds > most.nanoseconds / 8;
 }
 
 Small small(const QString &path, const QSize &most, qint64 mostPixels)
 {
-    const auto decode = [&](QImageReader &reader) { return smallOf(reader, most, mostPixels); };
+    const auto decode = [&](QImageReader &reader, double /*nanoseconds*/) { return smallOf(reader, most, mostPixels); };
     return readFile(path, decode).value_or(Small());
 }
 
@@ -293,7 +315,7 @@ std::optional<QString> obstacle(const Address &address, const QList<QByteArray> 
 
 QString cannotShow(const QString &path, const std::optional<QString> &obstacle)
 {
-    return QString("Cannot show %1: it %2.").arg(path, obstacle.value_or("is no picture that can be read"));
+    return QString("Cannot show %1: it %2.").arg(QFileInfo(path).fileName(), obstacle.value_or("is no picture that can be read"));
 }
 
 } // namespace PictureFile

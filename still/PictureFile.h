@@ -14,8 +14,12 @@
 /// Picture files of the formats in PictureKind that Qt has a reader of here.
 namespace PictureFile {
 
-/// Most pixels of all pictures of files that are held at a time: 4 GiB of memory.
-inline constexpr qint64 mostPixelsTogether = qint64{1} << 30;
+/// Of all pictures of files that are held at a time.
+struct Together
+{
+    qint64 pixels = qint64{1} << 30; ///< 4 GiB of memory
+    double nanoseconds = 20e9;       ///< of drawings (SVG), as DrawingCheck counts them
+};
 
 struct Loaded
 {
@@ -24,12 +28,12 @@ struct Loaded
 };
 /// The picture in the file at `path`, turned upright, in the raster format and its own size. None when there is no such
 /// file, when it cannot be read, when it has more than 1 GiB, when it is larger than a raster can be, or when it and
-/// the pictures that are held have more than `mostTogether` pixels. No other file is ever opened: a drawing (SVG) for
+/// the pictures that are held are more than `most`. No other file is ever opened: a drawing (SVG) for
 /// which Qt would do that gives none, nor does one that would take for ever; see DrawingCheck. Stills of one unchanged
 /// file share one picture for as long as one of them holds it. Main thread only.
-Loaded load(const QString &path, qint64 mostTogether = mostPixelsTogether);
+Loaded load(const QString &path, const Together &most = {});
 
-/// Whether pictures that nobody shows had better go: more than an eighth of `mostPixelsTogether` is held.
+/// Whether pictures that nobody shows had better go: more than an eighth of what can be held together is.
 bool isRoomScarce();
 
 struct Small
@@ -51,7 +55,8 @@ bool isPicture(const QString &path);
 std::optional<QString> obstacle(const Address &address,
                                 const QList<QByteArray> &readable = QImageReader::supportedImageFormats());
 
-/// The sentence for a person who has chosen a file that gives no picture, for this reason where it is known.
+/// The sentence for a person who has chosen a file that gives no picture, for this reason where it is known. It has the
+/// file's name alone, so that the reason is seen at the end of one line.
 QString cannotShow(const QString &path, const std::optional<QString> &obstacle);
 
 } // namespace PictureFile

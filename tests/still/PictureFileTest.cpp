@@ -1,6 +1,7 @@
 #include "still/PictureFile.h"
 
 #include "drawing/Raster.h"
+#include "still/DrawingCheck.h"
 #include "tests/still/PictureFixture.h"
 
 #include <QDateTime>
@@ -115,17 +116,17 @@ TEST_F(PictureFileTest, APictureLargerThanARasterTellsSo)
 
 TEST_F(PictureFileTest, PicturesThatAreHeldLeaveRoomForNoMoreThanTheBound)
 {
-    const auto first = PictureFile::load(saved("first.png", {20, 10}, Qt::red), 400);
+    const auto first = PictureFile::load(saved("first.png", {20, 10}, Qt::red), {.pixels = 400});
     const QString path = saved("second.png", {20, 10}, Qt::blue);
-    EXPECT_NE(PictureFile::load(path, 400).picture, nullptr); // and is gone again
-    EXPECT_EQ(PictureFile::load(path, 399).picture, nullptr);
-    EXPECT_EQ(PictureFile::load(path, 399).obstacle,
+    EXPECT_NE(PictureFile::load(path, {.pixels = 400}).picture, nullptr); // and is gone again
+    EXPECT_EQ(PictureFile::load(path, {.pixels = 399}).picture, nullptr);
+    EXPECT_EQ(PictureFile::load(path, {.pixels = 399}).obstacle,
               "would bring the pictures to more than 399 px; make some smaller and choose it again");
 
-    const auto second = PictureFile::load(path, 400);
-    EXPECT_EQ(PictureFile::load(path, 1).picture, second.picture); // one picture, however many show it
-    EXPECT_EQ(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), 400).picture, nullptr);
-    EXPECT_NE(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), 401).picture, nullptr);
+    const auto second = PictureFile::load(path, {.pixels = 400});
+    EXPECT_EQ(PictureFile::load(path, {.pixels = 1}).picture, second.picture); // one picture, however many show it
+    EXPECT_EQ(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), {.pixels = 400}).picture, nullptr);
+    EXPECT_NE(PictureFile::load(saved("third.png", {1, 1}, Qt::blue), {.pixels = 401}).picture, nullptr);
 }
 
 TEST_F(PictureFileTest, WhatGivesNoPictureIsReadThreeTimesHoweverManyLayersShowIt)
@@ -156,8 +157,37 @@ TEST_F(PictureFileTest, WhatGivesNoPictureIsReadThreeTimesHoweverManyLayersShowI
 TEST_F(PictureFileTest, ADrawingOfUnknownSizeIsHeldToTheBoundToo)
 {
     const QByteArray plain = drawing("<rect width='9' height='9'/>");
-    EXPECT_EQ(PictureFile::load(written("plain.svg", plain), 399).picture, nullptr);
-    EXPECT_NE(PictureFile::load(written("plain.svg", plain), 400).picture, nullptr);
+    EXPECT_EQ(PictureFile::load(written("plain.svg", plain), {.pixels = 399}).picture, nullptr);
+    EXPECT_NE(PictureFile::load(written("plain.svg", plain), {.pixels = 400}).picture, nullptr);
+}
+
+TEST_F(PictureFileTest, DrawingsHaveTimeTogether)
+{
+    const QByteArray plain = drawing("<rect width='9' height='9'/>");
+    const double one = DrawingCheck::nanoseconds(plain).value_or(0);
+    EXPECT_GT(one, 0);
+    auto first = PictureFile::load(written("first.svg", plain), {.nanoseconds = one});
+    EXPECT_NE(first.picture, nullptr);
+    const QString second = written("second.svg", plain);
+    EXPECT_EQ(PictureFile::load(second, {.nanoseconds = 1.99 * one}).picture, nullptr);
+    EXPECT_NE(PictureFile::load(second, {.nanoseconds = 2 * one}).picture, nullptr); // and is gone again
+    EXPECT_NE(PictureFile::load(saved("plain.png", {1, 1}, Qt::red), {.nanoseconds = 0}).picture, nullptr);
+
+    const auto sentence = PictureFile::load(second, {.nanoseconds = 0}).obstacle;
+    EXPECT_EQ(sentence, "would make the drawings take more than 0 s together; convert some to PNG and choose it again");
+    EXPECT_EQ(PictureFile::Together().nanoseconds, 20e9);
+    for (int reading = 0; reading < 4; ++reading) // it may fit later, however often it did not
+        EXPECT_EQ(PictureFile::load(second, {.nanoseconds = one}).picture, nullptr);
+    first = {};
+    EXPECT_NE(PictureFile::load(second, {.nanoseconds = one}).picture, nullptr);
+}
+
+TEST_F(PictureFileTest, AFileIsOneByWhateverNameItIsAskedFor)
+{
+    const QString path = saved("plain.png", {20, 10}, Qt::red);
+    const auto first = PictureFile::load(path);
+    QDir(folder.path()).mkdir("sub");
+    EXPECT_EQ(PictureFile::load(folder.filePath("sub/../plain.png"), {.pixels = 0}).picture, first.picture);
 }
 
 TEST_F(PictureFileTest, ADrawingThatAsksForTooMuchTellsSo)
