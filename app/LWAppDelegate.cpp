@@ -320,6 +320,8 @@ void LWAppDelegate::showAsItWas(const DocumentState &state)
     m_redraw.forget();
     renderAsItWas(state);
     composeOutput();
+    for (const LayerState &layer : state.layers) // cables and currents may have rendered it
+        layer.takeBackRendering();
     showRedrawn();
 }
 

@@ -25,12 +25,18 @@ void LayerState::apply() const
     layer->setRecord(record);
     if (!still) {
         layer->drawInRect();
-        layer->setRecord(record); // rendering fills in what is missing
+        takeBackRendering();
     } else {
         if (still->ImageURL() != shownAddress)
             still->loadThumbnail();
         still->followChart();
     }
+}
+
+void LayerState::takeBackRendering() const
+{
+    if (*this != LayerState{layer, layer->record()})
+        layer->setRecord(record);
 }
 
 namespace {

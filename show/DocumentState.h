@@ -26,6 +26,8 @@ struct LayerState
     static LayerState of(const LayerPointer &layer, const LayerState *before);
     /// Makes the layer that again, and gives it the picture that belongs to it.
     void apply() const;
+    /// Makes the layer's values that again, as rendering fills in what is missing; what was rendered stays.
+    void takeBackRendering() const;
 };
 
 /// The states of a list's layers, in their order. They never change, and copies share them.

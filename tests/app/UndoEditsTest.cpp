@@ -200,6 +200,16 @@ TEST_F(UndoEdits, ARedrawAfterUndoDoesNotApplyTheLockAnew)
     EXPECT_EQ(selected()->panelHeight(), 46);
 }
 
+TEST_F(UndoEdits, WhatRenderingWorksOutIsWhatItWas)
+{
+    showLayers({"A", "B"});
+    const LayerPointer other = document.arraycontroller().layer(1);
+    other->setShowCurrent(true);
+    other->setLabelFontSize(0); // as nobody has rendered it since
+    document.finishEdit("size");
+    expectUndone("voltage", [&] { document.voltageSelect(208); });
+}
+
 TEST_F(UndoEdits, TypingInOneFieldIsOneStep)
 {
     for (const int width : {1, 16, 160})
