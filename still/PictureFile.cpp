@@ -315,7 +315,8 @@ std::optional<QString> obstacle(const Address &address, const QList<QByteArray> 
 
 QString cannotShow(const QString &path, const std::optional<QString> &obstacle)
 {
-    return QString("Cannot show %1: it %2.").arg(QFileInfo(path).fileName(), obstacle.value_or("is no picture that can be read"));
+    return QString("Cannot show %1: it %2.")
+        .arg(QFileInfo(path).fileName(), obstacle.value_or("is no picture that can be read"));
 }
 
 } // namespace PictureFile
