@@ -14,7 +14,7 @@ protected:
 
     LayerPointer wall(int columns)
     {
-        const LayerPointer wall = solidScreen(NamedColour::red, {0, 0, 128, 128});
+        LayerPointer wall = solidScreen(NamedColour::red, {0, 0, 128, 128});
         wall->setVisible(false);
         wall->setRow(128);
         wall->setCol(columns);

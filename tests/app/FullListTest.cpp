@@ -28,8 +28,8 @@ protected:
     }
     void expectRefused(LayerList &list, int count, const std::function<void()> &add)
     {
-        const std::vector<LayerPointer> before = list.layers();
-        const std::vector<qsizetype> selection = list.selectionIndexes();
+        const std::vector<LayerPointer> before(list.layers().begin(), list.layers().end());
+        const std::vector<qsizetype> selection(list.selectionIndexes().begin(), list.selectionIndexes().end());
         const int steps = document.undoStack().index();
         const int number = document.screenNumber();
         const QStringList titles = person.panelTitles;
