@@ -251,10 +251,14 @@ bool LWAppDelegate::finishEdit(const QString &name, const Gesture &gesture)
 {
     m_wiring.followLimits();
     const Result<void> isKept = m_history.record(name, gesture);
-    tellIfFailed(isKept);
-    if (isKept)
+    if (isKept) {
         update();
-    return isKept.has_value();
+        return true;
+    }
+    tellIfFailed(isKept);
+    m_news.expectChange(); // all is as it was told last, but for the field that was typed into
+    tellChanges();
+    return false;
 }
 
 void LWAppDelegate::choosePattern(qint64 pattern)

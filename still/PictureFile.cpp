@@ -253,6 +253,8 @@ Loaded load(const QString &path, const Together &most)
         return {nullptr, obstacleOfFile(path)};
 
     const QString name = file.canonicalFilePath(); // of however many
+    if (name.isEmpty())                            // it has gone in the meantime
+        return {nullptr, obstacleOfFile(path)};
     KnownFile known = knownFiles().value(name);
     if (!known.isOf(file))
         known = {.picture = {}, .obstacle = {}, .lastModified = file.lastModified(), .size = file.size()};
@@ -268,7 +270,7 @@ Loaded load(const QString &path, const Together &most)
             return shared(std::move(picture), nanoseconds);
         });
     };
-    const Read<std::shared_ptr<const QImage>> read = readFile(path, decode);
+    const Read<std::shared_ptr<const QImage>> read = readFile(name, decode);
     if (read) {
         known = {.picture = *read, .obstacle = {}, .lastModified = known.lastModified, .size = known.size};
         remember(name, known);

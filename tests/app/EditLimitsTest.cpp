@@ -1,5 +1,6 @@
 #include "layer/LayerLimits.h"
 #include "tests/app/ListFixture.h"
+#include "tests/app/RedrawGate.h"
 #include "tests/screen/TestHost.h"
 
 #include <vector>
@@ -76,6 +77,17 @@ TEST_F(EditLimits, TypingThatLeadsBeyondIsTakenBackWhole)
     EXPECT_EQ(selected()->col(), 16);
     document.undoStack().undo();
     EXPECT_EQ(selected()->col(), 120);
+}
+
+TEST_F(EditLimits, TheFieldThatWasTypedIntoIsTold)
+{
+    show({120, 128, 128, 128, 8});
+    waitForRedraws(document);
+    changed.clear();
+    type(121);
+    EXPECT_EQ(changed.size(), 1);
+    EXPECT_EQ(selected()->col(), 120);
+    EXPECT_EQ(document.undoStack().undoText(), "setting");
 }
 
 TEST_F(EditLimits, ATrialThatLeadsBeyondIsTakenBackWhenItIsKept)
