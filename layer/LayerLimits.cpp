@@ -54,8 +54,7 @@ Result<void> check(const std::vector<Listed> &layers)
     }
     if (pixels <= mostDrawnPixels)
         return {};
-    return fail(QString("the walls and charts have %1 pixels together; more than %2 cannot be held, so make some "
-                        "smaller or remove them")
+    return fail(QString("the walls and charts have %1 px together, more than %2; make some smaller")
                     .arg(grouped(pixels), grouped(mostDrawnPixels)));
 }
 

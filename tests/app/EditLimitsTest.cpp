@@ -10,8 +10,8 @@ namespace {
 class EditLimits : public ListFixture
 {
 protected:
-    const QString sentence = "Taken back: the walls and charts have %1 pixels together; more than 1,073,741,824 cannot "
-                             "be held, so make some smaller or remove them";
+    const QString sentence =
+        "Taken back: the walls and charts have %1 px together, more than 1,073,741,824; make some smaller";
 
     LayerPointer wall(int columns)
     {

@@ -161,10 +161,8 @@ TEST_F(ProjectFileTest, NothingIsWrittenThatWouldBeRefused)
     wall->setRow(128);
     wall->setPanelWidth(128);
     wall->setPanelHeight(128);
-    EXPECT_EQ(
-        ProjectFile::encode({5, 5, std::vector<LayerPointer>(5, wall)}).error().text,
-        "the walls and charts have 1,342,177,280 pixels together; more than 1,073,741,824 cannot be held, so make some "
-        "smaller or remove them");
+    EXPECT_EQ(ProjectFile::encode({5, 5, std::vector<LayerPointer>(5, wall)}).error().text,
+              "the walls and charts have 1,342,177,280 px together, more than 1,073,741,824; make some smaller");
 }
 
 TEST_F(ProjectFileTest, FilesKeepWhatBytesKeep)

@@ -112,8 +112,9 @@ TEST_F(ProjectTextRefusalsTest, MoreChartsThanCanBeHeldAreRefused)
     };
 
     EXPECT_TRUE(decoded(charts(4)).has_value());
-    EXPECT_EQ(refusal(charts(5)), "layers: the walls and charts have 1,342,177,280 pixels together; more than "
-                                  "1,073,741,824 cannot be held, so make some smaller or remove them");
+    EXPECT_EQ(
+        refusal(charts(5)),
+        "layers: the walls and charts have 1,342,177,280 px together, more than 1,073,741,824; make some smaller");
 }
 
 TEST_F(ProjectTextRefusalsTest, WhatWasFoundIsCutInMessages)

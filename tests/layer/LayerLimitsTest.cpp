@@ -32,10 +32,8 @@ void expectToFill(std::vector<LayerPointer> layers, const LayerPointer &onePixel
 {
     EXPECT_TRUE(LayerLimits::check(layers));
     layers.push_back(onePixel);
-    EXPECT_EQ(
-        LayerLimits::check(layers).error().text,
-        "the walls and charts have 1,073,741,825 pixels together; more than 1,073,741,824 cannot be held, so make some "
-        "smaller or remove them");
+    EXPECT_EQ(LayerLimits::check(layers).error().text,
+              "the walls and charts have 1,073,741,825 px together, more than 1,073,741,824; make some smaller");
 }
 } // namespace
 
