@@ -11,6 +11,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <cmath>
 #include <optional>
 #include <vector>
 
@@ -292,8 +293,10 @@ bool isHarmless(const QByteArray &bytes, Allowance &allowance)
 }
 } // namespace
 
-std::optional<double> DrawingCheck::nanoseconds(const QByteArray &bytes)
+std::optional<qint64> DrawingCheck::nanoseconds(const QByteArray &bytes)
 {
     Allowance allowance;
-    return ::isHarmless(bytes, allowance) ? std::optional(mostNanoseconds - allowance.nanoseconds) : std::nullopt;
+    if (!::isHarmless(bytes, allowance))
+        return std::nullopt;
+    return static_cast<qint64>(std::ceil(mostNanoseconds - allowance.nanoseconds));
 }

@@ -224,7 +224,7 @@ void LWStill::takePicture(const PictureFile::Loaded &loaded)
 void LWStill::releasePicture()
 {
     const bool isOfFile = !ImageURL().isNil();
-    if (values().chart || (isOfFile && PictureFile::isRoomScarce())) // else it stays: its file may go
+    if (values().chart || (isOfFile && PictureFile::isRoomScarce(m_loaded))) // else it stays: its file may go
         loadThumbnail();
 }
 

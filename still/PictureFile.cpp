@@ -53,11 +53,19 @@ bool mayBeRead(const QFileInfo &file)
 /// What the largest raster takes in the widest format that a reader makes, in MiB.
 constexpr int mostMemory = static_cast<int>(Raster::mostPixels * sizeof(QRgba64) >> 20);
 
+/// What a picture takes of PictureFile::Together, as far as it is known; 0: it is not, or nothing.
+struct Cost
+{
+    qint64 pixels = 0;
+    qint64 nanoseconds = 0;
+};
+
 /// What became of a file that was read, and the state in which it was.
 struct KnownFile
 {
     std::weak_ptr<const QImage> picture; ///< that some still may hold
     std::optional<QString> obstacle;
+    Cost cost;
     int failures = 0; ///< readings in a row that gave no picture, for what is in the file
     QDateTime lastModified;
     qint64 size = 0;
@@ -109,9 +117,9 @@ constexpr const char *noMemory = "needs more memory than there is; close other p
 
 /// Of the pictures that stills share. The last still may go on any thread.
 std::atomic<qint64> sharedPixels = 0;
-std::atomic<double> sharedNanoseconds = 0;
+std::atomic<qint64> sharedNanoseconds = 0;
 
-std::shared_ptr<const QImage> shared(QImage picture, double nanoseconds)
+std::shared_ptr<const QImage> shared(QImage picture, qint64 nanoseconds)
 {
     const qint64 pixels = qint64{picture.width()} * picture.height();
     auto own = std::make_unique<QImage>(std::move(picture));
@@ -126,11 +134,11 @@ std::shared_ptr<const QImage> shared(QImage picture, double nanoseconds)
 
 /// What `read` makes of the picture in them, and of the time that a drawing takes.
 template <typename Reading>
-std::invoke_result_t<Reading, QImageReader &, double> readWith(const Reading &read, QByteArray bytes)
+std::invoke_result_t<Reading, QImageReader &, qint64> readWith(const Reading &read, QByteArray bytes)
 {
     if (!PictureKind::isAcceptedContent(bytes) || !IconCheck::isHarmless(bytes))
         return hindered();
-    const std::optional<double> nanoseconds = DrawingCheck::nanoseconds(bytes);
+    const std::optional<qint64> nanoseconds = DrawingCheck::nanoseconds(bytes);
     if (!nanoseconds)
         return hindered(
             Obstacle("is a drawing that is damaged, compressed, too large or asks for other files, and must "
@@ -142,35 +150,38 @@ std::invoke_result_t<Reading, QImageReader &, double> readWith(const Reading &re
     return read(reader, *nanoseconds);
 }
 
-/// What keeps a picture of a size that is not empty from being shared beside others.
-std::optional<Obstacle> obstacleOfSize(const QSize &size, qint64 mostTogether)
+/// What keeps a picture of that cost from being shared beside others; the next time there may be room.
+std::optional<Obstacle> obstacleBesideOthers(const Cost &cost, const PictureFile::Together &most)
 {
-    if (!Raster::canHold(size.width(), size.height()))
-        return Obstacle(QString("has more than %1 px a side or %2 px in all; make it smaller and choose it again")
-                            .arg(NumberText::grouped(Raster::longestSide), NumberText::grouped(Raster::mostPixels)));
-    if (qint64{size.width()} * size.height() > mostTogether - sharedPixels)
+    if (cost.nanoseconds > 0 && cost.nanoseconds > most.nanoseconds - sharedNanoseconds)
+        return Obstacle(QString("would make the drawings take more than %1 s together; convert some to PNG and choose "
+                                "it again")
+                            .arg(static_cast<double>(most.nanoseconds) / 1e9),
+                        true);
+    if (cost.pixels > 0 && cost.pixels > most.pixels - sharedPixels)
         return Obstacle(QString("would bring the pictures to more than %1 px; make some smaller and choose it again")
-                            .arg(NumberText::grouped(mostTogether)),
+                            .arg(NumberText::grouped(most.pixels)),
                         true);
     return std::nullopt;
 }
 
-/// What keeps a drawing from being shared beside others.
-std::optional<Obstacle> obstacleOfTime(double nanoseconds, double mostTogether)
+/// What keeps a picture of a size that is not empty from being shared. `cost` learns what the size takes.
+std::optional<Obstacle> obstacleOfSize(const QSize &size, Cost &cost, const PictureFile::Together &most)
 {
-    if (nanoseconds == 0 || nanoseconds <= mostTogether - sharedNanoseconds)
-        return std::nullopt;
-    return Obstacle(QString("would make the drawings take more than %1 s together; convert some to PNG and choose it "
-                            "again")
-                        .arg(mostTogether / 1e9),
-                    true);
+    if (!Raster::canHold(size.width(), size.height()))
+        return Obstacle(QString("has more than %1 px a side or %2 px in all; make it smaller and choose it again")
+                            .arg(NumberText::grouped(Raster::longestSide), NumberText::grouped(Raster::mostPixels)));
+    cost.pixels = qint64{size.width()} * size.height();
+    return obstacleBesideOthers(cost, most);
 }
 
-Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
+Read<QImage> pictureOf(QImageReader &reader, Cost &cost, const PictureFile::Together &most)
 {
+    if (const auto obstacle = obstacleBesideOthers(cost, most))
+        return hindered(*obstacle);
     const QSize announced = reader.size();
     const QImage::Format format = reader.imageFormat();
-    if (const auto obstacle = announced.isEmpty() ? std::nullopt : obstacleOfSize(announced, mostTogether))
+    if (const auto obstacle = announced.isEmpty() ? std::nullopt : obstacleOfSize(announced, cost, most))
         return hindered(*obstacle);
     const QImage picture = reader.read();
     if (picture.isNull()) { // damaged, or no memory: Qt tells both in the same words
@@ -178,7 +189,7 @@ Read<QImage> pictureOf(QImageReader &reader, qint64 mostTogether)
             announced.isEmpty() || format == QImage::Format_Invalid || !QImage(announced, format).isNull();
         return hindered(hasMemory ? Obstacle() : Obstacle(noMemory, true));
     }
-    if (const auto obstacle = obstacleOfSize(picture.size(), mostTogether))
+    if (const auto obstacle = obstacleOfSize(picture.size(), cost, most))
         return hindered(*obstacle);
     QImage converted = picture.convertToFormat(Raster::format);
     if (converted.isNull())
@@ -201,7 +212,7 @@ Read<QByteArray> bytesOf(const QString &path)
 
 /// What `decode` makes of the picture in the file at `path`; the next time there may be memory for it.
 template <typename Decode>
-std::invoke_result_t<Decode, QImageReader &, double> readFile(const QString &path, const Decode &decode)
+std::invoke_result_t<Decode, QImageReader &, qint64> readFile(const QString &path, const Decode &decode)
 {
     if (!mayBeRead(QFileInfo(path)))
         return hindered();
@@ -257,44 +268,47 @@ Loaded load(const QString &path, const Together &most)
         return {nullptr, obstacleOfFile(path)};
     KnownFile known = knownFiles().value(name);
     if (!known.isOf(file))
-        known = {.picture = {}, .obstacle = {}, .lastModified = file.lastModified(), .size = file.size()};
+        known = {.picture = {}, .obstacle = {}, .cost = {}, .lastModified = file.lastModified(), .size = file.size()};
     if (auto picture = known.picture.lock())
-        return {picture, {}};
+        return {picture, {}, known.cost.nanoseconds};
     if (known.failures >= mostFailures)
         return {nullptr, known.obstacle};
+    if (const std::optional<Obstacle> obstacle = obstacleBesideOthers(known.cost, most))
+        return {nullptr, obstacle->text};
 
-    const auto decode = [&](QImageReader &reader, double nanoseconds) -> Read<std::shared_ptr<const QImage>> {
-        if (const std::optional<Obstacle> obstacle = obstacleOfTime(nanoseconds, most.nanoseconds))
-            return hindered(*obstacle);
-        return pictureOf(reader, most.pixels).map([&](QImage &&picture) {
+    const auto decode = [&](QImageReader &reader, qint64 nanoseconds) -> Read<std::shared_ptr<const QImage>> {
+        known.cost.nanoseconds = nanoseconds;
+        return pictureOf(reader, known.cost, most).map([&](QImage &&picture) {
             return shared(std::move(picture), nanoseconds);
         });
     };
     const Read<std::shared_ptr<const QImage>> read = readFile(name, decode);
     if (read) {
-        known = {.picture = *read, .obstacle = {}, .lastModified = known.lastModified, .size = known.size};
+        known.picture = *read;
+        known.obstacle = {};
+        known.failures = 0;
         remember(name, known);
-        return {*read, {}};
+        return {*read, {}, known.cost.nanoseconds};
     }
     const std::optional<QString> obstacle =
         read.error().text.isEmpty() ? obstacleOfFile(path) : std::optional(read.error().text);
     if (!read.error().mayBeGone) {
         known.obstacle = obstacle;
         ++known.failures;
-        remember(name, known);
     }
+    remember(name, known);
     return {nullptr, obstacle};
 }
 
-bool isRoomScarce()
+bool isRoomScarce(const Loaded &unseen, const Together &most)
 {
-    const Together most;
-    return sharedPixels > most.pixels / 8 || sharedNanoseconds > most.nanoseconds / 8;
+    const bool isDrawing = unseen.nanoseconds > 0;
+    return sharedPixels > most.pixels / 8 || (isDrawing && sharedNanoseconds > most.nanoseconds / 8);
 }
 
 Small small(const QString &path, const QSize &most, qint64 mostPixels)
 {
-    const auto decode = [&](QImageReader &reader, double /*nanoseconds*/) { return smallOf(reader, most, mostPixels); };
+    const auto decode = [&](QImageReader &reader, qint64 /*nanoseconds*/) { return smallOf(reader, most, mostPixels); };
     return readFile(path, decode).value_or(Small());
 }
 

@@ -17,14 +17,15 @@ namespace PictureFile {
 /// Of all pictures of files that are held at a time.
 struct Together
 {
-    qint64 pixels = qint64{1} << 30; ///< 4 GiB of memory
-    double nanoseconds = 20e9;       ///< of drawings (SVG), as DrawingCheck counts them
+    qint64 pixels = qint64{1} << 30;     ///< 4 GiB of memory
+    qint64 nanoseconds = 20'000'000'000; ///< of drawings (SVG), as DrawingCheck counts them
 };
 
 struct Loaded
 {
     std::shared_ptr<const QImage> picture; ///< null where there is none
     std::optional<QString> obstacle;       ///< as that of obstacle(), where there is none and more is known than that
+    qint64 nanoseconds = 0;                ///< that it takes of those of Together; 0: it is no drawing
 };
 /// The picture in the file at `path`, turned upright, in the raster format and its own size. None when there is no such
 /// file, when it cannot be read, when it has more than 1 GiB, when it is larger than a raster can be, or when it and
@@ -33,8 +34,9 @@ struct Loaded
 /// file share one picture for as long as one of them holds it. Main thread only.
 Loaded load(const QString &path, const Together &most = {});
 
-/// Whether pictures that nobody shows had better go: more than an eighth of what can be held together is.
-bool isRoomScarce();
+/// Whether a picture that nobody shows had better go: more than an eighth of the pixels that can be held together are,
+/// or, if it is a drawing, of the time.
+bool isRoomScarce(const Loaded &unseen, const Together &most = {});
 
 struct Small
 {

@@ -53,3 +53,13 @@ TEST_F(PictureFileLinuxTest, AFileOfMoreThanOneGibibyteTellsSo)
     ASSERT_TRUE(QFile::resize(path, qint64{1} << 30));
     EXPECT_EQ(PictureFile::load(path).obstacle, std::nullopt);
 }
+
+TEST_F(PictureFileLinuxTest, ALinkIsTheFileThatItLeadsTo)
+{
+    const QString path = saved("plain.png", {20, 10}, Qt::red);
+    const QString link = folder.filePath("link.png");
+    ASSERT_TRUE(QFile::link(path, link));
+    const auto first = PictureFile::load(link);
+    EXPECT_NE(first.picture, nullptr);
+    EXPECT_EQ(PictureFile::load(path, {.pixels = 0}).picture, first.picture);
+}

@@ -134,23 +134,17 @@ TEST_F(PictureFileTest, WhatGivesNoPictureIsReadThreeTimesHoweverManyLayersShowI
     const QByteArray other = "<image width='9' height='9' xlink:href='plate.png'/>";
     const QByteArray plain = drawing(QByteArray("<rect width='9' height='9'/>").leftJustified(other.size()));
     const QString path = written("drawing.svg", drawing(other));
-    const auto replaceUnseen = [&](const QByteArray &content, qint64 seconds) {
-        QFile file(path);
-        const QDateTime time = QFileInfo(path).lastModified();
-        EXPECT_TRUE(file.open(QIODevice::ReadWrite) && file.write(content) == content.size() && file.flush());
-        EXPECT_TRUE(file.setFileTime(time.addSecs(seconds), QFileDevice::FileModificationTime));
-    };
     const auto refused = PictureFile::load(path);
     EXPECT_EQ(load(path), nullptr);
-    replaceUnseen(plain, 0);
+    replaceUnseen(path, plain, 0);
     EXPECT_NE(load(path), nullptr); // it was read again
-    replaceUnseen(drawing(other), 1);
+    replaceUnseen(path, drawing(other), 1);
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(load(path), nullptr);
-    replaceUnseen(plain, 0);
+    replaceUnseen(path, plain, 0);
     EXPECT_EQ(load(path), nullptr);
     EXPECT_EQ(PictureFile::load(path).obstacle, refused.obstacle);
-    replaceUnseen(plain, 1);
+    replaceUnseen(path, plain, 1);
     EXPECT_NE(load(path), nullptr);
 }
 
@@ -164,22 +158,54 @@ TEST_F(PictureFileTest, ADrawingOfUnknownSizeIsHeldToTheBoundToo)
 TEST_F(PictureFileTest, DrawingsHaveTimeTogether)
 {
     const QByteArray plain = drawing("<rect width='9' height='9'/>");
-    const double one = DrawingCheck::nanoseconds(plain).value_or(0);
+    const qint64 one = DrawingCheck::nanoseconds(plain).value_or(0);
     EXPECT_GT(one, 0);
     auto first = PictureFile::load(written("first.svg", plain), {.nanoseconds = one});
     EXPECT_NE(first.picture, nullptr);
     const QString second = written("second.svg", plain);
-    EXPECT_EQ(PictureFile::load(second, {.nanoseconds = 1.99 * one}).picture, nullptr);
+    EXPECT_EQ(PictureFile::load(second, {.nanoseconds = 2 * one - 1}).picture, nullptr);
     EXPECT_NE(PictureFile::load(second, {.nanoseconds = 2 * one}).picture, nullptr); // and is gone again
     EXPECT_NE(PictureFile::load(saved("plain.png", {1, 1}, Qt::red), {.nanoseconds = 0}).picture, nullptr);
 
     const auto sentence = PictureFile::load(second, {.nanoseconds = 0}).obstacle;
     EXPECT_EQ(sentence, "would make the drawings take more than 0 s together; convert some to PNG and choose it again");
-    EXPECT_EQ(PictureFile::Together().nanoseconds, 20e9);
+    EXPECT_EQ(PictureFile::Together().nanoseconds, 20'000'000'000);
     for (int reading = 0; reading < 4; ++reading) // it may fit later, however often it did not
         EXPECT_EQ(PictureFile::load(second, {.nanoseconds = one}).picture, nullptr);
     first = {};
     EXPECT_NE(PictureFile::load(second, {.nanoseconds = one}).picture, nullptr);
+}
+
+TEST_F(PictureFileTest, WhatHadNoRoomBesideOthersIsNotReadToSaySoAgain)
+{
+    const QByteArray plain = drawing("<rect width='9' height='9'/>");
+    const QString path = written("plain.svg", plain);
+    const auto ofPixels = PictureFile::load(path, {.pixels = 399}).obstacle;
+    EXPECT_EQ(ofPixels, "would bring the pictures to more than 399 px; make some smaller and choose it again");
+    replaceUnseen(path, QByteArray(plain.size(), ' '), 0);
+    EXPECT_EQ(PictureFile::load(path, {.pixels = 399}).obstacle, ofPixels);
+    EXPECT_EQ(PictureFile::load(path, {.nanoseconds = 0}).obstacle,
+              "would make the drawings take more than 0 s together; convert some to PNG and choose it again");
+    EXPECT_EQ(PictureFile::load(path).obstacle, std::nullopt); // it was read now
+    replaceUnseen(path, plain, 0);
+    EXPECT_NE(PictureFile::load(path).picture, nullptr);
+}
+
+TEST_F(PictureFileTest, OnlyDrawingsMakeRoomForTheTimeOfDrawings)
+{
+    const auto drawn = PictureFile::load(written("plain.svg", drawing("<rect width='9' height='9'/>")));
+    const auto plain = PictureFile::load(saved("plain.png", {20, 10}, Qt::red));
+    ASSERT_NE(drawn.picture, nullptr);
+    ASSERT_NE(plain.picture, nullptr);
+    for (const auto &loaded : {drawn, plain}) {
+        EXPECT_FALSE(PictureFile::isRoomScarce(loaded));
+        EXPECT_FALSE(PictureFile::isRoomScarce(loaded, {.pixels = qint64{8} * 600}));
+        EXPECT_TRUE(PictureFile::isRoomScarce(loaded, {.pixels = qint64{8} * 599}));
+    }
+    const qint64 eightfold = 8 * drawn.nanoseconds;
+    EXPECT_FALSE(PictureFile::isRoomScarce(drawn, {.nanoseconds = eightfold}));
+    EXPECT_TRUE(PictureFile::isRoomScarce(drawn, {.nanoseconds = eightfold - 8}));
+    EXPECT_FALSE(PictureFile::isRoomScarce(plain, {.nanoseconds = eightfold - 8}));
 }
 
 TEST_F(PictureFileTest, AFileIsOneByWhateverNameItIsAskedFor)

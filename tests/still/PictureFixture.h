@@ -2,7 +2,9 @@
 
 #include "still/PictureFile.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -27,6 +29,15 @@ protected:
         QFile file(folder.filePath(name));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
         return file.fileName();
+    }
+
+    /// By as many bytes, with the time of before and `seconds` later.
+    static void replaceUnseen(const QString &path, const QByteArray &content, qint64 seconds)
+    {
+        QFile file(path);
+        const QDateTime time = QFileInfo(path).lastModified();
+        EXPECT_TRUE(file.open(QIODevice::ReadWrite) && file.write(content) == content.size() && file.flush());
+        EXPECT_TRUE(file.setFileTime(time.addSecs(seconds), QFileDevice::FileModificationTime));
     }
 
     static QByteArray drawing(const QByteArray &content)
