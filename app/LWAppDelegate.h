@@ -102,9 +102,8 @@ public:
 
     /// The composed output, see Composition::output(): to be read, not to be kept.
     const QImage &offscreenRep() const { return m_composition.output(); }
-    /// The same as the picture that the views show.
+    /// The same, under the name of what the views show, and as they take it.
     const QImage &img() const { return m_composition.output(); }
-    /// The same as views take it.
     const ComposedOutput &composedOutput() const { return m_composition.composed(); }
     /// The power line as it was last computed: "Total Power: 72.73Amp".
     const QString &powerResult() const { return m_powerResult; }
@@ -132,6 +131,8 @@ public:
     void endTyping();
     /// What is being typed is no value in the end: it is taken back, without a step to do it again.
     void takeBackTyping() { m_history.takeBackGesture(); }
+    /// What was typed or stepped to stays, even where the step to follow is taken back for LayerLimits.
+    void keepTyped() { m_history.keepGesture(); }
     /// From now on edits are only tried; keepTrial() makes one step of them, dropTrial() takes them back.
     void beginTrial() { m_history.beginTrial(); }
     void keepTrial() { tellIfFailed(m_history.keepTrial()); }
@@ -218,7 +219,6 @@ public:
     void closeAbout();
     void openHelp();
     void closeHelp();
-    /// Shows the output preview.
     void openPvw();
     /// Whether the build was given addresses of the maker's pages; without, nothing should offer to open them.
     static bool hasWebPages();

@@ -171,6 +171,7 @@ void DocumentHistory::dropTrial()
 
 Result<void> DocumentHistory::record(const QString &name, const Gesture &gesture)
 {
+    const bool keepsGesture = std::exchange(m_keepsGesture, false);
     if (m_tried) {
         m_tried = name;
         return {};
@@ -186,7 +187,7 @@ Result<void> DocumentHistory::record(const QString &name, const Gesture &gesture
         return staysWithinLimits(m_state.presets, now.presets);
     });
     if (!isWithin) {
-        takeBackEdit(gesture);
+        takeBackEdit(!keepsGesture && gesture && gesture == m_gesture && lastEditIsOnTop());
         return failWithin("Taken back", isWithin.error());
     }
     const DocumentState before = std::exchange(m_state, std::move(now));
@@ -201,10 +202,10 @@ Result<void> DocumentHistory::record(const QString &name, const Gesture &gesture
     return {};
 }
 
-/// One that was not recorded. What was typed on the way to it means nothing alone.
-void DocumentHistory::takeBackEdit(const Gesture &gesture)
+/// One that was not recorded. Digits typed on the way to it mean nothing alone: they go with it.
+void DocumentHistory::takeBackEdit(bool isWithGesture)
 {
-    if (gesture && gesture == m_gesture && lastEditIsOnTop())
+    if (isWithGesture)
         return takeBackGesture();
     show(DocumentState(m_state));
     emit contentDidChange(); // as after a trial

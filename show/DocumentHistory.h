@@ -47,10 +47,12 @@ public:
     /// An edit has been made: what has changed since the document was last looked at becomes one step, none where
     /// nothing has. `name` follows "Undo": "panel width". Edits in a row with the same gesture are one step.
     /// Error: the layers or the presets are more than LayerLimits allows now, and were not before; the edit is taken
-    /// back, with those of the same gesture before it.
+    /// back, with those of the same gesture before it but what keepGesture() keeps.
     [[nodiscard]] Result<void> record(const QString &name, const Gesture &gesture = {});
     /// The next edit begins a step of its own, whatever gesture it carries.
     void endGesture() { m_gesture = {}; }
+    /// What the gesture has led to so far stays, even where its next edit is taken back.
+    void keepGesture() { m_keepsGesture = true; }
     /// Takes back the edits of the gesture, and leaves no step of them. Does nothing where it has ended.
     void takeBackGesture();
     /// From now on edits are only tried, as colours are while their dialog is open: they make no step until one of the
@@ -78,7 +80,7 @@ signals:
 private:
     class Step;
 
-    void takeBackEdit(const Gesture &gesture);
+    void takeBackEdit(bool isWithGesture);
     void replaceHere(const DocumentState &was);
     void passStep(bool changesProject);
     void indexDidChange();
@@ -89,6 +91,7 @@ private:
     QUndoStack m_stack;
     DocumentState m_state; ///< as last seen
     Gesture m_gesture;
+    bool m_keepsGesture = false;      ///< when its next edit is taken back
     std::optional<QString> m_tried;   ///< the name of the last edit that was only tried; nullopt: no trial
     bool m_isShowing = false;         ///< a state is being brought back
     std::optional<bool> m_staysClean; ///< whether the steps under way lead from a saved project to the same

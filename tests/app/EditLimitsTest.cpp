@@ -90,6 +90,80 @@ TEST_F(EditLimits, TheFieldThatWasTypedIntoIsTold)
     EXPECT_EQ(document.undoStack().undoText(), "setting");
 }
 
+TEST_F(EditLimits, AStepThatLeadsBeyondLeavesWhatWasThereBefore)
+{
+    show({120, 128, 128, 128, 6});
+    type(121);
+    document.keepTyped();
+    type(122);
+    document.keepTyped();
+    type(123);
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,075,838,976")));
+    EXPECT_EQ(selected()->col(), 122);
+    type(12);
+    type(123); // digits again
+    EXPECT_EQ(selected()->col(), 122);
+    document.undoStack().undo();
+    EXPECT_EQ(selected()->col(), 120);
+}
+
+TEST_F(EditLimits, WhatWasUndoneCanBeRedoneAfterwards)
+{
+    show({120, 128, 128, 128, 8});
+    type(12);
+    document.undoStack().undo();
+    type(121);
+    EXPECT_EQ(person.failures.size(), 1);
+    EXPECT_EQ(selected()->col(), 120);
+    ASSERT_TRUE(document.undoStack().canRedo());
+    document.undoStack().redo();
+    EXPECT_EQ(selected()->col(), 12);
+}
+
+TEST_F(EditLimits, SeveralAreTakenBackTogether)
+{
+    show({64, 64, 128, 128, 128});
+    layers.setSelectionIndexes({0, 1});
+    type(65);
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,077,936,128")));
+    EXPECT_EQ(layers.layer(0)->col(), 64);
+    EXPECT_EQ(layers.layer(1)->col(), 64);
+}
+
+TEST_F(EditLimits, WhatIsTakenBackIsToldWhileTheRedrawWaits)
+{
+    show({120, 128, 128, 128, 8});
+    type(12);
+    ASSERT_FALSE(document.shouldUpdate());
+    changed.clear();
+    type(121);
+    EXPECT_FALSE(changed.empty());
+    EXPECT_EQ(selected()->col(), 120);
+}
+
+TEST_F(EditLimits, NoPresetComesInBeyond)
+{
+    show({128, 128, 128, 128});
+    presets.setLayers({wall(1)}, {0});
+    document.finishEdit("setting");
+    document.insertPreset(0);
+    document.tableViewWriteRowsWithIndexes(presets);
+    document.tableViewAcceptDrop(layers, 0, 0);
+    EXPECT_EQ(person.failures.count(sentence.arg("1,075,838,976")), 2);
+    EXPECT_EQ(layers.rowCount(), 4);
+    EXPECT_EQ(presets.rowCount(), 1);
+}
+
+TEST_F(EditLimits, AChartDoesNotGrowBeyond)
+{
+    show({128, 128, 128, 127});
+    document.addChart("grid");
+    EXPECT_EQ(person.failures, QStringList());
+    EXPECT_TRUE(document.setValueOfSelection(1942, "arrangedObjects.panelWidth"));
+    EXPECT_EQ(person.failures, QStringList(sentence.arg("1,073,742,032")));
+    EXPECT_EQ(selected()->panelWidth(), 1920);
+}
+
 TEST_F(EditLimits, ATrialThatLeadsBeyondIsTakenBackWhenItIsKept)
 {
     show({120, 128, 128, 128, 8});

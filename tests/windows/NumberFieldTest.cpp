@@ -103,6 +103,39 @@ TEST_F(NumberFieldTest, MixedNumbersAreNotStepped)
     EXPECT_EQ(field.text(), "—");
 }
 
+TEST_F(NumberFieldTest, AStepBeyondWhatAllWallsMayHaveLeavesTheStepsBefore)
+{
+    constexpr int columnsOfEach[] = {6, 126, 126, 126, 126}; // of 2^21 px a column; 512 columns are all
+    for (const int columnsOfOne : columnsOfEach) {
+        if (columnsOfOne > 6)
+            window.document().AddScreen();
+        Layer &wall = *shown();
+        wall.setVisible(false);
+        wall.setPanelWidth(128);
+        wall.setPanelHeight(128);
+        wall.setRow(128);
+        wall.setCol(columnsOfOne);
+    }
+    list().setSelectionIndexes({0});
+    window.document().finishEdit("setting");
+    const int before = steps();
+    const int shownFirst = shown()->col();
+    NumberField &field = number("Columns");
+    clickInto(field);
+    for (int i = 0; i < 3; ++i)
+        press(Qt::Key_Up);
+    EXPECT_EQ(shown()->col(), shownFirst + 2);
+    EXPECT_EQ(field.value(), shownFirst + 2);
+    EXPECT_EQ(steps(), before + 1);
+    press(Qt::Key_A, Qt::ControlModifier);
+    typeKeys("1");
+    EXPECT_EQ(shown()->col(), 1);
+    typeKeys("2"); // digits mean nothing alone
+    EXPECT_EQ(shown()->col(), shownFirst + 2);
+    pressUndo();
+    EXPECT_EQ(shown()->col(), shownFirst);
+}
+
 TEST_F(NumberFieldTest, AValueBeyondTheRangeIsShownAsItIs)
 {
     shown()->setXpoint(100'050);

@@ -99,6 +99,7 @@ void Inspector::makeControls()
 void Inspector::followEntries()
 {
     for (const NumberField *field : m_content->findChildren<NumberField *>()) {
+        connect(field, &NumberField::aboutToStep, this, [this] { m_document.keepTyped(); });
         connect(field, &NumberField::takenBack, this, [this] {
             m_document.takeBackTyping();
             refresh(); // saving may have ended the typing: what was saved stays

@@ -123,6 +123,7 @@ void NumberField::stepBy(int steps)
     const bool isLong = QApplication::keyboardModifiers().testFlag(Qt::ShiftModifier);
     if (!isBeyond) // else the step has led there
         QSpinBox::stepBy(isLong ? steps * longStep : steps);
+    emit aboutToStep();
     tell(value());
 }
 

@@ -42,6 +42,8 @@ public:
     QSize sizeHint() const override { return minimumSizeHint(); }
 
 signals:
+    /// edited() follows with a step from the value that counts now, which is one in its own right.
+    void aboutToStep();
     /// Someone has typed or stepped to a value.
     void edited(int value);
     /// All of the entry that has led to edited() counts no longer.
