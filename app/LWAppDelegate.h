@@ -344,8 +344,8 @@ private:
     void tellLostWalls();
     /// Draws those of the layers again that are lost walls: memory may have become free since.
     void drawLostWalls(const std::vector<LayerPointer> &layers);
-    /// Puts another document in the place of this one. `name` is what undoing that is called after.
-    void showProject(const Project &project, const DocumentFile &file, const QString &name);
+    /// Puts another document in the place of this one; false: beyond LayerLimits. `name`: of the step.
+    bool showProject(const Project &project, const DocumentFile &file, const QString &name);
     void setFile(const std::shared_ptr<DocumentFile> &file);
     void tellUnknownContent(const Project &project);
     void writeProject(const QString &path);

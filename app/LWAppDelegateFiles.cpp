@@ -128,13 +128,14 @@ bool LWAppDelegate::load(const QString &path)
     m_person.noteRecentDocument(path);
     if (m_recovery)
         m_recovery->leave();
-    showProject(*project, m_knownFiles.at(path, digest), "open project");
+    if (!showProject(*project, m_knownFiles.at(path, digest), "open project"))
+        return false;
     documentIsInFile();
     tellUnknownContent(*project);
     return true;
 }
 
-void LWAppDelegate::showProject(const Project &project, const DocumentFile &file, const QString &name)
+bool LWAppDelegate::showProject(const Project &project, const DocumentFile &file, const QString &name)
 {
     setFile(std::make_shared<DocumentFile>(file));
     m_unknown = project.unknown;
@@ -145,7 +146,9 @@ void LWAppDelegate::showProject(const Project &project, const DocumentFile &file
     PowerCalculator::renderCurrents(project.layers); // they were read under the supply of before
     m_arraycontroller.setLayers(project.layers, {0});
     m_wiring.followLimits();
-    tellIfFailed(m_history.record(name));
+    const Result<void> isKept = m_history.record(name);
+    tellIfFailed(isKept);
+    return isKept.has_value();
 }
 
 void LWAppDelegate::setFile(const std::shared_ptr<DocumentFile> &file)
@@ -276,7 +279,8 @@ void LWAppDelegate::recover(const FoundCopy &copy)
     const Result<Project> project = m_recovery->take(copy, *this);
     if (!project)
         return m_person.alert("Cannot recover " + project.error().text, "The document is unchanged.");
-    showProject(*project, m_knownFiles.at(copy.project.path, copy.project.digest), "recover project");
+    if (!showProject(*project, m_knownFiles.at(copy.project.path, copy.project.digest), "recover project"))
+        return;
     redrawNow();
     tellLostWalls();
 }
