@@ -118,14 +118,14 @@ TEST_F(RecoveryKillTest, WhoeverReadsWhileItIsWrittenSeesAWholeProject)
     ASSERT_TRUE(victim.hasEdited());
     QElapsedTimer clock;
     clock.start();
-    constexpr int fewestReads = 11;
-    int reads = 0;
-    for (int last = 0; clock.elapsed() < 700 || reads < fewestReads; ++reads) {
+    constexpr int fewestCopies = 11;
+    int copies = 0; // that differ from the one read before
+    for (int last = 0; clock.elapsed() < 700 || copies < fewestCopies;) {
         const int width = widthIn(copiesOnDisk().value(0));
         ASSERT_GE(width, last);
+        if (width > last)
+            ++copies;
         last = width;
     }
-    const std::vector<Edit> edits = victim.kill();
-
-    EXPECT_GT(edits.size(), 10U);
+    victim.kill();
 }
