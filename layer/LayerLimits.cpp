@@ -54,8 +54,8 @@ Result<void> check(const std::vector<Listed> &layers)
     }
     if (pixels <= mostDrawnPixels)
         return {};
-    return fail(QString("the walls and charts have %1 px together, more than %2; make some smaller")
-                    .arg(grouped(pixels), grouped(mostDrawnPixels)));
+    return fail(
+        QString("walls and charts have %1 px too many; make some smaller").arg(grouped(pixels - mostDrawnPixels)));
 }
 
 } // namespace LayerLimits

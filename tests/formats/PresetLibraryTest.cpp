@@ -168,7 +168,7 @@ TEST_F(PresetLibraryTest, TheLimitsAreThoseOfProjects)
               "there are 10,001 layers; more than 10,000 cannot be kept, so remove some");
     EXPECT_TRUE(PresetLibrary::encode(Presets(4, wallOf256MebiPixels())).has_value());
     EXPECT_EQ(PresetLibrary::encode(Presets(5, wallOf256MebiPixels())).error().text,
-              "the walls and charts have 1,342,177,280 px together, more than 1,073,741,824; make some smaller");
+              "walls and charts have 268,435,456 px too many; make some smaller");
 }
 
 TEST_F(PresetLibraryTest, MoreChartsThanCanBeHeldAreRefused)
@@ -179,7 +179,7 @@ TEST_F(PresetLibraryTest, MoreChartsThanCanBeHeldAreRefused)
     chart->setPanelHeight(16384);
     EXPECT_EQ(refusal(LayerArchive::encode(Presets(4, chart))), "accepted");
     EXPECT_EQ(refusal(LayerArchive::encode(Presets(5, chart))),
-              "the walls and charts have 1,342,177,280 px together, more than 1,073,741,824; make some smaller");
+              "walls and charts have 268,435,456 px too many; make some smaller");
 }
 
 TEST_F(PresetLibraryTest, AFailureBeginsWithThePathAndLeavesTheFile)

@@ -162,7 +162,7 @@ TEST_F(ProjectFileTest, NothingIsWrittenThatWouldBeRefused)
     wall->setPanelWidth(128);
     wall->setPanelHeight(128);
     EXPECT_EQ(ProjectFile::encode({5, 5, std::vector<LayerPointer>(5, wall)}).error().text,
-              "the walls and charts have 1,342,177,280 px together, more than 1,073,741,824; make some smaller");
+              "walls and charts have 268,435,456 px too many; make some smaller");
 }
 
 TEST_F(ProjectFileTest, FilesKeepWhatBytesKeep)

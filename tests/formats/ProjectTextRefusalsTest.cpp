@@ -112,9 +112,7 @@ TEST_F(ProjectTextRefusalsTest, MoreChartsThanCanBeHeldAreRefused)
     };
 
     EXPECT_TRUE(decoded(charts(4)).has_value());
-    EXPECT_EQ(
-        refusal(charts(5)),
-        "layers: the walls and charts have 1,342,177,280 px together, more than 1,073,741,824; make some smaller");
+    EXPECT_EQ(refusal(charts(5)), "layers: walls and charts have 268,435,456 px too many; make some smaller");
 }
 
 TEST_F(ProjectTextRefusalsTest, WhatWasFoundIsCutInMessages)

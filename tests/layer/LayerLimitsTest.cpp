@@ -32,8 +32,7 @@ void expectToFill(std::vector<LayerPointer> layers, const LayerPointer &onePixel
 {
     EXPECT_TRUE(LayerLimits::check(layers));
     layers.push_back(onePixel);
-    EXPECT_EQ(LayerLimits::check(layers).error().text,
-              "the walls and charts have 1,073,741,825 px together, more than 1,073,741,824; make some smaller");
+    EXPECT_EQ(LayerLimits::check(layers).error().text, "walls and charts have 1 px too many; make some smaller");
 }
 } // namespace
 
